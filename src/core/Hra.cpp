@@ -1,0 +1,10 @@
+#include "core/Hra.h"
+
+namespace zorik {
+
+Stage& Hra::Silence() {
+  static Stage silence;
+  return silence;
+}
+
+}  // namespace zorik

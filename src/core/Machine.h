@@ -1,0 +1,97 @@
+#pragma once
+
+#include "core/Hra.h"
+
+namespace zorik {
+
+// What the rules ask of the machine.
+
+// The only chance that may touch the game: a number from 1 to range (held to 190). In play it is drawn and
+// goes into the record; in a replay it comes from the record, whatever the range, and is 0 when the line
+// holds nothing more.
+int Nahoda(Hra& hra, int range);
+
+// Puts into the record what a rule has chosen by itself; the replay reads value + 1 with Nahoda. -1 to 189.
+void PseudoNahoda(Hra& hra, int value);
+
+// Turns the dog in the cell towards us when it has been idle; part of repainting.
+void ChoosePose(Hra& hra, Cell c);
+
+// Tells the sensors beside the cell that something stirs in it; part of repainting.
+void Stir(Hra& hra, Cell c);
+
+// Repaints a cell. Every rule that changes a cell calls it. It is a rule itself: repainting tells sensors
+// next to the cell that something has changed there.
+inline void PREKR(Hra& hra, Cell c) {
+  if (hra.Field(c) == kDog) ChoosePose(hra, c);
+  if (hra.SensorsListen && hra.Count(kSensor) > 0) Stir(hra, c);
+  hra.stage().CellChanged(c.x(), c.y());
+}
+
+// The object and the state become 0; the mark stays.
+inline void ClearField(Hra& hra, Cell c) {
+  hra.SetField(c, kSpace);
+  hra.SetFieldState(c, kFlat);
+  PREKR(hra, c);
+}
+
+// The cell of unit n (0 to 9); none while it is absent.
+inline std::optional<Cell> UnitCell(const Hra& hra, int n) {
+  const Unit& unit = hra.Dog[static_cast<std::size_t>(n)];
+  return CellAt(unit.x, unit.y);
+}
+
+// The number of the dog in a cell, the highest if there are several, 0 for none.
+inline int DogIn(const Hra& hra, Cell c) {
+  for (int n = hra.DogCount; n > 0; --n) {
+    if (UnitCell(hra, n) == c) return n;
+  }
+  return 0;
+}
+
+// The way of a key direction, 37 to 40.
+inline Step StepOf(int keyDirection) {
+  constexpr std::array<Step, 4> kWays{kLeft, kUp, kRight, kDown};
+  return kWays[static_cast<std::size_t>(keyDirection - kKeyLeft)];
+}
+
+inline Unit& ActiveUnit(Hra& hra) {
+  return hra.Dog[static_cast<std::size_t>(hra.ActiveDog)];
+}
+
+inline bool IsOneOf(std::uint16_t code, std::uint16_t first, std::uint16_t last) {
+  return code >= first && code <= last;
+}
+
+// Changes the steered unit. A selector above 1 names unit selector / 10 - 1; 1 steps forward through the
+// units, -1 back, 0 stays.
+void ZmenitPsa(Hra& hra, int selector);
+
+// Reads the player's keys into the tick's input and the record.
+void Klavesy(Hra& hra, const KeySnapshot& keys);
+
+// Reads the tick's input from the record line.
+void ReadInput(Hra& hra);
+
+// The steered dog stands in the open finish.
+void WinGame(Hra& hra);
+
+// Calls action(cell) for every cell of the cave, row by row from the top, each from the left.
+template <class Action>
+void ForEachCell(const RunState& run, Action action) {
+  for (int y = 0; y < run.CaveHeight; ++y) {
+    Cell c(0, y);
+    for (int x = 0; x < run.CaveWidth; ++x, c = c + kRight) action(c);
+  }
+}
+
+// The same column by column from the left, each from the top.
+template <class Action>
+void ForEachCellByColumn(const RunState& run, Action action) {
+  for (int x = 0; x < run.CaveWidth; ++x) {
+    Cell c(x, 0);
+    for (int y = 0; y < run.CaveHeight; ++y, c = c + kDown) action(c);
+  }
+}
+
+}  // namespace zorik

@@ -1,0 +1,38 @@
+#include "core/Machine.h"
+
+namespace zorik {
+namespace {
+
+std::optional<Failure> PlayFromStart(Hra& hra, RecordLines lines) {
+  const RecordLines whole = lines;
+  const RecordHead head = ReadRecordHead(lines);
+  if (auto failure = PaintCave(hra, head.CaveText, RunKind::Replay)) return failure;
+  hra.WholeRecord = whole;
+  hra.Record = lines;
+  hra.CollectionName = head.CollectionName;
+  hra.RecordPlayer = head.Player.empty() ? hra.PlayerName : head.Player;
+  hra.Score = 0;
+  return std::nullopt;
+}
+
+}  // namespace
+
+std::optional<Failure> Replay(Hra& hra, std::string bytes) {
+  return PlayFromStart(hra, RecordLines(std::move(bytes)));
+}
+
+void RestartCave(Hra& hra) {
+  if (hra.ReplayPlaying) {
+    PlayFromStart(hra, RecordLines(hra.WholeRecord));
+  } else {
+    PaintCave(hra, hra.CaveText, hra.EditorRun ? RunKind::Test : RunKind::Play);
+  }
+}
+
+std::string SaveRecord(Hra& hra, int score) {
+  if (!hra.Recording || hra.ReplayPlaying) return {};
+  const std::string player = hra.EditorRun ? std::string() : hra.PlayerName;
+  return BuildRecordHead(hra.CollectionName, score, player, hra.Decoration) + hra.RecordText;
+}
+
+}  // namespace zorik

@@ -1,0 +1,190 @@
+#include <algorithm>
+#include <string>
+
+#include "core/Machine.h"
+#include "data/CaveO.h"
+#include "data/Scramble.h"
+
+namespace zorik {
+namespace {
+
+struct SchemeRow {
+  const char* name;
+  int hue;  // degrees
+};
+constexpr SchemeRow kClassic{"Classic", 300}, kCold{"Cold", 120}, kHot{"Hot", 340}, kNatural{"Natural", 230},
+    kMystery{"Mystery", 60};
+
+// By the cave's colouring.
+constexpr std::array<const SchemeRow*, 15> kSchemes{&kHot,  &kMystery, &kCold,    &kClassic, &kClassic,
+                                                    &kCold, &kNatural, &kNatural, &kHot,     &kClassic,
+                                                    &kCold, &kHot,     &kNatural, &kMystery, &kMystery};
+
+Result<CaveRecord> ReadCave(std::string_view caveText) {
+  if (caveText.empty()) return Failure{"the cave is empty: its text was not found"};
+  Result<CaveRecord> cave = ParseCaveText(caveText);
+  if (cave && (cave->Width > kMaxWidth || cave->Height > kMaxHeight)) {
+    return Failure{"the cave has " + std::to_string(cave->Width) + " x " + std::to_string(cave->Height) +
+                   " cells, the largest that can be played has " + std::to_string(kMaxWidth) + " x " +
+                   std::to_string(kMaxHeight)};
+  }
+  return cave;
+}
+
+void Frame(Hra& hra) {
+  const auto steel = [&hra](int x, int y) {
+    hra.SetFieldState({x, y}, kFlat);
+    hra.SetField({x, y}, kSteel);
+  };
+  for (int x = -1; x <= hra.CaveWidth; ++x) {
+    steel(x, -1);
+    steel(x, hra.CaveHeight);
+  }
+  for (int y = -1; y <= hra.CaveHeight; ++y) {
+    steel(-1, y);
+    steel(hra.CaveWidth, y);
+  }
+}
+
+void CopyRecord(Hra& hra, const CaveRecord& cave) {
+  hra.CaveName = cave.Name;
+  hra.CaveWidth = cave.Width;
+  hra.CaveHeight = cave.Height;
+  hra.GemValue = hra.GemValueBefore = cave.PointsBefore;
+  hra.GemValueAfter = cave.PointsAfter;
+  hra.MagicTime = cave.MagicWallTime;
+  hra.AmoebaTime = cave.AmoebaTime;
+  hra.TimeLimit = hra.ClockShown = cave.Time;
+  hra.GemsNeeded = cave.GemsNeeded;
+  hra.SlimePermeability = cave.SlimePermeability;
+  if (cave.Colouring < kSchemes.size()) {
+    hra.Scheme = kSchemes[cave.Colouring]->name;
+    hra.SchemeHue = kSchemes[cave.Colouring]->hue;
+  }
+}
+
+void ShowLabels(Hra& hra) {
+  hra.stage().Label(LabelId::Clock, hra.ClockShown);
+  hra.stage().Label(LabelId::Needed, hra.GemsNeeded);
+  hra.stage().Label(LabelId::Value, hra.GemValue);
+  hra.stage().Label(LabelId::Gems, hra.GemsCollected);
+}
+
+// With several of the same number, or several fleas or cats, the last one counts.
+void PlaceUnit(Hra& hra, char letter, int x, int y) {
+  if (letter == 'J') {
+    hra.CatX = x;
+    hra.CatY = y;
+    hra.CatPresent = true;
+  }
+  if (letter == 'N') hra.Dog[0] = {x, y, true};
+  const int n = DogNumber(letter);
+  if (n == 0) return;
+  hra.Dog[static_cast<std::size_t>(n)] = {x, y, true};
+  hra.DogCount = std::max(hra.DogCount, n);
+  hra.DogPose = n == 1 ? 0 : 4 + n;  // only dog 1 is painted as the steered one
+}
+
+void PlaceLetter(Hra& hra, char letter, Cell c) {
+  const ObjectLetter* object = FindLetter(letter);
+  if (object == nullptr) return;
+  hra.SetField(c, object->code);
+  hra.SetFieldState(c, object->state);
+  hra.SetFieldMark(c, object->mark);
+  PlaceUnit(hra, letter, c.x(), c.y());
+}
+
+// The pads of the teleport: slime over steel is the entrance, slime under steel the exit.
+struct Pads {
+  bool in = false;
+  bool out = false;
+};
+
+void OpenPad(Hra& hra, Cell slime, Cell steel) {
+  hra.SetField(slime, kSpace);
+  PREKR(hra, slime);
+  PREKR(hra, steel);
+}
+
+// Looks for both pads right after a cell has been placed, when those below and right of it are not there
+// yet. So of a slime between two steels the upper one makes an exit.
+void FindPads(Hra& hra, Cell c, Pads& pads) {
+  const Cell above = c + kUp;
+  if (!pads.in && hra.Field(c) == kSteel && hra.Field(above) == kSlime) {
+    hra.TeleportIn = above;
+    pads.in = true;
+    OpenPad(hra, above, c);
+  }
+  if (!pads.out && hra.Field(above) == kSteel && hra.Field(c) == kSlime) {
+    hra.TeleportOut = c;
+    pads.out = true;
+    OpenPad(hra, c, above);
+  }
+}
+
+void PlaceCells(Hra& hra, const CaveRecord& cave) {
+  Pads pads;
+  ForEachCell(hra, [&](Cell c) {
+    PlaceLetter(hra, cave.Cells[static_cast<std::size_t>(c.x())][static_cast<std::size_t>(c.y())], c);
+    PREKR(hra, c);
+    if (hra.Field(c) == kSteel) {
+      PREKR(hra, c + kLeft);
+      PREKR(hra, c + kLeft + kLeft);
+    }
+    FindPads(hra, c, pads);
+  });
+  hra.TeleportActive = pads.in && pads.out;  // a lone pad is lost: its slime stays space
+}
+
+// Dog 1, or the lowest unit that lives.
+int FirstUnit(const Hra& hra) {
+  if (hra.Dog[1].Alive) return 1;
+  for (int n = 0; n <= hra.DogCount; ++n) {
+    if (hra.Dog[static_cast<std::size_t>(n)].Alive) return n;
+  }
+  return 1;
+}
+
+void ChooseFirstUnit(Hra& hra) {
+  hra.DogPose = 0;
+  hra.MultiDog = hra.DogCount != 1 || hra.Dog[0].Alive;
+  hra.ActiveDog = FirstUnit(hra);
+  if (!hra.MultiDog) {
+    hra.stage().ShowMessage(89, Colour::White);
+    return;
+  }
+  for (int n = 0; n <= hra.DogCount; ++n) {
+    if (hra.Dog[static_cast<std::size_t>(n)].Alive) hra.stage().DrawDogN(n, n == 1 ? 0 : 1);
+  }
+  ZmenitPsa(hra, 0);
+  hra.stage().ShowMessage(hra.DogCount < 5 ? 90 : 91, Colour::White, hra.DogCount);
+}
+
+}  // namespace
+
+std::optional<Failure> PaintCave(Hra& hra, std::string_view caveText, RunKind kind) {
+  const Result<CaveRecord> cave = ReadCave(caveText);
+  if (!cave) return Failure{cave.Message()};
+
+  std::string text(caveText);  // may be the one of the run that ends here
+  hra.stage().StopSounds();
+  static_cast<RunState&>(hra) = RunState();
+  hra.CaveText = std::move(text);
+  hra.ReplayPlaying = kind == RunKind::Replay;
+  hra.EditorRun = kind == RunKind::Test;
+  if (!hra.ReplayPlaying) hra.Recording = true;
+  if (hra.Recording) hra.RecordText = ScrambleText(hra.CaveText, hra.Decoration) + "\r\n";
+
+  CopyRecord(hra, *cave);
+  hra.stage().CaveOpens();
+  ShowLabels(hra);
+  Frame(hra);
+  PlaceCells(hra, *cave);
+  if (hra.CatPresent) hra.CatProgram = cave->Script;
+  if (hra.Count(kAmoeba) > 0) hra.stage().PZvuk(13);
+  ChooseFirstUnit(hra);
+  hra.stage().View(true);
+  return std::nullopt;
+}
+
+}  // namespace zorik

@@ -1,0 +1,164 @@
+#include <algorithm>
+
+#include "core/Machine.h"
+#include "core/Rules.h"
+#include "core/Scans.h"
+#include "data/Scramble.h"
+
+namespace zorik {
+namespace {
+
+// False when the tick ends here.
+bool NextRecordLine(Hra& hra, TickEnd& end) {
+  if (!hra.ReplayPlaying) return true;
+  if (hra.Record.AtEnd()) {
+    end = TickEnd::RecordOver;
+    return false;
+  }
+  hra.RecordLine = hra.Record.Next();
+  if (!hra.RecordLine.empty()) return true;
+  RestartCave(hra);
+  end = TickEnd::Restarted;
+  return false;
+}
+
+void Input(Hra& hra, const KeySnapshot& keys) {
+  hra.KeyDirection = 0;
+  hra.KeyAction = 0;
+  if (hra.Elapsed >= hra.TimeLimit * kTicksPerSecond || hra.TeleportDogBusy) return;
+  if (hra.ReplayPlaying) {
+    ReadInput(hra);
+  } else {
+    Klavesy(hra, keys);
+  }
+}
+
+// A dog is not told that it dies: it is dead when it is found missing. The numbers up to the highest that
+// the cave does not have are found missing too.
+void CheckDogs(Hra& hra) {
+  if (hra.TeleportDogBusy) return;
+  hra.DogCount = std::max(hra.DogCount, 1);
+  for (int n = 1; n <= hra.DogCount; ++n) {
+    const auto c = UnitCell(hra, n);
+    if (c && hra.Field(*c) == kDog) continue;
+    hra.stage().DrawDogN(n, 2);
+    hra.Dog[static_cast<std::size_t>(n)].Alive = false;
+  }
+}
+
+void StepUnit(Hra& hra) {
+  const bool direction = hra.KeyDirection >= kKeyLeft && hra.KeyDirection <= kKeyDown;
+  if (!direction || !ActiveUnit(hra).Alive || hra.TeleportDogBusy) return;
+  if (hra.ActiveDog == 0) {
+    PohybB(hra);
+  } else {
+    PohybH(hra);
+  }
+}
+
+void IdleUnit(Hra& hra) {
+  if (!ActiveUnit(hra).Alive || hra.ActiveDog == 0) return;
+  ++hra.DogIdleTicks;
+  if (hra.TeleportDogBusy) return;
+  if (const auto c = UnitCell(hra, hra.ActiveDog)) PREKR(hra, *c);
+}
+
+void ShowClock(Hra& hra, int seconds) {
+  hra.ClockShown = seconds;
+  hra.stage().Label(LabelId::Clock, seconds);
+}
+
+// A limit of four digits stays on the clock until the rest has three.
+void RunClock(Hra& hra) {
+  const int limit = hra.TimeLimit * kTicksPerSecond;
+  if (hra.Elapsed >= limit) {
+    if (hra.ClockShown != 0) ShowClock(hra, 0);
+    return;
+  }
+  ++hra.Elapsed;
+  const int rest = (limit - hra.Elapsed) / kTicksPerSecond;
+  if (rest == hra.ClockShown) return;
+  if (rest < 1000) ShowClock(hra, rest);
+  if (hra.ClockShown < 11) hra.stage().PZvukTime(hra.ClockShown);
+}
+
+// What nobody asked for in a line is a remark that somebody wrote into the record.
+void ShowRemark(Hra& hra) {
+  if (!hra.ReplayPlaying || hra.RecordLine.empty()) return;
+  hra.stage().ShowRemark(UnscrambleText(hra.RecordLine), Colour::Cyan);
+}
+
+// Gems and keys glitter in every tick, and the sensors beside them hear it.
+void Shimmer(Hra& hra) {
+  const int glittering =
+      hra.Count(kGem) + hra.Count(kKeyRed) + hra.Count(kKeyGreen) + hra.Count(kKeyBlue) + hra.Count(kCatKey);
+  if (glittering == 0) return;
+  ForEachCellByColumn(hra, [&hra](Cell c) {
+    const std::uint16_t code = hra.Field(c);
+    if (code == kGem || IsOneOf(code, kKeyRed, kKeyBlue) || code == kCatKey) PREKR(hra, c);
+  });
+}
+
+bool RestartAsked(const Hra& hra, const KeySnapshot& keys) {
+  return !hra.Win && keys.Down(kKeyR) && keys.Down(kKeyCtrl);
+}
+
+void CommandKeys(const Hra& hra, const KeySnapshot& keys) {
+  if (hra.Win) return;
+  Stage& stage = hra.stage();
+  if (keys.Down(kKeyP)) stage.Post(Request::Pause);
+  if (keys.Down(kKeyF12)) stage.Post(Request::HideAway);
+  if (keys.Down(kKeyPadPlus)) stage.Post(Request::Faster);
+  if (keys.Down(kKeyPadMinus)) stage.Post(Request::Slower);
+}
+
+// The last line of a won run has no end.
+void EndRecordLine(Hra& hra) {
+  if (hra.Recording && !hra.ReplayPlaying && !hra.Win) hra.RecordText += "\r\n";
+}
+
+void World(Hra& hra) {
+  Kocka(hra);
+  if (hra.TeleportActive) Teleport(hra);
+  ExplosionScan(hra);
+  AmoebaList room;
+  ObjectScan(hra, room);
+  GrowAmoeba(hra, room);
+}
+
+}  // namespace
+
+TickEnd Tick(Hra& hra, const KeySnapshot& keys) {
+  if (hra.Win) return TickEnd::Won;
+  TickEnd end = TickEnd::Running;
+  hra.SensorsListen = true;
+  Animace(hra);
+  if (!NextRecordLine(hra, end)) {
+    hra.SensorsListen = false;
+    return end;
+  }
+  World(hra);
+  Input(hra, keys);
+  CheckDogs(hra);
+  StepUnit(hra);
+  IdleUnit(hra);
+  if (const int sound = ClosingScan(hra)) hra.stage().PZvuk(sound);
+  RunClock(hra);
+  HurryAmoeba(hra);
+  ShowRemark(hra);
+  EndRecordLine(hra);
+  hra.stage().View(false);
+  if (hra.Win) end = TickEnd::Won;
+  if (RestartAsked(hra, keys)) {
+    RestartCave(hra);
+    end = TickEnd::Restarted;
+  }
+  if (keys.Down(kKeyC) && !hra.Win && (hra.ReplayPlaying || hra.EditorRun))
+    hra.stage().Post(Request::ViewToggle);
+  Shimmer(hra);
+  CommandKeys(hra, keys);
+  hra.SensorsListen = false;
+  return end;
+}
+
+}  // namespace zorik

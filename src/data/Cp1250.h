@@ -1,0 +1,29 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace zorik {
+
+// Texts inside the machine are bytes in Windows-1250; what people and the file system see is Unicode. This is
+// the one place where the two meet. All 256 bytes have a character: the five that the code page leaves empty
+// stand for the code points of the same number.
+
+// Windows-1250 bytes as UTF-8.
+std::string ToUtf8(std::string_view text);
+
+// The way back; nothing if the text is no UTF-8 or holds a character that Windows-1250 lacks.
+std::optional<std::string> FromUtf8(std::string_view utf8);
+
+// The same, with "?" for each character that is lacking and each byte that belongs to none.
+std::string FromUtf8WithGaps(std::string_view utf8);
+
+// Windows-1250 bytes in lower case, Czech and other accented letters too.
+std::string LowerCase(std::string_view text);
+
+// A file name (UTF-8, or Windows-1250 if it is no UTF-8) as UTF-8 in which letter case plays no part: the
+// letters that Windows-1250 has are in lower case, all others stay as they are.
+std::string FoldFileName(std::string_view name);
+
+}  // namespace zorik

@@ -1,0 +1,218 @@
+#include "data/Files.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <system_error>
+#include <utility>
+
+#include "data/Cp1250.h"
+
+namespace zorik {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::size_t kLargestFile = std::size_t{256} << 20U;  // far above any skin picture or record
+constexpr std::size_t kLongestName = 255;                      // bytes, on all common file systems
+constexpr std::size_t kLongestExtension = 16;
+
+// An open file that closes itself.
+class Descriptor {
+ public:
+  explicit Descriptor(int number) : number_(number) {}
+  Descriptor(Descriptor&& other) noexcept : number_(std::exchange(other.number_, -1)) {}
+  Descriptor(const Descriptor&) = delete;
+  Descriptor& operator=(const Descriptor&) = delete;
+  Descriptor& operator=(Descriptor&&) = delete;
+  ~Descriptor() { Close(); }
+
+  int number() const { return number_; }
+  bool IsOpen() const { return number_ >= 0; }
+  bool Close() { return !IsOpen() || close(std::exchange(number_, -1)) == 0; }
+
+ private:
+  int number_;
+};
+
+// Says what the system's last call complained about.
+Failure SystemFailure(const std::string& action, const std::string& path) {
+  return Failure{"cannot " + action + " " + path + ": " + std::generic_category().message(errno)};
+}
+
+bool WriteAll(int file, std::string_view bytes) {
+  while (!bytes.empty()) {
+    const ssize_t written = write(file, bytes.data(), bytes.size());
+    if (written < 0 && errno == EINTR) continue;
+    if (written < 0) return false;
+    bytes.remove_prefix(static_cast<std::size_t>(written));
+  }
+  return true;
+}
+
+std::string FolderOf(const std::string& path) {
+  const std::string folder = fs::path(path).parent_path().string();
+  return folder.empty() ? "." : folder;
+}
+
+// The file that a link leads to, so that the link itself is not replaced.
+std::string BehindLinks(const std::string& path) {
+  std::error_code error;
+  if (!fs::is_symlink(path, error)) return path;
+  const fs::path target = fs::canonical(path, error);
+  return error ? path : target.string();
+}
+
+struct NewFile {
+  Descriptor descriptor;
+  std::string path;
+};
+
+// A file that was not there before, in the same folder, as only there a name can change hands at once.
+NewFile MakeFileBeside(const std::string& path) {
+  constexpr int kMostTries = 1000;
+  const std::string start = FolderOf(path) + "/.zorik-" + std::to_string(getpid()) + "-";
+  for (int i = 0; i < kMostTries; ++i) {
+    std::string name = start + std::to_string(i) + ".tmp";
+    Descriptor descriptor(open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
+    if (descriptor.IsOpen() || errno != EEXIST) return {std::move(descriptor), std::move(name)};
+  }
+  return {Descriptor(-1), {}};
+}
+
+// The new file may be used by whom the old one could be, and always by its owner.
+void TakeOverMode(const std::string& path, int file) {
+  struct stat old = {};
+  if (stat(path.c_str(), &old) == 0) static_cast<void>(fchmod(file, (old.st_mode & 0777U) | 0600U));
+}
+
+bool FillAndRename(NewFile& file, const std::string& path, std::string_view bytes) {
+  TakeOverMode(path, file.descriptor.number());
+  return WriteAll(file.descriptor.number(), bytes) && fsync(file.descriptor.number()) == 0 &&
+         file.descriptor.Close() && rename(file.path.c_str(), path.c_str()) == 0;
+}
+
+// Makes the new name last through a crash. Where a folder cannot be synced, the file is there all the same.
+void SyncFolder(const std::string& path) {
+  const Descriptor folder(open(FolderOf(path).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  if (folder.IsOpen()) static_cast<void>(fsync(folder.number()));
+}
+
+// FNV-1a.
+std::string HashOf(std::string_view text) {
+  constexpr std::string_view kDigits = "0123456789abcdef";
+  std::uint64_t hash = 0xcbf29ce484222325U;
+  for (const char character : text) {
+    hash = (hash ^ static_cast<unsigned char>(character)) * 0x100000001b3U;
+  }
+  std::string digits;
+  for (int shift = 60; shift >= 0; shift -= 4)
+    digits += kDigits[(hash >> static_cast<unsigned>(shift)) & 15U];
+  return digits;
+}
+
+// The start of a UTF-8 text, at most so long, that does not end within a character.
+std::string_view StartOf(std::string_view utf8, std::size_t length) {
+  while ((static_cast<unsigned char>(utf8[length]) & 0xC0U) == 0x80U) --length;
+  return utf8.substr(0, length);
+}
+
+std::string_view ExtensionOf(std::string_view name) {
+  const std::size_t dot = name.rfind('.');
+  if (dot == std::string_view::npos || name.size() - dot > kLongestExtension) return {};
+  return name.substr(dot);
+}
+
+std::string Shortened(const std::string& name) {
+  const std::string tail = "~" + HashOf(FoldFileName(name)) + std::string(ExtensionOf(name));
+  return std::string(StartOf(name, kLongestName - tail.size())) + tail;
+}
+
+bool Exists(const std::string& path) {
+  struct stat status = {};
+  return lstat(path.c_str(), &status) == 0;
+}
+
+// The entry of a folder that has this name when letter case is disregarded.
+std::optional<std::string> FindEntry(const std::string& folder, std::string_view name) {
+  const std::string wanted = FoldFileName(name);
+  std::optional<std::string> found;
+  std::error_code error;
+  fs::directory_iterator entry(folder.empty() ? "." : folder, error);
+  for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
+    std::string candidate = entry->path().filename().string();
+    if (FoldFileName(candidate) == wanted && (!found || candidate < *found)) found = std::move(candidate);
+  }
+  return found;
+}
+
+}  // namespace
+
+Result<std::string> ReadWhole(const std::string& path) {
+  const Descriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC));
+  if (!file.IsOpen()) return SystemFailure("read", path);
+  std::string bytes;
+  std::array<char, 65536> piece;
+  for (;;) {
+    const ssize_t count = read(file.number(), piece.data(), piece.size());
+    if (count < 0 && errno == EINTR) continue;
+    if (count < 0) return SystemFailure("read", path);
+    if (count == 0) return bytes;
+    bytes.append(piece.data(), static_cast<std::size_t>(count));
+    if (bytes.size() > kLargestFile) return Failure{"cannot read " + path + ": the file is too large"};
+  }
+}
+
+Result<Done> WriteWhole(const std::string& path, std::string_view bytes) {
+  const std::string target = BehindLinks(path);
+  NewFile file = MakeFileBeside(target);
+  if (!file.descriptor.IsOpen()) return SystemFailure("write", path);
+  if (!FillAndRename(file, target, bytes)) {
+    const Failure failure = SystemFailure("write", path);
+    unlink(file.path.c_str());
+    return failure;
+  }
+  SyncFolder(target);
+  return Done{};
+}
+
+std::string FileSystemName(std::string_view name) {
+  std::string held(name);
+  std::erase_if(held,
+                [](char character) { return character == '\0' || character == '/' || character == '\\'; });
+  if (held == "." || held == "..") return std::string(held.size(), '_');
+  const std::string utf8 = ToUtf8(held);
+  return utf8.size() > kLongestName ? Shortened(utf8) : utf8;
+}
+
+std::string ResolvePath(std::string_view path) {
+  std::string resolved(path);
+  if (Exists(resolved)) return resolved;
+  resolved.clear();
+  bool found = true;
+  while (!path.empty()) {
+    const std::size_t length = path.find_first_of("/\\");
+    const std::string component(path.substr(0, length));
+    if (found && !component.empty() && !Exists(resolved + component)) {
+      const std::optional<std::string> entry = FindEntry(resolved, component);
+      found = entry.has_value();
+      resolved += entry.value_or(component);
+    } else {
+      resolved += component;
+    }
+    if (length == std::string_view::npos) break;
+    resolved += '/';
+    path.remove_prefix(length + 1);
+  }
+  return resolved;
+}
+
+}  // namespace zorik

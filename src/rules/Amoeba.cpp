@@ -1,0 +1,91 @@
+// Amoeba: takes one free or dirt cell beside it now and then, kills monsters by contact, turns to gems when
+// it is enclosed and to boulders when it is too big.
+#include <algorithm>
+
+#include "core/Rules.h"
+
+namespace zorik {
+namespace {
+
+bool HasRoom(const Hra& hra, Cell c) {
+  return hra.Field(c) <= kDirt;
+}
+
+void Petrify(Hra& hra, Cell c, std::uint16_t code) {
+  hra.SetField(c, code);
+  hra.SetFieldState(c, kResting);
+  PREKR(hra, c);
+  hra.stage().PZvukStop(13);
+}
+
+void Enclosed(Hra& hra) {
+  if (hra.AmoebaState == kAmoebaEnclosed) return;
+  hra.stage().ShowMessage(101, Colour::Green);
+  KockaEvent(hra, 'F');
+  hra.AmoebaState = kAmoebaEnclosed;
+}
+
+void TooBig(Hra& hra) {
+  hra.AmoebaState = kAmoebaTooBig;
+  hra.stage().ShowMessage(102, Colour::Green);
+  KockaEvent(hra, 'E');
+}
+
+}  // namespace
+
+void FindAmoebaRoom(const Hra& hra, Cell c, AmoebaList& list) {
+  if (!HasRoom(hra, c)) return;
+  const bool beside = hra.Field(c + kLeft) == kAmoeba || hra.Field(c + kRight) == kAmoeba ||
+                      hra.Field(c + kUp) == kAmoeba || hra.Field(c + kDown) == kAmoeba;
+  if (!beside) return;
+  if (list.count < kAmoebaListSize) list.cells[static_cast<std::size_t>(list.count)] = c;
+  ++list.count;
+}
+
+// The first draw is made in every tick of every cave. Only the first candidate is looked at once more: one
+// that something else has taken meanwhile can be overgrown.
+void GrowAmoeba(Hra& hra, const AmoebaList& list) {
+  hra.AmoebaRoom = list.count;
+  const bool grows = Nahoda(hra, hra.AmoebaState == kAmoebaFast ? 4 : 32) == 1;
+  if (grows && list.count > 0 && HasRoom(hra, list.cells.front())) {
+    const int k = Nahoda(hra, list.count) - 1;
+    if (k >= 0 && k < std::min(list.count, kAmoebaListSize)) {
+      const Cell c = list.cells[static_cast<std::size_t>(k)];
+      hra.SetField(c, kAmoeba);
+      hra.SetFieldState(c, kFlat);
+      hra.SetFieldMark(c, 0);
+      PREKR(hra, c);
+      TestCidla(hra, c);
+    }
+  }
+  if (hra.AmoebaRoom == 0 && hra.PrevAmoebaRoom != 0) hra.stage().PZvukStop(13);
+  hra.PrevAmoebaRoom = hra.AmoebaRoom;
+}
+
+int SettleAmoeba(Hra& hra, Cell c, int& cells) {
+  int sound = 0;
+  PREKR(hra, c);
+  if (hra.AmoebaState != kAmoebaTooBig) {
+    if (hra.AmoebaRoom == 0) {
+      Petrify(hra, c, kGem);
+      sound = 12;
+      Enclosed(hra);
+    }
+    ++cells;
+    if (cells * 22 >= hra.CaveWidth * hra.CaveHeight * 5) TooBig(hra);
+  }
+  if (hra.AmoebaState == kAmoebaTooBig) {
+    Petrify(hra, c, kBoulder);
+    sound = 15;
+  }
+  return sound;
+}
+
+void HurryAmoeba(Hra& hra) {
+  const bool late = hra.Elapsed / kTicksPerSecond >= hra.AmoebaTime - 1;
+  if (!late || hra.AmoebaState != kAmoebaSlow || hra.AmoebaRoom == 0) return;
+  hra.AmoebaState = kAmoebaFast;
+  hra.stage().ShowMessage(103, Colour::Green);
+}
+
+}  // namespace zorik

@@ -1,0 +1,104 @@
+// Gravity: whatever stands in a cell with state 2 or 3 falls and rolls, whatever it is; a magic wall turns
+// what falls on it into something else, and the mouth of a splitter makes two of one. What a landing does
+// to the thing below is told in Impact.cpp.
+#include "core/Rules.h"
+
+namespace zorik {
+namespace {
+
+void Drop(Hra& hra, Cell target, std::uint16_t code) {
+  hra.SetField(target, code);
+  hra.SetFieldState(target, kFalling);
+  hra.SetFieldMoved(target, true);
+  PREKR(hra, target);
+}
+
+// Also what rolls sideways falls from then on.
+void MoveObject(Hra& hra, Cell from, Cell to) {
+  hra.SetField(to, hra.Field(from));
+  hra.SetFieldState(to, kFalling);
+  hra.SetFieldMoved(to, true);
+  ClearField(hra, from);
+  PREKR(hra, to);
+}
+
+// Left before right, always.
+bool Roll(Hra& hra, Cell c) {
+  for (const Step side : {kLeft, kRight}) {
+    if (hra.Field(c + side + kDown) != kSpace || hra.Field(c + side) != kSpace) continue;
+    MoveObject(hra, c, c + side);
+    return true;
+  }
+  return false;
+}
+
+void Rest(Hra& hra, Cell c) {
+  const Cell below = c + kDown;
+  if (hra.Field(below) == kSpace) {
+    MoveObject(hra, c, below);
+  } else if (hra.FieldState(below) != kFlat) {
+    Roll(hra, c);
+  }
+}
+
+void WakeMagicWall(Hra& hra) {
+  hra.MagicState = kMagicRunning;
+  hra.MagicStart = hra.Elapsed;
+  hra.stage().ShowMessage(96, Colour::Yellow);
+  hra.stage().PZvuk(9);
+  KockaEvent(hra, 'C');
+}
+
+std::uint16_t Converted(std::uint16_t code) {
+  return code == kGem ? kBoulder : kGem;
+}
+
+// Swallows the object, with room below it or not, working or spent.
+void PassMagicWall(Hra& hra, Cell c) {
+  if (hra.MagicState == kMagicDormant) WakeMagicWall(hra);
+  const Cell outlet = c + kDown + kDown;
+  if (hra.MagicState == kMagicRunning && hra.Field(outlet) == kSpace)
+    Drop(hra, outlet, Converted(hra.Field(c)));
+  ClearField(hra, c);
+}
+
+// Goes on also over a magic wall, on the cell that it has just emptied. So that cell keeps the state of a
+// resting object though it is space, and what enters it without a state of its own can fall.
+void Fall(Hra& hra, Cell c) {
+  const Cell below = c + kDown;
+  if (hra.Field(below) == kBrick && hra.FieldState(below) == kFlat) PassMagicWall(hra, c);
+  if (hra.Field(below) == kSpace) {
+    MoveObject(hra, c, below);
+  } else if (hra.FieldState(below) != kFlat) {
+    Dopad(hra, c);
+    if (!Roll(hra, c)) hra.SetFieldState(c, kResting);
+  } else {
+    hra.SetFieldState(c, kResting);
+    Dopad(hra, c);
+  }
+}
+
+bool OnSplitter(const Hra& hra, Cell c) {
+  const Cell mouth = c + kDown;
+  return hra.Field(mouth) == kWallH && hra.Field(mouth + kLeft) == kSteel &&
+         hra.Field(mouth + kRight) == kSteel;
+}
+
+// With both outlets taken the object is simply gone.
+void Split(Hra& hra, Cell c) {
+  for (const Step side : {kLeft, kRight}) {
+    const Cell outlet = c + kDown + kDown + side;
+    if (hra.Field(outlet) == kSpace) Drop(hra, outlet, hra.Field(c));
+  }
+  ClearField(hra, c);
+}
+
+}  // namespace
+
+void NewGravitace(Hra& hra, Cell c) {
+  if (hra.FieldState(c) == kResting) Rest(hra, c);
+  if (hra.FieldState(c) == kFalling) Fall(hra, c);
+  if (OnSplitter(hra, c)) Split(hra, c);
+}
+
+}  // namespace zorik

@@ -1,0 +1,44 @@
+// Impact: what a falling object does to the thing that it lands on. The object itself is moved by
+// Gravity.cpp.
+#include "core/Rules.h"
+
+namespace zorik {
+namespace {
+
+bool DiesOfImpact(std::uint16_t code) {
+  switch (code) {
+    case kFireFly:
+    case kButterFly:
+    case kFly:
+    case kDog:
+    case kFlea:
+    case kCat:
+    case kDragonFly:
+      return true;
+    default:
+      return false;
+  }
+}
+
+int LandingSound(std::uint16_t code) {
+  return code == kGem || IsOneOf(code, kKeyRed, kKeyBlue) ? 1 : 3;
+}
+
+}  // namespace
+
+void Dopad(Hra& hra, Cell c) {
+  const Cell hit = c + kDown;
+  const std::uint16_t thing = hra.Field(hit);
+  const bool flat = hra.FieldState(hit) == kFlat;
+  if (DiesOfImpact(thing)) {
+    Exploze(hra, hit);
+  } else if (thing == kBox && flat) {
+    LightBomb(hra, hit);
+  } else if (thing == kBrick && flat) {
+    hra.stage().PZvuk(1);
+  } else {
+    hra.stage().PZvuk(LandingSound(hra.Field(c)));
+  }
+}
+
+}  // namespace zorik
