@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cassert>
+#include <cstddef>
 #include <optional>
 
 namespace zorik {
@@ -31,25 +32,30 @@ class Cell {
   constexpr Cell() = default;
 
   // x in kMinX..kMaxX, y in kMinY..kMaxY: for places that are known to be legal.
-  constexpr Cell(int x, int y) : place_((y - kMinY + 2) * kStride + (x - kMinX + 2)) {
+  constexpr Cell(int x, int y)
+      : place_(static_cast<std::size_t>((y - kMinY + 2) * kStride + (x - kMinX + 2))) {
     assert(x >= kMinX && x <= kMaxX && y >= kMinY && y <= kMaxY);
   }
 
-  constexpr int x() const { return place_ % kStride + kMinX - 2; }
-  constexpr int y() const { return place_ / kStride + kMinY - 2; }
-  constexpr int place() const { return place_; }
-  constexpr int row() const { return place_ / kStride - 2; }  // 0 for y = kMinY
+  // place in 0..kPlaces - 1, as place() gives it.
+  static constexpr Cell AtPlace(std::size_t place) {
+    Cell cell;
+    cell.place_ = place;
+    return cell;
+  }
+
+  constexpr int x() const { return static_cast<int>(place_ % kStride) + kMinX - 2; }
+  constexpr int y() const { return static_cast<int>(place_ / kStride) + kMinY - 2; }
+  constexpr std::size_t place() const { return place_; }
 
   constexpr Cell operator+(Step step) const {
-    Cell neighbour;
-    neighbour.place_ = place_ + step.dy * kStride + step.dx;
-    return neighbour;
+    return AtPlace(place_ + static_cast<std::size_t>(step.dy * kStride + step.dx));
   }
   constexpr Cell operator-(Step step) const { return *this + -step; }
   bool operator==(const Cell&) const = default;
 
  private:
-  int place_ = 0;
+  std::size_t place_ = 0;
 };
 
 // The place with coordinates that come from data: none outside of the grids. A condition on such a cell is

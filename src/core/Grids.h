@@ -8,70 +8,100 @@
 
 namespace zorik {
 
-// Rows of the cave in which something may be due. A scan passes a sleeping row by: nothing in it can act
-// before something in it or right beside it changes, and each change wakes the rows around it.
-class Rows {
- public:
-  void Wake(Cell cell) { awake_ |= std::uint64_t{1} << cell.row(); }
-  void WakeAround(Cell cell) { awake_ |= (std::uint64_t{7} << cell.row()) >> 1; }
-  void WakeAll() { awake_ = ~std::uint64_t{0}; }
-  bool Awake(Cell cell) const { return ((awake_ >> cell.row()) & 1) != 0; }
-  void Sleep(Cell cell) { awake_ &= ~(std::uint64_t{1} << cell.row()); }
+// What the scans, the counts and the contacts have to know of a code.
+namespace trait {
+inline constexpr std::uint8_t kActs = 1;         // may do something in the object scan, whatever its state
+inline constexpr std::uint8_t kFollowsMark = 2;  // does so by its heading, once a tick
+inline constexpr std::uint8_t kSettles = 4;      // has something to end in the closing scan
+inline constexpr std::uint8_t kCounted = 8;      // Count() knows how many there are
+inline constexpr std::uint8_t kDeadly = 16;      // monsters die beside it
+inline constexpr std::uint8_t kStirring = 32;    // sensors notice its repainting, whatever its state
+inline constexpr std::uint8_t kGlitters = 64;    // repainted in every tick
+}  // namespace trait
 
- private:
-  std::uint64_t awake_ = ~std::uint64_t{0};
+// The cells at which the scans must look, 64 of a row together, the leftmost in the lowest bit. Apart from
+// moved they are plain functions of the cells' own values.
+struct DueCells {
+  std::uint64_t moved = 0;     // have taken part in a change in this tick
+  std::uint64_t acting = 0;    // move by themselves, or could fall
+  std::uint64_t settling = 0;  // live or have a heading to end
+  std::uint64_t burning = 0;   // explosions, and sensors
+  std::uint64_t amoeba = 0;
 };
 
-// The grids. Only the setters write them, since a write wakes the rows that it concerns and keeps the
-// counts. They write one value each: some of the many odd things of this game are cells whose code changes
-// while their state stays.
+// The grids. Only the setters write them, since they keep the flags for the scans and the counts. They write
+// one value each, or an object with its state or heading: some of the many odd things of this game are cells
+// whose code changes while their state stays.
 class Grids {
  public:
-  std::uint16_t Field(Cell c) const { return field_[Place(c)]; }
-  std::uint8_t FieldState(Cell c) const { return state_[Place(c)]; }
-  std::uint8_t FieldMark(Cell c) const { return mark_[Place(c)]; }
-  bool FieldMoved(Cell c) const { return moved_[Place(c)]; }  // has taken part in a change in this tick
+  std::uint16_t Field(Cell c) const { return cells_[c.place()].code; }
+  std::uint8_t FieldState(Cell c) const { return cells_[c.place()].state; }
+  std::uint8_t FieldMark(Cell c) const { return cells_[c.place()].mark; }
+  bool FieldMoved(Cell c) const { return (Due(c.place()).moved & Bit(c)) != 0; }  // see DueCells
 
-  void SetField(Cell c, std::uint16_t code) {
-    std::uint16_t& field = field_[Place(c)];
-    --count_[field % kCodes];
-    ++count_[code % kCodes];
-    field = code;
-    acting.WakeAround(c);
-    settling.Wake(c);
-    if (code == kExplosion) burning.Wake(c);
-  }
-  void SetFieldState(Cell c, std::uint8_t state) {
-    state_[Place(c)] = state;
-    acting.WakeAround(c);
-  }
-  void SetFieldMark(Cell c, std::uint8_t mark) {
-    mark_[Place(c)] = mark;
-    settling.Wake(c);
-    if (mark == 1) burning.Wake(c);
+  void SetField(Cell c, std::uint16_t code) { Set(c, {code, FieldState(c), FieldMark(c)}); }
+  void SetFieldState(Cell c, std::uint8_t state) { Set(c, {Field(c), state, FieldMark(c)}); }
+  void SetFieldMark(Cell c, std::uint8_t mark) { Set(c, {Field(c), FieldState(c), mark}); }
+  void SetObject(Cell c, std::uint16_t code, std::uint8_t state) { Set(c, {code, state, FieldMark(c)}); }
+  // A monster that comes or goes: its heading is its mark.
+  void SetMonster(Cell c, std::uint16_t code, std::uint8_t heading) {
+    Set(c, {code, FieldState(c), heading});
   }
   void SetFieldMoved(Cell c, bool moved) {
-    moved_[Place(c)] = moved;
-    if (moved) settling.Wake(c);
+    std::uint64_t& word = due_[c.place() / kTogether].moved;
+    word = moved ? word | Bit(c) : word & ~Bit(c);
   }
 
-  // How many cells hold a code of the table, 1 to 28.
+  // How many cells hold an explosion, a sensor, a gem, a key, the cat key, a finish, amoeba; 0 for all
+  // others.
   int Count(std::uint16_t code) const { return count_[code % kCodes]; }
 
-  Rows burning;   // for the explosion scan
-  Rows acting;    // for the object scan
-  Rows settling;  // for the closing scan
+  // What is told of a code by trait.
+  static std::uint8_t Traits(std::uint16_t code) { return kTraits[code % kCodes]; }
+
+  static constexpr std::size_t kTogether = 64;
+  const DueCells& Due(std::size_t place) const { return due_[place / kTogether]; }
+
+  // The cells of a column that glitter, from the top: bit 0 is y = Cell::kMinY.
+  std::uint64_t Glitter(int x) const { return glitter_[static_cast<std::size_t>(x - Cell::kMinX)]; }
+
+ private:
+  struct Content {
+    std::uint16_t code = 0;
+    std::uint8_t state = 0;
+    std::uint8_t mark = 0;
+  };
 
   // The two codes above the table, 65534 and 65535, fall on 30 and 31.
   static constexpr std::size_t kCodes = 32;
+  static const std::array<std::uint8_t, kCodes> kTraits;
+  static const std::array<std::uint8_t, kCodes * 8> kFlags;  // by code, state and whether the mark is above 4
 
- private:
-  static std::size_t Place(Cell c) { return static_cast<std::size_t>(c.place()); }
+  static std::uint64_t Bit(Cell c) { return std::uint64_t{1} << (c.place() % kTogether); }
+  static std::uint8_t FlagsOf(Content content) {
+    return kFlags[content.code % kCodes + (content.state & 3U) * kCodes +
+                  (content.mark > 4 ? 4 * kCodes : 0)];
+  }
+  static void Put(std::uint64_t& word, std::uint64_t bit, bool in) {
+    word = (word & ~bit) | (bit & (std::uint64_t{0} - std::uint64_t{in}));
+  }
+  void Set(Cell c, Content content) {
+    Content& own = cells_[c.place()];
+    const std::uint16_t old = own.code;
+    own = content;
+    const std::uint8_t flags = FlagsOf(content);
+    DueCells& due = due_[c.place() / kTogether];
+    Put(due.acting, Bit(c), (flags & kActing) != 0);
+    Put(due.settling, Bit(c), (flags & kSettling) != 0);
+    if (((Traits(old) | Traits(content.code)) & trait::kCounted) != 0) Recount(c, old);
+  }
+  void Recount(Cell c, std::uint16_t old);
 
-  std::array<std::uint16_t, Cell::kPlaces> field_{};
-  std::array<std::uint8_t, Cell::kPlaces> state_{};
-  std::array<std::uint8_t, Cell::kPlaces> mark_{};
-  std::array<bool, Cell::kPlaces> moved_{};
+  static constexpr std::uint8_t kActing = 1, kSettling = 2;
+
+  std::array<Content, Cell::kPlaces> cells_{};
+  std::array<DueCells, Cell::kPlaces / kTogether> due_{};
+  std::array<std::uint64_t, Cell::kMaxX - Cell::kMinX + 1> glitter_{};
   std::array<int, kCodes> count_{};
 };
 

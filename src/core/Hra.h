@@ -135,12 +135,13 @@ struct Hra : RunState {
   Chance Luck;        // the game's chance
   Chance Decoration;  // never touches the game
 
-  Stage& stage() const { return *stage_; }
-  void SetStage(Stage& stage) { stage_ = &stage; }  // not owned
+  Stage& stage() const { return Watched() ? *stage_ : Silence(); }
+  bool Watched() const { return stage_ != nullptr; }  // by anybody but the silent stage
+  void SetStage(Stage& stage) { stage_ = &stage; }    // not owned
 
  private:
   static Stage& Silence();
-  Stage* stage_ = &Silence();
+  Stage* stage_ = nullptr;
 };
 
 // Starts a run. When the text is empty, does not parse or tells of a cave above 100 x 60 cells, the reason

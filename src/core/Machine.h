@@ -25,13 +25,12 @@ void Stir(Hra& hra, Cell c);
 inline void PREKR(Hra& hra, Cell c) {
   if (hra.Field(c) == kDog) ChoosePose(hra, c);
   if (hra.SensorsListen && hra.Count(kSensor) > 0) Stir(hra, c);
-  hra.stage().CellChanged(c.x(), c.y());
+  if (hra.Watched()) hra.stage().CellChanged(c.x(), c.y());
 }
 
 // The object and the state become 0; the mark stays.
 inline void ClearField(Hra& hra, Cell c) {
-  hra.SetField(c, kSpace);
-  hra.SetFieldState(c, kFlat);
+  hra.SetObject(c, kSpace, kFlat);
   PREKR(hra, c);
 }
 
@@ -53,6 +52,11 @@ inline int DogIn(const Hra& hra, Cell c) {
 inline Step StepOf(int keyDirection) {
   constexpr std::array<Step, 4> kWays{kLeft, kUp, kRight, kDown};
   return kWays[static_cast<std::size_t>(keyDirection - kKeyLeft)];
+}
+
+inline bool BesideAmoeba(const RunState& run, Cell c) {
+  return run.Field(c + kLeft) == kAmoeba || run.Field(c + kRight) == kAmoeba ||
+         run.Field(c + kUp) == kAmoeba || run.Field(c + kDown) == kAmoeba;
 }
 
 inline Unit& ActiveUnit(Hra& hra) {

@@ -6,14 +6,6 @@ namespace {
 
 constexpr int kTicksToQuestion = 300;
 
-// The objects whose repainting a sensor notices whatever their state.
-constexpr std::uint32_t Bit(int code) {
-  return std::uint32_t{1} << code;
-}
-constexpr std::uint32_t kStirring = Bit(kSpace) | Bit(kDog) | Bit(kFireFly) | Bit(kButterFly) | Bit(kFinish) |
-                                    Bit(kBox) | Bit(kWallH) | Bit(kWallV) | Bit(kFly) | Bit(kExplosion) |
-                                    Bit(kFlea) | Bit(kCat) | Bit(kDragonFly);
-
 // Between 140 and 160 idle ticks the pose stands as it was.
 void IdlePose(Hra& hra) {
   const int idle = hra.DogIdleTicks;
@@ -46,9 +38,7 @@ void ChoosePose(Hra& hra, Cell c) {
 }
 
 void Stir(Hra& hra, Cell c) {
-  const std::uint16_t code = hra.Field(c);
-  const bool listed = code < Grids::kCodes && (kStirring & Bit(code)) != 0;
-  if (listed || hra.FieldState(c) != kFlat) TestCidla(hra, c);
+  if ((Grids::Traits(hra.Field(c)) & trait::kStirring) != 0 || hra.FieldState(c) != kFlat) TestCidla(hra, c);
 }
 
 }  // namespace zorik

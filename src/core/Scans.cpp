@@ -1,37 +1,32 @@
 #include "core/Scans.h"
 
+#include <bit>
+
 namespace zorik {
 namespace {
 
-// What a scan has to look at in cells of each code.
-using Codes = std::array<bool, Grids::kCodes>;
-
-constexpr Codes Table(std::initializer_list<int> codes) {
-  Codes table{};
-  for (const int code : codes) table[static_cast<std::size_t>(code)] = true;
-  return table;
+// Those of the cells kept together that have amoeba beside them.
+std::uint64_t BesideAmoeba(const Grids& grids, std::size_t place) {
+  const auto amoeba = [&grids](std::size_t there) { return grids.Due(there).amoeba; };
+  const std::uint64_t own = amoeba(place);
+  return own << 1 | amoeba(place - 1) >> 63 | own >> 1 | amoeba(place + Grids::kTogether) << 63 |
+         amoeba(place - Cell::kStride) | amoeba(place + Cell::kStride);
 }
 
-constexpr std::size_t kVacatedRow = kVacated % Grids::kCodes;
-
-// These act by themselves, tick after tick, so their row never sleeps.
-constexpr Codes kRestless = Table({kFireFly, kButterFly, kFly, kDragonFly, kSlime});
-constexpr Codes kActs = Table({kFireFly, kButterFly, kFly, kDragonFly, kSlime, kWallH, kWallV, kBoulder});
-constexpr Codes kEndsUp =
-    Table({kFireFly, kButterFly, kFly, kDragonFly, kSlime, kFlea, kAmoeba, kSensor, kVacatedRow});
-
-bool Has(const Codes& codes, std::uint16_t code) {
-  return codes[code % Grids::kCodes];
-}
-
-template <class Action>
-void ForEachAwakeRow(const Hra& hra, Rows& rows, Action action) {
-  for (int y = 0; y < hra.CaveHeight; ++y) {
-    const Cell first(0, y);
-    if (!rows.Awake(first)) continue;
-    rows.Sleep(first);
-    Cell c = first;
-    for (int x = 0; x < hra.CaveWidth; ++x, c = c + kRight) action(c);
+// Visits the cells for which due(place) has a bit, row by row from the top left. It is asked afresh after
+// every cell, so what an action changes further on counts at once.
+template <class Due, class Action>
+void ForEachDue(const RunState& run, Due due, Action action) {
+  if (run.CaveWidth == 0 || run.CaveHeight == 0) return;
+  const std::size_t first = Cell(0, 0).place() & ~(Grids::kTogether - 1);
+  const std::size_t last = Cell(run.CaveWidth - 1, run.CaveHeight - 1).place();
+  for (std::size_t place = first; place <= last; place += Grids::kTogether) {
+    std::uint64_t ahead = ~std::uint64_t{0};
+    while (const std::uint64_t cells = due(place) & ahead) {
+      const auto bit = static_cast<std::size_t>(std::countr_zero(cells));
+      ahead = ~std::uint64_t{1} << bit;
+      action(Cell::AtPlace(place + bit));
+    }
   }
 }
 
@@ -74,64 +69,72 @@ void EndMove(Hra& hra, Cell c) {
   PREKR(hra, c);
 }
 
-void Settle(Hra& hra, Cell c, int& amoebaCells, int& sound) {
+void EndVacancy(Hra& hra, Cell c) {
+  hra.SetField(c, kSpace);
+  PREKR(hra, c);
+}
+
+// What the tick ends in one cell; a test of the cell's code stands for each step that only some codes take.
+int Settle(Hra& hra, Cell c, int& amoebaCells) {
+  int sound = 0;
   const std::uint16_t code = hra.Field(c);
   if (code == kSlime || code == kFlea) PREKR(hra, c);
-  if (code == kSensor) {
-    if (const int due = CountSensor(hra, c)) sound = due;
-  }
+  if (code == kSensor) sound = CountSensor(hra, c);
   // Cleared here and not all at once: a bomb that is lit below from above or from the left waits one tick
   // longer than one that the scan has still to reach.
   hra.SetFieldMoved(c, false);
-  if (hra.Field(c) == kAmoeba) {
-    if (const int due = SettleAmoeba(hra, c, amoebaCells)) sound = due;
+  switch (code) {
+    case kVacated:
+      EndVacancy(hra, c);
+      break;
+    case kAmoeba:
+      sound = SettleAmoeba(hra, c, amoebaCells);
+      EndMove(hra, c);
+      break;
+    case kFireFly:
+    case kButterFly:
+    case kFly:
+    case kDragonFly:
+    case kFlea:
+      EndMove(hra, c);
+      Contact(hra, c);
+      break;
+    default:
+      EndMove(hra, c);
+      break;
   }
-  EndMove(hra, c);
-  if (hra.Field(c) == kVacated) {
-    hra.SetField(c, kSpace);
-    PREKR(hra, c);
-  }
-  Contact(hra, c);
+  return sound;
 }
 
 }  // namespace
 
 void ExplosionScan(Hra& hra) {
-  ForEachAwakeRow(hra, hra.burning, [&hra](Cell c) {
-    if (hra.Field(c) == kSensor && hra.FieldMark(c) == 1) hra.SetFieldMark(c, 2);
+  if (hra.Count(kExplosion) + hra.Count(kSensor) == 0) return;
+  const auto burning = [&hra](std::size_t place) { return hra.Due(place).burning; };
+  ForEachDue(hra, burning, [&hra](Cell c) {
     if (hra.Field(c) == kExplosion) {
       Burn(hra, c);
-      hra.burning.Wake(c);
+    } else if (hra.FieldMark(c) == 1) {
+      hra.SetFieldMark(c, 2);
     }
   });
 }
 
 void ObjectScan(Hra& hra, AmoebaList& room) {
   const bool amoeba = hra.Count(kAmoeba) > 0;
-  if (amoeba) hra.acting.WakeAll();
-  Codes acts = kActs;
-  acts[kSpace] = acts[kDirt] = amoeba;
-  ForEachAwakeRow(hra, hra.acting, [&](Cell c) {
-    const std::uint16_t code = hra.Field(c);
-    if (hra.FieldState(c) < kResting && !Has(acts, code)) return;
-    if (hra.FieldMoved(c)) {
-      hra.acting.Wake(c);
-      return;
-    }
-    if (Has(kRestless, code)) hra.acting.Wake(c);
-    Act(hra, c, room);
-  });
+  const auto acting = [&hra, amoeba](std::size_t place) {
+    const std::uint64_t beside = amoeba ? BesideAmoeba(hra, place) : 0;
+    return (hra.Due(place).acting | beside) & ~hra.Due(place).moved;
+  };
+  ForEachDue(hra, acting, [&](Cell c) { Act(hra, c, room); });
 }
 
 int ClosingScan(Hra& hra) {
   int amoebaCells = 0;
   int sound = 0;
-  ForEachAwakeRow(hra, hra.settling, [&](Cell c) {
-    const std::uint16_t code = hra.Field(c);
-    const bool endsUp = Has(kEndsUp, code);
-    if (!endsUp && !hra.FieldMoved(c) && hra.FieldMark(c) <= 4) return;
-    if (endsUp) hra.settling.Wake(c);
-    Settle(hra, c, amoebaCells, sound);
+  const auto settling = [&hra](std::size_t place) { return hra.Due(place).settling | hra.Due(place).moved; };
+  ForEachDue(hra, settling, [&](Cell c) {
+    if (const int due = Settle(hra, c, amoebaCells)) sound = due;
   });
   return sound;
 }

@@ -32,10 +32,7 @@ Result<CaveRecord> ReadCave(std::string_view caveText) {
 }
 
 void Frame(Hra& hra) {
-  const auto steel = [&hra](int x, int y) {
-    hra.SetFieldState({x, y}, kFlat);
-    hra.SetField({x, y}, kSteel);
-  };
+  const auto steel = [&hra](int x, int y) { hra.SetObject({x, y}, kSteel, kFlat); };
   for (int x = -1; x <= hra.CaveWidth; ++x) {
     steel(x, -1);
     steel(x, hra.CaveHeight);
@@ -88,8 +85,7 @@ void PlaceUnit(Hra& hra, char letter, int x, int y) {
 void PlaceLetter(Hra& hra, char letter, Cell c) {
   const ObjectLetter* object = FindLetter(letter);
   if (object == nullptr) return;
-  hra.SetField(c, object->code);
-  hra.SetFieldState(c, object->state);
+  hra.SetObject(c, object->code, object->state);
   hra.SetFieldMark(c, object->mark);
   PlaceUnit(hra, letter, c.x(), c.y());
 }

@@ -90,13 +90,11 @@ void ShowRemark(Hra& hra) {
 
 // Gems and keys glitter in every tick, and the sensors beside them hear it.
 void Shimmer(Hra& hra) {
-  const int glittering =
-      hra.Count(kGem) + hra.Count(kKeyRed) + hra.Count(kKeyGreen) + hra.Count(kKeyBlue) + hra.Count(kCatKey);
-  if (glittering == 0) return;
-  ForEachCellByColumn(hra, [&hra](Cell c) {
-    const std::uint16_t code = hra.Field(c);
-    if (code == kGem || IsOneOf(code, kKeyRed, kKeyBlue) || code == kCatKey) PREKR(hra, c);
-  });
+  for (int x = 0; x <= hra.CaveWidth; ++x) {
+    for (std::uint64_t due = hra.Glitter(x); due != 0; due &= due - 1) {
+      PREKR(hra, {x, Cell::kMinY + std::countr_zero(due)});
+    }
+  }
 }
 
 bool RestartAsked(const Hra& hra, const KeySnapshot& keys) {

@@ -12,8 +12,7 @@ bool HasRoom(const Hra& hra, Cell c) {
 }
 
 void Petrify(Hra& hra, Cell c, std::uint16_t code) {
-  hra.SetField(c, code);
-  hra.SetFieldState(c, kResting);
+  hra.SetObject(c, code, kResting);
   PREKR(hra, c);
   hra.stage().PZvukStop(13);
 }
@@ -34,10 +33,7 @@ void TooBig(Hra& hra) {
 }  // namespace
 
 void FindAmoebaRoom(const Hra& hra, Cell c, AmoebaList& list) {
-  if (!HasRoom(hra, c)) return;
-  const bool beside = hra.Field(c + kLeft) == kAmoeba || hra.Field(c + kRight) == kAmoeba ||
-                      hra.Field(c + kUp) == kAmoeba || hra.Field(c + kDown) == kAmoeba;
-  if (!beside) return;
+  if (!HasRoom(hra, c) || !BesideAmoeba(hra, c)) return;
   if (list.count < kAmoebaListSize) list.cells[static_cast<std::size_t>(list.count)] = c;
   ++list.count;
 }
@@ -51,8 +47,7 @@ void GrowAmoeba(Hra& hra, const AmoebaList& list) {
     const int k = Nahoda(hra, list.count) - 1;
     if (k >= 0 && k < std::min(list.count, kAmoebaListSize)) {
       const Cell c = list.cells[static_cast<std::size_t>(k)];
-      hra.SetField(c, kAmoeba);
-      hra.SetFieldState(c, kFlat);
+      hra.SetObject(c, kAmoeba, kFlat);
       hra.SetFieldMark(c, 0);
       PREKR(hra, c);
       TestCidla(hra, c);

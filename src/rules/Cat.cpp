@@ -160,8 +160,7 @@ void Kocka(Hra& hra) {
   if (want.direction != kNone && hra.CatWait == 0) Move(hra, old, want);
   hra.CatPose = PoseOf(want.direction);
   const Cell now(hra.CatX, hra.CatY);
-  hra.SetField(now, kCat);
-  hra.SetFieldState(now, kFlat);
+  hra.SetObject(now, kCat, kFlat);
   PREKR(hra, now);
   hra.CatLastDir = want.direction;
   hra.CatLastAdvanced = want.advance;

@@ -66,8 +66,7 @@ void Leave(Hra& hra, Cell c, std::uint16_t code) {
 
 void LightBomb(Hra& hra, Cell c) {
   hra.SetFieldMoved(c, true);
-  hra.SetField(c, kBoulder);
-  hra.SetFieldState(c, kFlat);
+  hra.SetObject(c, kBoulder, kFlat);
   PREKR(hra, c);
 }
 

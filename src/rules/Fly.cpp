@@ -26,10 +26,8 @@ void MoveFly(Hra& hra, Cell c) {
     hra.SetFieldMark(c, static_cast<std::uint8_t>(MouchaS(hra, c, heading) * 10));
     return;
   }
-  hra.SetFieldMark(target, static_cast<std::uint8_t>(heading * 10));
-  hra.SetFieldMark(c, 0);
-  hra.SetField(target, kFly);
-  hra.SetField(c, kVacated);
+  hra.SetMonster(target, kFly, static_cast<std::uint8_t>(heading * 10));
+  hra.SetMonster(c, kVacated, 0);
 }
 
 int MouchaS(Hra& hra, Cell c, int heading) {

@@ -7,16 +7,14 @@ namespace zorik {
 namespace {
 
 void Drop(Hra& hra, Cell target, std::uint16_t code) {
-  hra.SetField(target, code);
-  hra.SetFieldState(target, kFalling);
+  hra.SetObject(target, code, kFalling);
   hra.SetFieldMoved(target, true);
   PREKR(hra, target);
 }
 
 // Also what rolls sideways falls from then on.
 void MoveObject(Hra& hra, Cell from, Cell to) {
-  hra.SetField(to, hra.Field(from));
-  hra.SetFieldState(to, kFalling);
+  hra.SetObject(to, hra.Field(from), kFalling);
   hra.SetFieldMoved(to, true);
   ClearField(hra, from);
   PREKR(hra, to);

@@ -25,8 +25,7 @@ struct Locks {
 };
 
 void Open(Hra& hra, Cell c, Opened opened) {
-  hra.SetField(c, opened.code);
-  hra.SetFieldState(c, opened.state);
+  hra.SetObject(c, opened.code, opened.state);
   PREKR(hra, c);
 }
 

@@ -6,10 +6,8 @@ namespace zorik {
 namespace {
 
 void MoveOn(Hra& hra, Cell from, Cell to) {
-  hra.SetField(to, hra.Field(from));
-  hra.SetFieldState(to, hra.FieldState(from));
-  hra.SetField(from, kSpace);
-  hra.SetFieldState(from, kFlat);
+  hra.SetObject(to, hra.Field(from), hra.FieldState(from));
+  hra.SetObject(from, kSpace, kFlat);
 }
 
 }  // namespace

@@ -17,8 +17,7 @@ void Slime(Hra& hra, Cell c) {
   const Cell below = c + kDown;
   if (hra.Field(below) != kSpace || hra.FieldState(above) != kResting || hra.SlimePermeability == 0) return;
   if (Nahoda(hra, Odds(hra.SlimePermeability)) != 1) return;
-  hra.SetField(below, hra.Field(above));
-  hra.SetFieldState(below, kFalling);
+  hra.SetObject(below, hra.Field(above), kFalling);
   hra.SetFieldMoved(below, true);
   PREKR(hra, below);
   ClearField(hra, above);

@@ -36,12 +36,10 @@ void Arrive(Hra& hra) {
   }
   hra.TeleportDogBusy = false;
   hra.CatInTransit = false;
-  hra.SetField(out, hra.TeleportField);
-  hra.SetFieldState(out, hra.TeleportState);
+  hra.SetObject(out, hra.TeleportField, hra.TeleportState);
   hra.SetFieldMark(out, hra.TeleportMark);
   PREKR(hra, out);
-  hra.SetField(in, kSpace);
-  hra.SetFieldState(in, kFlat);
+  hra.SetObject(in, kSpace, kFlat);
   hra.SetFieldMark(in, 0);
   PREKR(hra, in);
 }

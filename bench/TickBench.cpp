@@ -1,0 +1,116 @@
+// What a tick costs, in floors. A floor is one plain walk over the cave's cells that looks each up in a table
+// and adds it up; it is measured in turn with the ticks, so that a noisy machine slows both alike.
+#include <benchmark/benchmark.h>
+
+#include <chrono>
+#include <ctime>
+#include <functional>
+#include <memory>
+#include <random>
+#include <string>
+
+#include "core/Machine.h"
+#include "data/CaveO.h"
+
+namespace zorik {
+namespace {
+
+// The processor time of this thread: other programs do not count.
+std::chrono::nanoseconds Now() {
+  timespec now{};
+  clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
+  return std::chrono::seconds(now.tv_sec) + std::chrono::nanoseconds(now.tv_nsec);
+}
+
+constexpr int kTicksInTurn = 40;
+
+std::string LargestCave(const std::function<char(int, int)>& letter) {
+  CaveRecord cave;
+  cave.Time = 1900;
+  cave.GemsNeeded = 900;
+  cave.AmoebaTime = 1;
+  cave.Colouring = 4;
+  cave.Width = kMaxWidth;
+  cave.Height = kMaxHeight;
+  for (int x = 0; x < kMaxWidth; ++x) {
+    for (int y = 0; y < kMaxHeight; ++y) {
+      cave.Cells[static_cast<std::size_t>(x)][static_cast<std::size_t>(y)] = letter(x, y);
+    }
+  }
+  cave.Cells[1][1] = '1';
+  return *BuildCaveText(cave);
+}
+
+char OneOf(std::mt19937& random, const std::string& letters) {
+  return letters[random() % letters.size()];
+}
+
+// Dirt with a quarter of resting boulders.
+std::string QuietCave() {
+  std::mt19937 random(1);
+  return LargestCave([&](int, int) { return OneOf(random, ";;;R"); });
+}
+
+// Four parts behind walls: shafts in which boulders and gems fall; round corridors in which monsters follow the
+// wall, three to each; a cavern where flies and dragonflies swarm; dirt in which amoeba grows. A sixth of all
+// cells are monsters.
+std::string BusyCave() {
+  std::mt19937 random(2);
+  return LargestCave([&](int x, int y) {
+    if (x == 20 || x == 70 || x == 80) return 'W';
+    if (x < 20) return y < 30 ? OneOf(random, "..R.D") : '.';
+    if (x < 70) {
+      const bool ring = x % 4 != 0 && y % 4 != 0 && !(x % 4 == 2 && y % 4 == 2);
+      const bool monster = ring && (x % 4 == y % 4 || (x % 4 == 1 && y % 4 == 3));
+      return monster ? (x / 4 % 2 == 0 ? 'F' : 'U') : (ring ? '.' : 'X');
+    }
+    if (x < 80) return OneOf(random, "L:L......");
+    return x > 85 && x < 95 && y > 20 && y < 40 ? OneOf(random, "AAA;;") : OneOf(random, ";;;.RX");
+  });
+}
+
+std::uint32_t Floor(const Hra& hra, const std::array<std::uint32_t, 256>& table) {
+  std::uint32_t sum = 0;
+  for (int y = 0; y < hra.CaveHeight; ++y) {
+    Cell c(0, y);
+    for (int x = 0; x < hra.CaveWidth; ++x, c = c + kRight) sum += table[hra.Field(c) & 0xFFU];
+  }
+  return sum;
+}
+
+void TicksInFloors(benchmark::State& state, const std::string& caveText, int warmUp) {
+  Hra start(1);
+  PaintCave(start, caveText, RunKind::Play);
+  for (int i = 0; i < warmUp; ++i) Tick(start, {});
+  std::array<std::uint32_t, 256> table{};
+  for (std::uint32_t i = 0; i < table.size(); ++i) table[i] = i * 7;
+
+  std::chrono::nanoseconds ticks{}, floors{};
+  auto hra = std::make_unique<Hra>(start);
+  for (auto _ : state) {
+    *hra = start;
+    hra->RecordText.reserve(hra->RecordText.size() + 100000);
+    const auto begin = Now();
+    for (int i = 0; i < kTicksInTurn; ++i) Tick(*hra, {});
+    const auto middle = Now();
+    for (int i = 0; i < kTicksInTurn; ++i) benchmark::DoNotOptimize(Floor(*hra, table));
+    floors += Now() - middle;
+    ticks += middle - begin;
+  }
+  state.counters["floors_a_tick"] =
+      std::chrono::duration<double>(ticks) / std::chrono::duration<double>(floors);
+  state.counters["ns_a_tick"] =
+      static_cast<double>(ticks.count()) / (static_cast<double>(state.iterations()) * kTicksInTurn);
+}
+
+void QuietTick(benchmark::State& state) {
+  TicksInFloors(state, QuietCave(), 5);
+}
+void BusyTick(benchmark::State& state) {
+  TicksInFloors(state, BusyCave(), 0);
+}
+BENCHMARK(QuietTick);
+BENCHMARK(BusyTick);
+
+}  // namespace
+}  // namespace zorik
