@@ -33,8 +33,8 @@ void LightBomb(Hra& hra, Cell c);
 // Amoeba.cpp: the room of the amoeba is counted in the object scan; it grows right after; its cells come to
 // an end in the closing scan, which keeps the tally and answers a sound or 0; it speeds up with time.
 struct AmoebaList {
-  std::array<Cell, kAmoebaListSize> cells;
-  int count = 0;  // candidates beyond the list are counted and lost
+  std::array<std::uint16_t, kAmoebaListSize> places;  // of the first count
+  int count = 0;                                      // candidates beyond the list are counted and lost
 };
 void FindAmoebaRoom(const Hra& hra, Cell c, AmoebaList& list);
 void GrowAmoeba(Hra& hra, const AmoebaList& list);

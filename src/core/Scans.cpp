@@ -13,21 +13,26 @@ std::uint64_t BesideAmoeba(const Grids& grids, std::size_t place) {
          amoeba(place - Cell::kStride) | amoeba(place + Cell::kStride);
 }
 
-// Visits the cells for which due(place) has a bit, row by row from the top left. It is asked afresh after
-// every cell, so what an action changes further on counts at once.
-template <class Due, class Action>
-void ForEachDue(const RunState& run, Due due, Action action) {
+// Visits the cells for which due(place) or also has a bit, row by row from the top left. What is due is asked
+// afresh after every cell, so what an action changes further on counts at once.
+template <class Due, class Also, class Action>
+void ForEachDue(const RunState& run, Due due, Also also, Action action) {
   if (run.CaveWidth == 0 || run.CaveHeight == 0) return;
   const std::size_t first = Cell(0, 0).place() & ~(Grids::kTogether - 1);
   const std::size_t last = Cell(run.CaveWidth - 1, run.CaveHeight - 1).place();
   for (std::size_t place = first; place <= last; place += Grids::kTogether) {
+    const std::uint64_t more = also(place);
     std::uint64_t ahead = ~std::uint64_t{0};
-    while (const std::uint64_t cells = due(place) & ahead) {
+    while (const std::uint64_t cells = due(run.Due(place), more) & ahead) {
       const auto bit = static_cast<std::size_t>(std::countr_zero(cells));
       ahead = ~std::uint64_t{1} << bit;
       action(Cell::AtPlace(place + bit));
     }
   }
+}
+
+std::uint64_t NoMore(std::size_t /*place*/) {
+  return 0;
 }
 
 // Every test is made afresh on the cell as it is then, so an object that has just landed gets a second
@@ -58,14 +63,21 @@ void Act(Hra& hra, Cell c, AmoebaList& room) {
   if (hra.Field(c) == kBoulder && hra.FieldState(c) == kFlat) Exploze(hra, c);
 }
 
-// Ends the moved-in-this-tick form of a monster's heading, ten times itself; ties go to the even number.
+// A tenth of every mark, ties to the even number.
+constexpr std::array<std::uint8_t, 256> kTenths = [] {
+  std::array<std::uint8_t, 256> tenths{};
+  for (std::size_t mark = 0; mark < tenths.size(); ++mark) {
+    const bool up = mark % 10 > 5 || (mark % 10 == 5 && mark / 10 % 2 == 1);
+    tenths[mark] = static_cast<std::uint8_t>(mark / 10 + (up ? 1 : 0));
+  }
+  return tenths;
+}();
+
+// Ends the moved-in-this-tick form of a monster's heading, ten times itself.
 void EndMove(Hra& hra, Cell c) {
-  const int mark = hra.FieldMark(c);
+  const std::uint8_t mark = hra.FieldMark(c);
   if (mark <= 4 || hra.Field(c) == kExplosion || hra.Field(c) == kSensor) return;
-  const int tens = mark / 10;
-  const int rest = mark % 10;
-  const bool up = rest > 5 || (rest == 5 && tens % 2 == 1);
-  hra.SetFieldMark(c, static_cast<std::uint8_t>(up ? tens + 1 : tens));
+  hra.SetFieldMark(c, kTenths[mark]);
   PREKR(hra, c);
 }
 
@@ -110,8 +122,8 @@ int Settle(Hra& hra, Cell c, int& amoebaCells) {
 
 void ExplosionScan(Hra& hra) {
   if (hra.Count(kExplosion) + hra.Count(kSensor) == 0) return;
-  const auto burning = [&hra](std::size_t place) { return hra.Due(place).burning; };
-  ForEachDue(hra, burning, [&hra](Cell c) {
+  const auto burning = [](const DueCells& cells, std::uint64_t) { return cells.burning; };
+  ForEachDue(hra, burning, NoMore, [&hra](Cell c) {
     if (hra.Field(c) == kExplosion) {
       Burn(hra, c);
     } else if (hra.FieldMark(c) == 1) {
@@ -122,18 +134,18 @@ void ExplosionScan(Hra& hra) {
 
 void ObjectScan(Hra& hra, AmoebaList& room) {
   const bool amoeba = hra.Count(kAmoeba) > 0;
-  const auto acting = [&hra, amoeba](std::size_t place) {
-    const std::uint64_t beside = amoeba ? BesideAmoeba(hra, place) : 0;
-    return (hra.Due(place).acting | beside) & ~hra.Due(place).moved;
+  const auto besideAmoeba = [&](std::size_t place) { return amoeba ? BesideAmoeba(hra, place) : 0; };
+  const auto acting = [](const DueCells& cells, std::uint64_t more) {
+    return (cells.acting | more) & ~cells.moved;
   };
-  ForEachDue(hra, acting, [&](Cell c) { Act(hra, c, room); });
+  ForEachDue(hra, acting, besideAmoeba, [&](Cell c) { Act(hra, c, room); });
 }
 
 int ClosingScan(Hra& hra) {
   int amoebaCells = 0;
   int sound = 0;
-  const auto settling = [&hra](std::size_t place) { return hra.Due(place).settling | hra.Due(place).moved; };
-  ForEachDue(hra, settling, [&](Cell c) {
+  const auto settling = [](const DueCells& cells, std::uint64_t) { return cells.settling | cells.moved; };
+  ForEachDue(hra, settling, NoMore, [&](Cell c) {
     if (const int due = Settle(hra, c, amoebaCells)) sound = due;
   });
   return sound;

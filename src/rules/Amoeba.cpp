@@ -34,7 +34,8 @@ void TooBig(Hra& hra) {
 
 void FindAmoebaRoom(const Hra& hra, Cell c, AmoebaList& list) {
   if (!HasRoom(hra, c) || !BesideAmoeba(hra, c)) return;
-  if (list.count < kAmoebaListSize) list.cells[static_cast<std::size_t>(list.count)] = c;
+  if (list.count < kAmoebaListSize)
+    list.places[static_cast<std::size_t>(list.count)] = static_cast<std::uint16_t>(c.place());
   ++list.count;
 }
 
@@ -43,10 +44,10 @@ void FindAmoebaRoom(const Hra& hra, Cell c, AmoebaList& list) {
 void GrowAmoeba(Hra& hra, const AmoebaList& list) {
   hra.AmoebaRoom = list.count;
   const bool grows = Nahoda(hra, hra.AmoebaState == kAmoebaFast ? 4 : 32) == 1;
-  if (grows && list.count > 0 && HasRoom(hra, list.cells.front())) {
+  if (grows && list.count > 0 && HasRoom(hra, Cell::AtPlace(list.places.front()))) {
     const int k = Nahoda(hra, list.count) - 1;
     if (k >= 0 && k < std::min(list.count, kAmoebaListSize)) {
-      const Cell c = list.cells[static_cast<std::size_t>(k)];
+      const Cell c = Cell::AtPlace(list.places[static_cast<std::size_t>(k)]);
       hra.SetObject(c, kAmoeba, kFlat);
       hra.SetFieldMark(c, 0);
       PREKR(hra, c);

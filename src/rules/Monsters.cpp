@@ -43,16 +43,10 @@ bool BesideDeadly(const Hra& hra, Cell c) {
 }  // namespace
 
 void Potvory(Hra& hra, Cell c) {
-  switch (hra.Field(c)) {
-    case kFireFly:
-      return FollowWall(hra, c, kFireFlyTurns);
-    case kButterFly:
-      return FollowWall(hra, c, kButterFlyTurns);
-    case kFly:
-      return MoveFly(hra, c);
-    default:
-      return MoveDragonFly(hra, c);
-  }
+  const std::uint16_t code = hra.Field(c);
+  if (code == kFly) return MoveFly(hra, c);
+  if (code == kDragonFly) return MoveDragonFly(hra, c);
+  FollowWall(hra, c, code == kFireFly ? kFireFlyTurns : kButterFlyTurns);
 }
 
 void Contact(Hra& hra, Cell c) {
