@@ -115,7 +115,7 @@ char NewCell(int x, int y, int width, int height) {
 
 }  // namespace
 
-std::string TwoDigits(int number) {
+std::string MarkerDigits(int number) {
   return {static_cast<char>('0' + number / 10), static_cast<char>('0' + number % 10)};
 }
 
@@ -198,7 +198,7 @@ Result<std::string> BuildCollection(const EditedCollection& collection, Chance& 
   lines.push_back(*second + collection.Description);
   lines.push_back(collection.Mail + kOpenToEditing);
   for (std::size_t i = 0; i < count; ++i) {
-    lines.push_back(collection.CaveList[i] + "---" + TwoDigits(static_cast<int>(i + 1)));
+    lines.push_back(collection.CaveList[i] + "---" + MarkerDigits(static_cast<int>(i + 1)));
   }
   lines.push_back(collection.CongratulationText);
   return ScrambleLines(lines, decoration);
@@ -206,7 +206,7 @@ Result<std::string> BuildCollection(const EditedCollection& collection, Chance& 
 
 std::string FindCaveText(std::string_view bytes, int number) {
   if (number < 0 || number > kMostCaves) return {};
-  const std::string digits = TwoDigits(number);
+  const std::string digits = MarkerDigits(number);
   for (RecordLines lines(std::string(bytes), LineEnds::CrLfOrLf); !lines.AtEnd();) {
     std::string plain = UnscrambleText(lines.Next());
     if (EndsWithMarker(plain) && plain.ends_with(digits)) return plain;

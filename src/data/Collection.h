@@ -28,7 +28,7 @@ inline constexpr int kOpenCaveOffset = 64;
 using CaveFlags = std::bitset<kMostCaves + 1>;
 
 // The two digits of a cave number, 0 to 99, as they stand in its marker.
-std::string TwoDigits(int number);
+std::string MarkerDigits(int number);
 
 // All lines of a scrambled file in their plain form.
 std::vector<std::string> PlainLines(std::string_view bytes);

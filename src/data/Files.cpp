@@ -45,7 +45,8 @@ class Descriptor {
 
 // Says what the system's last call complained about.
 Failure SystemFailure(const std::string& action, const std::string& path) {
-  return Failure{"cannot " + action + " " + path + ": " + std::generic_category().message(errno)};
+  const int error = errno;
+  return Failure{"cannot " + action + " " + path + ": " + std::generic_category().message(error)};
 }
 
 bool WriteAll(int file, std::string_view bytes) {
@@ -78,7 +79,7 @@ struct NewFile {
 
 // A file that was not there before, in the same folder, as only there a name can change hands at once.
 NewFile MakeFileBeside(const std::string& path) {
-  constexpr int kMostTries = 1000;
+  constexpr int kMostTries = 100;
   const std::string start = FolderOf(path) + "/.zorik-" + std::to_string(getpid()) + "-";
   for (int i = 0; i < kMostTries; ++i) {
     std::string name = start + std::to_string(i) + ".tmp";

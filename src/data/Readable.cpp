@@ -70,7 +70,8 @@ Result<std::string> BuildMeasured(const ReadableEntry& entry, const Result<std::
 }
 
 Result<std::string> BuildMail(const ReadableEntry& mail, const ReadableEntry* flag) {
-  const std::string character = flag ? flag->Text() : "0";
+  if (!flag) return mail.Text() + "0";
+  const std::string character = flag->Text();
   if (character.size() != 1) return FailureIn(flag->number, "the flag is not one character");
   return mail.Text() + character;
 }
@@ -119,7 +120,8 @@ Result<std::string> BuildCaveLine(const TextFiles& files, const ReadableEntry& e
 
 Result<std::vector<std::string>> BuildLines(const TextFiles& files, const Entries& entries) {
   std::vector<std::string> lines;
-  for (std::size_t i = 0; i < HeadLength(entries); ++i) {
+  const std::size_t headLength = HeadLength(entries);
+  for (std::size_t i = 0; i < headLength; ++i) {
     Result<std::string> line = BuildHeadLine(entries, i);
     if (!line) return Failure{line.Message()};
     lines.push_back(std::move(*line));

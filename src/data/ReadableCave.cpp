@@ -38,7 +38,7 @@ constexpr std::array<std::string_view, 14> kKeys = {
     "amoeba-time", "colouring",   "slime", "marker", "cells",         "cat",          "cat-text"};
 
 std::string MarkerOf(int number) {
-  return number > kMostCaves ? std::string() : TwoDigits(number);
+  return number > kMostCaves ? std::string() : MarkerDigits(number);
 }
 
 // A program is shown by its commands if all of them are two characters that can be told from blanks.

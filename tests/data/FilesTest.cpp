@@ -1,0 +1,295 @@
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <csignal>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "data/Cp1250.h"
+#include "data/Files.h"
+#include "data/RecordFile.h"
+
+namespace zorik {
+namespace {
+
+namespace fs = std::filesystem;
+
+// An empty folder of its own for each test.
+class Folder : public testing::Test {
+ protected:
+  void SetUp() override {
+    std::string name = testing::TempDir() + "zorik-files-XXXXXX";
+    ASSERT_NE(mkdtemp(name.data()), nullptr);
+    path_ = name;
+  }
+
+  void TearDown() override { fs::remove_all(path_); }
+
+  std::string In(const std::string& name) const { return path_ + "/" + name; }
+
+  std::vector<std::string> Entries() const {
+    std::vector<std::string> names;
+    for (const auto& entry : fs::directory_iterator(path_)) names.push_back(entry.path().filename().string());
+    std::sort(names.begin(), names.end());
+    return names;
+  }
+
+  std::string path_;
+};
+
+class WholeFile : public Folder {};
+class FileSystemNames : public Folder {};
+class ResolvedPath : public Folder {};
+using Names = std::vector<std::string>;
+
+TEST_F(WholeFile, IsReadAsItWasWritten) {
+  std::string bytes;
+  for (int i = 0; i < 200000; ++i) bytes += static_cast<char>(i % 251);
+  const auto written = WriteWhole(In("a.zk"), bytes);
+  ASSERT_TRUE(written) << written.Message();
+  const auto again = ReadWhole(In("a.zk"));
+  ASSERT_TRUE(again) << again.Message();
+  EXPECT_EQ(*again, bytes);
+}
+
+TEST_F(WholeFile, MayBeEmpty) {
+  ASSERT_TRUE(WriteWhole(In("a.zk"), ""));
+  EXPECT_EQ(*ReadWhole(In("a.zk")), "");
+}
+
+TEST_F(WholeFile, TakesThePlaceOfALongerOne) {
+  ASSERT_TRUE(WriteWhole(In("a.zk"), "a long content"));
+  ASSERT_TRUE(WriteWhole(In("a.zk"), "short"));
+  EXPECT_EQ(*ReadWhole(In("a.zk")), "short");
+}
+
+TEST_F(WholeFile, LeavesNoOtherFileBehind) {
+  ASSERT_TRUE(WriteWhole(In("a.zk"), "one"));
+  ASSERT_TRUE(WriteWhole(In("a.zk"), "two"));
+  EXPECT_EQ(Entries(), Names{"a.zk"});
+}
+
+TEST_F(WholeFile, ThatMayNotBeWrittenIsReplacedAndStaysReadableToOthers) {
+  ASSERT_TRUE(WriteWhole(In("a.zk"), "old"));
+  ASSERT_EQ(chmod(In("a.zk").c_str(), 0444), 0);
+  ASSERT_TRUE(WriteWhole(In("a.zk"), "new"));
+  EXPECT_EQ(*ReadWhole(In("a.zk")), "new");
+  EXPECT_EQ(fs::status(In("a.zk")).permissions(), fs::perms(0644));
+}
+
+TEST_F(WholeFile, BehindALinkIsReplacedAndTheLinkStays) {
+  fs::create_directory(In("elsewhere"));
+  ASSERT_TRUE(WriteWhole(In("elsewhere/a.zk"), "old"));
+  fs::create_symlink(In("elsewhere/a.zk"), In("link.zk"));
+  ASSERT_TRUE(WriteWhole(In("link.zk"), "new"));
+  EXPECT_TRUE(fs::is_symlink(In("link.zk")));
+  EXPECT_EQ(*ReadWhole(In("elsewhere/a.zk")), "new");
+}
+
+TEST_F(WholeFile, IsWrittenByARelativePath) {
+  const fs::path before = fs::current_path();
+  fs::current_path(path_);
+  const auto written = WriteWhole("a.zk", "here");
+  fs::current_path(before);
+  ASSERT_TRUE(written) << written.Message();
+  EXPECT_EQ(*ReadWhole(In("a.zk")), "here");
+}
+
+TEST_F(WholeFile, ThatIsNotThereFailsWithItsPath) {
+  const auto bytes = ReadWhole(In("none.zk"));
+  ASSERT_FALSE(bytes);
+  EXPECT_EQ(bytes.Message(), "cannot read " + In("none.zk") + ": No such file or directory");
+}
+
+TEST_F(WholeFile, ThatIsAFolderFailsWithItsPath) {
+  const auto bytes = ReadWhole(path_);
+  ASSERT_FALSE(bytes);
+  EXPECT_EQ(bytes.Message(), "cannot read " + path_ + ": Is a directory");
+}
+
+TEST_F(WholeFile, ThatNeverEndsFails) {
+  const auto bytes = ReadWhole("/dev/zero");
+  ASSERT_FALSE(bytes);
+  EXPECT_EQ(bytes.Message(), "cannot read /dev/zero: the file is too large");
+}
+
+TEST_F(WholeFile, InAFolderThatIsNotThereIsNotWritten) {
+  const auto written = WriteWhole(In("none/a.zk"), "bytes");
+  ASSERT_FALSE(written);
+  EXPECT_EQ(written.Message(), "cannot write " + In("none/a.zk") + ": No such file or directory");
+}
+
+TEST_F(WholeFile, DoesNotTakeThePlaceOfAFolder) {
+  fs::create_directory(In("a.zk"));
+  const auto written = WriteWhole(In("a.zk"), "bytes");
+  ASSERT_FALSE(written);
+  EXPECT_EQ(written.Message(), "cannot write " + In("a.zk") + ": Is a directory");
+  EXPECT_EQ(Entries(), Names{"a.zk"});
+}
+
+// A limit on the size of files stands for a disk that is full after a few bytes.
+TEST_F(WholeFile, StaysAsItWasWhenTheDiskIsFull) {
+  ASSERT_TRUE(WriteWhole(In("a.zk"), "the old content"));
+  rlimit before = {};
+  ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &before), 0);
+  const auto handler = signal(SIGXFSZ, SIG_IGN);
+  rlimit small = before;
+  small.rlim_cur = 4;
+  ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
+  const auto written = WriteWhole(In("a.zk"), "the new content");
+  ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &before), 0);
+  signal(SIGXFSZ, handler);
+  ASSERT_FALSE(written);
+  EXPECT_EQ(written.Message(), "cannot write " + In("a.zk") + ": File too large");
+  EXPECT_EQ(*ReadWhole(In("a.zk")), "the old content");
+  EXPECT_EQ(Entries(), Names{"a.zk"});
+}
+
+TEST_F(WholeFile, PassesOverWhatAnEarlierCrashLeft) {
+  const std::string leftover = ".zorik-" + std::to_string(getpid()) + "-0.tmp";
+  ASSERT_TRUE(WriteWhole(In(leftover), "half"));
+  ASSERT_TRUE(WriteWhole(In("a.zk"), "whole"));
+  EXPECT_EQ(*ReadWhole(In("a.zk")), "whole");
+  EXPECT_EQ(*ReadWhole(In(leftover)), "half");
+}
+
+TEST_F(WholeFile, IsNotWrittenWhenAHundredCrashesLeftSomething) {
+  for (int i = 0; i < 100; ++i) {
+    const std::string leftover = ".zorik-" + std::to_string(getpid()) + "-" + std::to_string(i) + ".tmp";
+    fs::create_directory(In(leftover));
+  }
+  const auto written = WriteWhole(In("a.zk"), "whole");
+  ASSERT_FALSE(written);
+  EXPECT_EQ(written.Message(), "cannot write " + In("a.zk") + ": File exists");
+}
+
+TEST_F(FileSystemNames, AreUtf8) {
+  EXPECT_EQ(FileSystemName("Zor\xEDk.zkr"), "Zorík.zkr");
+}
+
+TEST_F(FileSystemNames, LoseZeroBytesAndSlashes) {
+  EXPECT_EQ(FileSystemName(std::string("a\0b/c\\d", 7)), "abcd");
+}
+
+TEST_F(FileSystemNames, NeverLeadToTheFolderItselfOrTheOneAboveIt) {
+  EXPECT_EQ(FileSystemName("."), "_");
+  EXPECT_EQ(FileSystemName(".."), "__");
+  EXPECT_EQ(FileSystemName("/../"), "__");
+  EXPECT_EQ(FileSystemName("..."), "...");
+}
+
+TEST_F(FileSystemNames, StayWholeUpTo255Bytes) {
+  const std::string longest = std::string(251, 'a') + ".zkr";
+  EXPECT_EQ(FileSystemName(longest), longest);
+  const std::string accented = std::string(1, 'a') + std::string(125, '\xE1') + ".zkr";  // two bytes each
+  EXPECT_EQ(FileSystemName(accented).size(), 255U);
+  EXPECT_EQ(FileSystemName(accented), ToUtf8(accented));
+}
+
+TEST_F(FileSystemNames, TooLongForTheFileSystemAreShortenedAndCanBeWritten) {
+  for (const std::string& name :
+       {std::string(380, 'a'), std::string(380, '\xE1'), "x" + std::string(380, '\xE1'),
+        "x" + std::string(380, '\x80'), "xx" + std::string(380, '\x80')}) {
+    const std::string shortened = FileSystemName(name + ".zkr");
+    EXPECT_LE(shortened.size(), 255U);
+    EXPECT_TRUE(FromUtf8(shortened));
+    EXPECT_TRUE(shortened.ends_with(".zkr"));
+    EXPECT_TRUE(ToUtf8(name).starts_with(shortened.substr(0, 200)));
+    const auto written = WriteWhole(In(shortened), "run");
+    EXPECT_TRUE(written) << written.Message();
+  }
+}
+
+TEST_F(FileSystemNames, TooLongKeepNoExtensionThatIsNone) {
+  const std::string shortened = FileSystemName("a." + std::string(300, 'b'));
+  EXPECT_EQ(shortened.size(), 255U);
+  EXPECT_EQ(shortened[255 - 17], '~');
+}
+
+TEST_F(FileSystemNames, TooLongDifferWhereTheWholeNamesDiffer) {
+  const std::string start(300, 'a');
+  EXPECT_NE(FileSystemName(start + "1.zkr"), FileSystemName(start + "2.zkr"));
+}
+
+TEST_F(FileSystemNames, TooLongAreFoundWithoutRegardToCase) {
+  const std::string name = RecordFileName(std::string(190, '\xC1'), std::string(190, 'B'));
+  ASSERT_TRUE(WriteWhole(In(FileSystemName(name)), "run"));
+  const std::string other = FileSystemName(LowerCase(name));
+  EXPECT_NE(other, FileSystemName(name));
+  EXPECT_EQ(*ReadWhole(ResolvePath(In(other))), "run");
+}
+
+TEST_F(ResolvedPath, IsThePathItselfWhenItIsThere) {
+  ASSERT_TRUE(WriteWhole(In("a.zk"), ""));
+  EXPECT_EQ(ResolvePath(In("a.zk")), In("a.zk"));
+}
+
+TEST_F(ResolvedPath, IsFoundWithoutRegardToCaseComponentByComponent) {
+  fs::create_directories(In("Hráči/MORVEK"));
+  ASSERT_TRUE(WriteWhole(In("Hráči/MORVEK/Šedá Jeskyně.zkr"), ""));
+  EXPECT_EQ(ResolvePath(In("hRÁČI/morvek/ŠEDÁ jeskyně.ZKR")), In("Hráči/MORVEK/Šedá Jeskyně.zkr"));
+}
+
+TEST_F(ResolvedPath, TakesBothSeparators) {
+  fs::create_directories(In("Skins/Default"));
+  EXPECT_EQ(ResolvePath(path_ + "\\SKINS\\default"), In("Skins/Default"));
+}
+
+TEST_F(ResolvedPath, MayHoldABackslashThatIsPartOfAName) {
+  ASSERT_TRUE(WriteWhole(In("a\\b.zk"), ""));
+  EXPECT_EQ(ResolvePath(In("a\\b.zk")), In("a\\b.zk"));
+}
+
+TEST_F(ResolvedPath, PrefersTheExactName) {
+  ASSERT_TRUE(WriteWhole(In("A.zk"), ""));
+  ASSERT_TRUE(WriteWhole(In("a.zk"), ""));
+  EXPECT_EQ(ResolvePath(In("a.zk")), In("a.zk"));
+  EXPECT_EQ(ResolvePath(In("A.zk")), In("A.zk"));
+}
+
+TEST_F(ResolvedPath, PrefersTheExactFolder) {
+  fs::create_directories(In("Sada"));
+  fs::create_directories(In("sada"));
+  ASSERT_TRUE(WriteWhole(In("sada/A.zk"), ""));
+  EXPECT_EQ(ResolvePath(In("sada/a.zk")), In("sada/A.zk"));
+}
+
+TEST_F(ResolvedPath, TakesTheFirstOfSeveralInByteOrder) {
+  ASSERT_TRUE(WriteWhole(In("SADA.zk"), ""));
+  ASSERT_TRUE(WriteWhole(In("Sada.zk"), ""));
+  EXPECT_EQ(ResolvePath(In("sada.zk")), In("SADA.zk"));
+}
+
+TEST_F(ResolvedPath, FindsNamesThatAreWrittenInWindows1250) {
+  ASSERT_TRUE(WriteWhole(In("k\xF9\xF2.zk"), ""));
+  EXPECT_EQ(ResolvePath(In("Kůň.zk")), In("k\xF9\xF2.zk"));
+}
+
+TEST_F(ResolvedPath, StaysAsGivenFromTheFirstMissingComponent) {
+  fs::create_directory(In("Players"));
+  EXPECT_EQ(ResolvePath(In("PLAYERS/New/Run.zkr")), In("Players/New/Run.zkr"));
+  EXPECT_EQ(ResolvePath(In("PLAYERS\\New")), In("Players/New"));
+}
+
+TEST_F(ResolvedPath, MayBeRelativeOrEmpty) {
+  const fs::path before = fs::current_path();
+  fs::current_path(path_);
+  ASSERT_TRUE(WriteWhole("Sada.zk", ""));
+  const std::string resolved = ResolvePath("SADA.ZK");
+  fs::current_path(before);
+  EXPECT_EQ(resolved, "Sada.zk");
+  EXPECT_EQ(ResolvePath(""), "");
+}
+
+TEST_F(ResolvedPath, MayHoldPointsAndEndInASeparator) {
+  fs::create_directory(In("Skins"));
+  EXPECT_EQ(ResolvePath(In("./x/../SKINS/")), In("./x/../SKINS/"));
+  EXPECT_EQ(ResolvePath(In("./SKINS/")), In("./Skins/"));
+}
+
+}  // namespace
+}  // namespace zorik
