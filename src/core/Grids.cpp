@@ -68,9 +68,9 @@ const std::array<std::uint8_t, Grids::kCodes* 8> Grids::kFlags = [] {
   return flags;
 }();
 
-void Grids::Recount(Cell c, std::uint16_t old) {
+void Grids::Recount(Cell c, Content old) {
   const std::uint16_t code = Field(c);
-  if ((Traits(old) & trait::kCounted) != 0) --count_[old % kCodes];
+  if ((kTraits[old % kCodes] & trait::kCounted) != 0) --count_[old % kCodes];
   if ((Traits(code) & trait::kCounted) != 0) ++count_[code % kCodes];
   DueCells& due = due_[c.place() / kTogether];
   Put(due.amoeba, Bit(c), code == kAmoeba);

@@ -34,18 +34,20 @@ struct DueCells {
 // whose code changes while their state stays.
 class Grids {
  public:
-  std::uint16_t Field(Cell c) const { return cells_[c.place()].code; }
-  std::uint8_t FieldState(Cell c) const { return cells_[c.place()].state; }
-  std::uint8_t FieldMark(Cell c) const { return cells_[c.place()].mark; }
+  std::uint16_t Field(Cell c) const { return static_cast<std::uint16_t>(cells_[c.place()]); }
+  std::uint8_t FieldState(Cell c) const { return static_cast<std::uint8_t>(cells_[c.place()] >> kStateBit); }
+  std::uint8_t FieldMark(Cell c) const { return static_cast<std::uint8_t>(cells_[c.place()] >> kMarkBit); }
   bool FieldMoved(Cell c) const { return (Due(c.place()).moved & Bit(c)) != 0; }  // see DueCells
 
-  void SetField(Cell c, std::uint16_t code) { Set(c, {code, FieldState(c), FieldMark(c)}); }
-  void SetFieldState(Cell c, std::uint8_t state) { Set(c, {Field(c), state, FieldMark(c)}); }
-  void SetFieldMark(Cell c, std::uint8_t mark) { Set(c, {Field(c), FieldState(c), mark}); }
-  void SetObject(Cell c, std::uint16_t code, std::uint8_t state) { Set(c, {code, state, FieldMark(c)}); }
-  // A monster that comes or goes: its heading is its mark.
+  void SetField(Cell c, std::uint16_t code) { Set(c, (cells_[c.place()] & ~kCodeBits) | code); }
+  void SetFieldState(Cell c, std::uint8_t state) { SetObject(c, Field(c), state); }
+  void SetFieldMark(Cell c, std::uint8_t mark) { SetMonster(c, Field(c), mark); }
+  void SetObject(Cell c, std::uint16_t code, std::uint8_t state) {
+    Set(c, (cells_[c.place()] & (kByte << kMarkBit)) | code | Content{state} << kStateBit);
+  }
+  // A monster that comes, goes or turns: its heading is its mark.
   void SetMonster(Cell c, std::uint16_t code, std::uint8_t heading) {
-    Set(c, {code, FieldState(c), heading});
+    Set(c, (cells_[c.place()] & (kByte << kStateBit)) | code | Content{heading} << kMarkBit);
   }
   void SetFieldMoved(Cell c, bool moved) {
     std::uint64_t& word = due_[c.place() / kTogether].moved;
@@ -66,11 +68,11 @@ class Grids {
   std::uint64_t Glitter(int x) const { return glitter_[static_cast<std::size_t>(x - Cell::kMinX)]; }
 
  private:
-  struct Content {
-    std::uint16_t code = 0;
-    std::uint8_t state = 0;
-    std::uint8_t mark = 0;
-  };
+  // A cell: 16 bits of code, then 8 of state, then 8 of mark.
+  using Content = std::uint32_t;
+  static constexpr Content kByte = 0xFF;
+  static constexpr Content kCodeBits = 0xFFFF;
+  static constexpr int kStateBit = 16, kMarkBit = 24;
 
   // The two codes above the table, 65534 and 65535, fall on 30 and 31.
   static constexpr std::size_t kCodes = 32;
@@ -79,23 +81,22 @@ class Grids {
 
   static std::uint64_t Bit(Cell c) { return std::uint64_t{1} << (c.place() % kTogether); }
   static std::uint8_t FlagsOf(Content content) {
-    return kFlags[content.code % kCodes + (content.state & 3U) * kCodes +
-                  (content.mark > 4 ? 4 * kCodes : 0)];
+    const std::size_t highMark = (content >> kMarkBit) > 4 ? 4 * kCodes : 0;
+    return kFlags[content % kCodes + (content >> kStateBit) % 4 * kCodes + highMark];
   }
   static void Put(std::uint64_t& word, std::uint64_t bit, bool in) {
     word = (word & ~bit) | (bit & (std::uint64_t{0} - std::uint64_t{in}));
   }
   void Set(Cell c, Content content) {
-    Content& own = cells_[c.place()];
-    const std::uint16_t old = own.code;
-    own = content;
+    const Content old = cells_[c.place()];
+    cells_[c.place()] = content;
     const std::uint8_t flags = FlagsOf(content);
     DueCells& due = due_[c.place() / kTogether];
     Put(due.acting, Bit(c), (flags & kActing) != 0);
     Put(due.settling, Bit(c), (flags & kSettling) != 0);
-    if (((Traits(old) | Traits(content.code)) & trait::kCounted) != 0) Recount(c, old);
+    if (((kTraits[old % kCodes] | kTraits[content % kCodes]) & trait::kCounted) != 0) Recount(c, old);
   }
-  void Recount(Cell c, std::uint16_t old);
+  void Recount(Cell c, Content old);
 
   static constexpr std::uint8_t kActing = 1, kSettling = 2;
 

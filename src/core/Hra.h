@@ -103,7 +103,7 @@ struct RunState : Grids {
   // Record
   std::string RecordText;       // of the run that is played
   std::string_view RecordLine;  // what is left of the line that is replayed
-  bool RanDry = false;          // the replay asked for more than its line held
+  bool RanDry = false;          // the replay has asked for more than this line held
 
   // Repainting a cell tells the sensors beside it, but only while a tick runs.
   bool SensorsListen = false;

@@ -63,6 +63,13 @@ inline Unit& ActiveUnit(Hra& hra) {
   return hra.Dog[static_cast<std::size_t>(hra.ActiveDog)];
 }
 
+// Copies a whole cell, state, object and mark, and repaints nothing. No rule moves a cell as a whole today;
+// one that does shall do it with this.
+inline void ValRVal(Hra& hra, Cell to, Cell from) {
+  hra.SetObject(to, hra.Field(from), hra.FieldState(from));
+  hra.SetFieldMark(to, hra.FieldMark(from));
+}
+
 inline bool IsOneOf(std::uint16_t code, std::uint16_t first, std::uint16_t last) {
   return code >= first && code <= last;
 }

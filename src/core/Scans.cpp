@@ -59,7 +59,7 @@ void Act(Hra& hra, Cell c, AmoebaList& room) {
     default:
       break;
   }
-  FindAmoebaRoom(hra, c, room);
+  if (hra.Field(c) <= kDirt) FindAmoebaRoom(hra, c, room);
   if (hra.Field(c) == kBoulder && hra.FieldState(c) == kFlat) Exploze(hra, c);
 }
 

@@ -16,6 +16,7 @@ bool NextRecordLine(Hra& hra, TickEnd& end) {
     return false;
   }
   hra.RecordLine = hra.Record.Next();
+  hra.RanDry = false;
   if (!hra.RecordLine.empty()) return true;
   RestartCave(hra);
   end = TickEnd::Restarted;
