@@ -1,0 +1,245 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <filesystem>
+#include <map>
+#include <optional>
+#include <set>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/Objects.h"
+#include "data/Cp1250.h"
+#include "data/Files.h"
+#include "data/Progress.h"
+#include "data/RecordFile.h"
+#include "zktool/Verdict.h"
+
+namespace zorik::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* kFirstSteps = "prvni-krucky";
+constexpr int kEditorWidth = 80;  // larger caves could not be edited
+constexpr int kEditorHeight = 50;
+constexpr int kGemsOfAButterfly = 9;
+
+std::vector<std::string> CollectionNames() {
+  std::vector<std::string> names;
+  for (const auto& entry : fs::directory_iterator(ZORIK_CAVES)) {
+    if (entry.path().extension() == ".zk") names.push_back(entry.path().stem().string());
+  }
+  EXPECT_FALSE(names.empty());
+  std::sort(names.begin(), names.end());
+  return names;
+}
+
+PlayedCollection Open(const std::string& name) {
+  const Result<std::string> bytes = ReadWhole(std::string(ZORIK_CAVES) + "/" + name + ".zk");
+  if (!bytes) {
+    ADD_FAILURE() << bytes.Message();
+    return {};
+  }
+  Result<PlayedCollection> collection = ReadForPlay(*bytes);
+  if (!collection) {
+    ADD_FAILURE() << name << ": " << collection.Message();
+    return {};
+  }
+  return std::move(*collection);
+}
+
+// The bytes of the record that wins a cave.
+std::string RecordOf(const std::string& collection, std::size_t number) {
+  char file[16];
+  std::snprintf(file, sizeof file, "/%02zu.zkr", number);
+  const Result<std::string> bytes = ReadWhole(std::string(ZORIK_CAVES) + "/records/" + collection + file);
+  if (!bytes) ADD_FAILURE() << bytes.Message();
+  return bytes ? *bytes : std::string();
+}
+
+std::string Rows(const CaveRecord& cave) {
+  std::string rows;
+  for (std::size_t y = 0; y < cave.Height; ++y) {
+    for (std::size_t x = 0; x < cave.Width; ++x) rows += cave.Cells[x][y];
+    rows += '\n';
+  }
+  return rows;
+}
+
+int CountOf(const CaveRecord& cave, std::string_view letters) {
+  const std::string rows = Rows(cave);
+  return static_cast<int>(std::count_if(rows.begin(), rows.end(), [letters](char letter) {
+    return letter != '\n' && letters.find(letter) != std::string_view::npos;
+  }));
+}
+
+int Splitters(const CaveRecord& cave) {
+  const std::string rows = Rows(cave);
+  int count = 0;
+  for (std::size_t at = rows.find("WEW"); at != std::string::npos; at = rows.find("WEW", at + 1)) ++count;
+  return count;
+}
+
+// How many gems the cave can give at the very most: those that lie in it, what butterflies leave, what an
+// amoeba turns into when it has eaten all there is to eat, what a magic wall makes of boulders, and all of
+// it twice if it goes through a splitter.
+int MostGems(const CaveRecord& cave) {
+  int gems = CountOf(cave, "D") + kGemsOfAButterfly * CountOf(cave, "UYZB");
+  if (CountOf(cave, "A") > 0) gems += CountOf(cave, "A.;");
+  if (CountOf(cave, "M") > 0) gems += CountOf(cave, "R");
+  return Splitters(cave) > 0 ? 2 * gems : gems;
+}
+
+template <class Check>
+void ForEachCave(Check check) {
+  for (const std::string& name : CollectionNames()) {
+    const PlayedCollection collection = Open(name);
+    ASSERT_FALSE(collection.Caves.empty()) << name;
+    for (const PlayedCave& cave : collection.Caves) {
+      SCOPED_TRACE(name + ": " + ToUtf8(cave.Record.Name));
+      check(cave.Record);
+    }
+  }
+}
+
+TEST(ShippedCaves, AreMadeOfKnownLettersInSizesThatTheEditorTakes) {
+  ForEachCave([](const CaveRecord& cave) {
+    EXPECT_LE(cave.Width, kEditorWidth);
+    EXPECT_LE(cave.Height, kEditorHeight);
+    for (const char letter : Rows(cave)) {
+      EXPECT_TRUE(letter == '\n' || FindLetter(letter) != nullptr) << letter;
+    }
+  });
+}
+
+TEST(ShippedCaves, HaveDogsNumberedFromOneWithoutGaps) {
+  ForEachCave([](const CaveRecord& cave) {
+    const int dogs = CountOf(cave, "123456789");
+    EXPECT_GE(dogs, 1);
+    for (int n = 1; n <= dogs; ++n) EXPECT_EQ(CountOf(cave, std::to_string(n)), 1) << "dog " << n;
+    EXPECT_EQ(CountOf(cave, "H"), 0);
+  });
+}
+
+TEST(ShippedCaves, HaveOneFinishAndAtMostOneCat) {
+  ForEachCave([](const CaveRecord& cave) {
+    EXPECT_EQ(CountOf(cave, "T"), 1);
+    EXPECT_LE(CountOf(cave, "J"), 1);
+    EXPECT_EQ(CountOf(cave, "J") == 1, !cave.Script.empty());
+  });
+}
+
+TEST(ShippedCaves, HaveAKeyForEveryLockAndALockForEveryKey) {
+  ForEachCave([](const CaveRecord& cave) {
+    for (const char* pair : {"!%", "@^", "#&"}) {
+      EXPECT_EQ(CountOf(cave, std::string(1, pair[0])) > 0, CountOf(cave, std::string(1, pair[1])) > 0)
+          << pair;
+    }
+  });
+}
+
+TEST(ShippedCaves, CanGiveTheGemsThatTheyAskFor) {
+  ForEachCave([](const CaveRecord& cave) {
+    EXPECT_GT(cave.GemsNeeded, 0);
+    EXPECT_LE(cave.GemsNeeded, MostGems(cave));
+  });
+}
+
+TEST(ShippedCaves, TellWhatTheyAreAboutAndLeaveTimeForIt) {
+  ForEachCave([](const CaveRecord& cave) {
+    EXPECT_FALSE(cave.Name.empty());
+    EXPECT_FALSE(cave.Description.empty());
+    EXPECT_GE(cave.Time, 60);
+    EXPECT_LE(cave.Time, 999);  // three digits on the clock
+    EXPECT_GT(cave.PointsBefore, 0);
+    EXPECT_GE(cave.PointsAfter, cave.PointsBefore);
+    EXPECT_LE(cave.PointsAfter, 99);  // two digits beside it
+  });
+}
+
+TEST(ShippedCaves, HaveNamesThatKeepTheirRecordsApart) {
+  for (const std::string& name : CollectionNames()) {
+    const PlayedCollection collection = Open(name);
+    std::set<std::string> files;
+    for (const PlayedCave& cave : collection.Caves) {
+      files.insert(LowerCase(RecordFileName(collection.Name, cave.Record.Name)));
+    }
+    EXPECT_EQ(files.size(), collection.Caves.size()) << name;
+  }
+}
+
+TEST(ShippedCaves, AreAllWonByTheirRecords) {
+  for (const std::string& name : CollectionNames()) {
+    const std::size_t count = Open(name).Caves.size();
+    for (std::size_t i = 1; i <= count; ++i) {
+      Hra hra;
+      const Judgement judgement = Judge(hra, RecordOf(name, i));
+      EXPECT_EQ(judgement.verdict, Verdict::Won) << name << " " << i << ": " << judgement.message;
+      EXPECT_EQ(judgement.score, judgement.stored) << name << " " << i;
+    }
+  }
+}
+
+TEST(ShippedCaves, AreAllSolvedForThePlayerOfTheirRecords) {
+  for (const std::string& name : CollectionNames()) {
+    const PlayedCollection collection = Open(name);
+    std::map<std::string, std::string> files;
+    int total = 0;
+    for (std::size_t i = 1; i <= collection.Caves.size(); ++i) {
+      const std::string bytes = RecordOf(name, i);
+      RecordLines lines(bytes);
+      total += ReadRecordHead(lines).Score;
+      files[RecordFileName(collection.Name, collection.Caves[i - 1].Record.Name)] = bytes;
+    }
+    const Progress progress = ReadProgress(collection, "Zor\xEDk", [&files](const std::string& file) {
+      const auto found = files.find(file);
+      return found == files.end() ? std::nullopt : std::optional(found->second);
+    });
+    for (std::size_t i = 1; i <= collection.Caves.size(); ++i) {
+      EXPECT_EQ(progress.CaveStates[i], CaveState::Solved) << name << " " << i;
+    }
+    EXPECT_EQ(progress.Rest, 0) << name;
+    EXPECT_EQ(progress.Total, total) << name;
+  }
+}
+
+TEST(FirstSteps, AreTenCavesOfWhichOnlyTheFirstIsOpen) {
+  const PlayedCollection collection = Open(kFirstSteps);
+  EXPECT_EQ(ToUtf8(collection.Name), "Zoríkovy první krůčky");
+  EXPECT_EQ(collection.Caves.size(), 10U);
+  EXPECT_EQ(collection.OpenCaves.count(), 1U);
+  EXPECT_TRUE(collection.OpenCaves[1]);
+}
+
+TEST(FirstSteps, HaveOneDogToACaveButForTheThreeThatHelpEachOther) {
+  for (const PlayedCave& cave : Open(kFirstSteps).Caves) {
+    const std::string name = ToUtf8(cave.Record.Name);
+    EXPECT_EQ(CountOf(cave.Record, "123456789"), name == "Tři Zoríci" ? 3 : 1) << name;
+  }
+}
+
+TEST(FirstSteps, HaveOneBonusCaveThatIsNeitherTheFirstNorTheLast) {
+  const std::vector<PlayedCave> caves = Open(kFirstSteps).Caves;
+  ASSERT_GE(caves.size(), 2U);
+  EXPECT_EQ(std::count_if(caves.begin(), caves.end(),
+                          [](const PlayedCave& cave) { return JeBonus(cave.Record.Name); }),
+            1);
+  EXPECT_FALSE(JeBonus(caves.front().Record.Name));
+  EXPECT_FALSE(JeBonus(caves.back().Record.Name));
+}
+
+TEST(FirstSteps, ShowAllFiveColourings) {
+  std::set<int> colourings;
+  for (const PlayedCave& cave : Open(kFirstSteps).Caves) colourings.insert(cave.Record.Colouring);
+  EXPECT_EQ(colourings, (std::set<int>{4, 10, 11, 12, 13}));
+}
+
+TEST(FirstSteps, EndWithACongratulationThatNamesThePoints) {
+  EXPECT_NE(Open(kFirstSteps).Congratulation.find("$P"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace zorik::test

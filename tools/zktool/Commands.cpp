@@ -1,0 +1,246 @@
+#include "zktool/Commands.h"
+
+#include <algorithm>
+#include <array>
+#include <iomanip>
+#include <limits>
+#include <ostream>
+
+namespace zorik {
+namespace {
+
+struct Command {
+  std::string_view name;
+  std::string_view usage;    // what stands behind the name
+  std::string_view summary;  // in a line
+  std::string_view details;  // paragraphs, each line ended
+  std::span<const Option> options;
+  Operands operands;
+  Exit (*run)(const CommandLine& line, Console& console);
+};
+
+constexpr std::size_t kAnyNumber = std::numeric_limits<std::size_t>::max();
+
+constexpr std::array<Option, 7> kRunOptions{{{"--cave", true, true},
+                                             {"--keys", true, true},
+                                             {"--seed", true},
+                                             {"--ticks", true},
+                                             {"--record", true},
+                                             {"--record-always"},
+                                             {"--grid"}}};
+constexpr std::array<Option, 2> kReplayOptions{{{"--grid"}, {"--ticks", true}}};
+constexpr std::array<Option, 1> kVerifyOptions{{{"--json"}}};
+
+constexpr std::string_view kRunDetails =
+    R"(The cave file holds a plain cave text (zktool fetch, zktool new), all its bytes. Line t of the key file
+tells what is held in tick t: L U R D the arrows, ! the action key, s and a the action latch, > Tab, a
+digit that digit of the keypad; . stands for nothing. Behind its end nothing is held.
+
+  --seed N         start of the game's chance, 0 if not given; the same seed gives the same run
+  --ticks T        end after T ticks; otherwise the run ends with the key file's last line
+  --record OUT     write the record of the run into this file, if the run is won
+  --record-always  write it also when the run is not won, with score 0
+  --grid           print the cells of the cave after each tick
+
+The player in the record is "hrac", the collection "sada". A run ends in the tick in which it is won. When
+it is not won and --record-always is not given, a line on the standard error says that nothing was written;
+the exit code is 0 all the same.
+)";
+
+constexpr std::string_view kReplayDetails =
+    R"(  --grid      print the cells of the cave after each tick
+  --ticks T   end after T ticks
+
+The replay ends where the record is over, won or restarted by an empty line, as the last line of the trace
+says: end reason=win, eof, restart or ticks.
+)";
+
+constexpr std::string_view kVerifyDetails =
+    R"(Of a folder all *.zkr files in it and below it are verified, sorted by their paths. For each record a line
+is printed, in this order and not in that in which they were done: the verdict, the score of the win (or 0),
+the score in the record, the ticks that were played, the file. The last line counts the verdicts.
+--json prints the same as one JSON object.
+
+Of these verdicts the first that is true is given:
+  unreadable      the file or folder cannot be read
+  bad-cave        the record holds no cave that can be played
+  ran-dry         a tick asked for chance that its line does not hold, so the record is damaged
+  not-won         the record ends, or an empty line restarts it, before the run is won
+  score-differs   the run is won with another score than the record says
+  won             the run is won with the score that the record says
+
+The exit code is 0 only if at least one record was found and all are won.
+)";
+
+constexpr std::string_view kDiffDetails =
+    R"(A and B are records or traces that zktool has printed; their content decides which. The lines tell the
+first tick in which they part, the first counter of that tick's line that differs and, when the cells of
+both are known (records, and traces with --grid), the first cell from the top left that differs, each with
+both values:
+  tick=37 counter=gems a=3 b=4
+  tick=37 cell=12,5 a=000c/2/00 b=0001/0/00
+A cell is object/state/mark in hex. Tick 0 is the start: counter=name and counter=size. When one run ends
+earlier the counter is "end". Runs that are the same print: equal ticks=150.
+)";
+
+constexpr std::string_view kUnpackDetails =
+    R"(The folder is made if it is not there. It gets collection.txt and a file for each cave, in UTF-8, which can
+be edited and packed again. Files of the same names are replaced, but only when all could be written; others
+stay. Any file will do: pack gives the same plain lines again.
+)";
+
+constexpr std::string_view kPackDetails =
+    R"(Reads collection.txt in the folder and the cave files that it names. The same texts give the same bytes
+each time.
+)";
+
+constexpr std::string_view kFetchDetails =
+    R"(Prints the plain cave text whose marker holds the number N (0 to 99), marker included, as it is handed to
+the game: bytes in Windows-1250, without a line end.
+)";
+
+constexpr std::string_view kNewDetails =
+    R"(Prints the plain text of a cave of dirt, 19 x 11 or 30 x 20 cells, without a line end.
+)";
+
+constexpr std::string_view kProgressDetails =
+    R"(The player has the name of the folder. For each cave a line: number, state, score, name, with tabs between
+them. States: 0 closed, 1 open, 2 solved, 3 solved by somebody else. The last line is
+total=<points> done=<caves> rest=<caves>. Control characters in a name are printed as blanks.
+)";
+
+constexpr std::string_view kScrambleDetails =
+    R"(A line ends at a line feed; a carriage return right in front of it belongs to the line end, and a last line
+may lack its end. Line ends are copied as they are, everything between them is scrambled, byte by byte. So
+unscramble gives back whatever bytes have been scrambled.
+)";
+
+constexpr std::string_view kUnscrambleDetails =
+    R"(Lines are those of scramble: they end at a line feed, with a carriage return right in front of it if there
+is one, and their ends are copied as they are. A scrambled line may itself hold line breaks, which come out as
+such and are then no longer to be told from the ends of lines; to edit collections use unpack and pack. Text
+that is not scrambled gives rubbish, never a failure.
+)";
+
+constexpr std::array<Command, 11> kCommands{{
+    {"run",
+     "--cave FILE --keys FILE [--seed N] [--ticks T] [--record OUT.zkr] [--record-always] [--grid]",
+     "Plays a cave with the keys of a script and prints the trace.",
+     kRunDetails,
+     kRunOptions,
+     {0, 0},
+     RunCommand},
+    {"replay",
+     "FILE.zkr [--grid] [--ticks T]",
+     "Prints the trace of a record.",
+     kReplayDetails,
+     kReplayOptions,
+     {1, 1},
+     ReplayCommand},
+    {"verify",
+     "[--json] FILE-OR-FOLDER...",
+     "Replays records and says whether they win with their score.",
+     kVerifyDetails,
+     kVerifyOptions,
+     {1, kAnyNumber},
+     VerifyCommand},
+    {"diff", "A B", "Finds where two records or saved traces part.", kDiffDetails, {}, {2, 2}, DiffCommand},
+    {"unpack",
+     "COLLECTION.zk DIR",
+     "Writes a collection as readable text files.",
+     kUnpackDetails,
+     {},
+     {2, 2},
+     UnpackCommand},
+    {"pack",
+     "DIR COLLECTION.zk",
+     "Makes a collection from readable text files.",
+     kPackDetails,
+     {},
+     {2, 2},
+     PackCommand},
+    {"fetch",
+     "COLLECTION.zk N",
+     "Prints the text of a collection's cave.",
+     kFetchDetails,
+     {},
+     {2, 2},
+     FetchCommand},
+    {"new", "small|large", "Prints the text of a new cave.", kNewDetails, {}, {1, 1}, NewCommand},
+    {"progress",
+     "COLLECTION.zk PLAYER-FOLDER",
+     "Prints how far a player has come in a collection.",
+     kProgressDetails,
+     {},
+     {2, 2},
+     ProgressCommand},
+    {"scramble",
+     "",
+     "Scrambles the standard input line by line.",
+     kScrambleDetails,
+     {},
+     {0, 0},
+     ScrambleCommand},
+    {"unscramble",
+     "",
+     "Unscrambles the standard input line by line.",
+     kUnscrambleDetails,
+     {},
+     {0, 0},
+     UnscrambleCommand},
+}};
+
+std::string UsageOf(const Command& command) {
+  return "zktool " + std::string(command.name) + (command.usage.empty() ? "" : " ") +
+         std::string(command.usage);
+}
+
+Exit PrintHelp(std::ostream& out) {
+  out << "zktool plays and checks caves, records and collections of Zor\xC3\xADk without a window.\n\n"
+         "usage: zktool COMMAND ...\n       zktool COMMAND --help\n\n";
+  for (const Command& command : kCommands) {
+    out << "  " << std::left << std::setw(12) << command.name << std::right << command.summary << "\n";
+  }
+  out << "\n";
+  PrintExitCodes(out);
+  return Exit::Fine;
+}
+
+Exit PrintHelp(const Command& command, std::ostream& out) {
+  out << "usage: " << UsageOf(command) << "\n\n" << command.summary << "\n\n" << command.details << "\n";
+  PrintExitCodes(out);
+  return Exit::Fine;
+}
+
+bool AsksForHelp(const std::string& argument) {
+  return argument == "--help" || argument == "-h";
+}
+
+Exit RunNamed(const Command& command, std::span<const std::string> arguments, Console& console) {
+  if (std::any_of(arguments.begin(), arguments.end(), AsksForHelp)) return PrintHelp(command, console.out);
+  const Result<CommandLine> line = ReadCommandLine(arguments, command.options, command.operands);
+  if (!line) return Fail(console, Exit::Usage, line.Message() + "; usage: " + UsageOf(command));
+  return command.run(*line, console);
+}
+
+Exit Dispatch(std::span<const std::string> arguments, Console& console) {
+  if (arguments.empty()) return Fail(console, Exit::Usage, "no command; zktool --help lists them");
+  const std::string& name = arguments.front();
+  if (AsksForHelp(name)) return PrintHelp(console.out);
+  const auto command = std::find_if(kCommands.begin(), kCommands.end(),
+                                    [&](const Command& known) { return known.name == name; });
+  if (command == kCommands.end()) {
+    return Fail(console, Exit::Usage, "\"" + name + "\" is no command; zktool --help lists them");
+  }
+  return RunNamed(*command, arguments.subspan(1), console);
+}
+
+}  // namespace
+
+Exit RunZktool(std::span<const std::string> arguments, Console& console) {
+  const Exit exit = Dispatch(arguments, console);
+  if (console.out.flush()) return exit;
+  return Fail(console, Exit::CannotWrite, "cannot write the standard output");
+}
+
+}  // namespace zorik

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <span>
+#include <string>
+
+#include "zktool/CommandLine.h"
+#include "zktool/Console.h"
+
+namespace zorik {
+
+// The whole program: the first argument names the command. Answers how it ended.
+Exit RunZktool(std::span<const std::string> arguments, Console& console);
+
+// The commands, each in a file of its own. What stands on the command line has been checked against the
+// table of commands, so the operands and the required options are there.
+Exit RunCommand(const CommandLine& line, Console& console);
+Exit ReplayCommand(const CommandLine& line, Console& console);
+Exit VerifyCommand(const CommandLine& line, Console& console);
+Exit DiffCommand(const CommandLine& line, Console& console);
+Exit UnpackCommand(const CommandLine& line, Console& console);
+Exit PackCommand(const CommandLine& line, Console& console);
+Exit FetchCommand(const CommandLine& line, Console& console);
+Exit NewCommand(const CommandLine& line, Console& console);
+Exit ProgressCommand(const CommandLine& line, Console& console);
+Exit ScrambleCommand(const CommandLine& line, Console& console);
+Exit UnscrambleCommand(const CommandLine& line, Console& console);
+
+}  // namespace zorik

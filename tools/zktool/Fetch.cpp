@@ -1,0 +1,24 @@
+#include <ostream>
+
+#include "data/Collection.h"
+#include "data/Files.h"
+#include "zktool/Commands.h"
+
+namespace zorik {
+
+Exit FetchCommand(const CommandLine& line, Console& console) {
+  const std::string& path = line.operands[0];
+  const Result<int> number = ReadNumber<int>(line.operands[1]);
+  if (!number) return Fail(console, Exit::Usage, number.Message());
+  if (*number > kMostCaves) return Fail(console, Exit::Usage, "caves have numbers up to 99");
+  const Result<std::string> bytes = ReadWhole(path);
+  if (!bytes) return Fail(console, Exit::CannotRead, bytes.Message());
+  const std::string text = FindCaveText(*bytes, *number);
+  if (text.empty()) {
+    return Fail(console, Exit::NoSuchCave, path + " has no cave with the number " + std::to_string(*number));
+  }
+  console.out << text;
+  return Exit::Fine;
+}
+
+}  // namespace zorik

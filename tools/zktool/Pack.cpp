@@ -1,0 +1,51 @@
+#include "data/Cp1250.h"
+#include "data/Files.h"
+#include "data/Readable.h"
+#include "data/ReadableText.h"
+#include "zktool/Commands.h"
+
+namespace zorik {
+namespace {
+
+constexpr const char* kMainFile = "collection.txt";
+
+// The names of the cave files that collection.txt names. A mistake in it is told by the packing.
+std::vector<std::string> NamedFiles(const std::string& content) {
+  std::vector<std::string> names;
+  const auto entries = ReadEntries(kMainFile, content);
+  if (!entries) return names;
+  for (const ReadableEntry& entry : *entries) {
+    const std::string name = ToUtf8(entry.Text());
+    const bool staysInFolder = name.find('/') == std::string::npos;
+    if (entry.key == "cave" && staysInFolder && !name.empty()) names.push_back(name);
+  }
+  return names;
+}
+
+Result<TextFiles> ReadTexts(const std::string& folder) {
+  const std::string start = folder + "/";
+  const Result<std::string> content = ReadWhole(start + kMainFile);
+  if (!content) return Failure{content.Message()};
+  TextFiles files{{kMainFile, *content}};
+  for (const std::string& name : NamedFiles(*content)) {
+    Result<std::string> cave = ReadWhole(start + name);
+    if (!cave) return Failure{cave.Message()};
+    files[name] = std::move(*cave);
+  }
+  return files;
+}
+
+}  // namespace
+
+Exit PackCommand(const CommandLine& line, Console& console) {
+  const std::string& folder = line.operands[0];
+  const Result<TextFiles> files = ReadTexts(folder);
+  if (!files) return Fail(console, Exit::CannotRead, files.Message());
+  Chance decoration;
+  const Result<std::string> bytes = PackCollection(*files, decoration);
+  if (!bytes) return Fail(console, Exit::BadText, folder + ": " + bytes.Message());
+  const Result<Done> written = WriteWhole(line.operands[1], *bytes);
+  return written ? Exit::Fine : Fail(console, Exit::CannotWrite, written.Message());
+}
+
+}  // namespace zorik

@@ -1,0 +1,24 @@
+#include <ostream>
+
+#include "data/Files.h"
+#include "trace/Trace.h"
+#include "zktool/Commands.h"
+
+namespace zorik {
+
+Exit ReplayCommand(const CommandLine& line, Console& console) {
+  const std::string& path = line.operands[0];
+  const Result<int> ticks = NumberBehind(line, "--ticks", TraceOptions().ticks);
+  if (!ticks) return Fail(console, Exit::Usage, ticks.Message());
+  Result<std::string> bytes = ReadWhole(path);
+  if (!bytes) return Fail(console, Exit::CannotRead, bytes.Message());
+  Hra hra;
+  if (const auto failure = Replay(hra, std::move(*bytes))) {
+    return Fail(console, Exit::BadCave, path + ": " + failure->message);
+  }
+  TraceRun(hra, {}, {.grid = line.Has("--grid"), .ticks = *ticks},
+           [&console](std::string_view text) { console.out << text; });
+  return Exit::Fine;
+}
+
+}  // namespace zorik
