@@ -148,6 +148,10 @@ struct Hra : RunState {
 // comes back and nothing has changed.
 std::optional<Failure> PaintCave(Hra& hra, std::string_view caveText, RunKind kind);
 
+// Starts a run in play of a cave of a collection file (or of "*1", "*2", the new caves); fails as PaintCave
+// does.
+std::optional<Failure> OpenCave(Hra& hra, const std::string& source, int number);
+
 // Starts the playback of a record, given as the bytes of its file; fails as PaintCave does.
 std::optional<Failure> Replay(Hra& hra, std::string bytes);
 
@@ -157,7 +161,10 @@ TickEnd Tick(Hra& hra, const KeySnapshot& keys);
 // Starts the same cave or the same record afresh.
 void RestartCave(Hra& hra);
 
-// The bytes of the record of a won run, to be stored under RecordName; empty in a replay.
+// Leaves the run: silence, and the record that was played is let go.
+void EndGame(Hra& hra);
+
+// The bytes of the record of a won run, to be stored under RecordFileName; empty in a replay.
 std::string SaveRecord(Hra& hra, int score);
 
 // The breakdown of a score, in Windows-1250.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/Hra.h"
+#include "data/CaveO.h"
 
 namespace zorik {
 
@@ -83,6 +84,12 @@ void Klavesy(Hra& hra, const KeySnapshot& keys);
 
 // Reads the tick's input from the record line.
 void ReadInput(Hra& hra);
+
+// Parses a cave text and refuses what cannot be played: an empty text, a cave above 100 x 60 cells.
+Result<CaveRecord> ReadCave(std::string_view caveText);
+
+// Starts a run of a cave that has been read from the text.
+void StartRun(Hra& hra, std::string caveText, const CaveRecord& cave, RunKind kind);
 
 // The steered dog stands in the open finish.
 void WinGame(Hra& hra);

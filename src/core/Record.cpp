@@ -6,12 +6,14 @@ namespace {
 std::optional<Failure> PlayFromStart(Hra& hra, RecordLines lines) {
   const RecordLines whole = lines;
   const RecordHead head = ReadRecordHead(lines);
-  if (auto failure = PaintCave(hra, head.CaveText, RunKind::Replay)) return failure;
+  const Result<CaveRecord> cave = ReadCave(head.CaveText);
+  if (!cave) return Failure{cave.Message()};
   hra.WholeRecord = whole;
   hra.Record = lines;
   hra.CollectionName = head.CollectionName;
   hra.RecordPlayer = head.Player.empty() ? hra.PlayerName : head.Player;
   hra.Score = 0;
+  StartRun(hra, head.CaveText, *cave, RunKind::Replay);
   return std::nullopt;
 }
 

@@ -35,6 +35,8 @@ void LightBomb(Hra& hra, Cell c);
 struct AmoebaList {
   std::array<std::uint16_t, kAmoebaListSize> places;  // of the first count
   int count = 0;                                      // candidates beyond the list are counted and lost
+
+  Cell At(std::size_t i) const { return Cell::AtPlace(places[i]); }
 };
 void FindAmoebaRoom(const Hra& hra, Cell c, AmoebaList& list);
 void GrowAmoeba(Hra& hra, const AmoebaList& list);

@@ -97,6 +97,7 @@ int Settle(Hra& hra, Cell c, int& amoebaCells) {
   hra.SetFieldMoved(c, false);
   switch (code) {
     case kVacated:
+      EndMove(hra, c);
       EndVacancy(hra, c);
       break;
     case kAmoeba:

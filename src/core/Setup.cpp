@@ -3,6 +3,7 @@
 
 #include "core/Machine.h"
 #include "data/CaveO.h"
+#include "data/Collection.h"
 #include "data/Scramble.h"
 
 namespace zorik {
@@ -19,17 +20,6 @@ constexpr SchemeRow kClassic{"Classic", 300}, kCold{"Cold", 120}, kHot{"Hot", 34
 constexpr std::array<const SchemeRow*, 15> kSchemes{&kHot,  &kMystery, &kCold,    &kClassic, &kClassic,
                                                     &kCold, &kNatural, &kNatural, &kHot,     &kClassic,
                                                     &kCold, &kHot,     &kNatural, &kMystery, &kMystery};
-
-Result<CaveRecord> ReadCave(std::string_view caveText) {
-  if (caveText.empty()) return Failure{"the cave is empty: its text was not found"};
-  Result<CaveRecord> cave = ParseCaveText(caveText);
-  if (cave && (cave->Width > kMaxWidth || cave->Height > kMaxHeight)) {
-    return Failure{"the cave has " + std::to_string(cave->Width) + " x " + std::to_string(cave->Height) +
-                   " cells, the largest that can be played has " + std::to_string(kMaxWidth) + " x " +
-                   std::to_string(kMaxHeight)};
-  }
-  return cave;
-}
 
 void Frame(Hra& hra) {
   const auto steel = [&hra](int x, int y) { hra.SetObject({x, y}, kSteel, kFlat); };
@@ -97,6 +87,7 @@ struct Pads {
 };
 
 void OpenPad(Hra& hra, Cell slime, Cell steel) {
+  hra.TeleportActive = true;
   hra.SetField(slime, kSpace);
   PREKR(hra, slime);
   PREKR(hra, steel);
@@ -129,7 +120,10 @@ void PlaceCells(Hra& hra, const CaveRecord& cave) {
     }
     FindPads(hra, c, pads);
   });
-  hra.TeleportActive = pads.in && pads.out;  // a lone pad is lost: its slime stays space
+  if (pads.in && pads.out) return;
+  // A lone pad is lost: its slime stays space.
+  hra.TeleportActive = false;
+  hra.TeleportIn = hra.TeleportOut = Cell();
 }
 
 // Dog 1, or the lowest unit that lives.
@@ -158,29 +152,54 @@ void ChooseFirstUnit(Hra& hra) {
 
 }  // namespace
 
-std::optional<Failure> PaintCave(Hra& hra, std::string_view caveText, RunKind kind) {
-  const Result<CaveRecord> cave = ReadCave(caveText);
-  if (!cave) return Failure{cave.Message()};
+Result<CaveRecord> ReadCave(std::string_view caveText) {
+  if (caveText.empty()) return Failure{"the cave is empty: its text was not found"};
+  Result<CaveRecord> cave = ParseCaveText(caveText);
+  if (cave && (cave->Width > kMaxWidth || cave->Height > kMaxHeight)) {
+    return Failure{"the cave has " + std::to_string(cave->Width) + " x " + std::to_string(cave->Height) +
+                   " cells, the largest that can be played has " + std::to_string(kMaxWidth) + " x " +
+                   std::to_string(kMaxHeight)};
+  }
+  return cave;
+}
 
-  std::string text(caveText);  // may be the one of the run that ends here
+void StartRun(Hra& hra, std::string caveText, const CaveRecord& cave, RunKind kind) {
   hra.stage().StopSounds();
   static_cast<RunState&>(hra) = RunState();
-  hra.CaveText = std::move(text);
+  hra.CaveText = std::move(caveText);
   hra.ReplayPlaying = kind == RunKind::Replay;
   hra.EditorRun = kind == RunKind::Test;
   if (!hra.ReplayPlaying) hra.Recording = true;
   if (hra.Recording) hra.RecordText = ScrambleText(hra.CaveText, hra.Decoration) + "\r\n";
 
-  CopyRecord(hra, *cave);
+  CopyRecord(hra, cave);
   hra.stage().CaveOpens();
   ShowLabels(hra);
   Frame(hra);
-  PlaceCells(hra, *cave);
-  if (hra.CatPresent) hra.CatProgram = cave->Script;
+  PlaceCells(hra, cave);
+  if (hra.CatPresent) hra.CatProgram = cave.Script;
   if (hra.Count(kAmoeba) > 0) hra.stage().PZvuk(13);
   ChooseFirstUnit(hra);
   hra.stage().View(true);
+}
+
+std::optional<Failure> PaintCave(Hra& hra, std::string_view caveText, RunKind kind) {
+  const Result<CaveRecord> cave = ReadCave(caveText);
+  if (!cave) return Failure{cave.Message()};
+  StartRun(hra, std::string(caveText), *cave, kind);
   return std::nullopt;
+}
+
+std::optional<Failure> OpenCave(Hra& hra, const std::string& source, int number) {
+  const Result<std::string> text = FetchCaveText(source, number);
+  if (!text) return Failure{text.Message()};
+  return PaintCave(hra, *text, RunKind::Play);
+}
+
+void EndGame(Hra& hra) {
+  hra.stage().StopSounds();
+  hra.Record = RecordLines();
+  hra.WholeRecord = RecordLines();
 }
 
 }  // namespace zorik

@@ -26,7 +26,7 @@ class Stage {
 
   // A cave has been read, its size and scheme are known, its cells are not placed yet.
   virtual void CaveOpens() {}
-  // The picture of the cell may have changed.
+  // The picture of the cell may have changed; x and y run from -2, since the frame counts too.
   virtual void CellChanged(int /*x*/, int /*y*/) {}
   // Plays sound n (0 to 15), starts it anew if it sounds.
   virtual void PZvuk(int /*n*/) {}

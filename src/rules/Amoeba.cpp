@@ -44,10 +44,10 @@ void FindAmoebaRoom(const Hra& hra, Cell c, AmoebaList& list) {
 void GrowAmoeba(Hra& hra, const AmoebaList& list) {
   hra.AmoebaRoom = list.count;
   const bool grows = Nahoda(hra, hra.AmoebaState == kAmoebaFast ? 4 : 32) == 1;
-  if (grows && list.count > 0 && HasRoom(hra, Cell::AtPlace(list.places.front()))) {
+  if (grows && list.count > 0 && HasRoom(hra, list.At(0))) {
     const int k = Nahoda(hra, list.count) - 1;
     if (k >= 0 && k < std::min(list.count, kAmoebaListSize)) {
-      const Cell c = Cell::AtPlace(list.places[static_cast<std::size_t>(k)]);
+      const Cell c = list.At(static_cast<std::size_t>(k));
       hra.SetObject(c, kAmoeba, kFlat);
       hra.SetFieldMark(c, 0);
       PREKR(hra, c);

@@ -190,4 +190,60 @@ int Diary::Place(const std::string& entry) const {
   return found == entries.end() ? -1 : static_cast<int>(found - entries.begin());
 }
 
+Hra Live(const Picture& picture, const Numbers& numbers, Stage* stage) {
+  struct Special {
+    char letter;
+    std::uint16_t code;
+    std::uint8_t state;
+  };
+  constexpr std::array<Special, 5> kSpecial{{{'r', kBoulder, kFalling},
+                                             {'d', kGem, kFalling},
+                                             {'*', kBoulder, kFlat},
+                                             {'x', kExplosion, kFlat},
+                                             {'-', kVacated, kFlat}}};
+  Picture plain = picture;
+  for (std::string& row : plain) {
+    for (const Special& special : kSpecial) std::replace(row.begin(), row.end(), special.letter, '.');
+  }
+  Hra hra = Play(plain, numbers, stage);
+  ForEachCell(hra, [&](Cell c) {
+    const char letter = picture[static_cast<std::size_t>(c.y())][static_cast<std::size_t>(c.x())];
+    for (const Special& special : kSpecial) {
+      if (special.letter != letter) continue;
+      hra.SetField(c, special.code);
+      hra.SetFieldState(c, special.state);
+    }
+  });
+  return hra;
+}
+
+void StepDog(Hra& hra, int direction, int chance, int action) {
+  constexpr std::string_view kOutcomes = "ABCDE";
+  hra.KeyDirection = direction;
+  hra.KeyAction = action;
+  hra.RecordLine = kOutcomes.substr(static_cast<std::size_t>(chance), 1);
+  PohybH(hra);
+}
+
+std::vector<int> SoundsOf(const Diary& diary) {
+  std::vector<int> sounds;
+  for (const std::string& entry : diary.entries) {
+    if (entry.starts_with("sound ")) sounds.push_back(std::stoi(entry.substr(6)));
+  }
+  return sounds;
+}
+
+// The text of a record that a playback does not write holds the outcomes.
+void Foretell(Hra& hra, std::initializer_list<int> outcomes) {
+  hra.ReplayPlaying = true;
+  hra.RanDry = false;
+  hra.RecordText.clear();
+  for (const int outcome : outcomes) hra.RecordText += static_cast<char>(outcome + 65);
+  hra.RecordLine = hra.RecordText;
+}
+
+bool Drained(const Hra& hra) {
+  return hra.RecordLine.empty() && !hra.RanDry;
+}
+
 }  // namespace zorik::test

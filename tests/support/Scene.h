@@ -102,4 +102,20 @@ class Diary : public Stage {
   void Note(std::string entry) { entries.push_back(std::move(entry)); }
 };
 
+// A run in play of a cave in the letters of Drawn: r and d fall, * is a struck bomb, x begins to burn, - is
+// vacated.
+Hra Live(const Picture& picture, const Numbers& numbers = {}, Stage* stage = nullptr);
+
+// Lets the steered dog of a playback take a step right away; chance is the outcome of its draw.
+void StepDog(Hra& hra, int direction, int chance, int action = 0);
+
+// The numbers of the sounds in a diary, in their order.
+std::vector<int> SoundsOf(const Diary& diary);
+
+// Lets chance answer what the test says, one outcome for each draw, when a rule is called by itself.
+void Foretell(Hra& hra, std::initializer_list<int> outcomes);
+
+// All that was foretold has been drawn, and nothing beyond it.
+bool Drained(const Hra& hra);
+
 }  // namespace zorik::test

@@ -1,0 +1,106 @@
+#include "app/Headless.h"
+
+#include <fcntl.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <QGuiApplication>
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+
+#include "core/Hra.h"
+#include "data/Cp1250.h"
+#include "skin/CavePainter.h"
+
+namespace zorik {
+namespace {
+
+constexpr QSize kPictureSize(1560, 920);  // a whole view at the tiles' own size
+
+// A record may begin again for ever; no run that is worth showing is this long.
+constexpr int kMostTicks = 100000;
+
+bool IsSet(const char* name) {
+  const char* const value = std::getenv(name);
+  return value != nullptr && *value != '\0';
+}
+
+// Opens the display and ends, without a word.
+[[noreturn]] void TryDisplay(int argc, char** argv) {
+  const rlimit noCore{0, 0};
+  setrlimit(RLIMIT_CORE, &noCore);
+  const int nowhere = open("/dev/null", O_WRONLY | O_CLOEXEC);
+  dup2(nowhere, STDOUT_FILENO);
+  dup2(nowhere, STDERR_FILENO);
+  const QGuiApplication application(argc, argv);
+  _exit(0);
+}
+
+// The stage of a run that only its last picture is wanted of.
+class PictureStage : public Stage {
+ public:
+  PictureStage(const Hra& hra, CavePainter& painter) : hra_(hra), painter_(painter) {}
+
+  void CaveOpens() override { painter_.CaveOpens(hra_); }
+  void CellChanged(int x, int y) override { painter_.CellChanged(hra_, x, y); }
+  void View(bool jump) override { painter_.View(hra_, jump); }
+
+ private:
+  const Hra& hra_;
+  CavePainter& painter_;
+};
+
+void PlayToTheEnd(Hra& hra) {
+  for (int i = 0; i < kMostTicks; ++i) {
+    if (Tick(hra, {}) != TickEnd::Running) return;
+  }
+}
+
+void PrintVerdict(const Hra& hra) {
+  const std::string cave = ToUtf8(hra.CaveName);
+  if (hra.Win) {
+    std::printf("Komnata „%s“: záznam dovedl Zoríka do cíle, skóre %d.\n", cave.c_str(), hra.Win->Score);
+  } else {
+    std::printf("Komnata „%s“: záznam skončil, aniž Zorík došel do cíle.\n", cave.c_str());
+  }
+}
+
+}  // namespace
+
+bool DisplayThere(int argc, char** argv) {
+  if (!IsSet("DISPLAY") && !IsSet("WAYLAND_DISPLAY") && !IsSet("QT_QPA_PLATFORM")) return false;
+  const pid_t child = fork();
+  if (child == 0) TryDisplay(argc, argv);
+  int status = 0;
+  return child > 0 && waitpid(child, &status, 0) == child && WIFEXITED(status) && WEXITSTATUS(status) == 0;
+}
+
+int PlayHeadless(const Paths& paths, const Session& session, const SkinPlaces& places) {
+  std::puts("Není tu žádná obrazovka, Zorík proto přehraje záznam první komnaty bez okna.");
+  const std::optional<std::string> record = session.ShippedRecord(1);
+  if (!record) {
+    std::puts("Záznam první komnaty chybí.");
+    return 1;
+  }
+  CavePainter painter(places);
+  Hra hra;
+  PictureStage stage(hra, painter);
+  hra.SetStage(stage);
+  if (Replay(hra, *record)) {
+    std::puts("Komnatu nelze otevřít.");
+    return 1;
+  }
+  PlayToTheEnd(hra);
+  PrintVerdict(hra);
+  const std::string picture = paths.AppPath + "/posledni-okamzik.png";
+  if (painter.Compose(hra, kPictureSize).save(QString::fromStdString(picture))) {
+    std::printf("Poslední okamžik je na obrázku %s\n", picture.c_str());
+  } else {
+    std::puts("Soubor se nepodařilo uložit.");
+  }
+  return hra.Win ? 0 : 1;
+}
+
+}  // namespace zorik

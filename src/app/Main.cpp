@@ -1,0 +1,68 @@
+#include <QApplication>
+#include <cstdio>
+#include <filesystem>
+#include <string>
+#include <system_error>
+
+#include "app/Headless.h"
+#include "data/Files.h"
+#include "platform/Paths.h"
+#include "platform/Settings.h"
+#include "screens/HraWindow.h"
+#include "screens/MsgBox.h"
+#include "screens/Session.h"
+#include "screens/Wording.h"
+#include "skin/Texts.h"
+
+namespace {
+
+std::string ProgramFolder() {
+  std::error_code error;
+  const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", error);
+  return error ? std::string(".") : program.parent_path().string();
+}
+
+// What keeps the game from starting, said where somebody sees it.
+int GiveUp(bool display, const std::string& reason) {
+  if (display) {
+    zorik::Tell(nullptr, "Zorík", QString::fromStdString(reason));
+  } else {
+    std::fprintf(stderr, "%s\n", reason.c_str());
+  }
+  return 1;
+}
+
+bool ReadTexts(const zorik::SkinPlaces& places, zorik::Texts& texts) {
+  for (const std::string& skin : {places.Skin, std::string("Default")}) {
+    const auto bytes =
+        zorik::ReadWhole(zorik::ResolvePath(places.SkinsPath + "/" + skin + "/Menu/cestina.txt"));
+    if (bytes) return texts.LoadTexts(*bytes);
+  }
+  return false;
+}
+
+int Play(zorik::Session session, const zorik::SkinPlaces& places, const zorik::Settings& settings) {
+  zorik::Texts texts;
+  if (!ReadTexts(places, texts)) zorik::Tell(nullptr, "Zorík", zorik::wording::kNoLanguage);
+  zorik::HraWindow window(std::move(session), std::move(texts), places, settings);
+  window.showMaximized();
+  window.OpenCave(1);
+  return QApplication::exec();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  using namespace zorik;
+  const bool display = DisplayThere(argc, argv);
+  const std::unique_ptr<QApplication> application = display ? std::make_unique<QApplication>(argc, argv) : nullptr;
+  const Result<Paths> paths = FindPaths(ReadSurroundings(ProgramFolder()));
+  if (!paths) return GiveUp(display, std::string(wording::kNoFolder) + "\n" + paths.Message());
+  Result<Session> session = Session::OpenFirst(*paths);
+  if (!session) return GiveUp(display, std::string(wording::kNoCollection) + "\n" + session.Message());
+  SkinPlaces places{paths->SkinsPath};
+  if (!display) return PlayHeadless(*paths, *session, places);
+  const Settings settings = FindSett();
+  places.Skin = settings.Skin.toStdString();
+  return Play(std::move(*session), places, settings);
+}

@@ -1,0 +1,48 @@
+#include "platform/Settings.h"
+
+#include <QSettings>
+#include <algorithm>
+
+namespace zorik {
+namespace {
+
+struct Store : QSettings {
+  Store() : QSettings(QSettings::IniFormat, QSettings::UserScope, "Ortvan", "Zorik2") {}
+};
+
+int ReadSpeed(const QSettings& store, const char* name) {
+  return std::clamp(store.value(name).toInt(), 1, 10);
+}
+
+bool ReadFlag(const QSettings& store, const char* name, bool otherwise) {
+  return store.value(name, otherwise ? 1 : 0).toInt() != 0;
+}
+
+}  // namespace
+
+Settings FindSett() {
+  Settings settings;
+  const Store store;
+  if (store.value("Speed").toInt() == 0) {
+    StoreSett(settings);
+    return settings;
+  }
+  settings.Speed = ReadSpeed(store, "Speed");
+  settings.SpeedR = ReadSpeed(store, "SpeedR");
+  settings.Sound = ReadFlag(store, "Sound", settings.Sound);
+  settings.Joystick = ReadFlag(store, "Joystick", settings.Joystick);
+  settings.NoSurprise = ReadFlag(store, "NoSurprise", settings.NoSurprise);
+  settings.Skin = store.value("Skin", settings.Skin).toString();
+  return settings;
+}
+
+void StoreSett(const Settings& settings) {
+  Store store;
+  store.setValue("NoSurprise", settings.NoSurprise ? 1 : 0);
+  store.setValue("Speed", settings.Speed);
+  store.setValue("SpeedR", settings.SpeedR);
+  store.setValue("Sound", settings.Sound ? 1 : 0);
+  store.setValue("Joystick", settings.Joystick ? 1 : 0);
+}
+
+}  // namespace zorik

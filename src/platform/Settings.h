@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QString>
+
+namespace zorik {
+
+// What the player has chosen. It is kept for the user, not for the game's folder.
+struct Settings {
+  int Speed = 8;   // of play, 1 the fastest to 10
+  int SpeedR = 1;  // of a replay
+  bool Sound = true;
+  bool Joystick = false;
+  bool NoSurprise = false;  // show what is hidden
+  QString Skin = "Default";
+
+  bool operator==(const Settings&) const = default;
+};
+
+// Reads the store; values out of range are limited. At the first start it writes the defaults.
+Settings FindSett();
+
+// Writes all values but the skin, which is written where it is chosen.
+void StoreSett(const Settings& settings);
+
+}  // namespace zorik

@@ -1,0 +1,65 @@
+#include "screens/MessageStrip.h"
+
+#include <QFontDatabase>
+#include <QFontMetrics>
+#include <QPainter>
+
+namespace zorik {
+namespace {
+
+constexpr int kShownFor = 3000;  // milliseconds
+constexpr int kTop = 18;
+constexpr int kPadding = 30;  // at both sides
+constexpr int kHeight = 40;
+constexpr int kLetters = 20;
+
+}  // namespace
+
+QFont GameFont(int pixelSize) {
+  const QStringList there = QFontDatabase::families();
+  QFont font;
+  for (const char* name : {"Comic Sans MS", "Comic Neue", "Arial", "Liberation Sans", "DejaVu Sans"}) {
+    if (!there.contains(name)) continue;
+    font.setFamily(name);
+    break;
+  }
+  font.setPixelSize(pixelSize);
+  return font;
+}
+
+MessageStrip::MessageStrip(QWidget* parent) : QWidget(parent) {
+  setFont(GameFont(kLetters));
+  setFocusPolicy(Qt::NoFocus);
+  setAttribute(Qt::WA_TransparentForMouseEvents);
+  tmrMsg_.setSingleShot(true);
+  tmrMsg_.setInterval(kShownFor);
+  connect(&tmrMsg_, &QTimer::timeout, this, &QWidget::hide);
+  hide();
+}
+
+void MessageStrip::ShowMessage(const QString& text, QColor colour) {
+  text_ = text;
+  colour_ = colour;
+  Centre();
+  raise();
+  show();
+  update();
+  if (!tmrMsg_.isActive()) tmrMsg_.start();
+}
+
+void MessageStrip::Centre() {
+  const int width = QFontMetrics(font()).horizontalAdvance(text_) + 2 * kPadding;
+  setGeometry((parentWidget()->width() - width) / 2, kTop, width, kHeight);
+}
+
+void MessageStrip::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(QPen(QColor(0xC9, 0xA2, 0x5C), 2));
+  painter.setBrush(QColor(0x20, 0x18, 0x2A, 235));
+  painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), 12, 12);
+  painter.setPen(colour_);
+  painter.drawText(rect(), Qt::AlignCenter, text_);
+}
+
+}  // namespace zorik

@@ -1,0 +1,79 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <optional>
+
+#include "core/Hra.h"
+#include "data/Chance.h"
+
+namespace zorik {
+
+// Numbers of tile sets that differ from the code of the object they show.
+enum TileSet : std::uint8_t {
+  kSetMagicWall = 12,
+  kSetSplitter = 13,
+  kSetKeys = 17,
+  kSetLocks = 18,
+  kSetTeleport = 19,
+  kSetDragonFly = 20,
+  kSetCat = 21,
+  kSetBomb = 22,
+  kSetCatKey = 26,
+  kSetNoSurprise = 27,
+};
+inline constexpr std::size_t kTileSetCount = kTileSets.size();
+
+// One frame: which set, and where on its grid of frames.
+struct CellPicture {
+  std::uint8_t Pic = 0;
+  std::uint16_t Col = 0;
+  std::uint16_t Row = 0;
+
+  bool operator==(const CellPicture&) const = default;
+};
+
+// The picture of every cell. It changes a cell at a time, when a rule says that the cell may look different;
+// drawing only reads it.
+class CellPictures {
+ public:
+  explicit CellPictures(std::uint64_t seed = 0) : rnd_(seed) { frames_.fill(1); }
+
+  // Rows of frames that each set has, at least 1.
+  void SetFrames(const std::array<int, kTileSetCount>& frames) { frames_ = frames; }
+  // Shows what is hidden: magic walls, growing walls, the closed finish.
+  void SetNoSurprise(bool on) { noSurprise_ = on; }
+
+  // A cave is about to be set up: all cells are empty space.
+  void Open();
+  // Its cells are placed.
+  void Placed() { placing_ = false; }
+
+  // Chooses the picture of a cell anew. A cell outside of the table and one that was left in this tick keep
+  // what they have.
+  void Change(const Hra& hra, int x, int y);
+
+  // The picture of a cell; empty space outside of -1..100 and -1..60.
+  CellPicture At(int x, int y) const;
+
+ private:
+  static constexpr int kColumns = 102;
+  static constexpr int kRows = 62;
+  static std::optional<std::size_t> Place(int x, int y);
+
+  CellPicture Choose(const Hra& hra, Cell c);
+  CellPicture ChooseBase(const Hra& hra, Cell c, int& shown) const;
+  void ChooseRow(const Hra& hra, Cell c, int shown, CellPicture& picture);
+  void ChooseColumn(const Hra& hra, Cell c, int shown, CellPicture& picture) const;
+  void ShowHidden(const Hra& hra, Cell c, CellPicture& picture) const;
+  void ShowPads(const Hra& hra, Cell c, CellPicture& picture) const;
+  int Frames(int set) const { return frames_[static_cast<std::size_t>(set)]; }
+
+  std::array<CellPicture, kColumns * kRows> pictures_{};
+  std::array<int, kTileSetCount> frames_{};
+  bool noSurprise_ = false;
+  bool placing_ = false;
+  Chance rnd_;  // decoration, apart from the game's chance
+};
+
+}  // namespace zorik

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QImage>
+#include <QSize>
+#include <vector>
+
+#include "skin/CellPictures.h"
+#include "skin/TileSets.h"
+#include "skin/ZornePole.h"
+
+namespace zorik {
+
+// A cell along one axis of the drawn view, in pixels of the screen.
+struct DrawnSpan {
+  int cell = 0;    // its coordinate in the cave
+  int start = 0;   // where it starts in the view
+  int length = 0;  // how much of it is drawn
+  int cut = 0;     // how much of its frame's beginning is not
+
+  bool operator==(const DrawnSpan&) const = default;
+};
+
+// The cells of a view that starts at the logical pixel from and is extent long, drawn with this many pixels a
+// cell. Cells at both ends may be drawn in part; none of no size is told.
+std::vector<DrawnSpan> SpansOf(int from, int extent, int cellSize);
+
+// The size of a drawn cell, whole pixels, for a view that is to fill the frame as far as it can.
+QSize DrawnCell(const ViewArea& view, QSize frame);
+
+// The size of the drawn view: not more than the frame's.
+QSize DrawnSize(const ViewArea& view, QSize cell);
+
+// Composes the view into an image of the size that DrawnSize tells.
+QImage DrawView(const ViewArea& view, QSize cell, const CellPictures& pictures, TileSets& tiles);
+
+}  // namespace zorik

@@ -1,0 +1,65 @@
+#include "skin/Texts.h"
+
+#include "data/Cp1250.h"
+#include "data/RecordFile.h"
+
+namespace zorik {
+namespace {
+
+constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
+constexpr int kHeadLines = 2;
+
+std::string WithBreaks(std::string_view line) {
+  std::string text;
+  for (const char character : line) {
+    if (character == '#') {
+      text += "\r\n";
+    } else {
+      text += character;
+    }
+  }
+  return text;
+}
+
+}  // namespace
+
+bool Texts::LoadTexts(std::string_view bytes) {
+  const bool utf8 = bytes.starts_with(kUtf8Mark);
+  if (utf8) bytes.remove_prefix(kUtf8Mark.size());
+  RecordLines lines(std::string(bytes), LineEnds::CrLfOrLf);
+  for (int i = 0; i < kHeadLines; ++i) lines.Next();
+  bool complete = true;
+  for (std::string& text : texts_) {
+    complete = complete && !lines.AtEnd();
+    const std::string line = WithBreaks(lines.Next());
+    text = utf8 ? line : ToUtf8(line);
+  }
+  return complete;
+}
+
+const std::string& Texts::At(int place) const {
+  static const std::string kNone;
+  const auto index = static_cast<std::size_t>(place);
+  return index < texts_.size() ? texts_[index] : kNone;
+}
+
+std::string WithText(std::string text, std::string_view mark, std::string_view replacement) {
+  const std::size_t at = text.find(mark);
+  if (at != std::string::npos) text.replace(at, mark.size(), replacement);
+  return text;
+}
+
+std::string WithNumber(std::string text, std::string_view mark, int number) {
+  return WithText(std::move(text), mark, (number < 0 ? "" : " ") + std::to_string(number));
+}
+
+std::string BlankJoin(std::string_view left, std::string_view right) {
+  const std::size_t end = left.find_last_not_of(' ');
+  const std::size_t start = right.find_first_not_of(' ');
+  std::string joined(left.substr(0, end == std::string_view::npos ? 0 : end + 1));
+  joined += ' ';
+  if (start != std::string_view::npos) joined += right.substr(start);
+  return joined;
+}
+
+}  // namespace zorik

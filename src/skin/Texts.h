@@ -1,0 +1,35 @@
+#pragma once
+
+#include <array>
+#include <string>
+#include <string_view>
+
+namespace zorik {
+
+inline constexpr std::size_t kTextCount = 200;
+
+// The language table. The rest of the game knows its texts by their places, 0 to 199.
+class Texts {
+ public:
+  // Reads a language file: two lines of head, then a text a line, in which "#" stands for a line break.
+  // A file that begins with the mark of UTF-8 is that, all others are Windows-1250. False when the file is
+  // too short; the places that it lacks are empty then.
+  bool LoadTexts(std::string_view bytes);
+
+  // The text at a place, UTF-8; empty when there is none.
+  const std::string& At(int place) const;
+
+ private:
+  std::array<std::string, kTextCount> texts_;
+};
+
+// Puts a number, with one blank in front of it, in place of a mark that includes its own blank.
+std::string WithNumber(std::string text, std::string_view mark, int number);
+
+// Joins two texts with exactly one blank.
+std::string BlankJoin(std::string_view left, std::string_view right);
+
+// Puts a text in place of a mark.
+std::string WithText(std::string text, std::string_view mark, std::string_view replacement);
+
+}  // namespace zorik
