@@ -106,7 +106,7 @@ TEST(Sensor, BlowsUpItsOwnCellOnly) {
 
 TEST(Sensor, AtItsEndSoundsAtOnceAndIsNotRepaintedInThatTick) {
   Diary diary;
-  Hra hra = Play({"1WWWW", "WWWWW", "WWGWS", "WWWWW"}, {}, &diary);
+  Hra hra = Play({"1XXXX", "XXXXX", "XXGXS", "XXXXX"}, {}, &diary);
   hra.SetFieldMark(kSensorCell, 29);
   diary.Clear();
   EXPECT_EQ(ClosingScan(hra), 0);

@@ -119,7 +119,7 @@ TEST(Slime, LetsOneThingFallOneCellInATick) {
 
 TEST(Slime, IsRepaintedInEveryTick) {
   Diary diary;
-  Hra hra = Play({"1WW", "WSW", ";;;"}, {}, &diary);
+  Hra hra = Play({"1XX", "XSX", ";;;"}, {}, &diary);
   diary.Clear();
   Pass(hra);
   EXPECT_EQ(diary.Count("cell 1,1"), 1);

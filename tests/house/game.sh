@@ -1,0 +1,45 @@
+#!/usr/bin/env bash
+# The built game as a player starts it, in a folder of its own.
+# usage: game.sh GAME headless|window, in a folder where it may write.
+#   headless  without a display it plays the first cave's record, which wins, and leaves a picture
+#   window    on a display of our own its window comes up and shows a picture
+set -euo pipefail
+game=$1
+scratch=$(mktemp -d "$PWD/game.XXXXXX")
+leave() {
+  # shellcheck disable=SC2046  # job numbers, one a word
+  kill $(jobs -p) 2>/dev/null || true
+  wait
+  rm -rf "$scratch"
+}
+trap leave EXIT
+export ZORIK_HOME="$scratch/home" XDG_CONFIG_HOME="$scratch/config" XDG_RUNTIME_DIR="$scratch" SDL_AUDIODRIVER=dummy
+unset DISPLAY WAYLAND_DISPLAY QT_QPA_PLATFORM
+
+if [[ $2 == headless ]]; then
+  "$game"
+  find "$ZORIK_HOME" -name '*.png' -size +1k | grep -q . || { echo "There is no picture."; exit 1; }
+  exit 0
+fi
+
+# The display keeps its picture in a file: black at first.
+mkdir "$scratch/screen"
+Xvfb -displayfd 3 -screen 0 1280x960x24 -fbdir "$scratch/screen" 3>"$scratch/display" 2>/dev/null &
+lit() { tr -d '\0\377' <"$scratch/screen/Xvfb_screen0" | wc -c; }
+for ((i = 0; i < 100; ++i)); do
+  [[ -s $scratch/display && -s $scratch/screen/Xvfb_screen0 ]] && break
+  sleep 0.1
+done
+[[ -s $scratch/display ]] || { echo "The display did not start."; exit 1; }
+before=$(lit)
+
+DISPLAY=":$(<"$scratch/display")" "$game" &
+player=$!
+for ((i = 0; i < 200; ++i)); do
+  kill -0 $player 2>/dev/null || { echo "The game has ended by itself."; exit 1; }
+  # A tenth of the screen's three million bytes of colour is more than any empty window has.
+  [[ $(($(lit) - before)) -gt 400000 ]] && exit 0
+  sleep 0.1
+done
+echo "The screen stayed empty: $before bytes of colour before, $(lit) after."
+exit 1

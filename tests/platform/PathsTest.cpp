@@ -1,0 +1,108 @@
+#include "platform/Paths.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+
+namespace zorik {
+namespace {
+
+namespace fs = std::filesystem;
+
+// A folder of its own for each test, gone when the test is over.
+class PathsTest : public testing::Test {
+ protected:
+  PathsTest() {
+    std::string pattern = (fs::temp_directory_path() / "zorik-paths-XXXXXX").string();
+    root_ = mkdtemp(pattern.data());
+  }
+  ~PathsTest() override { fs::remove_all(root_); }
+
+  void File(const fs::path& path) const {
+    fs::create_directories((root_ / path).parent_path());
+    std::ofstream(root_ / path) << "x";
+  }
+
+  std::string At(const fs::path& path) const { return (root_ / path).string(); }
+
+  Surroundings Around(const std::string& zorikHome = {}) const {
+    return {At("opt/bin"), zorikHome, At("data"), At("home")};
+  }
+
+  fs::path root_;
+};
+
+TEST_F(PathsTest, TheProgramsFolderIsTheGamesIfItHoldsSkins) {
+  File("opt/bin/Skins/error.bmp");
+  const auto paths = FindPaths(Around());
+  ASSERT_TRUE(paths);
+  EXPECT_EQ(paths->AppPath, At("opt/bin"));
+  EXPECT_EQ(paths->SkinsPath, At("opt/bin/Skins"));
+  EXPECT_EQ(paths->PlayersPath, At("opt/bin/Players"));
+}
+
+TEST_F(PathsTest, AnInstalledGameKeepsItsFilesInTheUsersDataFolder) {
+  File("opt/share/zorik/Skins/error.bmp");
+  const auto paths = FindPaths(Around());
+  ASSERT_TRUE(paths);
+  EXPECT_EQ(paths->AppPath, At("data/zorik"));
+  EXPECT_EQ(paths->SkinsPath, At("opt/share/zorik/Skins"));
+  EXPECT_EQ(paths->ShippedReplays, At("opt/share/zorik/Replays"));
+  EXPECT_TRUE(fs::is_directory(At("data/zorik")));
+}
+
+TEST_F(PathsTest, TheDataFolderIsBelowHomeWhenNothingElseIsSaid) {
+  Surroundings around = Around();
+  around.DataHome.clear();
+  auto paths = FindPaths(around);
+  ASSERT_TRUE(paths);
+  EXPECT_EQ(paths->AppPath, At("home/.local/share/zorik"));
+  around.DataHome = "relative";
+  paths = FindPaths(around);
+  ASSERT_TRUE(paths);
+  EXPECT_EQ(paths->AppPath, At("home/.local/share/zorik"));
+}
+
+TEST_F(PathsTest, ZorikHomeOverridesBoth) {
+  File("opt/bin/Skins/error.bmp");
+  const auto paths = FindPaths(Around(At("mine")));
+  ASSERT_TRUE(paths);
+  EXPECT_EQ(paths->AppPath, At("mine"));
+  EXPECT_EQ(paths->SkinsPath, At("opt/bin/Skins")) << "the skins are those that came with the program";
+}
+
+TEST_F(PathsTest, TheFirstStartCopiesTheShippedCaves) {
+  File("opt/share/zorik/Caves/one.zk");
+  ASSERT_TRUE(FindPaths(Around()));
+  EXPECT_TRUE(fs::exists(At("data/zorik/Caves/one.zk")));
+}
+
+TEST_F(PathsTest, LaterStartsLeaveThePlayersCavesAlone) {
+  File("opt/share/zorik/Caves/one.zk");
+  File("data/zorik/Caves/two.zk");
+  const auto paths = FindPaths(Around());
+  ASSERT_TRUE(paths);
+  EXPECT_FALSE(fs::exists(At("data/zorik/Caves/one.zk")));
+  EXPECT_EQ(paths->CavesPath, At("data/zorik/Caves"));
+}
+
+TEST_F(PathsTest, AFolderWithoutEntriesGivesWayToTheGamesFolder) {
+  File("opt/bin/Skins/error.bmp");
+  fs::create_directories(At("opt/bin/Caves"));
+  const auto paths = FindPaths(Around());
+  ASSERT_TRUE(paths);
+  EXPECT_EQ(paths->CavesPath, At("opt/bin"));
+  EXPECT_EQ(paths->RecordsPath, At("opt/bin"));
+}
+
+TEST_F(PathsTest, AFolderThatCannotBeMadeIsNamed) {
+  File("blocked");
+  const auto paths = FindPaths(Around(At("blocked/below")));
+  ASSERT_FALSE(paths);
+  EXPECT_EQ(paths.Message(), At("blocked/below"));
+}
+
+}  // namespace
+}  // namespace zorik

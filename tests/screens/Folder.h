@@ -1,0 +1,66 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "data/Collection.h"
+#include "data/Files.h"
+#include "platform/Paths.h"
+#include "support/Scene.h"
+
+namespace zorik::test {
+
+// A folder of the game for one test, gone when the test is over.
+class Folder {
+ public:
+  Folder() {
+    std::string pattern = (std::filesystem::temp_directory_path() / "zorik-home-XXXXXX").string();
+    root_ = mkdtemp(pattern.data());
+    for (const char* name : {"Caves", "Players", "Replays", "Skins"}) {
+      std::filesystem::create_directories(root_ + "/" + name);
+    }
+  }
+  ~Folder() { std::filesystem::remove_all(root_); }
+  Folder(const Folder&) = delete;
+  Folder& operator=(const Folder&) = delete;
+
+  const std::string& Root() const { return root_; }
+
+  zorik::Paths Paths() const {
+    return {root_, root_ + "/Skins", root_ + "/Caves", root_ + "/Replays", root_ + "/Players", root_ + "/Replays"};
+  }
+
+  // Writes a collection of these caves into Caves.
+  void Collection(const std::string& file, const std::string& name, const std::vector<std::string>& caves) const {
+    EditedCollection collection;
+    collection.Name = name;
+    collection.CaveList = caves;
+    collection.CongratulationText = "Hotovo, $P";
+    Chance chance;
+    const auto bytes = BuildCollection(collection, chance);
+    ASSERT_TRUE(bytes);
+    File("Caves/" + file, *bytes);
+  }
+
+  void File(const std::string& path, const std::string& bytes) const {
+    std::filesystem::create_directories(std::filesystem::path(root_ + "/" + path).parent_path());
+    ASSERT_TRUE(WriteWhole(root_ + "/" + path, bytes));
+  }
+
+ private:
+  std::string root_;
+};
+
+// A cave that a step to the right wins: its finish opens at once.
+inline std::string OneStepCave(const std::string& name, int time = 50) {
+  Numbers numbers;
+  numbers.name = name;
+  numbers.needed = 0;
+  numbers.time = time;
+  return CaveTextOf({"WWWWW", "W1TWW", "WWWWW"}, numbers);
+}
+
+}  // namespace zorik::test

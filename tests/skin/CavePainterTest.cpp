@@ -1,0 +1,96 @@
+#include "skin/CavePainter.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "support/Scene.h"
+
+namespace zorik {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr QRgb kSpaceColour = 0xFF101010, kDirtColour = 0xFF20C020, kDogColour = 0xFFF0F0F0,
+               kOther = 0xFFFF00FF;
+
+// A skin of plain colours, gone when the test is over.
+class CavePainterTest : public testing::Test, public Stage {
+ protected:
+  CavePainterTest() {
+    std::string pattern = (fs::temp_directory_path() / "zorik-painter-XXXXXX").string();
+    places_.SkinsPath = mkdtemp(pattern.data());
+    fs::create_directories(places_.SkinsPath + "/Default/Game");
+    Paint("error.bmp", kOther);
+    Paint("Default/Game/Space.bmp", kSpaceColour);
+    Paint("Default/Game/Dirt.bmp", kDirtColour);
+    Paint("Default/Game/Dog.bmp", kDogColour);
+    painter_ = std::make_unique<CavePainter>(places_);
+    hra_.SetStage(*this);
+  }
+  ~CavePainterTest() override { fs::remove_all(places_.SkinsPath); }
+
+  void Paint(const std::string& path, QRgb colour) const {
+    QImage image(80, 80, QImage::Format_RGB32);
+    image.fill(colour);
+    ASSERT_TRUE(image.save(QString::fromStdString(places_.SkinsPath + "/" + path)));
+  }
+
+  void Start(const test::Picture& picture) {
+    ASSERT_FALSE(PaintCave(hra_, test::CaveTextOf(picture), RunKind::Play));
+  }
+
+  void CaveOpens() override { painter_->CaveOpens(hra_); }
+  void CellChanged(int x, int y) override { painter_->CellChanged(hra_, x, y); }
+  void View(bool jump) override { painter_->View(hra_, jump); }
+
+  SkinPlaces places_;
+  std::unique_ptr<CavePainter> painter_;
+  Hra hra_;
+};
+
+// The colour in the middle of a drawn cell.
+QRgb CellColour(const QImage& image, int cell, int x, int y) {
+  return image.pixel(x * cell + cell / 2, y * cell + cell / 2);
+}
+
+TEST_F(CavePainterTest, DrawsEachCellInItsPlace) {
+  Start({"1;..;", ".;;.."});
+  const QImage image = painter_->Compose(hra_, {200, 80});
+  ASSERT_EQ(image.size(), QSize(200, 80));
+  const std::vector<std::vector<QRgb>> expected{
+      {kDogColour, kDirtColour, kSpaceColour, kSpaceColour, kDirtColour},
+      {kSpaceColour, kDirtColour, kDirtColour, kSpaceColour, kSpaceColour}};
+  for (int y = 0; y < 2; ++y) {
+    for (int x = 0; x < 5; ++x) {
+      EXPECT_EQ(CellColour(image, 40, x, y), expected[static_cast<std::size_t>(y)][static_cast<std::size_t>(x)])
+          << x << "," << y;
+    }
+  }
+}
+
+TEST_F(CavePainterTest, FollowsTheDogsSteps) {
+  Start({"1;...", "WWWWW"});
+  test::Pass(hra_, 1, "R");
+  const QImage image = painter_->Compose(hra_, {200, 80});
+  EXPECT_EQ(CellColour(image, 40, 0, 0), kSpaceColour);
+  EXPECT_EQ(CellColour(image, 40, 1, 0), kDogColour);
+}
+
+TEST_F(CavePainterTest, ShowsThePartAroundTheDogOrTheWholeCave) {
+  test::Picture picture(23, std::string(39, ';'));
+  picture[22][38] = '1';
+  Start(picture);
+  const QSize frame(39 * 10, 23 * 10);
+  QImage image = painter_->Compose(hra_, frame);
+  EXPECT_EQ(image.pixel(image.width() - 3, image.height() - 3), kDogColour);
+  EXPECT_EQ(image.pixel(image.width() - 18, image.height() - 18), kDogColour) << "a cell has 20 pixels";
+  EXPECT_EQ(image.pixel(image.width() - 22, image.height() - 3), kDirtColour);
+  painter_->SetScrollView(false);
+  image = painter_->Compose(hra_, frame);
+  EXPECT_EQ(CellColour(image, 10, 38, 22), kDogColour);
+  EXPECT_EQ(image.pixel(image.width() - 12, image.height() - 3), kDirtColour);
+}
+
+}  // namespace
+}  // namespace zorik

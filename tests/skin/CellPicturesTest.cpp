@@ -1,0 +1,307 @@
+#include "skin/CellPictures.h"
+
+#include <gtest/gtest.h>
+
+#include <ostream>
+
+#include "support/Scene.h"
+
+namespace zorik {
+
+void PrintTo(const CellPicture& picture, std::ostream* out) {
+  *out << "set " << int{picture.Pic} << " column " << picture.Col << " row " << picture.Row;
+}
+
+namespace {
+
+using test::CaveTextOf;
+using test::Numbers;
+using test::Picture;
+
+// A run whose cells are pictured as on the screen. Sets have as many rows as the test says.
+class Pictured : public Stage {
+ public:
+  explicit Pictured(const Picture& picture, const Numbers& numbers = {}, int rowsOfSets = 8) {
+    std::array<int, kTileSetCount> frames{};
+    frames.fill(rowsOfSets);
+    pictures.SetFrames(frames);
+    hra.SetStage(*this);
+    const auto failure = PaintCave(hra, CaveTextOf(picture, numbers), RunKind::Play);
+    EXPECT_FALSE(failure);
+  }
+
+  void CaveOpens() override { pictures.Open(); }
+  void CellChanged(int x, int y) override { pictures.Change(hra, x, y); }
+  void View(bool jump) override {
+    if (jump) pictures.Placed();
+  }
+
+  CellPicture At(int x, int y) const { return pictures.At(x, y); }
+  CellPicture Again(int x, int y) {
+    pictures.Change(hra, x, y);
+    return pictures.At(x, y);
+  }
+
+  Hra hra;
+  CellPictures pictures;
+};
+
+CellPicture Of(int set, int column = 0, int row = 0) {
+  return {static_cast<std::uint8_t>(set), static_cast<std::uint16_t>(column), static_cast<std::uint16_t>(row)};
+}
+
+TEST(CellPictures, ShowAClosedFinishAsSteel) {
+  Pictured cave({"1T"}, {}, 1);
+  EXPECT_EQ(cave.At(1, 0), Of(kSteel));
+}
+
+TEST(CellPictures, ShowTheClosedFinishWhenNothingShallSurprise) {
+  Pictured cave({"1T"}, {}, 1);
+  cave.pictures.SetNoSurprise(true);
+  EXPECT_EQ(cave.Again(1, 0), Of(kSetNoSurprise, 0, 3));
+}
+
+TEST(CellPictures, LetAnOpenFinishFollowTheClock) {
+  Pictured cave({"1T"}, {}, 4);
+  cave.pictures.SetNoSurprise(true);
+  cave.hra.ExitOpen = true;
+  cave.hra.Elapsed = 7;
+  EXPECT_EQ(cave.Again(1, 0), Of(kFinish, 0, 3));
+}
+
+TEST(CellPictures, ShowGrowingWallsAsBrick) {
+  Pictured cave({"1.E.V"}, {}, 1);
+  EXPECT_EQ(cave.At(2, 0), Of(kBrick));
+  EXPECT_EQ(cave.At(4, 0), Of(kBrick));
+}
+
+TEST(CellPictures, TellWhichWayWallsGrowWhenNothingShallSurprise) {
+  Pictured cave({"1.E.V"}, {}, 1);
+  cave.pictures.SetNoSurprise(true);
+  EXPECT_EQ(cave.Again(2, 0), Of(kSetNoSurprise, 0, 1));
+  EXPECT_EQ(cave.Again(4, 0), Of(kSetNoSurprise, 0, 2));
+}
+
+TEST(CellPictures, ShowAMagicWallOnlyWhileItRuns) {
+  Pictured cave({"1MX"}, {}, 4);
+  EXPECT_EQ(cave.At(1, 0).Pic, kBrick);
+  cave.hra.MagicState = kMagicRunning;
+  cave.hra.Elapsed = 6;
+  EXPECT_EQ(cave.Again(1, 0), Of(kSetMagicWall, 0, 2));
+  EXPECT_EQ(cave.Again(2, 0).Pic, kBrick) << "other bricks are no magic wall";
+  cave.hra.MagicState = kMagicSpent;
+  EXPECT_EQ(cave.Again(1, 0).Pic, kBrick);
+}
+
+TEST(CellPictures, ShowAHiddenMagicWallUntilItRuns) {
+  Pictured cave({"1M"}, {}, 1);
+  cave.pictures.SetNoSurprise(true);
+  EXPECT_EQ(cave.Again(1, 0), Of(kSetNoSurprise, 0, 0));
+  cave.hra.MagicState = kMagicRunning;
+  EXPECT_EQ(cave.Again(1, 0), Of(kSetMagicWall));
+  cave.hra.MagicState = kMagicSpent;
+  EXPECT_EQ(cave.Again(1, 0), Of(kBrick));
+}
+
+TEST(CellPictures, GiveEachKeyAndLockTheColumnOfItsColour) {
+  Pictured cave({"1!@#%^&"}, {}, 1);
+  EXPECT_EQ(cave.At(1, 0), Of(kSetKeys, 0));
+  EXPECT_EQ(cave.At(2, 0), Of(kSetKeys, 1));
+  EXPECT_EQ(cave.At(3, 0), Of(kSetKeys, 2));
+  EXPECT_EQ(cave.At(4, 0), Of(kSetLocks, 0));
+  EXPECT_EQ(cave.At(5, 0), Of(kSetLocks, 1));
+  EXPECT_EQ(cave.At(6, 0), Of(kSetLocks, 2));
+}
+
+TEST(CellPictures, LetKeysFollowTheClockAndLocksNot) {
+  Pictured cave({"1@"}, {}, 4);
+  cave.hra.Elapsed = 5;
+  EXPECT_EQ(cave.Again(1, 0), Of(kSetKeys, 1, 1));
+}
+
+TEST(CellPictures, TellBoxesBoulderBombsAndStruckBombsApart) {
+  Pictured cave({"1KIR"}, {}, 1);
+  EXPECT_EQ(cave.At(1, 0), Of(kBox));
+  EXPECT_EQ(cave.At(2, 0), Of(kSetBomb, 0, 0));
+  EXPECT_EQ(cave.At(3, 0), Of(kBoulder));
+  cave.hra.SetFieldState({3, 0}, kFlat);
+  EXPECT_EQ(cave.Again(3, 0), Of(kSetBomb, 0, 1));
+}
+
+TEST(CellPictures, HaveAFixedPatternOfSpaceByPosition) {
+  Pictured cave({"1....", "....."}, {}, 3);
+  EXPECT_EQ(cave.At(1, 0), Of(kSpace, 0, 1));
+  EXPECT_EQ(cave.At(2, 0), Of(kSpace, 0, 2));
+  EXPECT_EQ(cave.At(3, 0), Of(kSpace, 0, 0));
+  EXPECT_EQ(cave.At(2, 1), Of(kSpace, 0, 0));
+  for (int i = 0; i < 20; ++i) EXPECT_EQ(cave.Again(1, 0), Of(kSpace, 0, 1));
+}
+
+TEST(CellPictures, DrawTheRowOfDirtByLotAtEachRepaint) {
+  Pictured cave({"1;"}, {}, 4);
+  std::array<int, 4> seen{};
+  for (int i = 0; i < 4000; ++i) ++seen[cave.Again(1, 0).Row];
+  for (const int count : seen) EXPECT_NEAR(count, 1000, 150);
+}
+
+TEST(CellPictures, FavourTheFirstRowOfBricks) {
+  Pictured cave({"1X"}, {}, 3);
+  int first = 0;
+  constexpr int kRepaints = 30000;
+  for (int i = 0; i < kRepaints; ++i) first += cave.Again(1, 0).Row == 0 ? 1 : 0;
+  // Four of five are put to the first row, and a third of the others is in it by lot.
+  EXPECT_NEAR(first, kRepaints * 13 / 15, kRepaints / 100);
+}
+
+TEST(CellPictures, KnowOneRowOfBricksWhenThereIsOne) {
+  Pictured cave({"1X"}, {}, 1);
+  for (int i = 0; i < 100; ++i) EXPECT_EQ(cave.Again(1, 0), Of(kBrick));
+}
+
+TEST(CellPictures, LeaveTheGamesChanceAlone) {
+  Pictured cave({"1;X"});
+  const Chance before = cave.hra.Luck;
+  for (int i = 0; i < 10; ++i) cave.Again(2, 0);
+  Chance left = before;
+  EXPECT_EQ(left.Below(1000000), cave.hra.Luck.Below(1000000));
+}
+
+TEST(CellPictures, AnimateLiveThingsInStepWithTheClock) {
+  Pictured cave({"1DFUALSNC:$"}, {}, 4);
+  cave.hra.Elapsed = 6;
+  const std::array<int, 10> sets{kGem,   kFireFly, kButterFly, kAmoeba,       kFly,
+                                 kSlime, kFlea,    kBiomass,   kSetDragonFly, kSetCatKey};
+  for (int i = 0; i < 10; ++i) {
+    EXPECT_EQ(cave.Again(i + 1, 0), Of(sets[static_cast<std::size_t>(i)], 0, 2)) << "cell " << i + 1;
+  }
+}
+
+TEST(CellPictures, LightTheLampOfAnArmedSensorInOneTickOfFour) {
+  Pictured cave({"1G"});
+  EXPECT_EQ(cave.At(1, 0), Of(kSensor, 0, 0));
+  cave.hra.SetFieldMark({1, 0}, 3);
+  const std::array<int, 8> rows{1, 1, 2, 1, 1, 1, 2, 1};
+  for (int tick = 0; tick < 8; ++tick) {
+    cave.hra.Elapsed = tick;
+    EXPECT_EQ(cave.Again(1, 0), Of(kSensor, 0, rows[static_cast<std::size_t>(tick)])) << "tick " << tick;
+  }
+}
+
+TEST(CellPictures, ShowTheKindOfAnExplosionByColumnAndItsPhaseByRow) {
+  Pictured cave({"1."});
+  cave.hra.SetField({1, 0}, kExplosion);
+  for (int mark = 0; mark < 16; ++mark) {
+    cave.hra.SetFieldMark({1, 0}, static_cast<std::uint8_t>(mark));
+    EXPECT_EQ(cave.Again(1, 0), Of(kExplosion, mark / 4, mark % 4)) << "mark " << mark;
+  }
+}
+
+TEST(CellPictures, ShowASplitterInThreeParts) {
+  Pictured cave({"1WEW."}, {}, 1);
+  EXPECT_EQ(cave.At(1, 0), Of(kSetSplitter, 0));
+  EXPECT_EQ(cave.At(2, 0), Of(kSetSplitter, 1));
+  EXPECT_EQ(cave.At(3, 0), Of(kSetSplitter, 2));
+}
+
+TEST(CellPictures, ShowASteelThatTwoSplittersShareInItsOwnWay) {
+  Pictured cave({"1WEWEW"}, {}, 1);
+  EXPECT_EQ(cave.At(1, 0), Of(kSetSplitter, 0));
+  EXPECT_EQ(cave.At(2, 0), Of(kSetSplitter, 1));
+  EXPECT_EQ(cave.At(3, 0), Of(kSetSplitter, 3));
+  EXPECT_EQ(cave.At(4, 0), Of(kSetSplitter, 1));
+  EXPECT_EQ(cave.At(5, 0), Of(kSetSplitter, 2));
+}
+
+TEST(CellPictures, ShowASplitterAlsoWhenNothingShallSurprise) {
+  Pictured cave({"1WEW"}, {}, 1);
+  cave.pictures.SetNoSurprise(true);
+  EXPECT_EQ(cave.Again(2, 0), Of(kSetSplitter, 1));
+}
+
+TEST(CellPictures, ShowTheCatByItsPose) {
+  Pictured cave({"1J"});
+  for (int pose = 0; pose < 4; ++pose) {
+    cave.hra.CatPose = pose;
+    EXPECT_EQ(cave.Again(1, 0), Of(kSetCat, pose));
+  }
+}
+
+TEST(CellPictures, ShowTheSteeredDogByItsPose) {
+  Pictured cave({"1."}, {}, 1);
+  const std::array<std::array<int, 2>, 9> poses{
+      {{0, 1}, {1, 4}, {2, 5}, {3, 6}, {4, 7}, {37, 0}, {38, 3}, {39, 2}, {40, 1}}};
+  for (const auto& [pose, column] : poses) {
+    cave.hra.DogPose = pose;
+    EXPECT_EQ(cave.Again(0, 0), Of(kDog, column)) << "pose " << pose;
+  }
+}
+
+TEST(CellPictures, ShowAllOtherDogsAtRest) {
+  Pictured cave({"1.2"}, {}, 1);
+  EXPECT_EQ(cave.At(0, 0), Of(kDog, 1));
+  EXPECT_EQ(cave.At(2, 0), Of(kDog, 8));
+  cave.hra.ActiveDog = 2;
+  EXPECT_EQ(cave.Again(0, 0), Of(kDog, 8));
+  EXPECT_EQ(cave.Again(2, 0), Of(kDog, 1));
+}
+
+TEST(CellPictures, KeepAnIdleDogsPoseBetweenTwoOfItsTimes) {
+  Pictured cave({"1.", "WW"}, {}, 1);
+  test::Pass(cave.hra, 139);
+  ASSERT_EQ(cave.hra.DogIdleTicks, 139);
+  EXPECT_EQ(cave.At(0, 0), Of(kDog, 5)) << "sitting";
+  test::Pass(cave.hra, 11);
+  EXPECT_EQ(cave.At(0, 0), Of(kDog, 5));
+}
+
+TEST(CellPictures, ShowTheTeleportByTheStageOfItsTransport) {
+  // The entrance is the slime over a steel, the exit the slime under one.
+  Pictured cave({"1....", ".S.W.", ".W.S."}, {}, 1);
+  ASSERT_TRUE(cave.hra.TeleportActive);
+  cave.hra.SetField({1, 1}, kSteel);
+  cave.hra.SetField({3, 2}, kSteel);
+  cave.hra.TeleportStage = 3;
+  EXPECT_EQ(cave.Again(1, 1), Of(kSetTeleport, 0, 3));
+  EXPECT_EQ(cave.Again(3, 2), Of(kSetTeleport, 0, 3));
+  cave.hra.TeleportStage = 2;
+  EXPECT_EQ(cave.Again(1, 1), Of(kSetTeleport, 0, 2));
+  EXPECT_EQ(cave.Again(3, 2), Of(kSetTeleport, 0, 4));
+}
+
+TEST(CellPictures, ShowThePlatesBesideThePadsFromTheStart) {
+  Pictured cave({"1....", ".S.W.", ".W.S."}, {}, 1);
+  EXPECT_EQ(cave.At(1, 2), Of(kSetTeleport, 0, 0)) << "under the entrance";
+  EXPECT_EQ(cave.At(3, 1), Of(kSetTeleport, 0, 1)) << "over the exit";
+  EXPECT_EQ(cave.At(1, 1), Of(kSpace)) << "the entrance at rest";
+}
+
+TEST(CellPictures, ForgetALostPadAtTheNextRepaint) {
+  Pictured cave({"1..", ".S.", ".W."}, {}, 1);
+  ASSERT_FALSE(cave.hra.TeleportActive);
+  EXPECT_EQ(cave.Again(1, 2), Of(kSteel));
+}
+
+TEST(CellPictures, LeaveAVacatedCellAsItWas) {
+  Pictured cave({"1F"}, {}, 1);
+  cave.hra.SetField({1, 0}, kVacated);
+  EXPECT_EQ(cave.Again(1, 0), Of(kFireFly));
+  cave.hra.SetField({1, 0}, kFleaInTransit);
+  EXPECT_EQ(cave.Again(1, 0), Of(kFireFly));
+}
+
+TEST(CellPictures, AreEmptySpaceWhereThereIsNoCell) {
+  Pictured cave({"1F"}, {}, 1);
+  cave.pictures.Change(cave.hra, -2, 0);
+  cave.pictures.Change(cave.hra, 101, 61);
+  EXPECT_EQ(cave.At(-2, 0), CellPicture{});
+  EXPECT_EQ(cave.At(101, 61), CellPicture{});
+}
+
+TEST(CellPictures, AreEmptySpaceWhenANewCaveOpens) {
+  Pictured cave({"1FFF"}, {}, 1);
+  cave.pictures.Open();
+  EXPECT_EQ(cave.At(2, 0), CellPicture{});
+}
+
+}  // namespace
+}  // namespace zorik

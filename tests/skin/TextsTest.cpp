@@ -1,0 +1,90 @@
+#include "skin/Texts.h"
+
+#include <gtest/gtest.h>
+
+#include "data/Cp1250.h"
+#include "data/Files.h"
+
+namespace zorik {
+namespace {
+
+std::string LanguageFile(int lines, const std::string& lineEnd = "\r\n") {
+  std::string bytes = "head" + lineEnd + "head" + lineEnd;
+  for (int i = 0; i < lines; ++i) bytes += "text " + std::to_string(i) + lineEnd;
+  return bytes;
+}
+
+TEST(Texts, BeginBehindTwoLinesOfHead) {
+  Texts texts;
+  EXPECT_TRUE(texts.LoadTexts(LanguageFile(200)));
+  EXPECT_EQ(texts.At(0), "text 0");
+  EXPECT_EQ(texts.At(199), "text 199");
+}
+
+TEST(Texts, AlsoComeFromLinesThatEndInALineFeedAlone) {
+  Texts texts;
+  EXPECT_TRUE(texts.LoadTexts(LanguageFile(200, "\n")));
+  EXPECT_EQ(texts.At(199), "text 199");
+}
+
+TEST(Texts, BreakTheirLinesAtANumberSign) {
+  Texts texts;
+  texts.LoadTexts("\n\none#two##three\n");
+  EXPECT_EQ(texts.At(0), "one\r\ntwo\r\n\r\nthree");
+}
+
+TEST(Texts, AreWindows1250UnlessTheFileIsMarkedAsUtf8) {
+  Texts texts;
+  texts.LoadTexts("\n\nZor\xEDk \xE8\n");
+  EXPECT_EQ(texts.At(0), "Zorík č");
+  texts.LoadTexts("\xEF\xBB\xBF\n\nZorík č\n");
+  EXPECT_EQ(texts.At(0), "Zorík č");
+}
+
+TEST(Texts, ThatAFileLacksAreEmpty) {
+  Texts texts;
+  texts.LoadTexts(LanguageFile(200));
+  EXPECT_FALSE(texts.LoadTexts(LanguageFile(199)));
+  EXPECT_EQ(texts.At(198), "text 198");
+  EXPECT_EQ(texts.At(199), "");
+  EXPECT_FALSE(texts.LoadTexts(""));
+  EXPECT_EQ(texts.At(0), "");
+}
+
+TEST(Texts, AreEmptyAtPlacesThatDoNotExist) {
+  const Texts texts;
+  EXPECT_EQ(texts.At(-1), "");
+  EXPECT_EQ(texts.At(200), "");
+}
+
+TEST(Texts, TakeANumberWithOneBlankInFront) {
+  EXPECT_EQ(WithNumber("Zoríci v komnatě: 2-4. Přepínáš klávesou Tab.", " 2-4", 3),
+            "Zoríci v komnatě: 3. Přepínáš klávesou Tab.");
+  EXPECT_EQ(WithNumber("V komnatě je 5-9 Zoríků.", " 5-9", 5), "V komnatě je 5 Zoríků.");
+  EXPECT_EQ(WithNumber("chybí ?1? buněk", " ?1?", -7), "chybí-7 buněk");
+  EXPECT_EQ(WithNumber("nic", " 2-4", 3), "nic");
+}
+
+TEST(Texts, JoinWithExactlyOneBlank) {
+  EXPECT_EQ(BlankJoin("hraje", "Petr"), "hraje Petr");
+  EXPECT_EQ(BlankJoin("hraje ", "Petr"), "hraje Petr");
+  EXPECT_EQ(BlankJoin("hraje", ""), "hraje ");
+}
+
+TEST(Texts, OfTheDefaultSkinAreCompleteAndInWindows1250) {
+  const auto source = ReadWhole(ZORIK_SKIN_SOURCES "/Default/Menu/cestina.txt");
+  ASSERT_TRUE(source);
+  const auto bytes = FromUtf8(*source);
+  ASSERT_TRUE(bytes) << "a character that Windows-1250 lacks";
+  Texts texts;
+  EXPECT_TRUE(texts.LoadTexts(*bytes));
+  int used = 0;
+  for (int place = 0; place < 200; ++place) used += texts.At(place).empty() ? 0 : 1;
+  EXPECT_EQ(used, 147);
+  EXPECT_EQ(texts.At(0), "Hrát komnatu");
+  EXPECT_EQ(texts.At(89), "Doveď Zoríka do cíle!");
+  EXPECT_EQ(texts.At(196), "Nová malá komnata");
+}
+
+}  // namespace
+}  // namespace zorik
