@@ -1,7 +1,16 @@
-# Copies the collections of FROM into TO.
-file(GLOB collections ${FROM}/*.zk)
-file(MAKE_DIRECTORY ${TO})
-foreach(collection ${collections})
-  get_filename_component(name ${collection} NAME)
-  file(COPY_FILE ${collection} ${TO}/${name} ONLY_IF_DIFFERENT)
+# Copies the collections of FROM into TO, and the runs that win their caves into REPLAYS.
+function(copy_changed pattern to)
+  file(GLOB files ${pattern})
+  file(MAKE_DIRECTORY ${to})
+  foreach(file ${files})
+    get_filename_component(name ${file} NAME)
+    file(COPY_FILE ${file} ${to}/${name} ONLY_IF_DIFFERENT)
+  endforeach()
+endfunction()
+
+copy_changed(${FROM}/*.zk ${TO})
+file(GLOB folders ${FROM}/records/*)
+foreach(folder ${folders})
+  get_filename_component(name ${folder} NAME)
+  copy_changed(${folder}/*.zkr ${REPLAYS}/${name})
 endforeach()

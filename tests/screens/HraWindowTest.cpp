@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QMessageBox>
 #include <QStandardPaths>
@@ -11,10 +12,12 @@
 #include "data/Cp1250.h"
 #include "data/Files.h"
 #include "screens/Folder.h"
+#include "support/Scene.h"
 
 namespace zorik {
 namespace {
 
+using test::CaveTextOf;
 using test::Folder;
 using test::OneStepCave;
 
