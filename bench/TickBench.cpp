@@ -51,9 +51,9 @@ std::string QuietCave() {
   return LargestCave([&](int, int) { return OneOf(random, ";;;R"); });
 }
 
-// Four parts behind walls: shafts in which boulders and gems fall; round corridors in which monsters follow the
-// wall, three to each; a cavern where flies and dragonflies swarm; dirt in which amoeba grows. A sixth of all
-// cells are monsters.
+// Four parts behind walls: shafts in which boulders and gems fall; round corridors in which monsters follow
+// the wall, three to each; a cavern where flies and dragonflies swarm; dirt in which amoeba grows. A sixth of
+// all cells are monsters.
 std::string BusyCave() {
   std::mt19937 random(2);
   return LargestCave([&](int x, int y) {

@@ -55,7 +55,8 @@ int Play(zorik::Session session, const zorik::SkinPlaces& places, const zorik::S
 int main(int argc, char** argv) {
   using namespace zorik;
   const bool display = DisplayThere(argc, argv);
-  const std::unique_ptr<QApplication> application = display ? std::make_unique<QApplication>(argc, argv) : nullptr;
+  const std::unique_ptr<QApplication> application =
+      display ? std::make_unique<QApplication>(argc, argv) : nullptr;
   const Result<Paths> paths = FindPaths(ReadSurroundings(ProgramFolder()));
   if (!paths) return GiveUp(display, std::string(wording::kNoFolder) + "\n" + paths.Message());
   Result<Session> session = Session::OpenFirst(*paths);

@@ -14,8 +14,10 @@ void JoyStick::JoyInit(const JoyInfo& info) {
 std::array<bool, 4> JoyStick::Pushed(int sensitivity) const {
   const int x = info_.x * sensitivity;
   const int y = info_.y * sensitivity;
-  return {x < JoyCentreX_ * (sensitivity - 1), y < JoyCentreY_ * (sensitivity - 1),
-          x > JoyCentreX_ * (sensitivity + 1), y > JoyCentreY_ * (sensitivity + 1)};
+  return {
+      x<JoyCentreX_*(sensitivity - 1), y<JoyCentreY_*(sensitivity - 1), x> JoyCentreX_*(sensitivity + 1), y>
+          JoyCentreY_ *
+      (sensitivity + 1)};
 }
 
 int JoyStick::JoyDirection(int sensitivity) {

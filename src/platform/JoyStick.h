@@ -40,7 +40,8 @@ class JoyStick {
   JoyInfo info_;
   int JoyCentreX_ = 0;
   int JoyCentreY_ = 0;
-  std::array<int, 4> JoyHeld_{kNotPushed, kNotPushed, kNotPushed, kNotPushed};  // ticks: left, up, right, down
+  std::array<int, 4> JoyHeld_{kNotPushed, kNotPushed, kNotPushed,
+                              kNotPushed};  // ticks: left, up, right, down
 };
 
 }  // namespace zorik

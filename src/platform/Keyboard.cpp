@@ -45,8 +45,8 @@ int GameKey(const QKeyEvent& event) {
     const int key = KeypadKey(event.key());
     if (key >= 0) return key;
   }
-  const auto* const row =
-      std::find_if(kKeys.begin(), kKeys.end(), [&event](const auto& pair) { return pair.first == event.key(); });
+  const auto* const row = std::find_if(kKeys.begin(), kKeys.end(),
+                                       [&event](const auto& pair) { return pair.first == event.key(); });
   return row == kKeys.end() ? -1 : row->second;
 }
 

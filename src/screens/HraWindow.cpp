@@ -15,7 +15,7 @@
 namespace zorik {
 namespace {
 
-constexpr int kSmallest = 480;  // width of the smallest window
+constexpr int kSmallest = 480;    // width of the smallest window
 constexpr int kFlashAtLeast = 5;  // milliseconds
 
 QColor ToColour(Colour colour) {
@@ -234,7 +234,8 @@ void HraWindow::NextCave() {
     OpenCave(cave_ + 1);
     return;
   }
-  const std::string text = WithText(session_.Collection().Congratulation, "$P", std::to_string(session_.Total()));
+  const std::string text =
+      WithText(session_.Collection().Congratulation, "$P", std::to_string(session_.Total()));
   Say(text.empty() ? QString(wording::kAllSolved) : Shown(text));
   OpenCave(1);
 }
@@ -297,10 +298,10 @@ void HraWindow::UpdateCaption() {
     const std::string player = nobody ? std::string() : ToUtf8(hra_.PlayerName);
     caption += QString::fromStdString(BlankJoin(texts_.At(hra_.ReplayPlaying ? 93 : 94), player));
   }
-  caption += QString("   |   %1 %2   |   %3 %4 / %5 %6 %7 %8")
-                 .arg(wording::kTime, Figures(hra_.ClockShown, 3), wording::kGems,
-                      Figures(hra_.GemsCollected, 3), Figures(hra_.GemsNeeded, 3), wording::kValue,
-                      Figures(hra_.GemValue, 2), wording::kPoints);
+  caption +=
+      QString("   |   %1 %2   |   %3 %4 / %5 %6 %7 %8")
+          .arg(wording::kTime, Figures(hra_.ClockShown, 3), wording::kGems, Figures(hra_.GemsCollected, 3),
+               Figures(hra_.GemsNeeded, 3), wording::kValue, Figures(hra_.GemValue, 2), wording::kPoints);
   setWindowTitle(caption);
 }
 

@@ -15,7 +15,8 @@ PlayLayout LayOut(QSize window) {
   PlayLayout layout;
   layout.cellSize = std::max(0, std::min(window.width() * 2 / 39, window.height() * 2 / 23));
   const QSize size((layout.cellSize * 39 + 1) / 2, (layout.cellSize * 23 + 1) / 2);
-  layout.ram = QRect(QPoint((window.width() - size.width()) / 2, (window.height() - size.height()) / 2), size);
+  layout.ram =
+      QRect(QPoint((window.width() - size.width()) / 2, (window.height() - size.height()) / 2), size);
   return layout;
 }
 
@@ -40,8 +41,9 @@ void Ram::paintEvent(QPaintEvent* /*event*/) {
   painter.fillRect(rect(), kBarColour);
   if (picture_.isNull()) return;
   const QSizeF size = picture_.deviceIndependentSize();
-  painter.drawImage(QPointF(std::floor((width() - size.width()) / 2), std::floor((height() - size.height()) / 2)),
-                    picture_);
+  painter.drawImage(
+      QPointF(std::floor((width() - size.width()) / 2), std::floor((height() - size.height()) / 2)),
+      picture_);
 }
 
 }  // namespace zorik

@@ -9,8 +9,8 @@
 
 namespace zorik {
 
-// The picture of a run: what a stage needs to show a cave. It follows the run by the stage's calls of the same
-// meaning and never changes it.
+// The picture of a run: what a stage needs to show a cave. It follows the run by the stage's calls of the
+// same meaning and never changes it.
 class CavePainter {
  public:
   explicit CavePainter(SkinPlaces places, std::uint64_t seed = 0)

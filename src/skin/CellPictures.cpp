@@ -6,7 +6,7 @@ namespace zorik {
 namespace {
 
 constexpr int kFavouredBrick = 5;  // four bricks of so many show their first frame
-constexpr int kNoSet = 31;          // what the cell shows is settled
+constexpr int kNoSet = 31;         // what the cell shows is settled
 constexpr int kWaitingDog = 8;     // column
 
 constexpr std::uint32_t Bit(int code) {
@@ -28,8 +28,7 @@ struct Picturing {
   TileSet set;
 };
 // Objects whose pictures lie in a set with another number, and follow the clock there.
-constexpr std::array<Picturing, 2> kClockedElsewhere{
-    {{kDragonFly, kSetDragonFly}, {kCatKey, kSetCatKey}}};
+constexpr std::array<Picturing, 2> kClockedElsewhere{{{kDragonFly, kSetDragonFly}, {kCatKey, kSetCatKey}}};
 
 std::uint16_t Number(int value) {
   return static_cast<std::uint16_t>(value);

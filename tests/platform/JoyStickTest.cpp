@@ -1,6 +1,6 @@
-#include "platform/JoyStick.h"
-
 #include <gtest/gtest.h>
+
+#include "platform/JoyStick.h"
 
 namespace zorik {
 namespace {

@@ -1,8 +1,8 @@
-#include "platform/Keyboard.h"
-
 #include <gtest/gtest.h>
 
 #include <vector>
+
+#include "platform/Keyboard.h"
 
 namespace zorik {
 namespace {

@@ -1,10 +1,10 @@
-#include "platform/Paths.h"
-
 #include <gtest/gtest.h>
 
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+
+#include "platform/Paths.h"
 
 namespace zorik {
 namespace {

@@ -30,11 +30,17 @@ class Folder {
   const std::string& Root() const { return root_; }
 
   zorik::Paths Paths() const {
-    return {root_, root_ + "/Skins", root_ + "/Caves", root_ + "/Replays", root_ + "/Players", root_ + "/Replays"};
+    return {root_,
+            root_ + "/Skins",
+            root_ + "/Caves",
+            root_ + "/Replays",
+            root_ + "/Players",
+            root_ + "/Replays"};
   }
 
   // Writes a collection of these caves into Caves.
-  void Collection(const std::string& file, const std::string& name, const std::vector<std::string>& caves) const {
+  void Collection(const std::string& file, const std::string& name,
+                  const std::vector<std::string>& caves) const {
     EditedCollection collection;
     collection.Name = name;
     collection.CaveList = caves;

@@ -1,5 +1,3 @@
-#include "screens/HraWindow.h"
-
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
@@ -12,6 +10,7 @@
 #include "data/Cp1250.h"
 #include "data/Files.h"
 #include "screens/Folder.h"
+#include "screens/HraWindow.h"
 #include "support/Scene.h"
 
 namespace zorik {
@@ -202,7 +201,8 @@ TEST_F(HraWindowTest, AsksBeforeAWorseRunReplacesABetterOne) {
   QTest::keyClick(window_.get(), Qt::Key_Right);
   ASSERT_TRUE(Wait([&] { return window_->CaveNumber() == 2; }));
   ASSERT_EQ(answers.said.size(), 2);
-  EXPECT_EQ(answers.said[0], "Při minulém hraní této komnaty jsi získal více bodů. Přepsat starý záznam novým?");
+  EXPECT_EQ(answers.said[0],
+            "Při minulém hraní této komnaty jsi získal více bodů. Přepsat starý záznam novým?");
   EXPECT_TRUE(answers.said[1].endsWith("Zůstal starý záznam."));
   EXPECT_EQ(*ReadWhole(path), record);
 }
@@ -231,8 +231,8 @@ TEST(PlayLayout, HasTheLargestCellsThatFit) {
     int cell;
   };
   // Width / 19.5 on a 4:3 screen, height / 11.5 on a broad one.
-  for (const Row& row : {Row{{1024, 768}, 52}, Row{{1280, 1024}, 65}, Row{{1366, 768}, 66}, Row{{1920, 1080}, 93},
-                         Row{{2560, 1440}, 125}, Row{{3440, 1440}, 125}}) {
+  for (const Row& row : {Row{{1024, 768}, 52}, Row{{1280, 1024}, 65}, Row{{1366, 768}, 66},
+                         Row{{1920, 1080}, 93}, Row{{2560, 1440}, 125}, Row{{3440, 1440}, 125}}) {
     const PlayLayout layout = LayOut(row.window);
     EXPECT_EQ(layout.cellSize, row.cell) << row.window.width();
     EXPECT_TRUE(QRect(QPoint(), row.window).contains(layout.ram)) << row.window.width();

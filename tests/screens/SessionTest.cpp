@@ -1,9 +1,8 @@
-#include "screens/Session.h"
-
 #include <gtest/gtest.h>
 
 #include "core/Hra.h"
 #include "screens/Folder.h"
+#include "screens/Session.h"
 
 namespace zorik {
 namespace {

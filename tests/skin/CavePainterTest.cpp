@@ -1,9 +1,8 @@
-#include "skin/CavePainter.h"
-
 #include <gtest/gtest.h>
 
 #include <filesystem>
 
+#include "skin/CavePainter.h"
 #include "support/Scene.h"
 
 namespace zorik {
@@ -63,7 +62,8 @@ TEST_F(CavePainterTest, DrawsEachCellInItsPlace) {
       {kSpaceColour, kDirtColour, kDirtColour, kSpaceColour, kSpaceColour}};
   for (int y = 0; y < 2; ++y) {
     for (int x = 0; x < 5; ++x) {
-      EXPECT_EQ(CellColour(image, 40, x, y), expected[static_cast<std::size_t>(y)][static_cast<std::size_t>(x)])
+      EXPECT_EQ(CellColour(image, 40, x, y),
+                expected[static_cast<std::size_t>(y)][static_cast<std::size_t>(x)])
           << x << "," << y;
     }
   }

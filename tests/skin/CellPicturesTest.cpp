@@ -1,9 +1,8 @@
-#include "skin/CellPictures.h"
-
 #include <gtest/gtest.h>
 
 #include <ostream>
 
+#include "skin/CellPictures.h"
 #include "support/Scene.h"
 
 namespace zorik {
@@ -47,7 +46,8 @@ class Pictured : public Stage {
 };
 
 CellPicture Of(int set, int column = 0, int row = 0) {
-  return {static_cast<std::uint8_t>(set), static_cast<std::uint16_t>(column), static_cast<std::uint16_t>(row)};
+  return {static_cast<std::uint8_t>(set), static_cast<std::uint16_t>(column),
+          static_cast<std::uint16_t>(row)};
 }
 
 TEST(CellPictures, ShowAClosedFinishAsSteel) {

@@ -1,8 +1,8 @@
-#include "skin/DrawView.h"
-
 #include <gtest/gtest.h>
 
 #include <ostream>
+
+#include "skin/DrawView.h"
 
 namespace zorik {
 

@@ -1,9 +1,8 @@
-#include "skin/Texts.h"
-
 #include <gtest/gtest.h>
 
 #include "data/Cp1250.h"
 #include "data/Files.h"
+#include "skin/Texts.h"
 
 namespace zorik {
 namespace {

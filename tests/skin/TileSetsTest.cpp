@@ -1,9 +1,9 @@
-#include "skin/TileSets.h"
-
 #include <gtest/gtest.h>
 
 #include <filesystem>
 #include <fstream>
+
+#include "skin/TileSets.h"
 
 namespace zorik {
 namespace {

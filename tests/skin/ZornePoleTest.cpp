@@ -1,8 +1,8 @@
-#include "skin/ZornePole.h"
-
 #include <gtest/gtest.h>
 
 #include <ostream>
+
+#include "skin/ZornePole.h"
 
 namespace zorik {
 
