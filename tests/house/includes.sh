@@ -13,7 +13,7 @@ data      data
 skin      skin core data platform
 screens   screens skin platform rules core data
 editors   editors screens skin platform rules core data
-platform  platform
+platform  platform core data
 app       app editors screens skin platform rules core data
 tools     core rules data
 fuzz      core rules data

@@ -429,7 +429,7 @@ TEST(Cat, NeverPushesABoulderUpOrDown) {
 
 TEST(Cat, PushesNoBoulderThatDoesNotRestNorAGem) {
   for (const std::uint8_t state : {kFlat, kRounded, kFalling}) {
-    for (const std::uint16_t code : {kBoulder, kGem}) {
+    for (const auto code : std::initializer_list<std::uint16_t>{kBoulder, kGem}) {
       SCOPED_TRACE(std::to_string(code) + " " + std::to_string(state));
       Hra hra = Play({"J.."}, {.script = "*A-J"});
       hra.SetObject({1, 0}, code, state);

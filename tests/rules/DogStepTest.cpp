@@ -134,7 +134,7 @@ TEST(DogStep, IsStoppedByAListOfObjectsWhateverTheirState) {
 }
 
 TEST(DogStep, IsStoppedByExplosionsAndStruckBombs) {
-  for (const std::uint16_t code : {kExplosion, kBoulder}) {
+  for (const auto code : std::initializer_list<std::uint16_t>{kExplosion, kBoulder}) {
     SCOPED_TRACE(code);
     Hra hra = PlayBack({"1."}, {});
     hra.SetField({1, 0}, code);
