@@ -27,14 +27,20 @@ bool IsSet(const char* name) {
   return value != nullptr && *value != '\0';
 }
 
-// Opens the display and ends, without a word.
-[[noreturn]] void TryDisplay(int argc, char** argv) {
+// Opens the display, says so, and holds it open until nobody writes to the other pipe any more. Without a
+// word.
+[[noreturn]] void TryDisplay(int argc, char** argv, int answer, int waiting) {
   const rlimit noCore{0, 0};
   setrlimit(RLIMIT_CORE, &noCore);
   const int nowhere = open("/dev/null", O_WRONLY | O_CLOEXEC);
   dup2(nowhere, STDOUT_FILENO);
   dup2(nowhere, STDERR_FILENO);
   const QGuiApplication application(argc, argv);
+  char byte = 1;
+  if (write(answer, &byte, 1) == 1) {
+    while (read(waiting, &byte, 1) > 0) {
+    }
+  }
   _exit(0);
 }
 
@@ -69,12 +75,33 @@ void PrintVerdict(const Hra& hra) {
 
 }  // namespace
 
-bool DisplayThere(int argc, char** argv) {
-  if (!IsSet("DISPLAY") && !IsSet("WAYLAND_DISPLAY") && !IsSet("QT_QPA_PLATFORM")) return false;
-  const pid_t child = fork();
-  if (child == 0) TryDisplay(argc, argv);
-  int status = 0;
-  return child > 0 && waitpid(child, &status, 0) == child && WIFEXITED(status) && WEXITSTATUS(status) == 0;
+DisplayTrial::DisplayTrial(int argc, char** argv) {
+  if (!IsSet("DISPLAY") && !IsSet("WAYLAND_DISPLAY") && !IsSet("QT_QPA_PLATFORM")) return;
+  int answer[2];
+  int waiting[2];
+  if (pipe2(answer, O_CLOEXEC) != 0) return;
+  if (pipe2(waiting, O_CLOEXEC) != 0) {
+    close(answer[0]);
+    close(answer[1]);
+    return;
+  }
+  child_ = fork();
+  if (child_ == 0) {
+    close(answer[0]);
+    close(waiting[1]);
+    TryDisplay(argc, argv, answer[1], waiting[0]);
+  }
+  close(answer[1]);
+  close(waiting[0]);
+  hold_ = waiting[1];
+  char byte = 0;
+  there_ = read(answer[0], &byte, 1) == 1;
+  close(answer[0]);
+}
+
+DisplayTrial::~DisplayTrial() {
+  if (hold_ >= 0) close(hold_);
+  if (child_ > 0) waitpid(child_, nullptr, 0);
 }
 
 int PlayHeadless(const Paths& paths, const Session& session, const SkinPlaces& places) {

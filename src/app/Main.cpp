@@ -54,9 +54,11 @@ int Play(zorik::Session session, const zorik::SkinPlaces& places, const zorik::S
 
 int main(int argc, char** argv) {
   using namespace zorik;
-  const bool display = DisplayThere(argc, argv);
+  auto trial = std::make_unique<DisplayTrial>(argc, argv);
+  const bool display = trial->There();
   const std::unique_ptr<QApplication> application =
       display ? std::make_unique<QApplication>(argc, argv) : nullptr;
+  trial.reset();
   const Result<Paths> paths = FindPaths(ReadSurroundings(ProgramFolder()));
   if (!paths) return GiveUp(display, std::string(wording::kNoFolder) + "\n" + paths.Message());
   Result<Session> session = Session::OpenFirst(*paths);
