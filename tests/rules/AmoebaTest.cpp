@@ -41,6 +41,14 @@ TEST(AmoebaRoom, IsNothingElseAndNoVacatedCell) {
   Hra hra = Live({"1.X..",  //
                   ".KA-.", "..W.."});
   EXPECT_EQ(RoomOf(hra).count, 0);
+  std::vector<std::uint16_t> codes{kFleaInTransit, kVacated};
+  for (std::uint16_t code = kSpace; code <= kCatKey; ++code) codes.push_back(code);
+  for (const std::uint16_t code : codes) {
+    hra.SetField({3, 1}, code);
+    AmoebaList room;
+    FindAmoebaRoom(hra, {3, 1}, room);
+    EXPECT_EQ(room.count, code == kSpace || code == kDirt ? 1 : 0) << code;
+  }
 }
 
 TEST(AmoebaRoom, LeavesOutACellThatHasMovedInThisTick) {
@@ -58,6 +66,17 @@ TEST(AmoebaRoom, TakesInTheCellThatAFallingThingHasJustLeft) {
   const AmoebaList room = RoomOf(hra);
   ASSERT_EQ(room.count, 1);
   EXPECT_EQ(room.At(0), Cell(2, 1));
+}
+
+TEST(AmoebaRoom, IsFoundAtEveryPlaceOfAWideCave) {
+  for (int x = 1; x < 99; ++x) {
+    Hra hra = Play({"1" + std::string(99, 'W'), std::string(100, '.')});
+    Put(hra, x, 1, 'A');
+    const AmoebaList room = RoomOf(hra);
+    ASSERT_EQ(room.count, 2) << x;
+    EXPECT_EQ(room.At(0), Cell(x - 1, 1));
+    EXPECT_EQ(room.At(1), Cell(x + 1, 1));
+  }
 }
 
 TEST(AmoebaRoom, CountsCandidatesBeyondTheListAndLosesThem) {
@@ -101,13 +120,15 @@ TEST(AmoebaGrowth, TakesTheCandidateThatTheSecondDrawCountsOut) {
   EXPECT_EQ(Drawn(second), (Picture{"1WWWWW", "W.AA.W", "WWWWWW", "WWWWWW"}));
 }
 
-TEST(AmoebaGrowth, WaitsForAOne) {
+TEST(AmoebaGrowth, WaitsForAOneAndDrawsNoPlaceBefore) {
   const Picture start{"1WWWWW", "W.A;.W", "WWWWWW", "WWWWWW"};
   for (const int drawn : {2, 3, 4, 32}) {
-    Hra hra = PlayBack(start, {{.before = {drawn}}});
-    Pass(hra);
+    Hra hra = Play(start);
+    const AmoebaList room = RoomOf(hra);
+    Foretell(hra, {drawn, 1});
+    GrowAmoeba(hra, room);
     EXPECT_EQ(Drawn(hra), start) << drawn;
-    EXPECT_TRUE(Drained(hra)) << drawn;
+    EXPECT_EQ(hra.RecordLine.size(), 1U) << drawn;
   }
 }
 
@@ -126,11 +147,13 @@ TEST(AmoebaGrowth, DrawsNoPlaceWithoutRoom) {
 
 TEST(AmoebaGrowth, NeitherGrowsNorDrawsAPlaceWhenTheFirstCandidateIsTakenMeanwhile) {
   // The wall at the bottom grows into the first candidate after it was listed.
-  Hra hra = PlayBack({"1WWWWW", "WA.WWW", "W;VWWW", "WWWWWW"}, {{.before = {1}}});
-  Pass(hra);
+  Hra hra = Play({"1WWWWW", "WA.WWW", "W;VWWW", "WWWWWW"});
+  const AmoebaList room = RoomOf(hra);
+  Foretell(hra, {1, 2});
+  GrowAmoeba(hra, room);
   EXPECT_EQ(Drawn(hra), (Picture{"1WWWWW", "WAVWWW", "W;VWWW", "WWWWWW"}));
   EXPECT_EQ(hra.AmoebaRoom, 2);
-  EXPECT_TRUE(Drained(hra));
+  EXPECT_EQ(hra.RecordLine.size(), 1U);
 }
 
 TEST(AmoebaGrowth, OvergrowsATakenCandidateThatIsNotTheFirst) {
@@ -163,10 +186,15 @@ TEST(AmoebaGrowth, ArmsASensorBesideTheNewCell) {
 }
 
 TEST(AmoebaGrowth, TakesNothingWhenTheRecordNamesAPlaceBeyondTheList) {
+  Hra hra = Play({"1WWW", "WA.W", ".WWW"});
+  AmoebaList room;
+  room.places.fill(static_cast<std::uint16_t>(Cell(0, 2).place()));  // what stands behind the candidates
+  FindAmoebaRoom(hra, {2, 1}, room);
   for (const int place : {0, 2, 3, 150}) {
-    Hra hra = PlayBack({"1WWW", "WA.W", "WWWW"}, {{.before = {1, place}}});
-    Pass(hra);
-    EXPECT_EQ(Drawn(hra), (Picture{"1WWW", "WA.W", "WWWW"})) << place;
+    Foretell(hra, {1, place});
+    GrowAmoeba(hra, room);
+    EXPECT_EQ(Drawn(hra), (Picture{"1WWW", "WA.W", ".WWW"})) << place;
+    EXPECT_TRUE(Drained(hra));
   }
 }
 

@@ -238,6 +238,25 @@ TEST(Cat, RidesTheTeleportRestingMeanwhileAndGoesOnFromTheExit) {
   EXPECT_FALSE(hra.RanDry);
 }
 
+TEST(Cat, DrawsFromOneToFourForItsMoveAndForARandomStep) {
+  for (const std::string& program : {std::string("*A/F"), std::string("*A-P")}) {
+    SCOPED_TRACE(program);
+    Hra hra = Play({"WWW", "WJW", "WWW"}, {.script = program});
+    hra.RecordText.clear();
+    for (int tick = 0; tick < 300; ++tick) {
+      hra.CatPC = 1;
+      Kocka(hra);
+    }
+    EXPECT_EQ(hra.RecordText.find_first_not_of("BCDE"), std::string::npos);
+    // Every other draw of the random step is that of the move.
+    for (const std::size_t first : {0U, 1U}) {
+      std::string outcomes;
+      for (std::size_t i = first; i < hra.RecordText.size(); i += 2) outcomes += hra.RecordText[i];
+      for (const char letter : std::string("BCDE")) EXPECT_NE(outcomes.find(letter), std::string::npos);
+    }
+  }
+}
+
 // Its death
 
 TEST(Cat, DiesWithTheMonsterThatTouchesItAtTheEndOfTheTick) {

@@ -313,6 +313,16 @@ TEST(Contact, IsTestedAtTheEndOfTheTickInWhichTheDogStepsBesideTheMonster) {
   EXPECT_FALSE(hra.Dog[1].Alive);
 }
 
+TEST(Contact, IsTestedInTheClosingScanForAllOfThemAlsoForOnesThatHaveNotActed) {
+  for (const char letter : std::string("FULN:")) {
+    Hra hra = Open(letter);
+    Put(hra, 3, 2, 'A');
+    hra.AmoebaRoom = 1;
+    ClosingScan(hra);
+    EXPECT_EQ(hra.Field(kMiddle), kExplosion) << letter;
+  }
+}
+
 TEST(Contact, WithAmoebaThatHasTurnedToGemsInTheSameScanIsNone) {
   // Each amoeba is enclosed: the left one is a gem already when the scan comes to the firefly.
   Hra behind = PlayBack({"1WWWWW", "WWAFWW", "WWWWWW", "WWWWWW"}, {kQuiet});

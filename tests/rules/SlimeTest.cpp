@@ -88,6 +88,14 @@ TEST(Slime, TakesInTheSameTickWhatHasJustComeToRestOnIt) {
   EXPECT_EQ(Drawn(hra), (Picture{"1.W", "WSW", "WdW", "W.W"}));
 }
 
+TEST(Slime, TakesAlsoWhatHasComeToRestAsAMovedThing) {
+  // The explosion ends as a gem, which counts as moved in this tick.
+  Hra hra = Live({"1xW", "WSW", "W.W", "W.W"}, {.permeability = 8});
+  hra.SetFieldMark(kAbove, 15);
+  Pass(hra);
+  EXPECT_EQ(Drawn(hra), (Picture{"1.W", "WSW", "WdW", "W.W"}));
+}
+
 TEST(Slime, PassesTheCodeFallingAndMovedAndClearsTheCellAboveAfterwards) {
   for (const char letter : {'D', 'R', '!', '@', '#', '$'}) {
     Diary diary;
