@@ -16,18 +16,18 @@ constexpr std::array<Row, 22> kRows{{
     {kFireFly, trait::kFollowsMark | trait::kActs | trait::kSettles | trait::kStirring},
     {kButterFly, trait::kFollowsMark | trait::kActs | trait::kSettles | trait::kStirring},
     {kFinish, trait::kCounted | trait::kStirring},
-    {kAmoeba, trait::kSettles | trait::kCounted | trait::kDeadly},
+    {kAmoeba, trait::kOwnEnd | trait::kSettles | trait::kCounted | trait::kDeadly},
     {kBox, trait::kStirring},
     {kWallH, trait::kActs | trait::kStirring},
     {kWallV, trait::kActs | trait::kStirring},
-    {kSlime, trait::kActs | trait::kSettles},
+    {kSlime, trait::kActs | trait::kSettles | trait::kOwnEnd},
     {kFly, trait::kFollowsMark | trait::kActs | trait::kSettles | trait::kStirring},
-    {kExplosion, trait::kCounted | trait::kStirring},
+    {kExplosion, trait::kOwnEnd | trait::kCounted | trait::kStirring},
     {kKeyRed, trait::kCounted | trait::kGlitters},
     {kKeyGreen, trait::kCounted | trait::kGlitters},
     {kKeyBlue, trait::kCounted | trait::kGlitters},
-    {kFlea, trait::kSettles | trait::kStirring},
-    {kSensor, trait::kSettles | trait::kCounted},
+    {kFlea, trait::kSettles | trait::kOwnEnd | trait::kStirring},
+    {kSensor, trait::kSettles | trait::kOwnEnd | trait::kCounted},
     {kCat, trait::kDeadly | trait::kStirring},
     {kDragonFly, trait::kActs | trait::kSettles | trait::kStirring},
     {kCatKey, trait::kCounted | trait::kGlitters},
@@ -72,11 +72,11 @@ void Grids::Recount(Cell c, Content old) {
   const std::uint16_t code = Field(c);
   if ((kTraits[old % kCodes] & trait::kCounted) != 0) --count_[old % kCodes];
   if ((Traits(code) & trait::kCounted) != 0) ++count_[code % kCodes];
-  DueCells& due = due_[c.place() / kTogether];
-  Put(due.amoeba, Bit(c), code == kAmoeba);
-  Put(due.burning, Bit(c), code == kExplosion || code == kSensor);
+  amoeba_.Put(c, code == kAmoeba);
+  burning_.Put(c, code == kExplosion || code == kSensor);
   std::uint64_t& column = glitter_[static_cast<std::size_t>(c.x() - Cell::kMinX)];
-  Put(column, std::uint64_t{1} << (c.y() - Cell::kMinY), (Traits(code) & trait::kGlitters) != 0);
+  const std::uint64_t row = std::uint64_t{1} << (c.y() - Cell::kMinY);
+  column = (Traits(code) & trait::kGlitters) != 0 ? column | row : column & ~row;
 }
 
 }  // namespace zorik

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cassert>
 #include <cstdint>
 
 #include "core/Cell.h"
@@ -17,16 +18,27 @@ inline constexpr std::uint8_t kCounted = 8;      // Count() knows how many there
 inline constexpr std::uint8_t kDeadly = 16;      // monsters die beside it
 inline constexpr std::uint8_t kStirring = 32;    // sensors notice its repainting, whatever its state
 inline constexpr std::uint8_t kGlitters = 64;    // repainted in every tick
+inline constexpr std::uint8_t kOwnEnd = 128;     // does in the closing scan what no other object does
 }  // namespace trait
 
-// The cells at which the scans must look, 64 of a row together, the leftmost in the lowest bit. Apart from
-// moved they are plain functions of the cells' own values.
-struct DueCells {
-  std::uint64_t moved = 0;     // have taken part in a change in this tick
-  std::uint64_t acting = 0;    // move by themselves, or could fall
-  std::uint64_t settling = 0;  // live or have a heading to end
-  std::uint64_t burning = 0;   // explosions, and sensors
-  std::uint64_t amoeba = 0;
+// Cells by 64 of a row together, the leftmost in the lowest bit.
+class CellSet {
+ public:
+  static constexpr std::size_t kTogether = 64;
+
+  // The cells from place on, a multiple of kTogether.
+  std::uint64_t From(std::size_t place) const { return words_[place / kTogether]; }
+  bool Has(Cell c) const { return (From(c.place()) & Bit(c)) != 0; }
+  void Add(Cell c) { words_[c.place() / kTogether] |= Bit(c); }
+  void Put(Cell c, bool in) {
+    std::uint64_t& word = words_[c.place() / kTogether];
+    word = (word & ~Bit(c)) | std::uint64_t{in} << (c.place() % kTogether);
+  }
+
+ private:
+  static std::uint64_t Bit(Cell c) { return std::uint64_t{1} << (c.place() % kTogether); }
+
+  std::array<std::uint64_t, Cell::kPlaces / kTogether> words_{};
 };
 
 // The grids. Only the setters write them, since they keep the flags for the scans and the counts. They write
@@ -37,22 +49,39 @@ class Grids {
   std::uint16_t Field(Cell c) const { return static_cast<std::uint16_t>(cells_[c.place()]); }
   std::uint8_t FieldState(Cell c) const { return static_cast<std::uint8_t>(cells_[c.place()] >> kStateBit); }
   std::uint8_t FieldMark(Cell c) const { return static_cast<std::uint8_t>(cells_[c.place()] >> kMarkBit); }
-  bool FieldMoved(Cell c) const { return (Due(c.place()).moved & Bit(c)) != 0; }  // see DueCells
+  bool FieldMoved(Cell c) const { return moved_.Has(c); }  // has taken part in a change in this tick
 
   void SetField(Cell c, std::uint16_t code) { Set(c, (cells_[c.place()] & ~kCodeBits) | code); }
-  void SetFieldState(Cell c, std::uint8_t state) { SetObject(c, Field(c), state); }
-  void SetFieldMark(Cell c, std::uint8_t mark) { SetMonster(c, Field(c), mark); }
+  void SetFieldState(Cell c, std::uint8_t state) {
+    Write(c, (cells_[c.place()] & ~(kByte << kStateBit)) | Content{state} << kStateBit);
+  }
+  void SetFieldMark(Cell c, std::uint8_t mark) {
+    Write(c, (cells_[c.place()] & ~(kByte << kMarkBit)) | Content{mark} << kMarkBit);
+  }
   void SetObject(Cell c, std::uint16_t code, std::uint8_t state) {
     Set(c, (cells_[c.place()] & (kByte << kMarkBit)) | code | Content{state} << kStateBit);
   }
-  // A monster that comes, goes or turns: its heading is its mark.
-  void SetMonster(Cell c, std::uint16_t code, std::uint8_t heading) {
-    Set(c, (cells_[c.place()] & (kByte << kStateBit)) | code | Content{heading} << kMarkBit);
+  // A monster's step, in this order. The cell that it leaves is closed until the tick's end. It enters a free
+  // cell, or the one that it has left to turn there, with ten times its heading. There are many of them, and
+  // neither changes a count, so both write less than the other setters.
+  void Vacate(Cell c) {
+    Content& cell = cells_[c.place()];
+    cell = (cell & (kByte << kStateBit)) | kVacated;
+    acting_.Put(c, (cell >> kStateBit) >= kResting);
+    assert(FlagsAgree(c));
   }
-  void SetFieldMoved(Cell c, bool moved) {
-    std::uint64_t& word = due_[c.place() / kTogether].moved;
-    word = moved ? word | Bit(c) : word & ~Bit(c);
+  void Enter(Cell c, std::uint16_t code, std::uint8_t heading) {
+    Content& cell = cells_[c.place()];
+    cell = (cell & (kByte << kStateBit)) | code | Content{heading} << kMarkBit;
+    settling_.Add(c);
+    assert(FlagsAgree(c));
   }
+  // What the end of the tick leaves of it: the same code and its heading, or space where it was.
+  void EndStep(Cell c, std::uint16_t code, std::uint8_t mark) {
+    assert(code == Field(c) || Field(c) == kVacated);
+    Write(c, (cells_[c.place()] & (kByte << kStateBit)) | code | Content{mark} << kMarkBit);
+  }
+  void SetFieldMoved(Cell c, bool moved) { moved_.Put(c, moved); }
 
   // How many cells hold an explosion, a sensor, a gem, a key, the cat key, a finish, amoeba; 0 for all
   // others.
@@ -61,8 +90,13 @@ class Grids {
   // What is told of a code by trait.
   static std::uint8_t Traits(std::uint16_t code) { return kTraits[code % kCodes]; }
 
-  static constexpr std::size_t kTogether = 64;
-  const DueCells& Due(std::size_t place) const { return due_[place / kTogether]; }
+  // The cells at which the scans must look. Apart from the moved ones, which take part in nothing more in
+  // this tick, they are plain functions of the cells' own values.
+  const CellSet& Moved() const { return moved_; }
+  const CellSet& Acting() const { return acting_; }      // move by themselves, or could fall
+  const CellSet& Settling() const { return settling_; }  // live or have a heading to end
+  const CellSet& Burning() const { return burning_; }    // explosions, and sensors
+  const CellSet& Amoeba() const { return amoeba_; }
 
   // The cells of a column that glitter, from the top: bit 0 is y = Cell::kMinY.
   std::uint64_t Glitter(int x) const { return glitter_[static_cast<std::size_t>(x - Cell::kMinX)]; }
@@ -79,29 +113,32 @@ class Grids {
   static const std::array<std::uint8_t, kCodes> kTraits;
   static const std::array<std::uint8_t, kCodes * 8> kFlags;  // by code, state and whether the mark is above 4
 
-  static std::uint64_t Bit(Cell c) { return std::uint64_t{1} << (c.place() % kTogether); }
   static std::uint8_t FlagsOf(Content content) {
     const std::size_t highMark = (content >> kMarkBit) > 4 ? 4 * kCodes : 0;
     return kFlags[content % kCodes + (content >> kStateBit) % 4 * kCodes + highMark];
   }
-  static void Put(std::uint64_t& word, std::uint64_t bit, bool in) {
-    word = (word & ~bit) | (bit & (std::uint64_t{0} - std::uint64_t{in}));
-  }
   void Set(Cell c, Content content) {
     const Content old = cells_[c.place()];
-    cells_[c.place()] = content;
-    const std::uint8_t flags = FlagsOf(content);
-    DueCells& due = due_[c.place() / kTogether];
-    Put(due.acting, Bit(c), (flags & kActing) != 0);
-    Put(due.settling, Bit(c), (flags & kSettling) != 0);
+    Write(c, content);
     if (((kTraits[old % kCodes] | kTraits[content % kCodes]) & trait::kCounted) != 0) Recount(c, old);
   }
+  // What changes no count.
+  void Write(Cell c, Content content) {
+    cells_[c.place()] = content;
+    const std::uint8_t flags = FlagsOf(content);
+    acting_.Put(c, (flags & kActing) != 0);
+    settling_.Put(c, (flags & kSettling) != 0);
+  }
   void Recount(Cell c, Content old);
+  bool FlagsAgree(Cell c) const {
+    const int flags = (acting_.Has(c) ? kActing : 0) | (settling_.Has(c) ? kSettling : 0);
+    return flags == FlagsOf(cells_[c.place()]);
+  }
 
   static constexpr std::uint8_t kActing = 1, kSettling = 2;
 
   std::array<Content, Cell::kPlaces> cells_{};
-  std::array<DueCells, Cell::kPlaces / kTogether> due_{};
+  CellSet moved_, acting_, settling_, burning_, amoeba_;
   std::array<std::uint64_t, Cell::kMaxX - Cell::kMinX + 1> glitter_{};
   std::array<int, kCodes> count_{};
 };

@@ -21,11 +21,14 @@ void ChoosePose(Hra& hra, Cell c);
 // Tells the sensors beside the cell that something stirs in it; part of repainting.
 void Stir(Hra& hra, Cell c);
 
+// Old records hold the draws of sensors that were set off by a mere repainting beside them, so it shall stay.
+inline constexpr bool kRepaintingArmsSensors = true;
+
 // Repaints a cell. Every rule that changes a cell calls it. It is a rule itself: repainting tells sensors
 // next to the cell that something has changed there.
 inline void PREKR(Hra& hra, Cell c) {
   if (hra.Field(c) == kDog) ChoosePose(hra, c);
-  if (hra.SensorsListen && hra.Count(kSensor) > 0) Stir(hra, c);
+  if (kRepaintingArmsSensors && hra.SensorsListen && hra.Count(kSensor) > 0) Stir(hra, c);
   if (hra.Watched()) hra.stage().CellChanged(c.x(), c.y());
 }
 
@@ -58,6 +61,13 @@ inline Step StepOf(int keyDirection) {
 inline bool BesideAmoeba(const RunState& run, Cell c) {
   return run.Field(c + kLeft) == kAmoeba || run.Field(c + kRight) == kAmoeba ||
          run.Field(c + kUp) == kAmoeba || run.Field(c + kDown) == kAmoeba;
+}
+
+// A dog, amoeba or the cat stands beside the cell.
+inline bool BesideDeadly(const RunState& run, Cell c) {
+  const int traits = Grids::Traits(run.Field(c + kLeft)) | Grids::Traits(run.Field(c + kRight)) |
+                     Grids::Traits(run.Field(c + kUp)) | Grids::Traits(run.Field(c + kDown));
+  return (traits & trait::kDeadly) != 0;
 }
 
 inline Unit& ActiveUnit(Hra& hra) {

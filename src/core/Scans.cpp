@@ -5,34 +5,38 @@
 namespace zorik {
 namespace {
 
-// Those of the cells kept together that have amoeba beside them.
-std::uint64_t BesideAmoeba(const Grids& grids, std::size_t place) {
-  const auto amoeba = [&grids](std::size_t there) { return grids.Due(there).amoeba; };
-  const std::uint64_t own = amoeba(place);
-  return own << 1 | amoeba(place - 1) >> 63 | own >> 1 | amoeba(place + Grids::kTogether) << 63 |
-         amoeba(place - Cell::kStride) | amoeba(place + Cell::kStride);
+constexpr std::size_t kTogether = CellSet::kTogether;
+
+// Those of the cells from place on that have one of the set beside them.
+std::uint64_t Beside(const CellSet& set, std::size_t place) {
+  const std::uint64_t own = set.From(place);
+  return own << 1 | set.From(place - 1) >> 63 | own >> 1 | set.From(place + kTogether) << 63 |
+         set.From(place - Cell::kStride) | set.From(place + Cell::kStride);
 }
 
-// Visits the cells for which due(place) or also has a bit, row by row from the top left. What is due is asked
-// afresh after every cell, so what an action changes further on counts at once.
-template <class Due, class Also, class Action>
-void ForEachDue(const RunState& run, Due due, Also also, Action action) {
+// Visits the cells that are due, row by row from the top left: question(place) gives the question that tells
+// which of the cells kept together from place on are so. It is asked afresh after every cell, so what an
+// action changes further on counts at once. It seldom does, so the walk goes on with the cells that it knew
+// of, and the processor need not wait for the answer.
+template <class Question, class Action>
+void ForEachDue(const RunState& run, Question question, Action action) {
   if (run.CaveWidth == 0 || run.CaveHeight == 0) return;
-  const std::size_t first = Cell(0, 0).place() & ~(Grids::kTogether - 1);
+  const std::size_t first = Cell(0, 0).place() / kTogether * kTogether;
   const std::size_t last = Cell(run.CaveWidth - 1, run.CaveHeight - 1).place();
-  for (std::size_t place = first; place <= last; place += Grids::kTogether) {
-    const std::uint64_t more = also(place);
-    std::uint64_t ahead = ~std::uint64_t{0};
-    while (const std::uint64_t cells = due(run.Due(place), more) & ahead) {
+  for (std::size_t place = first; place <= last; place += kTogether) {
+    const auto due = question(place);
+    std::uint64_t cells = due();
+    while (cells != 0) {
       const auto bit = static_cast<std::size_t>(std::countr_zero(cells));
-      ahead = ~std::uint64_t{1} << bit;
+      const std::uint64_t ahead = ~std::uint64_t{1} << bit;
+      const std::uint64_t before = due();
       action(Cell::AtPlace(place + bit));
+      cells &= ahead;
+      const std::uint64_t now = due();
+      if (((before ^ now) & ahead) != 0) [[unlikely]]
+        cells = now & ahead;
     }
   }
-}
-
-std::uint64_t NoMore(std::size_t /*place*/) {
-  return 0;
 }
 
 // Every test is made afresh on the cell as it is then, so an object that has just landed gets a second
@@ -40,10 +44,8 @@ std::uint64_t NoMore(std::size_t /*place*/) {
 void Act(Hra& hra, Cell c, AmoebaList& room) {
   if (hra.FieldState(c) == kFalling) NewGravitace(hra, c);
   if (hra.FieldState(c) == kResting) NewGravitace(hra, c);
+  if ((Grids::Traits(hra.Field(c)) & trait::kFollowsMark) != 0) return Potvory(hra, c);
   switch (hra.Field(c)) {
-    case kFireFly:
-    case kButterFly:
-    case kFly:
     case kDragonFly:
       Potvory(hra, c);
       break;
@@ -63,68 +65,67 @@ void Act(Hra& hra, Cell c, AmoebaList& room) {
   if (hra.Field(c) == kBoulder && hra.FieldState(c) == kFlat) Exploze(hra, c);
 }
 
-// A tenth of every mark, ties to the even number.
-constexpr std::array<std::uint8_t, 256> kTenths = [] {
-  std::array<std::uint8_t, 256> tenths{};
-  for (std::size_t mark = 0; mark < tenths.size(); ++mark) {
+// What the end of the tick makes of every mark. One above 4 is the moved-in-this-tick form of a heading, ten
+// times itself: a tenth, ties to the even number.
+constexpr std::array<std::uint8_t, 256> kSettledMarks = [] {
+  std::array<std::uint8_t, 256> marks{};
+  for (std::size_t mark = 0; mark < marks.size(); ++mark) {
     const bool up = mark % 10 > 5 || (mark % 10 == 5 && mark / 10 % 2 == 1);
-    tenths[mark] = static_cast<std::uint8_t>(mark / 10 + (up ? 1 : 0));
+    marks[mark] = static_cast<std::uint8_t>(mark <= 4 ? mark : mark / 10 + (up ? 1 : 0));
   }
-  return tenths;
+  return marks;
 }();
 
-// Ends the moved-in-this-tick form of a monster's heading, ten times itself.
+// Ends a move: the heading holds again, and what was vacated is open.
 void EndMove(Hra& hra, Cell c) {
+  const std::uint16_t code = hra.Field(c);
   const std::uint8_t mark = hra.FieldMark(c);
-  if (mark <= 4 || hra.Field(c) == kExplosion || hra.Field(c) == kSensor) return;
-  hra.SetFieldMark(c, kTenths[mark]);
+  // A product, since monsters and what they left stand mixed: no processor could guess a branch here.
+  const auto codeNow = static_cast<std::uint16_t>(code * (code != kVacated));
+  const std::uint8_t markNow = kSettledMarks[mark];
+  if (((code ^ codeNow) | (mark ^ markNow)) == 0) return;
+  hra.EndStep(c, codeNow, markNow);
   PREKR(hra, c);
 }
 
-void EndVacancy(Hra& hra, Cell c) {
-  hra.SetField(c, kSpace);
-  PREKR(hra, c);
-}
-
-// What the tick ends in one cell; a test of the cell's code stands for each step that only some codes take.
-int Settle(Hra& hra, Cell c, int& amoebaCells) {
+// What the closing scan gathers.
+struct Closing {
+  int amoebaCells = 0;
   int sound = 0;
+
+  void Due(int number) {
+    if (number != 0) sound = number;
+  }
+};
+
+// Ends the tick in a cell of those objects that have something of their own to end.
+void SettleOwn(Hra& hra, Cell c, Closing& closing) {
   const std::uint16_t code = hra.Field(c);
   if (code == kSlime || code == kFlea) PREKR(hra, c);
-  if (code == kSensor) sound = CountSensor(hra, c);
+  if (code == kSensor) closing.Due(CountSensor(hra, c));
+  hra.SetFieldMoved(c, false);
+  if (code == kAmoeba) closing.Due(SettleAmoeba(hra, c, closing.amoebaCells));
+  if (code != kExplosion && code != kSensor) EndMove(hra, c);
+  Contact(hra, c);
+}
+
+void Settle(Hra& hra, Cell c, Closing& closing) {
+  if ((Grids::Traits(hra.Field(c)) & trait::kOwnEnd) != 0) return SettleOwn(hra, c, closing);
   // Cleared here and not all at once: a bomb that is lit below from above or from the left waits one tick
   // longer than one that the scan has still to reach.
   hra.SetFieldMoved(c, false);
-  switch (code) {
-    case kVacated:
-      EndMove(hra, c);
-      EndVacancy(hra, c);
-      break;
-    case kAmoeba:
-      sound = SettleAmoeba(hra, c, amoebaCells);
-      EndMove(hra, c);
-      break;
-    case kFireFly:
-    case kButterFly:
-    case kFly:
-    case kDragonFly:
-    case kFlea:
-      EndMove(hra, c);
-      Contact(hra, c);
-      break;
-    default:
-      EndMove(hra, c);
-      break;
-  }
-  return sound;
+  EndMove(hra, c);
+  if (BesideDeadly(hra, c)) Contact(hra, c);
 }
 
 }  // namespace
 
 void ExplosionScan(Hra& hra) {
   if (hra.Count(kExplosion) + hra.Count(kSensor) == 0) return;
-  const auto burning = [](const DueCells& cells, std::uint64_t) { return cells.burning; };
-  ForEachDue(hra, burning, NoMore, [&hra](Cell c) {
+  const auto burning = [&hra](std::size_t place) {
+    return [&hra, place] { return hra.Burning().From(place); };
+  };
+  ForEachDue(hra, burning, [&hra](Cell c) {
     if (hra.Field(c) == kExplosion) {
       Burn(hra, c);
     } else if (hra.FieldMark(c) == 1) {
@@ -135,21 +136,20 @@ void ExplosionScan(Hra& hra) {
 
 void ObjectScan(Hra& hra, AmoebaList& room) {
   const bool amoeba = hra.Count(kAmoeba) > 0;
-  const auto besideAmoeba = [&](std::size_t place) { return amoeba ? BesideAmoeba(hra, place) : 0; };
-  const auto acting = [](const DueCells& cells, std::uint64_t more) {
-    return (cells.acting | more) & ~cells.moved;
+  const auto acting = [&hra, amoeba](std::size_t place) {
+    const std::uint64_t beside = amoeba ? Beside(hra.Amoeba(), place) : 0;
+    return [&hra, place, beside] { return (hra.Acting().From(place) | beside) & ~hra.Moved().From(place); };
   };
-  ForEachDue(hra, acting, besideAmoeba, [&](Cell c) { Act(hra, c, room); });
+  ForEachDue(hra, acting, [&](Cell c) { Act(hra, c, room); });
 }
 
 int ClosingScan(Hra& hra) {
-  int amoebaCells = 0;
-  int sound = 0;
-  const auto settling = [](const DueCells& cells, std::uint64_t) { return cells.settling | cells.moved; };
-  ForEachDue(hra, settling, NoMore, [&](Cell c) {
-    if (const int due = Settle(hra, c, amoebaCells)) sound = due;
-  });
-  return sound;
+  Closing closing;
+  const auto settling = [&hra](std::size_t place) {
+    return [&hra, place] { return hra.Settling().From(place) | hra.Moved().From(place); };
+  };
+  ForEachDue(hra, settling, [&](Cell c) { Settle(hra, c, closing); });
+  return closing.sound;
 }
 
 }  // namespace zorik

@@ -26,8 +26,8 @@ void MoveFly(Hra& hra, Cell c) {
     hra.SetFieldMark(c, static_cast<std::uint8_t>(MouchaS(hra, c, heading) * 10));
     return;
   }
-  hra.SetMonster(target, kFly, static_cast<std::uint8_t>(heading * 10));
-  hra.SetMonster(c, kVacated, 0);
+  hra.Vacate(c);
+  hra.Enter(target, kFly, static_cast<std::uint8_t>(heading * 10));
 }
 
 int MouchaS(Hra& hra, Cell c, int heading) {

@@ -98,10 +98,58 @@ TEST(TheGrids, ChangeOneValueAtATime) {
   EXPECT_EQ(grids.FieldMark(c), 7);
   grids.SetObject(c, kKeyRed, 2);
   EXPECT_EQ(grids.FieldMark(c), 7);
-  grids.SetMonster(c, kFly, 30);
+  grids.SetFieldMark(c, 30);
+  EXPECT_EQ(grids.Field(c), kKeyRed);
   EXPECT_EQ(grids.FieldState(c), 2);
   EXPECT_EQ(grids.FieldMark(c), 30);
   EXPECT_TRUE(grids.FieldMoved(c));
+}
+
+// The same cell written value by value, as the scans must see it however it came to be.
+void ExpectDueAs(const Grids& grids, Cell c, std::uint16_t code, int state, int mark) {
+  Grids plain;
+  plain.SetField(c, code);
+  plain.SetFieldState(c, static_cast<std::uint8_t>(state));
+  plain.SetFieldMark(c, static_cast<std::uint8_t>(mark));
+  EXPECT_EQ(grids.Field(c), code);
+  EXPECT_EQ(grids.FieldState(c), state);
+  EXPECT_EQ(grids.FieldMark(c), mark);
+  EXPECT_EQ(grids.Acting().Has(c), plain.Acting().Has(c));
+  EXPECT_EQ(grids.Settling().Has(c), plain.Settling().Has(c));
+}
+
+TEST(TheGrids, LetAMonsterStepAndKeepTheStatesOfBothCells) {
+  const Cell from(5, 6);
+  const Cell to(5, 7);
+  for (const std::uint16_t code : {kFireFly, kButterFly, kFly}) {
+    for (int stateOfFrom = 0; stateOfFrom <= 3; ++stateOfFrom) {
+      for (int stateOfTo = 0; stateOfTo <= 3; ++stateOfTo) {
+        Grids grids;
+        grids.SetObject(from, code, static_cast<std::uint8_t>(stateOfFrom));
+        grids.SetFieldMark(from, 4);
+        grids.SetFieldState(to, static_cast<std::uint8_t>(stateOfTo));
+        grids.SetFieldMark(to, 9);
+        grids.Vacate(from);
+        ExpectDueAs(grids, from, kVacated, stateOfFrom, 0);
+        grids.Enter(to, code, 40);
+        ExpectDueAs(grids, to, code, stateOfTo, 40);
+        grids.EndStep(to, code, 4);
+        ExpectDueAs(grids, to, code, stateOfTo, 4);
+        grids.EndStep(from, kSpace, 0);
+        ExpectDueAs(grids, from, kSpace, stateOfFrom, 0);
+      }
+    }
+  }
+}
+
+TEST(TheGrids, LetAMonsterTurnInItsOwnCell) {
+  const Cell c(8, 8);
+  Grids grids;
+  grids.SetObject(c, kFireFly, 0);
+  grids.SetFieldMark(c, 1);
+  grids.Vacate(c);
+  grids.Enter(c, kFireFly, 20);
+  ExpectDueAs(grids, c, kFireFly, 0, 20);
 }
 
 TEST(TheGrids, CountWhatTheTickAsksFor) {

@@ -139,6 +139,13 @@ TEST(ParseCaveText, NeverCutsAScriptOfFewerThanFiveCharacters) {
   }
 }
 
+TEST(ParseCaveText, CutsNoMarkerThatBeginsInTheCells) {
+  const auto cave = ParseCaveText(CaveText("x", "W1;D--", "-12"));
+  ASSERT_TRUE(cave) << cave.Message();
+  EXPECT_EQ(cave->Cells[2][1], '-');
+  EXPECT_EQ(cave->Script, "-12");
+}
+
 TEST(ParseCaveText, CutsAScriptThatIsNothingButAMarker) {
   const auto cave = ParseCaveText(CaveText("x", "W1;DTW", "---12"));
   ASSERT_TRUE(cave) << cave.Message();
@@ -388,6 +395,11 @@ TEST(CaveText, OfAnyBytesParsesOrFailsWithAMessage) {
     EXPECT_EQ(*ParseCaveText(*again + "---01"), *cave);
   }
   EXPECT_GT(parsed, 100);
+}
+
+TEST(WithoutMarker, IsEmptyOfFiveCharactersOrFewer) {
+  for (const char* text : {"", "a", "abcd", "---01"}) EXPECT_EQ(WithoutMarker(text), "") << text;
+  EXPECT_EQ(WithoutMarker("abcdef"), "a");
 }
 
 TEST(CleanFileName, DropsTheTenForbiddenCharacters) {

@@ -231,6 +231,8 @@ TEST(Collection, WithAMarkerWithoutDigitsInItsLastLineHasThatAsTheEditorsCongrat
   const std::string bytes = CollectionFile({CaveText("1") + "---01", CaveText("2") + "---x2"});
   EXPECT_EQ(ReadForEditor(bytes)->CongratulationText, CaveText("2") + "---x2");
   EXPECT_EQ(ReadForEditor(bytes)->CaveList.size(), 1U);
+  EXPECT_EQ(ReadForPlay(bytes)->Congratulation, "");
+  EXPECT_EQ(ReadForPlay(bytes)->Caves.size(), 2U);
 }
 
 TEST(Collection, NumbersItsCavesByTheOrderOfTheLines) {

@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "core/Hra.h"
 #include "data/CaveO.h"
 #include "data/Collection.h"
 #include "data/Files.h"
@@ -13,6 +14,7 @@ namespace {
 
 using samples::CaveText;
 using samples::CollectionFile;
+using samples::Scrambled;
 using Lines = std::vector<std::string>;
 
 TEST(FindCaveText, SearchesForTheMarkersValue) {
@@ -40,6 +42,22 @@ TEST(FindCaveText, TakesNoCharactersBesideTheDigitsForANumber) {
 
 TEST(FindCaveText, TakesNoLineWithoutTheDashes) {
   EXPECT_EQ(FindCaveText(CollectionFile({"Rok 2001", "--x01"}), 1), "");
+}
+
+TEST(FindCaveText, TakesALineThatIsNothingButTheMarker) {
+  const std::string bytes = CollectionFile({"---00", "---07"});
+  EXPECT_EQ(FindCaveText(bytes, 0), "---00");
+  EXPECT_EQ(FindCaveText(bytes, 7), "---07");
+}
+
+// A description, too, can end like a cave.
+TEST(FindCaveText, LooksAtEachLineOfTheFile) {
+  const std::string bytes = Scrambled({"ESadaA---01", "APopis---02", "a@b.cz---03", CaveText("a") + "---01",
+                                       CaveText("b") + "---02", "Konec---04"});
+  EXPECT_EQ(FindCaveText(bytes, 1), "ESadaA---01");
+  EXPECT_EQ(FindCaveText(bytes, 2), "APopis---02");
+  EXPECT_EQ(FindCaveText(bytes, 3), "a@b.cz---03");
+  EXPECT_EQ(FindCaveText(bytes, 4), "Konec---04");
 }
 
 TEST(NewCaveText, OfTheSmallCaveParsesTo19ColumnsAnd11Rows) {
@@ -100,6 +118,25 @@ TEST(NewCaveText, HasPermeabilityFourNoProgramAndNoMarker) {
   EXPECT_TRUE(text->ends_with("W"));
 }
 
+// Those that the editor lets pass without a correction.
+TEST(NewCaveText, HasNumbersWithinTheLimitsOfTheEditor) {
+  for (const NewCaveSize size : {NewCaveSize::Small, NewCaveSize::Large}) {
+    const auto cave = ParseCaveText(*NewCaveText(size));
+    ASSERT_TRUE(cave) << cave.Message();
+    EXPECT_GE(cave->Time, 5);
+    EXPECT_LE(cave->Time, 999);
+    for (const int points : {cave->PointsBefore, cave->PointsAfter}) {
+      EXPECT_GE(points, 1);
+      EXPECT_LE(points, 99);
+    }
+    for (const int seconds : {cave->MagicWallTime, cave->AmoebaTime}) {
+      EXPECT_GE(seconds, 1);
+      EXPECT_LE(seconds, 150);
+    }
+    EXPECT_EQ(cave->Colouring, 4);  // as the editor writes the classic colours
+  }
+}
+
 TEST(NewCaveText, CanBeWonInTime) {
   for (const NewCaveSize size : {NewCaveSize::Small, NewCaveSize::Large}) {
     const auto cave = ParseCaveText(*NewCaveText(size));
@@ -118,6 +155,12 @@ TEST(FetchCaveText, GivesNewCavesForTheTwoLiteralsWhateverTheNumber) {
   EXPECT_EQ(*FetchCaveText("*2", 0), *NewCaveText(NewCaveSize::Large));
 }
 
+TEST(FetchCaveText, GivesNewCavesTheTextsOfTheLanguage) {
+  const NewCaveTexts english{"New small cave", "New large cave", "No description"};
+  EXPECT_EQ(*FetchCaveText("*1", 0, english), *NewCaveText(NewCaveSize::Small, english));
+  EXPECT_EQ(*FetchCaveText("*2", 0, english), *NewCaveText(NewCaveSize::Large, english));
+}
+
 TEST(FetchCaveText, ReadsACollectionFile) {
   const std::string path = testing::TempDir() + "zorik-fetch.zk";
   ASSERT_TRUE(WriteWhole(path, CollectionFile({CaveText("a") + "---01", "Konec"})));
@@ -130,6 +173,43 @@ TEST(FetchCaveText, FailsAtAFileThatCannotBeRead) {
   const auto text = FetchCaveText(path, 1);
   ASSERT_FALSE(text);
   EXPECT_NE(text.Message().find(path), std::string::npos);
+}
+
+// A collection with one cave, in a file of its own.
+std::string FileWithOneCave() {
+  std::string path = testing::TempDir() + "zorik-open.zk";
+  EXPECT_TRUE(WriteWhole(path, CollectionFile({CaveText("a") + "---07", "Konec"})));
+  return path;
+}
+
+TEST(OpenCave, StartsTheCaveWithThatMarkerInPlay) {
+  Hra hra;
+  hra.ReplayPlaying = hra.EditorRun = true;
+  ASSERT_FALSE(OpenCave(hra, FileWithOneCave(), 7));
+  EXPECT_EQ(hra.CaveText, CaveText("a") + "---07");
+  EXPECT_EQ(hra.CaveName, "a");
+  EXPECT_FALSE(hra.ReplayPlaying);
+  EXPECT_FALSE(hra.EditorRun);
+  EXPECT_TRUE(hra.Recording);
+}
+
+TEST(OpenCave, OfANumberInNoLineStartsNothing) {
+  Hra hra;
+  ASSERT_FALSE(OpenCave(hra, "*1", 0));
+  const auto lost = OpenCave(hra, FileWithOneCave(), 1);
+  ASSERT_TRUE(lost);
+  EXPECT_FALSE(lost->message.empty());
+  EXPECT_EQ(hra.CaveText, *NewCaveText(NewCaveSize::Small));
+}
+
+TEST(OpenCave, OfAFileThatIsNotThereStartsNothingAndNamesIt) {
+  Hra hra;
+  ASSERT_FALSE(OpenCave(hra, "*1", 0));
+  const std::string path = testing::TempDir() + "zorik-no-such-file.zk";
+  const auto failure = OpenCave(hra, path, 1);
+  ASSERT_TRUE(failure);
+  EXPECT_NE(failure->message.find(path), std::string::npos);
+  EXPECT_EQ(hra.CaveText, *NewCaveText(NewCaveSize::Small));
 }
 
 }  // namespace

@@ -81,6 +81,13 @@ TEST_F(WholeFile, ThatMayNotBeWrittenIsReplacedAndStaysReadableToOthers) {
   EXPECT_EQ(fs::status(In("a.zk")).permissions(), fs::perms(0644));
 }
 
+TEST_F(WholeFile, ThatOnlyItsOwnerMayReadStaysSo) {
+  ASSERT_TRUE(WriteWhole(In("a.zk"), "old"));
+  ASSERT_EQ(chmod(In("a.zk").c_str(), 0600), 0);
+  ASSERT_TRUE(WriteWhole(In("a.zk"), "new"));
+  EXPECT_EQ(fs::status(In("a.zk")).permissions(), fs::perms(0600));
+}
+
 TEST_F(WholeFile, BehindALinkIsReplacedAndTheLinkStays) {
   fs::create_directory(In("elsewhere"));
   ASSERT_TRUE(WriteWhole(In("elsewhere/a.zk"), "old"));

@@ -183,6 +183,16 @@ TEST(Progress, TakesARecordOfACaveThatHasMovedWithinItsCollection) {
   EXPECT_EQ(States(Of(CollectionOf({"a", "b"}), records), 2), "12");
 }
 
+// Whatever they are: the record of a cave without marker has lost what its script ends in.
+TEST(Progress, DisregardsTheLastFiveCharactersOfTheCaveInARecord) {
+  const auto of = [](const std::string& caveText) {
+    return States(Of(CollectionOf({"a", "b"}), {{RecordFileName("Sada", "a"), RecordOf(caveText, 9)}}), 2);
+  };
+  EXPECT_EQ(of(CaveText("a") + "abcde"), "21");
+  EXPECT_EQ(of(CaveText("a")), "10");
+  EXPECT_EQ(of(CaveText("a") + "----01"), "10");
+}
+
 TEST(Progress, SetsCavesThatShareARecordFileApartByTheirText) {
   const auto collection = CollectionOf({"Kam?", "K:am"});
   Records records;
@@ -199,6 +209,12 @@ TEST(Progress, LosesTheRecordsOfACollectionThatGetsANewName) {
   auto collection = CollectionOf({"a"});
   collection.Name = "Nov\xE1 sada";
   EXPECT_EQ(States(Of(collection, records), 1), "1");
+}
+
+TEST(Progress, LosesTheRecordOfACaveThatGetsANewName) {
+  Records records;
+  Add(records, "a", 10);
+  EXPECT_EQ(States(Of(CollectionOf({"Nov\xE1", "b"}), records), 2), "10");
 }
 
 TEST(Progress, TakesARecordWithoutACarriageReturnInItsFirstLineWithScoreZero) {
@@ -274,6 +290,17 @@ TEST(RecordsInFolder, AreFoundWithoutRegardToCase) {
   std::filesystem::remove_all(folder);
   EXPECT_EQ(States(progress, 2), "21");
   EXPECT_EQ(progress.Scores[1], 42);
+}
+
+TEST(RecordsInFolder, AreFoundUnderNamesThatAreTooLongForTheFileSystem) {
+  std::string folder = testing::TempDir() + "zorik-progress-XXXXXX";
+  ASSERT_NE(mkdtemp(folder.data()), nullptr);
+  const std::string cave(190, '\xE1');
+  const std::string name = FileSystemName(RecordFileName("Sada", cave));
+  ASSERT_TRUE(WriteWhole(folder + "/" + name, RecordOf(CaveText(cave) + "---01", 42)));
+  const Progress progress = ReadProgress(CollectionOf({cave, "b"}), kPlayer, RecordsInFolder(folder));
+  std::filesystem::remove_all(folder);
+  EXPECT_EQ(States(progress, 2), "21");
 }
 
 TEST(RecordsInFolder, ThatIsNotThereAreNone) {

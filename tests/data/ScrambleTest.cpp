@@ -157,6 +157,20 @@ TEST(Unscrambling, RepeatsTheCharacterBeforeAValueBelowZero) {
   EXPECT_EQ(UnscrambleText("FCA!AA"), Byte(52) + Byte(52));  // "!" is -32
 }
 
+// Z, F and G are 25, 5 and 6; "@" is -1 and "7" is -10.
+TEST(Unscrambling, HasCharactersForTheValues0To255Alone) {
+  EXPECT_EQ(UnscrambleText("ZFA"), Byte(255));
+  EXPECT_EQ(UnscrambleText("ZGA"), "");
+  EXPECT_EQ(UnscrambleText("B7A"), Byte(0));
+  EXPECT_EQ(UnscrambleText("A@A"), "");
+}
+
+// The code 200 is the number 135, as a divisor 43.
+TEST(Unscrambling, TakesBytesFrom128OnByTheirCode) {
+  EXPECT_EQ(UnscrambleText("A\xC8\x41"), Byte(135));
+  EXPECT_EQ(UnscrambleText("FC\xC8"), Byte(5 * 43 + 2));
+}
+
 TEST(Unscrambling, KeepsTheValuesOfAGroupThatHasNoCharacter) {
   EXPECT_EQ(UnscrambleText("FCAZDEF"), Byte(52) + Byte(52) + Byte(5 * 11 + 3));
 }
