@@ -10,6 +10,11 @@ struct Store : QSettings {
   Store() : QSettings(QSettings::IniFormat, QSettings::UserScope, "Ortvan", "Zorik2") {}
 };
 
+// What belongs to the start screen.
+struct StartStore : QSettings {
+  StartStore() : QSettings(QSettings::IniFormat, QSettings::UserScope, "Ortvan", "Zorik") {}
+};
+
 int ReadSpeed(const QSettings& store, const char* name) {
   return std::clamp(store.value(name).toInt(), 1, 10);
 }
@@ -43,6 +48,27 @@ void StoreSett(const Settings& settings) {
   store.setValue("SpeedR", settings.SpeedR);
   store.setValue("Sound", settings.Sound ? 1 : 0);
   store.setValue("Joystick", settings.Joystick ? 1 : 0);
+}
+
+void StoreSkin(const QString& skin) {
+  Store().setValue("Skin", skin);
+}
+
+void StorePath(const QString& folder) {
+  Store store;
+  if (store.value("Path").toString() != folder) store.setValue("Path", folder);
+}
+
+int ReadPosledniHrac() {
+  return std::max(0, StartStore().value("PosledniHrac").toInt());
+}
+
+void StorePosledniHrac(int place) {
+  StartStore().setValue("PosledniHrac", place);
+}
+
+void StoreMaximized(bool maximized) {
+  StartStore().setValue("Maximized", maximized ? 1 : 0);
 }
 
 }  // namespace zorik

@@ -22,4 +22,17 @@ Settings FindSett();
 // Writes all values but the skin, which is written where it is chosen.
 void StoreSett(const Settings& settings);
 
+// Writes the name of the skin's folder.
+void StoreSkin(const QString& skin);
+
+// Writes the folder that the program lies in.
+void StorePath(const QString& folder);
+
+// The place in the list, 0 the first, of the player who was selected last; 0 when there was none.
+int ReadPosledniHrac();
+void StorePosledniHrac(int place);
+
+// Writes whether the game window filled the screen when the program ended.
+void StoreMaximized(bool maximized);
+
 }  // namespace zorik

@@ -1,0 +1,167 @@
+#include "platform/FileTypes.h"
+
+#include <QCoreApplication>
+#include <QProcess>
+#include <QStandardPaths>
+#include <array>
+#include <filesystem>
+#include <system_error>
+
+#include "data/Files.h"
+#include "platform/Settings.h"
+
+namespace zorik {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* kHelper = "downloader";
+constexpr const char* kEntry = "applications/zorik-open.desktop";
+constexpr const char* kPackage = "mime/packages/zorik.xml";
+
+constexpr const char* kFamily = "application/x-morvek";
+
+constexpr const char* kCave = "application/x-morvek-cave";
+constexpr const char* kRecord = "application/x-morvek-record";
+constexpr const char* kData = "application/x-morvek-data";
+constexpr std::array kTypes = {kFamily, kCave, kRecord, kData};
+
+std::string EscapedXml(const std::string& text) {
+  std::string escaped;
+  for (const char character : text) {
+    switch (character) {
+      case '&':
+        escaped += "&amp;";
+        break;
+      case '<':
+        escaped += "&lt;";
+        break;
+      case '>':
+        escaped += "&gt;";
+        break;
+      default:
+        if (static_cast<unsigned char>(character) >= ' ') escaped += character;
+    }
+  }
+  return escaped;
+}
+
+// One of the types; all that have a pattern belong to the family.
+std::string MimeType(const std::string& type, const std::string& words, const char* pattern) {
+  std::string element =
+      "  <mime-type type=\"" + type + "\">\n    <comment>" + EscapedXml(words) + "</comment>\n";
+  if (pattern != nullptr) {
+    element += std::string("    <sub-class-of type=\"") + kFamily + "\"/>\n    <glob pattern=\"" + pattern +
+               "\"/>\n";
+  }
+  return element + "  </mime-type>\n";
+}
+
+// As desktop entries want their values.
+std::string EscapedValue(const std::string& text) {
+  std::string escaped;
+  for (const char character : text) {
+    if (character == '\\') {
+      escaped += "\\\\";
+    } else if (character == '\n') {
+      escaped += "\\n";
+    } else {
+      escaped += character;
+    }
+  }
+  return escaped;
+}
+
+// One word of a command line.
+std::string Quoted(const std::string& word) {
+  std::string quoted = "\"";
+  for (const char character : word) {
+    if (character == '"' || character == '`' || character == '$' || character == '\\') quoted += '\\';
+    if (character == '%') quoted += '%';
+    quoted += character;
+  }
+  return quoted + '"';
+}
+
+bool SystemHasThem(const std::vector<std::string>& folders) {
+  for (const fs::path folder : folders) {
+    std::error_code error;
+    if (fs::exists(folder / kEntry, error) && fs::exists(folder / kPackage, error)) return true;
+  }
+  return false;
+}
+
+bool Put(const fs::path& path, const std::string& bytes) {
+  const auto old = ReadWhole(path.string());
+  if (old && *old == bytes) return false;
+  std::error_code error;
+  fs::create_directories(path.parent_path(), error);
+  return static_cast<bool>(WriteWhole(path.string(), bytes));
+}
+
+// Runs one of the desktop's own programs, if it has it, and does not wait for it.
+void RunOn(const char* program, const std::string& folder) {
+  const QString path = QStandardPaths::findExecutable(program);
+  if (path.isEmpty()) return;
+  QProcess process;
+  process.setProgram(path);
+  process.setArguments({QString::fromStdString(folder)});
+  process.setStandardOutputFile(QProcess::nullDevice());
+  process.setStandardErrorFile(QProcess::nullDevice());
+  process.startDetached();
+}
+
+}  // namespace
+
+FileTypes FileTypesHere(const std::string& collectionWords, const std::string& recordWords) {
+  FileTypes types;
+  QStringList folders = QStandardPaths::standardLocations(QStandardPaths::GenericDataLocation);
+  if (!folders.isEmpty()) types.DataHome = folders.takeFirst().toStdString();
+  for (const QString& folder : folders) types.DataFolders.push_back(folder.toStdString());
+  types.ProgramFolder = QCoreApplication::applicationDirPath().toStdString();
+  types.CollectionWords = collectionWords;
+  types.RecordWords = recordWords;
+  return types;
+}
+
+std::string MimePackage(const std::string& collectionWords, const std::string& recordWords) {
+  return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+         "<mime-info xmlns=\"http://www.freedesktop.org/standards/shared-mime-info\">\n" +
+         MimeType(kFamily, "Morvek", nullptr) + MimeType(kCave, collectionWords, "*.zk") +
+         MimeType(kRecord, recordWords, "*.zkr") + MimeType(kData, "Morvek Data File", "*.zkd") +
+         "</mime-info>\n";
+}
+
+std::string OpenerEntry(const std::string& programFolder) {
+  const std::string helper = programFolder + "/" + kHelper;
+  std::string entry =
+      "[Desktop Entry]\n"
+      "Type=Application\n"
+      "Name=Zorík\n"
+      "Icon=zorik\n"
+      "NoDisplay=true\n"
+      "TryExec=" +
+      EscapedValue(helper) + "\nExec=" + EscapedValue(Quoted(helper)) + " %f\nMimeType=";
+  for (const char* const type : kTypes) entry += std::string(type) + ";";
+  return entry + "\n";
+}
+
+bool WriteFileTypes(const FileTypes& types) {
+  std::error_code error;
+  const bool helper = fs::exists(fs::path(types.ProgramFolder) / kHelper, error);
+  if (types.DataHome.empty() || !helper || SystemHasThem(types.DataFolders)) return false;
+  const fs::path home = types.DataHome;
+  const bool entry = Put(home / kEntry, OpenerEntry(types.ProgramFolder));
+  const bool package = Put(home / kPackage, MimePackage(types.CollectionWords, types.RecordWords));
+  return entry || package;
+}
+
+void RegExt(const std::string& collectionWords, const std::string& recordWords) {
+  const FileTypes types = FileTypesHere(collectionWords, recordWords);
+  StorePath(QString::fromStdString(types.ProgramFolder));
+  if (!WriteFileTypes(types)) return;
+  RunOn("update-mime-database", types.DataHome + "/mime");
+  RunOn("update-desktop-database", types.DataHome + "/applications");
+}
+
+}  // namespace zorik

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <vector>
+
+#include "platform/Limiter.h"
+
+namespace zorik {
+
+// Where all that sounds comes together, buffer by buffer: 16 bit, left and right in turn. However many sound
+// at once, nothing is clipped; and what is broken off before its end sinks within a few milliseconds, so that
+// it does not click. It does not allocate once every voice has sounded.
+class MixBus {
+ public:
+  static constexpr std::size_t kSink = 110;  // frames that a broken sound takes to sink: 5 ms
+
+  // Frames of one buffer.
+  explicit MixBus(std::size_t frames);
+
+  // Adds a voice's next piece to the buffer: `piece` is taken from `samples`, all of its recording, which
+  // starts anew at its end if it loops. A voice that is new, or has been broken, is at the start of its
+  // recording.
+  void Add(std::size_t voice, std::span<const std::int16_t> samples, bool looping,
+           std::span<const std::int16_t> piece);
+
+  // The voice stops here, at its end or before.
+  void Break(std::size_t voice);
+
+  // Ends the buffer. A voice that has not filled it and was not broken stands still and will go on later.
+  void Finish(std::span<std::int16_t> out);
+
+ private:
+  struct Voice {
+    std::span<const std::int16_t> samples{};  // empty: the voice is silent
+    bool looping = false;
+    bool standing = false;
+    std::size_t position = 0;  // in samples: what comes next
+    std::size_t filled = 0;    // samples of this buffer
+  };
+
+  void Sink(const Voice& voice);
+
+  std::vector<Voice> voices_;
+  std::vector<float> sum_;  // of this buffer, and of what sinks beyond its end
+  Limiter limiter_;
+};
+
+}  // namespace zorik

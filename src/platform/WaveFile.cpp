@@ -1,0 +1,77 @@
+#include "platform/WaveFile.h"
+
+#include <SDL.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <cstring>
+#include <filesystem>
+#include <memory>
+#include <system_error>
+
+#include "data/Files.h"
+
+namespace zorik {
+namespace {
+
+constexpr int kMostRate = 384000;  // far beyond hearing, and what the converter takes in its stride
+
+struct Wave {
+  SDL_AudioSpec spec{};
+  std::unique_ptr<Uint8, decltype(&SDL_FreeWAV)> bytes{nullptr, &SDL_FreeWAV};
+  Uint32 size = 0;
+};
+
+Wave Decode(const std::string& file) {
+  Wave wave;
+  Uint8* bytes = nullptr;
+  SDL_RWops* const source = SDL_RWFromConstMem(file.data(), static_cast<int>(file.size()));
+  if (source != nullptr && SDL_LoadWAV_RW(source, 1, &wave.spec, &bytes, &wave.size) != nullptr)
+    wave.bytes.reset(bytes);
+  return wave;
+}
+
+bool IsTooLong(const Wave& wave) {
+  const std::size_t frame = std::size_t{wave.spec.channels} * SDL_AUDIO_BITSIZE(wave.spec.format) / 8;
+  return frame == 0 || wave.size / frame > static_cast<std::size_t>(wave.spec.freq) * kLongestSound;
+}
+
+// Of the two converters at hand, the one that streams leaves out the end of what it stretches.
+std::vector<std::int16_t> Convert(const Wave& wave) {
+  SDL_AudioCVT converter;
+  if (SDL_BuildAudioCVT(&converter, wave.spec.format, wave.spec.channels, wave.spec.freq, AUDIO_S16SYS,
+                        kSoundChannels, kSoundRate) < 0)
+    return {};
+  std::vector<Uint8> bytes(std::size_t{wave.size} * static_cast<std::size_t>(converter.len_mult));
+  std::copy_n(wave.bytes.get(), wave.size, bytes.begin());
+  converter.buf = bytes.data();
+  converter.len = static_cast<int>(wave.size);
+  converter.len_cvt = converter.len;
+  if (converter.needed != 0 && SDL_ConvertAudio(&converter) != 0) return {};
+  constexpr std::size_t kFrame = kSoundChannels * sizeof(std::int16_t);
+  const std::size_t frames = static_cast<std::size_t>(converter.len_cvt) / kFrame;
+  if (frames == 0) return {};
+  std::vector<std::int16_t> samples(frames * kSoundChannels);
+  std::memcpy(samples.data(), bytes.data(), frames * kFrame);
+  return samples;
+}
+
+}  // namespace
+
+Result<std::vector<std::int16_t>> ReadWave(const std::string& path) {
+  std::error_code error;
+  const std::uintmax_t size = std::filesystem::file_size(path, error);
+  if (error) return Failure{"cannot read " + path + ": " + error.message()};
+  if (size > kLargestWave) return Failure{"cannot read " + path + ": the sound is too large"};
+  const Result<std::string> file = ReadWhole(path);
+  if (!file) return Failure{file.Message()};
+  const Wave wave = Decode(*file);
+  if (!wave.bytes) return Failure{"cannot read " + path + ": it is no wave file"};
+  if (wave.spec.freq > kMostRate) return Failure{"cannot read " + path + ": no sound has such a rate"};
+  if (IsTooLong(wave)) return Failure{"cannot read " + path + ": the sound is too long"};
+  std::vector<std::int16_t> samples = Convert(wave);
+  if (samples.empty()) return Failure{"cannot read " + path + ": it holds no sound"};
+  return samples;
+}
+
+}  // namespace zorik

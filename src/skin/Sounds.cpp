@@ -1,0 +1,159 @@
+#include "skin/Sounds.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <system_error>
+#include <vector>
+
+#include "data/Cp1250.h"
+#include "data/Files.h"
+
+namespace zorik {
+namespace {
+
+namespace fs = std::filesystem;
+
+struct Stem {
+  int number;
+  std::string_view name;
+  bool looping = false;
+};
+
+// In the order in which they are loaded. Nothing ever starts the sound of the background.
+constexpr std::array<Stem, kSoundCount> kStems{{
+    {0, "dirt"},
+    {1, "fallgem"},
+    {2, "collectgem"},
+    {3, "boulder"},
+    {4, "boulderpush"},
+    {5, "explosion"},
+    {6, "boxpush"},
+    {8, "exitopen"},
+    {10, "back", true},
+    {7, "dog"},
+    {11, "sensor"},
+    {12, "asuffocate"},
+    {13, "amoeba", true},
+    {14, "sensorout"},
+    {15, "adeath"},
+    {9, "magicwall", true},
+}};
+
+std::string SoundFolder(const SkinPlaces& places, const std::string& skin) {
+  return places.SkinsPath + "/" + skin + "/Sound/";
+}
+
+// Of files that differ in letter case only, the one in lower case counts, then the first in byte order.
+SoundFiles FilesIn(const std::string& path) {
+  std::vector<std::string> names;
+  std::error_code error;
+  const std::string folder = ResolvePath(path);
+  for (fs::directory_iterator entry(folder, error); !error && entry != fs::directory_iterator();
+       entry.increment(error)) {
+    std::error_code unreadable;
+    if (entry->is_regular_file(unreadable)) names.push_back(entry->path().filename().string());
+  }
+  std::sort(names.begin(), names.end());
+  SoundFiles files;
+  for (const std::string& name : names) {
+    const std::string lower = FoldFileName(name);
+    if (name == lower || !files.contains(lower)) files[lower] = folder + name;
+  }
+  return files;
+}
+
+struct Recording {
+  SoundKind kind = SoundKind::None;
+  std::string path;
+};
+
+// What was found of one sound so far.
+struct Search {
+  int count = 0;
+  std::array<Recording, kVariants> recordings;
+
+  void LookInto(const SoundFiles& files, std::string_view stem);
+};
+
+// What an earlier folder had under the same number gives way, though it stays counted.
+void Search::LookInto(const SoundFiles& files, std::string_view stem) {
+  for (std::size_t v = 0; v < kVariants; ++v) {
+    recordings[v] = {};
+    const std::string name = std::string(stem) + (v == 0 ? "" : std::to_string(v + 1));
+    auto file = files.find(name + ".wav");
+    const SoundKind kind = file != files.end() ? SoundKind::Wave : SoundKind::Midi;
+    if (kind == SoundKind::Midi) file = files.find(name + ".mid");
+    if (file == files.end()) continue;
+    recordings[v] = {kind, file->second};
+    ++count;
+  }
+}
+
+}  // namespace
+
+Sounds::Sounds(DSound& device, std::uint64_t seed) : device_(device), rnd_(seed) {}
+
+void Sounds::LoadSounds(int number, std::string_view stem, bool looping,
+                        const std::array<SoundFiles, 2>& folders) {
+  Search search;
+  search.LookInto(folders[0], stem);
+  if (search.count <= 1) search.LookInto(folders[1], stem);
+  Sound& sound = sounds_[static_cast<std::size_t>(number)];
+  sound.count = search.count;
+  for (std::size_t v = 0; v < kVariants; ++v) {
+    Variant& variant = sound.variants[v];
+    const Recording& recording = search.recordings[v];
+    variant.kind = recording.kind;
+    if (recording.kind == SoundKind::Wave) {
+      variant.buffer = device_.DSReload(variant.buffer, recording.path, looping);
+    } else {
+      device_.DSFree(variant.buffer);
+      variant.buffer = DSound::kNoBuffer;
+    }
+  }
+}
+
+Result<Done> Sounds::InicializaceZvuku(const SkinPlaces& places) {
+  places_ = places;
+  const Result<Done> opened = device_.DSInit();
+  if (!opened) return opened;
+  const std::array<SoundFiles, 2> folders{FilesIn(SoundFolder(places, places.Skin)),
+                                          FilesIn(SoundFolder(places, "Default"))};
+  for (const Stem& stem : kStems) LoadSounds(stem.number, stem.name, stem.looping, folders);
+  return Done{};
+}
+
+// The count can lead beyond the last variant, or to a number that no file has: then nothing sounds.
+void Sounds::PZvuk(int n) {
+  if (!on_) return;
+  const Sound& sound = sounds_[static_cast<std::size_t>(n)];
+  const std::size_t pick = rnd_.Below(static_cast<std::uint32_t>(sound.count));
+  if (pick >= sound.variants.size()) return;
+  const Variant& variant = sound.variants[pick];
+  if (variant.kind == SoundKind::Wave) device_.DSPlay(variant.buffer);
+}
+
+void Sounds::PZvukStop(int n) {
+  const Sound& sound = sounds_[static_cast<std::size_t>(n)];
+  for (int v = 0; v < std::min(sound.count, kVariants); ++v) {
+    const Variant& variant = sound.variants[static_cast<std::size_t>(v)];
+    if (variant.kind == SoundKind::Wave) device_.DSStop(variant.buffer);
+  }
+}
+
+std::string Sounds::PZvukTime(int seconds) const {
+  if (!on_) return {};
+  const std::string name = "O" + std::to_string(seconds) + ".wav";
+  std::string path = ResolvePath(SoundFolder(places_, places_.Skin) + name);
+  std::error_code error;
+  if (!fs::is_regular_file(path, error)) path = ResolvePath(SoundFolder(places_, "Default") + name);
+  return path;
+}
+
+void Sounds::StopAll() {
+  for (const Sound& sound : sounds_) {
+    for (const Variant& variant : sound.variants) device_.DSStop(variant.buffer);
+  }
+}
+
+}  // namespace zorik

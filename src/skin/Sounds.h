@@ -1,0 +1,72 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <map>
+#include <string>
+#include <string_view>
+
+#include "data/Chance.h"
+#include "data/Result.h"
+#include "platform/DSound.h"
+#include "skin/TileSets.h"
+
+namespace zorik {
+
+inline constexpr int kSoundCount = 16;
+inline constexpr int kVariants = 9;
+
+enum class SoundKind : std::uint8_t { None = 0, Wave = 1, Midi = 2 };
+
+// Paths of the files of a folder by their names in lower case.
+using SoundFiles = std::map<std::string, std::string>;
+
+// The sounds of a skin by their numbers, each with up to nine recordings of which one is picked at random.
+// The chance is the interface's, never the game's.
+class Sounds {
+ public:
+  explicit Sounds(DSound& device, std::uint64_t seed = 0);
+
+  // Loads all sounds of the skin; those of which it has fewer than two recordings from the default skin too.
+  // Files that have not changed since the last time are not read again, and if they sound, they go on. Fails,
+  // in the words for the player, if sound cannot be opened at all; the game ends then.
+  Result<Done> InicializaceZvuku(const SkinPlaces& places);
+
+  // Whether sounds are wanted; without that nothing starts, but all can be stopped.
+  void SetSound(bool on) { on_ = on; }
+
+  // Plays sound n, 0 to 15; one that sounds starts anew.
+  void PZvuk(int n);
+  void PZvukStop(int n);
+  // Makes the name of the sound for one of the last seconds, and plays nothing: the seconds are silent. Empty
+  // while sounds are not wanted.
+  std::string PZvukTime(int seconds) const;
+  void StopAll();
+  // Holds what sounds, and lets it go on: the game hides or stands still.
+  void PauseAll() { device_.DSPauseAll(); }
+  void ResumeAll() { device_.DSResumeAll(); }
+
+  // Recordings that were found in the one folder or the two, 0 to 10.
+  int SoundCount(int n) const { return sounds_[static_cast<std::size_t>(n)].count; }
+
+ private:
+  struct Variant {
+    SoundKind kind = SoundKind::None;
+    int buffer = DSound::kNoBuffer;
+  };
+  struct Sound {
+    int count = 0;
+    std::array<Variant, kVariants> variants{};  // number 1 first
+  };
+
+  void LoadSounds(int number, std::string_view stem, bool looping, const std::array<SoundFiles, 2>& folders);
+
+  DSound& device_;
+  SkinPlaces places_;
+  std::array<Sound, kSoundCount> sounds_{};
+  Chance rnd_;
+  bool on_ = true;
+};
+
+}  // namespace zorik

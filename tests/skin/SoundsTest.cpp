@@ -1,0 +1,429 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdlib>
+#include <filesystem>
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "skin/Sounds.h"
+#include "support/Waves.h"
+
+namespace zorik {
+namespace {
+
+namespace fs = std::filesystem;
+using State = DSound::State;
+using test::Environment;
+using test::Samples;
+using test::SoundFolder;
+using test::SoundOnDisk;
+using test::Tone;
+using test::WaveFileOf;
+
+using Names = std::set<std::string>;
+
+enum Number {
+  kDirtSound,
+  kFallGemSound,
+  kExplosionSound = 5,
+  kMagicWallSound = 9,
+  kBackSound,
+  kAmoebaSound = 13
+};
+
+// A folder of skins.
+class SoundsTest : public testing::Test {
+ protected:
+  SoundsTest() { places_.SkinsPath = folder_.At("Skins"); }
+
+  std::string Wave(const std::string& name, const Samples& samples = Tone(50, 500, 20000)) const {
+    return folder_.Write("Skins/" + name, WaveFileOf(samples));
+  }
+
+  // The buffers in a state, by their files below the folder of skins.
+  Names In(const DSound& device, State state) const {
+    Names names;
+    for (int handle = 0; handle < DSound::kMostBuffers; ++handle) {
+      if (device.StateOf(handle) != state || device.FileOf(handle).empty()) continue;
+      names.insert(device.FileOf(handle).substr(places_.SkinsPath.size() + 1));
+    }
+    return names;
+  }
+
+  SoundFolder folder_;
+  SkinPlaces places_;
+};
+
+// Without a sound card: what is asked of the buffers.
+class SoundsSilent : public SoundsTest {
+ protected:
+  void Load() { ASSERT_TRUE(sounds_.InicializaceZvuku(places_)); }
+  Names Loaded() const { return In(device_, State::Loaded); }
+  Names Playing() const { return In(device_, State::Playing); }
+
+  // How often each file is picked, an empty name standing for none; every pick is stopped again.
+  std::map<std::string, int> Picks(int number, int times) {
+    std::map<std::string, int> picks;
+    for (int i = 0; i < times; ++i) {
+      sounds_.PZvuk(number);
+      const Names playing = Playing();
+      EXPECT_LE(playing.size(), 1U);
+      ++picks[playing.empty() ? "" : *playing.begin()];
+      sounds_.StopAll();
+    }
+    return picks;
+  }
+
+  Environment driver_{"SDL_AUDIODRIVER", "dummy"};
+  DSound device_;
+  Sounds sounds_{device_, 1};
+};
+
+class SoundsHeard : public SoundsTest {
+ protected:
+  SoundOnDisk disk_{folder_};
+};
+
+TEST_F(SoundsSilent, WithoutAFileHaveACountOfZeroAndStaySilent) {
+  Load();
+  for (int number = 0; number < kSoundCount; ++number) {
+    EXPECT_EQ(sounds_.SoundCount(number), 0);
+    EXPECT_EQ(Picks(number, 5), (std::map<std::string, int>{{"", 5}}));
+    sounds_.PZvukStop(number);
+  }
+}
+
+TEST_F(SoundsSilent, WithTwoFilesInTheSkinLeaveTheDefaultsAlone) {
+  places_.Skin = "Mine";
+  Wave("Mine/Sound/dirt.wav");
+  Wave("Mine/Sound/dirt2.wav");
+  Wave("Default/Sound/dirt.wav");
+  Wave("Default/Sound/dirt3.wav");
+  Load();
+  EXPECT_EQ(sounds_.SoundCount(kDirtSound), 2);
+  EXPECT_EQ(Loaded(), (Names{"Mine/Sound/dirt.wav", "Mine/Sound/dirt2.wav"}));
+}
+
+TEST_F(SoundsSilent, WithTwoFilesPlayEachAboutHalfTheTime) {
+  Wave("Default/Sound/dirt.wav");
+  Wave("Default/Sound/dirt2.wav");
+  Load();
+  const auto picks = Picks(kDirtSound, 400);
+  ASSERT_EQ(picks.size(), 2U);
+  for (const auto& [file, times] : picks) EXPECT_NEAR(times, 200, 50) << file;
+}
+
+TEST_F(SoundsSilent, WithASingleFileInTheSkinTakeTheDefaultsInItsPlaceAndCountOn) {
+  places_.Skin = "Mine";
+  Wave("Mine/Sound/dirt.wav");
+  Wave("Default/Sound/dirt.wav");
+  Wave("Default/Sound/dirt2.wav");
+  Load();
+  EXPECT_EQ(sounds_.SoundCount(kDirtSound), 3);
+  EXPECT_EQ(Loaded(), (Names{"Default/Sound/dirt.wav", "Default/Sound/dirt2.wav"}));
+  const auto picks = Picks(kDirtSound, 300);
+  ASSERT_EQ(picks.size(), 3U);
+  EXPECT_NEAR(picks.at(""), 100, 40) << "the third of three has no file";
+}
+
+TEST_F(SoundsSilent, WithASingleLaterFileInTheSkinLoseItToTheDefaults) {
+  places_.Skin = "Mine";
+  Wave("Mine/Sound/dirt3.wav");
+  Wave("Default/Sound/dirt.wav");
+  Load();
+  EXPECT_EQ(sounds_.SoundCount(kDirtSound), 2);
+  EXPECT_EQ(Loaded(), (Names{"Default/Sound/dirt.wav"}));
+}
+
+TEST_F(SoundsSilent, WithASingleFileInTheDefaultSkinCountItTwiceAndAreSilentHalfTheTime) {
+  Wave("Default/Sound/dirt.wav");
+  Load();
+  EXPECT_EQ(sounds_.SoundCount(kDirtSound), 2);
+  const auto picks = Picks(kDirtSound, 400);
+  ASSERT_EQ(picks.size(), 2U);
+  EXPECT_NEAR(picks.at(""), 200, 50);
+}
+
+TEST_F(SoundsSilent, CountTenWhenNineJoinASingleOneAndTheTenthIsSilent) {
+  places_.Skin = "Mine";
+  Wave("Mine/Sound/dirt.wav");
+  Wave("Default/Sound/dirt.wav");
+  for (int v = 2; v <= 9; ++v) Wave("Default/Sound/dirt" + std::to_string(v) + ".wav");
+  Wave("Default/Sound/dirt10.wav");
+  Load();
+  EXPECT_EQ(sounds_.SoundCount(kDirtSound), 10);
+  EXPECT_EQ(Loaded().size(), 9U);
+  const auto picks = Picks(kDirtSound, 500);
+  EXPECT_EQ(picks.size(), 10U);
+  EXPECT_GT(picks.at(""), 0);
+}
+
+TEST_F(SoundsSilent, WithAGapInTheNumbersAreSilentThereAndNeverReachTheLast) {
+  Wave("Default/Sound/dirt.wav");
+  Wave("Default/Sound/dirt3.wav");
+  Load();
+  EXPECT_EQ(sounds_.SoundCount(kDirtSound), 2);
+  const auto picks = Picks(kDirtSound, 400);
+  ASSERT_EQ(picks.size(), 2U);
+  EXPECT_NEAR(picks.at(""), 200, 50);
+  EXPECT_NEAR(picks.at("Default/Sound/dirt.wav"), 200, 50);
+}
+
+TEST_F(SoundsSilent, CountAMidiFileAsAVariantThatIsSilent) {
+  folder_.Write("Skins/Default/Sound/dirt.mid", "MThd");
+  Wave("Default/Sound/dirt2.wav");
+  Load();
+  EXPECT_EQ(sounds_.SoundCount(kDirtSound), 2);
+  const auto picks = Picks(kDirtSound, 400);
+  ASSERT_EQ(picks.size(), 2U);
+  EXPECT_NEAR(picks.at(""), 200, 50);
+}
+
+TEST_F(SoundsSilent, TakeAWaveBeforeAMidiFileOfTheSameName) {
+  folder_.Write("Skins/Default/Sound/dirt.mid", "MThd");
+  Wave("Default/Sound/dirt.wav");
+  Wave("Default/Sound/dirt2.wav");
+  Load();
+  EXPECT_EQ(sounds_.SoundCount(kDirtSound), 2);
+  EXPECT_EQ(Loaded(), (Names{"Default/Sound/dirt.wav", "Default/Sound/dirt2.wav"}));
+}
+
+TEST_F(SoundsSilent, CountABrokenFileAsAVariantThatIsSilent) {
+  folder_.Write("Skins/Default/Sound/dirt.wav", "RIFF and no more");
+  Wave("Default/Sound/dirt2.wav");
+  Load();
+  EXPECT_EQ(sounds_.SoundCount(kDirtSound), 2);
+  EXPECT_EQ(Picks(kDirtSound, 100).size(), 2U);
+}
+
+TEST_F(SoundsSilent, CareForNoLetterCaseAndForNoFolderOfThatName) {
+  Wave("default/SOUND/Dirt.WAV");
+  Wave("default/SOUND/DIRT2.wav");
+  fs::create_directories(folder_.At("Skins/default/SOUND/dirt3.wav"));
+  Load();
+  EXPECT_EQ(sounds_.SoundCount(kDirtSound), 2);
+  EXPECT_EQ(Loaded(), (Names{"default/SOUND/Dirt.WAV", "default/SOUND/DIRT2.wav"}));
+}
+
+TEST_F(SoundsSilent, TakeTheNameInLowerCaseBeforeOthers) {
+  Wave("Default/Sound/Dirt.wav");
+  Wave("Default/Sound/dirt.wav");
+  Wave("Default/Sound/dirt.WAV");
+  Wave("Default/Sound/DIRT2.wav");
+  Wave("Default/Sound/Dirt2.wav");
+  Load();
+  EXPECT_EQ(Loaded(), (Names{"Default/Sound/dirt.wav", "Default/Sound/DIRT2.wav"}));
+}
+
+TEST_F(SoundsSilent, HaveTheirGivenStems) {
+  const std::vector<std::string> stems{
+      "dirt",     "fallgem",   "collectgem", "boulder", "boulderpush", "explosion", "boxpush",   "dog",
+      "exitopen", "magicwall", "back",       "sensor",  "asuffocate",  "amoeba",    "sensorout", "adeath"};
+  for (const std::string& stem : stems) {
+    Wave("Default/Sound/" + stem + ".wav");
+    Wave("Default/Sound/" + stem + "2.wav");
+  }
+  Load();
+  for (int number = 0; number < kSoundCount; ++number) {
+    const std::string path = "Default/Sound/" + stems[static_cast<std::size_t>(number)];
+    const auto picks = Picks(number, 30);
+    EXPECT_EQ(picks.size(), 2U);
+    EXPECT_TRUE(picks.contains(path + ".wav") && picks.contains(path + "2.wav")) << path;
+  }
+}
+
+TEST_F(SoundsSilent, AreLoadedInTheGivenOrder) {
+  const std::vector<std::string> order{
+      "dirt", "fallgem", "collectgem", "boulder",    "boulderpush", "explosion", "boxpush", "exitopen",
+      "back", "dog",     "sensor",     "asuffocate", "amoeba",      "sensorout", "adeath",  "magicwall"};
+  for (const std::string& stem : order) {
+    Wave("Default/Sound/" + stem + ".wav");
+    Wave("Default/Sound/" + stem + "2.wav");
+  }
+  Load();
+  for (int handle = 0; handle < 2 * kSoundCount; ++handle) {
+    const std::string& stem = order[static_cast<std::size_t>(handle / 2)];
+    EXPECT_EQ(device_.FileOf(handle),
+              places_.SkinsPath + "/Default/Sound/" + stem + (handle % 2 == 0 ? "" : "2") + ".wav");
+  }
+}
+
+TEST_F(SoundsSilent, SwitchedOffAreLoadedButDoNotPlay) {
+  Wave("Default/Sound/dirt.wav");
+  Wave("Default/Sound/dirt2.wav");
+  sounds_.SetSound(false);
+  Load();
+  EXPECT_EQ(sounds_.SoundCount(kDirtSound), 2);
+  EXPECT_EQ(Picks(kDirtSound, 20), (std::map<std::string, int>{{"", 20}}));
+  sounds_.SetSound(true);
+  EXPECT_EQ(Picks(kDirtSound, 20).size(), 2U);
+}
+
+TEST_F(SoundsSilent, SwitchedOffCanStillBeStopped) {
+  Wave("Default/Sound/amoeba.wav");
+  Wave("Default/Sound/amoeba2.wav");
+  Load();
+  sounds_.PZvuk(kAmoebaSound);
+  ASSERT_EQ(Playing().size(), 1U);
+  sounds_.SetSound(false);
+  sounds_.PZvukStop(kAmoebaSound);
+  EXPECT_EQ(Playing(), Names());
+}
+
+TEST_F(SoundsSilent, AreStoppedInAllTheirVariantsAndNoOthers) {
+  for (const char* name : {"amoeba", "amoeba2", "amoeba3", "dirt", "dirt2"})
+    Wave("Default/Sound/" + std::string(name) + ".wav");
+  Load();
+  for (int i = 0; i < 50; ++i) sounds_.PZvuk(kAmoebaSound);
+  ASSERT_EQ(Playing().size(), 3U);
+  sounds_.PZvuk(kDirtSound);
+  ASSERT_EQ(Playing().size(), 4U);
+  sounds_.PZvukStop(kAmoebaSound);
+  EXPECT_EQ(Playing().size(), 1U);
+  sounds_.StopAll();
+  EXPECT_EQ(Playing(), Names());
+}
+
+TEST_F(SoundsSilent, ThatPlayGoOnWhenTheSameSkinIsLoadedAgain) {
+  Wave("Default/Sound/amoeba.wav");
+  Wave("Default/Sound/amoeba2.wav");
+  Load();
+  sounds_.PZvuk(kAmoebaSound);
+  const Names playing = Playing();
+  ASSERT_EQ(playing.size(), 1U);
+  Load();
+  EXPECT_EQ(Playing(), playing);
+  EXPECT_EQ(sounds_.SoundCount(kAmoebaSound), 2);
+}
+
+TEST_F(SoundsSilent, OfAnotherSkinReplaceThoseOfTheOld) {
+  for (const char* skin : {"Default", "Mine"}) {
+    Wave(std::string(skin) + "/Sound/amoeba.wav");
+    Wave(std::string(skin) + "/Sound/amoeba2.wav");
+  }
+  Wave("Default/Sound/amoeba3.wav");
+  Load();
+  sounds_.PZvuk(kAmoebaSound);
+  places_.Skin = "Mine";
+  Load();
+  EXPECT_EQ(Playing(), Names());
+  EXPECT_EQ(Loaded(), (Names{"Mine/Sound/amoeba.wav", "Mine/Sound/amoeba2.wav"}));
+}
+
+TEST_F(SoundsSilent, WhoseFilesAreGoneAreForgotten) {
+  const std::string path = Wave("Default/Sound/dirt.wav");
+  Wave("Default/Sound/dirt2.wav");
+  Load();
+  fs::remove_all(folder_.At("Skins"));
+  Load();
+  EXPECT_EQ(sounds_.SoundCount(kDirtSound), 0);
+  EXPECT_EQ(Loaded(), Names());
+}
+
+TEST_F(SoundsSilent, MakeTheNameForTheLastSecondsAndPlayNothing) {
+  places_.Skin = "Mine";
+  const std::string own = Wave("Mine/Sound/O7.wav");
+  const std::string other = Wave("Default/Sound/O10.wav");
+  Load();
+  EXPECT_EQ(sounds_.PZvukTime(7), own);
+  EXPECT_EQ(sounds_.PZvukTime(10), other);
+  EXPECT_EQ(sounds_.PZvukTime(3), places_.SkinsPath + "/Default/Sound/O3.wav") << "it need not be there";
+  EXPECT_EQ(Playing(), Names());
+  EXPECT_EQ(Loaded(), Names());
+  sounds_.SetSound(false);
+  EXPECT_EQ(sounds_.PZvukTime(7), "");
+}
+
+TEST_F(SoundsSilent, PauseTogetherAndGoOnTogether) {
+  Wave("Default/Sound/amoeba.wav");
+  Wave("Default/Sound/amoeba2.wav");
+  Load();
+  sounds_.PZvuk(kAmoebaSound);
+  const Names playing = Playing();
+  sounds_.PauseAll();
+  EXPECT_EQ(In(device_, State::Paused), playing);
+  sounds_.ResumeAll();
+  EXPECT_EQ(Playing(), playing);
+}
+
+TEST_F(SoundsTest, WithoutAnyDriverFailInTheGivenWordsAndStaySilent) {
+  Wave("Default/Sound/dirt.wav");
+  DSound device({"nonsense"});
+  Sounds sounds(device);
+  const Result<Done> opened = sounds.InicializaceZvuku(places_);
+  ASSERT_FALSE(opened);
+  EXPECT_EQ(opened.Message(), "Unable to initialize DirectSound.");
+  sounds.PZvuk(kDirtSound);
+  sounds.PZvukStop(kDirtSound);
+  sounds.PauseAll();
+}
+
+TEST_F(SoundsTest, OfOneSeedArePickedAlike) {
+  const Environment dummy("SDL_AUDIODRIVER", "dummy");
+  for (const char* name : {"dirt", "dirt2", "dirt3"}) Wave("Default/Sound/" + std::string(name) + ".wav");
+  std::vector<std::vector<Names>> runs;
+  for (const std::uint64_t seed : {7U, 7U, 8U}) {
+    DSound device;
+    Sounds sounds(device, seed);
+    ASSERT_TRUE(sounds.InicializaceZvuku(places_));
+    runs.emplace_back();
+    for (int i = 0; i < 30; ++i) {
+      sounds.PZvuk(kDirtSound);
+      runs.back().push_back(In(device, State::Playing));
+      sounds.StopAll();
+    }
+  }
+  EXPECT_EQ(runs[0], runs[1]);
+  EXPECT_NE(runs[0], runs[2]);
+}
+
+TEST_F(SoundsHeard, SwitchedOffAreSilence) {
+  Wave("Default/Sound/dirt.wav");
+  Wave("Default/Sound/dirt2.wav");
+  Samples heard;
+  {
+    DSound device;
+    Sounds sounds(device);
+    sounds.SetSound(false);
+    ASSERT_TRUE(sounds.InicializaceZvuku(places_));
+    for (int i = 0; i < 20; ++i) sounds.PZvuk(kDirtSound);
+    ASSERT_TRUE(disk_.Await(3000));
+  }
+  heard = disk_.Heard();
+  ASSERT_GT(heard.size(), 4000U);
+  EXPECT_EQ(std::count(heard.begin(), heard.end(), 0), static_cast<std::ptrdiff_t>(heard.size()));
+}
+
+TEST_F(SoundsHeard, OfMagicWallAmoebaAndBackgroundLoopAndNoOther) {
+  const std::map<int, std::string> stems{{kDirtSound, "dirt"},
+                                         {kExplosionSound, "explosion"},
+                                         {kMagicWallSound, "magicwall"},
+                                         {kBackSound, "back"},
+                                         {kAmoebaSound, "amoeba"}};
+  for (const auto& [number, stem] : stems) {
+    const Samples steady(2 * 1000, 2000);
+    Wave("Default/Sound/" + stem + ".wav", steady);
+    Wave("Default/Sound/" + stem + "2.wav", steady);
+  }
+  for (const auto& [number, stem] : stems) {
+    SCOPED_TRACE(stem);
+    {
+      DSound device;
+      Sounds sounds(device);
+      ASSERT_TRUE(sounds.InicializaceZvuku(places_));
+      sounds.PZvuk(number);
+      ASSERT_TRUE(disk_.Await(5000));
+    }
+    const std::vector<int> heard = disk_.HeardLeft();
+    const auto sounding = std::count(heard.begin(), heard.end(), 2000);
+    const bool loops = number == kMagicWallSound || number == kBackSound || number == kAmoebaSound;
+    EXPECT_TRUE(loops ? sounding > 2500 : sounding == 1000) << sounding;
+  }
+}
+
+}  // namespace
+}  // namespace zorik

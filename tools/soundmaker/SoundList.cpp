@@ -1,0 +1,49 @@
+#include "soundmaker/SoundList.h"
+
+#include <optional>
+
+#include "soundmaker/Words.h"
+
+namespace zorik::sound {
+
+namespace {
+
+std::optional<SoundEntry> ReadEntry(std::vector<std::string_view> words) {
+  SoundEntry entry;
+  entry.name = words.front();
+  entry.loop = words.back() == "loop";
+  if (entry.loop) words.pop_back();
+  if (words.size() < 5 || words.size() > 12) return {};
+  const std::optional<double> seconds = NumberOf(words[1], 0.01, 10), loudness = NumberOf(words[2], -90, 0);
+  if (!seconds || !loudness) return {};
+  entry.seconds = *seconds;
+  entry.loudness = *loudness;
+  for (std::size_t i = 3; i < words.size(); ++i) {
+    const std::optional<double> pitch = NumberOf(words[i], -6, 6);
+    if (!pitch) return {};
+    entry.pitches.push_back(*pitch);
+  }
+  return entry;
+}
+
+}  // namespace
+
+std::string SoundEntry::FileOf(std::size_t recording) const {
+  return name + (recording > 1 ? std::to_string(recording) : "") + ".wav";
+}
+
+Result<std::vector<SoundEntry>> ParseSoundList(std::string_view text) {
+  std::vector<SoundEntry> entries;
+  int number = 0;
+  for (const std::string_view line : LinesOf(text)) {
+    ++number;
+    const std::vector<std::string_view> words = WordsOf(line);
+    if (words.empty()) continue;
+    const std::optional<SoundEntry> entry = ReadEntry(words);
+    if (!entry) return Failure{"line " + std::to_string(number) + " makes no sense: " + std::string(line)};
+    entries.push_back(*entry);
+  }
+  return entries;
+}
+
+}  // namespace zorik::sound

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <charconv>
+#include <cstddef>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+namespace zorik::sound {
+
+// The words of a line; '#' begins a remark.
+inline std::vector<std::string_view> WordsOf(std::string_view line) {
+  line = line.substr(0, line.find('#'));
+  std::vector<std::string_view> words;
+  constexpr std::string_view kBlanks = " \t\r";
+  for (std::size_t from = line.find_first_not_of(kBlanks); from != std::string_view::npos;) {
+    const std::size_t to = line.find_first_of(kBlanks, from);
+    words.push_back(line.substr(from, to - from));
+    from = line.find_first_not_of(kBlanks, to);
+  }
+  return words;
+}
+
+// The lines of a text, without their ends.
+inline std::vector<std::string_view> LinesOf(std::string_view text) {
+  std::vector<std::string_view> lines;
+  while (!text.empty()) {
+    const std::size_t end = text.find('\n');
+    lines.push_back(text.substr(0, end));
+    text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
+  }
+  return lines;
+}
+
+// A word that is a number as a whole, and lies within the bounds.
+inline std::optional<double> NumberOf(std::string_view word, double lowest, double highest) {
+  if (!word.empty() && word.front() == '+') word.remove_prefix(1);
+  double number = 0;
+  const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), number);
+  if (error != std::errc() || end != word.data() + word.size()) return {};
+  if (!(number >= lowest && number <= highest)) return {};
+  return number;
+}
+
+}  // namespace zorik::sound
