@@ -3,7 +3,8 @@
 namespace zorik {
 
 void CavePainter::CaveOpens(const Hra& hra) {
-  tiles_.Load(places_, hra.Scheme);
+  tiles_.Load(cache_, places_, hra.Scheme);
+  around_ = LoadDecoration(cache_, places_, hra.Scheme);
   pictures_.SetFrames(tiles_.Frames());
   pictures_.Open();
 }
@@ -14,9 +15,11 @@ void CavePainter::View(const Hra& hra, bool jump) {
   view_.Follow(unit.x, unit.y, hra.CaveWidth, hra.CaveHeight, jump);
 }
 
-QImage CavePainter::Compose(const Hra& hra, QSize frame) {
+const QImage& CavePainter::Compose(const Hra& hra, QSize frame) {
   const ViewArea area = scrollView_ ? view_.Scrolled() : ZornePole::Whole(hra.CaveWidth, hra.CaveHeight);
-  return DrawView(area, DrawnCell(area, frame), pictures_, tiles_);
+  if (!drawn_.isDetached()) std::swap(drawn_, spare_);
+  DrawView(area, DrawnCell(area, frame), pictures_, tiles_, drawn_);
+  return drawn_;
 }
 
 }  // namespace zorik

@@ -3,6 +3,7 @@
 #include <QImage>
 
 #include "skin/CellPictures.h"
+#include "skin/Decoration.h"
 #include "skin/DrawView.h"
 #include "skin/TileSets.h"
 #include "skin/ZornePole.h"
@@ -16,9 +17,13 @@ class CavePainter {
   explicit CavePainter(SkinPlaces places, std::uint64_t seed = 0)
       : places_(std::move(places)), pictures_(seed) {}
 
+  // A cave is about to be set up: its pictures are loaded, those of them that have changed.
   void CaveOpens(const Hra& hra);
   void CellChanged(const Hra& hra, int x, int y) { pictures_.Change(hra, x, y); }
   void View(const Hra& hra, bool jump);
+
+  // Another skin, from the next cave on.
+  void SetPlaces(SkinPlaces places) { places_ = std::move(places); }
 
   // Whether hidden things are shown, from the next change of each cell on.
   void SetNoSurprise(bool on) { pictures_.SetNoSurprise(on); }
@@ -27,15 +32,26 @@ class CavePainter {
   void SetScrollView(bool on) { scrollView_ = on; }
   bool ScrollView() const { return scrollView_; }
 
-  // The cave as it is now, as large as fits into a frame of this size in pixels.
-  QImage Compose(const Hra& hra, QSize frame);
+  // The cave as it is now, as large as fits into a frame of this size in pixels. The image is drawn over by a
+  // later call; a copy that is still held then stays as it is.
+  const QImage& Compose(const Hra& hra, QSize frame);
+
+  // The picture of a cell as it is drawn next.
+  CellPicture PictureAt(int x, int y) const { return pictures_.At(x, y); }
+
+  // The pictures around the play picture, for the cave that opened last.
+  const Decoration& Around() const { return around_; }
 
  private:
   SkinPlaces places_;
+  PictureCache cache_;
   TileSets tiles_;
   CellPictures pictures_;
   ZornePole view_;
+  Decoration around_;
   bool scrollView_ = true;
+  QImage drawn_;
+  QImage spare_;  // drawn in turn with the other as long as somebody holds that
 };
 
 }  // namespace zorik

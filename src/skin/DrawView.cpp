@@ -6,15 +6,50 @@
 namespace zorik {
 namespace {
 
-void CopyPixels(QImage& target, const DrawnSpan& across, const DrawnSpan& down, const QImage& frame) {
-  const int width = std::min(across.length, target.width() - across.start);
-  const int height = std::min(down.length, target.height() - down.start);
-  if (width <= 0) return;
-  for (int y = 0; y < height; ++y) {
-    const auto* const from = reinterpret_cast<const QRgb*>(frame.constScanLine(y + down.cut)) + across.cut;
-    auto* const to = reinterpret_cast<QRgb*>(target.scanLine(y + down.start)) + across.start;
-    std::memcpy(to, from, static_cast<std::size_t>(width) * sizeof(QRgb));
+constexpr std::size_t kPixel = sizeof(QRgb);
+
+// What a row of cells takes from a frame, scanline by scanline.
+struct Source {
+  const uchar* pixels = nullptr;  // the first one to copy
+  qsizetype stride = 0;
+  std::size_t start = 0;  // byte in the target's line
+  std::size_t length = 0;
+};
+
+using Sources = std::vector<Source>;
+
+// Line by line through the whole row, so that the target is written from its start to its end.
+void CopyRow(const Sources& sources, const DrawnSpan& down, uchar* target, qsizetype stride) {
+  for (int y = 0; y < down.length; ++y) {
+    uchar* const line = target + (down.start + y) * stride;
+    for (const Source& source : sources) {
+      std::memcpy(line + source.start, source.pixels + (down.cut + y) * source.stride, source.length);
+    }
   }
+}
+
+Source SourceOf(const QImage& frame, const DrawnSpan& across) {
+  return {frame.constBits() + static_cast<std::size_t>(across.cut) * kPixel, frame.bytesPerLine(),
+          static_cast<std::size_t>(across.start) * kPixel, static_cast<std::size_t>(across.length) * kPixel};
+}
+
+// Lengths are rounded down, so a pixel may be left at the far edges: it looks like the one beside it.
+void FillEdges(QImage& drawn, int width, int height) {
+  const QSize size = drawn.size();
+  if (width < size.width()) {
+    for (int y = 0; y < height; ++y) {
+      auto* const line = reinterpret_cast<QRgb*>(drawn.scanLine(y));
+      std::fill(line + width, line + size.width(), line[width - 1]);
+    }
+  }
+  for (int y = height; y < size.height(); ++y) {
+    std::memcpy(drawn.scanLine(y), drawn.constScanLine(height - 1),
+                static_cast<std::size_t>(drawn.bytesPerLine()));
+  }
+}
+
+int EndOf(const std::vector<DrawnSpan>& spans) {
+  return spans.back().start + spans.back().length;
 }
 
 }  // namespace
@@ -47,18 +82,29 @@ QSize DrawnSize(const ViewArea& view, QSize cell) {
   return {view.width * cell.width() / kTileSize, view.height * cell.height() / kTileSize};
 }
 
-QImage DrawView(const ViewArea& view, QSize cell, const CellPictures& pictures, TileSets& tiles) {
+void DrawView(const ViewArea& view, QSize cell, const CellPictures& pictures, TileSets& tiles,
+              QImage& drawn) {
   const QSize size = DrawnSize(view, cell);
-  if (size.isEmpty() || cell.isEmpty()) return {};
-  QImage drawn(size, QImage::Format_RGB32);
   const std::vector<DrawnSpan> columns = SpansOf(view.left, view.width, cell.width());
   const std::vector<DrawnSpan> rows = SpansOf(view.top, view.height, cell.height());
-  for (const DrawnSpan& across : columns) {
-    for (const DrawnSpan& down : rows) {
-      CopyPixels(drawn, across, down, tiles.Frame(pictures.At(across.cell, down.cell), cell));
-    }
+  if (columns.empty() || rows.empty()) {
+    drawn = {};
+    return;
   }
-  return drawn;
+  if (drawn.size() != size || drawn.format() != QImage::Format_RGB32) {
+    drawn = QImage(size, QImage::Format_RGB32);
+    if (drawn.isNull()) return;
+  }
+  tiles.Prepare(cell);
+  uchar* const target = drawn.bits();
+  Sources sources(columns.size());
+  for (const DrawnSpan& down : rows) {
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+      sources[i] = SourceOf(tiles.Frame(pictures.At(columns[i].cell, down.cell), cell), columns[i]);
+    }
+    CopyRow(sources, down, target, drawn.bytesPerLine());
+  }
+  FillEdges(drawn, EndOf(columns), EndOf(rows));
 }
 
 }  // namespace zorik

@@ -30,7 +30,8 @@ QSize DrawnCell(const ViewArea& view, QSize frame);
 // The size of the drawn view: not more than the frame's.
 QSize DrawnSize(const ViewArea& view, QSize cell);
 
-// Composes the view into an image of the size that DrawnSize tells.
-QImage DrawView(const ViewArea& view, QSize cell, const CellPictures& pictures, TileSets& tiles);
+// Composes the view. The image gets the size that DrawnSize tells; one that has it is drawn over, and costs
+// no memory anew. A view of no size gives an empty image.
+void DrawView(const ViewArea& view, QSize cell, const CellPictures& pictures, TileSets& tiles, QImage& drawn);
 
 }  // namespace zorik

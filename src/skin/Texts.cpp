@@ -1,12 +1,12 @@
 #include "skin/Texts.h"
 
-#include "data/Cp1250.h"
-#include "data/RecordFile.h"
+#include "data/Files.h"
+#include "skin/SkinData.h"
+#include "skin/SkinLines.h"
 
 namespace zorik {
 namespace {
 
-constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
 constexpr int kHeadLines = 2;
 
 std::string WithBreaks(std::string_view line) {
@@ -24,15 +24,12 @@ std::string WithBreaks(std::string_view line) {
 }  // namespace
 
 bool Texts::LoadTexts(std::string_view bytes) {
-  const bool utf8 = bytes.starts_with(kUtf8Mark);
-  if (utf8) bytes.remove_prefix(kUtf8Mark.size());
-  RecordLines lines(std::string(bytes), LineEnds::CrLfOrLf);
+  SkinLines lines(bytes);
   for (int i = 0; i < kHeadLines; ++i) lines.Next();
   bool complete = true;
   for (std::string& text : texts_) {
     complete = complete && !lines.AtEnd();
-    const std::string line = WithBreaks(lines.Next());
-    text = utf8 ? line : ToUtf8(line);
+    text = WithBreaks(lines.Next());
   }
   return complete;
 }
@@ -41,6 +38,12 @@ const std::string& Texts::At(int place) const {
   static const std::string kNone;
   const auto index = static_cast<std::size_t>(place);
   return index < texts_.size() ? texts_[index] : kNone;
+}
+
+bool LoadLanguage(const SkinPlaces& places, Texts& texts,
+                  const std::function<bool(const std::string& question)>& retry) {
+  const auto bytes = ReadWhole(SkinDataPath(places, "menu\\cestina", retry));
+  return texts.LoadTexts(bytes ? std::string_view(*bytes) : std::string_view());
 }
 
 std::string WithText(std::string text, std::string_view mark, std::string_view replacement) {

@@ -1,8 +1,11 @@
 #pragma once
 
 #include <array>
+#include <functional>
 #include <string>
 #include <string_view>
+
+#include "skin/SkinPlaces.h"
 
 namespace zorik {
 
@@ -22,6 +25,12 @@ class Texts {
  private:
   std::array<std::string, kTextCount> texts_;
 };
+
+// Loads the language of a skin, or of the default skin when it has none. When neither has one, retry is asked
+// as for every text file. False when the file is missing, cannot be read or is too short; the places that it
+// lacks are empty then.
+bool LoadLanguage(const SkinPlaces& places, Texts& texts,
+                  const std::function<bool(const std::string& question)>& retry = {});
 
 // Puts a number, with one blank in front of it, in place of a mark that includes its own blank.
 std::string WithNumber(std::string text, std::string_view mark, int number);

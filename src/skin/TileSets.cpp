@@ -1,56 +1,28 @@
 #include "skin/TileSets.h"
 
-#include <QImageReader>
 #include <QPainter>
 #include <algorithm>
-#include <filesystem>
-#include <optional>
-#include <system_error>
+#include <utility>
 
-#include "data/Files.h"
 #include "skin/ZornePole.h"
 
 namespace zorik {
 namespace {
 
-bool IsFile(const std::string& path) {
-  std::error_code error;
-  return std::filesystem::is_regular_file(path, error);
+// A picture with more frames than these counts as broken; 28 of these are still no danger to the memory.
+constexpr std::int64_t kMostFrames = 128;
+constexpr std::int64_t kMostBytesKept = std::int64_t{40} << 20U;    // of all schemes
+constexpr std::int64_t kMostBytesScaled = std::int64_t{64} << 20U;  // of both sizes
+
+int FramesIn(int length) {
+  return std::max(1, length / kTileSize);
 }
 
-// The picture with this stem; of several kinds the last one of the list counts.
-std::optional<std::string> FindKind(const std::string& stem) {
-  std::optional<std::string> found;
-  for (const char* extension : {".gif", ".bmp", ".jpg"}) {
-    std::string path = ResolvePath(stem + extension);
-    if (IsFile(path)) found = std::move(path);
-  }
-  return found;
-}
-
-std::string ErrorPicture(const SkinPlaces& places) {
-  return ResolvePath(places.SkinsPath + "/error.bmp");
-}
-
-QImage ReadPicture(const std::string& path) {
-  QImageReader reader(QString::fromStdString(path));
-  reader.setDecideFormatFromContent(true);
-  return reader.read();
-}
-
-void ClearBlack(QImage& image) {
-  for (int y = 0; y < image.height(); ++y) {
-    auto* const line = reinterpret_cast<QRgb*>(image.scanLine(y));
-    std::replace(line, line + image.width(), qRgba(0, 0, 0, 255), qRgba(0, 0, 0, 0));
-  }
-}
-
-QImage Tile(const QImage& sheet, int column, int row) {
-  return sheet.copy(column * kTileSize, row * kTileSize, kTileSize, kTileSize);
-}
-
+// The picture over frames that all show the ground. What a picture lacks to whole frames is ground, what it
+// has beyond them is cut off.
 QImage OverGround(const QImage& picture, const QImage& ground) {
-  QImage composed(picture.size(), QImage::Format_RGB32);
+  const QSize size(FramesIn(picture.width()) * kTileSize, FramesIn(picture.height()) * kTileSize);
+  QImage composed(size, QImage::Format_RGB32);
   QPainter painter(&composed);
   for (int y = 0; y < composed.height(); y += kTileSize) {
     for (int x = 0; x < composed.width(); x += kTileSize) painter.drawImage(x, y, ground);
@@ -59,76 +31,113 @@ QImage OverGround(const QImage& picture, const QImage& ground) {
   return composed;
 }
 
+QImage BlackTile() {
+  QImage tile(kTileSize, kTileSize, QImage::Format_RGB32);
+  tile.fill(Qt::black);
+  return tile;
+}
+
+QImage Tile(const QImage& sheet, int column, int row) {
+  return sheet.copy(column * kTileSize, row * kTileSize, kTileSize, kTileSize);
+}
+
 }  // namespace
 
-std::string GetSchPicPath(const SkinPlaces& places, std::string_view scheme, std::string_view name) {
-  for (const std::string& skin : {places.Skin, std::string("Default")}) {
-    const std::string game = places.SkinsPath + "/" + skin + "/Game/";
-    for (const std::string& folder : {game + std::string(scheme) + "/", game}) {
-      if (auto path = FindKind(folder + std::string(name))) return *path;
-    }
-  }
-  return ErrorPicture(places);
-}
-
-QImage LoadPicture(const SkinPlaces& places, const std::string& path) {
-  QImage image = ReadPicture(path);
-  if (image.isNull()) image = ReadPicture(ErrorPicture(places));
-  if (image.isNull()) {
-    image = QImage(kTileSize, kTileSize, QImage::Format_ARGB32);
-    image.fill(Qt::magenta);
-  }
-  image = image.convertToFormat(QImage::Format_ARGB32);
-  ClearBlack(image);
-  return image;
-}
-
 TileSets::TileSets() {
+  Sheets sheets;
+  for (Sheet& sheet : sheets) sheet.image = BlackTile();
+  Use(std::move(sheets));
+}
+
+void TileSets::Use(Sheets sheets) {
+  frames_ = 0;
   for (std::size_t i = 0; i < kTileSetCount; ++i) {
-    QImage empty(kTileSize, kTileSize, QImage::Format_RGB32);
-    empty.fill(Qt::black);
-    Store(i, std::move(empty));
+    Sheet& sheet = sheets[i];
+    sheet.columns = FramesIn(sheet.image.width());
+    sheet.rows = FramesIn(sheet.image.height());
+    first_[i] = frames_;
+    frames_ += static_cast<std::size_t>(sheet.columns * sheet.rows);
   }
+  sheets_ = std::move(sheets);
+  scaled_ = {};
+  scaledBytes_ = 0;
 }
 
-void TileSets::Store(std::size_t number, QImage sheet) {
-  Set& set = sets_[number];
-  set.columns = std::max(1, sheet.width() / kTileSize);
-  set.rows = std::max(1, sheet.height() / kTileSize);
-  set.scaled.assign(static_cast<std::size_t>(set.columns * set.rows), QImage());
-  set.sheet = std::move(sheet);
+void TileSets::Load(PictureCache& pictures, const SkinPlaces& places, std::string_view scheme) {
+  const PictureFinder finder(places, scheme);
+  const auto known = kept_.find(scheme);
+  Sheets sheets;
+  for (std::size_t i = 0; i < kTileSetCount; ++i) {
+    Sheet& sheet = sheets[i];
+    sheet.path = finder.GetSchPicPath(kTileSets[i]);
+    sheet.stamp = StampOf(sheet.path);
+    if (known != kept_.end() && SameSource(known->second[i], sheet)) sheet = known->second[i];
+  }
+  // All others lie on Space, so a new one makes them new as well.
+  const bool newGround = sheets[kSpace].image.isNull();
+  for (std::size_t i = 0; i < kTileSetCount; ++i) {
+    Sheet& sheet = sheets[i];
+    if (!sheet.image.isNull() && !newGround) continue;
+    const QImage picture = pictures.Load(places, sheet.path, kMostFrames * kTileSize * kTileSize);
+    // Space has nothing below it and keeps its black.
+    sheet.image = i == kSpace ? OverGround(picture, BlackTile())
+                              : OverGround(WithoutBlack(picture), Tile(sheets[kSpace].image, 0, 0));
+  }
+  kept_.insert_or_assign(std::string(scheme), sheets);
+  if (BytesKept() > kMostBytesKept) kept_ = {{std::string(scheme), sheets}};
+  if (!SameImages(sheets, sheets_)) Use(std::move(sheets));
 }
 
-void TileSets::Load(const SkinPlaces& places, std::string_view scheme) {
-  const auto load = [&](std::size_t i) {
-    return LoadPicture(places, GetSchPicPath(places, scheme, kTileSets[i]));
-  };
-  QImage black(kTileSize, kTileSize, QImage::Format_RGB32);
-  black.fill(Qt::black);
-  Store(kSpace, OverGround(load(kSpace), black));
-  const QImage ground = Tile(sets_[kSpace].sheet, 0, 0);
-  for (std::size_t i = kSpace + 1; i < kTileSetCount; ++i) Store(i, OverGround(load(i), ground));
+bool TileSets::SameSource(const Sheet& a, const Sheet& b) {
+  return a.path == b.path && a.stamp == b.stamp;
+}
+
+bool TileSets::SameImages(const Sheets& a, const Sheets& b) {
+  return std::equal(a.begin(), a.end(), b.begin(), [](const Sheet& one, const Sheet& other) {
+    return one.image.cacheKey() == other.image.cacheKey();
+  });
+}
+
+std::int64_t TileSets::BytesKept() const {
+  std::int64_t bytes = 0;
+  for (const auto& [scheme, sheets] : kept_) {
+    for (const Sheet& sheet : sheets) bytes += sheet.image.sizeInBytes();
+  }
+  return bytes;
 }
 
 std::array<int, kTileSetCount> TileSets::Frames() const {
   std::array<int, kTileSetCount> frames{};
-  std::transform(sets_.begin(), sets_.end(), frames.begin(), [](const Set& set) { return set.rows; });
+  std::transform(sheets_.begin(), sheets_.end(), frames.begin(),
+                 [](const Sheet& sheet) { return sheet.rows; });
   return frames;
 }
 
-const QImage& TileSets::Frame(const CellPicture& picture, QSize size) {
-  if (size != size_) {
-    size_ = size;
-    for (Set& set : sets_) std::fill(set.scaled.begin(), set.scaled.end(), QImage());
+void TileSets::Prepare(QSize size) {
+  if (scaledBytes_ > kMostBytesScaled) {
+    scaled_ = {};
+    scaledBytes_ = 0;
   }
-  Set& set = sets_[std::min<std::size_t>(picture.Pic, kTileSetCount - 1)];
-  const int column = std::min<int>(picture.Col, set.columns - 1);
-  const int row = std::min<int>(picture.Row, set.rows - 1);
-  QImage& frame = set.scaled[static_cast<std::size_t>(row * set.columns + column)];
+  Scaled& inUse = scaled_[0];
+  if (inUse.size == size) return;
+  std::swap(inUse, scaled_[1]);
+  if (inUse.size == size) return;
+  for (const QImage& frame : inUse.frames) scaledBytes_ -= frame.sizeInBytes();
+  inUse = {size, std::vector<QImage>(frames_)};
+}
+
+const QImage& TileSets::Frame(const CellPicture& picture, QSize size) {
+  if (scaled_[0].size != size) Prepare(size);
+  const std::size_t set = std::min<std::size_t>(picture.Pic, kTileSetCount - 1);
+  const Sheet& sheet = sheets_[set];
+  const int column = std::min<int>(picture.Col, sheet.columns - 1);
+  const int row = std::min<int>(picture.Row, sheet.rows - 1);
+  QImage& frame = scaled_[0].frames[first_[set] + static_cast<std::size_t>(row * sheet.columns + column)];
   if (frame.isNull()) {
-    frame = Tile(set.sheet, column, row)
+    frame = Tile(sheet.image, column, row)
                 .scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
                 .convertToFormat(QImage::Format_RGB32);
+    scaledBytes_ += frame.sizeInBytes();
   }
   return frame;
 }

@@ -3,27 +3,18 @@
 #include <QImage>
 #include <QSize>
 #include <array>
+#include <cstdint>
+#include <functional>
+#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "skin/CellPictures.h"
+#include "skin/Pictures.h"
+#include "skin/SkinPlaces.h"
 
 namespace zorik {
-
-// Where to look for the pictures of a skin; paths are UTF-8.
-struct SkinPlaces {
-  std::string SkinsPath;         // folder of all skins
-  std::string Skin = "Default";  // folder of the skin within it
-};
-
-// The path of a picture of the game: of the skin and the scheme, of the skin, then the same of the default
-// skin; within one folder .jpg goes before .bmp before .gif. A picture that is nowhere gives error.bmp.
-std::string GetSchPicPath(const SkinPlaces& places, std::string_view scheme, std::string_view name);
-
-// Loads one picture of any of the three kinds; black is clear in the result, as is what the file says is.
-// A broken file gives error.bmp, and without that a tile of magenta.
-QImage LoadPicture(const SkinPlaces& places, const std::string& path);
 
 // All tile sets of a skin in one scheme, each laid over the ground of Space, so that drawing needs no
 // transparency.
@@ -32,28 +23,48 @@ class TileSets {
   // Sets without pictures: one empty frame each.
   TileSets();
 
-  // Loads all sets anew.
-  void Load(const SkinPlaces& places, std::string_view scheme);
+  // Loads all sets. What an earlier call has made is used again as long as its files have not changed.
+  void Load(PictureCache& pictures, const SkinPlaces& places, std::string_view scheme);
 
   // Rows of frames of each set, at least 1.
   std::array<int, kTileSetCount> Frames() const;
 
-  // A frame in the given size in pixels. Columns and rows beyond the set's are its last. Frames are kept in
-  // the size that was asked for last; each is scaled alone, so none bleeds into its neighbour.
+  // Makes frames of this size, in pixels, the ones that are at hand. Those of the last two sizes are kept, so
+  // that changing to and fro between two views costs nothing, unless they are many or large.
+  void Prepare(QSize size);
+
+  // A frame in the given size. Columns and rows beyond the set's are its last. Each is scaled alone, so none
+  // bleeds into its neighbour. It lives until the next call of Load or Prepare.
   const QImage& Frame(const CellPicture& picture, QSize size);
 
  private:
-  struct Set {
-    QImage sheet;
+  // A set over its ground, and the file that it was made from.
+  struct Sheet {
+    std::string path;
+    FileStamp stamp;
+    QImage image;
     int columns = 1;
     int rows = 1;
-    std::vector<QImage> scaled;  // empty images where not made yet
+  };
+  using Sheets = std::array<Sheet, kTileSetCount>;
+
+  // Frames in one size, those of a set after those of the one before; empty images where not made yet.
+  struct Scaled {
+    QSize size;
+    std::vector<QImage> frames;
   };
 
-  void Store(std::size_t number, QImage sheet);
+  void Use(Sheets sheets);
+  static bool SameSource(const Sheet& a, const Sheet& b);
+  static bool SameImages(const Sheets& a, const Sheets& b);
+  std::int64_t BytesKept() const;
 
-  std::array<Set, kTileSetCount> sets_;
-  QSize size_;
+  Sheets sheets_;
+  std::array<std::size_t, kTileSetCount> first_{};  // place of each set's first frame in Scaled
+  std::size_t frames_ = 0;
+  std::map<std::string, Sheets, std::less<>> kept_;  // by scheme
+  std::array<Scaled, 2> scaled_;                     // the size in use, and the one before
+  std::int64_t scaledBytes_ = 0;
 };
 
 }  // namespace zorik

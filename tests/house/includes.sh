@@ -16,8 +16,8 @@ editors   editors screens skin platform rules core data
 platform  platform core data
 app       app editors screens skin platform rules core data
 tools     core rules data
-fuzz      core rules data
-bench     core rules data
+fuzz      core rules data skin
+bench     core rules data skin
 "
 
 # A record must play the same everywhere and for ever: no window, no sound, no clock, no threads in here.

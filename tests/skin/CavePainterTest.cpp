@@ -77,6 +77,59 @@ TEST_F(CavePainterTest, FollowsTheDogsSteps) {
   EXPECT_EQ(CellColour(image, 40, 1, 0), kDogColour);
 }
 
+TEST_F(CavePainterTest, DrawsOverTheSameImageTickByTick) {
+  Start({"1;..;", ".;;.."});
+  const uchar* const memory = painter_->Compose(hra_, {200, 80}).constBits();
+  for (int i = 0; i < 3; ++i) EXPECT_EQ(painter_->Compose(hra_, {200, 80}).constBits(), memory);
+}
+
+TEST_F(CavePainterTest, LeavesAnImageAloneThatSomebodyHolds) {
+  Start({"1;...", "WWWWW"});
+  QImage shown = painter_->Compose(hra_, {200, 80});
+  const uchar* const first = shown.constBits();
+  test::Pass(hra_, 1, "R");
+  const QImage next = painter_->Compose(hra_, {200, 80});
+  EXPECT_EQ(CellColour(shown, 40, 0, 0), kDogColour);
+  EXPECT_EQ(CellColour(next, 40, 0, 0), kSpaceColour);
+  shown = next;
+  const QImage other(next.size(),
+                     QImage::Format_RGB32);  // in the place of the first one, had that been let go
+  EXPECT_EQ(painter_->Compose(hra_, {200, 80}).constBits(), first) << "two images take turns";
+}
+
+TEST_F(CavePainterTest, ReadsNothingAnewOnARestart) {
+  Paint("Default/Game/Bar.bmp", kOther);
+  Start({"1;..;", ".;;.."});
+  const qint64 bar = painter_->Around().Bar.cacheKey();
+  RestartCave(hra_);
+  EXPECT_EQ(painter_->Around().Bar.cacheKey(), bar);
+  EXPECT_EQ(CellColour(painter_->Compose(hra_, {200, 80}), 40, 1, 0), kDirtColour);
+}
+
+TEST_F(CavePainterTest, FollowsTheSwarmWhenThatIsSteered) {
+  test::Picture picture(23, std::string(39, ';'));
+  picture[0][0] = '1';
+  picture[22][38] = 'N';
+  Start(picture);
+  hra_.ActiveDog = 0;
+  painter_->View(hra_, true);
+  const QImage image = painter_->Compose(hra_, {1560, 920});
+  EXPECT_EQ(image.pixel(image.width() - 100, image.height() - 40), kDirtColour);
+  EXPECT_EQ(image.pixel(image.width() - 40, image.height() - 40), kOther) << "a flea has no picture here";
+}
+
+TEST_F(CavePainterTest, ShowsAnotherSkinFromTheNextCaveOn) {
+  fs::create_directories(places_.SkinsPath + "/Mine/Game");
+  Paint("Mine/Game/Dirt.bmp", kOther);
+  Start({"1;..;", ".;;.."});
+  SkinPlaces mine = places_;
+  mine.Skin = "Mine";
+  painter_->SetPlaces(mine);
+  EXPECT_EQ(CellColour(painter_->Compose(hra_, {200, 80}), 40, 1, 0), kDirtColour);
+  RestartCave(hra_);
+  EXPECT_EQ(CellColour(painter_->Compose(hra_, {200, 80}), 40, 1, 0), kOther);
+}
+
 TEST_F(CavePainterTest, ShowsThePartAroundTheDogOrTheWholeCave) {
   test::Picture picture(23, std::string(39, ';'));
   picture[22][38] = '1';

@@ -1,54 +1,12 @@
 #include <gtest/gtest.h>
 
-#include <ostream>
-
-#include "skin/CellPictures.h"
-#include "support/Scene.h"
+#include "Pictured.h"
 
 namespace zorik {
-
-void PrintTo(const CellPicture& picture, std::ostream* out) {
-  *out << "set " << int{picture.Pic} << " column " << picture.Col << " row " << picture.Row;
-}
-
 namespace {
 
-using test::CaveTextOf;
-using test::Numbers;
-using test::Picture;
-
-// A run whose cells are pictured as on the screen. Sets have as many rows as the test says.
-class Pictured : public Stage {
- public:
-  explicit Pictured(const Picture& picture, const Numbers& numbers = {}, int rowsOfSets = 8) {
-    std::array<int, kTileSetCount> frames{};
-    frames.fill(rowsOfSets);
-    pictures.SetFrames(frames);
-    hra.SetStage(*this);
-    const auto failure = PaintCave(hra, CaveTextOf(picture, numbers), RunKind::Play);
-    EXPECT_FALSE(failure);
-  }
-
-  void CaveOpens() override { pictures.Open(); }
-  void CellChanged(int x, int y) override { pictures.Change(hra, x, y); }
-  void View(bool jump) override {
-    if (jump) pictures.Placed();
-  }
-
-  CellPicture At(int x, int y) const { return pictures.At(x, y); }
-  CellPicture Again(int x, int y) {
-    pictures.Change(hra, x, y);
-    return pictures.At(x, y);
-  }
-
-  Hra hra;
-  CellPictures pictures;
-};
-
-CellPicture Of(int set, int column = 0, int row = 0) {
-  return {static_cast<std::uint8_t>(set), static_cast<std::uint16_t>(column),
-          static_cast<std::uint16_t>(row)};
-}
+using test::Of;
+using test::Pictured;
 
 TEST(CellPictures, ShowAClosedFinishAsSteel) {
   Pictured cave({"1T"}, {}, 1);
@@ -144,6 +102,33 @@ TEST(CellPictures, DrawTheRowOfDirtByLotAtEachRepaint) {
   for (const int count : seen) EXPECT_NEAR(count, 1000, 150);
 }
 
+TEST(CellPictures, DrawTheRowsOfAllStillThingsByLot) {
+  Pictured cave({";;;;;;;", "1;RXWK%", ";;;;;;;"}, {}, 4);
+  const std::array<int, 6> sets{kDirt, kBoulder, kBrick, kSteel, kBox, kSetLocks};
+  for (int i = 0; i < 6; ++i) {
+    std::array<int, 4> seen{};
+    for (int repaint = 0; repaint < 400; ++repaint) {
+      const CellPicture picture = cave.Again(i + 1, 1);
+      ASSERT_EQ(picture.Pic, sets[static_cast<std::size_t>(i)]);
+      ++seen[picture.Row];
+    }
+    for (const int count : seen) EXPECT_GT(count, 0) << "cell " << i + 1;
+  }
+}
+
+TEST(CellPictures, DrawNoOtherRowThanThereIs) {
+  Pictured cave({"1;"}, {}, 3);
+  for (int i = 0; i < 1000; ++i) ASSERT_LT(cave.Again(1, 0).Row, 3);
+}
+
+TEST(CellPictures, ShowTheClosedFinishOnlyWhileItIsClosed) {
+  Pictured cave({"1T"}, {}, 2);
+  cave.hra.Elapsed = 3;
+  EXPECT_EQ(cave.Again(1, 0).Pic, kSteel);
+  cave.hra.ExitOpen = true;
+  EXPECT_EQ(cave.Again(1, 0), Of(kFinish, 0, 1));
+}
+
 TEST(CellPictures, FavourTheFirstRowOfBricks) {
   Pictured cave({"1X"}, {}, 3);
   int first = 0;
@@ -211,6 +196,25 @@ TEST(CellPictures, ShowASteelThatTwoSplittersShareInItsOwnWay) {
   EXPECT_EQ(cave.At(3, 0), Of(kSetSplitter, 3));
   EXPECT_EQ(cave.At(4, 0), Of(kSetSplitter, 1));
   EXPECT_EQ(cave.At(5, 0), Of(kSetSplitter, 2));
+}
+
+TEST(CellPictures, ShowALoneGrowingWallOrAPairOfSteelsAsWhatTheyAre) {
+  Pictured cave({"1WE.", ".W.W"}, {}, 1);
+  EXPECT_EQ(cave.At(1, 0), Of(kSteel));
+  EXPECT_EQ(cave.At(2, 0), Of(kBrick));
+  EXPECT_EQ(cave.At(1, 1), Of(kSteel));
+  EXPECT_EQ(cave.At(3, 1), Of(kSteel));
+}
+
+TEST(CellPictures, ShowASplitterWhoseEndIsTheFrame) {
+  Pictured cave({"1..", "EW."}, {}, 1);
+  EXPECT_EQ(cave.At(0, 1), Of(kSetSplitter, 1));
+  EXPECT_EQ(cave.At(1, 1), Of(kSetSplitter, 2));
+}
+
+TEST(CellPictures, ShowTheLeftEndOfASplitterAsSharedWhenAWallStandsBeforeIt) {
+  Pictured cave({"1EWEW"}, {}, 1);
+  EXPECT_EQ(cave.At(2, 0), Of(kSetSplitter, 3));
 }
 
 TEST(CellPictures, ShowASplitterAlsoWhenNothingShallSurprise) {

@@ -35,6 +35,17 @@ TEST(DrawView, CutsTheFirstCellByThePartThatIsOutOfView) {
   EXPECT_EQ(spans[2], (DrawnSpan{3, 70, 30, 0}));
 }
 
+TEST(DrawView, CutsCellsAtBothEndsOfAScrolledView) {
+  // A view of 19.5 cells of 98 pixels from 3 cells and 37 logical pixels on.
+  const auto spans = SpansOf(277, 1560, 98);
+  ASSERT_EQ(spans.size(), 20U);
+  EXPECT_EQ(spans[0], (DrawnSpan{3, 0, 53, 45}));      // 45.325 are cut
+  EXPECT_EQ(spans[1], (DrawnSpan{4, 52, 98, 0}));      // 43 logical pixels are 52.675
+  EXPECT_EQ(spans[2], (DrawnSpan{5, 150, 98, 0}));     // 150.675
+  EXPECT_EQ(spans[18], (DrawnSpan{21, 1718, 98, 0}));  // 1403 are 1718.675
+  EXPECT_EQ(spans[19], (DrawnSpan{22, 1816, 94, 0}));  // 1483 are 1816.675, the rest of 77 is 94.325
+}
+
 TEST(DrawView, LeavesNoGapWhereCellsDoNotDivide) {
   for (const int cell : {11, 49, 65, 98}) {
     for (int from = 0; from < 80; ++from) {

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "SkinFolder.h"
 #include "data/Cp1250.h"
 #include "data/Files.h"
 #include "skin/Texts.h"
@@ -54,6 +55,41 @@ TEST(Texts, AreEmptyAtPlacesThatDoNotExist) {
   const Texts texts;
   EXPECT_EQ(texts.At(-1), "");
   EXPECT_EQ(texts.At(200), "");
+}
+
+class LanguageTest : public test::SkinFolder {};
+
+TEST_F(LanguageTest, OfTheSkinGoesBeforeTheDefaultSkins) {
+  places_.Skin = "Mine";
+  Touch("Default/Menu/cestina.txt", LanguageFile(200));
+  Texts texts;
+  EXPECT_TRUE(LoadLanguage(places_, texts));
+  EXPECT_EQ(texts.At(7), "text 7");
+  Touch("Mine/Menu/cestina.txt", "\r\n\r\nmine\r\n" + LanguageFile(200));
+  EXPECT_TRUE(LoadLanguage(places_, texts));
+  EXPECT_EQ(texts.At(0), "mine");
+}
+
+TEST_F(LanguageTest, ThatIsTooShortIsNotMadeUpForByTheDefaultSkins) {
+  places_.Skin = "Mine";
+  Touch("Default/Menu/cestina.txt", LanguageFile(200));
+  Touch("Mine/Menu/cestina.txt", LanguageFile(3));
+  Texts texts;
+  EXPECT_FALSE(LoadLanguage(places_, texts));
+  EXPECT_EQ(texts.At(2), "text 2");
+  EXPECT_EQ(texts.At(3), "");
+}
+
+TEST_F(LanguageTest, ThatIsMissingIsAskedForAndLeavesNoTexts) {
+  Texts texts;
+  texts.LoadTexts(LanguageFile(200));
+  std::string asked;
+  EXPECT_FALSE(LoadLanguage(places_, texts, [&](const std::string& question) {
+    asked = question;
+    return false;
+  }));
+  EXPECT_EQ(asked, "Loading data file 'menu\\cestina' failed. Try again?");
+  EXPECT_EQ(texts.At(0), "");
 }
 
 TEST(Texts, TakeANumberWithOneBlankInFront) {

@@ -1,53 +1,31 @@
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
+#include <QColor>
 
+#include "PictureFolder.h"
 #include "skin/TileSets.h"
 
 namespace zorik {
 namespace {
 
-namespace fs = std::filesystem;
-
 constexpr QRgb kGround = 0xFF102030;
 
-// A folder of skins for each test, gone when the test is over.
-class TileSetsTest : public testing::Test {
+class TileSetsTest : public test::PictureFolder {
  protected:
-  TileSetsTest() {
-    std::string pattern = (fs::temp_directory_path() / "zorik-skins-XXXXXX").string();
-    places_.SkinsPath = mkdtemp(pattern.data());
-  }
-  ~TileSetsTest() override { fs::remove_all(places_.SkinsPath); }
-
-  std::string At(const std::string& path) const { return places_.SkinsPath + "/" + path; }
-
-  void Touch(const std::string& path, const std::string& bytes = "x") const {
-    fs::create_directories(fs::path(At(path)).parent_path());
-    std::ofstream(At(path), std::ios::binary) << bytes;
-  }
-
-  void Paint(const std::string& path, QRgb colour, QSize size = {80, 80}) const {
-    QImage image(size, QImage::Format_RGB32);
-    image.fill(colour);
-    Save(path, image);
-  }
-
-  void Save(const std::string& path, const QImage& image) const {
-    fs::create_directories(fs::path(At(path)).parent_path());
-    ASSERT_TRUE(image.save(QString::fromStdString(At(path))));
-  }
-
   std::string Find(const std::string& scheme, const std::string& name) const {
-    return GetSchPicPath(places_, scheme, name).substr(places_.SkinsPath.size() + 1);
+    return Within(GetSchPicPath(places_, scheme, name));
+  }
+
+  TileSets Loaded() const {
+    PictureCache pictures;
+    TileSets tiles;
+    tiles.Load(pictures, places_, "Cold");
+    return tiles;
   }
 
   static QRgb PixelOf(TileSets& tiles, const CellPicture& picture, QSize size = {80, 80}) {
     return tiles.Frame(picture, size).pixel(size.width() / 2, size.height() / 2);
   }
-
-  SkinPlaces places_;
 };
 
 TEST_F(TileSetsTest, APictureOfTheSchemeGoesBeforeTheOneForAll) {
@@ -87,25 +65,36 @@ TEST_F(TileSetsTest, LetterCaseOfFileNamesPlaysNoPart) {
   EXPECT_EQ(Find("Cold", "Gem"), "default/GAME/cold/gEM.BMP");
 }
 
+TEST_F(TileSetsTest, AFolderWithThePicturesNameIsNone) {
+  std::filesystem::create_directories(At("Default/Game/Cold/Gem.jpg"));
+  Touch("Default/Game/Gem.gif");
+  EXPECT_EQ(Find("Cold", "Gem"), "Default/Game/Gem.gif");
+}
+
+TEST_F(TileSetsTest, APictureOfTheSkinsSchemeGoesBeforeItsPictureForAll) {
+  places_.Skin = "Mine";
+  Touch("Mine/Game/Gem.jpg");
+  Touch("Mine/Game/Cold/Gem.gif");
+  EXPECT_EQ(Find("Cold", "Gem"), "Mine/Game/Cold/Gem.gif");
+  EXPECT_EQ(Find("Hot", "Gem"), "Mine/Game/Gem.jpg");
+}
+
 TEST_F(TileSetsTest, AMissingPictureIsTheErrorPicture) {
   Paint("error.bmp", 0xFFFF00FF);
   EXPECT_EQ(Find("Cold", "Gem"), "error.bmp");
-  TileSets tiles;
-  tiles.Load(places_, "Cold");
+  TileSets tiles = Loaded();
   EXPECT_EQ(PixelOf(tiles, {kGem, 0, 0}), 0xFFFF00FF);
 }
 
 TEST_F(TileSetsTest, ABrokenPictureIsTheErrorPicture) {
   Paint("error.bmp", 0xFFFFFF00);
   Touch("Default/Game/Gem.bmp", "BM and no more");
-  TileSets tiles;
-  tiles.Load(places_, "Cold");
+  TileSets tiles = Loaded();
   EXPECT_EQ(PixelOf(tiles, {kGem, 0, 0}), 0xFFFFFF00);
 }
 
 TEST_F(TileSetsTest, ASkinWithoutAnyPictureIsStillDrawn) {
-  TileSets tiles;
-  tiles.Load(places_, "Cold");
+  TileSets tiles = Loaded();
   EXPECT_EQ(PixelOf(tiles, {kGem, 0, 0}), QColor(Qt::magenta).rgb());
 }
 
@@ -121,8 +110,7 @@ TEST_F(TileSetsTest, BlackIsClearAndShowsTheFirstFrameOfSpace) {
   gem.setPixel(120, 120, 0xFF00FF00);
   gem.setPixel(121, 120, 0xFF010000);
   Save("Default/Game/Gem.bmp", gem);
-  TileSets tiles;
-  tiles.Load(places_, "Cold");
+  TileSets tiles = Loaded();
   const QImage& frame = tiles.Frame({kGem, 1, 1}, {80, 80});
   EXPECT_EQ(frame.pixel(0, 0), kGround);
   EXPECT_EQ(frame.pixel(40, 40), 0xFF00FF00);
@@ -134,17 +122,57 @@ TEST_F(TileSetsTest, AGifsTransparentPixelsAreClear) {
   Paint("Default/Game/Space.bmp", kGround);
   const QByteArray dot = QByteArray::fromBase64("R0lGODlhAQABAIAAAAAAAP///yH5BAEAAAAALAAAAAABAAEAAAIBRAA7");
   Touch("Default/Game/Gem.gif", dot.toStdString());
-  TileSets tiles;
-  tiles.Load(places_, "Cold");
+  TileSets tiles = Loaded();
   EXPECT_EQ(tiles.Frame({kGem, 0, 0}, {80, 80}).pixel(0, 0), kGround);
+}
+
+TEST_F(TileSetsTest, SpaceKeepsItsBlack) {
+  Paint("Default/Game/Space.bmp", 0xFF000000);
+  Paint("Default/Game/Gem.bmp", 0xFF000000);
+  TileSets tiles = Loaded();
+  EXPECT_EQ(PixelOf(tiles, {kSpace, 0, 0}), 0xFF000000);
+  EXPECT_EQ(PixelOf(tiles, {kGem, 0, 0}), 0xFF000000);
+}
+
+TEST_F(TileSetsTest, APictureThatIsTooSmallShowsTheGroundAroundIt) {
+  Paint("Default/Game/Space.bmp", kGround);
+  Paint("Default/Game/Gem.bmp", 0xFF00FF00, {40, 30});
+  TileSets tiles = Loaded();
+  const QImage& frame = tiles.Frame({kGem, 0, 0}, {80, 80});
+  EXPECT_EQ(frame.pixel(39, 29), 0xFF00FF00);
+  EXPECT_EQ(frame.pixel(40, 29), kGround);
+  EXPECT_EQ(frame.pixel(39, 30), kGround);
+  EXPECT_EQ(frame.pixel(79, 79), kGround);
+}
+
+TEST_F(TileSetsTest, WhatAPictureHasBeyondWholeFramesIsCutOff) {
+  Paint("Default/Game/Keys.bmp", 0xFF00FF00, {239, 159});
+  TileSets tiles = Loaded();
+  EXPECT_EQ(tiles.Frames()[kSetKeys], 1);
+  EXPECT_EQ(PixelOf(tiles, {kSetKeys, 2, 0}), 0xFF00FF00) << "its second column";
+}
+
+TEST_F(TileSetsTest, APictureOfMoreThan128FramesIsTheErrorPicture) {
+  Paint("error.bmp", 0xFFFFFF00);
+  Paint("Default/Game/Gem.bmp", 0xFF00FF00, {80, 80 * 128});
+  Paint("Default/Game/Fly.bmp", 0xFF00FF00, {80, 80 * 128 + 1});
+  TileSets tiles = Loaded();
+  EXPECT_EQ(tiles.Frames()[kGem], 128);
+  EXPECT_EQ(PixelOf(tiles, {kGem, 0, 127}), 0xFF00FF00);
+  EXPECT_EQ(PixelOf(tiles, {kFly, 0, 0}), 0xFFFFFF00);
+}
+
+TEST_F(TileSetsTest, ANumberBeyondTheSetsIsTheLastSet) {
+  Paint("Default/Game/NoSurprise.bmp", 0xFF00FF00);
+  TileSets tiles = Loaded();
+  EXPECT_EQ(PixelOf(tiles, {200, 0, 0}), 0xFF00FF00);
 }
 
 TEST_F(TileSetsTest, RowsAreCountedByTheTilesHeight) {
   Paint("Default/Game/Gem.bmp", 0xFF00FF00, {80, 8 * 80});
   Paint("Default/Game/Dirt.bmp", 0xFF00FF00, {80, 79});
   Paint("Default/Game/Fly.bmp", 0xFF00FF00, {80, 239});
-  TileSets tiles;
-  tiles.Load(places_, "Cold");
+  TileSets tiles = Loaded();
   EXPECT_EQ(tiles.Frames()[kGem], 8);
   EXPECT_EQ(tiles.Frames()[kDirt], 1);
   EXPECT_EQ(tiles.Frames()[kFly], 2);
@@ -157,8 +185,7 @@ TEST_F(TileSetsTest, AFrameBeyondThePictureIsItsLast) {
     for (int x = 80; x < 160; ++x) keys.setPixel(x, y, 0xFF00FF00);
   }
   Save("Default/Game/Keys.bmp", keys);
-  TileSets tiles;
-  tiles.Load(places_, "Cold");
+  TileSets tiles = Loaded();
   EXPECT_EQ(PixelOf(tiles, {kSetKeys, 2, 7}), 0xFF00FF00);
   EXPECT_EQ(PixelOf(tiles, {kSetKeys, 0, 0}), 0xFF808080);
 }
@@ -170,8 +197,7 @@ TEST_F(TileSetsTest, AScaledFrameTakesNothingFromItsNeighbour) {
     for (int x = 0; x < 80; ++x) gems.setPixel(x, y, 0xFF0A0A0A);
   }
   Save("Default/Game/Gem.bmp", gems);
-  TileSets tiles;
-  tiles.Load(places_, "Cold");
+  TileSets tiles = Loaded();
   for (const int size : {11, 49, 98}) {
     const QImage& white = tiles.Frame({kGem, 0, 0}, {size, size});
     ASSERT_EQ(white.size(), QSize(size, size));

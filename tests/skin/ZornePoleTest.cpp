@@ -20,6 +20,22 @@ TEST(ZornePole, HoldsASmallCaveAsAWhole) {
   EXPECT_EQ(view.Scrolled(), (ViewArea{0, 0, 800, 400}));
 }
 
+TEST(ZornePole, HoldsASmallCaveAsAWholeOnOneAxisOnly) {
+  ZornePole view;
+  view.Follow(9, 29, 10, 30, true);
+  EXPECT_EQ(view.Scrolled(), (ViewArea{0, 1480, 800, 920}));
+  view.Follow(39, 4, 40, 5, true);
+  EXPECT_EQ(view.Scrolled(), (ViewArea{1640, 0, 1560, 400}));
+}
+
+TEST(ZornePole, StaysAtTheEdgeUntilTheUnitIsPastTheMiddle) {
+  ZornePole view;
+  view.Follow(9, 5, 40, 30, true);  // its middle is 9.5 cells from the left, half of the view 9.75
+  EXPECT_EQ(view.Scrolled(), (ViewArea{0, 0, 1560, 920}));
+  view.Follow(10, 6, 40, 30, true);
+  EXPECT_EQ(view.Scrolled(), (ViewArea{60, 60, 1560, 920}));
+}
+
 TEST(ZornePole, StopsAtTheCavesEdges) {
   ZornePole view;
   view.Follow(0, 0, 40, 30, true);
@@ -45,6 +61,32 @@ TEST(ZornePole, ClosesAFifthOfTheDistanceInATick) {
   EXPECT_EQ(view.Scrolled().left, 860 + 80);  // of 400
   view.Follow(25, 15, 40, 30, false);
   EXPECT_EQ(view.Scrolled().left, 860 + 80 + 64);  // of 320
+}
+
+TEST(ZornePole, RoundsToTheNearestLogicalPixel) {
+  ZornePole view;
+  view.Follow(20, 15, 40, 30, true);
+  view.Follow(21, 15, 40, 30, false);
+  EXPECT_EQ(view.Scrolled().left, 860 + 16);  // of 80
+  view.Follow(21, 15, 40, 30, false);
+  EXPECT_EQ(view.Scrolled().left, 860 + 29);  // 16 + 12.8
+  view.Follow(21, 15, 40, 30, false);
+  EXPECT_EQ(view.Scrolled().left, 860 + 39);  // 28.8 + 10.24
+}
+
+TEST(ZornePole, TurnsRoundOnItsWay) {
+  ZornePole view;
+  view.Follow(20, 15, 40, 30, true);
+  view.Follow(25, 15, 40, 30, false);
+  view.Follow(20, 15, 40, 30, false);
+  EXPECT_EQ(view.Scrolled().left, 860 + 64);  // 80 less a fifth of it
+}
+
+TEST(ZornePole, JumpsAtOnce) {
+  ZornePole view;
+  view.Follow(0, 0, 40, 30, true);
+  view.Follow(20, 15, 40, 30, true);
+  EXPECT_EQ(view.Scrolled(), (ViewArea{860, 780, 1560, 920}));
 }
 
 TEST(ZornePole, ReachesItsTargetInTheEnd) {

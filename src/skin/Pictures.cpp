@@ -1,0 +1,130 @@
+#include "skin/Pictures.h"
+
+#include <sys/stat.h>
+
+#include <QImageReader>
+#include <algorithm>
+#include <filesystem>
+#include <system_error>
+
+#include "data/Cp1250.h"
+#include "data/Files.h"
+#include "skin/ZornePole.h"
+
+namespace zorik {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::int64_t kMostBytesKept = std::int64_t{32} << 20U;
+constexpr int kMostMegabytesOfOne = 64;  // that reading a picture may ask for
+
+std::string ErrorPicture(const SkinPlaces& places) {
+  return ResolvePath(places.SkinsPath + "/error.bmp");
+}
+
+QImage ErrorTile() {
+  QImage tile(kTileSize, kTileSize, QImage::Format_ARGB32);
+  tile.fill(Qt::magenta);
+  return tile;
+}
+
+// Other formats than these are not for a stranger's skin: a drawing can be small and yet fill the memory.
+bool IsKnown(const QByteArray& format) {
+  return format == "gif" || format == "bmp" || format == "jpeg" || format == "jpg";
+}
+
+}  // namespace
+
+PictureFinder::Folder::Folder(const std::string& folder) : path(ResolvePath(folder)) {
+  std::error_code error;
+  fs::directory_iterator entry(path, error);
+  for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
+    std::error_code unreadable;
+    if (entry->is_regular_file(unreadable)) names.insert(entry->path().filename().string());
+  }
+  for (const std::string& name : names) folded.emplace(FoldFileName(name), name);
+}
+
+std::optional<std::string> PictureFinder::Folder::Find(const std::string& name) const {
+  if (names.contains(name)) return path + "/" + name;
+  const auto found = folded.find(FoldFileName(name));
+  if (found == folded.end()) return std::nullopt;
+  return path + "/" + found->second;
+}
+
+PictureFinder::PictureFinder(const SkinPlaces& places, std::string_view scheme)
+    : errorPicture_(ErrorPicture(places)) {
+  for (const std::string& skin : {places.Skin, std::string("Default")}) {
+    const std::string game = places.SkinsPath + "/" + skin + "/Game";
+    folders_.emplace_back(game + "/" + std::string(scheme));
+    folders_.emplace_back(game);
+  }
+}
+
+std::string PictureFinder::GetSchPicPath(std::string_view name) const {
+  for (const Folder& folder : folders_) {
+    for (const char* extension : {".jpg", ".bmp", ".gif"}) {
+      if (auto path = folder.Find(std::string(name) + extension)) return *path;
+    }
+  }
+  return errorPicture_;
+}
+
+std::string GetSchPicPath(const SkinPlaces& places, std::string_view scheme, std::string_view name) {
+  return PictureFinder(places, scheme).GetSchPicPath(name);
+}
+
+QImage ReadImage(const std::string& path, std::int64_t mostPixels) {
+  QImageReader::setAllocationLimit(kMostMegabytesOfOne);
+  QImageReader reader(QString::fromStdString(path));
+  reader.setDecideFormatFromContent(true);
+  if (!reader.canRead() || !IsKnown(reader.format())) return {};
+  const QSize size = reader.size();
+  if (size.isEmpty() || std::int64_t{size.width()} * size.height() > mostPixels) return {};
+  return reader.read().convertToFormat(QImage::Format_ARGB32);
+}
+
+FileStamp StampOf(const std::string& path) {
+  struct stat status = {};
+  if (stat(path.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) return {};
+  constexpr std::int64_t kNanoseconds = 1'000'000'000;
+  return {std::int64_t{status.st_mtim.tv_sec} * kNanoseconds + status.st_mtim.tv_nsec,
+          std::int64_t{status.st_size}, std::uint64_t{status.st_ino}};
+}
+
+QImage PictureCache::Read(const std::string& path, std::int64_t mostPixels) {
+  const FileStamp stamp = StampOf(path);
+  const auto found = kept_.find(path);
+  if (found != kept_.end() && found->second.stamp == stamp) return found->second.image;
+  if (stamp == FileStamp()) return {};
+  QImage image = ReadImage(path, mostPixels);
+  if (found != kept_.end()) {
+    bytes_ -= found->second.image.sizeInBytes();
+    kept_.erase(found);
+  }
+  if (bytes_ + image.sizeInBytes() > kMostBytesKept) {
+    kept_.clear();
+    bytes_ = 0;
+  }
+  bytes_ += image.sizeInBytes();
+  kept_.emplace(path, Kept{stamp, image});
+  return image;
+}
+
+QImage PictureCache::Load(const SkinPlaces& places, const std::string& path, std::int64_t mostPixels) {
+  QImage image = Read(path, mostPixels);
+  if (image.isNull()) image = Read(ErrorPicture(places), kMostPixels);
+  return image.isNull() ? ErrorTile() : image;
+}
+
+QImage WithoutBlack(QImage image) {
+  image = image.convertToFormat(QImage::Format_ARGB32);
+  for (int y = 0; y < image.height(); ++y) {
+    auto* const line = reinterpret_cast<QRgb*>(image.scanLine(y));
+    std::replace(line, line + image.width(), qRgba(0, 0, 0, 255), qRgba(0, 0, 0, 0));
+  }
+  return image;
+}
+
+}  // namespace zorik

@@ -1,0 +1,152 @@
+#include <gtest/gtest.h>
+
+#include <QBuffer>
+#include <QByteArray>
+
+#include "PictureFolder.h"
+#include "data/Files.h"
+#include "skin/Pictures.h"
+
+namespace zorik {
+namespace {
+
+constexpr QRgb kGreen = 0xFF00FF00, kBlue = 0xFF0000FF, kError = 0xFFFFFF00;
+
+void Append(std::string& bytes, std::uint32_t number, int count) {
+  for (int i = 0; i < count; ++i)
+    bytes += static_cast<char>(number >> (8U * static_cast<unsigned>(i)) & 255U);
+}
+
+// A bmp that says that it is so large, and holds next to nothing.
+std::string HeaderOf(std::uint32_t width, std::uint32_t height) {
+  std::string bytes = "BM";
+  for (const std::uint32_t number : {1000U, 0U, 54U, 40U, width, height}) Append(bytes, number, 4);
+  Append(bytes, 1, 2);
+  Append(bytes, 24, 2);
+  for (const std::uint32_t number : {0U, 0U, 2835U, 2835U, 0U, 0U}) Append(bytes, number, 4);
+  return bytes + std::string(900, 'x');
+}
+
+class PicturesTest : public test::PictureFolder {
+ protected:
+  PicturesTest() { Paint("error.bmp", kError); }
+
+  QImage Load(const std::string& path) { return pictures_.Load(places_, At(path)); }
+  QRgb ColourOf(const std::string& path) { return Load(path).pixel(0, 0); }
+
+  PictureCache pictures_;
+};
+
+TEST_F(PicturesTest, ComeInThreeKindsWhateverTheirNamesSay) {
+  const QImage green = test::Plain(kGreen, {8, 8});
+  ASSERT_TRUE(green.save(QString::fromStdString(At("a.gif")), "bmp"));
+  EXPECT_EQ(ColourOf("a.gif"), kGreen);
+  ASSERT_TRUE(green.save(QString::fromStdString(At("a.bmp")), "jpg", 100));
+  EXPECT_NEAR(qGreen(ColourOf("a.bmp")), 255, 3);
+  const QByteArray dot = QByteArray::fromBase64("R0lGODlhAQABAIAAAAAAAP///yH5BAEAAAAALAAAAAABAAEAAAIBRAA7");
+  Touch("a.jpg", dot.toStdString());
+  EXPECT_EQ(qAlpha(ColourOf("a.jpg")), 0) << "a clear gif";
+}
+
+TEST_F(PicturesTest, OfOtherKindsAreNotRead) {
+  ASSERT_TRUE(test::Plain(kGreen).save(QString::fromStdString(At("a.bmp")), "png"));
+  EXPECT_TRUE(ReadImage(At("a.bmp")).isNull());
+  EXPECT_EQ(ColourOf("a.bmp"), kError);
+}
+
+TEST_F(PicturesTest, ThatAreMissingAreTheErrorPicture) {
+  EXPECT_EQ(ColourOf("nothing.bmp"), kError);
+  std::filesystem::create_directories(At("folder.bmp"));
+  EXPECT_EQ(ColourOf("folder.bmp"), kError);
+}
+
+TEST_F(PicturesTest, ThatAreBrokenAreTheErrorPicture) {
+  for (const char* bytes : {"", "BM", "GIF89a", "\xFF\xD8\xFF", "no picture at all"}) {
+    Touch("a.bmp", bytes);
+    EXPECT_EQ(PictureCache().Load(places_, At("a.bmp")).pixel(0, 0), kError) << bytes;
+  }
+}
+
+TEST_F(PicturesTest, ThatMayNotBeReadAreTheErrorPicture) {
+  Paint("a.bmp", kGreen);
+  std::filesystem::permissions(At("a.bmp"), std::filesystem::perms::none);
+  if (ReadWhole(At("a.bmp"))) GTEST_SKIP() << "whoever runs this may read everything";
+  EXPECT_EQ(ColourOf("a.bmp"), kError);
+}
+
+TEST_F(PicturesTest, ThatAreCutShortAreNoDanger) {
+  Paint("whole.bmp", kGreen, {160, 160});
+  const std::string whole = *ReadWhole(At("whole.bmp"));
+  for (std::size_t length = 0; length < whole.size(); length += 997) {
+    Touch("a.bmp", std::string_view(whole).substr(0, length));
+    EXPECT_FALSE(PictureCache().Load(places_, At("a.bmp")).isNull()) << length;
+  }
+}
+
+TEST_F(PicturesTest, ThatSayTheyAreEnormousAreTheErrorPicture) {
+  for (const std::uint32_t edge : {20000U, 4097U, 65535U, 0x7FFFFFFFU, 0xFFFFFFFFU, 0x80000000U}) {
+    Touch("a.bmp", HeaderOf(edge, edge));
+    EXPECT_EQ(PictureCache().Load(places_, At("a.bmp")).pixel(0, 0), kError) << edge;
+  }
+  Touch("a.bmp", HeaderOf(0, 0));
+  EXPECT_EQ(PictureCache().Load(places_, At("a.bmp")).pixel(0, 0), kError);
+}
+
+TEST_F(PicturesTest, HaveAsManyPixelsAsTheLimitAllows) {
+  Paint("a.bmp", kGreen, {30, 20});
+  EXPECT_FALSE(ReadImage(At("a.bmp"), 600).isNull());
+  EXPECT_TRUE(ReadImage(At("a.bmp"), 599).isNull());
+}
+
+TEST_F(PicturesTest, WithoutAnErrorPictureAreATileOfMagenta) {
+  std::filesystem::remove(At("error.bmp"));
+  const QImage tile = Load("nothing.bmp");
+  EXPECT_EQ(tile.size(), QSize(80, 80));
+  EXPECT_EQ(tile.pixel(40, 40), 0xFFFF00FF);
+}
+
+TEST_F(PicturesTest, AreReadOnceWhileTheirFileStaysAsItIs) {
+  Paint("a.bmp", kGreen);
+  const qint64 key = Load("a.bmp").cacheKey();
+  EXPECT_EQ(Load("a.bmp").cacheKey(), key);
+}
+
+TEST_F(PicturesTest, AreReadAgainWhenTheirFileHasAnotherTime) {
+  Paint("a.bmp", kGreen);
+  EXPECT_EQ(ColourOf("a.bmp"), kGreen);
+  Paint("a.bmp", kBlue);
+  Age("a.bmp", 60);
+  EXPECT_EQ(ColourOf("a.bmp"), kBlue);
+}
+
+TEST_F(PicturesTest, AreForgottenWhenTheirFileGoes) {
+  Paint("a.bmp", kGreen);
+  EXPECT_EQ(ColourOf("a.bmp"), kGreen);
+  std::filesystem::remove(At("a.bmp"));
+  EXPECT_EQ(ColourOf("a.bmp"), kError);
+}
+
+TEST_F(PicturesTest, AreLetGoWhenTheyBecomeTooMany) {
+  // Nine of four million bytes; eight of them are as much as is kept.
+  for (int i = 0; i < 9; ++i) Paint(std::to_string(i) + ".bmp", kGreen, {1000, 1000});
+  const qint64 first = Load("0.bmp").cacheKey();
+  for (int i = 1; i < 8; ++i) Load(std::to_string(i) + ".bmp");
+  EXPECT_EQ(Load("0.bmp").cacheKey(), first);
+  Load("8.bmp");
+  EXPECT_NE(Load("0.bmp").cacheKey(), first);
+}
+
+TEST_F(PicturesTest, LoseOnlyTheirExactBlack) {
+  QImage image = test::Plain(kGreen, {4, 1});
+  image.setPixel(0, 0, 0xFF000000);
+  image.setPixel(1, 0, 0xFF000001);
+  image.setPixel(2, 0, 0xFF010000);
+  const QImage clear = WithoutBlack(image);
+  EXPECT_EQ(clear.pixel(0, 0), 0U);
+  EXPECT_EQ(clear.pixel(1, 0), 0xFF000001);
+  EXPECT_EQ(clear.pixel(2, 0), 0xFF010000);
+  EXPECT_EQ(clear.pixel(3, 0), kGreen);
+}
+
+}  // namespace
+}  // namespace zorik
