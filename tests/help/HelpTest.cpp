@@ -1,0 +1,210 @@
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QHash>
+#include <QList>
+#include <QRegularExpression>
+#include <QSet>
+#include <QString>
+#include <QStringList>
+#include <QXmlStreamReader>
+#include <utility>
+
+namespace {
+
+const QString kHelp = ZORIK_HELP;
+const QStringList kPages{"help.html", "pravidla.html", "editovat.html", "prispet.html", "oprogramu.html"};
+
+// A page by its path below the folder of the help, and what it says.
+struct Page {
+  QString Path;
+  QString Error;       // why it cannot be read, empty if it can
+  QString Language;    // as the page tells
+  QString Charset;     // likewise
+  int Styles = 0;      // style sheets inside
+  QStringList Levels;  // of its headings, in their order
+  QStringList Links;   // href and src
+  QSet<QString> Ids;
+  QString Text;
+};
+
+void ReadElement(const QXmlStreamReader& xml, Page& page) {
+  const QString name = xml.name().toString();
+  const QXmlStreamAttributes all = xml.attributes();
+  if (name == "html") page.Language = all.value("lang").toString();
+  if (all.hasAttribute("charset")) page.Charset = all.value("charset").toString();
+  if (name == "style") ++page.Styles;
+  if (name == "h1" || name == "h2" || name == "h3") page.Levels << name;
+  if (all.hasAttribute("id")) page.Ids << all.value("id").toString();
+  for (const auto* attribute : {"href", "src"}) {
+    if (all.hasAttribute(attribute)) page.Links << all.value(attribute).toString();
+  }
+  page.Text += all.value("alt").toString() + ' ';
+}
+
+Page Read(const QString& path) {
+  Page page;
+  page.Path = path;
+  QFile file(kHelp + '/' + path);
+  if (!file.open(QIODevice::ReadOnly)) {
+    page.Error = file.errorString();
+    return page;
+  }
+  QXmlStreamReader xml(&file);
+  while (!xml.atEnd()) {
+    const auto token = xml.readNext();
+    if (token == QXmlStreamReader::StartElement) ReadElement(xml, page);
+    if (token == QXmlStreamReader::Characters) page.Text += xml.text();
+  }
+  if (xml.hasError()) page.Error = QString("line %1: %2").arg(xml.lineNumber()).arg(xml.errorString());
+  page.Text = page.Text.simplified();
+  return page;
+}
+
+QList<Page> AllPages() {
+  QList<Page> pages;
+  for (const QString& name : kPages) pages << Read(name) << Read("en/" + name);
+  return pages;
+}
+
+// The path of what a link leads to, below the folder of the help, without the place within it.
+QString Target(const Page& page, const QString& link) {
+  const QString file = link.section('#', 0, 0);
+  if (file.isEmpty()) return page.Path;
+  return QDir::cleanPath(QFileInfo(page.Path).path() + '/' + file);
+}
+
+QStringList Lines(const QString& path) {
+  QFile file(QString(ZORIK_SKIN_SOURCES) + '/' + path);
+  if (!file.open(QIODevice::ReadOnly)) return {};
+  return QString::fromUtf8(file.readAll()).split('\n');
+}
+
+// The commands of the cat as its editor shows them: "#" stands for the words of the command's group.
+QStringList CatCommands(const QString& skin) {
+  QStringList commands;
+  QHash<QChar, QString> groups;
+  for (const QString& line : Lines(skin + "/Menu/catdata.txt").mid(2)) {
+    if (line.size() < 3) continue;
+    if (line[1] == ' ') {
+      groups[line[0]] = line.mid(2);
+    } else {
+      commands << line.mid(3).replace("#", groups[line[0]]);
+    }
+  }
+  return commands;
+}
+
+// The pages in which players read of words of a skin, and that skin.
+const QList<std::pair<QString, QString>> kLanguages{{"Default", ""}, {"English", "en/"}};
+
+TEST(Help, EveryPageIsUtf8AndHasItsStyleSheetInside) {
+  for (const Page& page : AllPages()) {
+    SCOPED_TRACE(page.Path.toStdString());
+    EXPECT_EQ(page.Error.toStdString(), "");
+    EXPECT_EQ(page.Charset.toStdString(), "utf-8");
+    EXPECT_EQ(page.Styles, 1);
+    EXPECT_FALSE(page.Text.contains("@STYLE@"));
+  }
+}
+
+TEST(Help, EveryPageSaysItsLanguage) {
+  for (const Page& page : AllPages()) {
+    EXPECT_EQ(page.Language.toStdString(), page.Path.startsWith("en/") ? "en" : "cs")
+        << page.Path.toStdString();
+  }
+}
+
+TEST(Help, EveryLinkAndPictureLeadsSomewhere) {
+  for (const Page& page : AllPages()) {
+    EXPECT_FALSE(page.Links.isEmpty()) << page.Path.toStdString();
+    for (const QString& link : page.Links) {
+      const QString target = Target(page, link);
+      SCOPED_TRACE((page.Path + " -> " + link).toStdString());
+      EXPECT_FALSE(link.contains(':')) << "help needs no network";
+      EXPECT_TRUE(QFileInfo(kHelp + '/' + target).isFile());
+      const QString place = link.section('#', 1);
+      EXPECT_TRUE(place.isEmpty() || Read(target).Ids.contains(place));
+    }
+  }
+}
+
+TEST(Help, EveryPictureIsShownInBothLanguages) {
+  QSet<QString> czech;
+  QSet<QString> english;
+  for (const Page& page : AllPages()) {
+    for (const QString& link : page.Links)
+      (page.Path.startsWith("en/") ? english : czech) << Target(page, link);
+  }
+  const QStringList pictures = QDir(kHelp + "/pictures").entryList({"*.png"}, QDir::Files);
+  EXPECT_FALSE(pictures.isEmpty());
+  for (const QString& name : pictures) {
+    EXPECT_TRUE(czech.contains("pictures/" + name)) << name.toStdString();
+    EXPECT_TRUE(english.contains("pictures/" + name)) << name.toStdString();
+  }
+}
+
+TEST(Help, BothLanguagesHaveTheSameHeadings) {
+  for (const QString& name : kPages) {
+    const Page czech = Read(name);
+    EXPECT_FALSE(czech.Levels.isEmpty());
+    EXPECT_EQ(czech.Levels.join(' ').toStdString(), Read("en/" + name).Levels.join(' ').toStdString())
+        << name.toStdString();
+  }
+}
+
+TEST(Help, BothLanguagesShowTheSamePictures) {
+  for (const QString& name : kPages) {
+    const auto pictures = [](const Page& page) {
+      QStringList found;
+      for (const QString& link : page.Links) {
+        if (link.endsWith(".png")) found << Target(page, link);
+      }
+      return found.join(' ').toStdString();
+    };
+    EXPECT_EQ(pictures(Read(name)), pictures(Read("en/" + name))) << name.toStdString();
+  }
+}
+
+TEST(Help, EnglishPagesHoldNoCzechLettersButInTheNameOfTheDog) {
+  const QRegularExpression czech("[áčďéěíňóřšťúůýžÁČĎÉĚÍŇÓŘŠŤÚŮÝŽ„]");
+  for (const QString& name : kPages) {
+    const QString text = Read("en/" + name).Text.remove("Zorík");
+    const auto found = czech.match(text);
+    EXPECT_FALSE(found.hasMatch()) << text.mid(found.capturedStart() - 20, 40).toStdString();
+  }
+}
+
+TEST(Help, EditingTellsOfEveryCommandOfTheCat) {
+  for (const auto& [skin, folder] : kLanguages) {
+    const QString text = Read(folder + "editovat.html").Text;
+    const QStringList commands = CatCommands(skin);
+    EXPECT_EQ(commands.size(), 30);
+    for (const QString& command : commands) {
+      EXPECT_TRUE(text.contains(command.simplified())) << command.toStdString();
+    }
+  }
+}
+
+TEST(Help, EditingCallsObjectsAndPropertiesAsTheEditorDoes) {
+  constexpr int kHead = 2;
+  constexpr int kFirstObject = 10, kLastObject = 42;
+  constexpr int kFirstWithWay = 26, kLastWithWay = 33;  // monsters that start in a direction
+  constexpr int kFirstProperty = 117, kLastProperty = 128;
+  for (const auto& [skin, folder] : kLanguages) {
+    const QString text = Read(folder + "editovat.html").Text;
+    const QStringList lines = Lines(skin + "/Menu/cestina.txt").mid(kHead);
+    ASSERT_GT(lines.size(), kLastProperty);
+    for (int place = kFirstObject; place <= kLastProperty; ++place) {
+      if (place > kLastObject && place < kFirstProperty) continue;
+      const bool hasWay = place >= kFirstWithWay && place <= kLastWithWay;
+      const QString word = hasWay ? lines[place].section(QRegularExpression("[ ,]"), 0, 0) : lines[place];
+      EXPECT_FALSE(word.isEmpty()) << place;
+      EXPECT_TRUE(text.contains(word)) << word.toStdString();
+    }
+  }
+}
+
+}  // namespace
