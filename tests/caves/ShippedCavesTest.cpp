@@ -23,9 +23,13 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr const char* kFirstSteps = "prvni-krucky";
+constexpr const char* kGreatAdventures = "velke-dobrodruzstvi";
+constexpr const char* kDogs = "123456789";
 constexpr int kEditorWidth = 80;  // larger caves could not be edited
 constexpr int kEditorHeight = 50;
 constexpr int kGemsOfAButterfly = 9;
+constexpr int kBouldersOfAFly = 9;
+constexpr int kCellsInView = 19 * 11;
 
 std::vector<std::string> CollectionNames() {
   std::vector<std::string> names;
@@ -84,13 +88,21 @@ int Splitters(const CaveRecord& cave) {
 }
 
 // How many gems the cave can give at the very most: those that lie in it, what butterflies leave, what an
-// amoeba turns into when it has eaten all there is to eat, what a magic wall makes of boulders, and all of
-// it twice if it goes through a splitter.
+// amoeba turns into when it has eaten all there is to eat, what a magic wall makes of boulders, also of those
+// in a fly, and all of it twice if it goes through a splitter.
 int MostGems(const CaveRecord& cave) {
   int gems = CountOf(cave, "D") + kGemsOfAButterfly * CountOf(cave, "UYZB");
   if (CountOf(cave, "A") > 0) gems += CountOf(cave, "A.;");
-  if (CountOf(cave, "M") > 0) gems += CountOf(cave, "R");
+  if (CountOf(cave, "M") > 0) gems += CountOf(cave, "R") + kBouldersOfAFly * CountOf(cave, "L");
   return Splitters(cave) > 0 ? 2 * gems : gems;
+}
+
+template <class Check>
+void ForEachCollection(Check check) {
+  for (const std::string& name : CollectionNames()) {
+    SCOPED_TRACE(name);
+    check(Open(name));
+  }
 }
 
 template <class Check>
@@ -117,7 +129,7 @@ TEST(ShippedCaves, AreMadeOfKnownLettersInSizesThatTheEditorTakes) {
 
 TEST(ShippedCaves, HaveDogsNumberedFromOneWithoutGaps) {
   ForEachCave([](const CaveRecord& cave) {
-    const int dogs = CountOf(cave, "123456789");
+    const int dogs = CountOf(cave, kDogs);
     EXPECT_GE(dogs, 1);
     for (int n = 1; n <= dogs; ++n) EXPECT_EQ(CountOf(cave, std::to_string(n)), 1) << "dog " << n;
     EXPECT_EQ(CountOf(cave, "H"), 0);
@@ -161,14 +173,13 @@ TEST(ShippedCaves, TellWhatTheyAreAboutAndLeaveTimeForIt) {
 }
 
 TEST(ShippedCaves, HaveNamesThatKeepTheirRecordsApart) {
-  for (const std::string& name : CollectionNames()) {
-    const PlayedCollection collection = Open(name);
+  ForEachCollection([](const PlayedCollection& collection) {
     std::set<std::string> files;
     for (const PlayedCave& cave : collection.Caves) {
       files.insert(LowerCase(RecordFileName(collection.Name, cave.Record.Name)));
     }
-    EXPECT_EQ(files.size(), collection.Caves.size()) << name;
-  }
+    EXPECT_EQ(files.size(), collection.Caves.size());
+  });
 }
 
 TEST(ShippedCaves, AreAllWonByTheirRecords) {
@@ -179,6 +190,18 @@ TEST(ShippedCaves, AreAllWonByTheirRecords) {
       const Judgement judgement = Judge(hra, RecordOf(name, i));
       EXPECT_EQ(judgement.verdict, Verdict::Won) << name << " " << i << ": " << judgement.message;
       EXPECT_EQ(judgement.score, judgement.stored) << name << " " << i;
+    }
+  }
+}
+
+TEST(ShippedCaves, GiveTwiceTheTimeThatTheirRecordsTake) {
+  for (const std::string& name : CollectionNames()) {
+    const std::vector<PlayedCave> caves = Open(name).Caves;
+    for (std::size_t i = 1; i <= caves.size(); ++i) {
+      Hra hra;
+      const int ticks = Judge(hra, RecordOf(name, i)).ticks;
+      EXPECT_GT(ticks, 0) << name << " " << i;
+      EXPECT_GE(caves[i - 1].Record.Time * kTicksPerSecond, 2 * ticks) << name << " " << i;
     }
   }
 }
@@ -206,39 +229,94 @@ TEST(ShippedCaves, AreAllSolvedForThePlayerOfTheirRecords) {
   }
 }
 
-TEST(FirstSteps, AreTenCavesOfWhichOnlyTheFirstIsOpen) {
-  const PlayedCollection collection = Open(kFirstSteps);
-  EXPECT_EQ(ToUtf8(collection.Name), "Zoríkovy první krůčky");
-  EXPECT_EQ(collection.Caves.size(), 10U);
-  EXPECT_EQ(collection.OpenCaves.count(), 1U);
-  EXPECT_TRUE(collection.OpenCaves[1]);
+TEST(ShippedCollections, AreTheLessonsAndTheAdventures) {
+  EXPECT_EQ(CollectionNames(), (std::vector<std::string>{kFirstSteps, kGreatAdventures}));
+  EXPECT_EQ(ToUtf8(Open(kFirstSteps).Name), "Zoríkovy první krůčky");
+  EXPECT_EQ(ToUtf8(Open(kGreatAdventures).Name), "Zoríkova velká dobrodružství");
+}
+
+TEST(ShippedCollections, AreTenCavesOfWhichOnlyTheFirstIsOpen) {
+  ForEachCollection([](const PlayedCollection& collection) {
+    EXPECT_EQ(collection.Caves.size(), 10U);
+    EXPECT_EQ(collection.OpenCaves.count(), 1U);
+    EXPECT_TRUE(collection.OpenCaves[1]);
+  });
+}
+
+TEST(ShippedCollections, HaveOneBonusCaveThatIsNeitherTheFirstNorTheLast) {
+  ForEachCollection([](const PlayedCollection& collection) {
+    const std::vector<PlayedCave>& caves = collection.Caves;
+    ASSERT_GE(caves.size(), 2U);
+    EXPECT_EQ(std::count_if(caves.begin(), caves.end(),
+                            [](const PlayedCave& cave) { return JeBonus(cave.Record.Name); }),
+              1);
+    EXPECT_FALSE(JeBonus(caves.front().Record.Name));
+    EXPECT_FALSE(JeBonus(caves.back().Record.Name));
+  });
+}
+
+TEST(ShippedCollections, ShowAllFiveColourings) {
+  ForEachCollection([](const PlayedCollection& collection) {
+    std::set<int> colourings;
+    for (const PlayedCave& cave : collection.Caves) colourings.insert(cave.Record.Colouring);
+    EXPECT_EQ(colourings, (std::set<int>{4, 10, 11, 12, 13}));
+  });
+}
+
+TEST(ShippedCollections, EndWithACongratulationThatNamesThePoints) {
+  ForEachCollection([](const PlayedCollection& collection) {
+    EXPECT_NE(collection.Congratulation.find("$P"), std::string::npos);
+  });
 }
 
 TEST(FirstSteps, HaveOneDogToACaveButForTheThreeThatHelpEachOther) {
   for (const PlayedCave& cave : Open(kFirstSteps).Caves) {
     const std::string name = ToUtf8(cave.Record.Name);
-    EXPECT_EQ(CountOf(cave.Record, "123456789"), name == "Tři Zoríci" ? 3 : 1) << name;
+    EXPECT_EQ(CountOf(cave.Record, kDogs), name == "Tři Zoríci" ? 3 : 1) << name;
   }
 }
 
-TEST(FirstSteps, HaveOneBonusCaveThatIsNeitherTheFirstNorTheLast) {
-  const std::vector<PlayedCave> caves = Open(kFirstSteps).Caves;
-  ASSERT_GE(caves.size(), 2U);
-  EXPECT_EQ(std::count_if(caves.begin(), caves.end(),
-                          [](const PlayedCave& cave) { return JeBonus(cave.Record.Name); }),
-            1);
-  EXPECT_FALSE(JeBonus(caves.front().Record.Name));
-  EXPECT_FALSE(JeBonus(caves.back().Record.Name));
+TEST(GreatAdventures, GrowFromCaveToCaveUntilTheViewMustScroll) {
+  int smaller = 0;
+  for (const PlayedCave& cave : Open(kGreatAdventures).Caves) {
+    const int cells = cave.Record.Width * cave.Record.Height;
+    EXPECT_GT(cells, smaller) << ToUtf8(cave.Record.Name);
+    smaller = cells;
+  }
+  EXPECT_GT(smaller, 4 * kCellsInView);
 }
 
-TEST(FirstSteps, ShowAllFiveColourings) {
-  std::set<int> colourings;
-  for (const PlayedCave& cave : Open(kFirstSteps).Caves) colourings.insert(cave.Record.Colouring);
-  EXPECT_EQ(colourings, (std::set<int>{4, 10, 11, 12, 13}));
+TEST(GreatAdventures, HoldEveryObjectThatThereIs) {
+  std::string rows;
+  for (const PlayedCave& cave : Open(kGreatAdventures).Caves) rows += Rows(cave.Record);
+  for (const char* object :
+       {".", ";", "R", "D", kDogs, "X", "M", "FOPQ", "UYZB", "W", "T", "A", "K", "I", "E",
+        "V", "S", "L", "!", "@",   "#", "%", "^",    "&",    "C", "N", "G", "J", ":", "$"}) {
+    EXPECT_NE(rows.find_first_of(object), std::string::npos) << object;
+  }
 }
 
-TEST(FirstSteps, EndWithACongratulationThatNamesThePoints) {
-  EXPECT_NE(Open(kFirstSteps).Congratulation.find("$P"), std::string::npos);
+TEST(GreatAdventures, HaveFiveDogsInTheCaveOfTheFriends) {
+  for (const PlayedCave& cave : Open(kGreatAdventures).Caves) {
+    if (ToUtf8(cave.Record.Name) == "Pět přátel") {
+      EXPECT_EQ(CountOf(cave.Record, kDogs), 5);
+      return;
+    }
+  }
+  FAIL() << "The friends are gone.";
+}
+
+// When a dog rides, it is the unit numbered one below that arrives: more than one unit and the ride kills.
+TEST(GreatAdventures, HaveATeleportOnlyWhereOneDogIsAlone) {
+  int teleports = 0;
+  for (const PlayedCave& cave : Open(kGreatAdventures).Caves) {
+    Hra hra;
+    ASSERT_FALSE(PaintCave(hra, cave.Text, RunKind::Play));
+    if (!hra.TeleportActive) continue;
+    ++teleports;
+    EXPECT_FALSE(hra.MultiDog) << ToUtf8(cave.Record.Name);
+  }
+  EXPECT_EQ(teleports, 1);
 }
 
 }  // namespace
