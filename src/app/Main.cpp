@@ -5,14 +5,13 @@
 #include <system_error>
 
 #include "app/Headless.h"
-#include "data/Files.h"
 #include "platform/Paths.h"
 #include "platform/Settings.h"
 #include "screens/HraWindow.h"
 #include "screens/MsgBox.h"
+#include "screens/PlayFlow.h"
 #include "screens/Session.h"
 #include "screens/Wording.h"
-#include "skin/Texts.h"
 
 namespace {
 
@@ -25,28 +24,22 @@ std::string ProgramFolder() {
 // What keeps the game from starting, said where somebody sees it.
 int GiveUp(bool display, const std::string& reason) {
   if (display) {
-    zorik::Tell(nullptr, "Zorík", QString::fromStdString(reason));
+    zorik::Tell(nullptr, zorik::kProgramTitle, QString::fromStdString(reason));
   } else {
     std::fprintf(stderr, "%s\n", reason.c_str());
   }
   return 1;
 }
 
-bool ReadTexts(const zorik::SkinPlaces& places, zorik::Texts& texts) {
-  for (const std::string& skin : {places.Skin, std::string("Default")}) {
-    const auto bytes =
-        zorik::ReadWhole(zorik::ResolvePath(places.SkinsPath + "/" + skin + "/Menu/cestina.txt"));
-    if (bytes) return texts.LoadTexts(*bytes);
-  }
-  return false;
-}
-
-int Play(zorik::Session session, const zorik::SkinPlaces& places, const zorik::Settings& settings) {
-  zorik::Texts texts;
-  if (!ReadTexts(places, texts)) zorik::Tell(nullptr, "Zorík", zorik::wording::kNoLanguage);
-  zorik::HraWindow window(std::move(session), std::move(texts), places, settings);
+int Play(zorik::Session session, const zorik::SkinPlaces& places, zorik::Settings settings) {
+  zorik::DSound sound;
+  if (const auto opened = sound.DSInit(); !opened) return GiveUp(true, opened.Message());
+  zorik::Skin skin;
+  if (!skin.Wear(places)) zorik::Tell(nullptr, zorik::kProgramTitle, zorik::wording::kNoLanguage);
+  zorik::HraWindow window(skin, sound, settings);
+  zorik::PlayFlow flow(std::move(session), skin, window);
   window.showMaximized();
-  window.OpenCave(1);
+  flow.OpenCave(1);
   return QApplication::exec();
 }
 

@@ -1,6 +1,7 @@
 #include "screens/HraWindow.h"
 
 #include <QApplication>
+#include <QCloseEvent>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScreen>
@@ -8,14 +9,17 @@
 #include <chrono>
 #include <cmath>
 
+#include "core/Machine.h"
 #include "data/Cp1250.h"
+#include "screens/FrmSettings.h"
 #include "screens/MsgBox.h"
 #include "screens/Wording.h"
 
 namespace zorik {
 namespace {
 
-constexpr int kSmallest = 480;    // width of the smallest window
+constexpr QSize kSmallest(560, 360);
+constexpr QSize kUsual(39 * 24, 23 * 24 + kTopBar + kBottomBar);
 constexpr int kFlashAtLeast = 5;  // milliseconds
 
 QColor ToColour(Colour colour) {
@@ -32,62 +36,59 @@ std::uint64_t ClockNow() {
   return static_cast<std::uint64_t>(std::chrono::steady_clock::now().time_since_epoch().count());
 }
 
-QString Figures(int value, int digits) {
-  return QString("%1").arg(value, digits, 10, QLatin1Char('0'));
-}
-
 }  // namespace
 
-HraWindow::HraWindow(Session session, Texts texts, const SkinPlaces& places, const Settings& settings)
-    : session_(std::move(session)),
-      texts_(std::move(texts)),
+HraWindow::HraWindow(Skin& skin, DSound& sound, Settings& settings)
+    : skin_(skin),
       settings_(settings),
-      painter_(places, ClockNow()),
+      sounds_(sound, ClockNow()),
+      painter_(skin.Places(), ClockNow()),
       hra_(ClockNow()),
+      topBar_(new TopBar(this)),
       ram_(new Ram(this)),
+      imOk2_(new PictureBar(this)),
       strip_(new MessageStrip(this)),
-      pctBlesk_(new QWidget(this)) {
+      pctBlesk_(new QWidget(this)),
+      hideAway_(std::make_unique<HideAway>()) {
   setObjectName("frmHra");
   setFocusPolicy(Qt::StrongFocus);
   setAttribute(Qt::WA_OpaquePaintEvent);
-  setMinimumSize(kSmallest, kSmallest * 3 / 4);
-  resize(39 * 24, 23 * 24);
+  setMinimumSize(kSmallest);
+  resize(kUsual);
+  pctBlesk_->setObjectName("pctBlesk");
   pctBlesk_->setAutoFillBackground(true);
   pctBlesk_->setPalette(QPalette(Qt::white));
   pctBlesk_->hide();
-  painter_.SetNoSurprise(settings_.NoSurprise);
   hra_.SetStage(*this);
-  hra_.PlayerName = session_.Player();
   tmrHra_.setTimerType(Qt::PreciseTimer);
   connect(&tmrHra_, &QTimer::timeout, this, &HraWindow::OnTick);
+  connect(topBar_, &TopBar::RestartClicked, this, &HraWindow::RestartClicked);
+  connect(topBar_, &TopBar::SettingsClicked, this, &HraWindow::EditSettings);
+  connect(topBar_, &TopBar::ViewClicked, this, &HraWindow::ToggleView);
+  connect(hideAway_.get(), &HideAway::Found, this, &HraWindow::ComeBack);
 }
 
-void HraWindow::OpenCave(int number) {
-  cave_ = number;
-  hra_.CollectionName = session_.Collection().Name;
-  painter_.SetScrollView(true);
-  if (PaintCave(hra_, session_.CaveText(number), RunKind::Play)) {
-    Say(wording::kCannotOpen);
-    return;
-  }
-  StartTicking();
+void HraWindow::SetPlayer(const std::string& player) {
+  hra_.PlayerName = player;
 }
 
-void HraWindow::PlayRecord() {
-  const std::optional<std::string> record = session_.StoredRecord(cave_);
-  if (!record) {
-    Say(wording::kNoRecord);
-    return;
-  }
-  painter_.SetScrollView(true);
-  if (Replay(hra_, *record)) {
-    Say(wording::kCannotOpen);
-    return;
-  }
-  if (hra_.RecordPlayer != hra_.PlayerName) {
-    Say(Shown(hra_.RecordPlayer) + "  " + Text(106) + "\n" + Text(107));
-  }
+void HraWindow::SetCollection(const std::string& collection) {
+  hra_.CollectionName = collection;
+}
+
+std::optional<Failure> HraWindow::Start(const std::string& caveText, RunKind kind) {
+  // The view toggle starts as whether this is a replay; in play the view scrolls whatever it says.
+  painter_.SetScrollView(kind == RunKind::Play);
+  if (auto failure = PaintCave(hra_, caveText, kind)) return failure;
   StartTicking();
+  return std::nullopt;
+}
+
+std::optional<Failure> HraWindow::StartRecord(const std::string& bytes) {
+  painter_.SetScrollView(true);
+  if (auto failure = Replay(hra_, bytes)) return failure;
+  StartTicking();
+  return std::nullopt;
 }
 
 void HraWindow::StartTicking() {
@@ -95,8 +96,14 @@ void HraWindow::StartTicking() {
   keyboard_.ReleaseAll();
   UpdateCaption();
   SetInterval();
-  tmrHra_.start();
   DrawView();
+  if (!paused_ && dialogs_ == 0) tmrHra_.start();
+}
+
+void HraWindow::Stop() {
+  running_ = false;
+  tmrHra_.stop();
+  sounds_.StopAll();
 }
 
 // At its fastest the game shows every tick, so there are no more ticks than the screen has pictures.
@@ -121,8 +128,13 @@ void HraWindow::AfterTick(TickEnd end) {
   const std::vector<Request> requests = std::exchange(requests_, {});
   for (const Request request : requests) Act(request);
   if (end == TickEnd::Restarted) UpdateCaption();
-  if (end == TickEnd::Won) Finished();
-  if (end == TickEnd::RecordOver) ReplayOver();
+  if (end != TickEnd::Won && end != TickEnd::RecordOver) return;
+  Stop();
+  if (end == TickEnd::Won) {
+    emit RunWon();
+  } else {
+    emit RecordOver();
+  }
 }
 
 void HraWindow::DrawView() {
@@ -144,13 +156,15 @@ void HraWindow::ShowFlash() {
 void HraWindow::Act(Request request) {
   switch (request) {
     case Request::Pause:
-      Say(Text(97));
+      sounds_.PauseAll();
+      WithDialog([this] { Tell(skin_, this, skin_.Text(99), skin_.Text(97)); });
+      sounds_.ResumeAll();
       break;
     case Request::IdleQuestion:
-      WithDialog([this] { Ask(this, Text(100), Text(98)); });
+      WithDialog([this] { Ask(skin_, this, skin_.Text(100), skin_.Text(98)); });
       break;
     case Request::HideAway:
-      showMinimized();
+      Hide();
       break;
     case Request::Faster:
       ChangeSpeed(1);
@@ -159,10 +173,12 @@ void HraWindow::Act(Request request) {
       ChangeSpeed(-1);
       break;
     case Request::ViewToggle:
-      painter_.SetScrollView(!painter_.ScrollView());
+      ToggleView();
       break;
   }
 }
+
+// The controls
 
 void HraWindow::ChangeSpeed(int delta) {
   int& speed = hra_.ReplayPlaying ? settings_.SpeedR : settings_.Speed;
@@ -171,11 +187,101 @@ void HraWindow::ChangeSpeed(int delta) {
   SetInterval();
 }
 
+void HraWindow::ToggleView() {
+  painter_.SetScrollView(!painter_.ScrollView());
+  topBar_->SetScrollView(painter_.ScrollView());
+  DrawView();
+}
+
+void HraWindow::RestartClicked() {
+  keyboard_.ReleaseAll();
+  RestartCave(hra_);
+  StartTicking();
+}
+
+void HraWindow::EditSettings() {
+  const bool shown = settings_.NoSurprise;
+  bool changed = false;
+  WithDialog([&] { changed = FrmSettings(skin_, this).Edit(settings_); });
+  if (!changed) return;
+  sounds_.SetSound(settings_.Sound);
+  if (!settings_.Sound) sounds_.StopAll();
+  SetInterval();
+  if (settings_.NoSurprise != shown) RepaintHiddenThings();
+}
+
+void HraWindow::RepaintHiddenThings() {
+  painter_.SetNoSurprise(settings_.NoSurprise);
+  ForEachCell(hra_, [this](Cell c) {
+    const std::uint16_t code = hra_.Field(c);
+    const bool magicWall = code == kBrick && hra_.FieldState(c) == kFlat;
+    if (code == kFinish || code == kWallH || code == kWallV || magicWall)
+      painter_.CellChanged(hra_, c.x(), c.y());
+  });
+  DrawView();
+}
+
+void HraWindow::WithDialog(const std::function<void()>& dialog) {
+  tmrHra_.stop();
+  keyboard_.ReleaseAll();
+  ++dialogs_;
+  dialog();
+  --dialogs_;
+  keyboard_.ReleaseAll();
+  if (running_ && !paused_ && dialogs_ == 0) tmrHra_.start();
+}
+
+// Hiding and minimising: the run stands still, its sounds are held.
+
+void HraWindow::Pause() {
+  if (std::exchange(paused_, true)) return;
+  tmrHra_.stop();
+  keyboard_.ReleaseAll();
+  sounds_.PauseAll();
+}
+
+void HraWindow::Resume() {
+  if (!std::exchange(paused_, false)) return;
+  sounds_.ResumeAll();
+  keyboard_.ReleaseAll();
+  if (running_ && dialogs_ == 0) tmrHra_.start();
+}
+
+void HraWindow::Hide() {
+  Pause();
+  hideAway_->show();
+  hideAway_->activateWindow();
+  hide();
+}
+
+void HraWindow::ComeBack() {
+  show();
+  activateWindow();
+  hideAway_->hide();
+  Resume();
+}
+
 // The stage
 
 void HraWindow::CaveOpens() {
-  strip_->hide();
+  strip_->Clear();
+  painter_.SetNoSurprise(settings_.NoSurprise);
+  painter_.SetPlaces(skin_.Places());
   painter_.CaveOpens(hra_);
+  sounds_.SetSound(settings_.Sound);
+  sounds_.InicializaceZvuku(skin_.Places());
+  ShowDecoration();
+  topBar_->HideUnits();
+  topBar_->ShowLabel1(hra_.ReplayPlaying || hra_.EditorRun);
+  topBar_->SetScrollView(painter_.ScrollView());
+}
+
+void HraWindow::ShowDecoration() {
+  const Decoration& around = painter_.Around();
+  topBar_->SetPictures(around.Border1, around.Restart, around.Settings);
+  imOk2_->SetPicture(around.Border2);
+  bar_ = around.Bar;
+  update();
 }
 
 void HraWindow::CellChanged(int x, int y) {
@@ -187,7 +293,7 @@ void HraWindow::View(bool jump) {
 }
 
 void HraWindow::ShowMessage(int text, Colour colour, int dogs) {
-  std::string shown = texts_.At(text);
+  std::string shown = skin_.Words().At(text);
   if (text == 90) shown = WithNumber(shown, " 2-4", dogs);
   if (text == 91) shown = WithNumber(shown, " 5-9", dogs);
   strip_->ShowMessage(QString::fromStdString(shown), ToColour(colour));
@@ -197,140 +303,63 @@ void HraWindow::ShowRemark(std::string_view text, Colour colour) {
   strip_->ShowMessage(Shown(text), ToColour(colour));
 }
 
-void HraWindow::Label(LabelId /*label*/, int /*value*/) {
-  UpdateCaption();
+void HraWindow::Label(LabelId label, int value) {
+  switch (label) {
+    case LabelId::Clock:
+      topBar_->SetClock(value);
+      break;
+    case LabelId::Gems:
+      topBar_->SetGems(value);
+      break;
+    case LabelId::Needed:
+      topBar_->SetNeeded(value);
+      break;
+    case LabelId::Value:
+      topBar_->SetValue(value);
+      break;
+  }
+}
+
+void HraWindow::DrawDogN(int n, int state) {
+  if (!topBar_->UnitsShown()) {
+    if (!hra_.MultiDog) return;
+    topBar_->ShowUnits(hra_.DogCount, hra_.SchemeHue);
+  }
+  topBar_->DrawDogN(n, state);
 }
 
 std::optional<std::uint64_t> HraWindow::Reseed() {
   return ClockNow();
 }
 
-// The ends of a run
-
-void HraWindow::Finished() {
-  running_ = false;
-  tmrHra_.stop();
-  if (hra_.ReplayPlaying) {
-    ReplayFinished(true);
-    return;
-  }
-  const QString stored = StoreWin();
-  Say(QString(wording::kSolved) + "\n\n" + Breakdown() + "\n\n" + stored);
-  NextCave();
-}
-
-QString HraWindow::StoreWin() {
-  const int score = hra_.Win->Score;
-  bool store = session_.JeLepsi(cave_, score);
-  if (!store) WithDialog([&] { store = Ask(this, wording::kQuestion, wording::kOverwrite); });
-  if (!store) return wording::kOldKept;
-  const Result<std::string> path = session_.Store(cave_, SaveRecord(hra_, score));
-  if (!path) return wording::kNotStored;
-  return QString(wording::kStored) + "\n" + QString::fromStdString(*path);
-}
-
-void HraWindow::NextCave() {
-  if (cave_ < session_.CaveCount()) {
-    OpenCave(cave_ + 1);
-    return;
-  }
-  const std::string text =
-      WithText(session_.Collection().Congratulation, "$P", std::to_string(session_.Total()));
-  Say(text.empty() ? QString(wording::kAllSolved) : Shown(text));
-  OpenCave(1);
-}
-
-void HraWindow::ReplayFinished(bool won) {
-  running_ = false;
-  tmrHra_.stop();
-  Say(won ? QString(wording::kReplayWon) + "\n\n" + Breakdown() : QString(wording::kReplayOver));
-  LeaveReplay();
-}
-
-void HraWindow::ReplayOver() {
-  ReplayFinished(false);
-}
-
-void HraWindow::LeaveReplay() {
-  OpenCave(cave_);
-}
-
-// To the next or the last one of the caves that are open to the player.
-void HraWindow::StepCave(int delta) {
-  for (int number = cave_ + delta; number >= 1 && number <= session_.CaveCount(); number += delta) {
-    if (!session_.IsOpen(number)) continue;
-    OpenCave(number);
-    return;
-  }
-}
-
-void HraWindow::WithDialog(const std::function<void()>& dialog) {
-  const bool ticking = tmrHra_.isActive();
-  tmrHra_.stop();
-  keyboard_.ReleaseAll();
-  dialog();
-  keyboard_.ReleaseAll();
-  if (ticking) tmrHra_.start();
-}
-
-void HraWindow::Say(const QString& text) {
-  WithDialog([this, &text] { Tell(this, Text(99), text); });
-}
-
-// Words
-
-QString HraWindow::Text(int place) const {
-  return QString::fromStdString(texts_.At(place));
-}
-
-QString HraWindow::Breakdown() const {
-  return Shown(ScoreBreakdown(hra_, *hra_.Win));
-}
-
 void HraWindow::UpdateCaption() {
-  QString caption = Text(99) + " - ";
-  if (!hra_.CollectionName.empty()) caption += Shown(hra_.CollectionName) + " - ";
+  QString caption = QString(kProgramTitle) + " - ";
+  if (!hra_.EditorRun && !hra_.CollectionName.empty()) caption += Shown(hra_.CollectionName) + " - ";
   caption += Shown(hra_.CaveName) + "   ...";
   const bool nobody = hra_.PlayerName == "/";
   if (hra_.ReplayPlaying && nobody) {
-    caption += Text(92);
+    caption += skin_.Text(92);
   } else {
+    const int place = hra_.EditorRun ? 95 : hra_.ReplayPlaying ? 93 : 94;
     const std::string player = nobody ? std::string() : ToUtf8(hra_.PlayerName);
-    caption += QString::fromStdString(BlankJoin(texts_.At(hra_.ReplayPlaying ? 93 : 94), player));
+    caption += QString::fromStdString(BlankJoin(skin_.Words().At(place), player));
   }
-  caption +=
-      QString("   |   %1 %2   |   %3 %4 / %5 %6 %7 %8")
-          .arg(wording::kTime, Figures(hra_.ClockShown, 3), wording::kGems, Figures(hra_.GemsCollected, 3),
-               Figures(hra_.GemsNeeded, 3), wording::kValue, Figures(hra_.GemValue, 2), wording::kPoints);
   setWindowTitle(caption);
 }
 
 // The window's events
 
 void HraWindow::keyPressEvent(QKeyEvent* event) {
-  if (event->isAutoRepeat()) {
+  if (GameKey(*event) >= 0) {
     keyboard_.Press(*event);
     return;
   }
-  switch (event->key()) {
-    case Qt::Key_F5:
-      PlayRecord();
-      return;
-    case Qt::Key_F11:
-      setWindowState(windowState() ^ Qt::WindowFullScreen);
-      return;
-    case Qt::Key_Escape:
-      if (hra_.ReplayPlaying) LeaveReplay();
-      return;
-    case Qt::Key_PageDown:
-      StepCave(1);
-      return;
-    case Qt::Key_PageUp:
-      StepCave(-1);
-      return;
-    default:
-      keyboard_.Press(*event);
+  if (event->isAutoRepeat()) return;
+  if (event->key() == Qt::Key_F11) {
+    setWindowState(windowState() ^ Qt::WindowFullScreen);
+    return;
   }
+  emit OtherKey(event->key());
 }
 
 void HraWindow::keyReleaseEvent(QKeyEvent* event) {
@@ -343,33 +372,37 @@ void HraWindow::focusOutEvent(QFocusEvent* event) {
 }
 
 void HraWindow::resizeEvent(QResizeEvent* /*event*/) {
-  ram_->setGeometry(LayOut(size()).ram);
+  const GameLayout layout = LayOut(size(), devicePixelRatioF());
+  topBar_->setGeometry(layout.imOk1);
+  ram_->setGeometry(layout.ram);
+  imOk2_->setGeometry(layout.imOk2);
   strip_->Centre();
   if (pctBlesk_->isVisible()) pctBlesk_->setGeometry(rect());
   DrawView();
 }
 
-// A minimised window stands still. Coming back starts only what that stopped.
+// Coming back from being minimised starts only what that has stopped.
 void HraWindow::changeEvent(QEvent* event) {
-  if (event->type() == QEvent::WindowStateChange) {
-    if (isMinimized() && tmrHra_.isActive()) {
-      minimised_ = true;
-      tmrHra_.stop();
-    } else if (!isMinimized() && std::exchange(minimised_, false) && running_) {
-      tmrHra_.start();
+  if (event->type() == QEvent::WindowStateChange && !hideAway_->isVisible()) {
+    if (isMinimized()) {
+      Pause();
+    } else {
+      Resume();
     }
   }
   QWidget::changeEvent(event);
 }
 
 void HraWindow::closeEvent(QCloseEvent* event) {
-  running_ = false;
-  tmrHra_.stop();
-  QWidget::closeEvent(event);
+  event->ignore();
+  emit EndRequested();
 }
 
 void HraWindow::paintEvent(QPaintEvent* /*event*/) {
-  QPainter(this).fillRect(rect(), kBarColour);
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::SmoothPixmapTransform);
+  painter.fillRect(rect(), kBarColour);
+  if (!bar_.isNull()) painter.drawImage(rect(), bar_);
 }
 
 }  // namespace zorik

@@ -1,9 +1,9 @@
 #pragma once
 
-#include <QElapsedTimer>
 #include <QTimer>
 #include <QWidget>
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -11,31 +11,59 @@
 #include "platform/JoyPad.h"
 #include "platform/Keyboard.h"
 #include "platform/Settings.h"
+#include "screens/HideAway.h"
 #include "screens/MessageStrip.h"
+#include "screens/PictureBar.h"
 #include "screens/Ram.h"
-#include "screens/Session.h"
+#include "screens/TopBar.h"
 #include "skin/CavePainter.h"
-#include "skin/Texts.h"
+#include "skin/Skin.h"
+#include "skin/Sounds.h"
 
 namespace zorik {
 
-// The game window: it plays the caves of a session one after another, and the records of the player. It is
-// the machine's stage. Dialogs open only when a tick is over, and no tick runs while one is open.
+// The game window: it plays one run at a time and is the machine's stage. Which run comes, and what becomes
+// of one that is won, is decided elsewhere. Dialogs open only when a tick is over, and no tick runs while one
+// is open.
 class HraWindow : public QWidget, private Stage {
   Q_OBJECT
 
  public:
-  HraWindow(Session session, Texts texts, const SkinPlaces& places, const Settings& settings);
+  // Settings are changed and stored by the window's own controls, too.
+  HraWindow(Skin& skin, DSound& sound, Settings& settings);
 
-  // Starts a cave; a message tells when it cannot be read.
-  void OpenCave(int number);
+  // Starts a run of a cave text, in play or in a test. The answer is the reason why it cannot be played; then
+  // nothing has changed.
+  std::optional<Failure> Start(const std::string& caveText, RunKind kind);
 
-  // Plays the player's record of the present cave.
-  void PlayRecord();
+  // Starts the playback of the bytes of a record, likewise.
+  std::optional<Failure> StartRecord(const std::string& bytes);
 
-  const Hra& Machine() const { return hra_; }
-  int CaveNumber() const { return cave_; }
+  // Whose run it is and of which collection, in Windows-1250; "/" is nobody.
+  void SetPlayer(const std::string& player);
+  void SetCollection(const std::string& collection);
+
+  // The run is over: it stands still and keeps silent.
+  void Stop();
+
+  // Shows a dialog; the game stands still meanwhile and starts with no key held.
+  void WithDialog(const std::function<void()>& dialog);
+
+  Hra& Machine() { return hra_; }
   const Ram& PlayArea() const { return *ram_; }
+  const TopBar& Bar() const { return *topBar_; }
+  const MessageStrip& Message() const { return *strip_; }
+  const CavePainter& Painter() const { return painter_; }
+  bool Ticking() const { return tmrHra_.isActive(); }
+  const HideAway& Hidden() const { return *hideAway_; }
+
+ signals:
+  void RunWon();
+  void RecordOver();
+  // Somebody wants to leave the run.
+  void EndRequested();
+  // A key that the game itself has no use for, as Qt numbers it.
+  void OtherKey(int key);
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
@@ -51,56 +79,59 @@ class HraWindow : public QWidget, private Stage {
   // The stage
   void CaveOpens() override;
   void CellChanged(int x, int y) override;
+  void PZvuk(int n) override { sounds_.PZvuk(n); }
+  void PZvukStop(int n) override { sounds_.PZvukStop(n); }
+  void StopSounds() override { sounds_.StopAll(); }
+  void PZvukTime(int seconds) override { sounds_.PZvukTime(seconds); }
   void ShowMessage(int text, Colour colour, int dogs) override;
   void ShowRemark(std::string_view text, Colour colour) override;
   void Label(LabelId label, int value) override;
+  void DrawDogN(int n, int state) override;
   void View(bool jump) override;
   void Flash() override { flash_ = true; }
   void Post(Request request) override { requests_.push_back(request); }
   std::optional<std::uint64_t> Reseed() override;
 
+  void StartTicking();
   void OnTick();
   void AfterTick(TickEnd end);
   void DrawView();
   void ShowFlash();
   void Act(Request request);
   void ChangeSpeed(int delta);
+  void ToggleView();
+  void Hide();
+  void ComeBack();
+  void EditSettings();
+  void RepaintHiddenThings();
+  void RestartClicked();
   void SetInterval();
-  void StartTicking();
-
-  void Finished();
-  QString StoreWin();
-  void NextCave();
-  void ReplayFinished(bool won);
-  void ReplayOver();
-  void LeaveReplay();
-  void StepCave(int delta);
-
-  // Shows a dialog; the game stands still meanwhile and starts with no key held.
-  void WithDialog(const std::function<void()>& dialog);
-  void Say(const QString& text);
-
-  QString Text(int place) const;
-  QString Breakdown() const;
+  void Pause();
+  void Resume();
   void UpdateCaption();
+  void ShowDecoration();
 
-  Session session_;
-  Texts texts_;
-  Settings settings_;
+  Skin& skin_;
+  Settings& settings_;
+  Sounds sounds_;
   CavePainter painter_;
   Hra hra_;
-  int cave_ = 1;
 
   Keyboard keyboard_;
   JoyPad joyPad_;
   std::vector<Request> requests_;
   bool flash_ = false;
-  bool minimised_ = false;  // and the timer stopped for that
-  bool running_ = false;    // a run is on: the timer runs unless a dialog or minimising stops it
+  bool paused_ = false;   // minimised or hidden, and the timer stopped for that
+  bool running_ = false;  // a run is on: the timer runs unless a dialog or a pause stops it
+  int dialogs_ = 0;       // that are open
 
+  QImage bar_;  // around the play picture
+  TopBar* topBar_;
   Ram* ram_;
+  PictureBar* imOk2_;
   MessageStrip* strip_;
   QWidget* pctBlesk_;
+  std::unique_ptr<HideAway> hideAway_;
   QTimer tmrHra_;
 };
 

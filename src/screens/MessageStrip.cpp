@@ -1,8 +1,9 @@
 #include "screens/MessageStrip.h"
 
-#include <QFontDatabase>
 #include <QFontMetrics>
 #include <QPainter>
+
+#include "skin/GameFont.h"
 
 namespace zorik {
 namespace {
@@ -14,18 +15,6 @@ constexpr int kHeight = 40;
 constexpr int kLetters = 20;
 
 }  // namespace
-
-QFont GameFont(int pixelSize) {
-  const QStringList there = QFontDatabase::families();
-  QFont font;
-  for (const char* name : {"Comic Sans MS", "Comic Neue", "Arial", "Liberation Sans", "DejaVu Sans"}) {
-    if (!there.contains(name)) continue;
-    font.setFamily(name);
-    break;
-  }
-  font.setPixelSize(pixelSize);
-  return font;
-}
 
 MessageStrip::MessageStrip(QWidget* parent) : QWidget(parent) {
   setFont(GameFont(kLetters));
@@ -45,6 +34,11 @@ void MessageStrip::ShowMessage(const QString& text, QColor colour) {
   show();
   update();
   if (!tmrMsg_.isActive()) tmrMsg_.start();
+}
+
+void MessageStrip::Clear() {
+  tmrMsg_.stop();
+  hide();
 }
 
 void MessageStrip::Centre() {

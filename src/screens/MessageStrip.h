@@ -1,15 +1,11 @@
 #pragma once
 
 #include <QColor>
-#include <QFont>
 #include <QString>
 #include <QTimer>
 #include <QWidget>
 
 namespace zorik {
-
-// The first font of the game's list that this desktop has.
-QFont GameFont(int pixelSize);
 
 // The strip of text over the play picture. It hides three seconds after it came; a message that replaces
 // another does not start these anew.
@@ -20,6 +16,8 @@ class MessageStrip : public QWidget {
   explicit MessageStrip(QWidget* parent);
 
   void ShowMessage(const QString& text, QColor colour);
+  // Nothing is shown any more, and the next message has its three seconds.
+  void Clear();
   // Puts the strip in the middle of its parent's width.
   void Centre();
 

@@ -1,48 +1,276 @@
 #include "screens/MsgBox.h"
 
-#include <QMessageBox>
-#include <QPushButton>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPixmap>
+#include <QScreen>
+#include <algorithm>
+#include <array>
+#include <string>
+#include <vector>
 
-#include "screens/MessageStrip.h"
+#include "screens/ShowText.h"
+#include "screens/SkinButton.h"
+#include "screens/SkinWindow.h"
+#include "screens/Tones.h"
 #include "screens/Wording.h"
+#include "skin/GameFont.h"
+#include "skin/Skin.h"
 
 namespace zorik {
 namespace {
 
-constexpr const char* kLook = R"(
-  QMessageBox { background: #28303C; }
-  QLabel { color: #E8E8E0; }
-  QPushButton { color: #101010; background: #C08020; border: 2px solid #806040; border-radius: 8px;
-                min-width: 80px; padding: 6px 12px; }
-  QPushButton:hover, QPushButton:focus { background: #E0A840; border-color: #FFE0A0; }
-  QPushButton:pressed { background: #A06810; }
-)";
-
 constexpr int kLetters = 16;
+constexpr int kHeadLetters = 12;
+constexpr int kMargin = 16;  // around all but the icon
+constexpr int kIconLeft = 12;
+constexpr int kGap = 12;  // between rows, icon and text, and buttons
+constexpr int kLineWidth = 420;
+constexpr int kMostCharacters = 4000;
 
-void Dress(QMessageBox& box) {
-  box.setTextFormat(Qt::PlainText);
-  box.setFont(GameFont(kLetters));
-  box.setStyleSheet(kLook);
+struct ButtonRow {
+  MsgResult result;
+  Qt::Key key;
+  const char* name;  // in the skin's table
+  const char* words;
+};
+
+constexpr std::array kButtons = {
+    ButtonRow{MsgResult::Yes, Qt::Key_Y, "yes", wording::kYes},
+    ButtonRow{MsgResult::No, Qt::Key_N, "no", wording::kNo},
+    ButtonRow{MsgResult::Ok, Qt::Key_O, "ok", wording::kOk},
+    ButtonRow{MsgResult::Cancel, Qt::Key_C, "close", wording::kCancel},
+};
+
+std::vector<MsgResult> ResultsOf(MsgButtons buttons) {
+  switch (buttons) {
+    case MsgButtons::OkCancel:
+      return {MsgResult::Ok, MsgResult::Cancel};
+    case MsgButtons::YesNo:
+      return {MsgResult::Yes, MsgResult::No};
+    case MsgButtons::YesNoCancel:
+      return {MsgResult::Yes, MsgResult::No, MsgResult::Cancel};
+    default:
+      return {MsgResult::Ok};
+  }
+}
+
+MsgIcon IconOf(MsgButtons buttons) {
+  switch (buttons) {
+    case MsgButtons::OkCancel:
+      return MsgIcon::Exclamation;
+    case MsgButtons::YesNo:
+    case MsgButtons::YesNoCancel:
+      return MsgIcon::Question;
+    default:
+      return MsgIcon::None;
+  }
+}
+
+// The name of an icon's picture; empty for none.
+const char* PictureOf(MsgIcon icon) {
+  switch (icon) {
+    case MsgIcon::Information:
+      return "iInformation";
+    case MsgIcon::Question:
+      return "iQuestion";
+    case MsgIcon::Exclamation:
+      return "iExclamation";
+    case MsgIcon::Critical:
+      return "iCritical";
+    default:
+      return "";
+  }
+}
+
+int LineHeight(const QFontMetrics& metrics) {
+  return metrics.size(0, "\n").height() - metrics.size(0, QString()).height();
+}
+
+// The window behind the message box.
+class FrmDialog : public SkinDialog {
+ public:
+  FrmDialog(Skin& skin, QWidget* parent, MsgButtons buttons);
+
+  // Loads the icon and lays everything out around the text.
+  void ShowText(const QString& text, MsgIcon icon);
+
+  MsgResult Result() const { return result_; }
+
+ protected:
+  void OnEnter() override { Press(Shown(MsgResult::Yes) ? MsgResult::Yes : MsgResult::Ok); }
+  void OnEsc() override { Press(EscResult()); }
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  bool Shown(MsgResult result) const {
+    return std::find(shown_.begin(), shown_.end(), result) != shown_.end();
+  }
+  MsgResult EscResult() const;
+  void Press(MsgResult result);
+  void AddButtons();
+  void SkinIt();
+  void Wrap(const QString& text, QSize room);
+  void PlaceButtons(int top);
+  int ButtonsWidth() const;
+
+  Skin& skin_;
+  std::vector<MsgResult> shown_;
+  MsgResult result_;
+  QLabel* lblTitle_;
+  QLabel* lblText_;
+  QLabel* imgIcon_;
+  std::vector<SkinButton*> buttons_;
+};
+
+FrmDialog::FrmDialog(Skin& skin, QWidget* parent, MsgButtons buttons)
+    : SkinDialog(parent),
+      skin_(skin),
+      shown_(ResultsOf(buttons)),
+      result_(EscResult()),
+      lblTitle_(new QLabel(this)),
+      lblText_(new QLabel(this)),
+      imgIcon_(new QLabel(this)) {
+  lblTitle_->setObjectName("lblTitle");
+  lblText_->setObjectName("lblText");
+  imgIcon_->setObjectName("imgIcon");
+  for (QLabel* const label : {lblTitle_, lblText_}) label->setTextFormat(Qt::PlainText);
+  SkinIt();
+  AddButtons();
+}
+
+void FrmDialog::SkinIt() {
+  const Tones tones = TonesOf(skin_.Colour("dialog.color", kPlainGround));
+  Surface().SetColour(tones.ground);
+  QPalette colours = palette();
+  colours.setColor(QPalette::WindowText, tones.text);
+  colours.setColor(QPalette::Button, tones.line);
+  colours.setColor(QPalette::ButtonText, tones.text);
+  colours.setColor(QPalette::Mid, tones.quiet);
+  setPalette(colours);
+  setFont(GameFont(kLetters));
+  lblTitle_->setFont(GameFont(kHeadLetters));
+  colours.setColor(QPalette::WindowText, tones.mark);
+  lblTitle_->setPalette(colours);
+}
+
+void FrmDialog::AddButtons() {
+  for (const ButtonRow& row : kButtons) {
+    if (!Shown(row.result)) continue;
+    auto* const button = new SkinButton(this);
+    const std::string key = std::string("dialog.") + row.name;
+    button->setObjectName(row.name);
+    button->SetPicture(skin_.Picture(key + ".image"));
+    button->SetWords(skin_.Caption("caption." + key, row.words));
+    connect(button, &SkinButton::clicked, this, [this, &row] { Press(row.result); });
+    buttons_.push_back(button);
+  }
+}
+
+MsgResult FrmDialog::EscResult() const {
+  for (const MsgResult result : {MsgResult::No, MsgResult::Cancel}) {
+    if (Shown(result)) return result;
+  }
+  return MsgResult::Ok;
+}
+
+void FrmDialog::Press(MsgResult result) {
+  if (!Shown(result)) return;
+  result_ = result;
+  done(static_cast<int>(result));
+}
+
+void FrmDialog::keyPressEvent(QKeyEvent* event) {
+  const bool command = (event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) != 0;
+  for (const ButtonRow& row : kButtons) {
+    if (event->key() != row.key || command || event->isAutoRepeat()) continue;
+    Press(row.result);
+    return;
+  }
+  SkinDialog::keyPressEvent(event);
+}
+
+int FrmDialog::ButtonsWidth() const {
+  int width = static_cast<int>(buttons_.size() - 1) * kGap;
+  for (const SkinButton* const button : buttons_) width += button->width();
+  return width;
+}
+
+void FrmDialog::PlaceButtons(int top) {
+  int left = (width() - ButtonsWidth()) / 2;
+  for (SkinButton* const button : buttons_) {
+    button->move(left, top);
+    left += button->width() + kGap;
+  }
+}
+
+void FrmDialog::Wrap(const QString& text, QSize room) {
+  // A text too long for the screen gets longer lines; what still is too much is left out.
+  const QFontMetrics metrics(lblText_->font());
+  const qsizetype mostLines = std::max(1, room.height() / LineHeight(metrics));
+  QStringList lines = WrapText(text.left(kMostCharacters), metrics, kLineWidth).lines;
+  if (lines.size() > mostLines) {
+    lines = WrapText(text.left(kMostCharacters), metrics, std::max(kLineWidth, room.width())).lines;
+  }
+  lblText_->setText(lines.mid(0, mostLines).join('\n'));
+  lblText_->resize(metrics.size(0, lblText_->text()));
+}
+
+void FrmDialog::ShowText(const QString& text, MsgIcon icon) {
+  const QImage picture = icon == MsgIcon::None ? QImage() : skin_.MenuPicture(PictureOf(icon));
+  imgIcon_->setPixmap(QPixmap::fromImage(picture));
+  imgIcon_->setVisible(!picture.isNull());
+  imgIcon_->resize(picture.size());
+  lblTitle_->setText(windowTitle());
+  lblTitle_->adjustSize();
+
+  const int left = picture.isNull() ? kMargin : kIconLeft + picture.width() + kGap;
+  const int top = kMargin + lblTitle_->height() + kGap;
+  int bottom = kMargin + kGap;
+  for (const SkinButton* const button : buttons_) {
+    bottom = std::max(bottom, kMargin + kGap + button->height());
+  }
+  const QSize area = screen()->availableSize();
+  Wrap(text, QSize(area.width() - left - kMargin, area.height() - top - bottom));
+
+  const int row = std::max(lblText_->height(), picture.height());
+  setFixedSize(
+      std::max({left + lblText_->width(), kMargin + lblTitle_->width(), kMargin + ButtonsWidth()}) + kMargin,
+      top + row + bottom);
+  lblTitle_->move((width() - lblTitle_->width()) / 2, kMargin);
+  imgIcon_->move(kIconLeft, top + (row - picture.height()) / 2);
+  const int spare = width() - kMargin - left - lblText_->width();
+  lblText_->move(left + spare / 2, top + (row - lblText_->height()) / 2);
+  PlaceButtons(height() - bottom + kGap);
 }
 
 }  // namespace
 
+MsgResult SkinMsgBox(Skin& skin, QWidget* parent, const QString& prompt, MsgButtons buttons, MsgIcon icon,
+                     const QString& title) {
+  FrmDialog dialog(skin, parent, buttons);
+  dialog.setWindowTitle(title.isEmpty() ? QString(kProgramTitle) : title);
+  dialog.ShowText(prompt, icon == MsgIcon::OfSet ? IconOf(buttons) : icon);
+  dialog.exec();
+  return dialog.Result();
+}
+
+void Tell(Skin& skin, QWidget* parent, const QString& title, const QString& text) {
+  SkinMsgBox(skin, parent, text, MsgButtons::Ok, MsgIcon::OfSet, title);
+}
+
+bool Ask(Skin& skin, QWidget* parent, const QString& title, const QString& text) {
+  return SkinMsgBox(skin, parent, text, MsgButtons::YesNo, MsgIcon::OfSet, title) == MsgResult::Yes;
+}
+
 void Tell(QWidget* parent, const QString& title, const QString& text) {
-  QMessageBox box(QMessageBox::NoIcon, title, text, QMessageBox::NoButton, parent);
-  Dress(box);
-  box.addButton(wording::kOk, QMessageBox::AcceptRole);
-  box.exec();
+  Skin none;
+  Tell(none, parent, title, text);
 }
 
 bool Ask(QWidget* parent, const QString& title, const QString& text) {
-  QMessageBox box(QMessageBox::Question, title, text, QMessageBox::NoButton, parent);
-  Dress(box);
-  const QPushButton* const yes = box.addButton(wording::kYes, QMessageBox::YesRole);
-  QPushButton* const no = box.addButton(wording::kNo, QMessageBox::NoRole);
-  box.setEscapeButton(no);
-  box.exec();
-  return box.clickedButton() == yes;
+  Skin none;
+  return Ask(none, parent, title, text);
 }
 
 }  // namespace zorik

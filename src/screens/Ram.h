@@ -1,20 +1,10 @@
 #pragma once
 
 #include <QImage>
-#include <QRect>
 #include <QSize>
 #include <QWidget>
 
 namespace zorik {
-
-// Where the play picture lies in the game window.
-struct PlayLayout {
-  int cellSize = 0;  // pixels of the screen for a cell
-  QRect ram;
-};
-
-// The largest cells of whole pixels with which 19.5 x 11.5 of them fit; the picture is centred.
-PlayLayout LayOut(QSize window);
 
 // The frame in which the cave is seen. It shows a finished picture in one piece.
 class Ram : public QWidget {
@@ -26,16 +16,18 @@ class Ram : public QWidget {
   // Its size in pixels of the screen, which on a dense screen are more than the desktop counts.
   QSize PixelSize() const;
 
-  // Puts the picture on the screen at once.
-  void Show(QImage picture);
+  // Puts the picture on the screen at once, a pixel of it on a pixel of the screen. It is not copied: it has
+  // to stay where it is, and is shown again as it is then whenever the desktop asks for it.
+  void Show(const QImage& picture);
 
-  const QImage& Picture() const { return picture_; }
+  const QImage& Picture() const { return *picture_; }
 
  protected:
   void paintEvent(QPaintEvent* event) override;
 
  private:
-  QImage picture_;
+  const QImage none_;
+  const QImage* picture_ = &none_;
 };
 
 }  // namespace zorik

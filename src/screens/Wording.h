@@ -18,6 +18,7 @@ inline constexpr const char* kQuestion = "Dotaz";
 inline constexpr const char* kOk = "OK";
 inline constexpr const char* kYes = "Ano";
 inline constexpr const char* kNo = "Ne";
+inline constexpr const char* kCancel = "Zrušit";
 inline constexpr const char* kSolved = "Komnata je vyřešena!";
 inline constexpr const char* kStored = "Záznam je uložen:";
 inline constexpr const char* kOldKept = "Zůstal starý záznam.";
@@ -25,10 +26,6 @@ inline constexpr const char* kNoRecord = "Tuto komnatu jsi ještě nevyřešil, 
 inline constexpr const char* kReplayWon = "Záznam dovedl Zoríka do cíle!";
 inline constexpr const char* kReplayOver = "Záznam skončil, aniž Zorík došel do cíle.";
 inline constexpr const char* kAllSolved = "Prošel jsi celou sadu!";
-inline constexpr const char* kTime = "čas";
-inline constexpr const char* kGems = "drahokamy";
-inline constexpr const char* kValue = "za";
-inline constexpr const char* kPoints = "bodů";
 
 }  // namespace wording
 

@@ -1,272 +1,379 @@
-#include <gtest/gtest.h>
+#include <QMainWindow>
+#include <QSignalSpy>
 
-#include <QAbstractButton>
-#include <QApplication>
-#include <QMessageBox>
-#include <QSet>
-#include <QStandardPaths>
-#include <QTest>
-#include <functional>
-#include <memory>
-
-#include "data/Cp1250.h"
-#include "data/Files.h"
-#include "screens/Folder.h"
+#include "core/Machine.h"
+#include "screens/GameScreen.h"
 #include "screens/HraWindow.h"
+#include "screens/StripButton.h"
 #include "support/Scene.h"
 
 namespace zorik {
 namespace {
 
+using test::Answers;
 using test::CaveTextOf;
-using test::Folder;
 using test::OneStepCave;
+using test::Wait;
 
-constexpr int kPatience = 5000;  // milliseconds
-
-// Answers every dialog and keeps what it said.
-class Answers : public QObject {
- public:
-  explicit Answers(int button) : button_(button) { startTimer(5); }
-
-  // Looks so often at a value before it answers.
-  void Linger(int looks, std::function<int()> value) {
-    looks_ = looks;
-    value_ = std::move(value);
-  }
-
-  QStringList said;
-  QSet<int> seen;  // the values while it lingered
-
+class HraWindowTest : public testing::Test, public test::GameScreen {
  protected:
-  void timerEvent(QTimerEvent* /*event*/) override {
-    auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-    if (box == nullptr) return;
-    if (looks_-- > 0) {
-      seen.insert(value_());
-      return;
-    }
-    said.push_back(box->text());
-    box->buttons().at(std::min<qsizetype>(button_, box->buttons().size() - 1))->click();
+  void Open(const test::Picture& picture, test::Numbers numbers = {}, RunKind kind = RunKind::Play) {
+    Show();
+    ASSERT_FALSE(window->Start(CaveTextOf(picture, numbers), kind));
   }
 
- private:
-  qsizetype button_;
-  int looks_ = 0;
-  std::function<int()> value_;
-};
-
-class HraWindowTest : public testing::Test {
- protected:
-  void Open(const std::vector<std::string>& caves) {
-    folder_.Collection("a.zk", "Alfa", caves);
-    auto session = Session::OpenFirst(folder_.Paths());
-    ASSERT_TRUE(session);
-    Texts texts;
-    const auto language = ReadWhole(ZORIK_SKIN_SOURCES "/Default/Menu/cestina.txt");
-    ASSERT_TRUE(language && texts.LoadTexts(*FromUtf8(*language)));
-    Settings settings;
-    settings.Speed = 2;
-    window_ = std::make_unique<HraWindow>(std::move(*session), std::move(texts),
-                                          SkinPlaces{folder_.Root() + "/Skins"}, settings);
-    window_->show();
-    window_->OpenCave(1);
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(window_.get()));
-    window_->setFocus();
+  void Click(const char* button) {
+    QTest::mouseClick(window->findChild<StripButton*>(button), Qt::LeftButton);
   }
 
-  template <class Condition>
-  static bool Wait(Condition condition) {
-    return QTest::qWaitFor(condition, kPatience);
-  }
-
-  // Where the steered dog is.
-  Cell Dog() const { return Cell(window_->Machine().Dog[1].x, window_->Machine().Dog[1].y); }
-
-  Folder folder_;
-  std::unique_ptr<HraWindow> window_;
+  bool Shows(const char* button) const { return window->findChild<StripButton*>(button)->isVisible(); }
 };
 
 test::Picture Corridor() {
   return {"WWWWWWWWWWWW", "W1.........W", "WWWWWWWWWWWW"};
 }
 
+// Caption
+
 TEST_F(HraWindowTest, NamesCollectionCaveAndPlayerInItsCaption) {
-  Open({OneStepCave("Jedna")});
-  EXPECT_TRUE(window_->windowTitle().startsWith("Zorík - Alfa - Jedna   ...hraje Hráč"))
-      << window_->windowTitle().toStdString();
+  Open(Corridor());
+  EXPECT_EQ(window->windowTitle(), "Zorík - Alfa - Test   ...hraje Ada");
 }
 
-TEST_F(HraWindowTest, TellsTimeAndGemsInItsCaption) {
+TEST_F(HraWindowTest, NamesNoPlayerWhenThereIsNone) {
+  window->SetPlayer("/");
+  Open(Corridor());
+  EXPECT_TRUE(window->windowTitle().startsWith("Zorík - Alfa - Test   ...hraje"));
+  EXPECT_FALSE(window->windowTitle().contains("/"));
+}
+
+TEST_F(HraWindowTest, LeavesTheCollectionOutOfTheCaptionWhenItHasNoName) {
+  window->SetCollection("");
+  Open(Corridor());
+  EXPECT_EQ(window->windowTitle(), "Zorík - Test   ...hraje Ada");
+}
+
+TEST_F(HraWindowTest, NamesNoCollectionInTheCaptionOfATestRun) {
+  Open(Corridor(), {}, RunKind::Test);
+  EXPECT_EQ(window->windowTitle(), "Zorík - Test   ...zkouší Ada");
+}
+
+TEST_F(HraWindowTest, TellsInTheCaptionWhoseRecordItPlays) {
+  Show();
+  ASSERT_FALSE(window->StartRecord(test::RecordOf(Corridor(), {{}, {}, {}})));
+  EXPECT_TRUE(window->windowTitle().endsWith(" - Test   ...záznam pro hráče Ada"))
+      << window->windowTitle().toStdString();
+}
+
+TEST_F(HraWindowTest, TellsInTheCaptionThatARecordIsPlayedForNobody) {
+  window->SetPlayer("/");
+  Show();
+  ASSERT_FALSE(window->StartRecord(test::RecordOf(Corridor(), {{}, {}, {}})));
+  EXPECT_TRUE(window->windowTitle().endsWith(" - Test   ...přehrávání záznamu"));
+}
+
+// Figures
+
+TEST_F(HraWindowTest, ShowsTimeGemsAndTheirValueInTheBar) {
   test::Numbers numbers;
   numbers.needed = 3;
   numbers.time = 90;
   numbers.before = 7;
-  Open({CaveTextOf({"WWWWW", "W1D.W", "WWWWW"}, numbers)});
-  EXPECT_TRUE(Wait([&] { return window_->windowTitle().endsWith("drahokamy 000 / 003 za 07 bodů"); }));
-  QTest::keyClick(window_.get(), Qt::Key_Right);
-  EXPECT_TRUE(Wait([&] { return window_->windowTitle().endsWith("drahokamy 001 / 003 za 07 bodů"); }));
-  EXPECT_TRUE(Wait([&] { return window_->windowTitle().contains("čas 088"); }));
+  Open({"WWWWW", "W1D.W", "WWWWW"}, numbers);
+  EXPECT_EQ(window->Bar().ClockText(), "090");
+  EXPECT_EQ(window->Bar().GemsText(), "000 / 003");
+  EXPECT_EQ(window->Bar().ValueText(), "07");
+  QTest::keyClick(window.get(), Qt::Key_Right);
+  EXPECT_TRUE(Wait([&] { return window->Bar().GemsText() == "001 / 003"; }));
+  EXPECT_TRUE(Wait([&] { return window->Bar().ClockText() == "088"; }));
 }
 
+// Keys
+
 TEST_F(HraWindowTest, MovesTheDogOneCellForATap) {
-  Open({CaveTextOf(Corridor())});
-  QTest::keyClick(window_.get(), Qt::Key_Right);
+  Open(Corridor());
+  QTest::keyClick(window.get(), Qt::Key_Right);
   ASSERT_TRUE(Wait([&] { return Dog() == Cell(2, 1); }));
-  const int ticks = window_->Machine().Ticks;
-  ASSERT_TRUE(Wait([&] { return window_->Machine().Ticks >= ticks + 5; }));
+  ASSERT_TRUE(TicksPass(5));
   EXPECT_EQ(Dog(), Cell(2, 1));
 }
 
 TEST_F(HraWindowTest, MovesTheDogForAsLongAsAKeyIsHeld) {
-  Open({CaveTextOf(Corridor())});
-  QTest::keyPress(window_.get(), Qt::Key_Right);
+  Open(Corridor());
+  QTest::keyPress(window.get(), Qt::Key_Right);
   EXPECT_TRUE(Wait([&] { return Dog() == Cell(10, 1); }));
 }
 
+TEST_F(HraWindowTest, RollsOverToTheKeyThatWasPressedLastAndBack) {
+  Open({"WWWWWWWW", "W1.....W", "W......W", "W......W", "WWWWWWWW"});
+  QTest::keyPress(window.get(), Qt::Key_Right);
+  ASSERT_TRUE(Wait([&] { return Dog().x() >= 2; }));
+  QTest::keyPress(window.get(), Qt::Key_Down);
+  ASSERT_TRUE(Wait([&] { return Dog().y() == 3; }));
+  const int column = Dog().x();
+  QTest::keyRelease(window.get(), Qt::Key_Down);
+  EXPECT_TRUE(Wait([&] { return Dog().x() > column; }));
+}
+
 TEST_F(HraWindowTest, LetsTheDogStandWhenItLosesTheFocus) {
-  Open({CaveTextOf(Corridor())});
-  QTest::keyPress(window_.get(), Qt::Key_Right);
+  Open(Corridor());
+  QTest::keyPress(window.get(), Qt::Key_Right);
   ASSERT_TRUE(Wait([&] { return Dog() == Cell(3, 1); }));
   QFocusEvent lost(QEvent::FocusOut);
-  QApplication::sendEvent(window_.get(), &lost);
+  QApplication::sendEvent(window.get(), &lost);
   const Cell place = Dog();
-  const int ticks = window_->Machine().Ticks;
-  ASSERT_TRUE(Wait([&] { return window_->Machine().Ticks >= ticks + 5; }));
+  ASSERT_TRUE(TicksPass(5));
   EXPECT_EQ(Dog(), place);
 }
 
-TEST_F(HraWindowTest, StandsStillWhileThePauseIsOpen) {
-  Open({CaveTextOf(Corridor())});
-  Answers answers(0);
-  answers.Linger(20, [&] { return window_->Machine().Ticks; });
-  QTest::keyClick(window_.get(), Qt::Key_P);
-  ASSERT_TRUE(Wait([&] { return !answers.said.isEmpty(); }));
-  EXPECT_EQ(answers.said, QStringList{"Pauza. Pokračuj stiskem OK."});
-  EXPECT_EQ(answers.seen, QSet<int>{*answers.seen.begin()});
-  const int ticks = window_->Machine().Ticks;
-  EXPECT_TRUE(Wait([&] { return window_->Machine().Ticks > ticks + 2; }));
-}
-
 TEST_F(HraWindowTest, RestartsTheCaveWithCtrlAndR) {
-  Open({CaveTextOf(Corridor())});
-  QTest::keyPress(window_.get(), Qt::Key_Right);
+  Open(Corridor());
+  QTest::keyPress(window.get(), Qt::Key_Right);
   ASSERT_TRUE(Wait([&] { return Dog() == Cell(10, 1); }));
-  QTest::keyRelease(window_.get(), Qt::Key_Right);
-  QTest::keyPress(window_.get(), Qt::Key_Control);
-  QTest::keyPress(window_.get(), Qt::Key_R, Qt::ControlModifier);
+  QTest::keyRelease(window.get(), Qt::Key_Right);
+  QTest::keyPress(window.get(), Qt::Key_Control);
+  QTest::keyPress(window.get(), Qt::Key_R, Qt::ControlModifier);
   EXPECT_TRUE(Wait([&] { return Dog() == Cell(1, 1); }));
 }
 
-TEST_F(HraWindowTest, StoresAWinAndGoesOnToTheNextCave) {
-  Open({OneStepCave("Jedna"), OneStepCave("Druhá")});
-  const Answers answers(0);
-  QTest::keyClick(window_.get(), Qt::Key_Right);
-  ASSERT_TRUE(Wait([&] { return window_->CaveNumber() == 2; }));
-  ASSERT_EQ(answers.said.size(), 1);
-  EXPECT_TRUE(answers.said[0].contains("Komnata je vyřešena!")) << answers.said[0].toStdString();
-  const std::string path = folder_.Root() + "/Players/Hráč/Alfa - Jedna.zkr";
-  EXPECT_TRUE(answers.said[0].endsWith(QString::fromStdString(path))) << answers.said[0].toStdString();
-  Hra replay;
-  ASSERT_FALSE(Replay(replay, *ReadWhole(path)));
-  TickEnd end = TickEnd::Running;
-  while (end == TickEnd::Running) end = Tick(replay, {});
-  EXPECT_EQ(end, TickEnd::Won);
+TEST_F(HraWindowTest, ChangesTheSpeedWithTheKeypadAndKeepsIt) {
+  Open(Corridor());
+  QTest::keyClick(window.get(), Qt::Key_Minus, Qt::KeypadModifier);
+  EXPECT_TRUE(Wait([&] { return settings.Speed == 3; }));
+  EXPECT_EQ(FindSett().Speed, 3);
+  QTest::keyClick(window.get(), Qt::Key_Plus, Qt::KeypadModifier);
+  EXPECT_TRUE(Wait([&] { return settings.Speed == 2; }));
+  EXPECT_EQ(FindSett().Speed, 2);
 }
 
-TEST_F(HraWindowTest, ReplaysTheStoredRecordAndTellsItsResult) {
-  Open({OneStepCave("Jedna"), OneStepCave("Druhá")});
+TEST_F(HraWindowTest, ChangesTheSpeedOfReplaysApart) {
+  Show();
+  settings.SpeedR = 5;
+  ASSERT_FALSE(window->StartRecord(test::RecordOf(Corridor(), std::vector<test::RecordTick>(50))));
+  QTest::keyClick(window.get(), Qt::Key_Plus, Qt::KeypadModifier);
+  EXPECT_TRUE(Wait([&] { return settings.SpeedR == 4; }));
+  EXPECT_EQ(settings.Speed, 2);
+}
+
+TEST_F(HraWindowTest, HandsOnKeysThatTheGameHasNoUseFor) {
+  Open(Corridor());
+  QSignalSpy others(window.get(), &HraWindow::OtherKey);
+  QTest::keyClick(window.get(), Qt::Key_F5);
+  QTest::keyClick(window.get(), Qt::Key_Right);
+  ASSERT_EQ(others.count(), 1);
+  EXPECT_EQ(others[0][0].toInt(), Qt::Key_F5);
+}
+
+// Pause, question
+
+TEST_F(HraWindowTest, StandsStillWhileThePauseIsOpen) {
+  Open(Corridor());
   Answers answers(0);
-  QTest::keyClick(window_.get(), Qt::Key_Right);
-  ASSERT_TRUE(Wait([&] { return window_->CaveNumber() == 2; }));
-  QTest::keyClick(window_.get(), Qt::Key_PageUp);
-  ASSERT_EQ(window_->CaveNumber(), 1);
-  answers.said.clear();
-  QTest::keyClick(window_.get(), Qt::Key_F5);
-  EXPECT_TRUE(window_->windowTitle().contains("...záznam pro hráče Hráč"));
-  ASSERT_TRUE(Wait([&] { return !answers.said.empty(); }));
-  EXPECT_TRUE(answers.said[0].startsWith("Záznam dovedl Zoríka do cíle!")) << answers.said[0].toStdString();
-  ASSERT_TRUE(Wait([&] { return !window_->Machine().ReplayPlaying; }));
-  EXPECT_EQ(window_->CaveNumber(), 1);
+  answers.Linger(20, [&] { return window->Machine().Ticks; });
+  QTest::keyClick(window.get(), Qt::Key_P);
+  ASSERT_TRUE(Wait([&] { return !answers.said.isEmpty(); }));
+  EXPECT_EQ(answers.said, QStringList{"Pauza. Pokračuj stiskem OK."});
+  EXPECT_EQ(answers.seen, QSet<int>{*answers.seen.begin()});
+  EXPECT_TRUE(TicksPass(2));
 }
 
-TEST_F(HraWindowTest, SaysThatThereIsNoRecord) {
-  Open({OneStepCave("Jedna")});
-  const Answers answers(0);
-  QTest::keyClick(window_.get(), Qt::Key_F5);
-  EXPECT_EQ(answers.said, QStringList{"Tuto komnatu jsi ještě nevyřešil, nemá tedy žádný záznam."});
-  EXPECT_FALSE(window_->Machine().ReplayPlaying);
+TEST_F(HraWindowTest, AsksAnIdlePlayerWhetherHeIsThere) {
+  settings.Speed = 1;
+  Open(Corridor());
+  const Answers answers(1);
+  ASSERT_TRUE(QTest::qWaitFor([&] { return !answers.said.isEmpty(); }, 20000));
+  EXPECT_EQ(answers.said[0], "Haf! Jsi tam ještě?");
+  EXPECT_EQ(answers.titles[0], "Zorík se nudí");
+  EXPECT_TRUE(TicksPass(2));
 }
 
-TEST_F(HraWindowTest, AsksBeforeAWorseRunReplacesABetterOne) {
-  // The better run had the same way to go, and a record's score is believed.
-  Open({OneStepCave("Jedna"), OneStepCave("Druhá")});
-  Answers answers(1);  // no
-  QTest::keyClick(window_.get(), Qt::Key_Right);
-  ASSERT_TRUE(Wait([&] { return window_->CaveNumber() == 2; }));
-  const std::string path = folder_.Root() + "/Players/Hráč/Alfa - Jedna.zkr";
-  std::string record = *ReadWhole(path);
-  Chance chance;
-  record.replace(0, record.find("\r\n") + 2, "");
-  record.replace(0, record.find("\r\n") + 2, BuildRecordHead("Alfa", 99999, "Hr\xE1\xE8", chance));
-  ASSERT_TRUE(WriteWhole(path, record));
-  window_->OpenCave(1);
-  answers.said.clear();
-  QTest::keyClick(window_.get(), Qt::Key_Right);
-  ASSERT_TRUE(Wait([&] { return window_->CaveNumber() == 2; }));
-  ASSERT_EQ(answers.said.size(), 2);
-  EXPECT_EQ(answers.said[0],
-            "Při minulém hraní této komnaty jsi získal více bodů. Přepsat starý záznam novým?");
-  EXPECT_TRUE(answers.said[1].endsWith("Zůstal starý záznam."));
-  EXPECT_EQ(*ReadWhole(path), record);
-}
+// Hiding
 
-TEST_F(HraWindowTest, CongratulatesAfterTheLastCave) {
-  Open({OneStepCave("Jedna", 50)});
-  const Answers answers(0);
-  ASSERT_TRUE(Wait([&] { return window_->Machine().Ticks > 0; }));
-  QTest::keyClick(window_.get(), Qt::Key_Right);
-  ASSERT_TRUE(Wait([&] { return answers.said.size() == 2; }));
-  // A second that has begun does not count, and no gem was needed.
-  EXPECT_EQ(answers.said[1], "Hotovo, 49");
-}
-
-TEST_F(HraWindowTest, ShowsItsPictureCentred) {
-  Open({OneStepCave("Jedna")});
-  window_->resize(1000, 700);
-  ASSERT_TRUE(Wait([&] { return window_->width() == 1000; }));
-  const QRect ram = window_->PlayArea().geometry();
-  EXPECT_EQ(ram, LayOut({1000, 700}).ram);
-  EXPECT_FALSE(window_->PlayArea().Picture().isNull());
-}
-
-TEST(PlayLayout, HasTheLargestCellsThatFit) {
-  struct Row {
-    QSize window;
-    int cell;
-  };
-  // Width / 19.5 on a 4:3 screen, height / 11.5 on a broad one.
-  for (const Row& row : {Row{{1024, 768}, 52}, Row{{1280, 1024}, 65}, Row{{1366, 768}, 66},
-                         Row{{1920, 1080}, 93}, Row{{2560, 1440}, 125}, Row{{3440, 1440}, 125}}) {
-    const PlayLayout layout = LayOut(row.window);
-    EXPECT_EQ(layout.cellSize, row.cell) << row.window.width();
-    EXPECT_TRUE(QRect(QPoint(), row.window).contains(layout.ram)) << row.window.width();
-    EXPECT_EQ(DrawnCell({0, 0, 1560, 920}, layout.ram.size()), QSize(row.cell, row.cell));
+TEST_F(HraWindowTest, HidesBehindATableWithF12AndComesBackWithTheDogsName) {
+  Open(Corridor());
+  QTest::keyClick(window.get(), Qt::Key_F12);
+  ASSERT_TRUE(Wait([&] { return !window->isVisible(); }));
+  EXPECT_TRUE(window->Hidden().isVisible());
+  EXPECT_FALSE(window->Ticking());
+  auto* const table = const_cast<HideAway*>(&window->Hidden());
+  for (const Qt::Key key : {Qt::Key_Z, Qt::Key_O, Qt::Key_R, Qt::Key_I, Qt::Key_K}) {
+    QTest::keyClick(table, key);
   }
+  EXPECT_TRUE(window->isVisible());
+  EXPECT_FALSE(window->Hidden().isVisible());
+  EXPECT_TRUE(TicksPass(2));
 }
 
-TEST(PlayLayout, BearsAWindowOfNoSize) {
-  EXPECT_EQ(LayOut({0, 0}).cellSize, 0);
-  EXPECT_TRUE(LayOut({0, 0}).ram.isEmpty());
+TEST_F(HraWindowTest, StandsStillWhileItIsMinimised) {
+  Open(Corridor());
+  ASSERT_TRUE(TicksPass(1));
+  window->setWindowState(Qt::WindowMinimized);
+  ASSERT_TRUE(Wait([&] { return !window->Ticking(); }));
+  const int ticks = window->Machine().Ticks;
+  QTest::qWait(150);
+  EXPECT_EQ(window->Machine().Ticks, ticks);
+  window->setWindowState(Qt::WindowNoState);
+  EXPECT_TRUE(TicksPass(2));
+}
+
+TEST_F(HraWindowTest, DoesNotStartWhatIsOverWhenItComesBackFromBeingMinimised) {
+  Open(Corridor());
+  window->Stop();
+  window->setWindowState(Qt::WindowMinimized);
+  window->setWindowState(Qt::WindowNoState);
+  EXPECT_FALSE(window->Ticking());
+}
+
+TEST_F(HraWindowTest, TurnsItsClosingIntoAWishToLeave) {
+  Open(Corridor());
+  QSignalSpy leaving(window.get(), &HraWindow::EndRequested);
+  EXPECT_FALSE(window->close());
+  EXPECT_EQ(leaving.count(), 1);
+}
+
+// The bar
+
+TEST_F(HraWindowTest, RestartsTheCaveByItsButton) {
+  Open(Corridor());
+  QTest::keyPress(window.get(), Qt::Key_Right);
+  ASSERT_TRUE(Wait([&] { return Dog() == Cell(10, 1); }));
+  QTest::keyRelease(window.get(), Qt::Key_Right);
+  Click("picRestart");
+  EXPECT_EQ(Dog(), Cell(1, 1));
+  EXPECT_TRUE(TicksPass(2));
+}
+
+TEST_F(HraWindowTest, ShowsTheSwitchOfTheViewInATestAndAReplayOnly) {
+  Open(Corridor());
+  EXPECT_FALSE(Shows("Label1"));
+  ASSERT_FALSE(window->Start(CaveTextOf(Corridor()), RunKind::Test));
+  EXPECT_TRUE(Shows("Label1"));
+  ASSERT_FALSE(window->StartRecord(test::RecordOf(Corridor(), {{}, {}, {}})));
+  EXPECT_TRUE(Shows("Label1"));
+}
+
+TEST_F(HraWindowTest, StartsATestWithTheWholeCaveAndAReplayWithAScrollingView) {
+  Open(Corridor(), {}, RunKind::Test);
+  EXPECT_FALSE(window->Painter().ScrollView());
+  Click("Label1");
+  EXPECT_TRUE(window->Painter().ScrollView());
+  ASSERT_FALSE(window->StartRecord(test::RecordOf(Corridor(), std::vector<test::RecordTick>(50))));
+  EXPECT_TRUE(window->Painter().ScrollView());
+}
+
+TEST_F(HraWindowTest, SwitchesTheViewWithCInAReplay) {
+  Show();
+  ASSERT_FALSE(window->StartRecord(test::RecordOf(Corridor(), std::vector<test::RecordTick>(200))));
+  QTest::keyClick(window.get(), Qt::Key_C);
+  EXPECT_TRUE(Wait([&] { return !window->Painter().ScrollView(); }));
+}
+
+TEST_F(HraWindowTest, ScrollsInPlayWhateverIsPressed) {
+  Open(Corridor());
+  QTest::keyClick(window.get(), Qt::Key_C);
+  ASSERT_TRUE(TicksPass(3));
+  EXPECT_TRUE(window->Painter().ScrollView());
+}
+
+TEST_F(HraWindowTest, HasAStripOfUnitsForSeveralDogs) {
+  Open({"WWWWW", "W1.2W", "WWWWW"});
+  EXPECT_TRUE(window->Bar().UnitsShown());
+  EXPECT_FALSE(window->Bar().Places().psi.isEmpty());
+  EXPECT_EQ(window->Message().Text(), "Zoríci v komnatě: 2. Přepínáš klávesou Tab.");
+}
+
+TEST_F(HraWindowTest, HasNoStripOfUnitsForOneDog) {
+  Open({"WWWWW", "W1.2W", "WWWWW"});
+  ASSERT_FALSE(window->Start(CaveTextOf(Corridor()), RunKind::Play));
+  EXPECT_FALSE(window->Bar().UnitsShown());
+  ASSERT_TRUE(TicksPass(2));
+  EXPECT_FALSE(window->Bar().UnitsShown());
+  EXPECT_EQ(window->Message().Text(), "Doveď Zoríka do cíle!");
+}
+
+// Ends
+
+TEST_F(HraWindowTest, TellsOfAWonRunAndStandsStill) {
+  Show();
+  ASSERT_FALSE(window->Start(OneStepCave("Jedna"), RunKind::Play));
+  QSignalSpy won(window.get(), &HraWindow::RunWon);
+  QTest::keyClick(window.get(), Qt::Key_Right);
+  ASSERT_TRUE(Wait([&] { return won.count() == 1; }));
+  EXPECT_FALSE(window->Ticking());
+  ASSERT_TRUE(window->Machine().Win);
+}
+
+TEST_F(HraWindowTest, TellsOfARecordThatIsOver) {
+  Show();
+  QSignalSpy over(window.get(), &HraWindow::RecordOver);
+  ASSERT_FALSE(window->StartRecord(test::RecordOf(Corridor(), {{}, {}, {}})));
+  EXPECT_TRUE(Wait([&] { return over.count() == 1; }));
+}
+
+TEST_F(HraWindowTest, SaysWhyACaveCannotBePlayedAndKeepsTheRun) {
+  Open(Corridor());
+  EXPECT_TRUE(window->Start("", RunKind::Play));
+  EXPECT_TRUE(window->Start("rubbish", RunKind::Play));
+  EXPECT_TRUE(TicksPass(2));
+}
+
+TEST_F(HraWindowTest, PlaysARecordToTheSameEndAtAnySpeed) {
+  // Won with 7 needed ticks in a cave in which chance is drawn all the time.
+  Show();
+  std::vector<int> elapsed;
+  std::vector<int> scores;
+  Hra run(5);
+  const std::string cave = CaveTextOf({"WWWWWWWWW", "W1....TLW", "WWWWWWWWW"}, {.needed = 0});
+  ASSERT_FALSE(PaintCave(run, cave, RunKind::Play));
+  TickEnd end = TickEnd::Running;
+  while (end == TickEnd::Running) end = test::Pass(run, 1, "R");
+  ASSERT_EQ(end, TickEnd::Won);
+  const std::string record = SaveRecord(run, run.Win->Score);
+  for (const int speed : {1, 5}) {
+    settings.SpeedR = speed;
+    QSignalSpy won(window.get(), &HraWindow::RunWon);
+    ASSERT_FALSE(window->StartRecord(record));
+    ASSERT_TRUE(Wait([&] { return won.count() == 1; }));
+    elapsed.push_back(window->Machine().Elapsed);
+    scores.push_back(window->Machine().Win->Score);
+  }
+  EXPECT_EQ(elapsed, (std::vector<int>{run.Elapsed, run.Elapsed}));
+  EXPECT_EQ(scores, (std::vector<int>{run.Win->Score, run.Win->Score}));
+}
+
+// Hidden things
+
+TEST_F(HraWindowTest, ShowsHiddenThingsFromTheNextCaveOn) {
+  Open({"WWWWW", "W1M.W", "WWWWW"});
+  const QImage hidden = window->PlayArea().Picture().copy();
+  settings.NoSurprise = true;
+  ASSERT_FALSE(window->Start(CaveTextOf({"WWWWW", "W1M.W", "WWWWW"}), RunKind::Play));
+  EXPECT_NE(window->Painter().PictureAt(2, 1), CellPicture{});
+  EXPECT_EQ(window->Painter().PictureAt(2, 1).Pic, kSetNoSurprise);
+  EXPECT_FALSE(hidden.isNull());
+}
+
+// The picture
+
+TEST_F(HraWindowTest, LaysItselfOutAnewWhenItsSizeChanges) {
+  Open(Corridor());
+  window->resize(1000, 700);
+  ASSERT_TRUE(Wait([&] { return window->width() == 1000; }));
+  EXPECT_EQ(window->PlayArea().geometry(), LayOut({1000, 700}, 1).ram);
+  EXPECT_EQ(window->Bar().geometry(), LayOut({1000, 700}, 1).imOk1);
+  EXPECT_FALSE(window->PlayArea().Picture().isNull());
+}
+
+TEST_F(HraWindowTest, FlashesWhenTheFinishOpens) {
+  Open({"WWWWWW", "W1.D.W", "WWWWWW"}, {.needed = 1});
+  auto* const flash = window->findChild<QWidget*>("pctBlesk");
+  bool seen = false;
+  QTest::keyPress(window.get(), Qt::Key_Right);
+  EXPECT_TRUE(Wait([&] { return seen = seen || flash->isVisible(); }));
+  EXPECT_TRUE(Wait([&] { return !flash->isVisible(); }));
+  EXPECT_EQ(window->Message().Text(), "Cíl je otevřen!");
+  EXPECT_EQ(window->Bar().ValueText(), "20");
 }
 
 }  // namespace
 }  // namespace zorik
-
-int main(int argc, char** argv) {
-  testing::InitGoogleTest(&argc, argv);
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  QStandardPaths::setTestModeEnabled(true);
-  const QApplication application(argc, argv);
-  return RUN_ALL_TESTS();
-}

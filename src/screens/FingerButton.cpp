@@ -1,0 +1,79 @@
+#include "screens/FingerButton.h"
+
+#include <QBitmap>
+#include <QMouseEvent>
+#include <QPainter>
+
+namespace zorik {
+namespace {
+
+constexpr double kHovered = 0.55;  // how strongly a finger that is not chosen lights up under the pointer
+
+// All that is not entirely clear.
+QRegion DrawnPart(const QImage& image) {
+  QRegion drawn;
+  for (int y = 0; y < image.height(); ++y) {
+    const auto* const line = reinterpret_cast<const QRgb*>(image.constScanLine(y));
+    int start = -1;
+    for (int x = 0; x <= image.width(); ++x) {
+      const bool clear = x == image.width() || qAlpha(line[x]) == 0;
+      if (!clear && start < 0) start = x;
+      if (!clear || start < 0) continue;
+      drawn += QRect(start, y, x - start, 1);
+      start = -1;
+    }
+  }
+  return drawn;
+}
+
+}  // namespace
+
+FingerButton::FingerButton(QWidget* parent) : QAbstractButton(parent) {
+  setAttribute(Qt::WA_Hover);
+  setCheckable(true);
+  setAutoExclusive(true);
+  setFocusPolicy(Qt::NoFocus);
+}
+
+void FingerButton::SetOverlay(const QImage& overlay) {
+  const QImage image = overlay.convertToFormat(QImage::Format_ARGB32);
+  const QRegion drawn = DrawnPart(image);
+  const QRect box = drawn.boundingRect();
+  finger_ = image.copy(box);
+  setGeometry(box);
+  setMask(drawn.translated(-box.topLeft()));
+  setVisible(!box.isEmpty());
+  update();
+}
+
+void FingerButton::SetWords(const QString& words) {
+  setText(words);
+  setToolTip(words);
+  setAccessibleName(words);
+}
+
+void FingerButton::SetLitBelow(bool lit) {
+  litBelow_ = lit;
+  update();
+}
+
+void FingerButton::paintEvent(QPaintEvent* /*event*/) {
+  if (isChecked() ? litBelow_ : !underMouse() && !isDown()) return;
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::SmoothPixmapTransform);
+  if (!isChecked() && !isDown()) painter.setOpacity(kHovered);
+  painter.drawImage(0, 0, finger_);
+}
+
+void FingerButton::mouseDoubleClickEvent(QMouseEvent* event) {
+  event->accept();
+  if (event->button() == Qt::LeftButton) emit Opened();
+}
+
+// A press that slides off stays the button's.
+void FingerButton::mouseMoveEvent(QMouseEvent* event) {
+  QAbstractButton::mouseMoveEvent(event);
+  event->accept();
+}
+
+}  // namespace zorik

@@ -1,0 +1,87 @@
+#include "screens/FrmAbout.h"
+
+#include <QLabel>
+#include <QRegularExpression>
+#include <QVBoxLayout>
+
+#include "screens/Outside.h"
+#include "screens/SkinButton.h"
+#include "screens/StartWords.h"
+#include "screens/Tones.h"
+#include "skin/GameFont.h"
+#include "skin/Skin.h"
+
+namespace zorik {
+namespace {
+
+constexpr int kLetters = 16;
+constexpr int kMargin = 24;
+constexpr int kGap = 16;
+
+QString LinkTo(const QString& target, const QString& words) {
+  return "<a href=\"" + target + "\">" + words + "</a>";
+}
+
+// A text as rich text in which pages and addresses can be clicked.
+QString WithLinks(const QString& text) {
+  static const QRegularExpression link(R"((https?://[^\s<>"]*[^\s<>".,;:!?)])|([\w.+-]+@[\w-]+(\.[\w-]+)+))");
+  QString rich;
+  qsizetype end = 0;
+  for (auto matches = link.globalMatch(text); matches.hasNext();) {
+    const auto match = matches.next();
+    const QString words = match.captured().toHtmlEscaped();
+    rich += text.mid(end, match.capturedStart() - end).toHtmlEscaped();
+    rich += LinkTo(match.captured(1).isEmpty() ? "mailto:" + words : words, words);
+    end = match.capturedEnd();
+  }
+  rich += text.mid(end).toHtmlEscaped();
+  return rich.replace("\r\n", "<br>");
+}
+
+}  // namespace
+
+FrmAbout::FrmAbout(Skin& skin, const Paths& paths, QWidget* parent)
+    : SkinDialog(parent),
+      skin_(skin),
+      page_(HelpPage(paths, skin, "oprogramu.html")),
+      lblText_(new QLabel(this)),
+      ok_(new SkinButton(this)) {
+  lblText_->setObjectName("lblText");
+  lblText_->setTextFormat(Qt::RichText);
+  lblText_->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
+  lblText_->setAlignment(Qt::AlignCenter);
+  connect(lblText_, &QLabel::linkActivated, this,
+          [this](const QString& link) { OpenLinkOrTell(skin_, this, QUrl(link)); });
+  connect(ok_, &SkinButton::clicked, this, &FrmAbout::OnEnter);
+  LayOut();
+  SkinIt();
+}
+
+void FrmAbout::LayOut() {
+  auto* const rows = new QVBoxLayout(this);
+  rows->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+  rows->setSpacing(kGap);
+  rows->setSizeConstraint(QLayout::SetFixedSize);
+  rows->addWidget(lblText_);
+  rows->addWidget(ok_, 0, Qt::AlignHCenter);
+}
+
+void FrmAbout::SkinIt() {
+  const Tones tones = TonesOf(skin_.Colour("dialog.color", kPlainGround));
+  Surface().SetColour(tones.ground);
+  QPalette colours = palette();
+  colours.setColor(QPalette::WindowText, tones.text);
+  colours.setColor(QPalette::Link, tones.mark);
+  colours.setColor(QPalette::Button, tones.line);
+  colours.setColor(QPalette::ButtonText, tones.text);
+  colours.setColor(QPalette::Mid, tones.quiet);
+  setPalette(colours);
+  setFont(GameFont(kLetters));
+  setWindowTitle(skin_.Text(99));
+  const QString page = QString::fromUtf8(QUrl::fromLocalFile(page_).toEncoded());
+  lblText_->setText(WithLinks(skin_.Text(199)) + "<br><br>" + LinkTo(page, kProgramWords.In(skin_)));
+  ok_->SetPicture(skin_.Picture("dialog.ok.image"));
+  ok_->SetWords(kOkWords.In(skin_));
+}
+
+}  // namespace zorik

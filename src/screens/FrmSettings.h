@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QString>
+#include <array>
+
+#include "platform/Settings.h"
+#include "screens/SkinWindow.h"
+
+class QLabel;
+
+namespace zorik {
+
+class Skin;
+class SkinButton;
+class SkinCheck;
+class SkinScale;
+
+// The window of the options: two speeds, on scales whose right end is the fast one, and three checks. What
+// the player changes is dropped unless he confirms it.
+class FrmSettings : public SkinDialog {
+  Q_OBJECT
+
+ public:
+  FrmSettings(Skin& skin, QWidget* parent);
+
+  // Shows the settings until the player is done. When he confirms, they hold what he chose and are stored;
+  // true then.
+  bool Edit(Settings& settings);
+
+ protected:
+  void OnEnter() override { accept(); }
+  void OnEsc() override { done(Rejected); }
+
+ private:
+  void LayOut();
+  void SkinIt();
+  void SetSett(const Settings& settings);
+
+  Skin& skin_;
+  QLabel* lblCaption_;
+  std::array<QLabel*, 2> lblSpeed_;
+  std::array<SkinScale*, 2> scales_;  // of play, of a replay
+  std::array<SkinCheck*, 3> checks_;  // NoSurprise, Sound, Joystick
+  SkinButton* ok_;
+  SkinButton* close_;
+};
+
+}  // namespace zorik

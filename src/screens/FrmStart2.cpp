@@ -1,0 +1,441 @@
+#include "screens/FrmStart2.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QScreen>
+#include <QTimer>
+#include <algorithm>
+
+#include "data/Cp1250.h"
+#include "data/PlayerName.h"
+#include "platform/FileTypes.h"
+#include "screens/FingerButton.h"
+#include "screens/FrmDialog3.h"
+#include "screens/FrmSLang.h"
+#include "screens/MsgBox.h"
+#include "screens/Outside.h"
+#include "screens/ScrollButton.h"
+#include "screens/SkinButton.h"
+#include "screens/SkinPlacing.h"
+#include "screens/StartLists.h"
+#include "screens/StartWords.h"
+#include "skin/GameFont.h"
+#include "skin/Skin.h"
+
+namespace zorik {
+namespace {
+
+constexpr QSize kPlainSize(720, 520);
+constexpr int kVersionLetters = 11;
+constexpr int kVersionRise = 25;  // of the version's line above the lower edge of the window
+constexpr int kVersionHeight = 13;
+constexpr QColor kVersionInk(0x3A, 0x24, 0x18);
+
+constexpr int kPatience = 200;  // milliseconds between looks whether a dialog is still open
+
+constexpr const char* kCollFilter = "*.zk";
+constexpr const char* kRecordFilter = "*.zkr";
+
+// What a finger is drawn like and called, by mode. The last one's words are in the language table.
+struct FingerRow {
+  const char* image;
+  const char* text;
+  const char* otherwise;
+};
+
+constexpr std::array kFingers = {
+    FingerRow{"start.fingerPlay.image", "start.fingerPlay.text", "Hrát"},
+    FingerRow{"start.fingerrePlay.image", "start.fingerReplay.text", "Záznam"},
+    FingerRow{"start.fingereditor.image", "start.fingerEditor.text", "Editor"},
+    FingerRow{"start.finger4.image", "", ""},
+};
+
+// What a key does to the selected row; a page is as long as the frame.
+int StepOf(int key, int page, int count) {
+  switch (key) {
+    case Qt::Key_Up:
+      return -1;
+    case Qt::Key_Down:
+      return 1;
+    case Qt::Key_PageUp:
+      return -page;
+    case Qt::Key_PageDown:
+      return page;
+    case Qt::Key_Home:
+      return -count;
+    case Qt::Key_End:
+      return count;
+    default:
+      return 0;
+  }
+}
+
+QString FilterOf(const QString& words, const char* pattern) {
+  return words + " (" + pattern + ')';
+}
+
+ListLook LookOf(const Skin& skin, const std::string& key) {
+  ListLook look;
+  look.ground = skin.Colour(key + ".color", look.ground);
+  look.text = skin.Colour(key + ".textcolor", look.text);
+  look.selectionGround = skin.Colour(key + ".selection.color", look.selectionGround);
+  look.selectionText = skin.Colour(key + ".selection.textcolor", look.selectionText);
+  look.border = skin.Colour(key + ".border.color", look.border);
+  look.borderSize = std::max(0, skin.Data().SkinInt(key + ".border.size"));
+  return look;
+}
+
+}  // namespace
+
+FrmStart2::FrmStart2(Skin& skin, const Paths& paths, Settings& settings)
+    : skin_(skin),
+      paths_(paths),
+      settings_(settings),
+      lblCColl_(new LabelList(Qt::Vertical, this)),
+      lblPlr_(new LabelList(Qt::Horizontal, this)),
+      close_(new SkinButton(this)),
+      help_(new SkinButton(this)),
+      vscroll_(new ScrollButton(Qt::Vertical, this)),
+      hscroll_(new ScrollButton(Qt::Horizontal, this)),
+      play_(new SkinButton(this)),
+      addplayer_(new SkinButton(this)),
+      changeskin_(new SkinButton(this)) {
+  setFocusPolicy(Qt::StrongFocus);
+  for (FingerButton*& finger : fingers_) finger = new FingerButton(this);
+  fingers_[0]->setChecked(true);
+  Connect();
+}
+
+void FrmStart2::Connect() {
+  connect(close_, &SkinButton::clicked, this, &FrmStart2::close);
+  connect(help_, &SkinButton::clicked, this, &FrmStart2::Help);
+  connect(play_, &SkinButton::clicked, this, &FrmStart2::Open);
+  connect(addplayer_, &SkinButton::clicked, this, &FrmStart2::NewPlayer);
+  connect(changeskin_, &SkinButton::clicked, this, &FrmStart2::ChangeSkin);
+  connect(vscroll_, &ScrollButton::Stepped, lblCColl_, &LabelList::Scroll);
+  connect(hscroll_, &ScrollButton::Stepped, lblPlr_, &LabelList::Scroll);
+  connect(lblCColl_, &LabelList::Opened, this, &FrmStart2::Open);
+  connect(lblPlr_, &LabelList::Opened, this, &FrmStart2::Open);
+  connect(lblPlr_, &LabelList::Chosen, this, [](int place) { StorePosledniHrac(place); });
+  for (std::size_t i = 0; i < fingers_.size(); ++i) {
+    const auto mode = static_cast<Mode>(i);
+    connect(fingers_[i], &FingerButton::clicked, this, [this, mode] { ChooseMode(mode); });
+    connect(fingers_[i], &FingerButton::Opened, this, &FrmStart2::Open);
+  }
+}
+
+void FrmStart2::FrmLoad() {
+  SkinIt();
+  RegExt(skin_.Text(56).toStdString(), skin_.Text(109).toStdString());
+  FindColls();
+  ListPlayers();
+  loaded_ = true;
+  move(screen()->availableGeometry().center() - rect().center());
+  show();
+  QMetaObject::invokeMethod(this, &FrmStart2::FindPlrs, Qt::QueuedConnection);
+}
+
+void FrmStart2::SkinIt() {
+  setWindowTitle(kProgramTitle);
+  ShowMode();
+  SkinLists();
+  SkinButtons();
+  SkinFingers();
+  ShowScrollButtons();
+  update();
+}
+
+void FrmStart2::SkinButtons() {
+  PlaceButton(skin_, *close_, "start.close", kCloseWords.In(skin_));
+  PlaceButton(skin_, *help_, "start.help", kHelpWords.In(skin_));
+  PlaceButton(skin_, *vscroll_, "start.vscroll", QString());
+  PlaceButton(skin_, *hscroll_, "start.hscroll", QString());
+  PlaceButton(skin_, *play_, "start.play", skin_.Caption(kFingers[0].text, kFingers[0].otherwise));
+  PlaceButton(skin_, *addplayer_, "start.addplayer", skin_.Text(114));
+  PlaceButton(skin_, *changeskin_, "start.changeskin", kSkinWords.In(skin_));
+}
+
+void FrmStart2::SkinLists() {
+  const ListLook colls = LookOf(skin_, "start.caves");
+  QRect box = BoxOf(skin_, "start.caves", QRect(220, 200, 246, -1));
+  const int lines = skin_.Data().SkinInt("start.caves.lines");
+  if (box.height() < 0) box.setHeight(std::max(1, lines) * kRowHeight + 2 * colls.borderSize);
+  lblCColl_->SetLook(colls);
+  lblCColl_->setGeometry(box);
+  lblPlr_->SetLook(LookOf(skin_, "start.players"));
+  lblPlr_->setGeometry(BoxOf(skin_, "start.players", QRect(220, 412, 198, 20)));
+}
+
+void FrmStart2::SkinFingers() {
+  for (std::size_t i = 0; i < fingers_.size(); ++i) {
+    const FingerRow& row = kFingers[i];
+    fingers_[i]->SetOverlay(skin_.Picture(row.image));
+    const bool listed = static_cast<Mode>(i) != Mode::File;
+    fingers_[i]->SetWords(listed ? skin_.Caption(row.text, row.otherwise) : skin_.Text(111));
+  }
+}
+
+// The picture with the lit finger for play stands for the one with none lit.
+void FrmStart2::ShowMode() {
+  const bool lit = mode_ == Mode::Play && !skin_.Picture("start.palmPlay.image").isNull();
+  SetWindowPicture(skin_, Surface(), *this, lit ? "start.palmPlay" : "start.palm", kPlainSize);
+  fingers_[0]->SetLitBelow(lit);
+  update();
+}
+
+void FrmStart2::ShowScrollButtons() {
+  vscroll_->setVisible(lblCColl_->Overflows());
+  hscroll_->setVisible(lblPlr_->Overflows());
+}
+
+void FrmStart2::ChooseMode(Mode mode) {
+  mode_ = mode;
+  fingers_[static_cast<std::size_t>(mode)]->setChecked(true);
+  ShowMode();
+}
+
+void FrmStart2::FindColls() {
+  const int old = lblCColl_->Selected();
+  const QString file = old < 0 ? QString() : colls_[static_cast<std::size_t>(old)].file;
+  colls_ = ReadColls(paths_.CavesPath);
+  QStringList names;
+  for (const CollRow& row : colls_) names.push_back(row.name);
+  lblCColl_->SetLabels(names);
+  SelectColl(file);
+  ShowScrollButtons();
+}
+
+// The first one when there is no such file.
+void FrmStart2::SelectColl(const QString& file) {
+  const auto row = std::find_if(colls_.begin(), colls_.end(),
+                                [&file](const CollRow& candidate) { return candidate.file == file; });
+  lblCColl_->Select(row == colls_.end() ? 0 : static_cast<int>(row - colls_.begin()));
+}
+
+void FrmStart2::FindPlrs() {
+  ListPlayers();
+  if (players_.isEmpty()) NewPlayer();
+}
+
+void FrmStart2::ListPlayers() {
+  QDir().mkpath(QString::fromStdString(paths_.PlayersPath));
+  players_ = ReadPlayers(paths_.PlayersPath);
+  QStringList labels;
+  for (const QString& name : players_) labels.push_back(" « " + name + " » ");
+  lblPlr_->SetLabels(labels);
+  const int last = ReadPosledniHrac();
+  lblPlr_->Select(last < players_.size() ? last : 0);
+  ShowScrollButtons();
+}
+
+void FrmStart2::SelectPlayer(const QString& name) {
+  const auto place = players_.indexOf(name);
+  if (place >= 0) lblPlr_->Select(static_cast<int>(place));
+}
+
+QString FrmStart2::Player() const {
+  const int place = lblPlr_->Selected();
+  return place < 0 ? QString() : players_[place];
+}
+
+QString FrmStart2::SelectedPath() const {
+  const int place = lblCColl_->Selected();
+  if (place < 0) return QString();
+  return QString::fromStdString(paths_.CavesPath) + '/' + colls_[static_cast<std::size_t>(place)].file;
+}
+
+void FrmStart2::Open() {
+  switch (mode_) {
+    case Mode::Play:
+      return OpenSelected();
+    case Mode::Replay:
+      return AskForRecord();
+    case Mode::Editor:
+      return EditSelected();
+    case Mode::File:
+      return AskForAnyFile();
+  }
+}
+
+void FrmStart2::OpenSelected() {
+  const QString path = SelectedPath();
+  if (path.isEmpty()) return TellOf(kNoCollectionWords.In(skin_));
+  OpenPath(path);
+}
+
+void FrmStart2::EditSelected() {
+  const QString path = SelectedPath();
+  if (path.isEmpty() || IsThere(path)) emit EditCollection(path);
+}
+
+void FrmStart2::OpenPath(const QString& path) {
+  if (!IsThere(path)) return;
+  if (Player().isEmpty()) NewPlayer();
+  if (!Player().isEmpty()) emit OpenCollection(path, Player());
+}
+
+// A file may be gone since the list was made.
+bool FrmStart2::IsThere(const QString& path) {
+  const QFileInfo file(path);
+  if (file.isFile() && file.isReadable()) return true;
+  TellOf(kNotOpenedWords.In(skin_), path);
+  FindColls();
+  return false;
+}
+
+void FrmStart2::AskForRecord() {
+  const QString own = QString::fromStdString(paths_.PlayersPath) + '/' + Player();
+  const bool known = !Player().isEmpty() && QFileInfo(own).isDir();
+  AnotherRepl(AskForFile(skin_, this, skin_.Text(110),
+                         known ? own : QString::fromStdString(paths_.RecordsPath),
+                         {FilterOf(skin_.Text(109), kRecordFilter)}));
+}
+
+void FrmStart2::AskForAnyFile() {
+  const QString path =
+      AskForFile(skin_, this, skin_.Text(111), QString::fromStdString(paths_.CavesPath),
+                 {FilterOf(skin_.Text(111), kCollFilter), FilterOf(skin_.Text(109), kRecordFilter)});
+  if (!path.isEmpty()) OpenByKind(path);
+}
+
+void FrmStart2::AnotherColl(const QString& path) {
+  if (path.isEmpty() || !IsThere(path)) return;
+  OpenPath(BroughtIn(path));
+}
+
+// Where the collection is to be opened: its copy among those of the game if there is one, else itself.
+QString FrmStart2::BroughtIn(const QString& path) {
+  const QString title = skin_.Text(194);
+  const bool inPlace = LiesIn(path.toStdString(), paths_.CavesPath);
+  if (inPlace || !Ask(skin_, this, title, skin_.Text(112))) return path;
+  const auto copy = CopyColl(path.toStdString(), paths_.CavesPath);
+  if (!copy) {
+    TellOf(kNotStoredWords.In(skin_));
+    return path;
+  }
+  if (Ask(skin_, this, title, skin_.Text(113)) && !QFile::remove(path)) {
+    TellOf(kNotDeletedWords.In(skin_), path);
+  }
+  FindColls();
+  const QString place = QString::fromStdString(*copy);
+  SelectColl(QFileInfo(place).fileName());
+  return place;
+}
+
+void FrmStart2::AnotherRepl(const QString& path) {
+  if (!path.isEmpty() && IsThere(path)) emit PlayRecord(path);
+}
+
+void FrmStart2::OpenFromOutside(const QString& path) {
+  if (path.isEmpty()) return;
+  waiting_.push_back(path);
+  if (waiting_.size() == 1) OpenWaiting();
+}
+
+void FrmStart2::OpenWaiting() {
+  if (QApplication::activeModalWidget() == nullptr) {
+    OpenByKind(waiting_.constFirst());
+    waiting_.removeFirst();
+  }
+  if (!waiting_.isEmpty()) QTimer::singleShot(kPatience, this, &FrmStart2::OpenWaiting);
+}
+
+void FrmStart2::OpenByKind(const QString& path) {
+  const QString kind = QFileInfo(path).suffix().toLower();
+  if (kind == "zk") return AnotherColl(path);
+  if (kind == "zkr") return AnotherRepl(path);
+  TellOf(kUnknownFileWords.In(skin_), path);
+}
+
+void FrmStart2::NewPlayer() {
+  if (addingPlayer_) return;
+  addingPlayer_ = true;
+  const QString typed = FrmDialog3(skin_, this).AskName();
+  addingPlayer_ = false;
+  const std::string name = PlayerName(typed.normalized(QString::NormalizationForm_C).toStdString());
+  if (name.empty()) return;
+  const QString shown = QString::fromStdString(ToUtf8(name));
+  const auto added = AddPlayer(paths_.PlayersPath, name);
+  const auto words = [&](int place) { return skin_.Text(place).replace("?1?", shown); };
+  if (added) {
+    Tell(skin_, this, skin_.Text(114), words(115));
+  } else {
+    Tell(skin_, this, skin_.Text(48), words(116));
+  }
+  FindPlrs();
+  SelectPlayer(shown);
+}
+
+void FrmStart2::ChangeSkin() {
+  FrmSLang window(skin_, settings_, this);
+  connect(&window, &FrmSLang::SkinChanged, this, [this] {
+    SkinIt();
+    emit SkinChanged();
+  });
+  window.exec();
+}
+
+void FrmStart2::Help() {
+  OpenFileOrTell(skin_, this, HelpPage(paths_, skin_, "help.html"));
+}
+
+void FrmStart2::TellOf(const QString& words, const QString& path) {
+  Tell(skin_, this, skin_.Text(99), path.isEmpty() ? words : words + '\n' + path);
+}
+
+void FrmStart2::keyPressEvent(QKeyEvent* event) {
+  const int key = event->key();
+  const int step = StepOf(key, lblCColl_->PageLength(), lblCColl_->Count());
+  if (step != 0) return lblCColl_->Select(lblCColl_->Selected() + step);
+  if (key == Qt::Key_Left) return lblPlr_->Select(lblPlr_->Selected() - 1);
+  if (key == Qt::Key_Right) return lblPlr_->Select(lblPlr_->Selected() + 1);
+  if (event->isAutoRepeat()) return;
+  if (key >= Qt::Key_1 && key <= Qt::Key_4) return ChooseMode(static_cast<Mode>(key - Qt::Key_1));
+  switch (key) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Space:
+      return Open();
+    case Qt::Key_Insert:
+      return NewPlayer();
+    case Qt::Key_F1:
+      return Help();
+    case Qt::Key_F2:
+      return ChangeSkin();
+    default:
+      event->ignore();
+  }
+}
+
+bool FrmStart2::focusNextPrevChild(bool next) {
+  const int count = static_cast<int>(fingers_.size());
+  ChooseMode(static_cast<Mode>((static_cast<int>(mode_) + (next ? 1 : count - 1)) % count));
+  return true;
+}
+
+void FrmStart2::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  painter.setPen(kVersionInk);
+  painter.setFont(GameFont(kVersionLetters));
+  painter.drawText(QRect(0, height() - kVersionRise, width(), kVersionHeight), Qt::AlignCenter,
+                   skin_.Caption("version.text"));
+}
+
+// Another window may have changed the folders meanwhile.
+void FrmStart2::showEvent(QShowEvent* event) {
+  SkinWindow::showEvent(event);
+  if (event->spontaneous() || !loaded_) return;
+  FindColls();
+  ListPlayers();
+}
+
+void FrmStart2::closeEvent(QCloseEvent* event) {
+  event->accept();
+  emit Quit();
+}
+
+}  // namespace zorik

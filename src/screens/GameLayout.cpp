@@ -1,0 +1,72 @@
+#include "screens/GameLayout.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "skin/ZornePole.h"
+
+namespace zorik {
+namespace {
+
+constexpr int kBelowRam = 1;  // between the picture and the bar below
+constexpr int kApart = 4;     // between the buttons
+constexpr int kButton = 40;
+constexpr int kStripHeight = 29;
+
+// The panels as the picture of the bar has them, each without its icon.
+constexpr QRect kClock{42, 6, 75, 32};
+constexpr QRect kGems{166, 6, 121, 32};
+constexpr QRect kValue{335, 6, 74, 32};
+
+// A view in half cells: half a cell is rounded up to whole pixels, so that what is drawn has cells of this
+// size.
+constexpr int kHalfColumns = static_cast<int>(2 * kViewColumns);
+constexpr int kHalfRows = static_cast<int>(2 * kViewRows);
+
+int Pixels(int units, qreal scale) {
+  return static_cast<int>(std::ceil(units * scale));
+}
+
+// As many units as hold these pixels.
+int Units(int pixels, qreal scale) {
+  return static_cast<int>(std::ceil(pixels / scale));
+}
+
+}  // namespace
+
+GameLayout LayOut(QSize window, qreal scale) {
+  const int across = static_cast<int>(std::floor(window.width() * scale));
+  const int down =
+      static_cast<int>(std::floor(window.height() * scale)) - Pixels(kTopBar + kBelowRam + kBottomBar, scale);
+  GameLayout layout;
+  layout.cellSize = std::max(0, std::min(across * 2 / kHalfColumns, down * 2 / kHalfRows));
+  const QSize ram(Units((layout.cellSize * kHalfColumns + 1) / 2, scale),
+                  Units((layout.cellSize * kHalfRows + 1) / 2, scale));
+  const int height = kTopBar + ram.height() + kBelowRam + kBottomBar;
+  const int left = std::max(0, (window.width() - ram.width()) / 2);
+  const int top = std::max(0, (window.height() - height) / 2);
+  layout.imOk1 = QRect(left, top, ram.width(), kTopBar);
+  layout.ram = QRect(QPoint(left, top + kTopBar), ram);
+  layout.imOk2 = QRect(left, layout.ram.bottom() + 1 + kBelowRam, ram.width(), kBottomBar);
+  return layout;
+}
+
+TopBarLayout LayOutTopBar(int width, bool label1, int stripWidth) {
+  TopBarLayout layout;
+  int right = width - (kTopBar - kButton) / 2;
+  const auto place = [&right](int size, int height) {
+    const QRect rect(right - size, (kTopBar - height) / 2, size, height);
+    right = rect.left() - kApart;
+    return rect;
+  };
+  layout.picRestart = place(kButton, kButton);
+  layout.Command4 = place(kButton, kButton);
+  if (label1) layout.Label1 = place(kButton, kButton);
+  layout.clock = kClock;
+  layout.gems = kGems;
+  layout.value = kValue;
+  if (stripWidth > 0 && right - stripWidth >= kPanelsEnd) layout.psi = place(stripWidth, kStripHeight);
+  return layout;
+}
+
+}  // namespace zorik

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <QUrl>
+
+class QWidget;
+
+namespace zorik {
+
+class Skin;
+struct Paths;
+
+// What lies outside of the game, with a message when it is not to be had.
+
+// Opens a file with the desktop's program for it.
+void OpenFileOrTell(Skin& skin, QWidget* parent, const QString& path);
+
+// Opens a page or a letter, likewise.
+void OpenLinkOrTell(Skin& skin, QWidget* parent, const QUrl& link);
+
+// The path of a page of the help, "help.html" for one; in the skin's language where there is such a page.
+QString HelpPage(const Paths& paths, const Skin& skin, const QString& name);
+
+// Lets the player choose a file that exists; empty when he does not. Filters are like "Records (*.zkr)".
+QString AskForFile(const Skin& skin, QWidget* parent, const QString& title, const QString& folder,
+                   const QStringList& filters);
+
+}  // namespace zorik

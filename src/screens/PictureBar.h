@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QImage>
+#include <QWidget>
+
+namespace zorik {
+
+// A bar that is nothing but a picture, stretched over it.
+class PictureBar : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit PictureBar(QWidget* parent);
+
+  void SetPicture(const QImage& picture);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  QImage picture_;
+};
+
+}  // namespace zorik

@@ -1,0 +1,135 @@
+#include "screens/SkinButton.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+#include <algorithm>
+
+namespace zorik {
+namespace {
+
+constexpr int kLooks = 3;  // of a button
+constexpr QSize kPlainSize(80, 32);
+constexpr QSize kPlainBox(20, 20);
+constexpr int kPadding = 14;
+constexpr int kCaptionGap = 8;
+constexpr int kRing = 4;  // room for the ring around what has the focus
+
+// A plate in the colours of the palette, for what has no picture.
+void DrawPlate(QPainter& painter, const QRect& place, const QPalette& palette, int state) {
+  const QColor ground = palette.color(QPalette::Button);
+  painter.setPen(QPen(palette.color(state == 1 ? QPalette::ButtonText : QPalette::Mid), 1.5));
+  painter.setBrush(state == 2 ? ground.darker(130) : state == 1 ? ground.lighter(125) : ground);
+  painter.drawRoundedRect(QRectF(place).adjusted(1, 1, -1, -1), 6, 6);
+}
+
+}  // namespace
+
+LooksButton::LooksButton(QWidget* parent) : QAbstractButton(parent) {
+  setAttribute(Qt::WA_Hover);
+}
+
+void LooksButton::Cut(const QImage& picture, int count) {
+  looks_.clear();
+  const int width = picture.width() / count;
+  for (int i = 0; i < count && width > 0; ++i) {
+    looks_.push_back(picture.copy(i * width, 0, width, picture.height()));
+  }
+}
+
+QSize LooksButton::FrameSize() const {
+  return looks_.empty() ? QSize() : looks_.front().size();
+}
+
+void LooksButton::DrawLook(QPainter& painter, QPoint place, int look) const {
+  painter.setRenderHint(QPainter::SmoothPixmapTransform);
+  painter.drawImage(place, looks_[static_cast<std::size_t>(look)]);
+}
+
+int LooksButton::State() const {
+  if (isDown()) return 2;
+  return underMouse() && isEnabled() ? 1 : 0;
+}
+
+// A pressed button stays so until it is let go, wherever the pointer is.
+void LooksButton::mouseMoveEvent(QMouseEvent* event) {
+  event->setAccepted(isDown());
+}
+
+SkinButton::SkinButton(QWidget* parent) : LooksButton(parent) {
+  setFocusPolicy(Qt::NoFocus);
+}
+
+void SkinButton::SetPicture(const QImage& picture) {
+  Cut(picture, kLooks);
+  setFixedSize(sizeHint());
+  update();
+}
+
+void SkinButton::SetWords(const QString& words) {
+  setText(words);
+  setToolTip(words);
+  setAccessibleName(words);
+  if (!HasLooks()) setFixedSize(sizeHint());
+}
+
+QSize SkinButton::sizeHint() const {
+  if (HasLooks()) return FrameSize();
+  const QSize words = fontMetrics().size(Qt::TextHideMnemonic, text());
+  return kPlainSize.expandedTo(words + QSize(2 * kPadding, kPadding));
+}
+
+void SkinButton::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  if (HasLooks()) {
+    DrawLook(painter, QPoint(), State());
+    return;
+  }
+  painter.setRenderHint(QPainter::Antialiasing);
+  DrawPlate(painter, rect(), palette(), State());
+  painter.setPen(palette().color(QPalette::ButtonText));
+  painter.drawText(rect(), Qt::AlignCenter, text());
+}
+
+SkinCheck::SkinCheck(QWidget* parent) : LooksButton(parent) {
+  setCheckable(true);
+  setFocusPolicy(Qt::TabFocus);
+  setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+}
+
+void SkinCheck::SetPicture(const QImage& picture) {
+  Cut(picture, 2 * kLooks);
+  updateGeometry();
+  update();
+}
+
+QSize SkinCheck::BoxSize() const {
+  return HasLooks() ? FrameSize() : kPlainBox;
+}
+
+QSize SkinCheck::sizeHint() const {
+  const QSize box = BoxSize();
+  const QSize words = fontMetrics().size(0, text()) + QSize(2 * kRing, 2 * kRing);
+  return QSize(box.width() + kCaptionGap + words.width(), std::max(box.height(), words.height()));
+}
+
+void SkinCheck::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  const QRect box(QPoint(0, (height() - BoxSize().height()) / 2), BoxSize());
+  if (HasLooks()) {
+    DrawLook(painter, box.topLeft(), State() + (isChecked() ? kLooks : 0));
+  } else {
+    DrawPlate(painter, box, palette(), State());
+    painter.setPen(palette().color(QPalette::ButtonText));
+    if (isChecked()) painter.drawText(box, Qt::AlignCenter, QString(QChar(0x2713)));
+  }
+  const QRect caption = rect().adjusted(box.width() + kCaptionGap, 0, 0, 0);
+  painter.setPen(palette().color(QPalette::WindowText));
+  painter.drawText(caption.adjusted(kRing, 0, 0, 0), Qt::AlignVCenter | Qt::AlignLeft, text());
+  if (!hasFocus()) return;
+  painter.setPen(QPen(palette().color(QPalette::Highlight), 1.5));
+  painter.setBrush(Qt::NoBrush);
+  painter.drawRoundedRect(QRectF(caption).adjusted(0.75, 0.75, -0.75, -0.75), 5, 5);
+}
+
+}  // namespace zorik

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QRect>
+#include <QSize>
+#include <QString>
+#include <string>
+
+class QWidget;
+
+namespace zorik {
+
+class Skin;
+class SkinButton;
+class SkinSurface;
+
+// Where the skin's table wants things to be. A number that it lacks, or that is -1, is absent.
+
+// KEY.left, .top, .width and .height; what is absent is taken from the other box.
+QRect BoxOf(const Skin& skin, const std::string& key, const QRect& otherwise);
+
+// Gives a button KEY.image and puts it at KEY.left and .top. One without a place is hidden. words say what it
+// does.
+void PlaceButton(Skin& skin, SkinButton& button, const std::string& key, const QString& words);
+
+// Makes a window look like KEY.image, as large as KEY.width and .height or, without these, as the picture.
+// Without a picture it is plain, and of the other size if need be.
+void SetWindowPicture(Skin& skin, SkinSurface& surface, QWidget& window, const std::string& key,
+                      const QSize& otherwise);
+
+}  // namespace zorik

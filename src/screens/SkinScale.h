@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QSlider>
+
+namespace zorik {
+
+// A scale of the skin: a groove with a notch for each step and a knob, in the colours of the palette (Mid for
+// the groove, Highlight for the knob). A press beside the knob moves it by one step; arrows, Home, End and
+// the wheel work too.
+class SkinScale : public QSlider {
+  Q_OBJECT
+
+ public:
+  SkinScale(int least, int most, QWidget* parent);
+
+  QSize sizeHint() const override;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+};
+
+}  // namespace zorik

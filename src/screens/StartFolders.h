@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <string>
+#include <vector>
+
+#include "data/Result.h"
+
+namespace zorik {
+
+// What the start screen's lists are made of.
+
+// A collection: its file in the folder, without a path, and what the list calls it.
+struct CollRow {
+  QString file;
+  QString name;
+};
+
+// The collections (*.zk) of a folder, sorted by file as people sort. One whose first line holds no name goes
+// by the name of its file.
+std::vector<CollRow> ReadColls(const std::string& folder);
+
+// The players of a folder, which are its folders, sorted as people sort. A folder with a name that no player
+// can have, since Windows-1250 lacks one of its letters, is none.
+QStringList ReadPlayers(const std::string& folder);
+
+// Makes the folder of a new player (name in Windows-1250), and the one above if it is missing. Fails when it
+// cannot, and when there is such a player already, in whatever letter case.
+Result<Done> AddPlayer(const std::string& folder, const std::string& name);
+
+// Copies a collection into the folder and answers the copy's path. As long as a file there has the copy's
+// name, that gets one more "~".
+Result<std::string> CopyColl(const std::string& path, const std::string& folder);
+
+// Whether a file lies in this very folder.
+bool LiesIn(const std::string& path, const std::string& folder);
+
+}  // namespace zorik

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QString>
+
+#include "skin/Skin.h"
+
+namespace zorik {
+
+// What the start screen and its neighbours say though it has no place in the language table: the key of a
+// caption in the skin, and the words for a skin that has none, UTF-8.
+struct StartWords {
+  const char* key;
+  const char* otherwise;
+
+  QString In(const Skin& skin) const { return skin.Caption(key, otherwise); }
+};
+
+inline constexpr StartWords kLoadingWords{"caption.loading", "Pracuji..."};
+inline constexpr StartWords kHelpWords{"caption.sada.help.index", "Obsah"};
+inline constexpr StartWords kCloseWords{"caption.slang.close", "Zavřít"};
+inline constexpr StartWords kAboutSkinWords{"caption.slang.about", "O skinu..."};
+inline constexpr StartWords kSkinWords{"caption.slang.title", "Skin"};
+inline constexpr StartWords kProgramWords{"caption.sada.help.program", "O programu"};
+inline constexpr StartWords kOkWords{"caption.dialog.ok", "OK"};
+inline constexpr StartWords kCancelWords{"caption.dialog.close", "Zrušit"};
+
+// Messages; the path of a file stands behind those that end in a colon.
+inline constexpr StartWords kNoCollectionWords{"caption.error.nocollection", "Nenašla se žádná sada komnat."};
+inline constexpr StartWords kNotOpenedWords{"caption.error.open", "Soubor nelze otevřít:"};
+inline constexpr StartWords kNotStoredWords{"caption.error.store", "Soubor se nepodařilo uložit."};
+inline constexpr StartWords kNotDeletedWords{"caption.error.delete", "Soubor se nepodařilo vymazat:"};
+inline constexpr StartWords kUnknownFileWords{"caption.error.kind", "S tímto souborem si hra neporadí:"};
+inline constexpr StartWords kNoProgramWords{"caption.error.program",
+                                            "Program pro tento soubor nebyl nalezen:"};
+inline constexpr StartWords kNoLanguageWords{"caption.error.language",
+                                             "Soubor s texty hry chybí nebo není celý."};
+
+// Of the box that asks for a file.
+inline constexpr StartWords kLookInWords{"caption.file.folder", "Složka:"};
+inline constexpr StartWords kFileNameWords{"caption.file.name", "Soubor:"};
+inline constexpr StartWords kFileTypeWords{"caption.file.kind", "Druh:"};
+inline constexpr StartWords kOpenWords{"caption.sada.open", "Otevřít"};
+
+}  // namespace zorik

@@ -1,0 +1,91 @@
+#include "screens/StripButton.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+#include <utility>
+
+#include "skin/GameFont.h"
+
+namespace zorik {
+namespace {
+
+constexpr qreal kRound = 10;
+
+// A plate for a letter, in the manner of the pictures.
+void PaintPlate(QPainter& painter, const QRect& place) {
+  QLinearGradient face(place.topLeft(), place.bottomRight());
+  face.setColorAt(0, QColor(0xB8, 0x9A, 0xE0));
+  face.setColorAt(1, QColor(0x5E, 0x42, 0x92));
+  painter.setPen(QPen(QColor(0x22, 0x14, 0x3C), 3));
+  painter.setBrush(face);
+  painter.drawRoundedRect(QRectF(place).adjusted(2, 2, -2, -2), kRound, kRound);
+}
+
+}  // namespace
+
+StripButton::StripButton(QWidget* parent) : QWidget(parent) {
+  setFocusPolicy(Qt::NoFocus);
+  setAttribute(Qt::WA_Hover);
+  setCursor(Qt::PointingHandCursor);
+}
+
+void StripButton::SetPicture(const QImage& picture) {
+  picture_ = picture;
+  update();
+}
+
+void StripButton::SetCaption(const QString& caption) {
+  caption_ = caption;
+  update();
+}
+
+void StripButton::mousePressEvent(QMouseEvent* event) {
+  if (event->button() != Qt::LeftButton) return;
+  pressed_ = true;
+  update();
+}
+
+void StripButton::mouseMoveEvent(QMouseEvent* event) {
+  if (!event->buttons().testFlag(Qt::LeftButton)) return;
+  pressed_ = rect().contains(event->position().toPoint());
+  update();
+}
+
+void StripButton::mouseReleaseEvent(QMouseEvent* event) {
+  if (event->button() != Qt::LeftButton) return;
+  const bool inside = std::exchange(pressed_, false) && rect().contains(event->position().toPoint());
+  update();
+  if (inside) emit Clicked();
+}
+
+QImage StripButton::Face() const {
+  const qreal ratio = devicePixelRatioF();
+  QImage face(size() * ratio, QImage::Format_ARGB32_Premultiplied);
+  face.setDevicePixelRatio(ratio);
+  face.fill(Qt::transparent);
+  QPainter painter(&face);
+  painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
+  if (!picture_.isNull()) {
+    painter.drawImage(rect(), picture_);
+  } else {
+    PaintPlate(painter, rect());
+    QFont font = GameFont(height() * 3 / 5);
+    font.setBold(true);
+    painter.setFont(font);
+    painter.setPen(QColor(0xFF, 0xF8, 0xE8));
+    painter.drawText(rect(), Qt::AlignCenter, caption_);
+  }
+  painter.setCompositionMode(QPainter::CompositionMode_SourceAtop);
+  if (pressed_) {
+    painter.fillRect(rect(), QColor(0, 0, 0, 70));
+  } else if (underMouse()) {
+    painter.fillRect(rect(), QColor(255, 255, 255, 50));
+  }
+  return face;
+}
+
+void StripButton::paintEvent(QPaintEvent* /*event*/) {
+  QPainter(this).drawImage(0, pressed_ ? 1 : 0, Face());
+}
+
+}  // namespace zorik

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QImage>
+#include <QString>
+#include <QWidget>
+
+namespace zorik {
+
+// A button of the game window's top bar: a picture, or a plate with a letter. It is brighter under the
+// pointer and sinks when it is pressed. It never takes the focus, which belongs to the dog, and acts when it
+// is let go with the pointer inside.
+class StripButton : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit StripButton(QWidget* parent);
+
+  void SetPicture(const QImage& picture);
+  // Shown while there is no picture.
+  void SetCaption(const QString& caption);
+  const QString& Caption() const { return caption_; }
+
+ signals:
+  void Clicked();
+
+ protected:
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  QImage Face() const;
+
+  QImage picture_;
+  QString caption_;
+  bool pressed_ = false;  // with the pointer inside
+};
+
+}  // namespace zorik

@@ -1,0 +1,149 @@
+#include "screens/TopBar.h"
+
+#include <QPainter>
+
+#include "screens/StripButton.h"
+#include "screens/Wording.h"
+#include "skin/GameFont.h"
+
+namespace zorik {
+namespace {
+
+constexpr int kFigures = 23;  // height of the letters
+constexpr int kLastSeconds = 10;
+constexpr QColor kPlain(0xF4, 0xEA, 0xD4);
+constexpr QColor kFaint(0xA8, 0xA0, 0x94);
+constexpr QColor kLate(0xFF, 0x7A, 0x5A);
+constexpr QColor kEnough(0x8C, 0xF0, 0x8C);
+
+QString Figures(int value, int digits) {
+  return QString("%1").arg(value, digits, 10, QLatin1Char('0'));
+}
+
+// Draws a text at the left of a place and answers where it ends.
+int Write(QPainter& painter, const QRect& place, int left, const QString& text, QColor colour) {
+  painter.setPen(colour);
+  const QRect rest(QPoint(left, place.top()), place.bottomRight());
+  QRect drawn;
+  painter.drawText(rest, Qt::AlignLeft | Qt::AlignVCenter, text, &drawn);
+  return drawn.right() + 1;
+}
+
+}  // namespace
+
+TopBar::TopBar(QWidget* parent)
+    : QWidget(parent),
+      picRestart_(new StripButton(this)),
+      Command4_(new StripButton(this)),
+      Label1_(new StripButton(this)) {
+  setFocusPolicy(Qt::NoFocus);
+  setAttribute(Qt::WA_OpaquePaintEvent);
+  picRestart_->setObjectName("picRestart");
+  Command4_->setObjectName("Command4");
+  Label1_->setObjectName("Label1");
+  Label1_->hide();
+  connect(picRestart_, &StripButton::Clicked, this, &TopBar::RestartClicked);
+  connect(Command4_, &StripButton::Clicked, this, &TopBar::SettingsClicked);
+  connect(Label1_, &StripButton::Clicked, this, &TopBar::ViewClicked);
+  SetScrollView(true);
+}
+
+void TopBar::SetPictures(const QImage& border1, const QImage& restart, const QImage& settings) {
+  border1_ = border1;
+  picRestart_->SetPicture(restart);
+  Command4_->SetPicture(settings);
+  update();
+}
+
+void TopBar::Change(int& number, int value) {
+  if (std::exchange(number, value) != value) update();
+}
+
+void TopBar::SetClock(int seconds) {
+  Change(clock_, seconds);
+}
+
+void TopBar::SetGems(int collected) {
+  Change(gems_, collected);
+}
+
+void TopBar::SetNeeded(int needed) {
+  Change(needed_, needed);
+}
+
+void TopBar::SetValue(int points) {
+  Change(value_, points);
+}
+
+QString TopBar::ClockText() const {
+  return Figures(clock_, 3);
+}
+
+QString TopBar::GemsText() const {
+  return Figures(gems_, 3) + " / " + Figures(needed_, 3);
+}
+
+QString TopBar::ValueText() const {
+  return Figures(value_, 2);
+}
+
+void TopBar::ShowLabel1(bool visible) {
+  Label1_->setVisible(visible);
+  Arrange();
+}
+
+void TopBar::SetScrollView(bool scrolls) {
+  Label1_->SetCaption(QString(scrolls ? QChar(0xB1) : QChar(0xA8)));
+}
+
+void TopBar::ShowUnits(int dogCount, int hue) {
+  psi_.Open(dogCount, hue);
+  units_ = true;
+  Arrange();
+}
+
+void TopBar::HideUnits() {
+  units_ = false;
+  Arrange();
+}
+
+void TopBar::DrawDogN(int n, int state) {
+  psi_.DrawDogN(n, state);
+  update(layout_.psi);
+}
+
+void TopBar::Arrange() {
+  layout_ = LayOutTopBar(width(), !Label1_->isHidden(), units_ ? psi_.Width() : 0);
+  picRestart_->setGeometry(layout_.picRestart);
+  Command4_->setGeometry(layout_.Command4);
+  Label1_->setGeometry(layout_.Label1);
+  update();
+}
+
+void TopBar::resizeEvent(QResizeEvent* /*event*/) {
+  Arrange();
+}
+
+void TopBar::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::SmoothPixmapTransform);
+  painter.fillRect(rect(), kBarColour);
+  if (!border1_.isNull()) {
+    const int panels = std::min(kPanelsEnd, border1_.width());
+    painter.drawImage(QRect(0, 0, panels, height()), border1_, QRect(0, 0, panels, border1_.height()));
+    painter.drawImage(QRect(panels, 0, width() - panels, height()), border1_,
+                      QRect(panels, 0, border1_.width() - panels, border1_.height()));
+  }
+  QFont font = GameFont(kFigures);
+  font.setBold(true);
+  painter.setFont(font);
+  Write(painter, layout_.clock, layout_.clock.left(), ClockText(), clock_ > kLastSeconds ? kPlain : kLate);
+  const bool enough = gems_ >= needed_;
+  const int end =
+      Write(painter, layout_.gems, layout_.gems.left(), Figures(gems_, 3), enough ? kEnough : kPlain);
+  Write(painter, layout_.gems, end, " / " + Figures(needed_, 3), kFaint);
+  Write(painter, layout_.value, layout_.value.left(), ValueText(), kPlain);
+  if (!layout_.psi.isEmpty()) psi_.Paint(painter, layout_.psi.topLeft());
+}
+
+}  // namespace zorik

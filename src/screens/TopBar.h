@@ -1,0 +1,70 @@
+#pragma once
+
+#include <QImage>
+#include <QWidget>
+
+#include "screens/GameLayout.h"
+#include "skin/DogStrip.h"
+
+namespace zorik {
+
+class StripButton;
+
+// The bar above the play picture: the clock, the gems collected and needed, the value of a gem; the strip of
+// units; the buttons.
+class TopBar : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit TopBar(QWidget* parent);
+
+  void SetPictures(const QImage& border1, const QImage& restart, const QImage& settings);
+
+  void SetClock(int seconds);
+  void SetGems(int collected);
+  void SetNeeded(int needed);
+  void SetValue(int points);
+
+  // Label1 shows in a replay and a test run, and tells whether the view scrolls.
+  void ShowLabel1(bool visible);
+  void SetScrollView(bool scrolls);
+
+  // The strip for units 0 to dogCount in a hue of 0 to 359 degrees; all slots are empty at first.
+  void ShowUnits(int dogCount, int hue);
+  void HideUnits();
+  // Unit n: 0 steered, 1 waiting, 2 dead.
+  void DrawDogN(int n, int state);
+
+  QString ClockText() const;
+  QString GemsText() const;
+  QString ValueText() const;
+  bool UnitsShown() const { return units_; }
+  const TopBarLayout& Places() const { return layout_; }
+
+ signals:
+  void RestartClicked();
+  void SettingsClicked();
+  void ViewClicked();
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  void Arrange();
+  void Change(int& number, int value);
+
+  QImage border1_;
+  TopBarLayout layout_;
+  DogStrip psi_;
+  bool units_ = false;
+  int clock_ = 0;
+  int gems_ = 0;
+  int needed_ = 0;
+  int value_ = 0;
+  StripButton* picRestart_;
+  StripButton* Command4_;
+  StripButton* Label1_;
+};
+
+}  // namespace zorik

@@ -1,0 +1,250 @@
+#include <gtest/gtest.h>
+
+#include <QLabel>
+#include <QTest>
+#include <algorithm>
+
+#include "screens/FrmSettings.h"
+#include "screens/SkinButton.h"
+#include "screens/SkinScale.h"
+#include "screens/TestSkin.h"
+
+namespace zorik {
+namespace {
+
+using test::InDialog;
+
+class FrmSettingsTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    skin_.Data(
+        "settings:\ntext=Nastavení\ncolor=28303C\nok.image=ok\nclose.image=cancel\nchecks.image=checks\n"
+        "check1.text=Ukázat skryté věci\ncheck2.text=Zvuky\ncheck3.text=Joystick\n"
+        "speed.text=Rychlost hry\nspeedreplay.text=Rychlost záznamu\n");
+    for (const char* name : {"ok", "cancel"}) skin_.Picture(name, test::Strips(test::kLooks, {80, 32}));
+    skin_.Picture("checks",
+                  test::Strips({Qt::red, Qt::green, Qt::blue, Qt::cyan, Qt::magenta, Qt::yellow}, {20, 20}));
+    skin_.Wear();
+  }
+
+  bool Edit(const std::function<void(QWidget&)>& act) {
+    const InDialog inside(act);
+    const bool confirmed = FrmSettings(skin_.Skin(), nullptr).Edit(settings_);
+    EXPECT_TRUE(inside.Opened());
+    stayed_ = inside.Stayed();
+    return confirmed;
+  }
+
+  static SkinScale& Scale(const QWidget& window, int number) {
+    return *window.findChildren<SkinScale*>().at(number);
+  }
+  static SkinCheck& Check(const QWidget& window, int number) {
+    return *window.findChildren<SkinCheck*>().at(number);
+  }
+  static SkinButton& Ok(const QWidget& window) { return *window.findChildren<SkinButton*>().at(0); }
+  static SkinButton& Close(const QWidget& window) { return *window.findChildren<SkinButton*>().at(1); }
+
+  // Changes everything there is.
+  static void ChangeAll(QWidget& window) {
+    Scale(window, 0).setValue(7);
+    Scale(window, 1).setValue(2);
+    for (int i = 0; i < 3; ++i) Check(window, i).click();
+  }
+
+  test::TestSkin skin_;
+  Settings settings_;
+  bool stayed_ = false;
+};
+
+const Settings kChanged{4, 9, false, true, true, "Default"};
+
+TEST_F(FrmSettingsTest, ShowsElevenMinusTheSpeed) {
+  for (int speed = 1; speed <= 10; ++speed) {
+    settings_.Speed = speed;
+    settings_.SpeedR = 11 - speed;
+    Edit([speed](QWidget& window) {
+      EXPECT_EQ(Scale(window, 0).value(), 11 - speed);
+      EXPECT_EQ(Scale(window, 1).value(), speed);
+    });
+  }
+}
+
+TEST_F(FrmSettingsTest, ShowsTheDefaults) {
+  Edit([](QWidget& window) {
+    EXPECT_EQ(Scale(window, 0).value(), 3);
+    EXPECT_EQ(Scale(window, 1).value(), 10);
+    EXPECT_FALSE(Check(window, 0).isChecked());
+    EXPECT_TRUE(Check(window, 1).isChecked());
+    EXPECT_FALSE(Check(window, 2).isChecked());
+  });
+}
+
+TEST_F(FrmSettingsTest, ShowsHiddenThingsSoundsAndJoystickInThisOrder) {
+  for (int on = 0; on < 3; ++on) {
+    settings_.NoSurprise = on == 0;
+    settings_.Sound = on == 1;
+    settings_.Joystick = on == 2;
+    Edit([on](QWidget& window) {
+      for (int i = 0; i < 3; ++i) EXPECT_EQ(Check(window, i).isChecked(), i == on);
+    });
+  }
+}
+
+TEST_F(FrmSettingsTest, TakesAndStoresWhatIsConfirmed) {
+  StoreSett(Settings());
+  EXPECT_TRUE(Edit([](QWidget& window) {
+    ChangeAll(window);
+    QTest::mouseClick(&Ok(window), Qt::LeftButton);
+  }));
+  EXPECT_EQ(settings_, kChanged);
+  EXPECT_EQ(FindSett(), kChanged);
+}
+
+TEST_F(FrmSettingsTest, IsConfirmedByEnterWhereverTheFocusIs) {
+  for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
+    EXPECT_TRUE(Edit([key](QWidget& window) { QTest::keyClick(&window, key); }));
+    EXPECT_TRUE(Edit([key](QWidget& window) { QTest::keyClick(&Scale(window, 0), key); }));
+    EXPECT_TRUE(Edit([key](QWidget& window) { QTest::keyClick(&Check(window, 2), key); }));
+    EXPECT_FALSE(stayed_);
+  }
+}
+
+TEST_F(FrmSettingsTest, DropsWhatIsNotConfirmed) {
+  StoreSett(Settings());
+  const std::vector<std::function<void(QWidget&)>> ways = {
+      [](QWidget& window) { QTest::mouseClick(&Close(window), Qt::LeftButton); },
+      [](QWidget& window) { QTest::keyClick(&window, Qt::Key_Escape); },
+      [](QWidget& window) { QTest::keyClick(&Check(window, 0), Qt::Key_Escape); },
+      [](QWidget& window) { window.close(); },
+  };
+  for (const auto& leave : ways) {
+    EXPECT_FALSE(Edit([&](QWidget& window) {
+      ChangeAll(window);
+      leave(window);
+    }));
+    EXPECT_FALSE(stayed_);
+    EXPECT_EQ(settings_, Settings());
+    EXPECT_EQ(FindSett(), Settings());
+  }
+}
+
+TEST_F(FrmSettingsTest, ShowsTheOldValuesAfterACancel) {
+  FrmSettings window(skin_.Skin(), nullptr);
+  const InDialog first([](QWidget& open) {
+    ChangeAll(open);
+    QTest::keyClick(&open, Qt::Key_Escape);
+  });
+  window.Edit(settings_);
+  const InDialog second([](QWidget& open) {
+    EXPECT_EQ(Scale(open, 0).value(), 3);
+    EXPECT_TRUE(Check(open, 1).isChecked());
+    EXPECT_FALSE(Check(open, 0).isChecked());
+  });
+  window.Edit(settings_);
+  EXPECT_TRUE(first.Opened() && second.Opened());
+}
+
+TEST_F(FrmSettingsTest, LeavesTheSkinAsItIs) {
+  settings_.Skin = "English";
+  EXPECT_TRUE(Edit([](QWidget& window) { QTest::keyClick(&window, Qt::Key_Return); }));
+  EXPECT_EQ(settings_.Skin, "English");
+}
+
+TEST_F(FrmSettingsTest, KeepsTheSpeedsFromOneToTen) {
+  EXPECT_TRUE(Edit([](QWidget& window) {
+    QTest::keyClick(&Scale(window, 0), Qt::Key_End);
+    QTest::keyClick(&Scale(window, 0), Qt::Key_Right);
+    QTest::keyClick(&Scale(window, 1), Qt::Key_Home);
+    QTest::keyClick(&Scale(window, 1), Qt::Key_Left);
+    QTest::keyClick(&window, Qt::Key_Return);
+  }));
+  EXPECT_EQ(settings_.Speed, 1);
+  EXPECT_EQ(settings_.SpeedR, 10);
+}
+
+TEST_F(FrmSettingsTest, LimitsASpeedThatIsOutOfRange) {
+  settings_.Speed = 200;
+  settings_.SpeedR = 0;
+  EXPECT_TRUE(Edit([](QWidget& window) { QTest::keyClick(&window, Qt::Key_Return); }));
+  EXPECT_EQ(settings_.Speed, 10);
+  EXPECT_EQ(settings_.SpeedR, 1);
+}
+
+TEST_F(FrmSettingsTest, MovesAScaleByAStepForAnArrow) {
+  EXPECT_TRUE(Edit([](QWidget& window) {
+    QTest::keyClick(&Scale(window, 0), Qt::Key_Right);
+    QTest::keyClick(&window, Qt::Key_Return);
+  }));
+  EXPECT_EQ(settings_.Speed, 7) << "to the right is faster";
+}
+
+TEST_F(FrmSettingsTest, PullsAKnobAlongItsScale) {
+  EXPECT_TRUE(Edit([](QWidget& window) {
+    SkinScale& scale = Scale(window, 1);
+    const int middle = scale.height() / 2;
+    QTest::mousePress(&scale, Qt::LeftButton, {}, QPoint(scale.width() - 6, middle));
+    QMouseEvent pull(QEvent::MouseMove, QPointF(2, middle), scale.mapToGlobal(QPointF(2, middle)),
+                     Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&scale, &pull);
+    QTest::mouseRelease(&scale, Qt::LeftButton, {}, QPoint(2, middle));
+    QTest::keyClick(&window, Qt::Key_Return);
+  }));
+  EXPECT_EQ(settings_.SpeedR, 10);
+}
+
+TEST_F(FrmSettingsTest, HasTheWordsOfTheSkin) {
+  Edit([](QWidget& window) {
+    EXPECT_EQ(window.windowTitle(), "Nastavení");
+    QStringList labels;
+    for (const QLabel* const label : window.findChildren<QLabel*>()) labels.push_back(label->text());
+    EXPECT_EQ(labels, (QStringList{"Nastavení", "Rychlost hry :", "Rychlost záznamu :"}));
+    EXPECT_EQ(Check(window, 0).text(), "Ukázat skryté věci");
+    EXPECT_EQ(Check(window, 1).text(), "Zvuky");
+    EXPECT_EQ(Check(window, 2).text(), "Joystick");
+  });
+}
+
+TEST_F(FrmSettingsTest, TakesTheWordsAndColoursOfAnotherSkin) {
+  FrmSettings window(skin_.Skin(), nullptr);
+  const InDialog first([](QWidget& open) { open.close(); });
+  window.Edit(settings_);
+  skin_.Data("settings:\ntext=Settings\ncolor=FFF8E0\nspeed.text=Game speed\ncheck2.text=Sounds\n");
+  skin_.Wear();
+  const InDialog second([](QWidget& open) {
+    EXPECT_EQ(open.windowTitle(), "Settings");
+    EXPECT_EQ(open.findChildren<QLabel*>().at(1)->text(), "Game speed :");
+    EXPECT_EQ(Check(open, 1).text(), "Sounds");
+    const QImage grabbed = open.grab().toImage();
+    EXPECT_EQ(grabbed.pixelColor(grabbed.width() / 2, 6), QColor("#FFF8E0"));
+  });
+  window.Edit(settings_);
+  EXPECT_TRUE(first.Opened() && second.Opened());
+}
+
+TEST_F(FrmSettingsTest, CutsAndCoversNothing) {
+  Edit([](QWidget& window) {
+    const auto parts = window.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly);
+    for (const QWidget* const part : parts) {
+      EXPECT_TRUE(window.rect().contains(part->geometry()));
+      EXPECT_GE(part->width(), part->sizeHint().width());
+      EXPECT_TRUE(std::none_of(parts.begin(), parts.end(), [part](const QWidget* other) {
+        return other != part && other->geometry().intersects(part->geometry());
+      }));
+    }
+  });
+}
+
+TEST_F(FrmSettingsTest, IsWalkedThroughWithTheTabKey) {
+  Edit([](QWidget& window) {
+    const std::vector<QWidget*> order = {&Scale(window, 0), &Scale(window, 1), &Check(window, 0),
+                                         &Check(window, 1), &Check(window, 2), &Scale(window, 0)};
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    for (QWidget* const part : order) {
+      EXPECT_EQ(QApplication::focusWidget(), part);
+      QTest::keyClick(window.windowHandle(), Qt::Key_Tab);
+    }
+  });
+}
+
+}  // namespace
+}  // namespace zorik

@@ -1,0 +1,222 @@
+#include <gtest/gtest.h>
+
+#include <QPainter>
+#include <QSignalSpy>
+#include <QTest>
+#include <cmath>
+
+#include "screens/SkinButton.h"
+#include "screens/TestSkin.h"
+
+namespace zorik {
+namespace {
+
+using test::kLooks;
+using test::Strips;
+
+const std::vector<QColor> kCheckLooks = {Qt::red, Qt::green, Qt::blue, Qt::cyan, Qt::magenta, Qt::yellow};
+
+// A window with one button, and room beside it for the pointer.
+template <class Button>
+class OneButton {
+ public:
+  OneButton() : button(new Button(&window_)) {
+    window_.resize(200, 100);
+    button->move(50, 30);
+  }
+
+  void Show() {
+    window_.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&window_));
+    Point(kOutside);
+  }
+
+  // Sends the pointer there, in the window.
+  void Point(QPoint place) {
+    QTest::mouseMove(window_.windowHandle(), place);
+    QTest::qWait(1);
+  }
+  void Press(QPoint place) { QTest::mousePress(window_.windowHandle(), Qt::LeftButton, {}, place); }
+  void Release(QPoint place) {
+    QTest::mouseRelease(window_.windowHandle(), Qt::LeftButton, {}, place);
+    QTest::qWait(1);
+  }
+
+  QColor Look() { return button->grab().toImage().pixelColor(5, button->height() / 2); }
+
+  static constexpr QPoint kInside{60, 45};
+  static constexpr QPoint kOutside{10, 10};
+
+ private:
+  QWidget window_;
+
+ public:
+  Button* button;
+};
+
+class SkinButtonTest : public testing::Test {
+ protected:
+  SkinButtonTest() {
+    stage_.button->SetPicture(Strips(kLooks, {40, 30}));
+    stage_.Show();
+  }
+
+  OneButton<SkinButton> stage_;
+  QSignalSpy clicks_{stage_.button, &SkinButton::clicked};
+};
+
+TEST_F(SkinButtonTest, IsAsLargeAsOneLook) {
+  EXPECT_EQ(stage_.button->size(), QSize(40, 30));
+}
+
+TEST_F(SkinButtonTest, ChangesItsLookUnderThePointer) {
+  EXPECT_EQ(stage_.Look(), kLooks[0]);
+  stage_.Point(stage_.kInside);
+  EXPECT_EQ(stage_.Look(), kLooks[1]);
+  stage_.Point(stage_.kOutside);
+  EXPECT_EQ(stage_.Look(), kLooks[0]);
+}
+
+TEST_F(SkinButtonTest, ActsWhenItIsLetGoWithThePointerInside) {
+  stage_.Point(stage_.kInside);
+  stage_.Press(stage_.kInside);
+  EXPECT_EQ(stage_.Look(), kLooks[2]);
+  EXPECT_EQ(clicks_.count(), 0);
+  stage_.Release(stage_.kInside);
+  EXPECT_EQ(clicks_.count(), 1);
+  EXPECT_EQ(stage_.Look(), kLooks[1]);
+}
+
+TEST_F(SkinButtonTest, DoesNothingWhenThePointerSlidOff) {
+  stage_.Point(stage_.kInside);
+  stage_.Press(stage_.kInside);
+  stage_.Point(stage_.kOutside);
+  EXPECT_EQ(stage_.Look(), kLooks[2]) << "it stays pressed while it is held";
+  stage_.Release(stage_.kOutside);
+  EXPECT_EQ(stage_.Look(), kLooks[0]);
+  EXPECT_EQ(clicks_.count(), 0);
+}
+
+TEST_F(SkinButtonTest, ActsWhenThePointerSlidOffAndCameBack) {
+  stage_.Press(stage_.kInside);
+  stage_.Point(stage_.kOutside);
+  stage_.Point(stage_.kInside);
+  stage_.Release(stage_.kInside);
+  EXPECT_EQ(clicks_.count(), 1);
+}
+
+TEST_F(SkinButtonTest, LeavesTheFocusWhereItIs) {
+  stage_.Press(stage_.kInside);
+  stage_.Release(stage_.kInside);
+  EXPECT_FALSE(stage_.button->hasFocus());
+  EXPECT_EQ(stage_.button->focusPolicy(), Qt::NoFocus);
+}
+
+TEST_F(SkinButtonTest, SaysInWordsWhatItDoes) {
+  stage_.button->SetWords("Přehrát");
+  EXPECT_EQ(stage_.button->toolTip(), "Přehrát");
+  EXPECT_EQ(stage_.button->accessibleName(), "Přehrát");
+  EXPECT_EQ(stage_.button->size(), QSize(40, 30)) << "the picture counts";
+}
+
+TEST_F(SkinButtonTest, NeverShowsABitOfTheNextLookWhenMagnified) {
+  for (const double factor : {1.25, 1.5, 2.0}) {
+    stage_.button->SetPicture(Strips(kLooks, {41, 31}));
+    QImage magnified((QSizeF(stage_.button->size()) * factor).toSize(), QImage::Format_RGB32);
+    magnified.fill(Qt::white);
+    QPainter painter(&magnified);
+    painter.scale(factor, factor);
+    stage_.button->render(&painter);
+    painter.end();
+    for (int x = 0; x < std::floor(41 * factor); ++x) {
+      ASSERT_EQ(magnified.pixelColor(x, 20), QColor(Qt::red)) << factor << " at " << x;
+    }
+  }
+}
+
+class PlainButtonTest : public testing::TestWithParam<QSize> {};
+
+TEST_P(PlainButtonTest, IsAPlainButtonWithItsText) {
+  OneButton<SkinButton> stage;
+  stage.button->SetPicture(QImage(GetParam(), QImage::Format_RGB32));
+  stage.button->SetWords("Tlačítko bez obrázku");
+  stage.Show();
+  QSignalSpy clicks(stage.button, &SkinButton::clicked);
+  EXPECT_GT(stage.button->width(), stage.button->fontMetrics().horizontalAdvance("Tlačítko bez obrázku"));
+  EXPECT_GT(stage.button->height(), stage.button->fontMetrics().height());
+  const QColor normal = stage.Look();
+  stage.Point(stage.kInside);
+  EXPECT_NE(stage.Look(), normal);
+  stage.Press(stage.kInside);
+  EXPECT_NE(stage.Look(), normal);
+  stage.Release(stage.kInside);
+  EXPECT_EQ(clicks.count(), 1);
+}
+
+INSTANTIATE_TEST_SUITE_P(WithoutAPictureOrWithOneTooNarrow, PlainButtonTest,
+                         testing::Values(QSize(0, 0), QSize(2, 30)));
+
+class SkinCheckTest : public testing::Test {
+ protected:
+  SkinCheckTest() {
+    stage_.button->setText("Zvuky");
+    stage_.button->SetPicture(Strips(kCheckLooks, {20, 20}));
+    stage_.button->resize(stage_.button->sizeHint());
+    stage_.Show();
+  }
+
+  OneButton<SkinCheck> stage_;
+};
+
+TEST_F(SkinCheckTest, HasThreeLooksOffAndThreeOn) {
+  for (const std::size_t first : {0U, 3U}) {
+    stage_.Point(stage_.kOutside);
+    EXPECT_EQ(stage_.Look(), kCheckLooks[first]);
+    stage_.Point(stage_.kInside);
+    EXPECT_EQ(stage_.Look(), kCheckLooks[first + 1]);
+    stage_.Press(stage_.kInside);
+    EXPECT_EQ(stage_.Look(), kCheckLooks[first + 2]);
+    stage_.Release(stage_.kInside);
+    EXPECT_EQ(stage_.button->isChecked(), first == 0);
+  }
+}
+
+TEST_F(SkinCheckTest, StaysAsItIsWhenThePointerSlidOff) {
+  stage_.Press(stage_.kInside);
+  stage_.Point(stage_.kOutside);
+  stage_.Release(stage_.kOutside);
+  EXPECT_FALSE(stage_.button->isChecked());
+  EXPECT_EQ(stage_.Look(), kCheckLooks[0]);
+}
+
+TEST_F(SkinCheckTest, TurnsByItsCaptionToo) {
+  const QPoint caption = stage_.button->geometry().center() + QPoint(stage_.button->width() / 3, 0);
+  stage_.Press(caption);
+  stage_.Release(caption);
+  EXPECT_TRUE(stage_.button->isChecked());
+}
+
+TEST_F(SkinCheckTest, TurnsWithTheSpaceKey) {
+  stage_.button->setFocus();
+  QTest::keyClick(stage_.button, Qt::Key_Space);
+  EXPECT_TRUE(stage_.button->isChecked());
+  QTest::keyClick(stage_.button, Qt::Key_Space);
+  EXPECT_FALSE(stage_.button->isChecked());
+}
+
+TEST_F(SkinCheckTest, HasRoomForItsCaption) {
+  EXPECT_GE(stage_.button->width(), 20 + stage_.button->fontMetrics().horizontalAdvance("Zvuky"));
+}
+
+TEST(PlainCheck, ShowsWhetherItIsOn) {
+  OneButton<SkinCheck> stage;
+  stage.button->setText("Zvuky");
+  stage.button->resize(stage.button->sizeHint());
+  stage.Show();
+  const QImage off = stage.button->grab().toImage();
+  stage.button->setChecked(true);
+  EXPECT_NE(stage.button->grab().toImage(), off);
+}
+
+}  // namespace
+}  // namespace zorik
