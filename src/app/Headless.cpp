@@ -8,10 +8,15 @@
 #include <QGuiApplication>
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
+#include <optional>
+#include <set>
 #include <string>
+#include <system_error>
 
 #include "core/Hra.h"
 #include "data/Cp1250.h"
+#include "data/Files.h"
 #include "skin/CavePainter.h"
 
 namespace zorik {
@@ -57,6 +62,19 @@ class PictureStage : public Stage {
   const Hra& hra_;
   CavePainter& painter_;
 };
+
+// The record of the first cave of the first collection that has one.
+std::optional<std::string> FirstRecord(const std::string& folder) {
+  std::error_code error;
+  std::set<std::filesystem::path> collections;
+  for (const auto& entry : std::filesystem::directory_iterator(folder, error))
+    collections.insert(entry.path());
+  for (const std::filesystem::path& collection : collections) {
+    const Result<std::string> bytes = ReadWhole((collection / "01.zkr").string());
+    if (bytes) return *bytes;
+  }
+  return std::nullopt;
+}
 
 void PlayToTheEnd(Hra& hra) {
   for (int i = 0; i < kMostTicks; ++i) {
@@ -104,14 +122,14 @@ DisplayTrial::~DisplayTrial() {
   if (child_ > 0) waitpid(child_, nullptr, 0);
 }
 
-int PlayHeadless(const Paths& paths, const Session& session, const SkinPlaces& places) {
+int PlayHeadless(const Paths& paths) {
   std::puts("Není tu žádná obrazovka, Zorík proto přehraje záznam první komnaty bez okna.");
-  const std::optional<std::string> record = session.ShippedRecord(1);
+  const std::optional<std::string> record = FirstRecord(paths.ShippedReplays);
   if (!record) {
     std::puts("Záznam první komnaty chybí.");
     return 1;
   }
-  CavePainter painter(places);
+  CavePainter painter(SkinPlaces{paths.SkinsPath});
   Hra hra;
   PictureStage stage(hra, painter);
   hra.SetStage(stage);

@@ -1,8 +1,6 @@
 #pragma once
 
 #include "platform/Paths.h"
-#include "screens/Session.h"
-#include "skin/TileSets.h"
 
 namespace zorik {
 
@@ -27,6 +25,6 @@ class DisplayTrial {
 // What the game does without a display: it plays the record of the first cave that came with the game, says
 // how it ended and leaves a picture of its last moment in AppPath. The answer is the program's exit code: 0
 // when the record wins.
-int PlayHeadless(const Paths& paths, const Session& session, const SkinPlaces& places);
+int PlayHeadless(const Paths& paths);
 
 }  // namespace zorik

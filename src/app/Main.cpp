@@ -4,13 +4,11 @@
 #include <string>
 #include <system_error>
 
+#include "app/Game.h"
 #include "app/Headless.h"
 #include "platform/Paths.h"
 #include "platform/Settings.h"
-#include "screens/HraWindow.h"
 #include "screens/MsgBox.h"
-#include "screens/PlayFlow.h"
-#include "screens/Session.h"
 #include "screens/Wording.h"
 
 namespace {
@@ -31,15 +29,10 @@ int GiveUp(bool display, const std::string& reason) {
   return 1;
 }
 
-int Play(zorik::Session session, const zorik::SkinPlaces& places, zorik::Settings settings) {
-  zorik::DSound sound;
-  if (const auto opened = sound.DSInit(); !opened) return GiveUp(true, opened.Message());
-  zorik::Skin skin;
-  if (!skin.Wear(places)) zorik::Tell(nullptr, zorik::kProgramTitle, zorik::wording::kNoLanguage);
-  zorik::HraWindow window(skin, sound, settings);
-  zorik::PlayFlow flow(std::move(session), skin, window);
-  window.showMaximized();
-  flow.OpenCave(1);
+int Play(const zorik::Paths& paths) {
+  QApplication::setQuitOnLastWindowClosed(false);
+  zorik::Game game(paths, zorik::FindSett());
+  if (const auto reason = game.Begin()) return GiveUp(true, *reason);
   return QApplication::exec();
 }
 
@@ -54,11 +47,5 @@ int main(int argc, char** argv) {
   trial.reset();
   const Result<Paths> paths = FindPaths(ReadSurroundings(ProgramFolder()));
   if (!paths) return GiveUp(display, std::string(wording::kNoFolder) + "\n" + paths.Message());
-  Result<Session> session = Session::OpenFirst(*paths);
-  if (!session) return GiveUp(display, std::string(wording::kNoCollection) + "\n" + session.Message());
-  SkinPlaces places{paths->SkinsPath};
-  if (!display) return PlayHeadless(*paths, *session, places);
-  const Settings settings = FindSett();
-  places.Skin = settings.Skin.toStdString();
-  return Play(std::move(*session), places, settings);
+  return display ? Play(*paths) : PlayHeadless(*paths);
 }

@@ -7,7 +7,6 @@
 namespace zorik {
 namespace {
 
-constexpr int kBonusPoints = 500;
 constexpr int kHighestScore = 99999;
 
 int LiveDogs(const RunState& run) {

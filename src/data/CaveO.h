@@ -66,4 +66,7 @@ std::string CleanFileName(std::string_view text);
 // A cave with BONUS in its name, in any letter case, may be skipped and is worth 500 points more.
 bool JeBonus(std::string_view name);
 
+// Points for a won bonus cave on top of what the run itself is worth.
+inline constexpr int kBonusPoints = 500;
+
 }  // namespace zorik

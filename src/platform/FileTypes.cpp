@@ -1,6 +1,7 @@
 #include "platform/FileTypes.h"
 
 #include <QCoreApplication>
+#include <QFileInfo>
 #include <QProcess>
 #include <QStandardPaths>
 #include <array>
@@ -99,16 +100,25 @@ bool Put(const fs::path& path, const std::string& bytes) {
   return static_cast<bool>(WriteWhole(path.string(), bytes));
 }
 
-// Runs one of the desktop's own programs, if it has it, and does not wait for it.
-void RunOn(const char* program, const std::string& folder) {
+// Runs one of the desktop's own programs and does not wait for it. False when the desktop has it not.
+bool Run(const char* program, const QStringList& arguments) {
   const QString path = QStandardPaths::findExecutable(program);
-  if (path.isEmpty()) return;
+  if (path.isEmpty()) return false;
   QProcess process;
   process.setProgram(path);
-  process.setArguments({QString::fromStdString(folder)});
+  process.setArguments(arguments);
   process.setStandardOutputFile(QProcess::nullDevice());
   process.setStandardErrorFile(QProcess::nullDevice());
-  process.startDetached();
+  return process.startDetached();
+}
+
+// Without the program that looks through all entries, this one is named as that of its types.
+void TellDesktop(const QString& dataHome) {
+  Run("update-mime-database", {dataHome + "/mime"});
+  if (Run("update-desktop-database", {dataHome + "/applications"})) return;
+  QStringList arguments = {"default", QFileInfo(kEntry).fileName()};
+  for (const char* const type : kTypes) arguments.push_back(type);
+  Run("xdg-mime", arguments);
 }
 
 }  // namespace
@@ -160,8 +170,7 @@ void RegExt(const std::string& collectionWords, const std::string& recordWords) 
   const FileTypes types = FileTypesHere(collectionWords, recordWords);
   StorePath(QString::fromStdString(types.ProgramFolder));
   if (!WriteFileTypes(types)) return;
-  RunOn("update-mime-database", types.DataHome + "/mime");
-  RunOn("update-desktop-database", types.DataHome + "/applications");
+  TellDesktop(QString::fromStdString(types.DataHome));
 }
 
 }  // namespace zorik

@@ -31,7 +31,8 @@ Inbox::Inbox(std::function<void(const QString& path)> arrived, const QString& pl
     : arrived_(std::move(arrived)) {
   server_.setSocketOptions(QLocalServer::UserAccessOption);
   QObject::connect(&server_, &QLocalServer::newConnection, &server_, [this] { Welcome(); });
-  if (server_.listen(place) || SomebodyListens(place)) return;
+  // Listening would push another game's socket aside.
+  if (SomebodyListens(place)) return;
   // What a game that did not end in order has left behind.
   QLocalServer::removeServer(place);
   server_.listen(place);
@@ -55,7 +56,10 @@ void Inbox::Take(QLocalSocket& guest) {
   guest.readAll();
   guest.write(&kTaken, 1);
   guest.disconnectFromServer();
-  arrived_(QFile::decodeName(message.left(end)));
+  // Later, since whoever is told may open a dialog, and the guest goes meanwhile.
+  const QString path = QFile::decodeName(message.left(end));
+  QMetaObject::invokeMethod(
+      &server_, [this, path] { arrived_(path); }, Qt::QueuedConnection);
 }
 
 bool HandOver(const QString& path, const QString& place) {

@@ -21,6 +21,11 @@ JoyInfo ReadAxes(SDL_Joystick* joystick) {
   JoyInfo info;
   info.x = SDL_JoystickGetAxis(joystick, 0) + kAxisShift;
   info.y = SDL_JoystickGetAxis(joystick, 1) + kAxisShift;
+  return info;
+}
+
+JoyInfo ReadAll(SDL_Joystick* joystick) {
+  JoyInfo info = ReadAxes(joystick);
   if (SDL_JoystickNumHats(joystick) > 0) PushByHat(SDL_JoystickGetHat(joystick, 0), info);
   for (int i = 0; i < 2 && i < SDL_JoystickNumButtons(joystick); ++i) {
     if (SDL_JoystickGetButton(joystick, i) != 0) info.buttons |= 1U << static_cast<unsigned>(i);
@@ -62,9 +67,9 @@ void JoyPad::Sample(KeySnapshot& keys) {
     device_->joystick = SDL_JoystickOpen(0);
     if (device_->joystick == nullptr) return;
     stick_ = JoyStick();
-    stick_.JoyInit(ReadAxes(device_->joystick));
+    stick_.JoyInit(ReadAxes(device_->joystick));  // a hat that is pushed by now is no centre
   }
-  stick_.Read(ReadAxes(device_->joystick));
+  stick_.Read(ReadAll(device_->joystick));
   keys.joyDirection = stick_.JoyDirection(kSensitivity);
   keys.joyButtons = stick_.JoyButtons();
 }

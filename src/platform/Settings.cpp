@@ -23,11 +23,17 @@ bool ReadFlag(const QSettings& store, const char* name, bool otherwise) {
   return store.value(name, otherwise ? 1 : 0).toInt() != 0;
 }
 
+// Spares the disk what it holds already.
+void StoreIfNew(QSettings& store, const char* name, const QString& value) {
+  if (store.value(name).toString() != value) store.setValue(name, value);
+}
+
 }  // namespace
 
 Settings FindSett() {
   Settings settings;
   const Store store;
+  settings.Skin = store.value("Skin", settings.Skin).toString();
   if (store.value("Speed").toInt() == 0) {
     StoreSett(settings);
     return settings;
@@ -37,7 +43,6 @@ Settings FindSett() {
   settings.Sound = ReadFlag(store, "Sound", settings.Sound);
   settings.Joystick = ReadFlag(store, "Joystick", settings.Joystick);
   settings.NoSurprise = ReadFlag(store, "NoSurprise", settings.NoSurprise);
-  settings.Skin = store.value("Skin", settings.Skin).toString();
   return settings;
 }
 
@@ -56,7 +61,7 @@ void StoreSkin(const QString& skin) {
 
 void StorePath(const QString& folder) {
   Store store;
-  if (store.value("Path").toString() != folder) store.setValue("Path", folder);
+  StoreIfNew(store, "Path", folder);
 }
 
 int ReadPosledniHrac() {
@@ -64,7 +69,8 @@ int ReadPosledniHrac() {
 }
 
 void StorePosledniHrac(int place) {
-  StartStore().setValue("PosledniHrac", place);
+  StartStore store;
+  StoreIfNew(store, "PosledniHrac", QString::number(place));
 }
 
 void StoreMaximized(bool maximized) {

@@ -18,12 +18,12 @@ constexpr int kLetters = 16;
 constexpr int kMargin = 24;
 constexpr int kGap = 16;
 
-QString LinkTo(const QString& target, const QString& words) {
-  return "<a href=\"" + target + "\">" + words + "</a>";
+QString LinkTo(const QString& target, const QString& words, QColor colour) {
+  return "<a href=\"" + target + "\" style=\"color:" + colour.name() + "\">" + words + "</a>";
 }
 
 // A text as rich text in which pages and addresses can be clicked.
-QString WithLinks(const QString& text) {
+QString WithLinks(const QString& text, QColor colour) {
   static const QRegularExpression link(R"((https?://[^\s<>"]*[^\s<>".,;:!?)])|([\w.+-]+@[\w-]+(\.[\w-]+)+))");
   QString rich;
   qsizetype end = 0;
@@ -31,7 +31,7 @@ QString WithLinks(const QString& text) {
     const auto match = matches.next();
     const QString words = match.captured().toHtmlEscaped();
     rich += text.mid(end, match.capturedStart() - end).toHtmlEscaped();
-    rich += LinkTo(match.captured(1).isEmpty() ? "mailto:" + words : words, words);
+    rich += LinkTo(match.captured(1).isEmpty() ? "mailto:" + words : words, words, colour);
     end = match.capturedEnd();
   }
   rich += text.mid(end).toHtmlEscaped();
@@ -71,7 +71,6 @@ void FrmAbout::SkinIt() {
   Surface().SetColour(tones.ground);
   QPalette colours = palette();
   colours.setColor(QPalette::WindowText, tones.text);
-  colours.setColor(QPalette::Link, tones.mark);
   colours.setColor(QPalette::Button, tones.line);
   colours.setColor(QPalette::ButtonText, tones.text);
   colours.setColor(QPalette::Mid, tones.quiet);
@@ -79,9 +78,12 @@ void FrmAbout::SkinIt() {
   setFont(GameFont(kLetters));
   setWindowTitle(skin_.Text(99));
   const QString page = QString::fromUtf8(QUrl::fromLocalFile(page_).toEncoded());
-  lblText_->setText(WithLinks(skin_.Text(199)) + "<br><br>" + LinkTo(page, kProgramWords.In(skin_)));
+  lblText_->setText(WithLinks(skin_.Text(199), tones.mark) + "<br><br>" +
+                    LinkTo(page, kProgramWords.In(skin_), tones.mark));
+  ok_->setObjectName("ok");
   ok_->SetPicture(skin_.Picture("dialog.ok.image"));
   ok_->SetWords(kOkWords.In(skin_));
+  adjustSize();
 }
 
 }  // namespace zorik

@@ -6,6 +6,7 @@
 #include <QPainter>
 #include <QRegion>
 #include <QScreen>
+#include <QTimer>
 #include <QWindow>
 
 #include "screens/StartWords.h"
@@ -91,14 +92,16 @@ void FrmLoading::Paint() {
 
 void FrmLoading::Disappear() {
   if (!isVisible()) return;
-  // What the player did meanwhile still waits to be handed out; it ends here.
-  QCoreApplication::processEvents();
   hide();
-  qApp->removeEventFilter(this);
+  // What the player did meanwhile still waits to be handed out; a timer without delay comes after that.
+  QTimer::singleShot(0, this, [this] {
+    if (!isVisible()) qApp->removeEventFilter(this);
+  });
 }
 
+// A question that has come up in the work must be answered, though.
 bool FrmLoading::eventFilter(QObject* /*object*/, QEvent* event) {
-  return FromPlayer(*event);
+  return FromPlayer(*event) && QApplication::activeModalWidget() == nullptr;
 }
 
 void FrmLoading::paintEvent(QPaintEvent* /*event*/) {

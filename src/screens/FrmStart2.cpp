@@ -42,16 +42,17 @@ constexpr const char* kRecordFilter = "*.zkr";
 
 // What a finger is drawn like and called, by mode. The last one's words are in the language table.
 struct FingerRow {
+  const char* name;
   const char* image;
   const char* text;
   const char* otherwise;
 };
 
 constexpr std::array kFingers = {
-    FingerRow{"start.fingerPlay.image", "start.fingerPlay.text", "Hrát"},
-    FingerRow{"start.fingerrePlay.image", "start.fingerReplay.text", "Záznam"},
-    FingerRow{"start.fingereditor.image", "start.fingerEditor.text", "Editor"},
-    FingerRow{"start.finger4.image", "", ""},
+    FingerRow{"fingerPlay", "start.fingerPlay.image", "start.fingerPlay.text", "Hrát"},
+    FingerRow{"fingerRePlay", "start.fingerrePlay.image", "start.fingerReplay.text", "Záznam"},
+    FingerRow{"fingerEditor", "start.fingereditor.image", "start.fingerEditor.text", "Editor"},
+    FingerRow{"finger4", "start.finger4.image", "", ""},
 };
 
 // What a key does to the selected row; a page is as long as the frame.
@@ -107,7 +108,21 @@ FrmStart2::FrmStart2(Skin& skin, const Paths& paths, Settings& settings)
   setFocusPolicy(Qt::StrongFocus);
   for (FingerButton*& finger : fingers_) finger = new FingerButton(this);
   fingers_[0]->setChecked(true);
+  NameParts();
   Connect();
+}
+
+void FrmStart2::NameParts() {
+  lblCColl_->setObjectName("lblCColl");
+  lblPlr_->setObjectName("lblPlr");
+  close_->setObjectName("close");
+  help_->setObjectName("help");
+  vscroll_->setObjectName("vscroll");
+  hscroll_->setObjectName("hscroll");
+  play_->setObjectName("play");
+  addplayer_->setObjectName("addplayer");
+  changeskin_->setObjectName("changeskin");
+  for (std::size_t i = 0; i < fingers_.size(); ++i) fingers_[i]->setObjectName(kFingers[i].name);
 }
 
 void FrmStart2::Connect() {
@@ -133,10 +148,13 @@ void FrmStart2::FrmLoad() {
   RegExt(skin_.Text(56).toStdString(), skin_.Text(109).toStdString());
   FindColls();
   ListPlayers();
-  loaded_ = true;
   move(screen()->availableGeometry().center() - rect().center());
   show();
-  QMetaObject::invokeMethod(this, &FrmStart2::FindPlrs, Qt::QueuedConnection);
+  loaded_ = true;
+  const auto ask = [this] {
+    if (players_.isEmpty()) NewPlayer();
+  };
+  QMetaObject::invokeMethod(this, ask, Qt::QueuedConnection);
 }
 
 void FrmStart2::SkinIt() {
@@ -188,8 +206,11 @@ void FrmStart2::ShowMode() {
 }
 
 void FrmStart2::ShowScrollButtons() {
-  vscroll_->setVisible(lblCColl_->Overflows());
-  hscroll_->setVisible(lblPlr_->Overflows());
+  const auto show = [](ScrollButton& button, const LabelList& list) {
+    button.setVisible(list.Overflows() && HasPlace(button));
+  };
+  show(*vscroll_, *lblCColl_);
+  show(*hscroll_, *lblPlr_);
 }
 
 void FrmStart2::ChooseMode(Mode mode) {
@@ -222,12 +243,13 @@ void FrmStart2::FindPlrs() {
 }
 
 void FrmStart2::ListPlayers() {
+  const QString old = Player();
   QDir().mkpath(QString::fromStdString(paths_.PlayersPath));
   players_ = ReadPlayers(paths_.PlayersPath);
   QStringList labels;
   for (const QString& name : players_) labels.push_back(" « " + name + " » ");
   lblPlr_->SetLabels(labels);
-  const int last = ReadPosledniHrac();
+  const int last = players_.contains(old) ? static_cast<int>(players_.indexOf(old)) : ReadPosledniHrac();
   lblPlr_->Select(last < players_.size() ? last : 0);
   ShowScrollButtons();
 }
@@ -338,7 +360,9 @@ void FrmStart2::OpenFromOutside(const QString& path) {
 
 void FrmStart2::OpenWaiting() {
   if (QApplication::activeModalWidget() == nullptr) {
-    OpenByKind(waiting_.constFirst());
+    const QString path = waiting_.constFirst();
+    if (isVisible()) activateWindow();
+    OpenByKind(path);
     waiting_.removeFirst();
   }
   if (!waiting_.isEmpty()) QTimer::singleShot(kPatience, this, &FrmStart2::OpenWaiting);

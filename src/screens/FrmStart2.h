@@ -75,6 +75,7 @@ class FrmStart2 : public SkinWindow {
   void closeEvent(QCloseEvent* event) override;
 
  private:
+  void NameParts();
   void Connect();
   void SkinButtons();
   void SkinLists();

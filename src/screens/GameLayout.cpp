@@ -11,6 +11,7 @@ namespace {
 constexpr int kBelowRam = 1;  // between the picture and the bar below
 constexpr int kApart = 4;     // between the buttons
 constexpr int kButton = 40;
+constexpr int kRightOfButtons = (kTopBar - kButton) / 2;
 constexpr int kStripHeight = 29;
 
 // The panels as the picture of the bar has them, each without its icon.
@@ -52,20 +53,30 @@ GameLayout LayOut(QSize window, qreal scale) {
 }
 
 TopBarLayout LayOutTopBar(int width, bool label1, int stripWidth) {
+  const int needed = kPanelsEnd + (label1 ? 3 : 2) * (kButton + kApart) + stripWidth + kRightOfButtons;
+  const qreal scale = std::min(1.0, static_cast<qreal>(width) / needed);
+  const auto scaled = [scale](int units) { return static_cast<int>(units * scale); };
   TopBarLayout layout;
-  int right = width - (kTopBar - kButton) / 2;
-  const auto place = [&right](int size, int height) {
-    const QRect rect(right - size, (kTopBar - height) / 2, size, height);
-    right = rect.left() - kApart;
+  layout.scale = scale;
+  layout.panelsEnd = scaled(kPanelsEnd);
+  int right = width - scaled(kRightOfButtons);
+  const auto place = [&](int size, int height) {
+    const QSize small(scaled(size), scaled(height));
+    const QRect rect(QPoint(right - small.width(), (kTopBar - small.height()) / 2), small);
+    right = rect.left() - scaled(kApart);
     return rect;
   };
   layout.picRestart = place(kButton, kButton);
   layout.Command4 = place(kButton, kButton);
   if (label1) layout.Label1 = place(kButton, kButton);
-  layout.clock = kClock;
-  layout.gems = kGems;
-  layout.value = kValue;
-  if (stripWidth > 0 && right - stripWidth >= kPanelsEnd) layout.psi = place(stripWidth, kStripHeight);
+  if (stripWidth > 0) layout.psi = place(stripWidth, kStripHeight);
+  // The bar's picture is as high as ever, only narrower.
+  const auto panel = [&](const QRect& wide) {
+    return QRect(scaled(wide.left()), wide.top(), scaled(wide.width()), wide.height());
+  };
+  layout.clock = panel(kClock);
+  layout.gems = panel(kGems);
+  layout.value = panel(kValue);
   return layout;
 }
 

@@ -26,6 +26,8 @@ GameLayout LayOut(QSize window, qreal scale);
 // which Label1 shows only in a replay and a test run, and the strip of units left of them; at the left the
 // panels of the figures.
 struct TopBarLayout {
+  qreal scale = 1;    // of all that lies in it, below 1 where it would not find room otherwise
+  int panelsEnd = 0;  // where the part of its picture with the panels ends
   QRect picRestart;
   QRect Command4;
   QRect Label1;
@@ -38,8 +40,8 @@ struct TopBarLayout {
 // The first part of the bar's picture, with the panels, keeps its width; the rest is stretched.
 inline constexpr int kPanelsEnd = 420;
 
-// For a bar of this width. stripWidth is the width of the strip of units, 0 without one; a bar that is too
-// narrow for the strip has none.
+// For a bar of this width. stripWidth is the width of the strip of units, 0 without one. In a bar that is too
+// narrow for all of it everything is smaller.
 TopBarLayout LayOutTopBar(int width, bool label1, int stripWidth);
 
 }  // namespace zorik

@@ -1,5 +1,6 @@
 #include "screens/HideAway.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QPainter>
@@ -55,6 +56,7 @@ void HideAway::keyPressEvent(QKeyEvent* event) {
 }
 
 void HideAway::closeEvent(QCloseEvent* event) {
+  if (qApp->isSavingSession()) return;
   event->ignore();
   emit Found();
 }

@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScreen>
+#include <QWindow>
 #include <algorithm>
 #include <chrono>
 #include <cmath>
@@ -18,7 +19,7 @@
 namespace zorik {
 namespace {
 
-constexpr QSize kSmallest(560, 360);
+constexpr QSize kSmallest(480, 320);
 constexpr QSize kUsual(39 * 24, 23 * 24 + kTopBar + kBottomBar);
 constexpr int kFlashAtLeast = 5;  // milliseconds
 
@@ -77,15 +78,12 @@ void HraWindow::SetCollection(const std::string& collection) {
 }
 
 std::optional<Failure> HraWindow::Start(const std::string& caveText, RunKind kind) {
-  // The view toggle starts as whether this is a replay; in play the view scrolls whatever it says.
-  painter_.SetScrollView(kind == RunKind::Play);
   if (auto failure = PaintCave(hra_, caveText, kind)) return failure;
   StartTicking();
   return std::nullopt;
 }
 
 std::optional<Failure> HraWindow::StartRecord(const std::string& bytes) {
-  painter_.SetScrollView(true);
   if (auto failure = Replay(hra_, bytes)) return failure;
   StartTicking();
   return std::nullopt;
@@ -102,6 +100,8 @@ void HraWindow::StartTicking() {
 
 void HraWindow::Stop() {
   running_ = false;
+  paused_ = false;
+  hideAway_->hide();
   tmrHra_.stop();
   sounds_.StopAll();
 }
@@ -272,6 +272,8 @@ void HraWindow::CaveOpens() {
   sounds_.InicializaceZvuku(skin_.Places());
   ShowDecoration();
   topBar_->HideUnits();
+  // The view toggle starts as whether this is a replay; in play the view scrolls whatever it says.
+  painter_.SetScrollView(!hra_.EditorRun);
   topBar_->ShowLabel1(hra_.ReplayPlaying || hra_.EditorRun);
   topBar_->SetScrollView(painter_.ScrollView());
 }
@@ -371,7 +373,22 @@ void HraWindow::focusOutEvent(QFocusEvent* event) {
   QWidget::focusOutEvent(event);
 }
 
+void HraWindow::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  connect(windowHandle(), &QWindow::screenChanged, this, &HraWindow::ScreenChanged, Qt::UniqueConnection);
+}
+
+// Another screen may be finer, or show more pictures in a second.
+void HraWindow::ScreenChanged() {
+  SetInterval();
+  Arrange();
+}
+
 void HraWindow::resizeEvent(QResizeEvent* /*event*/) {
+  Arrange();
+}
+
+void HraWindow::Arrange() {
   const GameLayout layout = LayOut(size(), devicePixelRatioF());
   topBar_->setGeometry(layout.imOk1);
   ram_->setGeometry(layout.ram);
@@ -394,6 +411,7 @@ void HraWindow::changeEvent(QEvent* event) {
 }
 
 void HraWindow::closeEvent(QCloseEvent* event) {
+  if (qApp->isSavingSession()) return;  // the end of the desktop's session is the program's end
   event->ignore();
   emit EndRequested();
 }

@@ -55,6 +55,7 @@ class HraWindow : public QWidget, private Stage {
   const MessageStrip& Message() const { return *strip_; }
   const CavePainter& Painter() const { return painter_; }
   bool Ticking() const { return tmrHra_.isActive(); }
+  int Interval() const { return tmrHra_.interval(); }  // milliseconds between two ticks
   const HideAway& Hidden() const { return *hideAway_; }
 
  signals:
@@ -70,6 +71,7 @@ class HraWindow : public QWidget, private Stage {
   void keyReleaseEvent(QKeyEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
+  void showEvent(QShowEvent* event) override;
   void changeEvent(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
@@ -96,6 +98,8 @@ class HraWindow : public QWidget, private Stage {
   void OnTick();
   void AfterTick(TickEnd end);
   void DrawView();
+  void Arrange();
+  void ScreenChanged();
   void ShowFlash();
   void Act(Request request);
   void ChangeSpeed(int delta);

@@ -2,6 +2,7 @@
 
 #include <QFontMetrics>
 #include <QPainter>
+#include <algorithm>
 
 #include "skin/GameFont.h"
 
@@ -13,6 +14,11 @@ constexpr int kTop = 18;
 constexpr int kPadding = 30;  // at both sides
 constexpr int kHeight = 40;
 constexpr int kLetters = 20;
+constexpr int kMostCharacters = 400;  // a remark in a record may be of any length
+
+QString Shortened(const QString& text) {
+  return text.size() <= kMostCharacters ? text : text.left(kMostCharacters) + QChar(0x2026);
+}
 
 }  // namespace
 
@@ -27,7 +33,7 @@ MessageStrip::MessageStrip(QWidget* parent) : QWidget(parent) {
 }
 
 void MessageStrip::ShowMessage(const QString& text, QColor colour) {
-  text_ = text;
+  text_ = Shortened(text);
   colour_ = colour;
   Centre();
   raise();
@@ -42,8 +48,12 @@ void MessageStrip::Clear() {
 }
 
 void MessageStrip::Centre() {
-  const int width = QFontMetrics(font()).horizontalAdvance(text_) + 2 * kPadding;
-  setGeometry((parentWidget()->width() - width) / 2, kTop, width, kHeight);
+  const QFontMetrics metrics(font());
+  const int room = parentWidget()->width() - 2 * kPadding;
+  lines_ = WrapText(text_, metrics, std::max(1, room));
+  const int width = lines_.width + 2 * kPadding;
+  const int more = static_cast<int>(lines_.lines.size()) - 1;
+  setGeometry((parentWidget()->width() - width) / 2, kTop, width, kHeight + more * metrics.lineSpacing());
 }
 
 void MessageStrip::paintEvent(QPaintEvent* /*event*/) {
@@ -53,7 +63,7 @@ void MessageStrip::paintEvent(QPaintEvent* /*event*/) {
   painter.setBrush(QColor(0x20, 0x18, 0x2A, 235));
   painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), 12, 12);
   painter.setPen(colour_);
-  painter.drawText(rect(), Qt::AlignCenter, text_);
+  painter.drawText(rect(), Qt::AlignCenter, lines_.lines.join('\n'));
 }
 
 }  // namespace zorik

@@ -5,10 +5,12 @@
 #include <QTimer>
 #include <QWidget>
 
+#include "screens/ShowText.h"
+
 namespace zorik {
 
 // The strip of text over the play picture. It hides three seconds after it came; a message that replaces
-// another does not start these anew.
+// another does not start these anew. A text that is too long for one line has several.
 class MessageStrip : public QWidget {
   Q_OBJECT
 
@@ -18,16 +20,18 @@ class MessageStrip : public QWidget {
   void ShowMessage(const QString& text, QColor colour);
   // Nothing is shown any more, and the next message has its three seconds.
   void Clear();
-  // Puts the strip in the middle of its parent's width.
+  // Puts the strip in the middle of its parent's width, in which it finds room.
   void Centre();
 
   const QString& Text() const { return text_; }
+  const WrappedText& Lines() const { return lines_; }
 
  protected:
   void paintEvent(QPaintEvent* event) override;
 
  private:
   QString text_;
+  WrappedText lines_;
   QColor colour_;
   QTimer tmrMsg_;
 };

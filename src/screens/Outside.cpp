@@ -44,7 +44,7 @@ QString HelpPage(const Paths& paths, const Skin& skin, const QString& name) {
   const QString own = QString::fromStdString(paths.AppPath) + "/Help";
   const QString shipped = QString::fromStdString(paths.SkinsPath) + "/../Help";
   const QString help = QDir::cleanPath(QFileInfo(own).isDir() ? own : shipped);
-  const QString translated = help + '/' + QString::fromStdString(skin.Places().Skin) + '/' + name;
+  const QString translated = help + '/' + skin.Caption("help.folder") + '/' + name;
   return QFileInfo(translated).isFile() ? translated : help + '/' + name;
 }
 

@@ -19,7 +19,8 @@ void OpenFileOrTell(Skin& skin, QWidget* parent, const QString& path);
 // Opens a page or a letter, likewise.
 void OpenLinkOrTell(Skin& skin, QWidget* parent, const QUrl& link);
 
-// The path of a page of the help, "help.html" for one; in the skin's language where there is such a page.
+// The path of a page of the help, "help.html" for one. A skin of another language names the folder of its
+// pages, within that of the help, by the key help.folder.
 QString HelpPage(const Paths& paths, const Skin& skin, const QString& name);
 
 // Lets the player choose a file that exists; empty when he does not. Filters are like "Records (*.zkr)".

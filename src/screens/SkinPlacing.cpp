@@ -10,9 +10,11 @@
 namespace zorik {
 namespace {
 
+constexpr int kAbsent = -1;
+
 int NumberOr(const Skin& skin, const std::string& key, int otherwise) {
   const int number = skin.Data().SkinInt(key);
-  return number == -1 ? otherwise : number;
+  return number == kAbsent ? otherwise : number;
 }
 
 }  // namespace
@@ -29,7 +31,11 @@ void PlaceButton(Skin& skin, SkinButton& button, const std::string& key, const Q
   button.SetPicture(skin.Picture(key + ".image"));
   button.SetWords(words);
   button.move(left, top);
-  button.setVisible(left != -1 && top != -1);
+  button.setVisible(HasPlace(button));
+}
+
+bool HasPlace(const SkinButton& button) {
+  return button.x() != kAbsent && button.y() != kAbsent;
 }
 
 void SetWindowPicture(Skin& skin, SkinSurface& surface, QWidget& window, const std::string& key,

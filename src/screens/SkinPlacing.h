@@ -22,6 +22,9 @@ QRect BoxOf(const Skin& skin, const std::string& key, const QRect& otherwise);
 // does.
 void PlaceButton(Skin& skin, SkinButton& button, const std::string& key, const QString& words);
 
+// Whether a button got a place.
+bool HasPlace(const SkinButton& button);
+
 // Makes a window look like KEY.image, as large as KEY.width and .height or, without these, as the picture.
 // Without a picture it is plain, and of the other size if need be.
 void SetWindowPicture(Skin& skin, SkinSurface& surface, QWidget& window, const std::string& key,

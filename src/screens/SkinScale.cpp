@@ -1,8 +1,9 @@
 #include "screens/SkinScale.h"
 
+#include <QMouseEvent>
 #include <QPainter>
 #include <QStyle>
-#include <QStyleOptionSlider>
+#include <cmath>
 
 namespace zorik {
 namespace {
@@ -11,6 +12,7 @@ constexpr QSize kSize(220, 30);
 constexpr double kGroove = 4;  // its height
 constexpr double kNotch = 1.8;
 constexpr double kKnob = 8;  // radius
+constexpr int kEnd = 10;     // from the middle of the knob to the end of the widget
 
 }  // namespace
 
@@ -25,37 +27,58 @@ QSize SkinScale::sizeHint() const {
   return kSize;
 }
 
+int SkinScale::Way() const {
+  return width() - 2 * kEnd;
+}
+
+int SkinScale::PlaceOf(int value) const {
+  return kEnd + QStyle::sliderPositionFromValue(minimum(), maximum(), value, Way());
+}
+
+void SkinScale::Follow(const QMouseEvent& event) {
+  const int place = static_cast<int>(std::lround(event.position().x())) - kEnd;
+  setSliderPosition(QStyle::sliderValueFromPosition(minimum(), maximum(), place, Way()));
+}
+
+void SkinScale::mousePressEvent(QMouseEvent* event) {
+  if (event->button() != Qt::LeftButton) return;
+  setSliderDown(true);
+  Follow(*event);
+}
+
+void SkinScale::mouseMoveEvent(QMouseEvent* event) {
+  if (isSliderDown()) Follow(*event);
+}
+
+void SkinScale::mouseReleaseEvent(QMouseEvent* event) {
+  if (event->button() == Qt::LeftButton) setSliderDown(false);
+}
+
 void SkinScale::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
-
-  // The knob is where the style takes the pointer's press for it.
-  QStyleOptionSlider option;
-  initStyleOption(&option);
-  const int handle = style()->pixelMetric(QStyle::PM_SliderLength, &option, this);
-  const int way = width() - handle;
   const double middle = height() / 2.0;
-  const auto at = [&](int value) {
-    return handle / 2.0 + QStyle::sliderPositionFromValue(minimum(), maximum(), value, way);
-  };
+  const int left = PlaceOf(minimum());
+  const int knob = PlaceOf(sliderPosition());
 
-  const QColor groove = palette().color(QPalette::Mid);
-  const QRectF line(at(minimum()), middle - kGroove / 2, at(maximum()) - at(minimum()), kGroove);
+  const auto groove = [&](int right) {
+    painter.drawRoundedRect(QRectF(left, middle - kGroove / 2, right - left, kGroove), kGroove / 2,
+                            kGroove / 2);
+  };
   painter.setPen(Qt::NoPen);
-  painter.setBrush(groove);
-  painter.drawRoundedRect(line, kGroove / 2, kGroove / 2);
+  painter.setBrush(palette().color(QPalette::Mid));
+  groove(PlaceOf(maximum()));
   for (int value = minimum(); value <= maximum(); ++value) {
-    painter.drawEllipse(QPointF(at(value), middle + kKnob + 4), kNotch, kNotch);
+    painter.drawEllipse(QPointF(PlaceOf(value), middle + kKnob + 4), kNotch, kNotch);
   }
 
-  const QColor knob = palette().color(QPalette::Highlight);
+  const QColor colour = palette().color(QPalette::Highlight);
+  painter.setBrush(colour);
+  groove(knob);
   const bool lit = isSliderDown() || underMouse();
-  painter.setBrush(knob);
-  painter.drawRoundedRect(QRectF(line.topLeft(), QPointF(at(sliderPosition()), line.bottom())), kGroove / 2,
-                          kGroove / 2);
-  painter.setPen(QPen(hasFocus() ? palette().color(QPalette::WindowText) : knob.darker(170), 2));
-  painter.setBrush(lit ? knob.lighter(115) : knob);
-  painter.drawEllipse(QPointF(at(sliderPosition()), middle), kKnob, kKnob);
+  painter.setPen(QPen(hasFocus() ? palette().color(QPalette::WindowText) : colour.darker(170), 2));
+  painter.setBrush(lit ? colour.lighter(115) : colour);
+  painter.drawEllipse(QPointF(knob, middle), kKnob, kKnob);
 }
 
 }  // namespace zorik

@@ -17,6 +17,15 @@ class SkinScale : public QSlider {
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+
+ private:
+  // The knob's way, in pixels, and its place for a value.
+  int Way() const;
+  int PlaceOf(int value) const;
+  void Follow(const QMouseEvent& event);
 };
 
 }  // namespace zorik

@@ -26,6 +26,8 @@ inline constexpr StartWords kCancelWords{"caption.dialog.close", "Zrušit"};
 
 // Messages; the path of a file stands behind those that end in a colon.
 inline constexpr StartWords kNoCollectionWords{"caption.error.nocollection", "Nenašla se žádná sada komnat."};
+inline constexpr StartWords kNoCaveWords{"caption.error.cave", "Komnatu nelze otevřít."};
+inline constexpr StartWords kNoRecordWords{"caption.error.record", "Záznam nelze přehrát:"};
 inline constexpr StartWords kNotOpenedWords{"caption.error.open", "Soubor nelze otevřít:"};
 inline constexpr StartWords kNotStoredWords{"caption.error.store", "Soubor se nepodařilo uložit."};
 inline constexpr StartWords kNotDeletedWords{"caption.error.delete", "Soubor se nepodařilo vymazat:"};

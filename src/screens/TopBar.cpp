@@ -1,6 +1,8 @@
 #include "screens/TopBar.h"
 
 #include <QPainter>
+#include <algorithm>
+#include <utility>
 
 #include "screens/StripButton.h"
 #include "screens/Wording.h"
@@ -130,11 +132,12 @@ void TopBar::paintEvent(QPaintEvent* /*event*/) {
   painter.fillRect(rect(), kBarColour);
   if (!border1_.isNull()) {
     const int panels = std::min(kPanelsEnd, border1_.width());
-    painter.drawImage(QRect(0, 0, panels, height()), border1_, QRect(0, 0, panels, border1_.height()));
-    painter.drawImage(QRect(panels, 0, width() - panels, height()), border1_,
+    const int end = layout_.panelsEnd;
+    painter.drawImage(QRect(0, 0, end, height()), border1_, QRect(0, 0, panels, border1_.height()));
+    painter.drawImage(QRect(end, 0, width() - end, height()), border1_,
                       QRect(panels, 0, border1_.width() - panels, border1_.height()));
   }
-  QFont font = GameFont(kFigures);
+  QFont font = GameFont(std::max(1, static_cast<int>(kFigures * layout_.scale)));
   font.setBold(true);
   painter.setFont(font);
   Write(painter, layout_.clock, layout_.clock.left(), ClockText(), clock_ > kLastSeconds ? kPlain : kLate);
@@ -143,7 +146,10 @@ void TopBar::paintEvent(QPaintEvent* /*event*/) {
       Write(painter, layout_.gems, layout_.gems.left(), Figures(gems_, 3), enough ? kEnough : kPlain);
   Write(painter, layout_.gems, end, " / " + Figures(needed_, 3), kFaint);
   Write(painter, layout_.value, layout_.value.left(), ValueText(), kPlain);
-  if (!layout_.psi.isEmpty()) psi_.Paint(painter, layout_.psi.topLeft());
+  if (layout_.psi.isEmpty()) return;
+  painter.translate(layout_.psi.topLeft());
+  painter.scale(layout_.scale, layout_.scale);
+  psi_.Paint(painter, QPoint());
 }
 
 }  // namespace zorik

@@ -17,7 +17,7 @@ platform  platform core data
 app       app editors screens skin platform rules core data
 tools     core rules data
 fuzz      core rules data skin
-bench     core rules data skin
+bench     core rules data skin editors screens
 "
 
 # A record must play the same everywhere and for ever: no window, no sound, no clock, no threads in here.

@@ -178,18 +178,37 @@ TEST_F(FrmSettingsTest, MovesAScaleByAStepForAnArrow) {
   EXPECT_EQ(settings_.Speed, 7) << "to the right is faster";
 }
 
-TEST_F(FrmSettingsTest, PullsAKnobAlongItsScale) {
+TEST_F(FrmSettingsTest, MovesAKnobToThePointerAndLetsItFollow) {
   EXPECT_TRUE(Edit([](QWidget& window) {
     SkinScale& scale = Scale(window, 1);
-    const int middle = scale.height() / 2;
-    QTest::mousePress(&scale, Qt::LeftButton, {}, QPoint(scale.width() - 6, middle));
-    QMouseEvent pull(QEvent::MouseMove, QPointF(2, middle), scale.mapToGlobal(QPointF(2, middle)),
-                     Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(&scale, &pull);
-    QTest::mouseRelease(&scale, Qt::LeftButton, {}, QPoint(2, middle));
+    const int low = scale.height() - 2;
+    const auto pull = [&](int x) {
+      const QPointF place(x, low);
+      QMouseEvent move(QEvent::MouseMove, place, scale.mapToGlobal(place), Qt::NoButton, Qt::LeftButton,
+                       Qt::NoModifier);
+      QApplication::sendEvent(&scale, &move);
+    };
+    QTest::mousePress(&scale, Qt::LeftButton, {}, QPoint(scale.width() / 2 - 5, low));
+    EXPECT_EQ(scale.value(), 5);
+    pull(scale.width() + 50);
+    EXPECT_EQ(scale.value(), 10);
+    pull(-50);
+    EXPECT_EQ(scale.value(), 1);
+    pull(scale.width() / 2 + 5);
+    QTest::mouseRelease(&scale, Qt::LeftButton, {}, QPoint(scale.width() / 2 + 5, low));
+    EXPECT_EQ(scale.value(), 6);
+    pull(-50);
+    EXPECT_EQ(scale.value(), 6) << "it was let go";
     QTest::keyClick(&window, Qt::Key_Return);
   }));
-  EXPECT_EQ(settings_.SpeedR, 10);
+  EXPECT_EQ(settings_.SpeedR, 5);
+}
+
+TEST_F(FrmSettingsTest, LeavesAKnobAloneForTheOtherMouseButtons) {
+  Edit([](QWidget& window) {
+    QTest::mouseClick(&Scale(window, 0), Qt::RightButton, {}, QPoint(15, 10));
+    EXPECT_EQ(Scale(window, 0).value(), 3);
+  });
 }
 
 TEST_F(FrmSettingsTest, HasTheWordsOfTheSkin) {

@@ -99,21 +99,39 @@ TEST(TopBarLayout, PutsTheStripBesideCommand4InPlay) {
   EXPECT_EQ(layout.psi.right() + 1 + 4, layout.Command4.left());
 }
 
-TEST(TopBarLayout, HasNoStripWithoutUnitsAndWhereThereIsNoRoom) {
+TEST(TopBarLayout, HasNoStripWithoutUnits) {
   EXPECT_TRUE(LayOutTopBar(1000, false, 0).psi.isEmpty());
-  EXPECT_TRUE(LayOutTopBar(560, true, 300).psi.isEmpty());
+}
+
+TEST(TopBarLayout, IsSmallerAsAWholeWhereThereIsNoRoom) {
+  // 420 for the panels, 3 x 44 for the buttons, 2 right of them, 246 for the strip: 800
+  const TopBarLayout layout = LayOutTopBar(600, true, 246);
+  EXPECT_EQ(layout.scale, 0.75);
+  EXPECT_EQ(layout.psi.size(), QSize(184, 21));  // of 246 x 29
+  EXPECT_EQ(layout.picRestart.size(), QSize(30, 30));
+  EXPECT_EQ(layout.panelsEnd, 315);
+  EXPECT_EQ(LayOutTopBar(800, true, 246).scale, 1);
+}
+
+// Everything that may lie in a bar of this width, the strip of all units too, has its own place.
+void ExpectAllInPlace(int width) {
+  const TopBarLayout layout = LayOutTopBar(width, true, 330);
+  const std::array<QRect, 7> places{layout.clock,  layout.gems,     layout.value,     layout.psi,
+                                    layout.Label1, layout.Command4, layout.picRestart};
+  for (std::size_t i = 0; i < places.size(); ++i) {
+    EXPECT_FALSE(places[i].isEmpty()) << width << ": " << i;
+    EXPECT_TRUE(QRect(0, 0, width, 44).contains(places[i])) << width << ": " << i;
+    for (std::size_t j = 0; j < i; ++j) {
+      EXPECT_FALSE(places[i].intersects(places[j])) << width << ": " << i << ", " << j;
+    }
+  }
 }
 
 TEST(TopBarLayout, LaysNothingOverAnythingElse) {
-  for (const int width : {546, 1014, 1716}) {
-    const TopBarLayout layout = LayOutTopBar(width, true, 90);
-    const std::array<QRect, 7> places{layout.clock,  layout.gems,     layout.value,     layout.psi,
-                                      layout.Label1, layout.Command4, layout.picRestart};
-    for (std::size_t i = 0; i < places.size(); ++i) {
-      EXPECT_TRUE(QRect(0, 0, width, 44).contains(places[i]) || places[i].isEmpty()) << width << ": " << i;
-      for (std::size_t j = 0; j < i; ++j) EXPECT_FALSE(places[i].intersects(places[j])) << i << ", " << j;
-    }
+  for (const QSize screen : kScreens) {
+    for (const qreal scale : kScales) ExpectAllInPlace(LayOut(Filling(screen, scale), scale).imOk1.width());
   }
+  for (const int width : {430, 546, 1014, 1716}) ExpectAllInPlace(width);
 }
 
 }  // namespace

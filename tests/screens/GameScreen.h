@@ -18,7 +18,7 @@
 
 namespace zorik::test {
 
-inline constexpr int kPatience = 5000;  // milliseconds
+inline constexpr int kPatience = 20000;  // milliseconds
 
 template <class Condition>
 bool Wait(Condition condition) {

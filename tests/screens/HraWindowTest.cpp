@@ -1,37 +1,19 @@
-#include <QMainWindow>
 #include <QSignalSpy>
+#include <QWindow>
+#include <map>
 
-#include "core/Machine.h"
-#include "screens/GameScreen.h"
-#include "screens/HraWindow.h"
-#include "screens/StripButton.h"
-#include "support/Scene.h"
+#include "screens/HraScreen.h"
+#include "screens/SkinScale.h"
 
 namespace zorik {
 namespace {
 
-using test::Answers;
 using test::CaveTextOf;
+using test::Corridor;
 using test::OneStepCave;
 using test::Wait;
 
-class HraWindowTest : public testing::Test, public test::GameScreen {
- protected:
-  void Open(const test::Picture& picture, test::Numbers numbers = {}, RunKind kind = RunKind::Play) {
-    Show();
-    ASSERT_FALSE(window->Start(CaveTextOf(picture, numbers), kind));
-  }
-
-  void Click(const char* button) {
-    QTest::mouseClick(window->findChild<StripButton*>(button), Qt::LeftButton);
-  }
-
-  bool Shows(const char* button) const { return window->findChild<StripButton*>(button)->isVisible(); }
-};
-
-test::Picture Corridor() {
-  return {"WWWWWWWWWWWW", "W1.........W", "WWWWWWWWWWWW"};
-}
+class HraWindowTest : public test::HraScreen {};
 
 // Caption
 
@@ -88,149 +70,6 @@ TEST_F(HraWindowTest, ShowsTimeGemsAndTheirValueInTheBar) {
   EXPECT_TRUE(Wait([&] { return window->Bar().ClockText() == "088"; }));
 }
 
-// Keys
-
-TEST_F(HraWindowTest, MovesTheDogOneCellForATap) {
-  Open(Corridor());
-  QTest::keyClick(window.get(), Qt::Key_Right);
-  ASSERT_TRUE(Wait([&] { return Dog() == Cell(2, 1); }));
-  ASSERT_TRUE(TicksPass(5));
-  EXPECT_EQ(Dog(), Cell(2, 1));
-}
-
-TEST_F(HraWindowTest, MovesTheDogForAsLongAsAKeyIsHeld) {
-  Open(Corridor());
-  QTest::keyPress(window.get(), Qt::Key_Right);
-  EXPECT_TRUE(Wait([&] { return Dog() == Cell(10, 1); }));
-}
-
-TEST_F(HraWindowTest, RollsOverToTheKeyThatWasPressedLastAndBack) {
-  Open({"WWWWWWWW", "W1.....W", "W......W", "W......W", "WWWWWWWW"});
-  QTest::keyPress(window.get(), Qt::Key_Right);
-  ASSERT_TRUE(Wait([&] { return Dog().x() >= 2; }));
-  QTest::keyPress(window.get(), Qt::Key_Down);
-  ASSERT_TRUE(Wait([&] { return Dog().y() == 3; }));
-  const int column = Dog().x();
-  QTest::keyRelease(window.get(), Qt::Key_Down);
-  EXPECT_TRUE(Wait([&] { return Dog().x() > column; }));
-}
-
-TEST_F(HraWindowTest, LetsTheDogStandWhenItLosesTheFocus) {
-  Open(Corridor());
-  QTest::keyPress(window.get(), Qt::Key_Right);
-  ASSERT_TRUE(Wait([&] { return Dog() == Cell(3, 1); }));
-  QFocusEvent lost(QEvent::FocusOut);
-  QApplication::sendEvent(window.get(), &lost);
-  const Cell place = Dog();
-  ASSERT_TRUE(TicksPass(5));
-  EXPECT_EQ(Dog(), place);
-}
-
-TEST_F(HraWindowTest, RestartsTheCaveWithCtrlAndR) {
-  Open(Corridor());
-  QTest::keyPress(window.get(), Qt::Key_Right);
-  ASSERT_TRUE(Wait([&] { return Dog() == Cell(10, 1); }));
-  QTest::keyRelease(window.get(), Qt::Key_Right);
-  QTest::keyPress(window.get(), Qt::Key_Control);
-  QTest::keyPress(window.get(), Qt::Key_R, Qt::ControlModifier);
-  EXPECT_TRUE(Wait([&] { return Dog() == Cell(1, 1); }));
-}
-
-TEST_F(HraWindowTest, ChangesTheSpeedWithTheKeypadAndKeepsIt) {
-  Open(Corridor());
-  QTest::keyClick(window.get(), Qt::Key_Minus, Qt::KeypadModifier);
-  EXPECT_TRUE(Wait([&] { return settings.Speed == 3; }));
-  EXPECT_EQ(FindSett().Speed, 3);
-  QTest::keyClick(window.get(), Qt::Key_Plus, Qt::KeypadModifier);
-  EXPECT_TRUE(Wait([&] { return settings.Speed == 2; }));
-  EXPECT_EQ(FindSett().Speed, 2);
-}
-
-TEST_F(HraWindowTest, ChangesTheSpeedOfReplaysApart) {
-  Show();
-  settings.SpeedR = 5;
-  ASSERT_FALSE(window->StartRecord(test::RecordOf(Corridor(), std::vector<test::RecordTick>(50))));
-  QTest::keyClick(window.get(), Qt::Key_Plus, Qt::KeypadModifier);
-  EXPECT_TRUE(Wait([&] { return settings.SpeedR == 4; }));
-  EXPECT_EQ(settings.Speed, 2);
-}
-
-TEST_F(HraWindowTest, HandsOnKeysThatTheGameHasNoUseFor) {
-  Open(Corridor());
-  QSignalSpy others(window.get(), &HraWindow::OtherKey);
-  QTest::keyClick(window.get(), Qt::Key_F5);
-  QTest::keyClick(window.get(), Qt::Key_Right);
-  ASSERT_EQ(others.count(), 1);
-  EXPECT_EQ(others[0][0].toInt(), Qt::Key_F5);
-}
-
-// Pause, question
-
-TEST_F(HraWindowTest, StandsStillWhileThePauseIsOpen) {
-  Open(Corridor());
-  Answers answers(0);
-  answers.Linger(20, [&] { return window->Machine().Ticks; });
-  QTest::keyClick(window.get(), Qt::Key_P);
-  ASSERT_TRUE(Wait([&] { return !answers.said.isEmpty(); }));
-  EXPECT_EQ(answers.said, QStringList{"Pauza. Pokračuj stiskem OK."});
-  EXPECT_EQ(answers.seen, QSet<int>{*answers.seen.begin()});
-  EXPECT_TRUE(TicksPass(2));
-}
-
-TEST_F(HraWindowTest, AsksAnIdlePlayerWhetherHeIsThere) {
-  settings.Speed = 1;
-  Open(Corridor());
-  const Answers answers(1);
-  ASSERT_TRUE(QTest::qWaitFor([&] { return !answers.said.isEmpty(); }, 20000));
-  EXPECT_EQ(answers.said[0], "Haf! Jsi tam ještě?");
-  EXPECT_EQ(answers.titles[0], "Zorík se nudí");
-  EXPECT_TRUE(TicksPass(2));
-}
-
-// Hiding
-
-TEST_F(HraWindowTest, HidesBehindATableWithF12AndComesBackWithTheDogsName) {
-  Open(Corridor());
-  QTest::keyClick(window.get(), Qt::Key_F12);
-  ASSERT_TRUE(Wait([&] { return !window->isVisible(); }));
-  EXPECT_TRUE(window->Hidden().isVisible());
-  EXPECT_FALSE(window->Ticking());
-  auto* const table = const_cast<HideAway*>(&window->Hidden());
-  for (const Qt::Key key : {Qt::Key_Z, Qt::Key_O, Qt::Key_R, Qt::Key_I, Qt::Key_K}) {
-    QTest::keyClick(table, key);
-  }
-  EXPECT_TRUE(window->isVisible());
-  EXPECT_FALSE(window->Hidden().isVisible());
-  EXPECT_TRUE(TicksPass(2));
-}
-
-TEST_F(HraWindowTest, StandsStillWhileItIsMinimised) {
-  Open(Corridor());
-  ASSERT_TRUE(TicksPass(1));
-  window->setWindowState(Qt::WindowMinimized);
-  ASSERT_TRUE(Wait([&] { return !window->Ticking(); }));
-  const int ticks = window->Machine().Ticks;
-  QTest::qWait(150);
-  EXPECT_EQ(window->Machine().Ticks, ticks);
-  window->setWindowState(Qt::WindowNoState);
-  EXPECT_TRUE(TicksPass(2));
-}
-
-TEST_F(HraWindowTest, DoesNotStartWhatIsOverWhenItComesBackFromBeingMinimised) {
-  Open(Corridor());
-  window->Stop();
-  window->setWindowState(Qt::WindowMinimized);
-  window->setWindowState(Qt::WindowNoState);
-  EXPECT_FALSE(window->Ticking());
-}
-
-TEST_F(HraWindowTest, TurnsItsClosingIntoAWishToLeave) {
-  Open(Corridor());
-  QSignalSpy leaving(window.get(), &HraWindow::EndRequested);
-  EXPECT_FALSE(window->close());
-  EXPECT_EQ(leaving.count(), 1);
-}
-
 // The bar
 
 TEST_F(HraWindowTest, RestartsTheCaveByItsButton) {
@@ -268,6 +107,32 @@ TEST_F(HraWindowTest, SwitchesTheViewWithCInAReplay) {
   EXPECT_TRUE(Wait([&] { return !window->Painter().ScrollView(); }));
 }
 
+TEST_F(HraWindowTest, StartsARecordThatIsRestartedWithAScrollingView) {
+  Show();
+  ASSERT_FALSE(window->StartRecord(test::RecordOf(Corridor(), std::vector<test::RecordTick>(200))));
+  Click("Label1");
+  ASSERT_FALSE(window->Painter().ScrollView());
+  Click("picRestart");
+  EXPECT_TRUE(window->Painter().ScrollView());
+  EXPECT_EQ(window->findChild<StripButton*>("Label1")->Caption(), "±");
+}
+
+TEST_F(HraWindowTest, StartsATestThatIsRestartedWithTheWholeCave) {
+  Open(Corridor(), {}, RunKind::Test);
+  Click("Label1");
+  QTest::keyPress(window.get(), Qt::Key_Control);
+  QTest::keyPress(window.get(), Qt::Key_R, Qt::ControlModifier);
+  EXPECT_TRUE(Wait([&] { return !window->Painter().ScrollView(); }));
+}
+
+TEST_F(HraWindowTest, KeepsTheViewWhenACaveOrARecordCannotBePlayed) {
+  Open(Corridor(), {}, RunKind::Test);
+  EXPECT_TRUE(window->StartRecord("rubbish"));
+  EXPECT_FALSE(window->Painter().ScrollView());
+  EXPECT_TRUE(window->Start("rubbish", RunKind::Play));
+  EXPECT_FALSE(window->Painter().ScrollView());
+}
+
 TEST_F(HraWindowTest, ScrollsInPlayWhateverIsPressed) {
   Open(Corridor());
   QTest::keyClick(window.get(), Qt::Key_C);
@@ -280,6 +145,23 @@ TEST_F(HraWindowTest, HasAStripOfUnitsForSeveralDogs) {
   EXPECT_TRUE(window->Bar().UnitsShown());
   EXPECT_FALSE(window->Bar().Places().psi.isEmpty());
   EXPECT_EQ(window->Message().Text(), "Zoríci v komnatě: 2. Přepínáš klávesou Tab.");
+}
+
+TEST_F(HraWindowTest, TellsOfManyDogsInOtherWords) {
+  Open({"WWWWWWWW", "W1.2345W", "WWWWWWWW"});
+  EXPECT_EQ(window->Message().Text(), QString::fromStdString(WithNumber(skin.Words().At(91), " 5-9", 5)));
+  EXPECT_TRUE(window->Message().Text().contains(" 5"));
+}
+
+TEST_F(HraWindowTest, ChangesTheDogWithTabAndTheKeypad) {
+  Open({"WWWWWWWW", "W1.2.3.W", "WWWWWWWW"});
+  QTest::keyClick(window.get(), Qt::Key_Tab);
+  EXPECT_TRUE(Wait([&] { return window->Machine().ActiveDog == 2; }));
+  QTest::keyClick(window.get(), Qt::Key_1, Qt::KeypadModifier);
+  EXPECT_TRUE(Wait([&] { return window->Machine().ActiveDog == 1; }));
+  QTest::keyPress(window.get(), Qt::Key_Shift);
+  QTest::keyClick(window.get(), Qt::Key_Backtab, Qt::ShiftModifier);
+  EXPECT_TRUE(Wait([&] { return window->Machine().ActiveDog == 3; }));
 }
 
 TEST_F(HraWindowTest, HasNoStripOfUnitsForOneDog) {
@@ -341,6 +223,39 @@ TEST_F(HraWindowTest, PlaysARecordToTheSameEndAtAnySpeed) {
   EXPECT_EQ(scores, (std::vector<int>{run.Win->Score, run.Win->Score}));
 }
 
+// The settings
+
+TEST_F(HraWindowTest, StandsStillWhileTheSettingsAreOpenAndGoesOnBehindThem) {
+  Open(Corridor());
+  QSet<int> seen;
+  EditSettings([&](QWidget& dialog) {
+    for (int look = 0; look < 20; ++look) {
+      seen.insert(window->Machine().Ticks);
+      QTest::qWait(5);
+    }
+    QTest::keyClick(&dialog, Qt::Key_Escape);
+  });
+  EXPECT_EQ(seen.size(), 1);
+  EXPECT_TRUE(TicksPass(2));
+}
+
+TEST_F(HraWindowTest, DoesNotStartWhatStoodStillBeforeTheSettings) {
+  Open(Corridor());
+  window->Stop();
+  EditSettings([](QWidget& dialog) { QTest::keyClick(&dialog, Qt::Key_Return); });
+  EXPECT_FALSE(window->Ticking());
+}
+
+TEST_F(HraWindowTest, TakesTheSpeedOfTheSettingsAtOnce) {
+  Open(Corridor());
+  EditSettings([](QWidget& dialog) {
+    dialog.findChildren<SkinScale*>().at(0)->setValue(1);
+    QTest::keyClick(&dialog, Qt::Key_Return);
+  });
+  EXPECT_EQ(settings.Speed, 10);
+  EXPECT_EQ(window->Interval(), 181);
+}
+
 // Hidden things
 
 TEST_F(HraWindowTest, ShowsHiddenThingsFromTheNextCaveOn) {
@@ -353,6 +268,21 @@ TEST_F(HraWindowTest, ShowsHiddenThingsFromTheNextCaveOn) {
   EXPECT_FALSE(hidden.isNull());
 }
 
+TEST_F(HraWindowTest, ShowsHiddenThingsAtOnceWhenThatIsChosen) {
+  Open({"WWWWWWWWW", "W1M;E;V;W", "W.T;;;;;W", "WWWWWWWWW"}, {.needed = 5});
+  ASSERT_NE(window->Painter().PictureAt(2, 1).Pic, kSetNoSurprise);
+  EditSettings([](QWidget& dialog) {
+    dialog.findChildren<SkinCheck*>().at(0)->click();
+    QTest::keyClick(&dialog, Qt::Key_Return);
+  });
+  EXPECT_TRUE(settings.NoSurprise);
+  EXPECT_EQ(window->Painter().PictureAt(2, 1), (CellPicture{kSetNoSurprise, 0, 0}));
+  EXPECT_EQ(window->Painter().PictureAt(4, 1), (CellPicture{kSetNoSurprise, 0, 1}));
+  EXPECT_EQ(window->Painter().PictureAt(6, 1), (CellPicture{kSetNoSurprise, 0, 2}));
+  EXPECT_EQ(window->Painter().PictureAt(2, 2), (CellPicture{kSetNoSurprise, 0, 3}));
+  EXPECT_NE(window->Painter().PictureAt(7, 1).Pic, kSetNoSurprise);
+}
+
 // The picture
 
 TEST_F(HraWindowTest, LaysItselfOutAnewWhenItsSizeChanges) {
@@ -362,6 +292,73 @@ TEST_F(HraWindowTest, LaysItselfOutAnewWhenItsSizeChanges) {
   EXPECT_EQ(window->PlayArea().geometry(), LayOut({1000, 700}, 1).ram);
   EXPECT_EQ(window->Bar().geometry(), LayOut({1000, 700}, 1).imOk1);
   EXPECT_FALSE(window->PlayArea().Picture().isNull());
+}
+
+TEST_F(HraWindowTest, FitsIntoTheSmallestScreenAtTheLargestScale) {
+  // 1024 x 768 with two pixels to a unit, below a caption
+  EXPECT_LE(window->minimumWidth(), 512);
+  EXPECT_LE(window->minimumHeight(), 384 - 40);
+}
+
+TEST_F(HraWindowTest, FillsTheScreenWithF11AndGoesBack) {
+  Open(Corridor());
+  QTest::keyClick(window.get(), Qt::Key_F11);
+  EXPECT_TRUE(window->windowState().testFlag(Qt::WindowFullScreen));
+  EXPECT_TRUE(TicksPass(2));
+  QTest::keyClick(window.get(), Qt::Key_F11);
+  EXPECT_FALSE(window->windowState().testFlag(Qt::WindowFullScreen));
+  EXPECT_TRUE(TicksPass(2));
+}
+
+TEST_F(HraWindowTest, KeepsPaceWithTheScreenThatItIsMovedTo) {
+  Open(Corridor());
+  ASSERT_EQ(window->Interval(), TimerInterval(2));
+  settings.Speed = 4;
+  emit window->windowHandle()->screenChanged(window->screen());
+  EXPECT_EQ(window->Interval(), TimerInterval(4));
+}
+
+// What the play picture showed, picture by picture: the tick and the column of the dog.
+class Pictures : public QObject {
+ public:
+  explicit Pictures(HraWindow& window) : window_(window), ram_(window.findChild<Ram*>()) {
+    ram_->installEventFilter(this);
+  }
+
+  std::map<int, int> shown;
+
+ protected:
+  bool eventFilter(QObject* /*object*/, QEvent* event) override {
+    if (event->type() == QEvent::Paint) shown[window_.Machine().Ticks] = window_.Machine().Dog[1].x;
+    return false;
+  }
+
+ private:
+  HraWindow& window_;
+  Ram* ram_;
+};
+
+TEST_F(HraWindowTest, ShowsEveryTickOfTheLargestCaveAtTheFastestSpeedAndSeesAKeyByTheNext) {
+  settings.Speed = 1;
+  test::Picture cave(60, "W" + std::string(98, ';') + "W");
+  cave.front() = cave.back() = std::string(100, 'W');
+  cave[1] = "W1" + std::string(97, '.') + "W";
+  Show();
+  window->resize(1920, 1080);
+  ASSERT_FALSE(window->Start(CaveTextOf(cave), RunKind::Play));
+  Pictures pictures(*window);
+  ASSERT_TRUE(TicksPass(1));
+  const int first = window->Machine().Ticks;
+  for (int step = 1; step <= 20; ++step) {
+    const int tick = window->Machine().Ticks;
+    QTest::keyClick(window.get(), Qt::Key_Right);
+    ASSERT_TRUE(TicksPass(1));
+    EXPECT_EQ(pictures.shown[tick + 1], 1 + step) << "after tick " << tick;
+    ASSERT_TRUE(TicksPass(2));
+  }
+  for (int tick = first; tick <= window->Machine().Ticks; ++tick) {
+    EXPECT_TRUE(pictures.shown.contains(tick)) << "tick " << tick << " after " << first;
+  }
 }
 
 TEST_F(HraWindowTest, FlashesWhenTheFinishOpens) {

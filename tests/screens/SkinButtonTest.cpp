@@ -16,6 +16,10 @@ using test::Strips;
 
 const std::vector<QColor> kCheckLooks = {Qt::red, Qt::green, Qt::blue, Qt::cyan, Qt::magenta, Qt::yellow};
 
+// Places in the window below.
+constexpr QPoint kInside{60, 45};  // on the button
+constexpr QPoint kOutside{10, 10};
+
 // A window with one button, and room beside it for the pointer.
 template <class Button>
 class OneButton {
@@ -44,9 +48,6 @@ class OneButton {
 
   QColor Look() { return button->grab().toImage().pixelColor(5, button->height() / 2); }
 
-  static constexpr QPoint kInside{60, 45};
-  static constexpr QPoint kOutside{10, 10};
-
  private:
   QWidget window_;
 
@@ -71,43 +72,43 @@ TEST_F(SkinButtonTest, IsAsLargeAsOneLook) {
 
 TEST_F(SkinButtonTest, ChangesItsLookUnderThePointer) {
   EXPECT_EQ(stage_.Look(), kLooks[0]);
-  stage_.Point(stage_.kInside);
+  stage_.Point(kInside);
   EXPECT_EQ(stage_.Look(), kLooks[1]);
-  stage_.Point(stage_.kOutside);
+  stage_.Point(kOutside);
   EXPECT_EQ(stage_.Look(), kLooks[0]);
 }
 
 TEST_F(SkinButtonTest, ActsWhenItIsLetGoWithThePointerInside) {
-  stage_.Point(stage_.kInside);
-  stage_.Press(stage_.kInside);
+  stage_.Point(kInside);
+  stage_.Press(kInside);
   EXPECT_EQ(stage_.Look(), kLooks[2]);
   EXPECT_EQ(clicks_.count(), 0);
-  stage_.Release(stage_.kInside);
+  stage_.Release(kInside);
   EXPECT_EQ(clicks_.count(), 1);
   EXPECT_EQ(stage_.Look(), kLooks[1]);
 }
 
 TEST_F(SkinButtonTest, DoesNothingWhenThePointerSlidOff) {
-  stage_.Point(stage_.kInside);
-  stage_.Press(stage_.kInside);
-  stage_.Point(stage_.kOutside);
+  stage_.Point(kInside);
+  stage_.Press(kInside);
+  stage_.Point(kOutside);
   EXPECT_EQ(stage_.Look(), kLooks[2]) << "it stays pressed while it is held";
-  stage_.Release(stage_.kOutside);
+  stage_.Release(kOutside);
   EXPECT_EQ(stage_.Look(), kLooks[0]);
   EXPECT_EQ(clicks_.count(), 0);
 }
 
 TEST_F(SkinButtonTest, ActsWhenThePointerSlidOffAndCameBack) {
-  stage_.Press(stage_.kInside);
-  stage_.Point(stage_.kOutside);
-  stage_.Point(stage_.kInside);
-  stage_.Release(stage_.kInside);
+  stage_.Press(kInside);
+  stage_.Point(kOutside);
+  stage_.Point(kInside);
+  stage_.Release(kInside);
   EXPECT_EQ(clicks_.count(), 1);
 }
 
 TEST_F(SkinButtonTest, LeavesTheFocusWhereItIs) {
-  stage_.Press(stage_.kInside);
-  stage_.Release(stage_.kInside);
+  stage_.Press(kInside);
+  stage_.Release(kInside);
   EXPECT_FALSE(stage_.button->hasFocus());
   EXPECT_EQ(stage_.button->focusPolicy(), Qt::NoFocus);
 }
@@ -145,11 +146,11 @@ TEST_P(PlainButtonTest, IsAPlainButtonWithItsText) {
   EXPECT_GT(stage.button->width(), stage.button->fontMetrics().horizontalAdvance("Tlačítko bez obrázku"));
   EXPECT_GT(stage.button->height(), stage.button->fontMetrics().height());
   const QColor normal = stage.Look();
-  stage.Point(stage.kInside);
+  stage.Point(kInside);
   EXPECT_NE(stage.Look(), normal);
-  stage.Press(stage.kInside);
+  stage.Press(kInside);
   EXPECT_NE(stage.Look(), normal);
-  stage.Release(stage.kInside);
+  stage.Release(kInside);
   EXPECT_EQ(clicks.count(), 1);
 }
 
@@ -170,21 +171,21 @@ class SkinCheckTest : public testing::Test {
 
 TEST_F(SkinCheckTest, HasThreeLooksOffAndThreeOn) {
   for (const std::size_t first : {0U, 3U}) {
-    stage_.Point(stage_.kOutside);
+    stage_.Point(kOutside);
     EXPECT_EQ(stage_.Look(), kCheckLooks[first]);
-    stage_.Point(stage_.kInside);
+    stage_.Point(kInside);
     EXPECT_EQ(stage_.Look(), kCheckLooks[first + 1]);
-    stage_.Press(stage_.kInside);
+    stage_.Press(kInside);
     EXPECT_EQ(stage_.Look(), kCheckLooks[first + 2]);
-    stage_.Release(stage_.kInside);
+    stage_.Release(kInside);
     EXPECT_EQ(stage_.button->isChecked(), first == 0);
   }
 }
 
 TEST_F(SkinCheckTest, StaysAsItIsWhenThePointerSlidOff) {
-  stage_.Press(stage_.kInside);
-  stage_.Point(stage_.kOutside);
-  stage_.Release(stage_.kOutside);
+  stage_.Press(kInside);
+  stage_.Point(kOutside);
+  stage_.Release(kOutside);
   EXPECT_FALSE(stage_.button->isChecked());
   EXPECT_EQ(stage_.Look(), kCheckLooks[0]);
 }

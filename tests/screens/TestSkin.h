@@ -59,22 +59,27 @@ class TestSkin {
 // kept for that.
 class InDialog {
  public:
-  explicit InDialog(std::function<void(QWidget& dialog)> act) {
-    QTimer::singleShot(0, &guard_, [this, act = std::move(act)] {
-      QWidget* const dialog = QApplication::activeModalWidget();
-      if (dialog == nullptr) return;
-      opened_ = true;
-      act(*dialog);
-      stayed_ = dialog->isVisible();
-      if (stayed_) dialog->close();
-    });
+  explicit InDialog(std::function<void(QWidget& dialog)> act) : act_(std::move(act)) {
+    timer_.setSingleShot(true);
+    QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] { Act(); });
+    timer_.start(0);
   }
 
   bool Opened() const { return opened_; }
   bool Stayed() const { return stayed_; }
 
  private:
-  QObject guard_;
+  void Act() {
+    QWidget* const dialog = QApplication::activeModalWidget();
+    if (dialog == nullptr) return;
+    opened_ = true;
+    act_(*dialog);
+    stayed_ = dialog->isVisible();
+    if (stayed_) dialog->close();
+  }
+
+  std::function<void(QWidget&)> act_;
+  QTimer timer_;
   bool opened_ = false;
   bool stayed_ = false;
 };

@@ -67,6 +67,22 @@ TEST(TopBar, ShowsTheStateOfTheViewOnLabel1) {
   EXPECT_EQ(Button(bar, "Label1")->Caption(), "¨");
 }
 
+TEST(TopBar, ShowsAllUnitsWhereThereIsLittleRoom) {
+  TopBar bar(nullptr);
+  bar.resize(507, kTopBar);
+  bar.ShowLabel1(true);
+  bar.ShowUnits(9, 300);
+  const QRect psi = bar.Places().psi;
+  const QImage empty = bar.grab(psi).toImage();
+  bar.DrawDogN(9, 0);
+  const QImage drawn = bar.grab(psi).toImage();
+  ASSERT_EQ(drawn.size(), empty.size());
+  const QRect lastSlot(drawn.width() * 9 / 10, 0, drawn.width() / 10, drawn.height());
+  EXPECT_NE(drawn.copy(lastSlot), empty.copy(lastSlot));
+  const QRect others(0, 0, drawn.width() * 9 / 10 - 1, drawn.height());
+  EXPECT_EQ(drawn.copy(others), empty.copy(others));
+}
+
 TEST(TopBar, HasAStripOfUnitsWhenTheyAreShown) {
   TopBar bar(nullptr);
   bar.resize(1000, kTopBar);

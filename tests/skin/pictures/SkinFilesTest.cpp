@@ -292,7 +292,8 @@ TEST_F(SkinFiles, InEnglishReplaceEveryWordAndNoPlaceOrColour) {
     EXPECT_NE(english.Text(key), "") << key;
   }
   for (const auto& [key, value] : english.Values) {
-    if (key.compare(0, 8, "caption.") == 0) continue;
+    // Where the pages of the help lie is a matter of the language, too.
+    if (key.compare(0, 8, "caption.") == 0 || key == "help.folder") continue;
     EXPECT_TRUE(EndsWith(key, "text")) << key;
     EXPECT_EQ(keys_.Values.count(key), 1U) << key;
   }

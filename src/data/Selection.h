@@ -1,0 +1,74 @@
+#pragma once
+
+#include <string>
+
+#include "data/Collection.h"
+#include "data/Progress.h"
+#include "data/Result.h"
+
+namespace zorik {
+
+// A player among the caves of a collection: what he may play, what he has won, and where he stands. It is
+// read once and then kept up in memory. Caves count from 1; texts and names are bytes in Windows-1250, paths
+// UTF-8.
+class Selection {
+ public:
+  // Reads a collection file and the records in the player's folder, and selects cave 1. Fails when the
+  // collection cannot be read or has no cave.
+  static Result<Selection> LoadColl(const std::string& path, std::string player, std::string playerFolder);
+
+  const PlayedCollection& Collection() const { return collection_; }
+  int CaveCount() const { return static_cast<int>(collection_.Caves.size()); }
+  const PlayedCave& Cave(int number) const { return collection_.Caves[Index(number) - 1]; }
+  CaveState State(int number) const { return progress_.CaveStates[Index(number)]; }
+
+  // The points that the list shows for a cave.
+  int Score(int number) const { return progress_.Scores[Index(number)]; }
+
+  int Total() const { return progress_.Total; }
+  int Rest() const { return progress_.Rest; }
+
+  int Selected() const { return selected_; }
+  // A number that no cave has is ignored.
+  void Select(int number);
+
+  // The last cave before this one that is open and not solved; 0 for none.
+  int OpenCaveBefore(int number) const;
+
+  // Whether a score is at least as good as that of the stored record of the selected cave.
+  bool JeLepsi(int score) const;
+
+  // Replaces the record of the selected cave, made for this score, as a whole. A failure changes nothing.
+  Result<Done> StoreRecord(const std::string& bytes, int score);
+
+  // The selected cave has just been won: it is solved by this player, the caves behind it open up to the
+  // first one that is no bonus cave, and the next cave is selected.
+  void Prosel(int total, bool bonus);
+
+  // The player's record of the selected cave: the name that it goes by, and its file, there or not.
+  std::string RecordName() const;
+  std::string RecordPath() const;
+
+  const std::string& PlayerFolder() const { return playerFolder_; }
+
+  // What the player reads when no cave is left; "$P" has become his points.
+  std::string Congratulation() const;
+
+ private:
+  Selection(PlayedCollection collection, std::string player, std::string playerFolder);
+
+  static std::size_t Index(int number) { return static_cast<std::size_t>(number); }
+  bool IsCave(int number) const { return number >= 1 && number <= CaveCount(); }
+
+  PlayedCollection collection_;
+  std::string playerFolder_;
+  Progress progress_;
+  std::array<int, kMostCaves + 1>
+      stored_{};  // scores of the records on the disk, which may be the better ones
+  int selected_ = 1;
+};
+
+// A sum of scores as five digits, or more if it has more.
+std::string FiveDigits(int score);
+
+}  // namespace zorik

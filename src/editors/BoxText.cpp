@@ -1,0 +1,29 @@
+#include "editors/BoxText.h"
+
+#include <QRegularExpression>
+
+#include "data/Cp1250.h"
+
+namespace zorik {
+
+QString ToBox(const std::string& bytes) {
+  QString text = QString::fromStdString(ToUtf8(bytes));
+  return text.replace("\r\n", "\n").replace('\r', '\n');
+}
+
+std::string FromBox(const QString& text) {
+  // A letter and its accent may come apart.
+  QString whole = text.normalized(QString::NormalizationForm_C);
+  return FromUtf8WithGaps(whole.replace("\n", "\r\n").toStdString());
+}
+
+QString AsKept(const QString& text) {
+  return ToBox(FromBox(text));
+}
+
+QString AsKeptLine(QString text) {
+  static const QRegularExpression breaks("[\\r\\n\\x{2028}\\x{2029}]+");
+  return AsKept(text.replace(breaks, " "));
+}
+
+}  // namespace zorik

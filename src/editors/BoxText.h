@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QString>
+#include <string>
+
+namespace zorik {
+
+// Between the texts of the files, Windows-1250 with any line ends, and what stands in a text box.
+
+// What a box shows; its line breaks are LF.
+QString ToBox(const std::string& bytes);
+
+// What is kept of it; its line breaks are CR LF, and letters that Windows-1250 lacks become "?".
+std::string FromBox(const QString& text);
+
+// A text as it will be shown again when it has been kept.
+QString AsKept(const QString& text);
+
+// The same in one line.
+QString AsKeptLine(QString text);
+
+}  // namespace zorik

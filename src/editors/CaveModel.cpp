@@ -1,0 +1,250 @@
+#include "editors/CaveModel.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "editors/ToolTable.h"
+
+namespace zorik {
+namespace {
+
+constexpr char kEmpty = '.';
+constexpr char kAmoebaLetter = 'A';
+
+template <class Visit>
+void ForEachCell(int width, int height, Visit visit) {
+  for (int y = 0; y < height; ++y) {
+    for (int x = 0; x < width; ++x) visit(x, y);
+  }
+}
+
+}  // namespace
+
+// Opening
+
+Result<std::vector<Correction>> CaveModel::OpenCave(std::string_view text) {
+  const Result<CaveRecord> cave = ParseCaveText(text);
+  if (!cave) return Failure{cave.Message()};
+  text_ = text;
+  undo_.clear();
+  redo_.clear();
+  stroke_.reset();
+  return Enter(*cave);
+}
+
+std::vector<Correction> CaveModel::Restore() {
+  EndStroke();
+  State before = state_;
+  std::vector<Correction> report = Enter(*ParseCaveText(text_));
+  Step(std::move(before));
+  return report;
+}
+
+std::vector<Correction> CaveModel::Enter(const CaveRecord& cave) {
+  state_ = {cave, 0};
+  // A dog without a number is the first one.
+  for (auto& column : state_.cave.Cells) std::replace(column.begin(), column.end(), 'H', '1');
+  SetRozm();
+  state_.amoebas = 0;
+
+  Formality formality = FormalityOf(state_.cave);
+  std::vector<Correction> report = Correct(formality);
+  const auto& alike = kColourings[formality.Colouring].alike;
+  if (std::find(alike.begin(), alike.end(), cave.Colouring) == alike.end()) {
+    report.push_back({.label = kLabelOfColouring, .entry = kColourings[formality.Colouring].caption});
+  }
+  TakeProperties(formality);
+  state_.amoebas = NuOfOb(kAmoebaLetter);
+  PaintAll();
+  return report;
+}
+
+// Column by column: what has no tile is painted like the cell before.
+void CaveModel::PaintAll() {
+  painted_ = {};
+  std::int8_t tool = 0;
+  for (int x = 0; x < Width(); ++x) {
+    for (int y = 0; y < Height(); ++y) {
+      const int known = ToolOfLetter(At(x, y));
+      if (known >= 0) tool = static_cast<std::int8_t>(known);
+      painted_[static_cast<std::size_t>(x)][static_cast<std::size_t>(y)] = tool;
+    }
+  }
+}
+
+int CaveModel::PictureAt(int x, int y) const {
+  const int known = ToolOfLetter(At(x, y));
+  return known >= 0 ? known : painted_[static_cast<std::size_t>(x)][static_cast<std::size_t>(y)];
+}
+
+// What is cut off stays as it is, and comes back when the cave grows again.
+void CaveModel::SetRozm() {
+  CaveRecord& cave = state_.cave;
+  cave.Width = static_cast<std::uint8_t>(std::clamp<int>(cave.Width, kLeastSide, kMostWidth));
+  cave.Height = static_cast<std::uint8_t>(std::clamp<int>(cave.Height, kLeastSide, kMostHeight));
+  ForEachCell(Width(), Height(), [this](int x, int y) {
+    if (At(x, y) == '\0') Cell(x, y) = kEmpty;
+  });
+}
+
+// Counting
+
+int CaveModel::NuOfOb(char letter) const {
+  int count = 0;
+  ForEachCell(Width(), Height(), [&](int x, int y) { count += At(x, y) == letter ? 1 : 0; });
+  return count;
+}
+
+int CaveModel::SpoctiDrh() const {
+  int count = 0;
+  ForEachCell(Width() + 1, Height() + 1, [&](int x, int y) { count += At(x, y) == 'D' ? 1 : 0; });
+  return count;
+}
+
+int CaveModel::SpoctiPsy() const {
+  int count = 0;
+  ForEachCell(Width() + 1, Height() + 1, [&](int x, int y) { count += ValueOf(At(x, y)) != 0 ? 1 : 0; });
+  return count;
+}
+
+std::optional<int> CaveModel::MissingDog() const {
+  std::array<bool, 10> occurs{};
+  int top = 0;
+  ForEachCell(Width(), Height(), [&](int x, int y) {
+    const int dog = ValueOf(At(x, y));
+    occurs[static_cast<std::size_t>(dog)] = true;
+    top = std::max(top, dog);
+  });
+  if (top == 0) return 0;
+  for (int dog = 1; dog <= top; ++dog) {
+    if (!occurs[static_cast<std::size_t>(dog)]) return dog;
+  }
+  return std::nullopt;
+}
+
+// Drawing
+
+void CaveModel::Put(int x, int y, char letter) {
+  if (At(x, y) == kAmoebaLetter) --state_.amoebas;
+  Cell(x, y) = letter;
+  if (letter == kAmoebaLetter) ++state_.amoebas;
+}
+
+// A dog's number stands once in a cave, the column and the row behind its edge included.
+bool CaveModel::TakeDogAway(int x, int y, char letter) {
+  bool away = false;
+  ForEachCell(Width() + 1, Height() + 1, [&](int otherX, int otherY) {
+    if (At(otherX, otherY) != letter || (otherX == x && otherY == y)) return;
+    Cell(otherX, otherY) = kEmpty;
+    away = true;
+  });
+  return away;
+}
+
+bool CaveModel::Draw(int x, int y, char letter) {
+  if (!Inside(x, y)) return false;
+  const bool single = !stroke_;
+  State before = single ? state_ : State{};
+  bool changed = DogNumber(letter) != 0 && TakeDogAway(x, y, letter);
+  if (At(x, y) != letter) {
+    Put(x, y, letter);
+    changed = true;
+  }
+  if (single) Step(std::move(before));
+  return changed;
+}
+
+void CaveModel::BeginStroke() {
+  EndStroke();
+  stroke_ = state_;
+}
+
+void CaveModel::EndStroke() {
+  if (!stroke_) return;
+  State before = *std::move(stroke_);
+  stroke_.reset();
+  Step(std::move(before));
+}
+
+// Replacing
+
+void CaveModel::ReplaceO(char p, char l, int n) {
+  EndStroke();
+  State before = state_;
+  int found = 0;
+  ForEachCell(Width(), Height(), [&](int x, int y) {
+    if (At(x, y) == p && ++found % n == 0) Put(x, y, l);
+  });
+  Step(std::move(before));
+}
+
+void CaveModel::ReplaceRandom(char p, char l, int wanted, Chance& rnd) {
+  EndStroke();
+  State before = state_;
+  const int count = NuOfOb(p);
+  int left = std::min(wanted == 0 ? count / 2 : wanted, count);
+  while (left > 0) {
+    const int x = static_cast<int>(rnd.Below(static_cast<std::uint32_t>(Width())));
+    const int y = static_cast<int>(rnd.Below(static_cast<std::uint32_t>(Height())));
+    if (At(x, y) != p) continue;
+    Put(x, y, l);
+    --left;
+  }
+  Step(std::move(before));
+}
+
+void CaveModel::MakeFrame(char l) {
+  EndStroke();
+  State before = state_;
+  for (int x = 0; x < Width(); ++x) Cell(x, 0) = Cell(x, Height() - 1) = l;
+  for (int y = 0; y < Height(); ++y) Cell(0, y) = Cell(Width() - 1, y) = l;
+  Step(std::move(before));
+}
+
+// Properties
+
+void CaveModel::TakeProperties(const Formality& formality) {
+  const int before = NuOfOb(kAmoebaLetter);
+  TakeFormality(formality, state_.cave);
+  SetRozm();
+  state_.amoebas += NuOfOb(kAmoebaLetter) - before;
+}
+
+void CaveModel::SetProperties(const Formality& formality) {
+  EndStroke();
+  State before = state_;
+  TakeProperties(formality);
+  Step(std::move(before));
+}
+
+void CaveModel::SaveScript(const std::string& script) {
+  EndStroke();
+  State before = state_;
+  state_.cave.Script = script;
+  Step(std::move(before));
+}
+
+// Undoing
+
+void CaveModel::Step(State before) {
+  if (state_ == before) return;
+  redo_.clear();
+  undo_.push_back(std::move(before));
+  if (undo_.size() > kMostSteps) undo_.pop_front();
+}
+
+void CaveModel::Undo() {
+  EndStroke();
+  if (undo_.empty()) return;
+  redo_.push_back(std::exchange(state_, std::move(undo_.back())));
+  undo_.pop_back();
+}
+
+void CaveModel::Redo() {
+  EndStroke();
+  if (redo_.empty()) return;
+  undo_.push_back(std::exchange(state_, std::move(redo_.back())));
+  redo_.pop_back();
+}
+
+}  // namespace zorik

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QWidget>
+
+#include "editors/EditKom.h"
+
+class QScrollBar;
+
+namespace zorik {
+
+// The window onto the picture of the cave, with its two scroll bars, whose steps are half a cell. Ctrl with
+// the wheel zooms, and the cell under the pointer stays where it is.
+class CaveView : public QWidget {
+  Q_OBJECT
+
+ public:
+  static constexpr int kColumns = 19;  // cells that always fit in at the usual size
+  static constexpr int kRows = 11;
+
+  CaveView(const CaveModel& cave, EditTiles& tiles, QWidget* parent);
+
+  EditKom& Picture() { return *edit_; }
+
+  // The cave has another size: scrolls back to its beginning.
+  void SetRozm();
+
+  // Another size of a cell, by so many steps up or down, around a place in the picture.
+  void Zoom(int steps, QPoint around);
+  void Zoom(int steps);
+  void ZoomUsual();
+
+ signals:
+  void Zoomed();
+
+ protected:
+  bool eventFilter(QObject* object, QEvent* event) override;
+
+ private:
+  void SetCellSize(int cell, QPoint around);
+  void SetRanges();
+  void MovePicture();
+  void Show(QPoint cell);
+  void Wheel(QWheelEvent& event);
+
+  QWidget* ram_;
+  EditKom* edit_;
+  QScrollBar* hScroll_;
+  QScrollBar* vScroll_;
+  int wheel_ = 0;  // what is left of turns of the wheel, in its units
+};
+
+}  // namespace zorik

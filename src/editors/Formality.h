@@ -1,0 +1,114 @@
+#pragma once
+
+#include <array>
+#include <climits>
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "data/CaveO.h"
+
+namespace zorik {
+
+// The numbers among a cave's properties, in the order in which they are confirmed.
+enum class CaveNumber {
+  Width,
+  Height,
+  Time,
+  GemsNeeded,
+  PointsBefore,
+  PointsAfter,
+  MagicWallTime,
+  AmoebaTime,
+  SlimePermeability,
+};
+inline constexpr std::size_t kCaveNumbers = 9;
+
+// What the dialog knows of a number.
+struct NumberRow {
+  CaveNumber number;
+  const char* control;  // name of its box
+  int label;            // place of its label in the language table
+  int digits;           // that can be typed
+  int lower;
+  int upper;
+};
+inline constexpr std::array<NumberRow, kCaveNumbers> kNumberRows{{
+    {CaveNumber::Width, "Text1", 119, 2, 5, 100},
+    {CaveNumber::Height, "Text2", 120, 2, 5, 60},
+    {CaveNumber::Time, "Text5", 121, 3, 5, INT_MAX},
+    {CaveNumber::GemsNeeded, "Text6", 122, 3, 0, INT_MAX},
+    {CaveNumber::PointsBefore, "Text9", 123, 2, 0, INT_MAX},
+    {CaveNumber::PointsAfter, "Text10", 124, 2, 0, INT_MAX},
+    {CaveNumber::MagicWallTime, "Text7", 125, 3, 1, 150},
+    {CaveNumber::AmoebaTime, "Text8", 126, 3, 1, 150},
+    {CaveNumber::SlimePermeability, "Text11", 127, 1, 0, 8},
+}};
+inline constexpr int kLabelOfName = 117;
+inline constexpr int kLabelOfDescription = 118;
+inline constexpr int kLabelOfColouring = 128;
+
+// An entry of the list of colourings: the number that it stands for in the cave, and all numbers that the
+// game takes for the same.
+struct ColouringRow {
+  int number;
+  std::string_view scheme;
+  std::array<int, 3> alike;
+  int caption;  // place in the language table
+};
+inline constexpr std::array<ColouringRow, 5> kColourings{{
+    {4, "Classic", {3, 4, 9}, 181},
+    {10, "Cold", {2, 5, 10}, 182},
+    {11, "Hot", {0, 8, 11}, 183},
+    {12, "Natural", {6, 7, 12}, 184},
+    {13, "Mystery", {1, 13, 14}, 185},
+}};
+
+// The entry that shows a colouring. The numbers below 10 all go by the first one, though the game knows
+// better, and so does what no cave should have.
+std::size_t EntryOfColouring(int colouring);
+
+// A cave's properties as the dialog holds them; texts are bytes in Windows-1250.
+struct Formality {
+  std::string Name;
+  std::string Description;
+  std::array<int, kCaveNumbers> Numbers{};
+  std::size_t Colouring = 0;  // an entry of the list
+
+  int Number(CaveNumber number) const { return Numbers[static_cast<std::size_t>(number)]; }
+  bool operator==(const Formality&) const = default;
+};
+
+Formality FormalityOf(const CaveRecord& cave);
+
+// Takes the properties into a cave. Its size may be larger than the editor lets through.
+void TakeFormality(const Formality& formality, CaveRecord& cave);
+
+// A line of the report on what was wrong.
+struct Correction {
+  int label = 0;               // place in the language table
+  std::optional<int> limit{};  // that the value has now
+  std::optional<int> entry{};  // place of the entry that is chosen now
+
+  bool operator==(const Correction&) const = default;
+};
+
+// Puts all values within their limits and cleans the spelling of both texts.
+std::vector<Correction> Correct(Formality& formality);
+
+// The label of a property that a cave text has no room for, as a place in the language table.
+std::optional<int> LabelWithoutRoom(const CaveRecord& cave);
+
+// When an amoeba turns to stone.
+struct Petrifying {
+  int cells = 0;  // that it grows until then
+  int time = 0;   // seconds that this takes
+};
+Petrifying ComputePetrifying(int width, int height, int amoebas, int amoebaTime);
+
+// The odds are 1 to this that something passes through slime of a permeability from 1 to 7.
+int SlimeOdds(int permeability);
+
+}  // namespace zorik

@@ -1,0 +1,320 @@
+#include "editors/FrmFormality.h"
+
+#include <QComboBox>
+#include <QGridLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QRegularExpressionValidator>
+#include <QTextCursor>
+#include <QTextDocument>
+#include <algorithm>
+
+#include "data/Cp1250.h"
+#include "editors/Marks.h"
+#include "editors/WindowPlace.h"
+#include "screens/MsgBox.h"
+#include "skin/Skin.h"
+
+namespace zorik {
+namespace {
+
+// The buttons, Command1 to Command8.
+enum CommandPlace : std::size_t { kOk, kCancel, kBonus, kGems, kTimePoints, kWhatThen, kSlime, kPetrifying };
+constexpr std::array<int, 8> kCaptions{0, 186, 187, 188, 189, 190, 191, 192};  // the first has a key
+
+constexpr int kAllColumns = 3;    // beside the labels
+constexpr int kNumberWidth = 10;  // in digits
+constexpr int kDescriptionLines = 4;
+
+QString Plain(const std::string& bytes) {
+  QString text = QString::fromStdString(ToUtf8(bytes));
+  return text.replace("\r\n", "\n").replace('\r', '\n');
+}
+
+std::string Bytes(QString text) {
+  return FromUtf8WithGaps(text.replace("\n", "\r\n").toStdString());
+}
+
+// Letters that no cave text can hold have become question marks.
+bool HasGaps(const QString& text) {
+  return !FromUtf8(text.toStdString());
+}
+
+void ReportGaps(const QString& text, int label, std::vector<Correction>& report) {
+  const Correction line{.label = label};
+  if (HasGaps(text) && std::find(report.begin(), report.end(), line) == report.end()) report.push_back(line);
+}
+
+int LettersWidth(const QWidget& widget, int letters) {
+  return widget.fontMetrics().horizontalAdvance(QString(letters, '0'));
+}
+
+}  // namespace
+
+FrmFormality::FrmFormality(Skin& skin, const CaveModel& cave, QWidget* parent)
+    : QDialog(parent),
+      skin_(skin),
+      cave_(cave),
+      name_(new QLineEdit(this)),
+      description_(new QPlainTextEdit(this)),
+      colouring_(new QComboBox(this)),
+      lblName_(new QLabel(this)),
+      lblDescription_(new QLabel(this)),
+      lblColouring_(new QLabel(this)) {
+  setObjectName("frmFormality");
+  setModal(true);
+  name_->setObjectName("Text3");
+  description_->setObjectName("Text4");
+  description_->setTabChangesFocus(true);
+  description_->setMinimumHeight(description_->fontMetrics().lineSpacing() * (kDescriptionLines + 1));
+  colouring_->setObjectName("Combo1");
+  for (const NumberRow& row : kNumberRows) {
+    const auto place = static_cast<std::size_t>(row.number);
+    auto* const box = new QLineEdit(this);
+    box->setObjectName(row.control);
+    // Not by the longest text of the box, which would shorten a longer number of the cave, too.
+    const QString digits = QString("[0-9]{0,%1}").arg(row.digits);
+    box->setValidator(new QRegularExpressionValidator(QRegularExpression(digits), box));
+    box->setFixedWidth(LettersWidth(*box, kNumberWidth));
+    numbers_[place] = box;
+    lblNumbers_[place] = new QLabel(this);
+  }
+  AddButtons();
+  LayOut();
+  connect(description_->document(), &QTextDocument::contentsChange, this,
+          [this](int position, int /*removed*/, int added) { LimitDescription(position, added); });
+  SetLWEd();
+  if (!RestoreSize(*this)) resize(minimumSizeHint());
+}
+
+void FrmFormality::AddButtons() {
+  for (std::size_t i = 0; i < commands_.size(); ++i) {
+    commands_[i] = new QPushButton(this);
+    commands_[i]->setObjectName(QString("Command%1").arg(i + 1));
+    commands_[i]->setAutoDefault(false);
+  }
+  commands_[kOk]->setDefault(true);
+  const auto on = [this](CommandPlace place, auto act) {
+    connect(commands_[place], &QPushButton::clicked, this, act);
+  };
+  on(kOk, [this] { Confirm(); });
+  on(kCancel, [this] { reject(); });
+  on(kBonus, [this] { AskBonus(); });
+  on(kGems, [this] { AskGems(); });
+  on(kTimePoints, [this] { Answer(138, skin_.Text(139)); });
+  on(kWhatThen, [this] { Answer(140, skin_.Text(141)); });
+  on(kSlime, [this] { AskSlime(); });
+  on(kPetrifying, [this] { AskPetrifying(); });
+}
+
+// The questions that belong to a number.
+std::vector<QPushButton*> FrmFormality::Beside(CaveNumber number) const {
+  switch (number) {
+    case CaveNumber::Time:
+      return {commands_[kTimePoints]};
+    case CaveNumber::GemsNeeded:
+      return {commands_[kGems]};
+    case CaveNumber::AmoebaTime:
+      return {commands_[kWhatThen], commands_[kPetrifying]};
+    case CaveNumber::SlimePermeability:
+      return {commands_[kSlime]};
+    default:
+      return {};
+  }
+}
+
+void FrmFormality::AddRow(QGridLayout& grid, QLabel* label, QWidget* control, int columns,
+                          const std::vector<QPushButton*>& beside) {
+  const int row = grid.rowCount();
+  label->setBuddy(control);
+  grid.addWidget(label, row, 0, columns == kAllColumns ? Qt::AlignTop : Qt::AlignVCenter);
+  grid.addWidget(control, row, 1, 1, columns);
+  int column = 1 + columns;
+  for (QPushButton* const button : beside) grid.addWidget(button, row, column++);
+}
+
+void FrmFormality::LayOut() {
+  auto* const grid = new QGridLayout(this);
+  AddRow(*grid, lblName_, name_, 2, {commands_[kBonus]});
+  AddRow(*grid, lblDescription_, description_, kAllColumns, {});
+  grid->setRowStretch(grid->rowCount() - 1, 1);
+  for (const NumberRow& row : kNumberRows) {
+    AddRow(*grid, lblNumbers_[static_cast<std::size_t>(row.number)], &Box(row.number), 1, Beside(row.number));
+  }
+  AddRow(*grid, lblColouring_, colouring_, 2, {});
+  auto* const ends = new QHBoxLayout;
+  ends->addStretch();
+  ends->addWidget(commands_[kOk]);
+  ends->addWidget(commands_[kCancel]);
+  grid->addLayout(ends, grid->rowCount(), 0, 1, 1 + kAllColumns);
+  grid->setColumnStretch(kAllColumns, 1);
+  OrderTabs();
+}
+
+// Row by row, as it is read.
+void FrmFormality::OrderTabs() {
+  std::vector<QWidget*> order{name_, commands_[kBonus], description_};
+  for (const NumberRow& row : kNumberRows) {
+    order.push_back(&Box(row.number));
+    for (QPushButton* const button : Beside(row.number)) order.push_back(button);
+  }
+  order.insert(order.end(), {colouring_, commands_[kOk], commands_[kCancel]});
+  for (std::size_t i = 1; i < order.size(); ++i) setTabOrder(order[i - 1], order[i]);
+}
+
+void FrmFormality::SetLWEd() {
+  setWindowTitle(skin_.Text(70));
+  const auto label = [this](QLabel& control, int place) { control.setText("- " + skin_.Text(place)); };
+  label(*lblName_, kLabelOfName);
+  label(*lblDescription_, kLabelOfDescription);
+  label(*lblColouring_, kLabelOfColouring);
+  for (const NumberRow& row : kNumberRows)
+    label(*lblNumbers_[static_cast<std::size_t>(row.number)], row.label);
+  commands_[kOk]->setText(skin_.Caption("caption.form.ok", "OK"));
+  for (std::size_t i = kCancel; i < commands_.size(); ++i) commands_[i]->setText(skin_.Text(kCaptions[i]));
+  const int chosen = colouring_->currentIndex();
+  colouring_->clear();
+  for (const ColouringRow& row : kColourings) colouring_->addItem(skin_.Text(row.caption));
+  colouring_->setCurrentIndex(std::max(0, chosen));
+}
+
+// To and from the boxes
+
+void FrmFormality::SetProps() {
+  const Formality values = FormalityOf(cave_.Cave());
+  name_->setText(Plain(values.Name));
+  loadedDescription_ = values.Description;
+  description_->setPlainText(Plain(values.Description));
+  shownDescription_ = description_->toPlainText();
+  for (const NumberRow& row : kNumberRows)
+    Box(row.number).setText(QString::number(values.Number(row.number)));
+  colouring_->setCurrentIndex(static_cast<int>(values.Colouring));
+  name_->setFocus();
+  name_->selectAll();
+}
+
+// Val: an empty box is 0.
+int FrmFormality::Number(CaveNumber number) const {
+  return Box(number).text().toInt();
+}
+
+Formality FrmFormality::Values() const {
+  Formality values;
+  values.Name = Bytes(name_->text());
+  const QString description = description_->toPlainText();
+  values.Description = description == shownDescription_ ? loadedDescription_ : Bytes(description);
+  for (const NumberRow& row : kNumberRows) {
+    values.Numbers[static_cast<std::size_t>(row.number)] = Number(row.number);
+  }
+  values.Colouring = static_cast<std::size_t>(std::max(0, colouring_->currentIndex()));
+  return values;
+}
+
+// Takes away the end of what was just put in, if it is too much.
+void FrmFormality::LimitDescription(int position, int added) {
+  const QString text = description_->toPlainText();
+  const auto length = text.size() + text.count('\n');
+  if (length <= kLongestDescription || added == 0) return;
+  qsizetype excess = length - kLongestDescription;
+  qsizetype end = std::min<qsizetype>(position + added, text.size());
+  qsizetype begin = end;
+  while (excess > 0 && begin > position) excess -= text.at(--begin) == '\n' ? 2 : 1;
+  // The document is in the middle of its change here.
+  QMetaObject::invokeMethod(
+      description_,
+      [this, begin, end] {
+        QTextCursor cursor(description_->document());
+        cursor.setPosition(static_cast<int>(begin));
+        cursor.setPosition(static_cast<int>(end), QTextCursor::KeepAnchor);
+        cursor.removeSelectedText();
+      },
+      Qt::QueuedConnection);
+}
+
+void FrmFormality::Confirm() {
+  Formality values = Values();
+  const Formality typed = values;
+  std::vector<Correction> report = Correct(values);
+  ReportGaps(name_->text(), kLabelOfName, report);
+  ReportGaps(description_->toPlainText(), kLabelOfDescription, report);
+  for (const NumberRow& row : kNumberRows) {
+    const int value = values.Number(row.number);
+    if (value != typed.Number(row.number)) Box(row.number).setText(QString::number(value));
+  }
+  if (values.Name != typed.Name) name_->setText(Plain(values.Name));
+  if (values.Description != typed.Description) description_->setPlainText(Plain(values.Description));
+  if (!report.empty()) Warn(skin_, this, report);
+  emit VlOK(values);
+  accept();
+}
+
+void FrmFormality::Warn(Skin& skin, QWidget* parent, const std::vector<Correction>& report) {
+  QStringList lines;
+  for (const Correction& line : report) {
+    QString text = skin.Text(line.label);
+    if (line.limit) text += " = " + QString::number(*line.limit);
+    if (line.entry) text += " = " + skin.Text(*line.entry);
+    lines << text;
+  }
+  Tell(skin, parent, skin.Text(180), "\n" + skin.Text(133) + "\n" + lines.join('\n'));
+}
+
+void FrmFormality::done(int result) {
+  StoreSize(*this);
+  QDialog::done(result);
+}
+
+// Enter confirms in the boxes of one line; on a button it presses that.
+void FrmFormality::keyPressEvent(QKeyEvent* event) {
+  const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  auto* const button = qobject_cast<QPushButton*>(focusWidget());
+  if (enter && button != nullptr) {
+    button->click();
+    return;
+  }
+  QDialog::keyPressEvent(event);
+}
+
+// Answers
+
+void FrmFormality::Answer(int title, const QString& text) {
+  Tell(skin_, this, skin_.Text(title), text);
+}
+
+void FrmFormality::AskBonus() {
+  QString text = skin_.Text(135);
+  const QString name = name_->text();
+  if (JeBonus(FromUtf8WithGaps(name.toStdString())))
+    text += "\n" + FillMarks(skin_.Text(136), name, QString());
+  Answer(134, text);
+}
+
+void FrmFormality::AskGems() {
+  const std::string text = BlankJoin(skin_.Words().At(137), std::to_string(cave_.SpoctiDrh()));
+  Tell(skin_, this, QString(), QString::fromStdString(text));
+}
+
+void FrmFormality::AskSlime() {
+  const int permeability = Number(CaveNumber::SlimePermeability);
+  QString text = ":-)";
+  if (permeability == 0) text = skin_.Text(144);
+  if (permeability == 8) text = skin_.Text(145);
+  if (permeability > 0 && permeability < 8) {
+    text = QString("%1 1:%2.").arg(skin_.Text(143).trimmed()).arg(SlimeOdds(permeability));
+  }
+  const std::string title = BlankJoin(skin_.Words().At(142), std::to_string(permeability) + "?");
+  Tell(skin_, this, QString::fromStdString(title), text);
+}
+
+void FrmFormality::AskPetrifying() {
+  const Petrifying answer = ComputePetrifying(Number(CaveNumber::Width), Number(CaveNumber::Height),
+                                              cave_.NuOfOb('A'), Number(CaveNumber::AmoebaTime));
+  const std::string text =
+      WithNumber(WithNumber(skin_.Words().At(147), " ?1?", answer.cells), " ?2?", answer.time);
+  Answer(146, QString::fromStdString(text));
+}
+
+}  // namespace zorik

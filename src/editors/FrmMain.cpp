@@ -1,0 +1,372 @@
+#include "editors/FrmMain.h"
+
+#include <QActionGroup>
+#include <QCloseEvent>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QMenu>
+#include <QScreen>
+#include <QStatusBar>
+#include <QStyle>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+#include "editors/CaveView.h"
+#include "editors/FrmFormality.h"
+#include "editors/FrmStats.h"
+#include "editors/Marks.h"
+#include "editors/Palette.h"
+#include "editors/ToolHint.h"
+#include "editors/WindowPlace.h"
+#include "screens/MsgBox.h"
+#include "skin/Skin.h"
+
+namespace zorik {
+namespace {
+
+constexpr int kIcon = 20;
+constexpr int kAmoebaTool = 10;
+constexpr int kCatTool = 33;
+enum LabelPlace : std::size_t { kEditLabel, kPropsLabel, kTestLabel, kCatButton, kDogButton };
+
+struct FirstTool {
+  ToolButton button;
+  int palette;
+};
+constexpr std::array<FirstTool, 3> kFirstTools{{
+    {ToolButton::Right, 1},
+    {ToolButton::Left, 2},
+    {ToolButton::Middle, 3},
+}};
+
+constexpr const char* kNoRoom = "Údaj „?1?“ je na soubor příliš dlouhý. Zkraťte jej, prosím.";
+
+QPixmap Icon(const QImage& tile, double ratio) {
+  QPixmap icon = QPixmap::fromImage(tile);
+  icon.setDevicePixelRatio(ratio);
+  return icon;
+}
+
+}  // namespace
+
+FrmMain::FrmMain(Skin& skin, CatEditor editCat, std::uint64_t seed, QWidget* parent)
+    : QMainWindow(parent), skin_(skin), editCat_(std::move(editCat)), rnd_(seed) {
+  setObjectName("frmMain");
+  LayOut();
+  MakeMenus();
+  MakeStatusBar();
+  frmFormality_ = new FrmFormality(skin_, model_, this);
+  connect(frmFormality_, &FrmFormality::VlOK, this, [this](const Formality& values) {
+    model_.SetProperties(values);
+    AfterChange();
+  });
+  SetLW();
+  adjustSize();
+  // Its place is known from the start, so that a message can open in its middle.
+  if (!RestoreSize(*this)) move(screen()->availableGeometry().center() - rect().center());
+}
+
+// What the window's parts still tell while they go is of no use any more.
+FrmMain::~FrmMain() {
+  palette_->disconnect(this);
+  view_->disconnect(this);
+  view_->Picture().disconnect(this);
+}
+
+QToolButton* FrmMain::MakeLabel(const char* name, std::function<void()> act) {
+  auto* const label = new QToolButton(this);
+  label->setObjectName(name);
+  label->setAutoRaise(true);
+  label->setFocusPolicy(Qt::TabFocus);
+  label->setIconSize(QSize(kIcon, kIcon));
+  connect(label, &QToolButton::clicked, this, std::move(act));
+  return label;
+}
+
+void FrmMain::LayOut() {
+  auto* const middle = new QWidget(this);
+  auto* const rows = new QVBoxLayout(middle);
+  auto* const bar = new QHBoxLayout;
+  const auto caption = [this](int palette) { return NameOfTool(skin_, palette, palette_->CurrentDog()); };
+  palette_ = new Palette(tiles_, caption, middle);
+  const auto under = [this](QMenu* menu, LabelPlace place) {
+    menu->popup(labels_[place]->mapToGlobal(labels_[place]->rect().bottomLeft()));
+  };
+  labels_[kEditLabel] = MakeLabel("Label7", [this, under] { under(mnuEd_, kEditLabel); });
+  labels_[kPropsLabel] = MakeLabel("Label3", [this] { ShowProperties(); });
+  labels_[kTestLabel] = MakeLabel("Label8", [this] { Test(); });
+  labels_[kCatButton] = MakeLabel("Command1", [this] { EditScript(); });
+  labels_[kDogButton] = MakeLabel("Command2", [this, under] { under(PesMenu_, kDogButton); });
+  for (QToolButton* const label : labels_) bar->addWidget(label);
+  bar->addStretch();
+  imgAmoeba_ = new QLabel(middle);
+  lblAmoebas_ = new QLabel(middle);
+  lblAmoebas_->setObjectName("Label1");
+  bar->addWidget(imgAmoeba_);
+  bar->addWidget(lblAmoebas_);
+  view_ = new CaveView(model_, tiles_, middle);
+  rows->addLayout(bar);
+  rows->addWidget(palette_, 0, Qt::AlignLeft);
+  rows->addWidget(view_, 1);
+  setCentralWidget(middle);
+  setTabOrder(labels_[kDogButton], palette_);
+  setTabOrder(palette_, &view_->Picture());
+
+  connect(palette_, &Palette::ToolSelected, this, &FrmMain::UpdateCaptions);
+  connect(palette_, &Palette::Pointed, this, [this](int palette) {
+    pointed_ = palette;
+    UpdateStatus();
+  });
+  connect(view_, &CaveView::Zoomed, this, &FrmMain::UpdateStatus);
+  EditKom& picture = view_->Picture();
+  connect(&picture, &EditKom::StrokeBegins, this, [this] { model_.BeginStroke(); });
+  connect(&picture, &EditKom::Drawn, this, &FrmMain::DrawCell);
+  connect(&picture, &EditKom::StrokeEnds, this, [this] {
+    model_.EndStroke();
+    UpdateMenus();
+  });
+  connect(&picture, &EditKom::MarkMoved, this, &FrmMain::UpdateStatus);
+}
+
+void FrmMain::MakeStatusBar() {
+  lblCell_ = new QLabel(this);
+  lblCell_->setObjectName("lblCell");
+  lblSize_ = new QLabel(this);
+  lblSize_->setObjectName("lblSize");
+  statusBar()->addWidget(lblCell_, 1);
+  hint_ = new ToolHint(*palette_, tiles_, this);
+  statusBar()->addPermanentWidget(hint_);
+  connect(palette_, &Palette::ToolSelected, hint_, qOverload<>(&QWidget::update));
+  statusBar()->addPermanentWidget(lblSize_);
+}
+
+// Texts and tiles
+
+void FrmMain::SetLW() {
+  setWindowTitle(skin_.Text(198));
+  for (const Caption& caption : captions_) {
+    caption.action->setText(skin_.Caption(std::string("caption.") + caption.key, caption.words));
+  }
+  const auto name = [this](LabelPlace place, const char* key, const char* words) {
+    labels_[place]->setText(" " + skin_.Caption(key, words) + " ");
+    labels_[place]->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+  };
+  name(kEditLabel, "caption.main.edit", "Úpravy");
+  name(kPropsLabel, "caption.main.props", "Vlastnosti");
+  name(kTestLabel, "caption.main.test", "Odzkoušet");
+  const QString cat = skin_.Caption("caption.main.cat", "Program kočky");
+  const QString dogs = skin_.Caption("caption.main.dogs", "Výběr Zoríka");
+  labels_[kCatButton]->setToolTip(cat);
+  labels_[kCatButton]->setAccessibleName(cat);
+  labels_[kDogButton]->setToolTip(dogs);
+  labels_[kDogButton]->setAccessibleName(dogs);
+  const QString amoebas = skin_.Caption("caption.main.amoeba", "Počet buněk améby");
+  imgAmoeba_->setToolTip(amoebas);
+  lblAmoebas_->setToolTip(amoebas);
+  const QString dog = skin_.Caption("caption.main.dog", "Zorík");
+  const auto actions = dogs_->actions();
+  for (int n = 1; n <= kDogs; ++n) actions[n - 1]->setText(QString("%1 %2").arg(dog).arg(n));
+  frmFormality_->SetLWEd();
+  LoadTiles();
+  UpdateCaptions();
+  UpdateStatus();
+}
+
+void FrmMain::LoadTiles() {
+  shownScheme_ = model_.Cave().Colouring;
+  tiles_.Load(skin_.Places(), kColourings[EntryOfColouring(shownScheme_)].scheme);
+  const double ratio = devicePixelRatioF();
+  const int size = qRound(kIcon * ratio);
+  imgAmoeba_->setPixmap(Icon(tiles_.Tile(kAmoebaTool, 1, size), ratio));
+  labels_[kCatButton]->setIcon(Icon(tiles_.Tile(kCatTool, 1, size), ratio));
+  labels_[kDogButton]->setIcon(Icon(tiles_.Tile(kDogTool, palette_->CurrentDog(), size), ratio));
+  labels_[kTestLabel]->setIcon(style()->standardIcon(QStyle::SP_MediaPlay));
+  labels_[kPropsLabel]->setIcon(style()->standardIcon(QStyle::SP_FileDialogDetailedView));
+  labels_[kEditLabel]->setIcon(style()->standardIcon(QStyle::SP_ArrowDown));
+  const auto dogs = dogs_->actions();
+  for (int n = 1; n <= kDogs; ++n) dogs[n - 1]->setIcon(Icon(tiles_.Tile(kDogTool, n, size), ratio));
+  palette_->update();
+  hint_->update();
+  view_->Picture().update();
+}
+
+void FrmMain::UpdateStatus() {
+  QString cell;
+  const auto marked = view_->Picture().Marked();
+  if (pointed_ >= 0) {
+    cell = NameOfTool(skin_, pointed_, palette_->CurrentDog());
+  } else if (marked && model_.Inside(marked->x(), marked->y())) {
+    const QString object = NameOfLetter(skin_, model_.At(marked->x(), marked->y()));
+    cell = QString("%1, %2   %3").arg(marked->x() + 1).arg(marked->y() + 1).arg(object);
+  }
+  lblCell_->setText(cell);
+  lblSize_->setText(QString("%1 × %2   %3 %")
+                        .arg(model_.Width())
+                        .arg(model_.Height())
+                        .arg(view_->Picture().CellSize() * 100 / EditKom::kCell));
+  lblAmoebas_->setText(QString::number(model_.Amoebas()));
+}
+
+// A cave comes and goes
+
+std::optional<Failure> FrmMain::Edit(const std::string& caveText) {
+  const auto report = model_.OpenCave(caveText);
+  if (!report) return Failure{report.Message()};
+  shownSize_ = {};
+  SelectFirstTools();
+  AfterChange();
+  ComeBack();
+  Warn(*report);
+  return std::nullopt;
+}
+
+void FrmMain::Restore() {
+  const auto report = model_.Restore();
+  shownSize_ = {};
+  SelectFirstTools();
+  AfterChange();
+  Warn(report);
+}
+
+void FrmMain::SelectFirstTools() {
+  Dog(1);
+  palette_->Forget();
+  for (const FirstTool& first : kFirstTools) palette_->SelectTool(first.button, first.palette);
+}
+
+void FrmMain::Warn(const std::vector<Correction>& report) {
+  if (!report.empty()) FrmFormality::Warn(skin_, this, report);
+}
+
+void FrmMain::ComeBack() {
+  show();
+  activateWindow();
+  view_->Picture().setFocus();
+}
+
+std::optional<std::string> FrmMain::BuiltText() {
+  Result<std::string> text = model_.Text();
+  if (text) return *std::move(text);
+  const QString field = skin_.Text(LabelWithoutRoom(model_.Cave()).value_or(kLabelOfName));
+  Tell(skin_, this, skin_.Text(180),
+       FillMarks(skin_.Caption("caption.main.noroom", kNoRoom), field, QString()));
+  return std::nullopt;
+}
+
+std::string FrmMain::HraRest() const {
+  const Result<std::string> text = model_.Text();
+  return text ? *text : std::string();
+}
+
+void FrmMain::closeEvent(QCloseEvent* event) {
+  model_.EndStroke();
+  const auto text = BuiltText();
+  if (!text) {
+    event->ignore();
+    return;
+  }
+  StoreSize(*this);
+  event->accept();
+  emit Done(*text);
+  emit Closed();
+}
+
+// Changes
+
+void FrmMain::AfterChange() {
+  const QSize size(model_.Width(), model_.Height());
+  if (size != shownSize_) {
+    shownSize_ = size;
+    view_->SetRozm();
+  }
+  if (model_.Cave().Colouring != shownScheme_) LoadTiles();
+  view_->Picture().update();
+  UpdateMenus();
+  UpdateStatus();
+}
+
+char FrmMain::LetterOf(ToolButton button) const {
+  return LetterOfTool(palette_->Tool(button), palette_->CurrentDog());
+}
+
+QString FrmMain::NameOf(ToolButton button) const {
+  const int palette = palette_->Tool(button);
+  return palette < 0 ? QString() : NameOfTool(skin_, palette, palette_->CurrentDog());
+}
+
+void FrmMain::DrawCell(QPoint cell, ToolButton button) {
+  if (palette_->Tool(button) < 0 || !model_.Draw(cell.x(), cell.y(), LetterOf(button))) return;
+  if (palette_->Tool(button) == kDogTool) {
+    view_->Picture().update();
+  } else {
+    view_->Picture().PaintCell(cell);
+  }
+  UpdateStatus();
+}
+
+void FrmMain::Dog(int n) {
+  dogs_->actions()[n - 1]->setChecked(true);
+  palette_->SetCurrentDog(n);
+  LoadTiles();
+  UpdateCaptions();
+  UpdateStatus();
+}
+
+void FrmMain::Replace(int every) {
+  model_.ReplaceO(LetterOf(ToolButton::Right), LetterOf(ToolButton::Left), every);
+  AfterChange();
+}
+
+void FrmMain::ReplaceRandom(int wanted) {
+  model_.ReplaceRandom(LetterOf(ToolButton::Right), LetterOf(ToolButton::Left), wanted, rnd_);
+  AfterChange();
+}
+
+void FrmMain::MakeFrame() {
+  model_.MakeFrame(LetterOf(ToolButton::Left));
+  AfterChange();
+}
+
+void FrmMain::Undo(bool redo) {
+  if (redo) {
+    model_.Redo();
+  } else {
+    model_.Undo();
+  }
+  AfterChange();
+}
+
+// Other windows
+
+void FrmMain::ShowProperties() {
+  model_.EndStroke();
+  frmFormality_->SetProps();
+  frmFormality_->exec();
+}
+
+void FrmMain::ShowStats() {
+  FrmStats(skin_, model_, tiles_, this).exec();
+}
+
+void FrmMain::EditScript() {
+  const auto script = editCat_(model_.Cave().Script);
+  if (!script) return;
+  model_.SaveScript(*script);
+  AfterChange();
+}
+
+void FrmMain::Test() {
+  model_.EndStroke();
+  if (const auto missing = model_.MissingDog()) {
+    const std::string text = *missing == 0 ? skin_.Words().At(178)
+                                           : BlankJoin(skin_.Words().At(179), std::to_string(*missing)) + ".";
+    Tell(skin_, this, skin_.Text(177), QString::fromStdString(text));
+    return;
+  }
+  const auto text = BuiltText();
+  if (!text) return;
+  hide();
+  emit TestRun(*text);
+}
+
+}  // namespace zorik

@@ -1,0 +1,146 @@
+#pragma once
+
+#include <QMainWindow>
+#include <array>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "data/Chance.h"
+#include "data/Result.h"
+#include "editors/CaveModel.h"
+#include "editors/EditTiles.h"
+#include "editors/ToolTable.h"
+
+class QActionGroup;
+class QLabel;
+class QMenu;
+class QToolButton;
+
+namespace zorik {
+
+class CaveView;
+class FrmFormality;
+class Palette;
+class Skin;
+class ToolHint;
+
+// The cave editor. It edits one cave at a time, from the text that it is given to the text that it hands back
+// when it is left.
+class FrmMain : public QMainWindow {
+  Q_OBJECT
+
+ public:
+  // Edits the cat's program, in Windows-1250; nothing when it is to stay as it was.
+  using CatEditor = std::function<std::optional<std::string>(const std::string& script)>;
+
+  // The seed is that of random replacement.
+  FrmMain(Skin& skin, CatEditor editCat, std::uint64_t seed, QWidget* parent = nullptr);
+  ~FrmMain() override;
+
+  // Puts texts and tiles of the skin on all controls; to be called when another skin has been put on.
+  void SetLW();
+
+  // Opens a cave and shows the window. When something in it has to be put right, a message about that returns
+  // first. The answer is the reason why the cave cannot be edited; then nothing has changed.
+  std::optional<Failure> Edit(const std::string& caveText);
+
+  // Shows the editor again as it was before a test run.
+  void ComeBack();
+
+  // The cave as a text, for another test run of it. It was there when the first one began.
+  std::string HraRest() const;
+
+  // The number of dogs, which the cat's program may want to know.
+  int SpoctiPsy() const { return model_.SpoctiPsy(); }
+
+  const CaveModel& Model() const { return model_; }
+
+ signals:
+  // The editor is being left with this cave text, in Windows-1250; Closed follows.
+  void Done(const std::string& newCaveText);
+  void Closed();
+  // A test run of this cave is due; the window has gone for that time.
+  void TestRun(const std::string& caveText);
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  // An item of a menu: its caption comes from a key of the skin or falls back to the given words.
+  QAction* Add(QMenu* menu, const char* name, const char* key, const char* words,
+               const QKeySequence& shortcut, std::function<void()> act);
+  void MakeMenus();
+  void MakeEditMenu();
+  void MakeCaveMenu();
+  void MakeDogMenu();
+  void MakeViewMenu();
+  void LayOut();
+  QToolButton* MakeLabel(const char* name, std::function<void()> act);
+  void MakeStatusBar();
+  void UpdateCaptions();
+  void UpdateMenus();
+  void UpdateStatus();
+  void LoadTiles();
+
+  void SelectFirstTools();
+  char LetterOf(ToolButton button) const;
+  QString NameOf(ToolButton button) const;
+  void DrawCell(QPoint cell, ToolButton button);
+  void Dog(int n);
+  void Replace(int every);
+  void ReplaceRandom(int wanted);
+  void MakeFrame();
+  void Restore();
+  void Undo(bool redo);
+  void ShowProperties();
+  void ShowStats();
+  void EditScript();
+  void Test();
+  // The cave may look different in any respect.
+  void AfterChange();
+  // The cave as a text; when it has no room for something a message tells for what.
+  std::optional<std::string> BuiltText();
+  void Warn(const std::vector<Correction>& report);
+
+  Skin& skin_;
+  CatEditor editCat_;
+  Chance rnd_;
+  CaveModel model_;
+  EditTiles tiles_;
+  QSize shownSize_;       // of the cave
+  int shownScheme_ = -1;  // colouring of the tiles
+  int pointed_ = -1;      // tile of the palette under the pointer
+
+  Palette* palette_ = nullptr;
+  ToolHint* hint_ = nullptr;
+  CaveView* view_ = nullptr;
+  FrmFormality* frmFormality_ = nullptr;
+  QLabel* lblAmoebas_ = nullptr;
+  QLabel* imgAmoeba_ = nullptr;
+  QLabel* lblCell_ = nullptr;
+  QLabel* lblSize_ = nullptr;
+  std::array<QToolButton*, 5> labels_{};  // Label7, Label3, Label8, Command1, Command2
+
+  struct Caption {
+    QAction* action;
+    const char* key;
+    const char* words;
+  };
+  std::vector<Caption> captions_;
+  QMenu* mnuEd_ = nullptr;
+  QMenu* mnuCave_ = nullptr;
+  QMenu* PesMenu_ = nullptr;
+  QMenu* mnuView_ = nullptr;
+  QMenu* mnuObjbyObj_ = nullptr;
+  QAction* sep1_ = nullptr;
+  QAction* mnuUndo_ = nullptr;
+  QAction* mnuRedo_ = nullptr;
+  QAction* mnuOkraj_ = nullptr;
+  std::array<QAction*, 2> mnuReplEvery_{};
+  std::array<QAction*, 4> mnuReplRan_{};
+  QActionGroup* dogs_ = nullptr;
+};
+
+}  // namespace zorik

@@ -1,0 +1,237 @@
+#include "editors/FrmSada.h"
+
+#include <QCloseEvent>
+#include <QDir>
+#include <QFileInfo>
+#include <QMenu>
+#include <QRandomGenerator>
+#include <QUrl>
+
+#include "data/Cp1250.h"
+#include "data/Files.h"
+#include "editors/BoxText.h"
+#include "editors/Marks.h"
+#include "editors/SadaBoxes.h"
+#include "editors/SadaList.h"
+#include "editors/SaveBox.h"
+#include "editors/WindowPlace.h"
+#include "screens/FrmDialog2.h"
+#include "screens/MsgBox.h"
+#include "screens/Outside.h"
+#include "screens/StartWords.h"
+#include "skin/Skin.h"
+
+namespace zorik {
+namespace {
+
+constexpr QSize kUsualSize(740, 400);
+
+constexpr StartWords kTitleWords{"caption.sada.title", "Zoríkův editor sady komnat"};
+constexpr StartWords kUnreadableWords{"caption.error.caves",
+                                      "Tyto komnaty nelze přečíst, v sadě proto nejsou:"};
+constexpr StartWords kTooLongWords{"caption.error.length", "znaků ?1?, vejde se ?2?."};
+
+}  // namespace
+
+SadaWords FrmSada::WordsOf(const Skin& skin) {
+  const auto text = [&skin](int place) { return FromUtf8WithGaps(skin.Words().At(place)); };
+  return {text(52), text(54), {text(196), text(195), text(53)}};
+}
+
+FrmSada::FrmSada(Skin& skin, const Paths& paths)
+    : skin_(skin),
+      paths_(paths),
+      sada_(WordsOf(skin), QRandomGenerator::system()->generate64()),
+      frmLoading_(skin) {
+  setObjectName("frmSada");
+  MakeMenus();
+  LayOut();
+  SetLWEd();
+  boxes_->Load();
+  GetNames();
+  if (!RestoreSize(*this)) resize(kUsualSize);
+}
+
+void FrmSada::Open(const QString& path) {
+  SetLWEd();
+  show();
+  raise();
+  activateWindow();
+  if (path.isEmpty() || OpenColl(path) == Opened::No) mnuNew_Click();
+  boxes_->Begin();
+}
+
+void FrmSada::CaveDone(const QByteArray& text) {
+  editing_ = false;
+  sada_.SetSelected(text.toStdString());
+  AfterChange();
+  show();
+  raise();
+  activateWindow();
+}
+
+// What is shown
+
+void FrmSada::AfterChange() {
+  GetNames();
+  UpdateTitle();
+}
+
+void FrmSada::GetNames() {
+  list_->GetNames();
+  UpdateActions();
+}
+
+void FrmSada::UpdateTitle() {
+  setWindowTitle(kTitleWords.In(skin_) + "[*]");
+  setWindowModified(sada_.Chg());
+}
+
+// New, open, save
+
+void FrmSada::mnuNew_Click() {
+  sada_.SetWords(WordsOf(skin_));
+  sada_.New();
+  boxes_->Load();
+  AfterChange();
+}
+
+void FrmSada::mnuOpen_Click() {
+  if (!AskToSave()) return;
+  const QString folder = QFileInfo(ProposedPath()).absolutePath();
+  const QString path = AskForFile(skin_, this, skin_.Text(55), folder, {skin_.Text(56) + " (*.zk)"});
+  if (!path.isEmpty()) OpenColl(path);
+}
+
+FrmSada::Opened FrmSada::OpenColl(const QString& path) {
+  const Result<SadaModel::OpenReport> report = [&] {
+    const BusyNotice busy(frmLoading_);
+    return sada_.Open(path.toStdString());
+  }();
+  if (!report) {
+    Tell(skin_, this, skin_.Text(99), kNotOpenedWords.In(skin_) + '\n' + path);
+    return Opened::No;
+  }
+  if (report->Closed) {
+    TellClosed();
+    mnuNew_Click();
+    return Opened::Closed;
+  }
+  boxes_->Load();
+  AfterChange();
+  if (!report->Unreadable.empty()) TellUnreadable(report->Unreadable);
+  return Opened::Yes;
+}
+
+void FrmSada::TellClosed() {
+  boxes_->Cover(skin_.Text(43));
+  Tell(skin_, this, skin_.Text(44), skin_.Text(45));
+}
+
+void FrmSada::TellUnreadable(const std::vector<int>& caves) {
+  QStringList numbers;
+  for (const int cave : caves) numbers << QString::number(cave);
+  Tell(skin_, this, skin_.Text(99), kUnreadableWords.In(skin_) + '\n' + numbers.join(", "));
+}
+
+bool FrmSada::mnuSave_Click() {
+  if (sada_.FileName().empty()) return mnuSaveAs_Click();
+  return SaveColl(QString::fromStdString(sada_.FileName()));
+}
+
+bool FrmSada::mnuSaveAs_Click() {
+  const QString path = AskForNewFile(skin_, this, {skin_.Text(57), skin_.Text(56), "zk", ProposedPath()});
+  return !path.isEmpty() && SaveColl(path);
+}
+
+QString FrmSada::ProposedPath() const {
+  if (!sada_.FileName().empty()) return QString::fromStdString(sada_.FileName());
+  std::string name = CleanFileName(sada_.Text(SadaText::Name));
+  if (name.empty()) name = "sada";
+  return QDir(QString::fromStdString(paths_.CavesPath))
+      .absoluteFilePath(QString::fromStdString(FileSystemName(name + ".zk")));
+}
+
+bool FrmSada::SaveColl(const QString& path) {
+  if (!FitsFile()) return false;
+  const Result<Done> saved = [&] {
+    const BusyNotice busy(frmLoading_);
+    return sada_.Save(path.toStdString());
+  }();
+  if (!saved) Tell(skin_, this, skin_.Text(99), kNotStoredWords.In(skin_) + '\n' + path);
+  AfterChange();
+  return static_cast<bool>(saved);
+}
+
+// Names the text that is too long and leads the author to it.
+bool FrmSada::FitsFile() {
+  const auto tooLong = sada_.CannotHold();
+  if (!tooLong) return true;
+  const QString lengths =
+      FillMarks(kTooLongWords.In(skin_), QString::number(tooLong->length), QString::number(tooLong->most));
+  Tell(skin_, this, skin_.Text(99),
+       kNotStoredWords.In(skin_) + '\n' + skin_.Text(LabelOf(tooLong->text)) + ": " + lengths);
+  boxes_->Box(tooLong->text)->setFocus();
+  return false;
+}
+
+bool FrmSada::AskToSave() {
+  if (!sada_.Chg()) return true;
+  const QString question = FillMarks(skin_.Text(46), ToBox(sada_.Text(SadaText::Name)), QString());
+  switch (SkinMsgBox(skin_, this, question, MsgButtons::YesNoCancel, MsgIcon::OfSet, skin_.Text(47))) {
+    case MsgResult::Yes:
+      return mnuSave_Click();
+    case MsgResult::No:
+      return true;
+    default:
+      return false;
+  }
+}
+
+void FrmSada::closeEvent(QCloseEvent* event) {
+  if (!AskToSave()) {
+    event->ignore();
+    return;
+  }
+  StoreSize(*this);
+  event->accept();
+  hide();
+  emit Closed();
+}
+
+// Caves
+
+// The collection counts as changed from here on, even if the cave stays as it was.
+void FrmSada::mnuEdit_Click() {
+  const BusyNotice busy(frmLoading_);
+  sada_.SetChg();
+  UpdateTitle();
+  editing_ = true;
+  emit EditCave(QByteArray::fromStdString(sada_.Cave(sada_.ListSelected())));
+  if (editing_) hide();
+}
+
+void FrmSada::mnuDelete_Click() {
+  if (sada_.ListCount() == 1) return;
+  const QString name = ToBox(sada_.Name(sada_.ListSelected()));
+  const QString question = skin_.Text(49).trimmed() + " '" + name + "' " + skin_.Text(50).trimmed();
+  if (!Ask(skin_, this, skin_.Text(51), question)) return;
+  sada_.Delete();
+  AfterChange();
+}
+
+void FrmSada::mnuGratulace_Click() {
+  const QString text = ToBox(sada_.CongratulationText());
+  FrmDialog2 dialog(skin_, this);
+  connect(&dialog, &FrmDialog2::HelpWanted, this, [this] { ShowPage("editovat.html"); });
+  const std::optional<QString> edited = dialog.SetG(text);
+  if (!edited || ToBox(edited->toStdString()) == text) return;
+  sada_.SetCongratulation(FromBox(QString(*edited).replace("\r\n", "\n")));
+  UpdateTitle();
+}
+
+void FrmSada::ShowPage(const QString& page) {
+  OpenFileOrTell(skin_, this, HelpPage(paths_, skin_, page));
+}
+
+}  // namespace zorik

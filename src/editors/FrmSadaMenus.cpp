@@ -1,0 +1,243 @@
+// The menus of the collection editor, what they say, and how the window is laid out.
+#include <QAction>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QMenu>
+#include <QMenuBar>
+#include <QStyle>
+#include <QToolButton>
+#include <array>
+
+#include "editors/FrmSada.h"
+#include "editors/SadaBoxes.h"
+#include "editors/SadaList.h"
+#include "platform/Shell.h"
+#include "screens/FrmAbout.h"
+#include "screens/Outside.h"
+#include "skin/Skin.h"
+
+namespace zorik {
+namespace {
+
+struct PageRow {
+  const char* name;
+  const char* key;
+  const char* words;
+  const char* page;
+  const char* shortcut;
+};
+constexpr std::array<PageRow, 5> kPages{{
+    {"mnuHelp(0)", "help.program", "O programu", "oprogramu.html", ""},
+    {"mnuHelp(1)", "help.rules", "Pravidla", "pravidla.html", ""},
+    {"mnuHelp(2)", "help.contribute", "Přispět", "prispet.html", ""},
+    {"mnuHelp(3)", "help.editing", "Editování", "editovat.html", ""},
+    {"mnuHelp(4)", "help.index", "Obsah", "help.html", "F1"},
+}};
+
+// Where the makers of the game are to be found, if the skin tells.
+constexpr const char* kWeb = "maker.web";
+constexpr const char* kMail = "maker.mail";
+
+struct IconRow {
+  const char* action;
+  QStyle::StandardPixmap icon;
+};
+constexpr std::array<IconRow, 7> kIcons{{
+    {"mnuNew", QStyle::SP_FileIcon},
+    {"mnuOpen", QStyle::SP_DialogOpenButton},
+    {"mnuSave", QStyle::SP_DialogSaveButton},
+    {"mnuUp", QStyle::SP_ArrowUp},
+    {"mnuDown", QStyle::SP_ArrowDown},
+    {"mnuDelete", QStyle::SP_TrashIcon},
+    {"mnuHelp(4)", QStyle::SP_DialogHelpButton},
+}};
+
+constexpr int kGap = 16;
+
+// An ampersand in a caption would underline a letter.
+QString InMenu(QString text) {
+  return text.replace("&", "&&");
+}
+
+// The word for so many caves.
+int PlaceOfCaves(int count) {
+  if (count == 1) return 79;
+  return count < 5 ? 80 : 81;
+}
+
+}  // namespace
+
+QAction* FrmSada::Add(QMenu& menu, const char* name, const char* key, const char* words,
+                      const QString& shortcut, std::function<void()> act) {
+  QAction* const action = menu.addAction(QString());
+  action->setObjectName(name);
+  action->setShortcut(QKeySequence(shortcut));
+  connect(action, &QAction::triggered, this, std::move(act));
+  captions_.push_back({action, key, words});
+  return action;
+}
+
+QMenu* FrmSada::AddMenu(const char* name, const char* key, const char* words) {
+  QMenu* const menu = menuBar()->addMenu(QString());
+  menu->setObjectName(name);
+  captions_.push_back({menu->menuAction(), key, words});
+  return menu;
+}
+
+void FrmSada::MakeMenus() {
+  MakeFileMenu();
+  MakeCaveMenu();
+  MakeHelpMenu();
+  SetIcons();
+}
+
+void FrmSada::MakeFileMenu() {
+  QMenu& menu = *AddMenu("mnuFile", "menu.file", "Soubor");
+  Add(menu, "mnuNew", "new", "Nová", "Ctrl+N", [this] { mnuNew_Click(); });
+  Add(menu, "mnuOpen", "open", "Otevřít", "Ctrl+O", [this] { mnuOpen_Click(); });
+  menu.addSeparator();
+  Add(menu, "mnuSave", "save", "Uložit", "Ctrl+S", [this] { mnuSave_Click(); });
+  Add(menu, "mnuSaveAs", "saveas", "Uložit jako", "", [this] { mnuSaveAs_Click(); });
+  menu.addSeparator();
+  Add(menu, "mnuGratulace", "congrat", "Gratulace při výhře", "Ctrl+G", [this] { mnuGratulace_Click(); });
+  menu.addSeparator();
+  Add(menu, "mnuClose", "close", "Zavřít", "", [this] { close(); });
+}
+
+void FrmSada::MakeCaveMenu() {
+  mnuCave_ = AddMenu("mnuCave", "menu.cave", "Komnata");
+  const auto change = [this](auto act) {
+    return [this, act] {
+      act(sada_);
+      AfterChange();
+    };
+  };
+  QMenu& menu = *mnuCave_;
+  mnuAdd_ = menu.addMenu(QString());
+  mnuAdd_->menuAction()->setObjectName("mnuAdd");
+  captions_.push_back({mnuAdd_->menuAction(), "menu.add", "Přidat"});
+  Add(*mnuAdd_, "mnuAdd(0)", "small", "Malou", "F3",
+      change([](SadaModel& sada) { sada.AddCave(NewCaveSize::Small); }));
+  Add(*mnuAdd_, "mnuAdd(1)", "large", "Velkou", "",
+      change([](SadaModel& sada) { sada.AddCave(NewCaveSize::Large); }));
+  Add(menu, "mnuEdit", "edit", "Editovat", "F4", [this] { mnuEdit_Click(); });
+  menu.addSeparator();
+  Add(menu, "mnuCopy", "copy", "Zkopírovat do schránky", "Ctrl+Ins", [this] {
+    sada_.Copy();
+    UpdateActions();
+  });
+  mnuPaste_ = Add(menu, "mnuPaste", "paste", "Vložit ze schránky", "Shift+Ins",
+                  change([](SadaModel& sada) { sada.Paste(); }));
+  menu.addSeparator();
+  mnuUp_ = Add(menu, "mnuUp", "up", "Nahoru", "F5", change([](SadaModel& sada) { sada.Up(); }));
+  mnuDown_ = Add(menu, "mnuDown", "down", "Dolu", "F6", change([](SadaModel& sada) { sada.Down(); }));
+  mnuMark_ = Add(menu, "mnuMark", "mark", "Otevřená od začátku", "",
+                 change([](SadaModel& sada) { sada.ToggleOpen(sada.ListSelected()); }));
+  mnuMark_->setCheckable(true);
+  menu.addSeparator();
+  mnuDelete_ = Add(menu, "mnuDelete", "delete", "Vymazat", "F8", [this] { mnuDelete_Click(); });
+}
+
+void FrmSada::MakeHelpMenu() {
+  QMenu& menu = *AddMenu("mnuHelp", "menu.help", "Nápověda");
+  for (const PageRow& row : kPages) {
+    Add(menu, row.name, row.key, row.words, row.shortcut, [this, &row] { ShowPage(row.page); });
+  }
+  menu.addSeparator();
+  MakeLinks(menu);
+  Add(menu, "mnuAbout", "help.about", "O hře", "", [this] { FrmAbout(skin_, paths_, this).exec(); });
+}
+
+void FrmSada::MakeLinks(QMenu& menu) {
+  web_ = Add(menu, "mnuWeb", "help.web", "Stránky hry", "", [this] {
+    OpenLinkOrTell(skin_, this, QUrl(QString::fromStdString(skin_.Data().SkinText(kWeb))));
+  });
+  mail_ = Add(menu, "mnuMail", "help.mail", "Napsat tvůrcům", "", [this] {
+    const QString address = QString::fromStdString(skin_.Data().SkinText(kMail));
+    OpenLinkOrTell(skin_, this, MailLink(address, kProgramTitle));
+  });
+}
+
+void FrmSada::SetIcons() {
+  for (const IconRow& row : kIcons) {
+    findChild<QAction*>(row.action)->setIcon(style()->standardIcon(row.icon));
+  }
+}
+
+void FrmSada::LayOut() {
+  auto* const centre = new QWidget(this);
+  auto* const sides = new QHBoxLayout(centre);
+  sides->setSpacing(kGap);
+  boxes_ = new SadaBoxes(sada_, centre);
+  connect(boxes_, &SadaBoxes::Changed, this, &FrmSada::UpdateTitle);
+  sides->addWidget(boxes_, 2);
+  sides->addWidget(MakeListSide(), 3);
+  setCentralWidget(centre);
+}
+
+QWidget* FrmSada::MakeListSide() {
+  auto* const side = new QWidget(this);
+  auto* const column = new QVBoxLayout(side);
+  column->setContentsMargins({});
+  list_ = new SadaList(sada_, side);
+  list_->setObjectName("CaveList");
+  list_->setContextMenuPolicy(Qt::CustomContextMenu);
+  connect(list_, &QWidget::customContextMenuRequested, this,
+          [this](QPoint place) { mnuCave_->popup(list_->viewport()->mapToGlobal(place)); });
+  connect(list_, &SadaList::CaveClicked, this, [this](int number) {
+    sada_.Select(number);
+    GetNames();
+  });
+  connect(list_, &SadaList::MarkClicked, this, [this](int number) {
+    sada_.ToggleOpen(number);
+    AfterChange();
+  });
+  connect(list_, &SadaList::Activated, this, &FrmSada::mnuEdit_Click);
+  column->addWidget(list_, 1);
+  auto* const row = new QHBoxLayout;
+  for (QAction* const action :
+       {mnuAdd_->menuAction(), findChild<QAction*>("mnuEdit"), mnuUp_, mnuDown_, mnuDelete_}) {
+    auto* const button = new QToolButton(side);
+    button->setDefaultAction(action);
+    button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    button->setPopupMode(QToolButton::InstantPopup);
+    button->setFocusPolicy(Qt::TabFocus);
+    row->addWidget(button);
+  }
+  row->addStretch();
+  lblCount_ = new QLabel(side);
+  lblCount_->setObjectName("lblCount");
+  row->addWidget(lblCount_);
+  column->addLayout(row);
+  return side;
+}
+
+void FrmSada::SetLWEd() {
+  sada_.SetWords(WordsOf(skin_));
+  boxes_->SetLWEd(skin_);
+  list_->SetMarkHint(skin_.Text(71));
+  for (const Caption& caption : captions_) {
+    const QString words = skin_.Caption(std::string("caption.sada.") + caption.key, caption.words);
+    caption.action->setText(InMenu(words));
+    const QString keys = caption.action->shortcut().toString(QKeySequence::NativeText);
+    caption.action->setToolTip(keys.isEmpty() ? words : words + " (" + keys + ')');
+  }
+  web_->setVisible(!skin_.Data().SkinText(kWeb).empty());
+  mail_->setVisible(!skin_.Data().SkinText(kMail).empty());
+  UpdateTitle();
+  UpdateActions();
+}
+
+void FrmSada::UpdateActions() {
+  const int selected = sada_.ListSelected();
+  mnuPaste_->setEnabled(!sada_.ClipCave().empty());
+  mnuUp_->setEnabled(selected > 1);
+  mnuDown_->setEnabled(selected < sada_.ListCount());
+  mnuDelete_->setEnabled(sada_.ListCount() > 1);
+  mnuMark_->setEnabled(selected > 1);
+  mnuMark_->setChecked(sada_.IsOpen(selected));
+  const int count = sada_.ListCount();
+  lblCount_->setText(QString::number(count) + ' ' + skin_.Text(PlaceOfCaves(count)));
+}
+
+}  // namespace zorik

@@ -1,0 +1,100 @@
+#include "editors/FrmStats.h"
+
+#include <QDialogButtonBox>
+#include <QHeaderView>
+#include <QPushButton>
+#include <QTableWidget>
+#include <QVBoxLayout>
+#include <vector>
+
+#include "data/Cp1250.h"
+#include "editors/CaveModel.h"
+#include "editors/EditTiles.h"
+#include "editors/Marks.h"
+#include "editors/WindowPlace.h"
+#include "skin/Skin.h"
+
+namespace zorik {
+namespace {
+
+constexpr int kTile = 26;
+constexpr int kFirstHeight = 480;
+
+// The letters in the order of the palette, those without a tile last.
+std::vector<char> AllLetters() {
+  std::vector<char> letters;
+  for (int palette = 0; palette < kPaletteEnd; ++palette) {
+    if (ObjectOfTool(palette) == nullptr) continue;
+    const int dogs = palette == kDogTool ? kDogs : 1;
+    for (int dog = 1; dog <= dogs; ++dog) letters.push_back(LetterOfTool(palette, dog));
+  }
+  for (int code = 1; code < 256; ++code) {
+    if (ToolOfLetter(static_cast<char>(code)) < 0) letters.push_back(static_cast<char>(code));
+  }
+  return letters;
+}
+
+QTableWidgetItem* Item(const QString& text) {
+  auto* const item = new QTableWidgetItem(text);
+  item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);
+  return item;
+}
+
+}  // namespace
+
+QString NameOfTool(const Skin& skin, int palette, int dog) {
+  const QString name = skin.Text(ObjectOfTool(palette)->tooltip);
+  if (palette != kDogTool) return name;
+  const QString number = QString::number(dog);
+  return name.contains("?1?") ? FillMarks(name, number, QString()) : name + " " + number;
+}
+
+QString NameOfLetter(const Skin& skin, char letter) {
+  const int palette = ToolOfLetter(letter);
+  if (palette >= 0) return NameOfTool(skin, palette, ValueOf(letter));
+  return QString("\"%1\"").arg(QString::fromStdString(ToUtf8(std::string(1, letter))));
+}
+
+FrmStats::FrmStats(Skin& skin, const CaveModel& cave, EditTiles& tiles, QWidget* parent) : QDialog(parent) {
+  setObjectName("frmStats");
+  setWindowTitle(skin.Caption("caption.main.stats", "Statistika"));
+  auto* const table = new QTableWidget(0, 3, this);
+  table->setObjectName("lstStats");
+  table->horizontalHeader()->hide();
+  table->verticalHeader()->hide();
+  table->setShowGrid(false);
+  table->setIconSize(QSize(kTile, kTile));
+  table->setSelectionBehavior(QAbstractItemView::SelectRows);
+  for (const char letter : AllLetters()) {
+    const int count = cave.NuOfOb(letter);
+    if (count == 0) continue;
+    const int row = table->rowCount();
+    table->insertRow(row);
+    auto* const picture = Item(QString());
+    const int size = qRound(kTile * devicePixelRatioF());
+    const int palette = ToolOfLetter(letter);
+    if (palette >= 0) picture->setIcon(QIcon(QPixmap::fromImage(tiles.Tile(palette, ValueOf(letter), size))));
+    table->setItem(row, 0, picture);
+    table->setItem(row, 1, Item(NameOfLetter(skin, letter)));
+    auto* const number = Item(QString::number(count));
+    number->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    table->setItem(row, 2, number);
+  }
+  table->verticalHeader()->setDefaultSectionSize(kTile + 4);
+  table->resizeColumnsToContents();
+  table->horizontalHeader()->setSectionResizeMode(1, QHeaderView::Stretch);
+  auto* const buttons = new QDialogButtonBox(this);
+  connect(buttons->addButton(skin.Caption("caption.sada.close", "Zavřít"), QDialogButtonBox::RejectRole),
+          &QPushButton::clicked, this, &QDialog::reject);
+  auto* const rows = new QVBoxLayout(this);
+  rows->addWidget(table);
+  rows->addWidget(buttons);
+  if (!RestoreSize(*this)) resize(sizeHint().width(), kFirstHeight);
+}
+
+void FrmStats::done(int result) {
+  StoreSize(*this);
+  QDialog::done(result);
+}
+
+}  // namespace zorik

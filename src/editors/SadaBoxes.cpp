@@ -1,0 +1,182 @@
+#include "editors/SadaBoxes.h"
+
+#include <QFormLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QRegularExpressionValidator>
+#include <QTextCursor>
+#include <QTextDocument>
+#include <algorithm>
+
+#include "editors/BoxText.h"
+#include "skin/Skin.h"
+
+namespace zorik {
+namespace {
+
+constexpr int kBodyDigits = 5;
+constexpr int kBodyLabel = 74;
+constexpr int kDescriptionLines = 5;
+constexpr int kNameLetters = 26;  // at least to be seen of a text
+
+// The length of a text as it is kept; all of its letters have a place in the files.
+std::size_t KeptLength(const QString& text) {
+  return static_cast<std::size_t>(text.size() + text.count('\n'));
+}
+
+}  // namespace
+
+int LabelOf(SadaText text) {
+  constexpr std::array kLabels{129, 130, 131, 132};
+  return kLabels[static_cast<std::size_t>(text)];
+}
+
+BodyBox::BodyBox(QWidget* parent) : QLineEdit(parent) {
+  setValidator(new QRegularExpressionValidator(QRegularExpression("-?[0-9]{0,5}"), this));
+  connect(this, &QLineEdit::editingFinished, this, &BodyBox::Format);
+  Format();
+}
+
+void BodyBox::Format() {
+  setText(QString("%1").arg(std::max(0, text().toInt()), kBodyDigits, 10, QChar('0')));
+}
+
+// The click that brings the focus would put the caret among the digits.
+void BodyBox::focusInEvent(QFocusEvent* event) {
+  QLineEdit::focusInEvent(event);
+  QMetaObject::invokeMethod(this, &QLineEdit::selectAll, Qt::QueuedConnection);
+}
+
+DescriptionBox::DescriptionBox(QWidget* parent) : QPlainTextEdit(parent) {
+  setTabChangesFocus(true);
+  connect(document(), &QTextDocument::contentsChange, this, [this](int position, int /*removed*/, int added) {
+    position_ = position;
+    added_ = added;
+  });
+  connect(this, &QPlainTextEdit::textChanged, this, &DescriptionBox::Fit);
+}
+
+void DescriptionBox::Load(const QString& text) {
+  loading_ = true;
+  setPlainText(text);
+  loading_ = false;
+  most_ = std::max(SadaModel::kLongestDescription, KeptLength(toPlainText()));
+}
+
+// In a box the keys of the clipboard are the box's; one of several lines would leave Shift+Insert to the
+// menu.
+bool DescriptionBox::event(QEvent* event) {
+  if (event->type() == QEvent::ShortcutOverride &&
+      static_cast<QKeyEvent*>(event)->matches(QKeySequence::Paste)) {
+    event->accept();
+    return true;
+  }
+  return QPlainTextEdit::event(event);
+}
+
+// Of what was just put in, letters that have no place in the files become "?", and the end goes if it is too
+// much.
+void DescriptionBox::Fit() {
+  if (loading_) return;
+  const QString text = toPlainText();
+  const QString added = text.mid(position_, added_);
+  const std::size_t rest = KeptLength(text) - KeptLength(added);
+  QString fitting = AsKept(added);
+  fitting.truncate(static_cast<qsizetype>(most_));
+  while (!fitting.isEmpty() && rest + KeptLength(fitting) > most_) fitting.chop(1);
+  if (fitting == added) {
+    emit Edited(text);
+    return;
+  }
+  QTextCursor cursor(document());
+  cursor.setPosition(position_);
+  cursor.setPosition(position_ + static_cast<int>(added.size()), QTextCursor::KeepAnchor);
+  cursor.insertText(fitting);
+}
+
+SadaBoxes::SadaBoxes(SadaModel& sada, QWidget* parent)
+    : QWidget(parent),
+      sada_(sada),
+      Text3_(MakeBox("Text3", SadaText::Name)),
+      Text1_(MakeBox("Text1", SadaText::Author)),
+      Text2_(MakeBox("Text2", SadaText::Mail)),
+      Text4_(new DescriptionBox(this)),
+      txtBody_(new BodyBox(this)) {
+  Text4_->setObjectName("Text4");
+  txtBody_->setObjectName("txtBody");
+  connect(Text4_, &DescriptionBox::Edited, this, [this](const QString& text) {
+    sada_.SetText(SadaText::Description, FromBox(text));
+    emit Changed();
+  });
+  LayOut();
+}
+
+QLineEdit* SadaBoxes::MakeBox(const char* name, SadaText text) {
+  auto* const box = new QLineEdit(this);
+  box->setObjectName(name);
+  box->setMinimumWidth(box->fontMetrics().averageCharWidth() * kNameLetters);
+  connect(box, &QLineEdit::textEdited, this, [this, box, text](const QString& typed) {
+    const QString kept = AsKeptLine(typed);
+    if (kept != typed) {
+      const int caret = box->cursorPosition();
+      box->setText(kept);
+      box->setCursorPosition(caret);
+    }
+    sada_.SetText(text, FromBox(kept));
+    emit Changed();
+  });
+  return box;
+}
+
+void SadaBoxes::LayOut() {
+  auto* const form = new QFormLayout(this);
+  form->setContentsMargins({});
+  form->setRowWrapPolicy(QFormLayout::WrapAllRows);
+  form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
+  const std::array<QWidget*, 5> boxes{Text3_, Text1_, Text2_, Text4_, txtBody_};
+  for (std::size_t i = 0; i < boxes.size(); ++i) {
+    labels_[i] = new QLabel(this);
+    labels_[i]->setBuddy(boxes[i]);
+    form->addRow(labels_[i], boxes[i]);
+    if (i > 0) setTabOrder(boxes[i - 1], boxes[i]);
+  }
+  Text4_->setMinimumHeight(Text4_->fontMetrics().lineSpacing() * kDescriptionLines);
+  QSizePolicy tall = Text4_->sizePolicy();
+  tall.setVerticalStretch(1);
+  Text4_->setSizePolicy(tall);
+  txtBody_->setFixedWidth(txtBody_->fontMetrics().horizontalAdvance(QString(kBodyDigits * 2, '0')));
+}
+
+void SadaBoxes::SetLWEd(const Skin& skin) {
+  for (std::size_t i = 0; i < labels_.size(); ++i) {
+    const bool body = i + 1 == labels_.size();
+    const QString words = skin.Text(body ? kBodyLabel : LabelOf(static_cast<SadaText>(i)));
+    labels_[i]->setText(words);
+    labels_[i]->buddy()->setToolTip(words);
+  }
+}
+
+void SadaBoxes::Load() {
+  Text3_->setText(ToBox(sada_.Text(SadaText::Name)));
+  Text1_->setText(ToBox(sada_.Text(SadaText::Author)));
+  Text2_->setText(ToBox(sada_.Text(SadaText::Mail)));
+  Text4_->Load(ToBox(sada_.Text(SadaText::Description)));
+  for (QLineEdit* const box : {Text3_, Text1_, Text2_}) box->setCursorPosition(0);
+}
+
+void SadaBoxes::Cover(const QString& words) {
+  for (QLineEdit* const box : {Text3_, Text1_, Text2_}) box->setText(words);
+  Text4_->Load(words);
+}
+
+void SadaBoxes::Begin() {
+  Text3_->setFocus();
+  Text3_->selectAll();
+}
+
+QWidget* SadaBoxes::Box(SadaText text) const {
+  const std::array<QWidget*, 4> boxes{Text3_, Text1_, Text2_, Text4_};
+  return boxes[static_cast<std::size_t>(text)];
+}
+
+}  // namespace zorik

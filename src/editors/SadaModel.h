@@ -1,0 +1,125 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "data/Chance.h"
+#include "data/Collection.h"
+#include "data/Result.h"
+
+namespace zorik {
+
+// What the language gives to a new collection and to its caves, in Windows-1250.
+struct SadaWords {
+  std::string Name = "Nov\xE1 sada";
+  std::string Congratulation;
+  NewCaveTexts Cave;  // its description is the collection's, too
+};
+
+// The texts of a collection that have a box of their own.
+enum class SadaText { Name, Author, Mail, Description };
+
+// The collection that is being edited: its texts, its caves as texts, the caves that are open from the start
+// and the editor's own clipboard. Caves count from 1, texts are bytes in Windows-1250, paths are UTF-8.
+class SadaModel {
+ public:
+  // From one cave more on the collection is full and takes no further one.
+  static constexpr std::size_t kMostToAdd = 90;
+  // Characters that fit into the box of the description.
+  static constexpr std::size_t kLongestDescription = 280;
+
+  // The seed is that of scrambling, which decorates only.
+  SadaModel(SadaWords words, std::uint64_t seed);
+
+  // The language has changed; what is in the collection stays.
+  void SetWords(SadaWords words) { words_ = std::move(words); }
+
+  // mnuNew_Click: drops everything but the clipboard for a new collection with one small cave.
+  void New();
+
+  // What a file was found to be.
+  struct OpenReport {
+    bool Closed = false;          // not to be edited: nothing has changed here
+    std::vector<int> Unreadable;  // numbers of caves in the file that were left out
+  };
+
+  // OpenColl. Caves that do not parse are left out; without a readable one there is a new small cave. Fails
+  // when the file or its first lines cannot be read, and changes nothing then.
+  Result<OpenReport> Open(const std::string& path);
+
+  // A text that the file has no room for.
+  struct TooLong {
+    SadaText text;
+    std::size_t length;
+    std::size_t most;
+  };
+  std::optional<TooLong> CannotHold() const;
+
+  // SaveColl: writes the whole file, or fails and leaves the old one as it was. A file that was written is
+  // the collection's from then on, and nothing counts as changed.
+  Result<Done> Save(const std::string& path);
+
+  // Empty for a collection that was not saved yet.
+  const std::string& FileName() const { return fileName_; }
+
+  // Whether the collection counts as changed since the last save.
+  bool Chg() const { return chg_; }
+  void SetChg() { chg_ = true; }
+
+  const std::string& Text(SadaText text) const;
+  void SetText(SadaText text, std::string value);
+
+  const std::string& CongratulationText() const { return sada_.CongratulationText; }
+  void SetCongratulation(std::string text);
+
+  int ListCount() const { return static_cast<int>(sada_.CaveList.size()); }
+  const std::string& Cave(int number) const { return sada_.CaveList[static_cast<std::size_t>(number) - 1]; }
+  // The name in the cave's text; empty for a text that does not parse.
+  const std::string& Name(int number) const { return names_[static_cast<std::size_t>(number) - 1]; }
+  bool IsOpen(int number) const { return sada_.OpenFlags[static_cast<std::size_t>(number)]; }
+
+  int ListSelected() const { return selected_; }
+  // A number that no cave has is ignored.
+  void Select(int number);
+
+  // Opens a cave from the start, or no longer. Cave 1 always is.
+  void ToggleOpen(int number);
+
+  // Puts a cave at the selected place; this and all later ones move down, with their flags, and the new one
+  // takes over the flag of the place. A full collection loses the cave and counts as changed all the same.
+  void AddCave(std::string text);
+  void AddCave(NewCaveSize size);
+
+  const std::string& ClipCave() const { return clipCave_; }
+  void Copy() { clipCave_ = Cave(selected_); }
+  void Paste() { AddCave(clipCave_); }
+
+  // Swap the selected cave and its flag with the neighbour, if there is one.
+  void Up();
+  void Down();
+
+  // Takes the selected cave away, unless it is the last one left.
+  void Delete();
+
+  // SetKKKtoK: stores an edited cave at the selected place.
+  void SetSelected(std::string text);
+
+ private:
+  void GetNames(int selection);
+  void Swap(int upper);
+  std::string NewCave(NewCaveSize size) const;
+
+  SadaWords words_;
+  Chance decoration_;
+  EditedCollection sada_;
+  std::vector<std::string> names_;
+  std::string fileName_;
+  std::string clipCave_;
+  int selected_ = 1;
+  bool chg_ = false;
+};
+
+}  // namespace zorik

@@ -1,0 +1,18 @@
+#pragma once
+
+class QWidget;
+
+namespace zorik {
+
+// The sizes of the editors' windows, kept for the user from one start of the program to the next. A window
+// goes by its object name.
+void StoreSize(const QWidget& window);
+
+// Gives a window the size that it had last. False when there is none.
+bool RestoreSize(QWidget& window);
+
+// The size of a cell of the cave picture, in logical pixels; 0 when there is none.
+int ReadCellSize();
+void StoreCellSize(int size);
+
+}  // namespace zorik

@@ -1,0 +1,155 @@
+#include "screens/FrmAnalyze.h"
+
+#include <QFontDatabase>
+#include <QKeyEvent>
+#include <QLabel>
+#include <algorithm>
+
+#include "screens/SkinButton.h"
+#include "screens/SkinLabel.h"
+#include "screens/SkinPlacing.h"
+#include "screens/StartWords.h"
+#include "screens/Tones.h"
+#include "skin/GameFont.h"
+#include "skin/Skin.h"
+
+namespace zorik {
+namespace {
+
+constexpr int kSecond = 1000;  // milliseconds
+constexpr QSize kPlainSize(520, 220);
+
+// What the skin gives no place for.
+constexpr QRect kLineBox(40, 80, 440, 36);
+constexpr QRect kTotalBox(185, 126, 150, 40);
+constexpr QRect kSecondsBox(318, 171, 40, 32);
+constexpr QPoint kBonusPlace(400, 118);
+constexpr QColor kLightText(0xE8, 0xE8, 0xE0);
+
+constexpr int kLineLetters = 20;
+constexpr int kTotalLetters = 26;
+constexpr int kSecondsLetters = 20;
+constexpr int kPadding = 8;
+
+QLabel* NewLabel(const char* name, const QRect& place, QWidget* parent) {
+  auto* const label = new QLabel(parent);
+  label->setObjectName(name);
+  label->setTextFormat(Qt::PlainText);
+  label->setAlignment(Qt::AlignCenter);
+  label->setGeometry(place);
+  return label;
+}
+
+void SetColour(QLabel* label, QColor colour) {
+  QPalette colours = label->palette();
+  colours.setColor(QPalette::WindowText, colour);
+  label->setPalette(colours);
+}
+
+// Letters of one width, so large that the text fits.
+QFont LineFont(const QString& text, int width) {
+  QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+  int letters = kLineLetters;
+  do {
+    font.setPixelSize(letters);
+  } while (QFontMetrics(font).horizontalAdvance(text) > width && --letters > 1);
+  return font;
+}
+
+// What reads well on the picture in the middle of a box.
+QColor TextOn(const QImage& picture, const QRect& box) {
+  const QPoint middle = box.center();
+  return picture.valid(middle) ? TonesOf(picture.pixelColor(middle)).text : kLightText;
+}
+
+}  // namespace
+
+FrmAnalyze::FrmAnalyze(Skin& skin, QWidget* parent)
+    : SkinDialog(parent),
+      skin_(skin),
+      Label2_(NewLabel("Label2", kLineBox, this)),
+      Label3_(NewLabel("Label3", kTotalBox, this)),
+      Label4_(NewLabel("Label4", kSecondsBox, this)),
+      Image1_(new SkinPicture(this)),
+      ok_(new SkinButton(this)) {
+  setModal(true);
+  Image1_->setObjectName("Image1");
+  Image1_->move(kBonusPlace);
+  ok_->setObjectName("ok");
+  Label3_->setFont(GameFont(kTotalLetters));
+  Label4_->setFont(GameFont(kSecondsLetters));
+  Label4_->installEventFilter(this);
+  Timer1_.setObjectName("Timer1");
+  Timer1_.setInterval(kSecond);
+  connect(&Timer1_, &QTimer::timeout, this, &FrmAnalyze::CountDown);
+  connect(ok_, &SkinButton::clicked, this, &FrmAnalyze::Close);
+}
+
+void FrmAnalyze::SkinIt() {
+  setWindowTitle(kProgramTitle);
+  SetWindowPicture(skin_, Surface(), *this, "score", kPlainSize);
+  const QImage picture = skin_.Picture("score.image");
+  SetColour(Label2_, TextOn(picture, kLineBox));
+  SetColour(Label3_, TextOn(picture, kTotalBox));
+  SetColour(Label4_, TextOn(picture, kSecondsBox));
+  Image1_->SetPicture(skin_.Picture("select.bonus.image"));
+  PlaceButton(skin_, *ok_, "score.ok", kOkWords.In(skin_));
+}
+
+void FrmAnalyze::SetScore(const QString& line, int total, bool bonus) {
+  total_ = total;
+  bonus_ = bonus;
+  Label2_->setFont(LineFont(line, kLineBox.width() - 2 * kPadding));
+  Label2_->setText(line);
+  Label3_->setText(QString("%1").arg(total, 5, 10, QChar('0')));
+  Image1_->setVisible(bonus);
+}
+
+void FrmAnalyze::NastavCas(int seconds) {
+  Countdown_ = seconds;
+  Label4_->setText(QString::number(seconds));
+  Label4_->setCursor(Qt::PointingHandCursor);
+  Timer1_.start();
+}
+
+void FrmAnalyze::ClearCountdown() {
+  Timer1_.stop();
+  Label4_->clear();
+  Label4_->setCursor(Qt::ArrowCursor);
+}
+
+void FrmAnalyze::Open() {
+  SkinIt();
+  show();
+  activateWindow();
+}
+
+void FrmAnalyze::CountDown() {
+  --Countdown_;
+  Label4_->setText(QString::number(Countdown_));
+  if (Countdown_ <= 0) Close();
+}
+
+void FrmAnalyze::Close() {
+  Timer1_.stop();
+  if (!isVisible()) return;
+  hide();
+  emit Closed();
+}
+
+void FrmAnalyze::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Space && !event->isAutoRepeat()) {
+    Close();
+    return;
+  }
+  SkinDialog::keyPressEvent(event);
+}
+
+// Who wants to read on stops the seconds by a click.
+bool FrmAnalyze::eventFilter(QObject* object, QEvent* event) {
+  if (object != Label4_ || event->type() != QEvent::MouseButtonPress) return false;
+  Timer1_.stop();
+  return true;
+}
+
+}  // namespace zorik

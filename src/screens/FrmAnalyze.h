@@ -1,0 +1,65 @@
+#pragma once
+
+#include <QTimer>
+
+#include "screens/SkinWindow.h"
+
+class QLabel;
+
+namespace zorik {
+
+class Skin;
+class SkinButton;
+class SkinPicture;
+
+// The breakdown of a won run's score. It stands over the other windows, and closes by itself when its seconds
+// are over.
+class FrmAnalyze : public SkinDialog {
+  Q_OBJECT
+
+ public:
+  explicit FrmAnalyze(Skin& skin, QWidget* parent = nullptr);
+
+  // What it shows: the line, the total without a bonus, and whether there is one.
+  void SetScore(const QString& line, int total, bool bonus);
+
+  int Total() const { return total_; }
+  bool BonusVisible() const { return bonus_; }
+
+  // Lets it close by itself after so many seconds.
+  void NastavCas(int seconds);
+
+  // Lets it stay until the player closes it.
+  void ClearCountdown();
+
+  // Shows it in the skin of now; Closed tells of its end.
+  void Open();
+
+ signals:
+  void Closed();
+
+ protected:
+  void OnEnter() override { Close(); }
+  void OnEsc() override { Close(); }
+  void keyPressEvent(QKeyEvent* event) override;
+  bool eventFilter(QObject* object, QEvent* event) override;
+
+ private:
+  void SkinIt();
+  void CountDown();
+  void Close();
+
+  Skin& skin_;
+  int total_ = 0;
+  bool bonus_ = false;
+  int Countdown_ = 0;  // seconds left
+  QTimer Timer1_{this};
+
+  QLabel* Label2_;       // the line
+  QLabel* Label3_;       // the total
+  QLabel* Label4_;       // the seconds
+  SkinPicture* Image1_;  // the bonus sign
+  SkinButton* ok_;
+};
+
+}  // namespace zorik

@@ -1,0 +1,438 @@
+#include "screens/FrmPoSt.h"
+
+#include <QKeyEvent>
+#include <QPointer>
+#include <QScreen>
+#include <algorithm>
+
+#include "data/Cp1250.h"
+#include "data/Files.h"
+#include "data/MailFile.h"
+#include "screens/CaveList.h"
+#include "screens/FrmDialog2.h"
+#include "screens/MsgBox.h"
+#include "screens/ScrollButton.h"
+#include "screens/SkinLabel.h"
+#include "screens/SkinPlacing.h"
+#include "screens/StartWords.h"
+#include "skin/Skin.h"
+
+namespace zorik {
+namespace {
+
+constexpr QColor kPlainText(0xE8, 0xE8, 0xE0);
+constexpr QSize kPlainSize(760, 540);
+
+// Letters, in logical pixels.
+constexpr int kNameLetters = 18;
+constexpr int kTextLetters = 14;
+constexpr int kTotalLetters = 20;
+constexpr int kCaveLetters = 17;
+constexpr int kSmallLetters = 12;
+
+// What the skin gives no place for.
+constexpr QRect kRestBox(26, 504, 374, 18);
+constexpr QRect kRecordBox(420, 416, 314, 34);
+constexpr int kMargin = 24;
+constexpr int kGap = 8;
+constexpr int kDigits = 5;
+
+// Places in the language table.
+enum Place : int {
+  kPlayHint = 0,
+  kReplayHint = 1,
+  kCongratulationHint = 73,
+  kSendHint = 76,
+  kAuthorHint = 77,
+  kRestText = 78,
+  kRestOne = 79,
+  kRestFew = 80,
+  kRestMany = 81,
+  kSubjectStart = 82,
+  kSubjectEnd = 83,
+  kSolveFirst = 84,
+  kTitle = 99,
+  kWindowTitle = 108,
+};
+
+QString Shown(std::string_view bytes) {
+  return QString::fromStdString(ToUtf8(bytes));
+}
+
+Qt::Alignment Sideways(SkinData::Align align) {
+  switch (align) {
+    case SkinData::Align::Right:
+      return Qt::AlignRight;
+    case SkinData::Align::Centre:
+      return Qt::AlignHCenter;
+    default:
+      return Qt::AlignLeft;
+  }
+}
+
+// The word that Czech has for so many caves.
+QString RestWord(const Skin& skin, int rest) {
+  if (rest <= 0) return {};
+  return skin.Text(rest == 1 ? kRestOne : rest <= 4 ? kRestFew : kRestMany);
+}
+
+// The least of some heights that is below another one.
+int Below(int top, std::initializer_list<int> others) {
+  int least = others.begin()[others.size() - 1];
+  for (const int other : others) {
+    if (other > top) least = std::min(least, other);
+  }
+  return least;
+}
+
+}  // namespace
+
+FrmPoSt::FrmPoSt(Skin& skin, const Paths& paths, LetterOpeners openers)
+    : skin_(skin), paths_(paths), openers_(std::move(openers)) {
+  setFocusPolicy(Qt::StrongFocus);
+  Build();
+  SkinIt();
+}
+
+SkinLabel* FrmPoSt::NewLabel(const char* name) {
+  auto* const label = new SkinLabel(this);
+  label->setObjectName(name);
+  return label;
+}
+
+void FrmPoSt::Build() {
+  Label4_ = NewLabel("Label4");
+  Label3_ = NewLabel("Label3");
+  lblDescription_ = NewLabel("lblDescription");
+  lblTotal_ = NewLabel("lblTotal");
+  lblRest_ = NewLabel("lblRest");
+  lblCaveName_ = NewLabel("lblCaveName");
+  lblCaveDescription_ = NewLabel("lblCaveDescription");
+  lblRecord_ = NewLabel("lblRecord");
+  imgBonus_ = new SkinPicture(this);
+  imgBonus_->setObjectName("imgBonus");
+  list_ = new CaveList(this);
+  replay_ = new SkinButton(this);
+  play_ = new SkinButton(this);
+  congratulation_ = new SkinButton(this);
+  send_ = new SkinButton(this);
+  close_ = new SkinButton(this);
+  help_ = new SkinButton(this);
+  vscroll_ = new ScrollButton(Qt::Vertical, this);
+
+  const std::pair<SkinButton*, const char*> names[] = {
+      {replay_, "replay"},  {play_, "play"},   {congratulation_, "congratulation"},
+      {send_, "send"},      {close_, "close"}, {help_, "help"},
+      {vscroll_, "vscroll"}};
+  for (const auto& [button, name] : names) button->setObjectName(name);
+
+  connect(Label3_, &SkinLabel::LinkClicked, this, &FrmPoSt::ClickedAuthor);
+  connect(list_, &CaveList::CaveClicked, this, &FrmPoSt::SelectCave);
+  connect(list_, &CaveList::CaveDoubleClicked, this, &FrmPoSt::ClickedStart);
+  connect(replay_, &SkinButton::clicked, this, &FrmPoSt::Replay);
+  connect(play_, &SkinButton::clicked, this, &FrmPoSt::ClickedStart);
+  connect(congratulation_, &SkinButton::clicked, this, &FrmPoSt::Congratulate);
+  connect(send_, &SkinButton::clicked, this, &FrmPoSt::ClickedSend);
+  connect(close_, &SkinButton::clicked, this, &FrmPoSt::Back);
+  connect(help_, &SkinButton::clicked, this, &FrmPoSt::HelpWanted);
+  connect(vscroll_, &ScrollButton::Stepped, list_, &CaveList::Scroll);
+}
+
+// The box of a line of text without a width of its own. Aligned to the right it ends at the place that the
+// skin names, centred it lies around it.
+QRect FrmPoSt::LineBox(const std::string& key, int height, int right) const {
+  const SkinData& table = skin_.Data();
+  const int anchor = table.SkinInt(key + ".left");
+  const int top = table.SkinInt(key + ".top");
+  switch (table.SkinAlign(key + ".alignment")) {
+    case SkinData::Align::Right:
+      return {kMargin, top, anchor - kMargin, height};
+    case SkinData::Align::Centre: {
+      const int half = std::min(anchor - kMargin, right - anchor);
+      return {anchor - half, top, 2 * half, height};
+    }
+    default:
+      return {anchor, top, right - anchor, height};
+  }
+}
+
+void FrmPoSt::PlaceHead() {
+  const SkinData& table = skin_.Data();
+  const int right = width() - kMargin;
+
+  const auto nameTop = table.SkinInt("select.collname.top");
+  const bool besideTotal = table.SkinInt("select.score.left") > table.SkinInt("select.collname.left") &&
+                           std::abs(table.SkinInt("select.score.top") - nameTop) < kTotalLetters;
+  const int nameRight = besideTotal ? table.SkinInt("select.score.left") - kMargin : right;
+  Label4_->SetLook(skin_.Colour("select.collname.textcolor", kPlainText),
+                   Sideways(table.SkinAlign("select.collname.alignment")), kNameLetters);
+  Label4_->setGeometry(LineBox("select.collname", kNameLetters + kGap, nameRight));
+
+  lblTotal_->SetLook(skin_.Colour("select.score.textcolor", kPlainText), Qt::AlignLeft, kTotalLetters);
+  lblTotal_->setGeometry(table.SkinInt("select.score.left"), table.SkinInt("select.score.top"),
+                         (kDigits + 1) * kTotalLetters * 3 / 5, kTotalLetters + kGap);
+
+  const int textTop = table.SkinInt("select.colldescription.top");
+  const int authorTop = table.SkinInt("select.collauthor.top");
+  const int textBottom = Below(textTop, {authorTop, table.SkinInt("select.caves.top"), height()});
+  lblDescription_->SetLook(skin_.Colour("select.colldescription.textcolor", kPlainText),
+                           Sideways(table.SkinAlign("select.colldescription.alignment")), kTextLetters);
+  lblDescription_->setGeometry(table.SkinInt("select.colldescription.left"), textTop,
+                               table.SkinInt("select.colldescription.width"), textBottom - textTop);
+
+  Label3_->setGeometry(table.SkinInt("select.collauthor.left"), authorTop,
+                       table.SkinInt("select.collauthor.width"), kTextLetters + kGap);
+}
+
+void FrmPoSt::PlaceCave() {
+  const SkinData& table = skin_.Data();
+  const int bonusTop = table.SkinInt("select.bonus.top");
+  lblCaveName_->SetLook(skin_.Colour("select.cavename.textcolor", kPlainText),
+                        Sideways(table.SkinAlign("select.cavename.alignment")), kCaveLetters);
+  lblCaveName_->setGeometry(LineBox("select.cavename", kCaveLetters + kGap, width() - kMargin));
+
+  const int top = table.SkinInt("select.cavedescription.top");
+  const int bottom = Below(top, {bonusTop, kRecordBox.top(), height()});
+  lblCaveDescription_->SetLook(skin_.Colour("select.cavedescription.textcolor", kPlainText),
+                               Sideways(table.SkinAlign("select.cavedescription.alignment")), kTextLetters);
+  lblCaveDescription_->setGeometry(table.SkinInt("select.cavedescription.left"), top,
+                                   table.SkinInt("select.cavedescription.width"), bottom - top);
+
+  lblRecord_->SetLook(kPlainText, Qt::AlignLeft, kSmallLetters);
+  lblRecord_->setGeometry(kRecordBox);
+  lblRest_->SetLook(kPlainText, Qt::AlignLeft | Qt::AlignVCenter, kSmallLetters);
+  lblRest_->setGeometry(kRestBox);
+
+  imgBonus_->SetPicture(skin_.Picture("select.bonus.image"));
+  imgBonus_->move(table.SkinInt("select.bonus.left"), bonusTop);
+}
+
+void FrmPoSt::SkinButtons() {
+  PlaceButton(skin_, *replay_, "select.replay", skin_.Text(kReplayHint));
+  PlaceButton(skin_, *play_, "select.play", skin_.Text(kPlayHint));
+  PlaceButton(skin_, *congratulation_, "select.congratulation", skin_.Text(kCongratulationHint));
+  PlaceButton(skin_, *send_, "select.send", skin_.Text(kSendHint));
+  PlaceButton(skin_, *vscroll_, "select.vscroll", QString());
+  PlaceButton(skin_, *close_, "select.close", kCloseWords.In(skin_));
+  PlaceButton(skin_, *help_, "select.help", kHelpWords.In(skin_));
+}
+
+void FrmPoSt::SkinIt() {
+  SetWindowPicture(skin_, Surface(), *this, "select", kPlainSize);
+  PlaceHead();
+  PlaceCave();
+  list_->SkinIt(skin_);
+  SetLWPost();
+}
+
+void FrmPoSt::SetLWPost() {
+  setWindowTitle(skin_.Text(kWindowTitle));
+  SkinButtons();
+  if (selection_) ShowColl();
+}
+
+std::optional<QString> FrmPoSt::LoadColl(const QString& path, const QString& player) {
+  const std::string name = FromUtf8WithGaps(player.toStdString());
+  const std::string folder = ResolvePath(paths_.PlayersPath + "/" + FileSystemName(name));
+  Result<Selection> selection = Selection::LoadColl(path.toStdString(), name, folder);
+  if (!selection) return kNotOpenedWords.In(skin_) + "\r\n" + path;
+  selection_ = std::move(*selection);
+  SkinIt();
+  if (!testAttribute(Qt::WA_Moved)) move(screen()->availableGeometry().center() - rect().center());
+  show();
+  activateWindow();
+  return std::nullopt;
+}
+
+void FrmPoSt::ShowColl() {
+  Label4_->SetText(Shown(selection_->Collection().Name));
+  lblDescription_->SetText(Shown(selection_->Collection().Description));
+  ShowAuthor();
+  FillRows();
+  CelkSkore();
+  SelectCave(selection_->Selected());
+}
+
+void FrmPoSt::ShowAuthor() {
+  const PlayedCollection& collection = selection_->Collection();
+  const bool link = !collection.AuthorMail.empty();
+  Label3_->SetText(QString("© ") + Shown(collection.Author));
+  Label3_->SetLook(
+      skin_.Colour(link ? "select.collauthor.linkcolor" : "select.collauthor.textcolor", kPlainText),
+      Sideways(skin_.Data().SkinAlign("select.collauthor.alignment")), kTextLetters);
+  if (link) {
+    Label3_->SetLink(skin_.Colour("select.collauthor.hovercolor", kPlainText),
+                     '"' + Shown(collection.AuthorMail) + '"' + skin_.Text(kAuthorHint));
+  } else {
+    Label3_->SetLink(QColor(), QString());
+  }
+}
+
+void FrmPoSt::FillRows() {
+  const QString closed = skin_.Caption("select.caves.canttext");
+  std::vector<CaveList::Row> rows;
+  for (int i = 1; i <= selection_->CaveCount(); ++i) {
+    const CaveState state = selection_->State(i);
+    const QString name = state == CaveState::Closed ? closed : Shown(selection_->Cave(i).Record.Name);
+    rows.push_back({name, selection_->Score(i), state});
+  }
+  list_->SetRows(std::move(rows));
+  vscroll_->setVisible(list_->Range() > 0);
+}
+
+void FrmPoSt::CelkSkore() {
+  const int rest = selection_->Rest();
+  lblRest_->SetText(skin_.Text(kRestText) + ' ' + QString::number(rest) + ' ' + RestWord(skin_, rest) + '.');
+  lblTotal_->SetText(QString("%1").arg(selection_->Total(), kDigits, 10, QChar('0')));
+  congratulation_->setVisible(rest == 0);
+}
+
+void FrmPoSt::SelectCave(int number) {
+  selection_->Select(number);
+  list_->Select(selection_->Selected());
+  ShowCave();
+}
+
+void FrmPoSt::ShowCave() {
+  const int number = selection_->Selected();
+  const CaveState state = selection_->State(number);
+  const bool solved = state == CaveState::Solved || state == CaveState::SolvedByOther;
+  const QString& rowName = list_->Rows()[static_cast<std::size_t>(number - 1)].name;
+  replay_->setVisible(solved);
+  play_->setVisible(state != CaveState::Closed);
+  imgBonus_->setVisible(JeBonus(rowName.toStdString()));
+  lblCaveName_->SetText(rowName);
+  lblRecord_->SetText(solved ? Shown(selection_->RecordName()) : QString());
+  lblRecord_->SetHint(solved ? QString::fromStdString(selection_->RecordPath()) : QString());
+  if (state != CaveState::Closed) {
+    lblCaveDescription_->SetText(Shown(selection_->Cave(number).Record.Description));
+    return;
+  }
+  const int before = selection_->OpenCaveBefore(number);
+  const QString name = before == 0 ? QString() : Shown(selection_->Cave(before).Record.Name);
+  lblCaveDescription_->SetText(skin_.Text(kSolveFirst) + "\r\n" + name);
+}
+
+void FrmPoSt::Prosel(int total, bool bonusVisible) {
+  selection_->Prosel(total, bonusVisible);
+  FillRows();
+  SelectCave(selection_->Selected());
+  CelkSkore();
+}
+
+void FrmPoSt::ClickedStart() {
+  if (selection_->State(selection_->Selected()) == CaveState::Closed) return;
+  const std::string& text = selection_->Cave(selection_->Selected()).Text;
+  emit PlayCave(QByteArray::fromStdString(text));
+}
+
+void FrmPoSt::Replay() {
+  emit PlayRecord(QString::fromStdString(selection_->RecordPath()));
+}
+
+void FrmPoSt::Congratulate() {
+  FrmDialog2(skin_, this).ShowG(Shown(selection_->Congratulation()));
+}
+
+void FrmPoSt::ClickedSend() {
+  const Result<std::string> mail = WriteMail(selection_->Collection(), selection_->PlayerFolder());
+  if (!mail) {
+    Say(kNotStoredWords.In(skin_) + "\r\n" + QString::fromStdString(selection_->PlayerFolder()));
+    return;
+  }
+  const QString path = QString::fromStdString(*mail);
+  openers_.file(path, TellNoProgram(path));
+}
+
+void FrmPoSt::ClickedAuthor() {
+  const PlayedCollection& collection = selection_->Collection();
+  const QString address = Shown(collection.AuthorMail);
+  const QString subject =
+      skin_.Text(kSubjectStart) + " '" + Shown(collection.Name) + "' " + skin_.Text(kSubjectEnd);
+  openers_.link(MailLink(address, subject), TellNoProgram(address));
+}
+
+// The desktop may take a while to find out that it has none.
+OpenFailed FrmPoSt::TellNoProgram(const QString& target) {
+  return [here = QPointer(this), target] {
+    if (here) here->Say(kNoProgramWords.In(here->skin_) + "\r\n" + target);
+  };
+}
+
+void FrmPoSt::Say(const QString& text) {
+  Tell(skin_, this, skin_.Text(kTitle), text);
+}
+
+// The cave that a key moves to; the present one for any other key.
+int FrmPoSt::SelectedBy(int key) const {
+  const int now = selection_->Selected();
+  switch (key) {
+    case Qt::Key_Up:
+      return now - 1;
+    case Qt::Key_Down:
+      return now + 1;
+    case Qt::Key_PageUp:
+      return std::max(1, now - list_->Page());
+    case Qt::Key_PageDown:
+      return std::min(selection_->CaveCount(), now + list_->Page());
+    case Qt::Key_Home:
+      return 1;
+    case Qt::Key_End:
+      return selection_->CaveCount();
+    default:
+      return now;
+  }
+}
+
+// Presses the button of a key. False when the key has none, or it is not to be seen.
+bool FrmPoSt::Command(int key) {
+  SkinButton* button = nullptr;
+  switch (key) {
+    case Qt::Key_Z:
+    case Qt::Key_R:
+      button = replay_;
+      break;
+    case Qt::Key_Space:
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      button = play_;
+      break;
+    case Qt::Key_G:
+      button = congratulation_;
+      break;
+    case Qt::Key_E:
+    case Qt::Key_S:
+      ClickedSend();
+      return true;
+    case Qt::Key_Escape:
+      emit Back();
+      return true;
+    default:
+      return false;
+  }
+  if (button->isHidden()) return false;
+  emit button->clicked();
+  return true;
+}
+
+void FrmPoSt::keyPressEvent(QKeyEvent* event) {
+  const bool chord = (event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) != 0;
+  if (!selection_ || chord) {
+    event->ignore();
+    return;
+  }
+  const int number = SelectedBy(event->key());
+  if (number != selection_->Selected()) {
+    SelectCave(number);
+    return;
+  }
+  if (event->isAutoRepeat() || !Command(event->key())) event->ignore();
+}
+
+// Only the start screen ends the game.
+void FrmPoSt::closeEvent(QCloseEvent* event) {
+  event->ignore();
+  emit Back();
+}
+
+}  // namespace zorik

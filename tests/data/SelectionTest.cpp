@@ -1,0 +1,291 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <vector>
+
+#include "data/Files.h"
+#include "data/RecordFile.h"
+#include "data/Samples.h"
+#include "data/Scramble.h"
+#include "data/Selection.h"
+
+namespace zorik {
+namespace {
+
+namespace fs = std::filesystem;
+
+using samples::CaveText;
+
+class SelectionTest : public testing::Test {
+ protected:
+  SelectionTest() {
+    std::string pattern = (fs::temp_directory_path() / "zorik-selection-XXXXXX").string();
+    root_ = mkdtemp(pattern.data());
+    fs::create_directories(Folder());
+  }
+  ~SelectionTest() override { fs::remove_all(root_); }
+
+  std::string Folder() const { return root_ + "/Ada"; }
+  std::string File() const { return root_ + "/sada.zk"; }
+
+  // A collection "Sada" of caves with these names.
+  void Write(const std::vector<std::string>& names, const std::string& last = "Konec",
+             std::string_view open = "A") const {
+    std::vector<std::string> body;
+    for (std::size_t i = 0; i < names.size(); ++i) {
+      body.push_back(CaveText(names[i]) + "---" + MarkerDigits(static_cast<int>(i + 1)));
+    }
+    body.push_back(last);
+    ASSERT_TRUE(WriteWhole(File(), samples::CollectionFile(body, open)));
+  }
+
+  static std::string RecordOf(const std::string& cave, int score, std::string_view player = "Ada") {
+    Chance chance(3);
+    return BuildRecordHead("Sada", score, player, chance) + ScrambleText(CaveText(cave) + "---01", chance) +
+           "\r\nAAA\r\n";
+  }
+
+  void Record(const std::string& cave, int score, std::string_view player = "Ada") const {
+    ASSERT_TRUE(WriteWhole(Folder() + "/" + FileSystemName(RecordFileName("Sada", cave)),
+                           RecordOf(cave, score, player)));
+  }
+
+  Selection Open() const {
+    auto selection = Selection::LoadColl(File(), "Ada", Folder());
+    EXPECT_TRUE(selection);
+    return *selection;
+  }
+
+  // The states of all caves as digits.
+  static std::string States(const Selection& selection) {
+    std::string digits;
+    for (int i = 1; i <= selection.CaveCount(); ++i) {
+      digits += static_cast<char>('0' + static_cast<int>(selection.State(i)));
+    }
+    return digits;
+  }
+
+  std::string root_;
+};
+
+TEST_F(SelectionTest, OpensWithTheFirstCaveSelected) {
+  Write({"a", "b"});
+  const Selection selection = Open();
+  EXPECT_EQ(selection.Selected(), 1);
+  EXPECT_EQ(States(selection), "10");
+  EXPECT_EQ(selection.Score(1), 0);
+  EXPECT_EQ(selection.Rest(), 2);
+}
+
+TEST_F(SelectionTest, OfACollectionThatVanishedFails) {
+  const auto selection = Selection::LoadColl(File(), "Ada", Folder());
+  ASSERT_FALSE(selection);
+  EXPECT_NE(selection.Message().find(File()), std::string::npos);
+}
+
+TEST_F(SelectionTest, OfGarbageFails) {
+  ASSERT_TRUE(WriteWhole(File(), "tohle neni sada\n"));
+  EXPECT_FALSE(Selection::LoadColl(File(), "Ada", Folder()));
+}
+
+TEST_F(SelectionTest, OfACollectionWithoutACaveFails) {
+  Write({});
+  EXPECT_FALSE(Selection::LoadColl(File(), "Ada", Folder()));
+}
+
+TEST_F(SelectionTest, FindsTheCollectionInAnyLetterCase) {
+  Write({"a"});
+  EXPECT_TRUE(Selection::LoadColl(root_ + "/SADA.ZK", "Ada", Folder()));
+}
+
+TEST_F(SelectionTest, SelectsOnlyCavesThatExist) {
+  Write({"a", "b", "c"});
+  Selection selection = Open();
+  selection.Select(3);
+  EXPECT_EQ(selection.Selected(), 3);
+  for (const int number : {0, 4, -1, 99, 100}) {
+    selection.Select(number);
+    EXPECT_EQ(selection.Selected(), 3) << number;
+  }
+}
+
+TEST_F(SelectionTest, NamesTheLastOpenCaveBeforeAClosedOne) {
+  Write({"a", "b", "c", "d", "e"}, "Konec", "ABC");
+  Record("c", 5, "Jin\xFD");
+  const Selection selection = Open();
+  ASSERT_EQ(States(selection), "11310");
+  EXPECT_EQ(selection.OpenCaveBefore(5), 4);
+  EXPECT_EQ(selection.OpenCaveBefore(4), 2) << "a solved cave does not count";
+  EXPECT_EQ(selection.OpenCaveBefore(1), 0);
+}
+
+TEST_F(SelectionTest, TakesAScoreForBetterWhenItIsEqual) {
+  Write({"a"});
+  Record("a", 123);
+  const Selection selection = Open();
+  EXPECT_FALSE(selection.JeLepsi(122));
+  EXPECT_TRUE(selection.JeLepsi(123));
+  EXPECT_TRUE(selection.JeLepsi(124));
+}
+
+TEST_F(SelectionTest, TakesAnyScoreForBetterThanNone) {
+  Write({"a"});
+  EXPECT_TRUE(Open().JeLepsi(0));
+}
+
+TEST_F(SelectionTest, ComparesWithAnotherPlayersRecordToo) {
+  Write({"a"});
+  Record("a", 50, "Jin\xFD");
+  EXPECT_FALSE(Open().JeLepsi(49));
+}
+
+TEST_F(SelectionTest, SolvesTheWonCaveOpensTheNextAndGoesThere) {
+  Write({"a", "b", "c"});
+  Selection selection = Open();
+  selection.Prosel(77, false);
+  EXPECT_EQ(States(selection), "210");
+  EXPECT_EQ(selection.Score(1), 77);
+  EXPECT_EQ(selection.Total(), 77);
+  EXPECT_EQ(selection.Rest(), 2);
+  EXPECT_EQ(selection.Selected(), 2);
+}
+
+TEST_F(SelectionTest, AddsTheBonusToTheScoreOfABonusCave) {
+  Write({"a"});
+  Selection selection = Open();
+  selection.Prosel(77, true);
+  EXPECT_EQ(selection.Score(1), 577);
+}
+
+TEST_F(SelectionTest, HoldsAScoreToFiveDigits) {
+  Write({"a"});
+  Selection selection = Open();
+  selection.Prosel(99800, true);
+  EXPECT_EQ(selection.Score(1), 99999);
+}
+
+TEST_F(SelectionTest, StaysAtTheLastCave) {
+  Write({"a", "b"});
+  Selection selection = Open();
+  selection.Prosel(1, false);
+  selection.Prosel(2, false);
+  EXPECT_EQ(selection.Selected(), 2);
+  EXPECT_EQ(States(selection), "22");
+  EXPECT_EQ(selection.Rest(), 0);
+}
+
+TEST_F(SelectionTest, OpensBonusCavesInARowAndTheCaveBehindThem) {
+  Write({"a", "Bonus 1", "bonus 2", "d", "e"});
+  Selection selection = Open();
+  selection.Prosel(1, false);
+  EXPECT_EQ(States(selection), "21110");
+  EXPECT_EQ(selection.Rest(), 2) << "open bonus caves count as done";
+}
+
+TEST_F(SelectionTest, OpensNothingBehindACaveThatIsOpenAlready) {
+  Write({"a", "Bonus", "c"}, "Konec", "AB");
+  Selection selection = Open();
+  ASSERT_EQ(States(selection), "111") << "the open bonus cave opens the next";
+  selection.Prosel(1, false);
+  EXPECT_EQ(States(selection), "211");
+}
+
+TEST_F(SelectionTest, MakesAnotherPlayersCaveOnesOwnByWinningIt) {
+  Write({"a", "b"});
+  Record("a", 50, "Jin\xFD");
+  Selection selection = Open();
+  ASSERT_EQ(States(selection), "31");
+  selection.Prosel(40, false);
+  EXPECT_EQ(States(selection), "21");
+  EXPECT_EQ(selection.Score(1), 40);
+}
+
+TEST_F(SelectionTest, ManagesNinetyNineCavesToTheEnd) {
+  std::vector<std::string> names;
+  for (int i = 1; i <= 99; ++i) names.push_back("c" + std::to_string(i));
+  Write(names);
+  Record("c99", 9);
+  Selection selection = Open();
+  EXPECT_EQ(selection.State(99), CaveState::Solved);
+  selection.Select(99);
+  selection.Prosel(10, false);
+  EXPECT_EQ(selection.Selected(), 99);
+  EXPECT_EQ(selection.Score(99), 10);
+}
+
+TEST_F(SelectionTest, KeepsARecordUnderTheNamesOfCollectionAndCave) {
+  Write({"Co? To: je/on"});
+  const Selection selection = Open();
+  EXPECT_EQ(selection.RecordName(), "Sada - Co To jeon.zkr");
+  EXPECT_EQ(selection.RecordPath(), Folder() + "/Sada - Co To jeon.zkr");
+}
+
+TEST_F(SelectionTest, FindsARecordWhateverItsLetterCase) {
+  Write({"Jedna"});
+  ASSERT_TRUE(WriteWhole(Folder() + "/sada - jedna.zkr", RecordOf("Jedna", 8)));
+  const Selection selection = Open();
+  EXPECT_EQ(States(selection), "2");
+  EXPECT_EQ(selection.RecordPath(), Folder() + "/sada - jedna.zkr");
+}
+
+TEST_F(SelectionTest, FindsTheRecordThatItHasStoredWhenItIsOpenedAgain) {
+  Write({"a", "b"});
+  Selection selection = Open();
+  ASSERT_TRUE(selection.StoreRecord(RecordOf("a", 33), 33));
+  const Selection again = Open();
+  EXPECT_EQ(States(again), "21");
+  EXPECT_EQ(again.Score(1), 33);
+}
+
+TEST_F(SelectionTest, MakesThePlayersFolderAnewForARecord) {
+  Write({"a"});
+  Selection selection = Open();
+  fs::remove_all(Folder());
+  ASSERT_TRUE(selection.StoreRecord(RecordOf("a", 33), 33));
+  EXPECT_TRUE(fs::exists(selection.RecordPath()));
+}
+
+TEST_F(SelectionTest, ComparesWithTheStoredRecordAlsoWhenTheListShowsAWorseRun) {
+  Write({"a"});
+  Record("a", 100);
+  Selection selection = Open();
+  selection.Prosel(60, false);
+  EXPECT_EQ(selection.Score(1), 60);
+  EXPECT_FALSE(selection.JeLepsi(99)) << "the better record is still on the disk";
+}
+
+TEST_F(SelectionTest, ComparesWithTheRecordThatWasStoredLast) {
+  Write({"a"});
+  Record("a", 100);
+  Selection selection = Open();
+  ASSERT_TRUE(selection.StoreRecord(RecordOf("a", 60), 60));
+  EXPECT_TRUE(selection.JeLepsi(60));
+}
+
+TEST_F(SelectionTest, KeepsTheOldRecordWhenTheNewOneCannotBeWritten) {
+  Write({"a"});
+  Record("a", 10);
+  Selection selection = Open();
+  const std::string path = selection.RecordPath();
+  fs::remove_all(Folder());
+  ASSERT_TRUE(WriteWhole(Folder(), "a file in the place of the folder"));
+  EXPECT_FALSE(selection.StoreRecord(RecordOf("a", 20), 20));
+  EXPECT_TRUE(selection.JeLepsi(10)) << "what is stored has not changed";
+  EXPECT_FALSE(selection.JeLepsi(9));
+}
+
+TEST_F(SelectionTest, PutsThePointsIntoTheCongratulationWhereverItSaysSo) {
+  Write({"a"}, "$P bod\xF9, tedy $P.\r\nKonec $");
+  Record("a", 42);
+  EXPECT_EQ(Open().Congratulation(), "00042 bod\xF9, tedy 00042.\r\nKonec $");
+}
+
+TEST_F(SelectionTest, WritesScoresWithFiveDigits) {
+  EXPECT_EQ(FiveDigits(0), "00000");
+  EXPECT_EQ(FiveDigits(123), "00123");
+  EXPECT_EQ(FiveDigits(99999), "99999");
+  EXPECT_EQ(FiveDigits(123456), "123456");
+}
+
+}  // namespace
+}  // namespace zorik

@@ -1,0 +1,160 @@
+#include <QWheelEvent>
+
+#include "editors/CaveView.h"
+#include "editors/EditorScreen.h"
+
+namespace zorik {
+namespace {
+
+using test::Full;
+
+class CaveViewTest : public testing::Test, public test::EditorScreen {
+ protected:
+  void OpenLargest() {
+    test::Picture picture = Full(80, 50, ';');
+    picture[1][1] = '1';
+    Open(picture);
+    // Exactly 19 x 11 cells are seen.
+    window->resize(window->size() - (Child<QWidget>("Ram").size() - QSize(19 * 26, 11 * 26)));
+    ASSERT_TRUE(QTest::qWaitFor([this] { return Child<QWidget>("Ram").size() == QSize(19 * 26, 11 * 26); }));
+  }
+  QScrollBar& Across() const { return Child<QScrollBar>("HScroll1"); }
+  QScrollBar& Down() const { return Child<QScrollBar>("VScroll1"); }
+
+  void Wheel(QPoint place, int steps, Qt::KeyboardModifiers modifiers) const {
+    QWheelEvent event(place, Area().mapToGlobal(QPointF(place)), QPoint(), QPoint(0, steps * 120),
+                      Qt::NoButton, modifiers, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&Area(), &event);
+  }
+};
+
+TEST_F(CaveViewTest, ShowsNineteenByElevenCellsAtLeast) {
+  Open(Full(30, 20, ';'));
+  EXPECT_GE(Child<QWidget>("Ram").minimumWidth(), 19 * 26);
+  EXPECT_GE(Child<QWidget>("Ram").minimumHeight(), 11 * 26);
+}
+
+TEST_F(CaveViewTest, ScrollsTheLargestCaveInStepsOfHalfACell) {
+  OpenLargest();
+  EXPECT_EQ(Across().maximum(), 122);
+  EXPECT_EQ(Down().maximum(), 78);
+  EXPECT_EQ(Across().singleStep(), 1);
+  Across().setValue(1);
+  EXPECT_EQ(Area().pos(), QPoint(-13, 0));
+  Down().setValue(3);
+  EXPECT_EQ(Area().pos(), QPoint(-13, -39));
+}
+
+TEST_F(CaveViewTest, ReachesEveryCornerOfTheLargestCave) {
+  OpenLargest();
+  for (const bool right : {false, true}) {
+    for (const bool bottom : {false, true}) {
+      Across().setValue(right ? Across().maximum() : 0);
+      Down().setValue(bottom ? Down().maximum() : 0);
+      const QPoint corner(right ? 79 : 0, bottom ? 49 : 0);
+      Click(corner.x(), corner.y());
+      EXPECT_EQ(window->Model().At(corner.x(), corner.y()), 'R');
+      const QRect cell(Area().pos() + corner * 26, QSize(26, 26));
+      EXPECT_TRUE(Child<QWidget>("Ram").rect().contains(cell));
+    }
+  }
+}
+
+TEST_F(CaveViewTest, DoesNotScrollACaveThatFits) {
+  Open(Full(5, 5, ';'));
+  EXPECT_EQ(Across().maximum(), 0);
+  EXPECT_EQ(Down().maximum(), 0);
+  EXPECT_EQ(Area().pos(), QPoint(0, 0));
+}
+
+TEST_F(CaveViewTest, ScrollsBackToTheBeginningForAnotherCave) {
+  OpenLargest();
+  Across().setValue(50);
+  Down().setValue(50);
+  Open(Full(60, 40, ';'));
+  EXPECT_EQ(Across().value(), 0);
+  EXPECT_EQ(Down().value(), 0);
+  EXPECT_EQ(Area().pos(), QPoint(0, 0));
+}
+
+TEST_F(CaveViewTest, ScrollsWithTheWheel) {
+  OpenLargest();
+  Wheel(QPoint(50, 50), -1, Qt::NoModifier);
+  EXPECT_GT(Down().value(), 0);
+  EXPECT_EQ(Across().value(), 0);
+  Wheel(QPoint(50, 50), -1, Qt::ShiftModifier);
+  EXPECT_GT(Across().value(), 0);
+}
+
+TEST_F(CaveViewTest, ZoomsAroundThePointerWithCtrlAndTheWheel) {
+  OpenLargest();
+  Across().setValue(40);
+  Down().setValue(40);
+  const QPoint place(40 * 26 + 13, 25 * 26 + 13);  // the middle of a cell that is seen
+  const QPoint seen = place + Area().pos();
+  Wheel(place, 3, Qt::ControlModifier);
+  EXPECT_EQ(Area().CellSize(), 52);
+  EXPECT_EQ(Area().size(), QSize(80 * 52, 50 * 52));
+  const QPoint now = QPoint(40 * 52 + 26, 25 * 52 + 26) + Area().pos();
+  EXPECT_LE((now - seen).manhattanLength(), 26) << "half a step in each direction";
+  Wheel(place, -3, Qt::ControlModifier);
+  EXPECT_EQ(Area().CellSize(), 26);
+}
+
+TEST_F(CaveViewTest, StopsZoomingAtItsEnds) {
+  OpenLargest();
+  Wheel(QPoint(50, 50), 40, Qt::ControlModifier);
+  EXPECT_EQ(Area().CellSize(), 104);
+  Wheel(QPoint(50, 50), -40, Qt::ControlModifier);
+  EXPECT_EQ(Area().CellSize(), 14);
+}
+
+TEST_F(CaveViewTest, DrawsInTheCellUnderThePointerWhenZoomed) {
+  OpenLargest();
+  Wheel(QPoint(0, 0), 2, Qt::ControlModifier);
+  Click(3, 4);
+  EXPECT_EQ(window->Model().At(3, 4), 'R');
+}
+
+TEST_F(CaveViewTest, ZoomsByKeysAndBack) {
+  OpenLargest();
+  QTest::keyClick(window.get(), Qt::Key_Plus, Qt::ControlModifier);
+  EXPECT_EQ(Area().CellSize(), 32);
+  QTest::keyClick(window.get(), Qt::Key_Minus, Qt::ControlModifier);
+  QTest::keyClick(window.get(), Qt::Key_Minus, Qt::ControlModifier);
+  EXPECT_EQ(Area().CellSize(), 20);
+  EXPECT_EQ(Child<QLabel>("lblSize").text(), "80 × 50   76 %");
+  QTest::keyClick(window.get(), Qt::Key_0, Qt::ControlModifier);
+  EXPECT_EQ(Area().CellSize(), 26);
+}
+
+TEST_F(CaveViewTest, RemembersTheZoom) {
+  OpenLargest();
+  Wheel(QPoint(0, 0), 1, Qt::ControlModifier);
+  MakeWindow();
+  Open(Full(5, 5, ';'));
+  EXPECT_EQ(Area().CellSize(), 32);
+}
+
+TEST_F(CaveViewTest, FollowsTheCellThatKeysLeadTo) {
+  OpenLargest();
+  Area().setFocus();
+  for (int i = 0; i <= 30; ++i) QTest::keyClick(&Area(), Qt::Key_Right);
+  for (int i = 0; i < 20; ++i) QTest::keyClick(&Area(), Qt::Key_Down);
+  ASSERT_EQ(Area().Marked(), QPoint(30, 20));
+  const QRect cell(Area().pos() + QPoint(30, 20) * 26, QSize(26, 26));
+  EXPECT_TRUE(Child<QWidget>("Ram").rect().contains(cell));
+  for (int i = 0; i < 30; ++i) QTest::keyClick(&Area(), Qt::Key_Left);
+  EXPECT_EQ(Area().pos().x(), 0);
+}
+
+TEST_F(CaveViewTest, ShowsNoEmptinessBehindTheCaveWhenTheWindowGrows) {
+  OpenLargest();
+  Across().setValue(Across().maximum());
+  window->resize(window->width() + 100, window->height());
+  ASSERT_TRUE(QTest::qWaitFor([this] { return Child<QWidget>("Ram").width() > 19 * 26 + 90; }));
+  EXPECT_EQ(Area().pos().x() + Area().width(), Child<QWidget>("Ram").width());
+}
+
+}  // namespace
+}  // namespace zorik

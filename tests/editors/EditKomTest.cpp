@@ -1,0 +1,221 @@
+#include <QSignalSpy>
+
+#include "editors/EditKom.h"
+#include "editors/EditorScreen.h"
+
+namespace zorik {
+namespace {
+
+using test::Full;
+using test::Picture;
+
+const Picture kRoom = {"WWWWWW", "W1...W", "W....W", "W...AW", "WWWWWW"};
+
+class EditKomTest : public testing::Test, public test::EditorScreen {
+ protected:
+  EditKomTest() { Open(kRoom); }
+
+  QImage Shown() const { return Area().grab().toImage(); }
+  QImage Shown(int x, int y) const { return Shown().copy(QRect(QPoint(x, y) * 26, QSize(26, 26))); }
+};
+
+TEST_F(EditKomTest, Has26PixelsForACell) {
+  EXPECT_EQ(Area().size(), QSize(6 * 26, 5 * 26));
+}
+
+TEST_F(EditKomTest, DrawsWithEachButton) {
+  Click(2, 1, Qt::LeftButton);
+  Click(2, 2, Qt::RightButton);
+  Click(2, 3, Qt::MiddleButton);
+  EXPECT_EQ(Letters(), (Picture{"WWWWWW", "W1R..W", "W.;..W", "W.D.AW", "WWWWWW"}));
+}
+
+TEST_F(EditKomTest, DrawsEachToolOfThePalette) {
+  Open(Full(6, 6, 'x'));
+  int place = 0;
+  for (int palette = 0; palette < kPaletteEnd; ++palette) {
+    if (palette == kPaletteGap) continue;
+    Pick(palette);
+    Click(place % 6, place / 6);
+    EXPECT_EQ(window->Model().At(place % 6, place / 6), LetterOfTool(palette, 1));
+    ++place;
+  }
+}
+
+TEST_F(EditKomTest, DrawsOnTheEdgesOfACell) {
+  QTest::mouseClick(&Area(), Qt::LeftButton, {}, QPoint(2 * 26, 2 * 26));
+  QTest::mouseClick(&Area(), Qt::LeftButton, {}, QPoint(5 * 26 - 1, 2 * 26 - 1));
+  EXPECT_EQ(Letters(), (Picture{"WWWWWW", "W1..RW", "W.R..W", "W...AW", "WWWWWW"}));
+}
+
+TEST_F(EditKomTest, DrawsAlongTheWayOfADrag) {
+  for (const auto button : {Qt::LeftButton, Qt::RightButton, Qt::MiddleButton}) {
+    Open(kRoom);
+    Press(1, 1, button);
+    Move(2, 1, button);
+    Move(3, 1, button);
+    Move(3, 2, button);
+    Release(3, 2, button);
+    const char letter = button == Qt::LeftButton ? 'R' : button == Qt::RightButton ? ';' : 'D';
+    Picture drawn = kRoom;
+    drawn[1].replace(1, 3, 3, letter);
+    drawn[2][3] = letter;
+    EXPECT_EQ(Letters(), drawn);
+  }
+}
+
+TEST_F(EditKomTest, LeavesNoGapWhenTheMouseIsQuick) {
+  Open(Full(12, 6, '.'));
+  Press(0, 0);
+  Move(11, 5, Qt::LeftButton);
+  Release(11, 5);
+  for (int x = 0; x < 12; ++x) {
+    int drawn = 0;
+    for (int y = 0; y < 6; ++y) drawn += window->Model().At(x, y) == 'R' ? 1 : 0;
+    EXPECT_EQ(drawn, 1) << x;
+  }
+}
+
+TEST_F(EditKomTest, DrawsNothingWithoutAButton) {
+  Move(2, 1, Qt::NoButton);
+  Move(3, 1, Qt::NoButton);
+  EXPECT_EQ(Letters(), kRoom);
+}
+
+TEST_F(EditKomTest, DrawsNothingWithTwoButtons) {
+  Press(2, 2, Qt::LeftButton);
+  QMouseEvent second(QEvent::MouseButtonPress, Place(3, 2), Area().mapToGlobal(Place(3, 2)), Qt::RightButton,
+                     Qt::LeftButton | Qt::RightButton, Qt::NoModifier);
+  QApplication::sendEvent(&Area(), &second);
+  Move(4, 2, Qt::LeftButton | Qt::RightButton);
+  EXPECT_EQ(Letters(), (Picture{"WWWWWW", "W1...W", "W.R..W", "W...AW", "WWWWWW"}));
+}
+
+TEST_F(EditKomTest, DrawsOnWhenOneOfTwoButtonsIsReleased) {
+  Press(1, 2, Qt::LeftButton);
+  Move(4, 2, Qt::LeftButton | Qt::RightButton);
+  QMouseEvent release(QEvent::MouseButtonRelease, Place(4, 2), Area().mapToGlobal(Place(4, 2)),
+                      Qt::RightButton, Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(&Area(), &release);
+  Move(4, 1, Qt::LeftButton);
+  Release(4, 1);
+  EXPECT_EQ(Letters(), (Picture{"WWWWWW", "W1..RW", "WR...W", "W...AW", "WWWWWW"}));
+}
+
+TEST_F(EditKomTest, IgnoresWhatIsOutsideOfTheCave) {
+  Press(5, 2);
+  Move(9, 2, Qt::LeftButton);
+  Move(-3, -2, Qt::LeftButton);
+  Release(-3, -2);
+  EXPECT_EQ(Letters().size(), 5U);
+  EXPECT_EQ(window->Model().At(5, 2), 'R');
+}
+
+TEST_F(EditKomTest, UndoesADragInOneStep) {
+  Press(1, 2);
+  Move(4, 2, Qt::LeftButton);
+  Move(4, 3, Qt::LeftButton);
+  Release(4, 3);
+  EXPECT_EQ(Amoebas(), "0");
+  QTest::keyClick(window.get(), Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(Letters(), kRoom);
+  EXPECT_EQ(Amoebas(), "1");
+  QTest::keyClick(window.get(), Qt::Key_Y, Qt::ControlModifier);
+  EXPECT_EQ(Letters(), (Picture{"WWWWWW", "W1...W", "WRRRRW", "W...RW", "WWWWWW"}));
+  EXPECT_EQ(Amoebas(), "0");
+}
+
+TEST_F(EditKomTest, MovesTheDogThatIsDrawn) {
+  Open({"WWWWWW", "W12.3W", "W....W", "W....W", "WWWWWW"});
+  Action("Dog(3)").trigger();
+  Pick(kDogTool);
+  Click(1, 3);
+  EXPECT_EQ(Letters(), (Picture{"WWWWWW", "W12..W", "W....W", "W3...W", "WWWWWW"}));
+}
+
+TEST_F(EditKomTest, ShowsWhatIsDrawnAtOnce) {
+  Move(5, 4, Qt::NoButton);
+  const QImage before = Shown(2, 2);
+  Click(2, 2);
+  Move(5, 4, Qt::NoButton);
+  const QImage boulder = Shown(2, 2);
+  EXPECT_NE(boulder, before);
+  Open({"WWWWWW", "W1...W", "W.R..W", "W...AW", "WWWWWW"});
+  Move(5, 4, Qt::NoButton);
+  EXPECT_EQ(Shown(2, 2), boulder);
+}
+
+TEST_F(EditKomTest, PaintsALetterWithoutATileLikeItsNeighbour) {
+  Open({"WWWWW", "WR.1W", "W$..W", "W...W", "WWWWW"});
+  EXPECT_EQ(Shown(1, 2), Shown(1, 1));
+  EXPECT_EQ(window->Model().At(1, 2), '$');
+}
+
+TEST_F(EditKomTest, TellsMonstersDirectionsAndHiddenWallsApart) {
+  Open({"FOPQ.", "UYZB.", "XEVM.", "....1", "....."});
+  const QImage shown = Shown();
+  std::vector<QImage> cells;
+  for (int y = 0; y < 3; ++y) {
+    for (int x = 0; x < 4; ++x) cells.push_back(shown.copy(QRect(QPoint(x, y) * 26, QSize(26, 26))));
+  }
+  for (std::size_t i = 0; i < cells.size(); ++i) {
+    for (std::size_t j = i + 1; j < cells.size(); ++j) EXPECT_NE(cells[i], cells[j]) << i << " " << j;
+  }
+}
+
+TEST_F(EditKomTest, MarksTheCellUnderThePointerAndTellsOfIt) {
+  const QImage bare = Shown(4, 3);
+  Move(4, 3, Qt::NoButton);
+  EXPECT_NE(Shown(4, 3), bare);
+  EXPECT_EQ(Status(), "5, 4   Améba");
+  Move(1, 1, Qt::NoButton);
+  EXPECT_EQ(Shown(4, 3), bare);
+  EXPECT_EQ(Status(), "2, 2   Zorík č. 1");
+  QEvent leave(QEvent::Leave);
+  QApplication::sendEvent(&Area(), &leave);
+  EXPECT_EQ(Status(), "");
+}
+
+TEST_F(EditKomTest, TellsALetterThatItDoesNotKnowByItself) {
+  Open({"WWWWW", "WR.1W", "W$..W", "W...W", "WWWWW"});
+  Move(1, 2, Qt::NoButton);
+  EXPECT_EQ(Status(), "2, 3   \"$\"");
+}
+
+TEST_F(EditKomTest, TellsWhatIsInTheCellAsSoonAsItIsDrawn) {
+  Click(2, 2);
+  EXPECT_EQ(Status(), "3, 3   Balvan");
+}
+
+TEST_F(EditKomTest, IsDrawnInByKeys) {
+  Area().setFocus();
+  QTest::keyClick(&Area(), Qt::Key_Right);
+  EXPECT_EQ(Area().Marked(), QPoint(0, 0)) << "the first key shows the mark";
+  QTest::keyClick(&Area(), Qt::Key_Up);
+  EXPECT_EQ(Area().Marked(), QPoint(0, 0)) << "the cave ends there";
+  QTest::keyClick(&Area(), Qt::Key_Right);
+  QTest::keyClick(&Area(), Qt::Key_Down);
+  QTest::keyClick(&Area(), Qt::Key_Down);
+  QTest::keyClick(&Area(), Qt::Key_Space);
+  QTest::keyClick(&Area(), Qt::Key_Right);
+  QTest::keyClick(&Area(), Qt::Key_Space, Qt::ShiftModifier);
+  QTest::keyClick(&Area(), Qt::Key_Right);
+  QTest::keyClick(&Area(), Qt::Key_Space, Qt::ControlModifier);
+  EXPECT_EQ(Letters(), (Picture{"WWWWWW", "W1...W", "WR;D.W", "W...AW", "WWWWWW"}));
+  QTest::keyClick(window.get(), Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(Letters(), (Picture{"WWWWWW", "W1...W", "WR;..W", "W...AW", "WWWWWW"}));
+}
+
+TEST_F(EditKomTest, CountsAmoebasWithEveryChange) {
+  EXPECT_EQ(Amoebas(), "1");
+  Pick(10);
+  Press(1, 2);
+  Move(4, 2, Qt::LeftButton);
+  EXPECT_EQ(Amoebas(), "5");
+  Release(4, 2);
+  Click(1, 2, Qt::RightButton);
+  EXPECT_EQ(Amoebas(), "4");
+}
+
+}  // namespace
+}  // namespace zorik

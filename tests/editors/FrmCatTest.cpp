@@ -1,0 +1,288 @@
+#include <gtest/gtest.h>
+
+#include <QListWidget>
+#include <QPushButton>
+#include <QSettings>
+#include <algorithm>
+
+#include "editors/Dialogs.h"
+#include "editors/FrmCat.h"
+#include "screens/TestSkin.h"
+
+namespace zorik {
+namespace {
+
+class FrmCatTest : public testing::Test {
+ protected:
+  FrmCatTest() {
+    QSettings(QSettings::IniFormat, QSettings::UserScope, "Ortvan", "Zorik2").clear();
+    EXPECT_TRUE(skin_.Wear(SkinPlaces{ZORIK_SKINS, "Default"}));
+  }
+  void TearDown() override { EXPECT_TRUE(dialogs_.Done()) << dialogs_.said.join(" | ").toStdString(); }
+
+  // Opens a program, does something to the window and answers what comes of it.
+  std::optional<std::string> Edit(const std::string& script, const std::function<void()>& act) {
+    return EditIn(skin_, script, act);
+  }
+  std::optional<std::string> EditIn(Skin& skin, const std::string& script, const std::function<void()>& act) {
+    FrmCat window(skin, nullptr);
+    dialogs_.Then([this, &act](QWidget& dialog) {
+      dialog_ = &dialog;
+      ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+      act();
+    });
+    return window.Edit(script);
+  }
+
+  QListWidget& List(const char* name) const { return *dialog_->findChild<QListWidget*>(name); }
+  QPushButton& Button(const char* name) const { return *dialog_->findChild<QPushButton*>(name); }
+  QStringList Lines(const char* list = "lstScript") const {
+    QStringList lines;
+    for (int i = 0; i < List(list).count(); ++i) lines << List(list).item(i)->text();
+    return lines;
+  }
+  void ClickLine(const char* list, int line) const {
+    QListWidget& found = List(list);
+    found.scrollToItem(found.item(line));
+    QTest::mouseClick(found.viewport(), Qt::LeftButton, {}, found.visualItemRect(found.item(line)).center());
+  }
+  void Command(const QString& caption) const {
+    ClickLine("lstCmds", static_cast<int>(Lines("lstCmds").indexOf(caption)));
+  }
+  void Press(const char* button) const { QTest::mouseClick(&Button(button), Qt::LeftButton); }
+  int Selected() const { return List("lstScript").currentRow(); }
+
+  Skin skin_;
+  test::Dialogs dialogs_;
+  QWidget* dialog_ = nullptr;
+};
+
+const QString kStart = "== Událost: začátek";
+const QString kEnd = "Konec programu";
+
+TEST_F(FrmCatTest, ShowsAnEmptyProgramAsHeadAndEnd) {
+  const auto program = Edit("", [this] {
+    EXPECT_EQ(dialog_->windowTitle(), "Program kočky");
+    EXPECT_EQ(Lines(), (QStringList{kStart, kEnd}));
+    EXPECT_EQ(Selected(), 1);
+    Press("Command4");
+  });
+  EXPECT_EQ(program, "*A/Z");
+}
+
+TEST_F(FrmCatTest, ShowsEveryCommandOfTheSkin) {
+  Edit("", [this] {
+    EXPECT_EQ(List("lstCmds").count(), 30);
+    EXPECT_EQ(List("lstCmds").currentRow(), 9);
+    EXPECT_EQ(List("lstCmds").currentItem()->text(), "Jdio1Nahoru");
+    EXPECT_EQ(Lines("lstCmds").mid(0, 2), (QStringList{kStart, "== Událost: cíl otevřen"}));
+    EXPECT_FALSE(Lines("lstCmds").contains(QString()));
+    Press("Command4");
+  });
+}
+
+TEST_F(FrmCatTest, SpeaksTheLanguageOfTheSkin) {
+  ASSERT_TRUE(skin_.Wear(SkinPlaces{ZORIK_SKINS, "English"}));
+  Edit("*A-E/Z", [this] {
+    EXPECT_EQ(dialog_->windowTitle(), "Cat program");
+    EXPECT_EQ(Lines(), (QStringList{"== Event: start", "GoMaxLeft", "End of the program"}));
+    EXPECT_EQ(Button("Command1").text(), "Delete");
+    EXPECT_EQ(Button("Command3").text(), "Insert");
+    EXPECT_EQ(Button("Label1").text(), "Swap");
+    Press("Command4");
+  });
+}
+
+TEST_F(FrmCatTest, AllowsNothingBeforeTheHeadAndKeepsBothEnds) {
+  Edit("*A-A-B/Z", [this] {
+    const std::vector<std::pair<bool, bool>> rows = {
+        {false, false}, {true, true}, {true, true}, {false, true}};
+    for (int line = 0; line < 4; ++line) {
+      ClickLine("lstScript", line);
+      EXPECT_EQ(Button("Command1").isEnabled(), rows[static_cast<std::size_t>(line)].first) << line;
+      EXPECT_EQ(Button("Command3").isEnabled(), rows[static_cast<std::size_t>(line)].second) << line;
+    }
+    Press("Command4");
+  });
+}
+
+TEST_F(FrmCatTest, InsertsTheChosenCommandBeforeTheLineWhichStaysSelected) {
+  const auto program = Edit("*A-A/Z", [this] {
+    Command("JdiMaxDolu");
+    Press("Command3");
+    EXPECT_EQ(Lines(), (QStringList{kStart, "JdiMaxDolu", "Jdio1Doleva", kEnd}));
+    EXPECT_EQ(Selected(), 2);
+    ClickLine("lstScript", 3);
+    Command("Napořád: poletuj jako moucha");
+    Press("Command3");
+    EXPECT_EQ(Lines().mid(3), (QStringList{"Napořád: poletuj jako moucha", kEnd}));
+    Press("Command4");
+  });
+  EXPECT_EQ(program, "*A-H-A/D/Z");
+}
+
+TEST_F(FrmCatTest, InsertsByDoubleClickAndByEnter) {
+  const auto program = Edit("", [this] {
+    Command("Jdio1Doprava");
+    QListWidget& list = List("lstCmds");
+    QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, list.visualItemRect(list.currentItem()).center());
+    QTest::keyClick(&list, Qt::Key_Return);
+    ClickLine("lstScript", 0);
+    QTest::keyClick(&list, Qt::Key_Return);
+    Press("Command4");
+  });
+  EXPECT_EQ(program, "*A-B-B/Z");
+}
+
+TEST_F(FrmCatTest, DeletesTheSelectedLineAndSelectsTheOneBefore) {
+  const auto program = Edit("*A-A-B-C/Z", [this] {
+    ClickLine("lstScript", 2);
+    Press("Command1");
+    EXPECT_EQ(Lines(), (QStringList{kStart, "Jdio1Doleva", "Jdio1Nahoru", kEnd}));
+    EXPECT_EQ(Selected(), 1);
+    QTest::keyClick(&List("lstScript"), Qt::Key_Delete);
+    EXPECT_EQ(Selected(), 0);
+    EXPECT_FALSE(Button("Command1").isEnabled());
+    QTest::keyClick(&List("lstScript"), Qt::Key_Delete);
+    Press("Command4");
+  });
+  EXPECT_EQ(program, "*A-C/Z");
+}
+
+TEST_F(FrmCatTest, ExchangesTheDisplayOfTwoLinesOnly) {
+  const auto program = Edit("*A-A-B-C/Z", [this] {
+    ClickLine("lstScript", 2);
+    Press("Label1");
+    EXPECT_EQ(Lines(), (QStringList{kStart, "Jdio1Doleva", "Jdio1Nahoru", "Jdio1Doprava", kEnd}));
+    EXPECT_EQ(Selected(), 1);
+    for (const int end : {0, 4}) {
+      ClickLine("lstScript", end);
+      Press("Label1");
+      EXPECT_EQ(Selected(), end);
+    }
+    EXPECT_EQ(Lines(), (QStringList{kStart, "Jdio1Doleva", "Jdio1Nahoru", "Jdio1Doprava", kEnd}));
+    Press("Command4");
+  });
+  EXPECT_EQ(program, "*A-A-B-C/Z");
+}
+
+TEST_F(FrmCatTest, ExtendsAProgramWithoutAnEnd) {
+  EXPECT_EQ(Edit("*A-A*B",
+                 [this] {
+                   EXPECT_EQ(Lines().last(), kEnd);
+                   Press("Command4");
+                 }),
+            "*A-A*B/Z");
+}
+
+// Closing
+
+TEST_F(FrmCatTest, AsksWhetherToStoreWhenItIsClosed) {
+  for (const bool esc : {true, false}) {
+    const auto leave = [this, esc] {
+      esc ? QTest::keyClick(dialog_, Qt::Key_Escape) : static_cast<void>(dialog_->close());
+    };
+    const auto change = [this] { Press("Command3"); };
+    const auto answered = [&](const QString& button) {
+      test::Dialogs answer;
+      answer.Press(button);
+      change();
+      leave();
+      EXPECT_TRUE(answer.Done());
+      EXPECT_EQ(answer.said, QStringList("Uložit změny v programu kočky?"));
+      EXPECT_EQ(answer.titles, QStringList("Program kočky"));
+      EXPECT_FALSE(dialog_->isVisible());
+    };
+    EXPECT_EQ(Edit("*A/Z", [&] { answered("yes"); }), "*A-C/Z");
+    EXPECT_EQ(Edit("*A/Z", [&] { answered("no"); }), std::nullopt);
+  }
+}
+
+TEST_F(FrmCatTest, ShowsTheNextProgramFromItsBeginning) {
+  FrmCat window(skin_, nullptr);
+  dialogs_.Then([this](QWidget& dialog) {
+    dialog_ = &dialog;
+    Press("Command3");
+    Press("Command4");
+  });
+  EXPECT_EQ(window.Edit(""), "*A-C/Z");
+  dialogs_.Then([this](QWidget& dialog) {
+    dialog_ = &dialog;
+    EXPECT_EQ(Lines(), (QStringList{kStart, "Jdio1Doprava", kEnd}));
+    EXPECT_EQ(Selected(), 1);
+    EXPECT_EQ(List("lstCmds").currentRow(), 9);
+    Press("Command4");
+  });
+  EXPECT_EQ(window.Edit("*A-B/Z"), "*A-B/Z");
+}
+
+// Files that are not whole
+
+TEST_F(FrmCatTest, HitsAnotherTokenWhenTheFileLacksOne) {
+  test::TestSkin skin;
+  skin.File("catdata.txt", "Okno\r\nUlozit?\r\n*A start\r\n-A vlevo\r\n-B vpravo\r\n/Z konec\r\n");
+  skin.Wear();
+  const auto program = EditIn(skin.Skin(), "*A-C-A-B/Z", [this] {
+    EXPECT_EQ(Lines(), (QStringList{"start", "vlevo", "vpravo", "konec"}));
+    EXPECT_EQ(List("lstCmds").currentRow(), 3) << "there is no tenth command";
+    ClickLine("lstScript", 1);
+    Press("Command1");
+    Press("Command4");
+  });
+  EXPECT_EQ(program, "*A-A-B/Z");
+}
+
+TEST_F(FrmCatTest, AsksAgainForAFileThatIsInNoSkin) {
+  test::TestSkin skin;
+  skin.Wear();
+  dialogs_.Press("no");
+  const auto program = EditIn(skin.Skin(), "*A-A/Z", [this] {
+    EXPECT_EQ(Lines(), QStringList());
+    EXPECT_FALSE(Button("Command1").isEnabled() || Button("Command3").isEnabled());
+    Press("Label1");
+    Press("Command4");
+  });
+  EXPECT_EQ(program, "*A-A/Z");
+  EXPECT_TRUE(dialogs_.said[0].contains("catdata")) << dialogs_.said[0].toStdString();
+}
+
+// The window
+
+TEST_F(FrmCatTest, ExplainsItsListsAndButtons) {
+  Edit("", [this] {
+    for (const char* list : {"lstScript", "lstCmds"}) {
+      const auto labels = dialog_->findChildren<QLabel*>();
+      EXPECT_TRUE(std::any_of(labels.begin(), labels.end(), [&](const QLabel* label) {
+        return label->buddy() == &List(list) && !label->text().isEmpty();
+      }));
+    }
+    for (const char* button : {"Command1", "Command3", "Label1"})
+      EXPECT_FALSE(Button(button).toolTip().isEmpty());
+    Press("Command4");
+  });
+}
+
+TEST_F(FrmCatTest, IsWalkedThroughWithTheTabKey) {
+  Edit("*A-A/Z", [this] {
+    List("lstScript").setFocus();
+    for (const char* next : {"lstCmds", "Command3", "Command1", "Label1", "Command4"}) {
+      QTest::keyClick(dialog_->windowHandle(), Qt::Key_Tab);
+      EXPECT_EQ(dialog_->focusWidget()->objectName(), next);
+    }
+    Press("Command4");
+  });
+}
+
+TEST_F(FrmCatTest, RemembersItsSize) {
+  Edit("", [this] {
+    dialog_->resize(701, 502);
+    Press("Command4");
+  });
+  Edit("", [this] {
+    EXPECT_EQ(dialog_->size(), QSize(701, 502));
+    Press("Command4");
+  });
+}
+
+}  // namespace
+}  // namespace zorik

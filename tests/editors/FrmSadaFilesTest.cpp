@@ -1,0 +1,260 @@
+// Files of the collection editor: saving, opening, and what is asked before changes are lost.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "editors/FrmSada.h"
+#include "editors/SadaScreen.h"
+
+namespace zorik {
+namespace {
+
+using test::Names;
+using test::SadaScreen;
+
+class FrmSadaFilesTest : public testing::Test, protected SadaScreen {
+ protected:
+  void TearDown() override { EXPECT_TRUE(dialogs.Done()) << dialogs.said.join(" | ").toStdString(); }
+
+  void TypeName(const QString& name) const {
+    Activate();
+    Box("Text3").setFocus();
+    Box("Text3").selectAll();
+    Type(Box("Text3"), name);
+  }
+};
+
+// Saving
+
+TEST_F(FrmSadaFilesTest, AsksForAFileWhenACollectionHasNone) {
+  Open();
+  TypeName("Jeskyně");
+  dialogs.Type(Path("nova"));
+  Key(Qt::Key_S, Qt::ControlModifier);
+  EXPECT_EQ(Lines("nova.zk").size(), 5U);
+  EXPECT_EQ(Lines("nova.zk").front(),
+            "HJeskyn\xEC"
+            "A");
+  EXPECT_EQ(Sada().FileName(), Path("nova.zk"));
+  EXPECT_FALSE(window->isWindowModified());
+}
+
+TEST_F(FrmSadaFilesTest, ProposesTheNameOfTheCollectionForItsFile) {
+  Open();
+  TypeName("Můj \"svět\"");
+  dialogs.Then([this](QWidget& dialog) {
+    EXPECT_EQ(dialog.windowTitle(), "Uložit sadu komnat");
+    EXPECT_EQ(dialog.findChild<QLineEdit*>("fileNameEdit")->text(), "Můj svět.zk");
+    EXPECT_EQ(qobject_cast<QFileDialog*>(&dialog)->directory().path().toStdString(),
+              folder.Root() + "/Caves");
+    dialog.close();
+  });
+  Action("mnuSaveAs").trigger();
+}
+
+TEST_F(FrmSadaFilesTest, SavesIntoItsFileWithoutAsking) {
+  OpenCaves({"A", "B"});
+  Key(Qt::Key_F3);
+  Key(Qt::Key_S, Qt::ControlModifier);
+  EXPECT_FALSE(window->isWindowModified());
+  EXPECT_EQ(Lines("a.zk").size(), 7U);
+}
+
+TEST_F(FrmSadaFilesTest, AsksBeforeItReplacesAnotherFile) {
+  OpenCaves({"A", "B"});
+  folder.File("Caves/b.zk", "stary");
+  dialogs.Type(Path("b.zk")).Press("no").Cancel();
+  Action("mnuSaveAs").trigger();
+  EXPECT_EQ(*ReadWhole(Path("b.zk")), "stary");
+  EXPECT_EQ(Sada().FileName(), Path("a.zk"));
+  dialogs.Type(Path("b.zk")).Press("yes");
+  Action("mnuSaveAs").trigger();
+  EXPECT_EQ(Lines("b.zk").size(), 6U);
+  EXPECT_EQ(Sada().FileName(), Path("b.zk"));
+}
+
+TEST_F(FrmSadaFilesTest, TellsWhenAFileCannotBeWrittenAndKeepsEverything) {
+  OpenCaves({"A"});
+  TypeName("Jinak");
+  dialogs.Type(Path("neni/b.zk")).Press("ok");
+  Action("mnuSaveAs").trigger();
+  EXPECT_TRUE(dialogs.said.last().startsWith("Soubor se nepodařilo uložit."))
+      << dialogs.said.last().toStdString();
+  EXPECT_TRUE(window->isWindowModified());
+  EXPECT_EQ(Sada().FileName(), Path("a.zk"));
+  EXPECT_EQ(Lines("a.zk").front(), "ESadaA");
+}
+
+TEST_F(FrmSadaFilesTest, TellsWhenItsFileHasGoneWithItsFolder) {
+  OpenCaves({"A"});
+  TypeName("Jinak");
+  std::filesystem::remove_all(folder.Root() + "/Caves");
+  dialogs.Press("ok");
+  Key(Qt::Key_S, Qt::ControlModifier);
+  ASSERT_EQ(dialogs.said.size(), 1);
+  EXPECT_TRUE(dialogs.said[0].startsWith("Soubor se nepodařilo uložit."));
+  EXPECT_TRUE(window->isWindowModified());
+  EXPECT_EQ(Box("Text3").text(), "Jinak");
+}
+
+TEST_F(FrmSadaFilesTest, NamesTheTextThatIsTooLongToBeSaved) {
+  for (const auto& [box, label] : {std::pair("Text3", "Název sady"), std::pair("Text1", "Autor")}) {
+    dialogs.said.clear();
+    OpenCaves({"A"});
+    Box(box).setFocus();
+    Box(box).selectAll();
+    Type(Box(box), QString(191, QChar(u'š')));
+    List().setFocus();
+    dialogs.Press("ok");
+    Key(Qt::Key_S, Qt::ControlModifier);
+    ASSERT_EQ(dialogs.said.size(), 1);
+    EXPECT_TRUE(dialogs.said[0].contains(QString(label) + ": ")) << dialogs.said[0].toStdString();
+    EXPECT_TRUE(dialogs.said[0].contains("191") && dialogs.said[0].contains("190"));
+    EXPECT_EQ(window->focusWidget(), &Box(box));
+    EXPECT_EQ(Lines("a.zk").front(), "ESadaA");
+    EXPECT_TRUE(window->isWindowModified());
+  }
+}
+
+// Opening
+
+TEST_F(FrmSadaFilesTest, OpensAFileByCtrlO) {
+  OpenCaves({"A", "*B"});
+  Open();
+  dialogs.Type(Path("a.zk"));
+  Key(Qt::Key_O, Qt::ControlModifier);
+  EXPECT_EQ(Rows(), (Names{"*A", "*B"}));
+  EXPECT_EQ(Box("Text3").text(), "Sada");
+  EXPECT_EQ(Box("Text1").text(), "Eva");
+  EXPECT_EQ(Box("Text2").text(), "eva@priklad.cz");
+  EXPECT_EQ(Text4().toPlainText(), "Popis");
+  EXPECT_FALSE(window->isWindowModified());
+}
+
+TEST_F(FrmSadaFilesTest, AsksToSaveBeforeItOpensAnotherFile) {
+  OpenCaves({"A", "B"});
+  TypeName("Jinak");
+  dialogs.Press("close");
+  Key(Qt::Key_O, Qt::ControlModifier);
+  EXPECT_EQ(dialogs.said, QStringList("Sada „Jinak“ byla změněna. Uložit změny?"));
+  EXPECT_EQ(dialogs.titles, QStringList("Neuložené změny"));
+  EXPECT_EQ(Box("Text3").text(), "Jinak");
+  dialogs.Press("no").Type(Path("a.zk"));
+  Key(Qt::Key_O, Qt::ControlModifier);
+  EXPECT_EQ(Box("Text3").text(), "Sada");
+  TypeName("Jinak");
+  dialogs.Press("yes").Cancel();
+  Key(Qt::Key_O, Qt::ControlModifier);
+  EXPECT_EQ(Lines("a.zk").front(), "FJinakA");
+  EXPECT_FALSE(window->isWindowModified());
+}
+
+TEST_F(FrmSadaFilesTest, KeepsAllWhenTheAuthorGivesUpSaving) {
+  Open();
+  TypeName("Jinak");
+  dialogs.Press("yes").Cancel();
+  Key(Qt::Key_O, Qt::ControlModifier);
+  EXPECT_EQ(Box("Text3").text(), "Jinak");
+  EXPECT_TRUE(window->isWindowModified());
+}
+
+TEST_F(FrmSadaFilesTest, KeepsAllWhenTheAuthorChoosesNoFile) {
+  OpenCaves({"A", "B"});
+  TypeName("Jinak");
+  dialogs.Press("no").Cancel();
+  Key(Qt::Key_O, Qt::ControlModifier);
+  EXPECT_EQ(Box("Text3").text(), "Jinak");
+  EXPECT_TRUE(window->isWindowModified());
+}
+
+TEST_F(FrmSadaFilesTest, ShowsAClosedCollectionAsClosedAndBeginsANewOne) {
+  Chance chance;
+  folder.File("Caves/z.zk", ScrambleLines({"ESadaA", "AX", "a@b.czQ", "x---01", ""}, chance));
+  dialogs.Then([this](QWidget& dialog) {
+    for (const char* box : {"Text3", "Text1", "Text2"}) EXPECT_EQ(Box(box).text(), "(uzavřeno)");
+    EXPECT_EQ(Text4().toPlainText(), "(uzavřeno)");
+    QTest::keyClick(&dialog, Qt::Key_Return);
+  });
+  Open(Path("z.zk"));
+  EXPECT_EQ(dialogs.titles, QStringList("Uzavřená sada"));
+  EXPECT_TRUE(dialogs.said[0].startsWith("Autor tuto sadu uzavřel"));
+  EXPECT_EQ(Box("Text3").text(), "Nová sada");
+  EXPECT_EQ(Rows(), Names{"*Nová malá komnata"});
+  EXPECT_EQ(Sada().FileName(), "");
+  EXPECT_FALSE(window->isWindowModified());
+}
+
+TEST_F(FrmSadaFilesTest, SaysWhichCavesItCouldNotRead) {
+  Chance chance;
+  folder.File("Caves/d.zk", ScrambleLines({"ESadaAC", "AX", "a@b.cz0", "E!---01",
+                                           test::OneStepCave("B") + "---02", "E!---03", "Hura"},
+                                          chance));
+  dialogs.Press("ok");
+  Open(Path("d.zk"));
+  ASSERT_EQ(dialogs.said.size(), 1);
+  EXPECT_TRUE(dialogs.said[0].endsWith(": 1, 3")) << dialogs.said[0].toStdString();
+  EXPECT_EQ(Rows(), Names{"*B"});
+  EXPECT_EQ(Box("Text3").text(), "Sada");
+}
+
+TEST_F(FrmSadaFilesTest, TellsOfAFileThatCannotBeOpenedAndBeginsANewCollection) {
+  dialogs.Press("ok");
+  Open(Path("neni.zk"));
+  EXPECT_TRUE(dialogs.said[0].contains("neni.zk"));
+  EXPECT_EQ(Box("Text3").text(), "Nová sada");
+  EXPECT_TRUE(window->isVisible());
+}
+
+TEST_F(FrmSadaFilesTest, KeepsItsCollectionWhenAnotherCannotBeOpened) {
+  OpenCaves({"A", "B"});
+  folder.File("Caves/x.zk", "ABC\r\n");
+  dialogs.Type(Path("x.zk")).Press("ok");
+  Key(Qt::Key_O, Qt::ControlModifier);
+  EXPECT_EQ(Rows(), (Names{"*A", "B"}));
+  EXPECT_EQ(Box("Text3").text(), "Sada");
+  EXPECT_EQ(Sada().FileName(), Path("a.zk"));
+}
+
+// Closing
+
+TEST_F(FrmSadaFilesTest, ClosesAtOnceWithoutChanges) {
+  OpenCaves({"A"});
+  Action("mnuClose").trigger();
+  EXPECT_EQ(closed, 1);
+  EXPECT_FALSE(window->isVisible());
+}
+
+TEST_F(FrmSadaFilesTest, AsksToSaveWhenItIsClosed) {
+  for (const bool byMenu : {true, false}) {
+    const auto leave = [&] { byMenu ? Action("mnuClose").trigger() : static_cast<void>(window->close()); };
+    closed = 0;
+    OpenCaves({"A"});
+    TypeName("Jinak");
+    dialogs.Press("close");
+    leave();
+    EXPECT_EQ(closed, 0);
+    EXPECT_TRUE(window->isVisible());
+    dialogs.Press("yes");
+    leave();
+    EXPECT_EQ(closed, 1);
+    EXPECT_EQ(Lines("a.zk").front(), "FJinakA");
+    OpenCaves({"A"});
+    TypeName("Zahodit");
+    dialogs.Press("no");
+    leave();
+    EXPECT_EQ(closed, 2);
+    EXPECT_EQ(Lines("a.zk").front(), "ESadaA");
+  }
+}
+
+TEST_F(FrmSadaFilesTest, StaysWhenItCannotBeSavedAtTheEnd) {
+  OpenCaves({"A"});
+  TypeName(QString(200, 'x'));
+  dialogs.Press("yes").Press("ok");
+  window->close();
+  EXPECT_EQ(closed, 0);
+  EXPECT_TRUE(window->isVisible());
+}
+
+}  // namespace
+}  // namespace zorik

@@ -1,0 +1,51 @@
+#include <QMap>
+#include <QTableWidget>
+
+#include "editors/EditorScreen.h"
+#include "editors/FrmStats.h"
+
+namespace zorik {
+namespace {
+
+using test::InDialogNamed;
+
+class FrmStatsTest : public testing::Test, public test::EditorScreen {
+ protected:
+  QStringList Rows() const {
+    QStringList rows;
+    InDialogNamed dialog("frmStats", [&rows](QWidget& it) {
+      EXPECT_EQ(it.windowTitle(), "Statistika");
+      const auto& table = *it.findChild<QTableWidget*>("lstStats");
+      for (int row = 0; row < table.rowCount(); ++row) {
+        rows << table.item(row, 1)->text() + ": " + table.item(row, 2)->text();
+      }
+    });
+    Action("mnuStats").trigger();
+    EXPECT_TRUE(dialog.opened);
+    return rows;
+  }
+};
+
+TEST_F(FrmStatsTest, CountsEachObjectInTheOrderOfThePalette) {
+  Open({"WWWWWW", "W12..W", "WRF$DW", "WR.$CW", "WWWWWW"});
+  EXPECT_EQ(Rows(), QStringList({"Prázdno: 3", "Balvan: 2", "Drahokam: 1", "Zorík č. 1: 1", "Zorík č. 2: 1",
+                                 "Ocel: 18", "Světluška vlevo: 1", "\"$\": 2", "\"C\": 1"}));
+}
+
+TEST_F(FrmStatsTest, CountsTheCaveAsItIsNow) {
+  Open(test::Full(6, 5, ';'));
+  Click(1, 1);
+  EXPECT_EQ(Rows(), QStringList({"Hlína: 29", "Balvan: 1"}));
+}
+
+TEST_F(FrmStatsTest, IsShutWithEsc) {
+  Open(test::Full(6, 5, ';'));
+  InDialogNamed dialog("frmStats", [](QWidget& it) { QTest::keyClick(&it, Qt::Key_Escape); });
+  QTest::keyClick(window.get(), Qt::Key_F7);
+  EXPECT_TRUE(dialog.opened);
+  EXPECT_FALSE(dialog.stayed);
+  EXPECT_TRUE(window->isVisible());
+}
+
+}  // namespace
+}  // namespace zorik

@@ -1,0 +1,156 @@
+#include <QHelpEvent>
+#include <QSignalSpy>
+#include <QToolTip>
+
+#include "editors/EditorScreen.h"
+#include "editors/Palette.h"
+
+namespace zorik {
+namespace {
+
+class PaletteTest : public testing::Test, public test::EditorScreen {
+ protected:
+  PaletteTest() { Open({"WWWWW", "W1..W", "W...W", "W...W", "WWWWW"}); }
+
+  QString TooltipOf(int palette) const {
+    const QPoint place = Tiles().TileRect(palette).center();
+    QHelpEvent help(QEvent::ToolTip, place, Tiles().mapToGlobal(place));
+    QApplication::sendEvent(&Tiles(), &help);
+    return QToolTip::text();
+  }
+};
+
+TEST_F(PaletteTest, StartsWithBoulderDirtAndGem) {
+  EXPECT_EQ(Tool(ToolButton::Left), 2);
+  EXPECT_EQ(Tool(ToolButton::Right), 1);
+  EXPECT_EQ(Tool(ToolButton::Middle), 3);
+}
+
+TEST_F(PaletteTest, HasNoToolsBeforeACaveIsOpened) {
+  MakeWindow();
+  for (const auto button : {ToolButton::Left, ToolButton::Right, ToolButton::Middle})
+    EXPECT_EQ(Tool(button), -1);
+}
+
+TEST_F(PaletteTest, TakesEachTileWithEachButton) {
+  for (int palette = 0; palette < kPaletteEnd; ++palette) {
+    if (palette == kPaletteGap) continue;
+    Pick(palette, Qt::LeftButton);
+    EXPECT_EQ(Tool(ToolButton::Left), palette);
+    Pick(palette, Qt::RightButton);
+    EXPECT_EQ(Tool(ToolButton::Right), palette);
+    Pick(palette, Qt::MiddleButton);
+    EXPECT_EQ(Tool(ToolButton::Middle), palette);
+  }
+}
+
+TEST_F(PaletteTest, TakesNothingBetweenTheTilesAndWithOtherButtons) {
+  QTest::mouseClick(&Tiles(), Qt::LeftButton, {}, QPoint(0, 0));
+  QTest::mouseClick(&Tiles(), Qt::BackButton, {}, Tiles().TileRect(7).center());
+  EXPECT_EQ(Tool(ToolButton::Left), 2);
+  EXPECT_EQ(Tool(ToolButton::Right), 1);
+  EXPECT_EQ(Tool(ToolButton::Middle), 3);
+}
+
+TEST_F(PaletteTest, ShowsThirtyFourTilesOf26ThatDoNotOverlap) {
+  QRegion tiles;
+  for (int palette = 0; palette < kPaletteEnd; ++palette) {
+    if (palette == kPaletteGap) continue;
+    const QRect tile = Tiles().TileRect(palette);
+    EXPECT_EQ(tile.size(), QSize(26, 26));
+    EXPECT_TRUE(Tiles().rect().contains(tile));
+    EXPECT_FALSE(tiles.intersects(tile));
+    tiles += tile;
+  }
+}
+
+TEST_F(PaletteTest, MarksTheToolsWithThreeFrames) {
+  for (const auto button : {Qt::LeftButton, Qt::RightButton, Qt::MiddleButton}) Pick(9, button);
+  const QRect tile = Tiles().TileRect(9);
+  EXPECT_EQ(Tiles().FrameRect(ToolButton::Left).topLeft(), tile.topLeft());
+  EXPECT_EQ(Tiles().FrameRect(ToolButton::Right).right(), tile.right());
+  const QRect middle = Tiles().FrameRect(ToolButton::Middle);
+  EXPECT_EQ(middle.left() - tile.left(), tile.right() - middle.right());
+  EXPECT_EQ(middle.top() - tile.top(), tile.bottom() - middle.bottom());
+}
+
+TEST_F(PaletteTest, DrawsAFrameWhereTheToolIs) {
+  const auto picture = [this](int palette) {
+    QApplication::processEvents();
+    return Tiles().grab(Tiles().TileRect(palette)).toImage();
+  };
+  const QImage bare = picture(9);
+  Pick(9, Qt::RightButton);
+  EXPECT_NE(picture(9), bare);
+  Pick(8, Qt::RightButton);
+  Area().setFocus();
+  EXPECT_EQ(picture(9), bare);
+}
+
+TEST_F(PaletteTest, NamesItsTiles) {
+  EXPECT_EQ(TooltipOf(0), "Prázdno");
+  EXPECT_EQ(TooltipOf(2), "Balvan");
+  EXPECT_EQ(TooltipOf(17), "Světluška vlevo");
+  EXPECT_EQ(TooltipOf(28), "Zelený zámek");
+  EXPECT_EQ(TooltipOf(30), "Bomba");
+  EXPECT_EQ(TooltipOf(34), "Vážka");
+}
+
+TEST_F(PaletteTest, NamesTheCurrentDog) {
+  EXPECT_EQ(TooltipOf(kDogTool), "Zorík č. 1");
+  Action("Dog(7)").trigger();
+  EXPECT_EQ(TooltipOf(kDogTool), "Zorík č. 7");
+}
+
+TEST_F(PaletteTest, ShowsAPictureForEachDogAndEachObject) {
+  Area().setFocus();
+  for (const auto button : {ToolButton::Left, ToolButton::Right, ToolButton::Middle}) {
+    Tiles().SelectTool(button, 0);
+  }
+  const QImage tiles = Tiles().grab().toImage();
+  std::vector<QImage> pictures;
+  for (int palette = 1; palette < kPaletteEnd; ++palette) {
+    if (palette != kPaletteGap) pictures.push_back(tiles.copy(Tiles().TileRect(palette)));
+  }
+  for (int dog = 2; dog <= kDogs; ++dog) {
+    Action(qPrintable(QString("Dog(%1)").arg(dog))).trigger();
+    pictures.push_back(Tiles().grab(Tiles().TileRect(kDogTool)).toImage());
+  }
+  for (std::size_t i = 0; i < pictures.size(); ++i) {
+    for (std::size_t j = i + 1; j < pictures.size(); ++j)
+      EXPECT_NE(pictures[i], pictures[j]) << i << " " << j;
+  }
+}
+
+TEST_F(PaletteTest, IsUsedByKeys) {
+  Tiles().setFocus();
+  QTest::keyClick(&Tiles(), Qt::Key_Home);
+  QTest::keyClick(&Tiles(), Qt::Key_Right);
+  QTest::keyClick(&Tiles(), Qt::Key_Right);
+  QTest::keyClick(&Tiles(), Qt::Key_Down);
+  QTest::keyClick(&Tiles(), Qt::Key_Space);
+  EXPECT_EQ(Tool(ToolButton::Left), 19) << "17 tiles a row";
+  QTest::keyClick(&Tiles(), Qt::Key_Left);
+  QTest::keyClick(&Tiles(), Qt::Key_Space, Qt::ShiftModifier);
+  EXPECT_EQ(Tool(ToolButton::Right), 18);
+  QTest::keyClick(&Tiles(), Qt::Key_Up);
+  QTest::keyClick(&Tiles(), Qt::Key_Return, Qt::ControlModifier);
+  EXPECT_EQ(Tool(ToolButton::Middle), 1);
+  QTest::keyClick(&Tiles(), Qt::Key_Up);
+  EXPECT_EQ(Status(), "Hlína") << "there is nothing above the first row";
+  QTest::keyClick(&Tiles(), Qt::Key_End);
+  EXPECT_EQ(Status(), "Vážka");
+  QTest::keyClick(&Tiles(), Qt::Key_Enter);
+  EXPECT_EQ(Tool(ToolButton::Left), 34);
+}
+
+TEST_F(PaletteTest, LeavesOutTheNumberWithoutATileUnderKeys) {
+  Tiles().setFocus();
+  Pick(28);
+  QTest::keyClick(&Tiles(), Qt::Key_Right);
+  QTest::keyClick(&Tiles(), Qt::Key_Space);
+  EXPECT_EQ(Tool(ToolButton::Left), 30);
+}
+
+}  // namespace
+}  // namespace zorik

@@ -1,0 +1,154 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QApplication>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QScrollBar>
+#include <QSettings>
+#include <QTest>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "data/Cp1250.h"
+#include "data/Files.h"
+#include "editors/Dialogs.h"
+#include "editors/FrmSada.h"
+#include "editors/SadaList.h"
+#include "screens/Folder.h"
+#include "skin/Skin.h"
+
+namespace zorik::test {
+
+// The collection editor in the default skin, with a folder of collections of its own.
+class SadaScreen {
+ public:
+  SadaScreen() {
+    QSettings(QSettings::IniFormat, QSettings::UserScope, "Ortvan", "Zorik2").clear();
+    EXPECT_TRUE(skin.Wear(SkinPlaces{ZORIK_SKINS, "Default"}));
+    MakeWindow();
+  }
+
+  void MakeWindow() {
+    window = std::make_unique<FrmSada>(skin, folder.Paths());
+    QObject::connect(window.get(), &FrmSada::EditCave, window.get(), [this](const QByteArray& text) {
+      edited.push_back(text.toStdString());
+      changedWhileEdited = Sada().Chg();
+    });
+    QObject::connect(window.get(), &FrmSada::Closed, window.get(), [this] { ++closed; });
+  }
+
+  void Open(const std::string& path = {}) {
+    window->Open(QString::fromStdString(path));
+    Activate();
+  }
+
+  // Writes a collection of caves with these names and opens it; the open ones are marked by "*" in front.
+  void OpenCaves(const std::vector<std::string>& names) {
+    EditedCollection collection;
+    collection.Name = "Sada";
+    collection.Author = "Eva";
+    collection.Mail = "eva@priklad.cz";
+    collection.Description = "Popis";
+    collection.CongratulationText = "Hura";
+    for (std::size_t i = 0; i < names.size(); ++i) {
+      const bool marked = names[i].front() == '*';
+      collection.CaveList.push_back(OneStepCave(marked ? names[i].substr(1) : names[i]));
+      collection.OpenFlags.set(i + 1, marked);
+    }
+    Chance chance;
+    const auto bytes = BuildCollection(collection, chance);
+    ASSERT_TRUE(bytes);
+    folder.File("Caves/a.zk", *bytes);
+    Open(Path("a.zk"));
+  }
+  void OpenMany(int count) {
+    std::vector<std::string> names;
+    for (int i = 1; i <= count; ++i) names.push_back("K" + std::to_string(i));
+    OpenCaves(names);
+  }
+
+  std::string Path(const std::string& file) const { return folder.Root() + "/Caves/" + file; }
+  std::vector<std::string> Lines(const std::string& file) const {
+    const auto bytes = ReadWhole(Path(file));
+    EXPECT_TRUE(bytes) << file;
+    return bytes ? PlainLines(*bytes) : std::vector<std::string>();
+  }
+
+  const SadaModel& Sada() const { return window->Sada(); }
+  std::vector<std::string> Rows() const {
+    std::vector<std::string> rows;
+    for (int i = 1; i <= Sada().ListCount(); ++i) {
+      rows.push_back((Sada().IsOpen(i) ? "*" : "") + ToUtf8(Sada().Name(i)));
+    }
+    return rows;
+  }
+
+  template <class Widget>
+  Widget& Child(const char* name) const {
+    Widget* const child = window->findChild<Widget*>(name);
+    EXPECT_NE(child, nullptr) << name;
+    return *child;
+  }
+  QAction& Action(const char* name) const { return Child<QAction>(name); }
+  QLineEdit& Box(const char* name) const { return Child<QLineEdit>(name); }
+  QPlainTextEdit& Text4() const { return Child<QPlainTextEdit>("Text4"); }
+  SadaList& List() const { return Child<SadaList>("CaveList"); }
+  QScrollBar& VScroll1() const { return Child<QScrollBar>("VScroll1"); }
+
+  // Without a desktop nobody gives the focus back when the busy notice has gone, which swallows what the
+  // author does until the event loop has run once more.
+  void Activate() const {
+    QCoreApplication::processEvents();
+    window->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+  }
+
+  // Types any letters, also those that no key of a plain keyboard has.
+  static void Type(QWidget& box, const QString& text) {
+    for (const QChar letter : text) {
+      for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+        QKeyEvent event(type, 0, Qt::NoModifier, QString(letter));
+        QApplication::sendEvent(&box, &event);
+      }
+    }
+  }
+
+  void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) const {
+    Activate();
+    QWidget* const focus = window->focusWidget();
+    QTest::keyClick(focus != nullptr ? focus : window.get(), key, modifiers);
+  }
+  void ClickCave(int number) const {
+    QTest::mouseClick(List().viewport(), Qt::LeftButton, {}, List().lblCave(number).center());
+  }
+  void ClickMark(int number) const {
+    QTest::mouseClick(List().viewport(), Qt::LeftButton, {}, List().lblPoc(number).center());
+  }
+  // Whether somebody would see a mark in the row of a cave.
+  bool MarkSeen(int number) const {
+    QTest::mouseMove(List().viewport(), QPoint(2, 2));
+    const QImage row = List().viewport()->grab(List().lblPoc(number).adjusted(2, 2, -2, -2)).toImage();
+    for (int x = 0; x < row.width(); ++x) {
+      for (int y = 0; y < row.height(); ++y) {
+        if (row.pixel(x, y) != row.pixel(0, 0)) return true;
+      }
+    }
+    return false;
+  }
+
+  Folder folder;
+  Skin skin;
+  Dialogs dialogs;
+  std::vector<std::string> edited;
+  bool changedWhileEdited = false;
+  int closed = 0;
+  std::unique_ptr<FrmSada> window;
+};
+
+using Names = std::vector<std::string>;
+
+}  // namespace zorik::test

@@ -1,0 +1,221 @@
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <QDir>
+#include <QEventLoop>
+#include <QFile>
+#include <QFileInfo>
+#include <QLocalSocket>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+#include <future>
+#include <memory>
+
+#include "platform/Inbox.h"
+
+namespace zorik {
+namespace {
+
+constexpr int kPatience = 5000;
+
+class InboxTest : public testing::Test {
+ protected:
+  void Open() {
+    inbox_ = std::make_unique<Inbox>([this](const QString& path) { arrived_.push_back(path); }, Place());
+  }
+
+  QString Place() const { return folder_.filePath("socket"); }
+
+  // From another thread, as the game must be free to answer.
+  bool HandOverMeanwhile(const QString& path) const {
+    auto done = std::async(std::launch::async, [&] { return HandOver(path, Place()); });
+    while (done.wait_for(std::chrono::milliseconds(0)) != std::future_status::ready) QTest::qWait(5);
+    return done.get();
+  }
+
+  bool Arrived(qsizetype count) const {
+    return QTest::qWaitFor([&] { return arrived_.size() >= count; }, kPatience);
+  }
+
+  QTemporaryDir folder_;
+  std::unique_ptr<Inbox> inbox_;
+  QStringList arrived_;
+};
+
+TEST_F(InboxTest, TakesAPathWhateverItsName) {
+  Open();
+  ASSERT_TRUE(inbox_->Listening());
+  const QStringList paths = {"/a/b.zk", "/kůň s mezerou/Žába.zkr", "/two\nlines.zk", "/x"};
+  for (const QString& path : paths) EXPECT_TRUE(HandOverMeanwhile(path));
+  EXPECT_TRUE(Arrived(paths.size()));
+  EXPECT_EQ(arrived_, paths);
+}
+
+TEST_F(InboxTest, NobodyTakesAPathWithoutAGame) {
+  EXPECT_FALSE(HandOver("/a.zk", Place()));
+}
+
+TEST_F(InboxTest, OnlyTheFirstOfTwoGamesListens) {
+  Open();
+  QStringList others;
+  const Inbox second([&](const QString& path) { others.push_back(path); }, Place());
+  EXPECT_FALSE(second.Listening());
+  EXPECT_TRUE(HandOverMeanwhile("/a.zk"));
+  EXPECT_TRUE(Arrived(1));
+  EXPECT_TRUE(others.isEmpty());
+}
+
+TEST_F(InboxTest, TakesThePlaceOfAGameThatCrashed) {
+  {
+    QLocalServer crashed;
+    ASSERT_TRUE(crashed.listen(Place()));
+    // A server that is closed takes its socket away; one that crashed leaves it.
+    ASSERT_TRUE(QFile::rename(Place(), Place() + ".kept"));
+  }
+  ASSERT_TRUE(QFile::rename(Place() + ".kept", Place()));
+  Open();
+  EXPECT_TRUE(inbox_->Listening());
+  EXPECT_TRUE(HandOverMeanwhile("/a.zk"));
+  EXPECT_TRUE(Arrived(1));
+}
+
+TEST_F(InboxTest, IsOpenToItsUserAlone) {
+  Open();
+  struct stat status = {};
+  ASSERT_EQ(stat(QFile::encodeName(Place()), &status), 0);
+  EXPECT_EQ(status.st_mode & 077U, 0U);
+}
+
+TEST_F(InboxTest, LeavesNoSocketBehind) {
+  Open();
+  inbox_.reset();
+  EXPECT_FALSE(QFileInfo::exists(Place()));
+}
+
+TEST_F(InboxTest, WaitsForAMessageThatComesInPieces) {
+  Open();
+  QLocalSocket guest;
+  guest.connectToServer(Place());
+  ASSERT_TRUE(guest.waitForConnected(kPatience));
+  for (const char* piece : {"/a", "/b", ".zk"}) {
+    guest.write(piece);
+    guest.flush();
+    QTest::qWait(20);
+    EXPECT_TRUE(arrived_.isEmpty());
+  }
+  guest.write("\0", 1);
+  guest.flush();
+  EXPECT_TRUE(Arrived(1));
+  EXPECT_EQ(arrived_, QStringList{"/a/b.zk"});
+}
+
+TEST_F(InboxTest, TurnsAwayWhoSaysNothingOrTooMuch) {
+  Open();
+  {
+    QLocalSocket silent;
+    silent.connectToServer(Place());
+    ASSERT_TRUE(silent.waitForConnected(kPatience));
+    QTest::qWait(20);
+  }
+  QLocalSocket chatty;
+  chatty.connectToServer(Place());
+  ASSERT_TRUE(chatty.waitForConnected(kPatience));
+  chatty.write(QByteArray(200000, 'x'));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return chatty.state() == QLocalSocket::UnconnectedState; }, kPatience));
+  EXPECT_TRUE(arrived_.isEmpty());
+  EXPECT_TRUE(HandOverMeanwhile("/a.zk"));
+}
+
+TEST_F(InboxTest, MayBeAnsweredByADialog) {
+  bool over = false;
+  const Inbox inbox(
+      [&](const QString&) {
+        QEventLoop dialog;
+        QTimer::singleShot(100, &dialog, &QEventLoop::quit);
+        dialog.exec();
+        over = true;
+      },
+      Place());
+  EXPECT_TRUE(HandOverMeanwhile("/a.zk"));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return over; }, kPatience));
+  EXPECT_TRUE(HandOverMeanwhile("/b.zk"));
+}
+
+TEST(TakeFileFromStart, AnswersThePathOnce) {
+  EXPECT_EQ(TakeFileFromStart(), "");
+  qputenv(kOpenVariable, "/kůň.zk");
+  EXPECT_EQ(TakeFileFromStart(), "/kůň.zk");
+  EXPECT_EQ(TakeFileFromStart(), "");
+}
+
+// The program itself, in a folder with a stand-in for the game that writes down what it is started for.
+class DownloaderTest : public InboxTest {
+ protected:
+  void SetUp() override {
+    ASSERT_TRUE(QFile::copy(ZORIK_DOWNLOADER, folder_.filePath("downloader")));
+    QFile game(folder_.filePath("zorik"));
+    ASSERT_TRUE(game.open(QIODevice::WriteOnly));
+    game.write("#!/bin/sh\nprintf '%s' \"$ZORIK_OPEN\" >'" + folder_.filePath("started").toUtf8() + "'\n");
+    game.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    runtime_ = qgetenv("XDG_RUNTIME_DIR");
+    qputenv("XDG_RUNTIME_DIR", folder_.path().toUtf8());
+  }
+  ~DownloaderTest() override {
+    if (!runtime_.isEmpty()) qputenv("XDG_RUNTIME_DIR", runtime_);
+  }
+
+  // Answers the exit code.
+  int Run(const QStringList& arguments) const {
+    QProcess program;
+    program.setWorkingDirectory(folder_.path());
+    program.start(folder_.filePath("downloader"), arguments);
+    while (program.state() != QProcess::NotRunning) QTest::qWait(5);
+    return program.exitStatus() == QProcess::NormalExit ? program.exitCode() : -1;
+  }
+
+  QString Started() const {
+    QString started;
+    const auto read = [&] {
+      QFile file(folder_.filePath("started"));
+      if (file.open(QIODevice::ReadOnly)) started = QString::fromUtf8(file.readAll());
+      return !started.isEmpty();
+    };
+    static_cast<void>(QTest::qWaitFor(read, kPatience));
+    return started;
+  }
+
+  QByteArray runtime_;
+};
+
+TEST_F(DownloaderTest, HandsTheAbsolutePathToTheRunningGame) {
+  const Inbox game([this](const QString& path) { arrived_.push_back(path); });
+  ASSERT_TRUE(game.Listening());
+  EXPECT_EQ(Run({"kůň s mezerou.zk"}), 0);
+  EXPECT_EQ(Run({"/jinde/x.zkr"}), 0);
+  EXPECT_EQ(Run({"file:///jinde/a%20b.zk"}), 0);
+  EXPECT_TRUE(Arrived(3));
+  EXPECT_EQ(arrived_, (QStringList{folder_.filePath("kůň s mezerou.zk"), "/jinde/x.zkr", "/jinde/a b.zk"}));
+  EXPECT_FALSE(QFileInfo::exists(folder_.filePath("started")));
+}
+
+TEST_F(DownloaderTest, StartsTheGameWhenNoneRuns) {
+  EXPECT_EQ(Run({"x.zk"}), 0);
+  EXPECT_EQ(Started(), folder_.filePath("x.zk"));
+}
+
+TEST_F(DownloaderTest, FailsWhenThereIsNoGame) {
+  ASSERT_TRUE(QFile::remove(folder_.filePath("zorik")));
+  EXPECT_EQ(Run({"x.zk"}), 1);
+}
+
+TEST_F(DownloaderTest, WantsExactlyOneFile) {
+  EXPECT_EQ(Run({}), 2);
+  EXPECT_EQ(Run({""}), 2);
+  EXPECT_EQ(Run({"a.zk", "b.zk"}), 2);
+  EXPECT_FALSE(QFileInfo::exists(folder_.filePath("started")));
+}
+
+}  // namespace
+}  // namespace zorik

@@ -1,0 +1,126 @@
+#include <gtest/gtest.h>
+
+#include <QFontMetrics>
+#include <QLabel>
+#include <QSignalSpy>
+
+#include "screens/FrmAnalyze.h"
+#include "screens/PostScreen.h"
+
+namespace zorik {
+namespace {
+
+constexpr const char* kLine = "010 · 05 + 003 · 07 + 042 · 2 = 00155";
+
+class FrmAnalyzeTest : public testing::Test, public test::PostHome {
+ protected:
+  void Open(int seconds, bool bonus = false) {
+    window_.SetScore(kLine, 155, bonus);
+    if (seconds > 0) {
+      window_.NastavCas(seconds);
+    } else {
+      window_.ClearCountdown();
+    }
+    window_.Open();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&window_));
+  }
+
+  QLabel& Label(const char* name) const { return *window_.findChild<QLabel*>(name); }
+  QTimer& Timer() { return *window_.findChild<QTimer*>("Timer1"); }
+
+  // A second of the window's clock.
+  void Second() { QMetaObject::invokeMethod(&Timer(), "timeout"); }
+
+  FrmAnalyze window_{skin};
+  QSignalSpy closed_{&window_, &FrmAnalyze::Closed};
+};
+
+TEST_F(FrmAnalyzeTest, ShowsTheBreakdownAndTheTotal) {
+  Open(0);
+  EXPECT_EQ(Label("Label2").text(), kLine);
+  EXPECT_EQ(Label("Label3").text(), "00155");
+  EXPECT_EQ(window_.Total(), 155);
+}
+
+TEST_F(FrmAnalyzeTest, ShowsTheBonusSignOnlyForABonus) {
+  Open(0, true);
+  EXPECT_TRUE(window_.findChild<QWidget*>("Image1")->isVisible());
+  EXPECT_TRUE(window_.BonusVisible());
+  EXPECT_EQ(Label("Label3").text(), "00155") << "without the bonus";
+  Open(0, false);
+  EXPECT_FALSE(window_.findChild<QWidget*>("Image1")->isVisible());
+  EXPECT_FALSE(window_.BonusVisible());
+}
+
+TEST_F(FrmAnalyzeTest, CountsDownAndClosesByItself) {
+  Open(3);
+  EXPECT_EQ(Label("Label4").text(), "3");
+  EXPECT_TRUE(Timer().isActive());
+  EXPECT_EQ(Timer().interval(), 1000);
+  Second();
+  EXPECT_EQ(Label("Label4").text(), "2");
+  Second();
+  EXPECT_EQ(Label("Label4").text(), "1");
+  EXPECT_EQ(closed_.size(), 0);
+  Second();
+  EXPECT_EQ(closed_.size(), 1);
+  EXPECT_FALSE(window_.isVisible());
+  EXPECT_FALSE(Timer().isActive());
+}
+
+TEST_F(FrmAnalyzeTest, StaysWhenItsSecondsAreClicked) {
+  Open(3);
+  Second();
+  QTest::mouseClick(&Label("Label4"), Qt::LeftButton);
+  EXPECT_FALSE(Timer().isActive());
+  EXPECT_EQ(Label("Label4").text(), "2");
+  EXPECT_TRUE(window_.isVisible());
+  QTest::keyClick(&window_, Qt::Key_Return);
+  EXPECT_EQ(closed_.size(), 1);
+}
+
+TEST_F(FrmAnalyzeTest, WaitsForThePlayerWithoutSeconds) {
+  Open(3);
+  Second();
+  window_.ClearCountdown();
+  EXPECT_EQ(Label("Label4").text(), "");
+  EXPECT_FALSE(Timer().isActive());
+  EXPECT_TRUE(window_.isVisible());
+}
+
+TEST_F(FrmAnalyzeTest, ClosesByKeysButtonAndTheWindowsClosing) {
+  const std::vector<std::function<void()>> ways = {
+      [&] { QTest::keyClick(&window_, Qt::Key_Return); },
+      [&] { QTest::keyClick(&window_, Qt::Key_Enter); },
+      [&] { QTest::keyClick(&window_, Qt::Key_Space); },
+      [&] { QTest::keyClick(&window_, Qt::Key_Escape); },
+      [&] { QTest::mouseClick(window_.findChild<SkinButton*>("ok"), Qt::LeftButton); },
+      [&] { window_.close(); },
+  };
+  for (std::size_t i = 0; i < ways.size(); ++i) {
+    Open(3);
+    ways[i]();
+    EXPECT_EQ(closed_.size(), static_cast<int>(i) + 1);
+    EXPECT_FALSE(window_.isVisible());
+    EXPECT_FALSE(Timer().isActive());
+  }
+}
+
+TEST_F(FrmAnalyzeTest, HoldsTheLongestLineWithinItsBox) {
+  const QString line = "1909 · 190 + 1909 · 190 + 1909 · 9 = 742601";
+  window_.SetScore(line, 742601, false);
+  const QLabel& label = Label("Label2");
+  EXPECT_LE(QFontMetrics(label.font()).horizontalAdvance(line), label.width());
+  EXPECT_GE(label.font().pixelSize(), 14);
+}
+
+TEST_F(FrmAnalyzeTest, HasFiguresOfOneWidth) {
+  window_.SetScore(kLine, 155, false);
+  const QFontMetrics metrics(Label("Label2").font());
+  for (const char* figure : {"1", "·", "+", " "}) {
+    EXPECT_EQ(metrics.horizontalAdvance(figure), metrics.horizontalAdvance("0")) << figure;
+  }
+}
+
+}  // namespace
+}  // namespace zorik

@@ -1,0 +1,121 @@
+#include <gtest/gtest.h>
+
+#include <QPlainTextEdit>
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QTextEdit>
+
+#include "screens/FrmDialog2.h"
+#include "screens/PostScreen.h"
+
+namespace zorik {
+namespace {
+
+using test::InDialog;
+
+class FrmDialog2Test : public testing::Test, public test::PostHome {
+ protected:
+  static QTextEdit& Reading(QWidget& dialog) { return *dialog.findChild<QTextEdit*>("picText"); }
+  static QPlainTextEdit& Editing(QWidget& dialog) { return *dialog.findChild<QPlainTextEdit*>("Text1"); }
+  static bool Shown(const QWidget& dialog, const char* name) {
+    return dialog.findChild<QWidget*>(name)->isVisible();
+  }
+  static void Click(QWidget& dialog, const char* name) {
+    QTest::mouseClick(dialog.findChild<SkinButton*>(name), Qt::LeftButton);
+  }
+
+  // What editing this text answers when a player does this.
+  std::optional<QString> Edit(const QString& text, const std::function<void(QWidget&)>& act) {
+    const InDialog dialog(act);
+    const auto answer = FrmDialog2(skin, nullptr).SetG(text);
+    EXPECT_TRUE(dialog.Opened());
+    return answer;
+  }
+};
+
+TEST_F(FrmDialog2Test, ShowsATextToBeReadWithOneButton) {
+  const InDialog dialog([](QWidget& box) {
+    EXPECT_EQ(box.windowTitle(), "Gratulace");
+    EXPECT_EQ(box.size(), QSize(520, 360));
+    EXPECT_EQ(Reading(box).toPlainText(), "Skvělé!\nBody: 00042");
+    EXPECT_EQ(Reading(box).geometry(), QRect(40, 60, 440, 220));
+    EXPECT_TRUE(Reading(box).isVisible());
+    EXPECT_FALSE(Editing(box).isVisible());
+    EXPECT_TRUE(Shown(box, "ok"));
+    EXPECT_FALSE(Shown(box, "close"));
+    EXPECT_FALSE(Shown(box, "help"));
+    QTest::keyClicks(&Reading(box), "x");
+    EXPECT_EQ(Reading(box).toPlainText(), "Skvělé!\nBody: 00042");
+    Click(box, "ok");
+  });
+  FrmDialog2(skin, nullptr).ShowG("Skvělé!\r\nBody: 00042");
+  EXPECT_TRUE(dialog.Opened());
+  EXPECT_FALSE(dialog.Stayed());
+}
+
+TEST_F(FrmDialog2Test, ClosesAfterReadingByEnterAndEsc) {
+  for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape}) {
+    const InDialog dialog([key](QWidget& box) { QTest::keyClick(&Reading(box), key); });
+    FrmDialog2(skin, nullptr).ShowG("a");
+    EXPECT_TRUE(dialog.Opened());
+    EXPECT_FALSE(dialog.Stayed()) << key;
+  }
+}
+
+TEST_F(FrmDialog2Test, ShowsMarkupAsItIsWritten) {
+  const InDialog dialog([](QWidget& box) { EXPECT_EQ(Reading(box).toPlainText(), "<b>a</b> & b"); });
+  FrmDialog2(skin, nullptr).ShowG("<b>a</b> & b");
+  EXPECT_TRUE(dialog.Opened());
+}
+
+TEST_F(FrmDialog2Test, ScrollsALongTextFromItsStartByKeys) {
+  const InDialog dialog([](QWidget& box) {
+    EXPECT_EQ(Reading(box).verticalScrollBar()->value(), 0);
+    QTest::keyClick(&Reading(box), Qt::Key_PageDown);
+    EXPECT_GT(Reading(box).verticalScrollBar()->value(), 0);
+  });
+  FrmDialog2(skin, nullptr).ShowG(QString("Gratuluji! ").repeated(300));
+  EXPECT_TRUE(dialog.Opened());
+}
+
+TEST_F(FrmDialog2Test, ShowsThreeButtonsForEditing) {
+  Edit("a", [](QWidget& box) {
+    EXPECT_TRUE(Editing(box).isVisible());
+    EXPECT_FALSE(Reading(box).isVisible());
+    for (const char* name : {"ok", "close", "help"}) EXPECT_TRUE(Shown(box, name)) << name;
+  });
+}
+
+TEST_F(FrmDialog2Test, KeepsATextOfSeveralLines) {
+  const auto answer = Edit("Skvělé!\r\n\r\nBody: $P", [](QWidget& box) {
+    Editing(box).moveCursor(QTextCursor::End);
+    QTest::keyClick(&Editing(box), Qt::Key_Return);
+    QTest::keyClicks(&Editing(box), "Konec");
+    Click(box, "ok");
+  });
+  EXPECT_EQ(answer, "Skvělé!\r\n\r\nBody: $P\r\nKonec");
+}
+
+TEST_F(FrmDialog2Test, TakesOverByCtrlEnter) {
+  const auto answer =
+      Edit("a", [](QWidget& box) { QTest::keyClick(&Editing(box), Qt::Key_Return, Qt::ControlModifier); });
+  EXPECT_EQ(answer, "a");
+}
+
+TEST_F(FrmDialog2Test, DropsChangesByItsCloseButtonAndEsc) {
+  EXPECT_EQ(Edit("a", [](QWidget& box) { Click(box, "close"); }), std::nullopt);
+  EXPECT_EQ(Edit("a", [](QWidget& box) { QTest::keyClick(&Editing(box), Qt::Key_Escape); }), std::nullopt);
+  EXPECT_EQ(Edit("a", [](QWidget& box) { box.close(); }), std::nullopt);
+}
+
+TEST_F(FrmDialog2Test, AsksForHelpAndStays) {
+  FrmDialog2 dialog(skin, nullptr);
+  QSignalSpy help(&dialog, &FrmDialog2::HelpWanted);
+  const InDialog opened([](QWidget& box) { Click(box, "help"); });
+  dialog.SetG("a");
+  EXPECT_EQ(help.size(), 1);
+  EXPECT_TRUE(opened.Stayed());
+}
+
+}  // namespace
+}  // namespace zorik

@@ -1,0 +1,170 @@
+#include <gtest/gtest.h>
+
+#include <QLineEdit>
+#include <QTest>
+
+#include "screens/FrmDialog3.h"
+#include "screens/TestSkin.h"
+
+namespace zorik {
+namespace {
+
+using test::InDialog;
+
+// As a keyboard with Czech letters does.
+void TypeInto(QWidget& field, const QString& text) {
+  for (const QChar letter : text) {
+    QKeyEvent press(QEvent::KeyPress, Qt::Key_unknown, Qt::NoModifier, letter);
+    QApplication::sendEvent(&field, &press);
+  }
+}
+
+class FrmDialog3Test : public testing::Test {
+ protected:
+  void SetUp() override {
+    skin_.Picture("newplayer", test::Strips({Qt::darkBlue}, {360, 160}));
+    for (const char* name : {"ok", "cancel"}) skin_.Picture(name, test::Strips(test::kLooks, {80, 32}));
+    Wear({});
+  }
+
+  // The usual keys; those of the other map go before them.
+  void Wear(const std::map<std::string, std::string>& changed) {
+    std::map<std::string, std::string> keys = changed;
+    keys.insert({{"text", "Nový hráč"},
+                 {"image", "newplayer"},
+                 {"width", "360"},
+                 {"height", "160"},
+                 {"name.left", "40"},
+                 {"name.top", "60"},
+                 {"name.width", "280"},
+                 {"name.height", "24"},
+                 {"name.color", "FFF8E0"},
+                 {"name.textcolor", "402000"},
+                 {"ok.image", "ok"},
+                 {"ok.left", "95"},
+                 {"ok.top", "104"},
+                 {"close.image", "cancel"},
+                 {"close.left", "185"},
+                 {"close.top", "104"}});
+    std::string lines = "addplayer:\n";
+    for (const auto& [key, value] : keys) lines += key + "=" + value + "\n";
+    skin_.Data(lines);
+    skin_.Wear();
+  }
+
+  QString AskName(const std::function<void(QWidget&)>& act) {
+    const InDialog inside(act);
+    const QString name = FrmDialog3(skin_.Skin(), nullptr).AskName();
+    EXPECT_TRUE(inside.Opened());
+    EXPECT_FALSE(inside.Stayed());
+    return name;
+  }
+
+  static QLineEdit& Text1(const QWidget& window) { return *window.findChild<QLineEdit*>("Text1"); }
+  static QWidget& Part(const QWidget& window, const char* name) { return *window.findChild<QWidget*>(name); }
+
+  test::TestSkin skin_;
+};
+
+TEST_F(FrmDialog3Test, HandsBackWhatWasTyped) {
+  for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
+    EXPECT_EQ(AskName([key](QWidget& window) {
+                TypeInto(Text1(window), "Žofie Ď");
+                QTest::keyClick(&Text1(window), key);
+              }),
+              "Žofie Ď");
+  }
+}
+
+TEST_F(FrmDialog3Test, HandsBackNothingWhenItIsLeft) {
+  const std::vector<std::function<void(QWidget&)>> ways = {
+      [](QWidget& window) { QTest::keyClick(&Text1(window), Qt::Key_Escape); },
+      [](QWidget& window) { QTest::mouseClick(&Part(window, "close"), Qt::LeftButton); },
+      [](QWidget& window) { window.close(); },
+  };
+  for (const auto& leave : ways) {
+    EXPECT_EQ(AskName([&](QWidget& window) {
+                QTest::keyClicks(&Text1(window), "Adam");
+                leave(window);
+              }),
+              "");
+  }
+}
+
+TEST_F(FrmDialog3Test, TheOkButtonConfirms) {
+  EXPECT_EQ(AskName([](QWidget& window) {
+              QTest::keyClicks(&Text1(window), "Adam");
+              QTest::mouseClick(&Part(window, "ok"), Qt::LeftButton);
+            }),
+            "Adam");
+}
+
+TEST_F(FrmDialog3Test, TheCaretIsInTheBoxAtOnce) {
+  AskName([](QWidget& window) {
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    EXPECT_EQ(QApplication::focusWidget(), &Text1(window));
+    window.close();
+  });
+}
+
+TEST_F(FrmDialog3Test, TakesUpToSixtyCharacters) {
+  EXPECT_EQ(AskName([](QWidget& window) {
+              QTest::keyClicks(&Text1(window), QString(70, 'x'));
+              QTest::keyClick(&window, Qt::Key_Return);
+            }).size(),
+            60);
+}
+
+TEST_F(FrmDialog3Test, ForgetsTheNameOfLastTime) {
+  FrmDialog3 window(skin_.Skin(), nullptr);
+  const InDialog first([](QWidget& open) {
+    QTest::keyClicks(&Text1(open), "Adam");
+    QTest::keyClick(&open, Qt::Key_Return);
+  });
+  window.AskName();
+  const InDialog second([](QWidget& open) {
+    EXPECT_EQ(Text1(open).text(), "");
+    open.close();
+  });
+  window.AskName();
+  EXPECT_TRUE(first.Opened() && second.Opened());
+}
+
+TEST_F(FrmDialog3Test, LiesWhereTheSkinSays) {
+  const FrmDialog3 window(skin_.Skin(), nullptr);
+  EXPECT_EQ(window.size(), QSize(360, 160));
+  EXPECT_EQ(window.windowTitle(), "Nový hráč");
+  EXPECT_EQ(Text1(window).geometry(), QRect(40, 60, 280, 24));
+  EXPECT_EQ(Part(window, "ok").geometry(), QRect(95, 104, 80, 32));
+  EXPECT_EQ(Part(window, "close").geometry(), QRect(185, 104, 80, 32));
+}
+
+TEST_F(FrmDialog3Test, EveryKeyHasItsEffect) {
+  const auto look = [this] {
+    FrmDialog3 window(skin_.Skin(), nullptr);
+    Text1(window).setText("Adam");
+    QString places = window.windowTitle();
+    for (const QWidget* const part : window.findChildren<QWidget*>()) {
+      const QRect box = part->geometry();
+      places += QString(" %1,%2,%3,%4").arg(box.left()).arg(box.top()).arg(box.width()).arg(box.height());
+    }
+    return std::pair(window.grab().toImage(), places);
+  };
+  skin_.Picture("other", test::Strips(test::kLooks, {60, 20}));
+  const auto usual = look();
+  for (const char* key : {"text", "image", "width", "height", "name.left", "name.top", "name.width",
+                          "name.height", "name.color", "name.textcolor", "ok.image", "ok.left", "ok.top",
+                          "close.image", "close.left", "close.top"}) {
+    const std::string name = key;
+    Wear({{name, name.ends_with("image")   ? "other"
+                 : name.ends_with("color") ? "3040F0"
+                 : name == "text"          ? "Jinak"
+                                           : "77"}});
+    EXPECT_NE(look(), usual) << key;
+  }
+  Wear({});
+  EXPECT_EQ(look(), usual);
+}
+
+}  // namespace
+}  // namespace zorik

@@ -1,0 +1,115 @@
+#include <gtest/gtest.h>
+
+#include <QComboBox>
+#include <QPushButton>
+#include <QSignalSpy>
+
+#include "screens/DialogScript.h"
+#include "screens/FrmSLang.h"
+#include "screens/TestSkin.h"
+
+namespace zorik {
+namespace {
+
+using test::Box;
+using test::DialogScript;
+
+class FrmSLangTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    skin_.Data("skin.author.text=Autor:#Nikdo\n");
+    skin_.File("cestina.txt", Language("Zorík"));
+    skin_.File("../../English/Menu/cestina.txt", Language("Zorik in English"));
+    skin_.File("../../English/Menu/skindata.txt",
+               "caption.slang.about=About the skin...\r\ncaption.slang.close=Close\r\n");
+    skin_.File("../../Prazdny/readme.txt", "nothing for the game");
+    skin_.File("../../soubor.txt", "no folder");
+    skin_.Wear();
+    StoreSett(settings_);
+    window_ = std::make_unique<FrmSLang>(skin_.Skin(), settings_, nullptr);
+    window_->show();
+  }
+
+  // 202 lines, of which only place 99 says something.
+  static std::string Language(const std::string& title) {
+    std::string lines = "\xEF\xBB\xBFjazyk\nautor\n";
+    for (int place = 0; place < 200; ++place) lines += (place == 99 ? title : "") + "\n";
+    return lines;
+  }
+
+  QComboBox& Combo1() const { return *window_->findChild<QComboBox*>("Combo1"); }
+  QPushButton& Button(const char* name) const { return *window_->findChild<QPushButton*>(name); }
+
+  test::TestSkin skin_;
+  Settings settings_;
+  std::unique_ptr<FrmSLang> window_;
+};
+
+TEST_F(FrmSLangTest, ListsEveryFolderOnceAndSelectsThePresentSkin) {
+  QStringList names;
+  for (int i = 0; i < Combo1().count(); ++i) names.push_back(Combo1().itemText(i));
+  EXPECT_EQ(names, (QStringList{"Default", "English", "Prazdny"}));
+  EXPECT_EQ(Combo1().currentText(), "Default");
+}
+
+TEST_F(FrmSLangTest, AChoiceCountsAtOnce) {
+  const QSignalSpy changed(window_.get(), &FrmSLang::SkinChanged);
+  EXPECT_EQ(Button("Command1").text(), "O skinu...");
+  EXPECT_EQ(Button("Command2").text(), "Zavřít");
+  Combo1().setCurrentText("English");
+  EXPECT_EQ(skin_.Skin().Places().Skin, "English");
+  EXPECT_EQ(skin_.Skin().Text(99), "Zorik in English");
+  EXPECT_EQ(Button("Command1").text(), "About the skin...");
+  EXPECT_EQ(Button("Command2").text(), "Close");
+  EXPECT_EQ(changed.count(), 1);
+  EXPECT_EQ(settings_.Skin, "English");
+  EXPECT_EQ(FindSett().Skin, "English");
+}
+
+TEST_F(FrmSLangTest, TheWayBackIsAsShort) {
+  Combo1().setCurrentText("English");
+  Combo1().setCurrentText("Default");
+  EXPECT_EQ(Button("Command2").text(), "Zavřít");
+  EXPECT_EQ(FindSett().Skin, "Default");
+}
+
+TEST_F(FrmSLangTest, ASkinWithoutFilesFallsBackWithoutAWord) {
+  const DialogScript script = {};
+  Combo1().setCurrentText("Prazdny");
+  QTest::qWait(20);
+  EXPECT_EQ(skin_.Skin().Text(99), "Zorík");
+  EXPECT_EQ(FindSett().Skin, "Prazdny");
+}
+
+TEST_F(FrmSLangTest, ALanguageThatIsTooShortIsTold) {
+  skin_.File("../../Prazdny/Menu/cestina.txt", "jazyk\nautor\njen jeden text\n");
+  const DialogScript script = {Box("Zorík", "Soubor s texty hry chybí nebo není celý.")};
+  Combo1().setCurrentText("Prazdny");
+  EXPECT_EQ(FindSett().Skin, "Prazdny");
+}
+
+TEST_F(FrmSLangTest, TheAuthorsWordsAreShownWithAnInformationIcon) {
+  skin_.Picture("iInformation", test::Strips({Qt::cyan}, {32, 32}));
+  const DialogScript script = {[](QWidget& dialog) {
+    const QPixmap icon = dialog.findChild<QLabel*>("imgIcon")->pixmap();
+    EXPECT_EQ(icon.toImage().pixelColor(16, 16), QColor(Qt::cyan));
+    Box("Zorík", "Autor:\nNikdo")(dialog);
+  }};
+  Button("Command1").click();
+}
+
+TEST_F(FrmSLangTest, TheLastButtonEnterAndEscCloseTheWindow) {
+  const std::vector<std::function<void()>> ways = {
+      [this] { Button("Command2").click(); },
+      [this] { QTest::keyClick(window_.get(), Qt::Key_Return); },
+      [this] { QTest::keyClick(window_.get(), Qt::Key_Escape); },
+  };
+  for (const auto& leave : ways) {
+    window_->show();
+    leave();
+    EXPECT_FALSE(window_->isVisible());
+  }
+}
+
+}  // namespace
+}  // namespace zorik

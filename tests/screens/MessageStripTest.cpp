@@ -1,0 +1,115 @@
+#include <gtest/gtest.h>
+
+#include <QElapsedTimer>
+#include <QFontMetrics>
+#include <QTest>
+#include <QWidget>
+
+#include "screens/MessageStrip.h"
+
+namespace zorik {
+namespace {
+
+constexpr int kShownFor = 3000;  // milliseconds
+
+class MessageStripTest : public testing::Test {
+ protected:
+  MessageStripTest() { parent_.resize(900, 500); }
+
+  // How long the strip stands from now on, in milliseconds.
+  qint64 StandsFor() {
+    QElapsedTimer clock;
+    clock.start();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return strip_.isHidden(); }, 2 * kShownFor));
+    return clock.elapsed();
+  }
+
+  // Whether all lines are seen as a whole.
+  void ExpectUnclipped() {
+    EXPECT_TRUE(parent_.rect().contains(strip_.geometry())) << strip_.x() << ", " << strip_.width();
+    const QFontMetrics metrics(strip_.font());
+    EXPECT_GE(strip_.height(), strip_.Lines().lines.size() * metrics.lineSpacing());
+    for (const QString& line : strip_.Lines().lines) {
+      EXPECT_LE(metrics.horizontalAdvance(line), strip_.width()) << line.toStdString();
+    }
+  }
+
+  QWidget parent_;
+  MessageStrip strip_{&parent_};
+};
+
+TEST_F(MessageStripTest, IsHiddenUntilThereIsAMessage) {
+  EXPECT_TRUE(strip_.isHidden());
+  strip_.ShowMessage("Haf!", Qt::white);
+  EXPECT_FALSE(strip_.isHidden());
+  EXPECT_EQ(strip_.Text(), "Haf!");
+}
+
+TEST_F(MessageStripTest, LiesInTheMiddle18FromTheTop) {
+  strip_.ShowMessage("Haf!", Qt::white);
+  EXPECT_EQ(strip_.y(), 18);
+  EXPECT_EQ(strip_.x(), (900 - strip_.width()) / 2);
+  EXPECT_GT(strip_.width(), QFontMetrics(strip_.font()).horizontalAdvance("Haf!"));
+  parent_.resize(700, 500);
+  strip_.Centre();
+  EXPECT_EQ(strip_.x(), (700 - strip_.width()) / 2);
+}
+
+TEST_F(MessageStripTest, WritesInTheGivenColour) {
+  parent_.show();
+  strip_.ShowMessage("Haf!", QColor(255, 255, 191));
+  const QImage drawn = strip_.grab().toImage();
+  bool seen = false;
+  for (int y = 0; y < drawn.height(); ++y) {
+    for (int x = 0; x < drawn.width(); ++x) seen = seen || drawn.pixel(x, y) == qRgb(255, 255, 191);
+  }
+  EXPECT_TRUE(seen);
+}
+
+TEST_F(MessageStripTest, StandsForThreeSeconds) {
+  strip_.ShowMessage("Haf!", Qt::white);
+  EXPECT_NEAR(static_cast<double>(StandsFor()), kShownFor, 400);
+}
+
+TEST_F(MessageStripTest, GivesASecondMessageWhatIsLeftOfTheThreeSeconds) {
+  strip_.ShowMessage("Haf!", Qt::white);
+  QTest::qWait(1500);
+  strip_.ShowMessage("Mňau!", Qt::green);
+  EXPECT_EQ(strip_.Text(), "Mňau!");
+  EXPECT_NEAR(static_cast<double>(StandsFor()), kShownFor - 1500, 400);
+}
+
+TEST_F(MessageStripTest, GivesTheFirstMessageOfACaveItsThreeSeconds) {
+  strip_.ShowMessage("Haf!", Qt::white);
+  QTest::qWait(1000);
+  strip_.Clear();
+  EXPECT_TRUE(strip_.isHidden());
+  strip_.ShowMessage("Mňau!", Qt::white);
+  EXPECT_NEAR(static_cast<double>(StandsFor()), kShownFor, 400);
+}
+
+TEST_F(MessageStripTest, HasSeveralLinesForAMessageThatIsTooLongForOne) {
+  strip_.ShowMessage(QString("hrabat ").repeated(40), Qt::white);
+  EXPECT_GT(strip_.Lines().lines.size(), 1);
+  ExpectUnclipped();
+  parent_.resize(480, 320);
+  strip_.Centre();
+  ExpectUnclipped();
+}
+
+TEST_F(MessageStripTest, BreaksAMessageWhereItsTextDoes) {
+  strip_.ShowMessage("Haf!\r\nMňau!", Qt::white);
+  EXPECT_EQ(strip_.Lines().lines, (QStringList{"Haf!", "Mňau!"}));
+  ExpectUnclipped();
+}
+
+TEST_F(MessageStripTest, ShortensARemarkThatHasNoEnd) {
+  parent_.resize(480, 320);
+  strip_.ShowMessage(QString(1 << 20, 'W'), Qt::cyan);
+  EXPECT_TRUE(strip_.Text().endsWith(QChar(0x2026)));
+  EXPECT_LT(strip_.Text().size(), 1000);
+  EXPECT_LE(strip_.width(), 480);
+}
+
+}  // namespace
+}  // namespace zorik

@@ -1,0 +1,121 @@
+#include <gtest/gtest.h>
+
+#include <QSignalSpy>
+#include <QTest>
+
+#include "screens/SkinLabel.h"
+
+namespace zorik {
+namespace {
+
+class SkinLabelTest : public testing::Test {
+ protected:
+  SkinLabelTest() {
+    label_.resize(200, 40);
+    label_.SetLook(Qt::yellow, Qt::AlignLeft, 14);
+    label_.show();
+    EXPECT_TRUE(QTest::qWaitForWindowExposed(&label_));
+  }
+
+  // Whether anything is drawn in a part of it.
+  bool Drawn(const QRect& part) {
+    QImage image(label_.size(), QImage::Format_ARGB32);
+    image.fill(Qt::black);
+    label_.render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
+    for (int x = part.left(); x <= part.right(); ++x) {
+      for (int y = part.top(); y <= part.bottom(); ++y) {
+        if (image.pixelColor(x, y).red() > 100) return true;
+      }
+    }
+    return false;
+  }
+
+  void Enter(QPoint place = QPoint(5, 5)) {
+    QEnterEvent event(place, place, place);
+    QApplication::sendEvent(&label_, &event);
+  }
+
+  void Leave() {
+    QEvent event(QEvent::Leave);
+    QApplication::sendEvent(&label_, &event);
+  }
+
+  SkinLabel label_{nullptr};
+};
+
+TEST_F(SkinLabelTest, ShowsAShortTextWithoutAHint) {
+  label_.SetText("Krátký");
+  EXPECT_EQ(label_.Text(), "Krátký");
+  EXPECT_EQ(label_.toolTip(), "");
+  EXPECT_TRUE(Drawn(QRect(0, 0, 100, 20)));
+  EXPECT_FALSE(Drawn(QRect(100, 0, 100, 40)));
+}
+
+TEST_F(SkinLabelTest, KeepsToItsAlignment) {
+  label_.SetLook(Qt::yellow, Qt::AlignRight, 14);
+  label_.SetText("Krátký");
+  EXPECT_FALSE(Drawn(QRect(0, 0, 100, 40)));
+  EXPECT_TRUE(Drawn(QRect(100, 0, 100, 20)));
+}
+
+TEST_F(SkinLabelTest, BreaksALongTextIntoLines) {
+  label_.SetText("Text, kterému jeden řádek nestačí");
+  EXPECT_TRUE(Drawn(QRect(0, 20, 200, 20)));
+  EXPECT_EQ(label_.toolTip(), "");
+}
+
+TEST_F(SkinLabelTest, BreaksAtTheLineEndsOfATextToo) {
+  label_.SetText("a\r\nb");
+  EXPECT_TRUE(Drawn(QRect(0, 20, 20, 20)));
+}
+
+TEST_F(SkinLabelTest, ShowsAllOfATextThatFindsNoRoomAsAHint) {
+  const QString text = QString("Slovo ").repeated(30).trimmed();
+  label_.SetText(text);
+  EXPECT_EQ(label_.toolTip(), text);
+  label_.SetText("Krátký");
+  EXPECT_EQ(label_.toolTip(), "");
+}
+
+TEST_F(SkinLabelTest, PrefersItsOwnHint) {
+  label_.SetText(QString("Slovo ").repeated(30));
+  label_.SetHint("cesta");
+  EXPECT_EQ(label_.toolTip(), "cesta");
+}
+
+TEST_F(SkinLabelTest, FitsItsTextAnewWhenItGrows) {
+  const QString text = QString("Slovo ").repeated(12).trimmed();
+  label_.SetText(text);
+  EXPECT_EQ(label_.toolTip(), text);
+  label_.resize(200, 100);
+  EXPECT_EQ(label_.toolTip(), "");
+}
+
+TEST_F(SkinLabelTest, ChangesItsColourUnderThePointerOnlyAsALink) {
+  label_.SetText("Jára");
+  Enter();
+  EXPECT_EQ(label_.Colour(), QColor(Qt::yellow));
+  Leave();
+  label_.SetLink(Qt::white, "napiš");
+  EXPECT_EQ(label_.Colour(), QColor(Qt::yellow));
+  Enter();
+  EXPECT_EQ(label_.Colour(), QColor(Qt::white));
+  Leave();
+  EXPECT_EQ(label_.Colour(), QColor(Qt::yellow));
+}
+
+TEST_F(SkinLabelTest, ActsAsALinkWhenItIsLetGoInside) {
+  QSignalSpy clicked(&label_, &SkinLabel::LinkClicked);
+  QTest::mouseClick(&label_, Qt::LeftButton);
+  EXPECT_EQ(clicked.size(), 0);
+  label_.SetLink(Qt::white, "napiš");
+  QTest::mouseClick(&label_, Qt::LeftButton);
+  EXPECT_EQ(clicked.size(), 1);
+  QTest::mouseClick(&label_, Qt::RightButton);
+  QTest::mousePress(&label_, Qt::LeftButton, {}, QPoint(5, 5));
+  QTest::mouseRelease(&label_, Qt::LeftButton, {}, QPoint(5, 60));
+  EXPECT_EQ(clicked.size(), 1);
+}
+
+}  // namespace
+}  // namespace zorik

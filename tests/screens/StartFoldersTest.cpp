@@ -1,0 +1,105 @@
+#include <gtest/gtest.h>
+
+#include "data/Cp1250.h"
+#include "data/Scramble.h"
+#include "screens/Folder.h"
+#include "screens/StartFolders.h"
+
+namespace zorik {
+namespace {
+
+class StartFolders : public testing::Test {
+ protected:
+  // A collection file whose first line is this one, scrambled.
+  void FirstLine(const std::string& file, const std::string& line) const {
+    Chance chance;
+    folder_.File("Caves/" + file, ScrambleText(line, chance) + "\r\n");
+  }
+
+  QStringList Names() const {
+    QStringList names;
+    for (const CollRow& row : ReadColls(folder_.Root() + "/Caves")) names.push_back(row.name);
+    return names;
+  }
+  QStringList Files() const {
+    QStringList files;
+    for (const CollRow& row : ReadColls(folder_.Root() + "/Caves")) files.push_back(row.file);
+    return files;
+  }
+
+  test::Folder folder_;
+};
+
+TEST_F(StartFolders, ANameIsAsLongAsItsFirstLetterSays) {
+  FirstLine("a.zk", "EAlfa");     // E is 65 + 4
+  FirstLine("b.zk", "EBetaABC");  // open caves stand behind it
+  FirstLine("c.zk", "DGama");     // one letter less
+  FirstLine("d.zk", *FromUtf8("IJeskyně"));
+  EXPECT_EQ(Names(), (QStringList{"Alfa", "Beta", "Gam", "d"})) << "the last one is too short for its letter";
+}
+
+TEST_F(StartFolders, CzechNamesAreReadable) {
+  FirstLine("a.zk", *FromUtf8("HJeskyně"));
+  EXPECT_EQ(Names(), QStringList{"Jeskyně"});
+}
+
+TEST_F(StartFolders, ALongNameIsRead) {
+  const std::string name(190, 'x');
+  FirstLine("a.zk", static_cast<char>(65 + 190) + name);
+  EXPECT_EQ(Names(), QStringList{QString::fromStdString(name)});
+}
+
+TEST_F(StartFolders, GarbageGoesByTheNameOfItsFile) {
+  FirstLine("bez delky.zk", "!Alfa");  // below 65
+  FirstLine("bez jmena.zk", "A");
+  FirstLine("kratka.zk", "ZAlfa");
+  FirstLine("mezery.zk", "D   A");
+  FirstLine("ridici.zk",
+            "C\x01\x02"
+            "A");
+  folder_.File("Caves/nic.zk", "");
+  folder_.File("Caves/text.zk", "Toto neni sada.\r\n");
+  EXPECT_EQ(Names(), (QStringList{"bez delky", "bez jmena", "kratka", "mezery", "nic", "ridici", "text"}));
+}
+
+TEST_F(StartFolders, FilesAreSortedAsPeopleSort) {
+  for (const char* file : {"sada 10.zk", "Sada 9.zk", "čelo.zk", "cesta.zk", "dům.zk", "SADA 1.ZK"}) {
+    FirstLine(file, "BX");
+  }
+  EXPECT_EQ(Files(), (QStringList{"cesta.zk", "čelo.zk", "dům.zk", "SADA 1.ZK", "Sada 9.zk", "sada 10.zk"}));
+}
+
+TEST_F(StartFolders, OnlyCollectionsAreListed) {
+  FirstLine("a.zk", "BX");
+  folder_.File("Caves/a.zkr", "record");
+  folder_.File("Caves/junk.txt", "junk");
+  folder_.File("Caves/slozka.zk/file", "a folder");
+  EXPECT_EQ(Files(), QStringList{"a.zk"});
+}
+
+TEST_F(StartFolders, AFolderThatIsNotThereIsEmpty) {
+  EXPECT_TRUE(ReadColls(folder_.Root() + "/nikde").empty());
+  EXPECT_TRUE(ReadPlayers(folder_.Root() + "/nikde").isEmpty());
+}
+
+TEST_F(StartFolders, APlayerIsAddedOnce) {
+  const std::string players = folder_.Root() + "/Players";
+  EXPECT_TRUE(AddPlayer(players, *FromUtf8("Žofie")));
+  EXPECT_EQ(ReadPlayers(players), QStringList{"Žofie"});
+  EXPECT_FALSE(AddPlayer(players, *FromUtf8("Žofie")));
+  EXPECT_FALSE(AddPlayer(players, *FromUtf8("ŽOFIE")));
+}
+
+TEST_F(StartFolders, APlayerMayComeBeforeTheFolderOfPlayers) {
+  const std::string players = folder_.Root() + "/jinde/Players";
+  EXPECT_TRUE(AddPlayer(players, "Adam"));
+  EXPECT_EQ(ReadPlayers(players), QStringList{"Adam"});
+}
+
+TEST_F(StartFolders, ACopyOfWhatIsNotThereFails) {
+  EXPECT_FALSE(CopyColl(folder_.Root() + "/neni.zk", folder_.Root() + "/Caves"));
+  EXPECT_TRUE(Files().isEmpty());
+}
+
+}  // namespace
+}  // namespace zorik

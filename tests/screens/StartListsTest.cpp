@@ -1,0 +1,221 @@
+#include <gtest/gtest.h>
+
+#include <QSignalSpy>
+#include <QTest>
+#include <QWheelEvent>
+
+#include "screens/ScrollButton.h"
+#include "screens/StartLists.h"
+
+namespace zorik {
+namespace {
+
+// Twenty rows in a frame of 2 that holds five.
+class Rows : public testing::Test {
+ protected:
+  Rows() {
+    ListLook look;
+    look.borderSize = 2;
+    list_.SetLook(look);
+    list_.resize(120, 5 * kRowHeight + 4);
+    QStringList labels;
+    for (int i = 0; i < 20; ++i) labels.push_back("řádek " + QString::number(i));
+    list_.SetLabels(labels);
+    list_.show();
+  }
+
+  int FirstSeen() const {
+    for (int place = 0; place < list_.Count(); ++place) {
+      if (list_.PlaceOf(place).top() >= 2) return place;
+    }
+    return -1;
+  }
+
+  void Wheel(int turn) {
+    const QPointF centre = QRectF(list_.rect()).center();
+    QWheelEvent event(centre, list_.mapToGlobal(centre), QPoint(), QPoint(0, turn), Qt::NoButton,
+                      Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&list_, &event);
+  }
+
+  LabelList list_{Qt::Vertical, nullptr};
+};
+
+TEST_F(Rows, StandFourteenApartInsideTheFrame) {
+  EXPECT_EQ(list_.PlaceOf(0), QRect(2, 2, 116, 14));
+  EXPECT_EQ(list_.PlaceOf(3), QRect(2, 2 + 3 * 14, 116, 14));
+}
+
+TEST_F(Rows, NoneIsSelectedAtFirst) {
+  EXPECT_EQ(list_.Selected(), -1);
+  list_.Select(0);
+  list_.SetLabels({"jiný"});
+  EXPECT_EQ(list_.Selected(), -1);
+}
+
+TEST_F(Rows, ASelectedRowIsScrolledIntoSight) {
+  list_.Select(12);
+  EXPECT_EQ(FirstSeen(), 8);
+  list_.Select(9);
+  EXPECT_EQ(FirstSeen(), 8) << "what is seen stays";
+  list_.Select(3);
+  EXPECT_EQ(FirstSeen(), 3);
+}
+
+TEST_F(Rows, SelectingStopsAtTheEnds) {
+  list_.Select(99);
+  EXPECT_EQ(list_.Selected(), 19);
+  list_.Select(-5);
+  EXPECT_EQ(list_.Selected(), 0);
+}
+
+TEST_F(Rows, AnEmptyListSelectsNothing) {
+  list_.SetLabels({});
+  const QSignalSpy chosen(&list_, &LabelList::Chosen);
+  list_.Select(0);
+  QTest::mouseClick(&list_, Qt::LeftButton);
+  EXPECT_EQ(list_.Selected(), -1);
+  EXPECT_EQ(chosen.count(), 0);
+  EXPECT_FALSE(list_.Overflows());
+}
+
+TEST_F(Rows, ScrollingStopsAtTheEnds) {
+  list_.Scroll(-3);
+  EXPECT_EQ(FirstSeen(), 0);
+  list_.Scroll(100);
+  EXPECT_EQ(FirstSeen(), 15);
+  list_.Scroll(-1);
+  EXPECT_EQ(FirstSeen(), 14);
+}
+
+TEST_F(Rows, TheWheelScrollsThreeRowsANotch) {
+  Wheel(-120);
+  EXPECT_EQ(FirstSeen(), 3);
+  Wheel(120);
+  EXPECT_EQ(FirstSeen(), 0);
+}
+
+TEST_F(Rows, FineTurnsOfTheWheelAddUp) {
+  for (int i = 0; i < 6; ++i) Wheel(-20);
+  EXPECT_EQ(FirstSeen(), 3);
+}
+
+TEST_F(Rows, APressSelectsWhatIsUnderThePointer) {
+  list_.Scroll(4);
+  const QSignalSpy chosen(&list_, &LabelList::Chosen);
+  QTest::mouseClick(&list_, Qt::LeftButton, {}, list_.PlaceOf(6).center());
+  EXPECT_EQ(list_.Selected(), 6);
+  EXPECT_EQ(chosen.count(), 1);
+  QTest::mouseClick(&list_, Qt::RightButton, {}, list_.PlaceOf(7).center());
+  QTest::mouseClick(&list_, Qt::LeftButton, {}, QPoint(0, 0));
+  EXPECT_EQ(list_.Selected(), 6) << "neither another button nor the frame selects";
+}
+
+TEST_F(Rows, ADoubleClickOpens) {
+  const QSignalSpy opened(&list_, &LabelList::Opened);
+  QTest::mouseClick(&list_, Qt::LeftButton, {}, list_.PlaceOf(2).center());
+  EXPECT_EQ(opened.count(), 0);
+  QTest::mouseDClick(&list_, Qt::LeftButton, {}, list_.PlaceOf(2).center());
+  ASSERT_EQ(opened.count(), 1);
+  EXPECT_EQ(opened.at(0), QVariantList{2});
+}
+
+TEST_F(Rows, ADoubleClickBelowTheLastRowDoesNothing) {
+  list_.SetLabels({"jediný"});
+  list_.Select(0);
+  const QSignalSpy opened(&list_, &LabelList::Opened);
+  QTest::mouseDClick(&list_, Qt::LeftButton, {}, QPoint(50, 60));
+  EXPECT_EQ(opened.count(), 0);
+}
+
+TEST_F(Rows, FitExactlyWithoutOverflow) {
+  QStringList five = list_.Labels().mid(0, 5);
+  list_.SetLabels(five);
+  EXPECT_FALSE(list_.Overflows());
+  list_.SetLabels(five << "šestý");
+  EXPECT_TRUE(list_.Overflows());
+}
+
+TEST_F(Rows, ASmallerListIsScrolledBackIntoItsFrame) {
+  list_.Scroll(15);
+  list_.resize(120, 12 * kRowHeight + 4);
+  EXPECT_EQ(FirstSeen(), 8);
+}
+
+TEST(Strip, EachLabelBeginsWhereTheOneBeforeEnds) {
+  LabelList strip(Qt::Horizontal, nullptr);
+  strip.resize(100, 20);
+  strip.SetLabels({" « Adam » ", " « Bartoloměj » ", " « Cyril » "});
+  int end = strip.PlaceOf(0).left();
+  for (int place = 0; place < 3; ++place) {
+    EXPECT_EQ(strip.PlaceOf(place).left(), end);
+    EXPECT_EQ(strip.PlaceOf(place).width(), strip.fontMetrics().horizontalAdvance(strip.Labels().at(place)));
+    end += strip.PlaceOf(place).width();
+  }
+  EXPECT_TRUE(strip.Overflows());
+}
+
+TEST(Strip, ASelectedLabelIsScrolledIntoSight) {
+  LabelList strip(Qt::Horizontal, nullptr);
+  strip.resize(100, 20);
+  strip.SetLabels({" « Adam » ", " « Bára » ", " « Cyril » ", " « David » "});
+  for (int place : {3, 0, 2, 1}) {
+    strip.Select(place);
+    EXPECT_TRUE(strip.rect().contains(strip.PlaceOf(place))) << place;
+  }
+}
+
+TEST(Strip, ANameWiderThanTheFrameShowsItsBeginning) {
+  LabelList strip(Qt::Horizontal, nullptr);
+  strip.resize(60, 20);
+  strip.SetLabels({" « A » ", " « " + QString(60, 'm') + " » ", " « B » "});
+  strip.Select(1);
+  EXPECT_EQ(strip.PlaceOf(1).left(), 1);
+}
+
+class ScrollButtons : public testing::Test {
+ protected:
+  static QList<int> Steps(Qt::Orientation orientation, QPoint place, QSize size) {
+    ScrollButton button(orientation, nullptr);
+    button.setFixedSize(size);
+    button.show();
+    const QSignalSpy stepped(&button, &ScrollButton::Stepped);
+    QTest::mouseClick(&button, Qt::LeftButton, {}, place);
+    QList<int> steps;
+    for (const QVariantList& step : stepped) steps.push_back(step.at(0).toInt());
+    return steps;
+  }
+};
+
+TEST_F(ScrollButtons, ServeTwoDirectionsByTheirHalves) {
+  EXPECT_EQ(Steps(Qt::Vertical, {10, 5}, {20, 48}), QList<int>{-1});
+  EXPECT_EQ(Steps(Qt::Vertical, {10, 40}, {20, 48}), QList<int>{1});
+  EXPECT_EQ(Steps(Qt::Horizontal, {5, 10}, {48, 20}), QList<int>{-1});
+  EXPECT_EQ(Steps(Qt::Horizontal, {40, 10}, {48, 20}), QList<int>{1});
+}
+
+TEST_F(ScrollButtons, GoOnWhileTheyAreHeld) {
+  ScrollButton button(Qt::Vertical, nullptr);
+  button.setFixedSize(20, 48);
+  button.show();
+  const QSignalSpy stepped(&button, &ScrollButton::Stepped);
+  QTest::mousePress(&button, Qt::LeftButton, {}, {10, 40});
+  EXPECT_TRUE(QTest::qWaitFor([&] { return stepped.count() >= 3; }, 3000));
+  QTest::mouseRelease(&button, Qt::LeftButton, {}, {10, 40});
+  const auto count = stepped.count();
+  QTest::qWait(150);
+  EXPECT_EQ(stepped.count(), count);
+}
+
+TEST_F(ScrollButtons, DoNothingWhenLetGoOutside) {
+  ScrollButton button(Qt::Vertical, nullptr);
+  button.setFixedSize(20, 48);
+  button.show();
+  const QSignalSpy stepped(&button, &ScrollButton::Stepped);
+  QTest::mousePress(&button, Qt::LeftButton, {}, {10, 40});
+  QTest::mouseRelease(&button, Qt::LeftButton, {}, {10, 90});
+  EXPECT_EQ(stepped.count(), 0);
+}
+
+}  // namespace
+}  // namespace zorik

@@ -1,0 +1,169 @@
+#include <QFile>
+#include <QPushButton>
+
+#include "screens/StartScreen.h"
+#include "support/DesktopStandIn.h"
+
+namespace zorik {
+namespace {
+
+using test::Box;
+using test::DialogScript;
+using test::InDialog;
+
+// What comes from outside of the start screen.
+class StartOutside : public test::StartScreen {
+ protected:
+  void SetUp() override {
+    Coll("a.zk", "Alfa");
+    Player("Adam");
+    Load();
+  }
+
+  // A collection somewhere else.
+  QString Foreign(const std::string& file, const std::string& name) const {
+    Coll(file, name);
+    folder_.File("jinde/" + file, *ReadWhole(folder_.Root() + "/Caves/" + file));
+    EXPECT_TRUE(QFile::remove(At("Caves/" + file)));
+    return At("jinde/" + file);
+  }
+
+  static DialogScript::Act Copy(Qt::Key answer) { return Box("Text 194", "Text 112", answer); }
+  static DialogScript::Act Delete(Qt::Key answer) { return Box("Text 194", "Text 113", answer); }
+};
+
+TEST_F(StartOutside, ACollectionIsCopiedAndTheCopyOpened) {
+  const QString path = Foreign("x.zk", "Cizí");
+  const DialogScript script = {Copy(Qt::Key_Y), Delete(Qt::Key_N)};
+  start_->AnotherColl(path);
+  EXPECT_EQ(Files("Caves"), (QStringList{"a.zk", "x.zk"}));
+  EXPECT_TRUE(QFile::exists(path));
+  EXPECT_EQ(*ReadWhole(path.toStdString()), *ReadWhole(folder_.Root() + "/Caves/x.zk"));
+  ASSERT_EQ(opened_->count(), 1);
+  EXPECT_EQ(opened_->at(0), (QVariantList{At("Caves/x.zk"), "Adam"}));
+  EXPECT_EQ(Colls().Labels(), (QStringList{"Alfa", "Cizí"}));
+  EXPECT_EQ(Colls().Selected(), 1);
+}
+
+TEST_F(StartOutside, ACollectionOfTheSameNameIsCopiedWithATilde) {
+  const QString path = Foreign("x.zk", "Cizí");
+  const DialogScript script = {Copy(Qt::Key_Y),   Delete(Qt::Key_N), Copy(Qt::Key_Y),
+                               Delete(Qt::Key_N), Copy(Qt::Key_Y),   Delete(Qt::Key_N)};
+  for (int i = 0; i < 3; ++i) start_->AnotherColl(path);
+  EXPECT_EQ(Files("Caves"), (QStringList{"a.zk", "x.zk", "x~.zk", "x~~.zk"}));
+  EXPECT_EQ(opened_->at(2), (QVariantList{At("Caves/x~~.zk"), "Adam"}));
+}
+
+TEST_F(StartOutside, AnotherLetterCaseIsTheSameName) {
+  const DialogScript script = {Copy(Qt::Key_Y), Delete(Qt::Key_N)};
+  folder_.File("jinde/A.ZK", "bytes");
+  start_->AnotherColl(At("jinde/A.ZK"));
+  EXPECT_EQ(Files("Caves"), (QStringList{"A~.ZK", "a.zk"}));
+}
+
+TEST_F(StartOutside, TheSourceIsDeletedWhenThePlayerLikes) {
+  const QString path = Foreign("x.zk", "Cizí");
+  const DialogScript script = {Copy(Qt::Key_Y), Delete(Qt::Key_Y)};
+  start_->AnotherColl(path);
+  EXPECT_FALSE(QFile::exists(path));
+  EXPECT_TRUE(QFile::exists(At("Caves/x.zk")));
+}
+
+TEST_F(StartOutside, ACollectionThatIsNotCopiedIsOpenedWhereItLies) {
+  const QString path = Foreign("x.zk", "Cizí");
+  const DialogScript script = {Copy(Qt::Key_N)};
+  start_->AnotherColl(path);
+  EXPECT_EQ(Files("Caves"), QStringList{"a.zk"});
+  EXPECT_EQ(opened_->at(0), (QVariantList{path, "Adam"}));
+}
+
+TEST_F(StartOutside, ACollectionInItsPlaceIsOpenedWithoutAQuestion) {
+  start_->AnotherColl(At("Caves/a.zk"));
+  start_->AnotherColl(At("Players/../Caves/a.zk"));
+  EXPECT_EQ(opened_->count(), 2);
+  EXPECT_EQ(Files("Caves"), QStringList{"a.zk"});
+}
+
+TEST_F(StartOutside, ACopyThatFailsLeavesTheCollectionWhereItIs) {
+  const QString path = Foreign("x.zk", "Cizí");
+  std::filesystem::remove_all(folder_.Root() + "/Caves");
+  folder_.File("Caves", "a file");
+  const DialogScript script = {Copy(Qt::Key_Y), Box("Text 99", "Soubor se nepodařilo uložit.")};
+  start_->AnotherColl(path);
+  EXPECT_EQ(opened_->at(0), (QVariantList{path, "Adam"}));
+}
+
+TEST_F(StartOutside, NothingHappensWithoutAPath) {
+  start_->AnotherColl(QString());
+  start_->AnotherRepl(QString());
+  start_->OpenFromOutside(QString());
+  QTest::qWait(20);
+  EXPECT_EQ(opened_->count() + played_->count(), 0);
+}
+
+TEST_F(StartOutside, WhatIsNotThereIsTold) {
+  const QString path = At("jinde/neni.zk");
+  const QString record = At("jinde/neni.zkr");
+  const DialogScript script = {Box("Text 99", "Soubor nelze otevřít:\n" + path),
+                               Box("Text 99", "Soubor nelze otevřít:\n" + record)};
+  start_->AnotherColl(path);
+  start_->AnotherRepl(record);
+  EXPECT_EQ(opened_->count() + played_->count(), 0);
+}
+
+TEST_F(StartOutside, FilesFromTheDesktopGoByTheirKind) {
+  folder_.File("jinde/Zaznam.ZKR", "record");
+  const DialogScript script = {Box("Text 99", "S tímto souborem si hra neporadí:\n" + At("jinde/data.zkd")),
+                               Box("Text 99", "S tímto souborem si hra neporadí:\n" + At("jinde/bez"))};
+  for (const char* file : {"jinde/Zaznam.ZKR", "Caves/a.zk", "jinde/data.zkd", "jinde/bez"}) {
+    start_->OpenFromOutside(At(file));
+  }
+  EXPECT_TRUE(QTest::qWaitFor([this] { return opened_->count() == 1; }));
+  EXPECT_EQ(played_->at(0), QVariantList{At("jinde/Zaznam.ZKR")});
+  EXPECT_EQ(opened_->at(0), (QVariantList{At("Caves/a.zk"), "Adam"}));
+  QTest::qWait(600);
+}
+
+TEST_F(StartOutside, AFileFromTheDesktopWaitsForTheDialogThatIsOpen) {
+  folder_.File("jinde/x.zkr", "record");
+  const DialogScript script = {[this](QWidget& dialog) {
+    start_->OpenFromOutside(At("jinde/x.zkr"));
+    QTest::qWait(300);
+    EXPECT_EQ(played_->count(), 0);
+    QTest::keyClick(&dialog, Qt::Key_Escape);
+  }};
+  Click("addplayer");
+  EXPECT_TRUE(QTest::qWaitFor([this] { return played_->count() == 1; }));
+}
+
+TEST_F(StartOutside, HelpIsOpenedByTheDesktop) {
+  folder_.File("Help/help.html", "<html>");
+  const test::DesktopStandIn desktop(0);
+  Click("help");
+  EXPECT_EQ(desktop.Opened(), At("Help/help.html"));
+}
+
+TEST_F(StartOutside, HelpIsInTheLanguageOfTheSkinWhereThereIsOne) {
+  folder_.File("Help/help.html", "<html>");
+  auto keys = test::StartKeys();
+  keys["help.folder"] = "en";
+  WearKeys(keys);
+  {
+    const test::DesktopStandIn desktop(0);
+    Key(Qt::Key_F1);
+    EXPECT_EQ(desktop.Opened(), At("Help/help.html")) << "that language has no such page";
+  }
+  folder_.File("Help/en/help.html", "<html>");
+  const test::DesktopStandIn desktop(0);
+  Key(Qt::Key_F1);
+  EXPECT_EQ(desktop.Opened(), At("Help/en/help.html"));
+}
+
+TEST_F(StartOutside, HelpThatIsNotThereIsTold) {
+  const QString page = QDir::cleanPath(At("Skins/../Help/help.html"));
+  const DialogScript script = {Box("Text 99", "Program pro tento soubor nebyl nalezen:\n" + page)};
+  Key(Qt::Key_F1);
+}
+
+}  // namespace
+}  // namespace zorik

@@ -1,0 +1,198 @@
+#include <QPainter>
+
+#include "screens/StartScreen.h"
+
+namespace zorik {
+namespace {
+
+using test::FingerBox;
+using test::Press;
+
+// All that a player can see of the screen, and where it reacts.
+struct Sight {
+  QImage picture;
+  QStringList parts;
+
+  bool operator==(const Sight&) const = default;
+};
+
+class StartSkin : public test::StartScreen {
+ protected:
+  void SetUp() override {
+    for (int i = 0; i < 9; ++i) {
+      Coll(std::to_string(i) + ".zk", "Sada " + std::to_string(i));
+      Player("Hrac " + std::to_string(i));
+    }
+    Load();
+  }
+
+  Sight Look() const {
+    Sight sight{start_->grab().toImage(), {}};
+    for (const QWidget* const part : start_->findChildren<QWidget*>()) {
+      const QRect box = part->geometry();
+      sight.parts.push_back(QString("%1 %2,%3 %4x%5 %6 %7")
+                                .arg(part->objectName())
+                                .arg(box.left())
+                                .arg(box.top())
+                                .arg(box.width())
+                                .arg(box.height())
+                                .arg(part->isVisible())
+                                .arg(part->toolTip()));
+    }
+    return sight;
+  }
+
+  // Wears the usual keys with these ones changed; empty ones are left out.
+  Sight With(const std::map<std::string, std::string>& changed) {
+    auto keys = test::StartKeys();
+    for (const auto& [key, value] : changed) {
+      if (value.empty()) {
+        keys.erase(key);
+      } else {
+        keys[key] = value;
+      }
+    }
+    WearKeys(keys);
+    start_->SkinIt();
+    return Look();
+  }
+
+  QColor At(QPoint point) const { return start_->grab().toImage().pixelColor(point); }
+};
+
+TEST_F(StartSkin, EveryKeyHasItsEffect) {
+  const Sight usual = With({});
+  for (const auto& [key, value] : test::StartKeys()) {
+    std::string other = "77";
+    if (key.ends_with(".image")) other = key.find("finger") != std::string::npos ? "finger5" : "other";
+    if (key.ends_with("palm.image") || key.ends_with("palmPlay.image")) other = "palm2";
+    if (key.ends_with("color")) other = "5060F0";
+    if (key.ends_with("text")) other = "Jiná slova";
+    if (key.ends_with(".size")) other = "5";
+    if (key == "start.palm.image") Key(Qt::Key_2);
+    if (key == "start.caves.lines") {
+      EXPECT_NE(With({{"start.caves.height", ""}, {key, "2"}}), With({{"start.caves.height", ""}})) << key;
+      continue;
+    }
+    const Sight before = With({});
+    EXPECT_NE(With({{key, other}}), before) << key << " = " << other;
+    Key(Qt::Key_1);
+  }
+  EXPECT_EQ(With({}), usual);
+}
+
+TEST_F(StartSkin, TheHeightOverridesTheLines) {
+  With({{"start.caves.height", "60"}, {"start.caves.lines", "9"}});
+  EXPECT_EQ(Colls().height(), 60);
+  With({{"start.caves.height", ""}, {"start.caves.lines", "9"}});
+  EXPECT_EQ(Colls().height(), 9 * 14 + 2 * 2) << "nine rows and the frame";
+}
+
+TEST_F(StartSkin, AButtonWithoutAPlaceIsHidden) {
+  With({{"start.help.left", ""}});
+  EXPECT_FALSE(Find<QWidget>("help").isVisible());
+  With({});
+  EXPECT_TRUE(Find<QWidget>("help").isVisible());
+}
+
+TEST_F(StartSkin, TheWindowIsAsLargeAsThePicture) {
+  EXPECT_EQ(start_->size(), test::kPalm);
+  EXPECT_FALSE(start_->mask().contains(QPoint(1, 1))) << "what is black like the first pixel is outside";
+  EXPECT_TRUE(start_->mask().contains(QPoint(170, 250)));
+}
+
+TEST_F(StartSkin, TheLitPalmShowsWhilePlayIsChosen) {
+  const QPoint bare(320, 250);
+  EXPECT_EQ(At(bare), QColor(220, 190, 120));
+  Key(Qt::Key_2);
+  EXPECT_EQ(At(bare), QColor(200, 180, 150));
+  Key(Qt::Key_1);
+  EXPECT_EQ(At(bare), QColor(220, 190, 120));
+}
+
+TEST_F(StartSkin, TheChosenFingerIsLit) {
+  for (int mode = 1; mode < 4; ++mode) {
+    Key(static_cast<Qt::Key>(Qt::Key_1 + mode));
+    for (int finger = 1; finger < 4; ++finger) {
+      const QColor lit(250, 200, 40);
+      EXPECT_EQ(At(FingerBox(finger).center()) == lit, finger == mode) << finger << " in mode " << mode;
+    }
+  }
+}
+
+TEST_F(StartSkin, WithoutALitPalmThePlayFingerIsLaidOverTheOther) {
+  With({{"start.palmPlay.image", ""}});
+  EXPECT_EQ(At(FingerBox(0).center()), QColor(250, 200, 40));
+  EXPECT_EQ(At(QPoint(320, 250)), QColor(200, 180, 150));
+}
+
+TEST_F(StartSkin, AFingerReachesAsFarAsItIsDrawn) {
+  for (int i = 0; i < 4; ++i) {
+    const char* const names[] = {"fingerPlay", "fingerRePlay", "fingerEditor", "finger4"};
+    EXPECT_EQ(Find<QWidget>(names[i]).geometry(), FingerBox(i));
+  }
+}
+
+TEST_F(StartSkin, FingersHaveTheirWordsAsTooltips) {
+  EXPECT_EQ(Find<QWidget>("fingerPlay").toolTip(), "Hrát");
+  EXPECT_EQ(Find<QWidget>("fingerRePlay").toolTip(), "Záznam");
+  EXPECT_EQ(Find<QWidget>("fingerEditor").toolTip(), "Editor");
+  EXPECT_EQ(Find<QWidget>("finger4").toolTip(), "Text 111");
+}
+
+TEST_F(StartSkin, TheSelectedRowHasTheColoursOfTheSelectionAndTheOthersDoNot) {
+  const QColor selected(0xC0, 0xA0, 0x00);
+  const QColor ground(0x10, 0x20, 0x30);
+  const auto colourOf = [this](int row) {
+    const QRect box = Colls().PlaceOf(row).translated(Colls().pos());
+    return At(box.topRight() + QPoint(-2, 2));
+  };
+  for (int row : {1, 3, 0}) {
+    Colls().Select(row);
+    for (int other = 0; other < 5; ++other) {
+      EXPECT_EQ(colourOf(other), other == row ? selected : ground) << other << " of " << row;
+    }
+  }
+}
+
+TEST_F(StartSkin, NoRowHangsOverTheFrame) {
+  const QColor frame(0x80, 0x40, 0x20);
+  for (int row = 0; row < Colls().Count(); ++row) {
+    Colls().Select(row);
+    const QImage list = Colls().grab().toImage();
+    for (int x = 0; x < list.width(); ++x) {
+      for (int edge : {0, 1}) {
+        ASSERT_EQ(list.pixelColor(x, edge), frame);
+        ASSERT_EQ(list.pixelColor(x, list.height() - 1 - edge), frame);
+      }
+    }
+    EXPECT_TRUE(Colls().rect().adjusted(2, 2, -2, -2).contains(Colls().PlaceOf(row))) << row;
+  }
+}
+
+TEST_F(StartSkin, WithoutAnySkinTheScreenIsPlainAndWorks) {
+  Skin bare;
+  FrmStart2 start(bare, folder_.Paths(), settings_);
+  const QSignalSpy opened(&start, &FrmStart2::OpenCollection);
+  start.FrmLoad();
+  QTest::qWait(20);
+  EXPECT_GT(start.width(), 100);
+  QTest::keyClick(&start, Qt::Key_Return);
+  EXPECT_EQ(opened.count(), 1);
+}
+
+TEST_F(StartSkin, AnotherSkinIsPutOnAtOnce) {
+  skin_.File("../../Jiny/Menu/skindata.txt", "version.text=Jine\r\nstart.fingerPlay.text=Play\r\n");
+  const QSignalSpy changed(start_.get(), &FrmStart2::SkinChanged);
+  const test::DialogScript script = {[this](QWidget& dialog) {
+    QTest::keyClick(dialog.findChild<QWidget*>("Combo1"), Qt::Key_Down);
+    EXPECT_EQ(Find<QWidget>("fingerPlay").toolTip(), "Play") << "while the window is open";
+    QTest::keyClick(&dialog, Qt::Key_Return);
+  }};
+  Click("changeskin");
+  EXPECT_EQ(changed.count(), 1);
+  EXPECT_EQ(settings_.Skin, "Jiny");
+}
+
+}  // namespace
+}  // namespace zorik

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QByteArray>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+
+namespace zorik::test {
+
+// Stands in for the desktop's opener: the only program that is found. It writes what it is asked to open into
+// a file and ends with an exit code.
+class DesktopStandIn {
+ public:
+  explicit DesktopStandIn(int exitCode) : path_(qgetenv("PATH")) {
+    Script("xdg-open",
+           "#!/bin/sh\nprintf '%s' \"$1\" >'" + Asked() + "'\nexit " + QString::number(exitCode) + '\n');
+    qputenv("PATH", QFile::encodeName(folder_.path()));
+  }
+  ~DesktopStandIn() { qputenv("PATH", path_); }
+  DesktopStandIn(const DesktopStandIn&) = delete;
+  DesktopStandIn& operator=(const DesktopStandIn&) = delete;
+
+  // What was to be opened; waits for it.
+  QString Opened() const {
+    QString asked;
+    const auto read = [&] {
+      QFile file(Asked());
+      if (file.open(QIODevice::ReadOnly)) asked = QString::fromUtf8(file.readAll());
+      return !asked.isEmpty();
+    };
+    static_cast<void>(QTest::qWaitFor(read, 5000));
+    return asked;
+  }
+
+  bool Called() const { return QFile::exists(Asked()); }
+
+ private:
+  QString Asked() const { return folder_.path() + "/asked"; }
+
+  void Script(const QString& name, const QString& lines) const {
+    QFile file(folder_.path() + '/' + name);
+    if (!file.open(QIODevice::WriteOnly)) return;
+    file.write(lines.toUtf8());
+    file.setPermissions(QFile::ReadOwner | QFile::ExeOwner | QFile::WriteOwner);
+  }
+
+  QTemporaryDir folder_;
+  QByteArray path_;
+};
+
+}  // namespace zorik::test
