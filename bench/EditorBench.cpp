@@ -1,28 +1,15 @@
 // What a repaint of the cave editor's picture costs, in copies. A copy is one memcpy of an image of its size;
 // it is measured in turn with the repaints, so that a noisy machine slows both alike.
-#include <benchmark/benchmark.h>
-
 #include <QApplication>
-#include <chrono>
-#include <cstring>
-#include <ctime>
 #include <random>
 #include <string>
 
+#include "bench/Copies.h"
 #include "data/CaveO.h"
 #include "editors/EditKom.h"
 
 namespace zorik {
 namespace {
-
-constexpr int kTurns = 10;
-
-// The processor time of this thread: other programs do not count.
-std::chrono::nanoseconds Now() {
-  timespec now{};
-  clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
-  return std::chrono::seconds(now.tv_sec) + std::chrono::nanoseconds(now.tv_nsec);
-}
 
 // The largest cave of the editor, with everything in it.
 std::string MixedCave() {
@@ -50,31 +37,7 @@ void Repaint(benchmark::State& state) {
   EditKom picture(cave, tiles, nullptr);
   picture.SetCellSize(static_cast<int>(state.range(0)));
   QImage drawn(picture.size(), QImage::Format_RGB32);
-  picture.render(&drawn);  // tiles are scaled now
-  QImage copy(drawn.size(), drawn.format());
-  copy.fill(Qt::black);
-  std::chrono::nanoseconds repaints{}, copies{};
-  for (auto _ : state) {
-    const auto begin = Now();
-    for (int i = 0; i < kTurns; ++i) {
-      picture.render(&drawn);
-      benchmark::ClobberMemory();
-    }
-    const auto middle = Now();
-    for (int i = 0; i < kTurns; ++i) {
-      std::memcpy(copy.bits(), drawn.constBits(), static_cast<std::size_t>(drawn.sizeInBytes()));
-      benchmark::ClobberMemory();
-    }
-    copies += Now() - middle;
-    repaints += middle - begin;
-  }
-  const double turns = static_cast<double>(state.iterations()) * kTurns;
-  state.counters["width"] = drawn.width();
-  state.counters["height"] = drawn.height();
-  state.counters["us_a_copy"] = static_cast<double>(copies.count()) / turns / 1000;
-  state.counters["us_a_repaint"] = static_cast<double>(repaints.count()) / turns / 1000;
-  state.counters["copies_a_repaint"] =
-      std::chrono::duration<double>(repaints) / std::chrono::duration<double>(copies);
+  MeasureInCopies(state, drawn, [&] { picture.render(&drawn); });
 }
 BENCHMARK(Repaint)->Arg(14)->Arg(26)->Arg(52);
 

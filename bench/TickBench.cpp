@@ -1,26 +1,16 @@
 // What a tick costs, in floors. A floor is one plain walk over the cave's cells that looks each up in a table
 // and adds it up; it is measured in turn with the ticks, so that a noisy machine slows both alike.
-#include <benchmark/benchmark.h>
-
-#include <chrono>
-#include <ctime>
 #include <functional>
 #include <memory>
 #include <random>
 #include <string>
 
+#include "bench/InTurn.h"
 #include "core/Machine.h"
 #include "data/CaveO.h"
 
 namespace zorik {
 namespace {
-
-// The processor time of this thread: other programs do not count.
-std::chrono::nanoseconds Now() {
-  timespec now{};
-  clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
-  return std::chrono::seconds(now.tv_sec) + std::chrono::nanoseconds(now.tv_nsec);
-}
 
 constexpr int kTicksInTurn = 40;
 
@@ -97,25 +87,16 @@ void TicksInFloors(benchmark::State& state, const std::string& caveText, int war
   std::array<std::uint32_t, 256> table{};
   for (std::uint32_t i = 0; i < table.size(); ++i) table[i] = i * 7;
 
-  std::chrono::nanoseconds ticks{}, floors{};
+  InTurn turns;
   auto hra = std::make_unique<Hra>(start);
   for (auto _ : state) {
     *hra = start;
     hra->RecordText.reserve(hra->RecordText.size() + 100000);
-    const auto begin = Now();
-    for (int i = 0; i < kTicksInTurn; ++i) Tick(*hra, {});
-    const auto middle = Now();
-    for (int i = 0; i < kTicksInTurn; ++i) benchmark::DoNotOptimize(Floor(*hra, table));
-    floors += Now() - middle;
-    ticks += middle - begin;
+    turns.Measure(
+        kTicksInTurn, [&] { Tick(*hra, {}); }, [&] { benchmark::DoNotOptimize(Floor(*hra, table)); });
   }
   state.counters["monsters"] = Monsters(*hra);
-  state.counters["ns_a_floor"] =
-      static_cast<double>(floors.count()) / (static_cast<double>(state.iterations()) * kTicksInTurn);
-  state.counters["floors_a_tick"] =
-      std::chrono::duration<double>(ticks) / std::chrono::duration<double>(floors);
-  state.counters["ns_a_tick"] =
-      static_cast<double>(ticks.count()) / (static_cast<double>(state.iterations()) * kTicksInTurn);
+  turns.Report(state, "tick", "floor");
 }
 
 void QuietTick(benchmark::State& state) {

@@ -12,14 +12,9 @@
 #include "screens/Outside.h"
 #include "screens/StartWords.h"
 #include "screens/Wording.h"
+#include "skin/Shown.h"
 
 namespace zorik {
-namespace {
-
-constexpr const char* kNobody = "/";
-
-}  // namespace
-
 Game::Game(const Paths& paths, const Settings& settings)
     : paths_(paths),
       settings_(settings),
@@ -175,8 +170,7 @@ void Game::PlayRecord(const QString& path, const std::string& player) {
   if (machine.RecordPlayer == machine.PlayerName) return;
   hra_.WithDialog([&] {
     zorik::Tell(skin_, &hra_, skin_.Text(99),
-                QString::fromStdString(ToUtf8(machine.RecordPlayer)) + "  " + skin_.Text(106) + "\n" +
-                    skin_.Text(107));
+                Shown(machine.RecordPlayer) + "  " + skin_.Text(106) + "\n" + skin_.Text(107));
   });
 }
 

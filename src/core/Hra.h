@@ -23,6 +23,7 @@ inline constexpr int kAbsentUnit = 250;     // both coordinates of a unit that t
 inline constexpr int kAbsent = 240;         // both coordinates of a cat that the cave does not have
 inline constexpr int kTicksPerSecond = 10;  // of game time, at any speed
 inline constexpr int kAmoebaListSize = 2501;
+inline constexpr const char* kNobody = "/";  // the player's name where nobody plays
 
 // A steerable unit. Number 0 is the swarm of fleas, at the mean of their places.
 struct Unit {
@@ -125,7 +126,7 @@ struct Hra : RunState {
   std::string Scheme = "Classic";
   int SchemeHue = 300;
   std::string CollectionName;
-  std::string PlayerName;    // "/" for nobody
+  std::string PlayerName;    // or kNobody
   std::string RecordPlayer;  // who made the record that is replayed
 
   std::string CaveText;     // of the run, for a restart

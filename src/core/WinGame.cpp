@@ -7,8 +7,6 @@
 namespace zorik {
 namespace {
 
-constexpr int kHighestScore = 99999;
-
 int LiveDogs(const RunState& run) {
   int dogs = 0;
   for (int n = 1; n <= run.DogCount; ++n) dogs += run.Dog[static_cast<std::size_t>(n)].Alive ? 1 : 0;

@@ -10,7 +10,6 @@ namespace zorik {
 namespace {
 
 constexpr std::size_t kScoreDigits = 5;
-constexpr int kHighestScore = 99999;
 constexpr std::string_view kLineEnd = "\r\n";
 
 bool IsDigit(char character) {
@@ -24,12 +23,12 @@ int ScoreOf(std::string_view digits) {
   return score;
 }
 
-std::string FiveDigits(int score) {
-  const std::string digits = std::to_string(std::clamp(score, 0, kHighestScore));
-  return std::string(kScoreDigits - digits.size(), '0') + digits;
-}
-
 }  // namespace
+
+std::string FiveDigits(int score) {
+  const std::string digits = std::to_string(std::max(score, 0));
+  return digits.size() < kScoreDigits ? std::string(kScoreDigits - digits.size(), '0') + digits : digits;
+}
 
 std::string_view RecordLines::Next() {
   if (AtEnd()) return {};
@@ -62,7 +61,7 @@ std::string BuildRecordHead(std::string_view collectionName, int score, std::str
                             Chance& decoration) {
   std::string first(collectionName);
   first += '\r';
-  first += FiveDigits(score);
+  first += FiveDigits(std::min(score, kHighestScore));
   std::string head = ScrambleText(first, decoration);
   head += kLineEnd;
   head += ScrambleText(player, decoration);

@@ -42,6 +42,12 @@ struct RecordHead {
   std::string CaveText;  // plain, with its marker if it came from a collection
 };
 
+// The highest score that a record can tell of.
+inline constexpr int kHighestScore = 99999;
+
+// A score, or a sum of scores, as five digits, or more if it has more.
+std::string FiveDigits(int score);
+
 // Reads the three scrambled lines; missing lines give empty fields.
 RecordHead ReadRecordHead(RecordLines& lines);
 

@@ -11,9 +11,6 @@
 namespace zorik {
 namespace {
 
-constexpr int kHighestScore = 99999;
-constexpr std::size_t kScoreDigits = 5;
-
 std::string WithPoints(std::string text, const std::string& points) {
   constexpr std::string_view kMark = "$P";
   std::size_t place = text.find(kMark);
@@ -25,11 +22,6 @@ std::string WithPoints(std::string text, const std::string& points) {
 }
 
 }  // namespace
-
-std::string FiveDigits(int score) {
-  const std::string digits = std::to_string(std::max(score, 0));
-  return digits.size() < kScoreDigits ? std::string(kScoreDigits - digits.size(), '0') + digits : digits;
-}
 
 Result<Selection> Selection::LoadColl(const std::string& path, std::string player, std::string playerFolder) {
   const Result<std::string> bytes = ReadWhole(ResolvePath(path));

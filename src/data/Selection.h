@@ -68,7 +68,4 @@ class Selection {
   int selected_ = 1;
 };
 
-// A sum of scores as five digits, or more if it has more.
-std::string FiveDigits(int score);
-
 }  // namespace zorik

@@ -3,11 +3,12 @@
 #include <QRegularExpression>
 
 #include "data/Cp1250.h"
+#include "skin/Shown.h"
 
 namespace zorik {
 
 QString ToBox(const std::string& bytes) {
-  QString text = QString::fromStdString(ToUtf8(bytes));
+  QString text = Shown(bytes);
   return text.replace("\r\n", "\n").replace('\r', '\n');
 }
 

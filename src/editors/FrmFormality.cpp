@@ -13,6 +13,7 @@
 #include <algorithm>
 
 #include "data/Cp1250.h"
+#include "editors/BoxText.h"
 #include "editors/Marks.h"
 #include "editors/WindowPlace.h"
 #include "screens/MsgBox.h"
@@ -29,18 +30,9 @@ constexpr int kAllColumns = 3;    // beside the labels
 constexpr int kNumberWidth = 10;  // in digits
 constexpr int kDescriptionLines = 4;
 
-QString Plain(const std::string& bytes) {
-  QString text = QString::fromStdString(ToUtf8(bytes));
-  return text.replace("\r\n", "\n").replace('\r', '\n');
-}
-
-std::string Bytes(QString text) {
-  return FromUtf8WithGaps(text.replace("\n", "\r\n").toStdString());
-}
-
 // Letters that no cave text can hold have become question marks.
 bool HasGaps(const QString& text) {
-  return !FromUtf8(text.toStdString());
+  return !FromUtf8(text.normalized(QString::NormalizationForm_C).toStdString());
 }
 
 void ReportGaps(const QString& text, int label, std::vector<Correction>& report) {
@@ -185,9 +177,9 @@ void FrmFormality::SetLWEd() {
 
 void FrmFormality::SetProps() {
   const Formality values = FormalityOf(cave_.Cave());
-  name_->setText(Plain(values.Name));
+  name_->setText(ToBox(values.Name));
   loadedDescription_ = values.Description;
-  description_->setPlainText(Plain(values.Description));
+  description_->setPlainText(ToBox(values.Description));
   shownDescription_ = description_->toPlainText();
   for (const NumberRow& row : kNumberRows)
     Box(row.number).setText(QString::number(values.Number(row.number)));
@@ -203,9 +195,9 @@ int FrmFormality::Number(CaveNumber number) const {
 
 Formality FrmFormality::Values() const {
   Formality values;
-  values.Name = Bytes(name_->text());
+  values.Name = FromBox(name_->text());
   const QString description = description_->toPlainText();
-  values.Description = description == shownDescription_ ? loadedDescription_ : Bytes(description);
+  values.Description = description == shownDescription_ ? loadedDescription_ : FromBox(description);
   for (const NumberRow& row : kNumberRows) {
     values.Numbers[static_cast<std::size_t>(row.number)] = Number(row.number);
   }
@@ -244,8 +236,8 @@ void FrmFormality::Confirm() {
     const int value = values.Number(row.number);
     if (value != typed.Number(row.number)) Box(row.number).setText(QString::number(value));
   }
-  if (values.Name != typed.Name) name_->setText(Plain(values.Name));
-  if (values.Description != typed.Description) description_->setPlainText(Plain(values.Description));
+  if (values.Name != typed.Name) name_->setText(ToBox(values.Name));
+  if (values.Description != typed.Description) description_->setPlainText(ToBox(values.Description));
   if (!report.empty()) Warn(skin_, this, report);
   emit VlOK(values);
   accept();

@@ -7,11 +7,11 @@
 #include <QVBoxLayout>
 #include <vector>
 
-#include "data/Cp1250.h"
 #include "editors/CaveModel.h"
 #include "editors/EditTiles.h"
 #include "editors/Marks.h"
 #include "editors/WindowPlace.h"
+#include "skin/Shown.h"
 #include "skin/Skin.h"
 
 namespace zorik {
@@ -52,7 +52,7 @@ QString NameOfTool(const Skin& skin, int palette, int dog) {
 QString NameOfLetter(const Skin& skin, char letter) {
   const int palette = ToolOfLetter(letter);
   if (palette >= 0) return NameOfTool(skin, palette, ValueOf(letter));
-  return QString("\"%1\"").arg(QString::fromStdString(ToUtf8(std::string(1, letter))));
+  return QString("\"%1\"").arg(Shown(std::string(1, letter)));
 }
 
 FrmStats::FrmStats(Skin& skin, const CaveModel& cave, EditTiles& tiles, QWidget* parent) : QDialog(parent) {

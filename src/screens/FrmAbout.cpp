@@ -69,12 +69,7 @@ void FrmAbout::LayOut() {
 void FrmAbout::SkinIt() {
   const Tones tones = TonesOf(skin_.Colour("dialog.color", kPlainGround));
   Surface().SetColour(tones.ground);
-  QPalette colours = palette();
-  colours.setColor(QPalette::WindowText, tones.text);
-  colours.setColor(QPalette::Button, tones.line);
-  colours.setColor(QPalette::ButtonText, tones.text);
-  colours.setColor(QPalette::Mid, tones.quiet);
-  setPalette(colours);
+  setPalette(PaletteOf(tones));
   setFont(GameFont(kLetters));
   setWindowTitle(skin_.Text(99));
   const QString page = QString::fromUtf8(QUrl::fromLocalFile(page_).toEncoded());

@@ -15,6 +15,7 @@
 #include "screens/SkinLabel.h"
 #include "screens/SkinPlacing.h"
 #include "screens/StartWords.h"
+#include "skin/Shown.h"
 #include "skin/Skin.h"
 
 namespace zorik {
@@ -54,10 +55,6 @@ enum Place : int {
   kTitle = 99,
   kWindowTitle = 108,
 };
-
-QString Shown(std::string_view bytes) {
-  return QString::fromStdString(ToUtf8(bytes));
-}
 
 Qt::Alignment Sideways(SkinData::Align align) {
   switch (align) {

@@ -74,12 +74,8 @@ void FrmSettings::LayOut() {
 void FrmSettings::SkinIt() {
   const Tones tones = TonesOf(skin_.Colour("settings.color", kPlainGround));
   Surface().SetColour(tones.ground);
-  QPalette colours = palette();
-  colours.setColor(QPalette::WindowText, tones.text);
-  colours.setColor(QPalette::Button, tones.line);
-  colours.setColor(QPalette::ButtonText, tones.text);
-  colours.setColor(QPalette::Mid, tones.line);
-  colours.setColor(QPalette::Highlight, tones.mark);
+  QPalette colours = PaletteOf(tones);
+  colours.setColor(QPalette::Mid, tones.line);  // the grooves of the scales
   setPalette(colours);
   setFont(GameFont(kLetters));
   colours.setColor(QPalette::WindowText, tones.mark);

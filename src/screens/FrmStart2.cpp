@@ -10,7 +10,6 @@
 #include <QTimer>
 #include <algorithm>
 
-#include "data/Cp1250.h"
 #include "data/PlayerName.h"
 #include "platform/FileTypes.h"
 #include "screens/FingerButton.h"
@@ -24,6 +23,7 @@
 #include "screens/StartLists.h"
 #include "screens/StartWords.h"
 #include "skin/GameFont.h"
+#include "skin/Shown.h"
 #include "skin/Skin.h"
 
 namespace zorik {
@@ -382,7 +382,7 @@ void FrmStart2::NewPlayer() {
   addingPlayer_ = false;
   const std::string name = PlayerName(typed.normalized(QString::NormalizationForm_C).toStdString());
   if (name.empty()) return;
-  const QString shown = QString::fromStdString(ToUtf8(name));
+  const QString shown = Shown(name);
   const auto added = AddPlayer(paths_.PlayersPath, name);
   const auto words = [&](int place) { return skin_.Text(place).replace("?1?", shown); };
   if (added) {

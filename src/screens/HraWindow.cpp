@@ -15,6 +15,7 @@
 #include "screens/FrmSettings.h"
 #include "screens/MsgBox.h"
 #include "screens/Wording.h"
+#include "skin/Shown.h"
 
 namespace zorik {
 namespace {
@@ -27,10 +28,6 @@ QColor ToColour(Colour colour) {
   const auto number = static_cast<std::uint32_t>(colour);
   return QColor(static_cast<int>(number & 255U), static_cast<int>(number >> 8U & 255U),
                 static_cast<int>(number >> 16U & 255U));
-}
-
-QString Shown(std::string_view bytes) {
-  return QString::fromStdString(ToUtf8(bytes));
 }
 
 std::uint64_t ClockNow() {
@@ -338,7 +335,7 @@ void HraWindow::UpdateCaption() {
   QString caption = QString(kProgramTitle) + " - ";
   if (!hra_.EditorRun && !hra_.CollectionName.empty()) caption += Shown(hra_.CollectionName) + " - ";
   caption += Shown(hra_.CaveName) + "   ...";
-  const bool nobody = hra_.PlayerName == "/";
+  const bool nobody = hra_.PlayerName == kNobody;
   if (hra_.ReplayPlaying && nobody) {
     caption += skin_.Text(92);
   } else {

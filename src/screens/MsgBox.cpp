@@ -142,11 +142,7 @@ FrmDialog::FrmDialog(Skin& skin, QWidget* parent, MsgButtons buttons)
 void FrmDialog::SkinIt() {
   const Tones tones = TonesOf(skin_.Colour("dialog.color", kPlainGround));
   Surface().SetColour(tones.ground);
-  QPalette colours = palette();
-  colours.setColor(QPalette::WindowText, tones.text);
-  colours.setColor(QPalette::Button, tones.line);
-  colours.setColor(QPalette::ButtonText, tones.text);
-  colours.setColor(QPalette::Mid, tones.quiet);
+  QPalette colours = PaletteOf(tones);
   setPalette(colours);
   setFont(GameFont(kLetters));
   lblTitle_->setFont(GameFont(kHeadLetters));

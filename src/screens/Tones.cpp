@@ -37,4 +37,14 @@ Tones TonesOf(QColor ground) {
   return {ground, text, Mixed(ground, text, 0.75), Mixed(ground, text, 0.35), mark};
 }
 
+QPalette PaletteOf(const Tones& tones) {
+  QPalette colours;
+  colours.setColor(QPalette::WindowText, tones.text);
+  colours.setColor(QPalette::Button, tones.line);
+  colours.setColor(QPalette::ButtonText, tones.text);
+  colours.setColor(QPalette::Mid, tones.quiet);
+  colours.setColor(QPalette::Highlight, tones.mark);
+  return colours;
+}
+
 }  // namespace zorik

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QColor>
+#include <QPalette>
 
 namespace zorik {
 
@@ -14,6 +15,9 @@ struct Tones {
 };
 
 Tones TonesOf(QColor ground);
+
+// The same for the controls in such a window.
+QPalette PaletteOf(const Tones& tones);
 
 // How well one colour reads on another, 1 to 21.
 double Contrast(QColor one, QColor other);

@@ -2,7 +2,6 @@
 
 #include <QApplication>
 
-#include "data/Cp1250.h"
 #include "data/Files.h"
 #include "data/RecordFile.h"
 #include "screens/FrmAnalyze.h"
@@ -10,6 +9,7 @@
 #include "screens/MsgBox.h"
 #include "screens/StartWords.h"
 #include "screens/Wording.h"
+#include "skin/Shown.h"
 #include "skin/Skin.h"
 
 namespace zorik {
@@ -17,7 +17,6 @@ namespace {
 
 constexpr int kFirstSeconds = 3;
 constexpr int kTitle = 99;  // place in the language table
-constexpr const char* kNobody = "/";
 
 RunKind KindOf(const Hra& hra) {
   if (hra.ReplayPlaying) return RunKind::Replay;
@@ -39,8 +38,7 @@ void WinFlow::RunWon(Hra& hra) {
   score_ = win.Score;
   record_ = SaveRecord(hra, score_);
   testPath_ = ResolvePath(paths_.RecordsPath + "/" + FileSystemName(TestRecordFileName(hra.CaveName)));
-  frmAnalyze_.SetScore(QString::fromStdString(ToUtf8(ScoreBreakdown(hra, win))), win.BaseScore,
-                       win.BonusCave);
+  frmAnalyze_.SetScore(Shown(ScoreBreakdown(hra, win)), win.BaseScore, win.BonusCave);
 
   emit HideGame();
   if (kind_ == RunKind::Play) {

@@ -8,6 +8,7 @@
 #include <string>
 #include <string_view>
 
+#include "common/LittleEndian.h"
 #include "data/Cp1250.h"
 #include "data/Files.h"
 
@@ -15,17 +16,9 @@ namespace {
 
 using zorik::Done;
 using zorik::Failure;
+using zorik::Put16;
+using zorik::Put32;
 using zorik::Result;
-
-void Put16(std::string& bytes, std::uint32_t value) {
-  bytes += static_cast<char>(value & 255U);
-  bytes += static_cast<char>(value >> 8U & 255U);
-}
-
-void Put32(std::string& bytes, std::uint32_t value) {
-  Put16(bytes, value & 0xFFFFU);
-  Put16(bytes, value >> 16U);
-}
 
 // The head of a bitmap that tells of four channels, the fourth header of the format's history.
 std::string BitmapHead(std::uint32_t width, std::uint32_t height) {

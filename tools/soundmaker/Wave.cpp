@@ -4,21 +4,12 @@
 #include <cmath>
 #include <cstdint>
 
+#include "common/LittleEndian.h"
 #include "soundmaker/Arithmetic.h"
 
 namespace zorik::sound {
 
 namespace {
-
-void Put16(std::string& bytes, std::uint32_t value) {
-  bytes += static_cast<char>(value & 255U);
-  bytes += static_cast<char>(value >> 8U & 255U);
-}
-
-void Put32(std::string& bytes, std::uint32_t value) {
-  Put16(bytes, value & 0xFFFFU);
-  Put16(bytes, value >> 16U);
-}
 
 void PutSample(std::string& bytes, double sample) {
   const double scaled = std::floor(std::clamp(sample, -1.0, 1.0) * 32767 + 0.5);
