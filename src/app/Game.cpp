@@ -34,24 +34,33 @@ Game::Game(const Paths& paths, const Settings& settings)
   // A skin that says what cannot be understood is not to be trusted any further.
   skin_.SetFault([this](const std::string& key, const std::string& file) {
     zorik::Tell(nullptr, kProgramTitle,
-                QString::fromStdString(std::string(wording::kSkinFault) + "\n" + key + "\n" + file));
+                kSkinFaultWords.In(skin_) + "\n" + QString::fromStdString(key + "\n" + file));
     std::exit(EXIT_FAILURE);
   });
   hra_.setWindowState(Qt::WindowMaximized);
   ConnectScreens();
 }
 
-std::optional<std::string> Game::Begin() {
-  if (const Result<Done> opened = sound_.DSInit(); !opened) return opened.Message();
+void Game::Begin() {
   const SkinPlaces places{paths_.SkinsPath, settings_.Skin.toStdString()};
-  if (!WearBehindNotice(places)) zorik::Tell(skin_, nullptr, kProgramTitle, wording::kNoLanguage);
+  if (!WearBehindNotice(places)) zorik::Tell(skin_, nullptr, kProgramTitle, kNoLanguageWords.In(skin_));
   frmStart2_.FrmLoad();
+  constexpr auto kOnceAndLater =
+      static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection);
+  connect(&frmStart2_, &FrmStart2::Painted, this, &Game::OpenSound, kOnceAndLater);
   inbox_ = std::make_unique<Inbox>([this](const QString& path) { OpenFromOutside(path); });
   const QString first = TakeFileFromStart();
   if (!first.isEmpty())
     QMetaObject::invokeMethod(
         this, [this, first] { OpenFromOutside(first); }, Qt::QueuedConnection);
-  return std::nullopt;
+}
+
+// The way to the sound card can be long, so the start screen goes before.
+void Game::OpenSound() {
+  const Result<Done> opened = sound_.DSInit();
+  if (opened) return;
+  zorik::Tell(nullptr, kProgramTitle, QString::fromStdString(opened.Message()));
+  QCoreApplication::exit(EXIT_FAILURE);
 }
 
 // The notice is gone before any dialog comes.
@@ -165,7 +174,9 @@ void Game::PlayRecord(const QString& path, const std::string& player) {
     zorik::Tell(skin_, from, kProgramTitle, kNoRecordWords.In(skin_) + "\n" + path);
     return;
   }
-  from->hide();
+  // A file from outside finds both screens open while the score shows.
+  frmPoSt_.hide();
+  frmStart2_.hide();
   const Hra& machine = hra_.Machine();
   if (machine.RecordPlayer == machine.PlayerName) return;
   hra_.WithDialog([&] {
@@ -218,14 +229,12 @@ void Game::OpenFromOutside(const QString& path) {
 }
 
 void Game::ReSkin() {
-  frmPoSt_.SkinIt();
-  frmPoSt_.SetLWPost();
   frmSada_.SetLWEd();
   frmMain_.SetLW();
 }
 
 void Game::EndProgram() {
-  StoreMaximized(hra_.windowState().testFlag(Qt::WindowMaximized));
+  StoreMaximized(hra_.windowState().testFlag(Qt::WindowMaximized) && !hra_.isMinimized());
   QCoreApplication::quit();
 }
 

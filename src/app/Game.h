@@ -30,10 +30,11 @@ class Game : public QObject {
  public:
   Game(const Paths& paths, const Settings& settings);
 
-  // Brings the start screen up, behind the busy notice. The answer is what keeps the game from starting.
-  std::optional<std::string> Begin();
+  // Brings the start screen up, behind the busy notice.
+  void Begin();
 
  private:
+  void OpenSound();
   bool WearBehindNotice(const SkinPlaces& places);
   void ConnectScreens();
   void ConnectEditors();

@@ -4,22 +4,17 @@
 
 namespace zorik {
 
-// Finds out whether a window can be opened. It is tried in a process of its own, since a failed try ends the
-// process; that one keeps the display open as long as this object lives, for a display that nobody uses any
-// more may go down for a moment.
-class DisplayTrial {
+// Whether there seems to be a display. Only opening a window tells for sure.
+bool DisplayNamed();
+
+// While it lives, a display that cannot be opened makes the program begin anew without one, where the toolkit
+// would end it. One at a time; what the toolkit says meanwhile is not for players.
+class AnewWithoutDisplay {
  public:
-  DisplayTrial(int argc, char** argv);
-  ~DisplayTrial();
-  DisplayTrial(const DisplayTrial&) = delete;
-  DisplayTrial& operator=(const DisplayTrial&) = delete;
-
-  bool There() const { return there_; }
-
- private:
-  int child_ = -1;
-  int hold_ = -1;
-  bool there_ = false;
+  AnewWithoutDisplay();
+  ~AnewWithoutDisplay();
+  AnewWithoutDisplay(const AnewWithoutDisplay&) = delete;
+  AnewWithoutDisplay& operator=(const AnewWithoutDisplay&) = delete;
 };
 
 // What the game does without a display: it plays the record of the first cave that came with the game, says

@@ -1,6 +1,7 @@
 #include <QApplication>
 #include <cstdio>
 #include <filesystem>
+#include <memory>
 #include <string>
 #include <system_error>
 
@@ -29,10 +30,15 @@ int GiveUp(bool display, const std::string& reason) {
   return 1;
 }
 
+std::unique_ptr<QApplication> OpenDisplay(int& argc, char** argv) {
+  const zorik::AnewWithoutDisplay otherwise;
+  return std::make_unique<QApplication>(argc, argv);
+}
+
 int Play(const zorik::Paths& paths) {
   QApplication::setQuitOnLastWindowClosed(false);
   zorik::Game game(paths, zorik::FindSett());
-  if (const auto reason = game.Begin()) return GiveUp(true, *reason);
+  game.Begin();
   return QApplication::exec();
 }
 
@@ -40,11 +46,8 @@ int Play(const zorik::Paths& paths) {
 
 int main(int argc, char** argv) {
   using namespace zorik;
-  auto trial = std::make_unique<DisplayTrial>(argc, argv);
-  const bool display = trial->There();
-  const std::unique_ptr<QApplication> application =
-      display ? std::make_unique<QApplication>(argc, argv) : nullptr;
-  trial.reset();
+  const bool display = DisplayNamed();
+  const std::unique_ptr<QApplication> application = display ? OpenDisplay(argc, argv) : nullptr;
   const Result<Paths> paths = FindPaths(ReadSurroundings(ProgramFolder()));
   if (!paths) return GiveUp(display, std::string(wording::kNoFolder) + "\n" + paths.Message());
   return display ? Play(*paths) : PlayHeadless(*paths);

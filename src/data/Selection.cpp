@@ -34,9 +34,9 @@ Result<Selection> Selection::LoadColl(const std::string& path, std::string playe
 
 Selection::Selection(PlayedCollection collection, std::string player, std::string playerFolder)
     : collection_(std::move(collection)),
+      player_(std::move(player)),
       playerFolder_(std::move(playerFolder)),
-      progress_(ReadProgress(collection_, player, RecordsInFolder(playerFolder_))),
-      stored_(progress_.Scores) {}
+      progress_(Stored()) {}
 
 void Selection::Select(int number) {
   if (IsCave(number)) selected_ = number;
@@ -49,15 +49,13 @@ int Selection::OpenCaveBefore(int number) const {
 }
 
 bool Selection::JeLepsi(int score) const {
-  return stored_[Index(selected_)] <= score;
+  return Stored().Scores[Index(selected_)] <= score;
 }
 
-Result<Done> Selection::StoreRecord(const std::string& bytes, int score) {
+Result<Done> Selection::StoreRecord(const std::string& bytes) const {
   std::error_code error;
   std::filesystem::create_directories(playerFolder_, error);
-  Result<Done> written = WriteWhole(RecordPath(), bytes);
-  if (written) stored_[Index(selected_)] = score;
-  return written;
+  return WriteWhole(RecordPath(), bytes);
 }
 
 void Selection::Prosel(int total, bool bonus) {

@@ -35,11 +35,12 @@ class Selection {
   // The last cave before this one that is open and not solved; 0 for none.
   int OpenCaveBefore(int number) const;
 
-  // Whether a score is at least as good as that of the stored record of the selected cave.
+  // Whether a score is at least as good as that of the record of the selected cave. That is the one on the
+  // disk: the list may show a worse run, and another running game may have stored a better one.
   bool JeLepsi(int score) const;
 
-  // Replaces the record of the selected cave, made for this score, as a whole. A failure changes nothing.
-  Result<Done> StoreRecord(const std::string& bytes, int score);
+  // Replaces the record of the selected cave as a whole. A failure changes nothing.
+  Result<Done> StoreRecord(const std::string& bytes) const;
 
   // The selected cave has just been won: it is solved by this player, the caves behind it open up to the
   // first one that is no bonus cave, and the next cave is selected.
@@ -60,11 +61,13 @@ class Selection {
   static std::size_t Index(int number) { return static_cast<std::size_t>(number); }
   bool IsCave(int number) const { return number >= 1 && number <= CaveCount(); }
 
+  // What the records on the disk say by now.
+  Progress Stored() const { return ReadProgress(collection_, player_, RecordsInFolder(playerFolder_)); }
+
   PlayedCollection collection_;
+  std::string player_;
   std::string playerFolder_;
   Progress progress_;
-  std::array<int, kMostCaves + 1>
-      stored_{};  // scores of the records on the disk, which may be the better ones
   int selected_ = 1;
 };
 

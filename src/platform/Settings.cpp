@@ -1,18 +1,28 @@
 #include "platform/Settings.h"
 
+#include <QLockFile>
 #include <QSettings>
 #include <algorithm>
 
 namespace zorik {
 namespace {
 
-struct Store : QSettings {
-  Store() : QSettings(QSettings::IniFormat, QSettings::UserScope, "Ortvan", "Zorik2") {}
+// A store of this name. A game that was killed while it wrote may have left the store locked, and the next
+// one would wait half a minute for that; the lock of a game that lives stays.
+struct UserStore : QSettings {
+  explicit UserStore(const char* name)
+      : QSettings(QSettings::IniFormat, QSettings::UserScope, "Ortvan", name) {
+    QLockFile(fileName() + ".lock").removeStaleLockFile();
+  }
+};
+
+struct Store : UserStore {
+  Store() : UserStore("Zorik2") {}
 };
 
 // What belongs to the start screen.
-struct StartStore : QSettings {
-  StartStore() : QSettings(QSettings::IniFormat, QSettings::UserScope, "Ortvan", "Zorik") {}
+struct StartStore : UserStore {
+  StartStore() : UserStore("Zorik") {}
 };
 
 int ReadSpeed(const QSettings& store, const char* name) {

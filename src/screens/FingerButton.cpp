@@ -1,30 +1,15 @@
 #include "screens/FingerButton.h"
 
-#include <QBitmap>
 #include <QMouseEvent>
 #include <QPainter>
+
+#include "screens/SeenPart.h"
 
 namespace zorik {
 namespace {
 
+constexpr int kNotQuiteClear = 1;
 constexpr double kHovered = 0.55;  // how strongly a finger that is not chosen lights up under the pointer
-
-// All that is not entirely clear.
-QRegion DrawnPart(const QImage& image) {
-  QRegion drawn;
-  for (int y = 0; y < image.height(); ++y) {
-    const auto* const line = reinterpret_cast<const QRgb*>(image.constScanLine(y));
-    int start = -1;
-    for (int x = 0; x <= image.width(); ++x) {
-      const bool clear = x == image.width() || qAlpha(line[x]) == 0;
-      if (!clear && start < 0) start = x;
-      if (!clear || start < 0) continue;
-      drawn += QRect(start, y, x - start, 1);
-      start = -1;
-    }
-  }
-  return drawn;
-}
 
 }  // namespace
 
@@ -37,7 +22,7 @@ FingerButton::FingerButton(QWidget* parent) : QAbstractButton(parent) {
 
 void FingerButton::SetOverlay(const QImage& overlay) {
   const QImage image = overlay.convertToFormat(QImage::Format_ARGB32);
-  const QRegion drawn = DrawnPart(image);
+  const QRegion drawn = SeenPart(image, kNotQuiteClear);
   const QRect box = drawn.boundingRect();
   finger_ = image.copy(box);
   setGeometry(box);

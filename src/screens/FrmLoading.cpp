@@ -53,6 +53,11 @@ bool FromPlayer(const QEvent& event) {
   }
 }
 
+bool IsDialog(const QObject& object) {
+  const auto* const widget = qobject_cast<const QWidget*>(&object);
+  return widget != nullptr && widget->isWindow() && widget->isModal();
+}
+
 }  // namespace
 
 FrmLoading::FrmLoading(Skin& skin)
@@ -99,8 +104,9 @@ void FrmLoading::Disappear() {
   });
 }
 
-// A question that has come up in the work must be answered, though.
-bool FrmLoading::eventFilter(QObject* /*object*/, QEvent* event) {
+// A question that comes up in the work must be seen and answered, though.
+bool FrmLoading::eventFilter(QObject* object, QEvent* event) {
+  if (event->type() == QEvent::Show && IsDialog(*object)) Disappear();
   return FromPlayer(*event) && QApplication::activeModalWidget() == nullptr;
 }
 

@@ -9,7 +9,7 @@ namespace zorik {
 class Skin;
 
 // The busy notice. It stands above everything, takes no focus, and what the player clicks or types while it
-// is there is lost.
+// is there is lost. It gives way to a dialog that opens meanwhile.
 class FrmLoading : public QWidget {
  public:
   explicit FrmLoading(Skin& skin);

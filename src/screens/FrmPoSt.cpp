@@ -8,6 +8,7 @@
 #include "data/Cp1250.h"
 #include "data/Files.h"
 #include "data/MailFile.h"
+#include "data/RecordFile.h"
 #include "screens/CaveList.h"
 #include "screens/FrmDialog2.h"
 #include "screens/MsgBox.h"
@@ -15,6 +16,7 @@
 #include "screens/SkinLabel.h"
 #include "screens/SkinPlacing.h"
 #include "screens/StartWords.h"
+#include "skin/GameFont.h"
 #include "skin/Shown.h"
 #include "skin/Skin.h"
 
@@ -36,7 +38,8 @@ constexpr QRect kRestBox(26, 504, 374, 18);
 constexpr QRect kRecordBox(420, 416, 314, 34);
 constexpr int kMargin = 24;
 constexpr int kGap = 8;
-constexpr int kDigits = 5;
+constexpr int kTotalSign = 44;   // room for a sign in front of the total
+constexpr int kTotalWidth = 66;  // five digits; more of them are smaller
 
 // Places in the language table.
 enum Place : int {
@@ -71,6 +74,11 @@ Qt::Alignment Sideways(SkinData::Align align) {
 QString RestWord(const Skin& skin, int rest) {
   if (rest <= 0) return {};
   return skin.Text(rest == 1 ? kRestOne : rest <= 4 ? kRestFew : kRestMany);
+}
+
+// A button that the skin gives no place is never seen.
+void Show(SkinButton& button, bool wanted) {
+  button.setVisible(wanted && HasPlace(button));
 }
 
 // The least of some heights that is below another one.
@@ -160,14 +168,13 @@ void FrmPoSt::PlaceHead() {
   const auto nameTop = table.SkinInt("select.collname.top");
   const bool besideTotal = table.SkinInt("select.score.left") > table.SkinInt("select.collname.left") &&
                            std::abs(table.SkinInt("select.score.top") - nameTop) < kTotalLetters;
-  const int nameRight = besideTotal ? table.SkinInt("select.score.left") - kMargin : right;
+  const int nameRight = besideTotal ? table.SkinInt("select.score.left") - kTotalSign : right;
   Label4_->SetLook(skin_.Colour("select.collname.textcolor", kPlainText),
                    Sideways(table.SkinAlign("select.collname.alignment")), kNameLetters);
   Label4_->setGeometry(LineBox("select.collname", kNameLetters + kGap, nameRight));
 
-  lblTotal_->SetLook(skin_.Colour("select.score.textcolor", kPlainText), Qt::AlignLeft, kTotalLetters);
-  lblTotal_->setGeometry(table.SkinInt("select.score.left"), table.SkinInt("select.score.top"),
-                         (kDigits + 1) * kTotalLetters * 3 / 5, kTotalLetters + kGap);
+  lblTotal_->setGeometry(table.SkinInt("select.score.left"), table.SkinInt("select.score.top"), kTotalWidth,
+                         kTotalLetters + kGap);
 
   const int textTop = table.SkinInt("select.colldescription.top");
   const int authorTop = table.SkinInt("select.collauthor.top");
@@ -274,14 +281,22 @@ void FrmPoSt::FillRows() {
     rows.push_back({name, selection_->Score(i), state});
   }
   list_->SetRows(std::move(rows));
-  vscroll_->setVisible(list_->Range() > 0);
+  Show(*vscroll_, list_->Range() > 0);
 }
 
 void FrmPoSt::CelkSkore() {
   const int rest = selection_->Rest();
   lblRest_->SetText(skin_.Text(kRestText) + ' ' + QString::number(rest) + ' ' + RestWord(skin_, rest) + '.');
-  lblTotal_->SetText(QString("%1").arg(selection_->Total(), kDigits, 10, QChar('0')));
-  congratulation_->setVisible(rest == 0);
+  ShowTotal();
+  Show(*congratulation_, rest == 0);
+}
+
+void FrmPoSt::ShowTotal() {
+  const QString total = QString::fromStdString(FiveDigits(selection_->Total()));
+  int letters = kTotalLetters;
+  while (letters > 1 && QFontMetrics(GameFont(letters)).horizontalAdvance(total) > kTotalWidth) --letters;
+  lblTotal_->SetLook(skin_.Colour("select.score.textcolor", kPlainText), Qt::AlignLeft, letters);
+  lblTotal_->SetText(total);
 }
 
 void FrmPoSt::SelectCave(int number) {
@@ -295,8 +310,8 @@ void FrmPoSt::ShowCave() {
   const CaveState state = selection_->State(number);
   const bool solved = state == CaveState::Solved || state == CaveState::SolvedByOther;
   const QString& rowName = list_->Rows()[static_cast<std::size_t>(number - 1)].name;
-  replay_->setVisible(solved);
-  play_->setVisible(state != CaveState::Closed);
+  Show(*replay_, solved);
+  Show(*play_, state != CaveState::Closed);
   imgBonus_->setVisible(JeBonus(rowName.toStdString()));
   lblCaveName_->SetText(rowName);
   lblRecord_->SetText(solved ? Shown(selection_->RecordName()) : QString());
@@ -401,6 +416,9 @@ bool FrmPoSt::Command(int key) {
     case Qt::Key_S:
       ClickedSend();
       return true;
+    case Qt::Key_F1:
+      button = help_;
+      break;
     case Qt::Key_Escape:
       emit Back();
       return true;

@@ -54,9 +54,7 @@ class FrmPoSt : public SkinWindow {
   bool JeLepsi(int score) const { return selection_->JeLepsi(score); }
 
   // Stores the record of a win in the selected cave.
-  Result<Done> StoreRecord(const std::string& bytes, int score) {
-    return selection_->StoreRecord(bytes, score);
-  }
+  Result<Done> StoreRecord(const std::string& bytes) const { return selection_->StoreRecord(bytes); }
 
   // The selected cave has been won, with this total in the score window and its bonus sign shown or not.
   void Prosel(int total, bool bonusVisible);
@@ -86,6 +84,7 @@ class FrmPoSt : public SkinWindow {
   void ShowAuthor();
   void FillRows();
   void CelkSkore();
+  void ShowTotal();
   void SelectCave(int number);
   void ShowCave();
   bool Command(int key);

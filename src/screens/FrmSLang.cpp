@@ -44,7 +44,6 @@ FrmSLang::FrmSLang(Skin& skin, Settings& settings, QWidget* parent)
   Combo1_->setObjectName("Combo1");
   Command1_->setObjectName("Command1");
   Command2_->setObjectName("Command2");
-  Command1_->setAutoDefault(false);
   Command2_->setDefault(true);
   Combo1_->setMinimumWidth(kLeastWidth);
 

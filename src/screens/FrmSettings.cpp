@@ -5,8 +5,8 @@
 
 #include "screens/SkinButton.h"
 #include "screens/SkinScale.h"
+#include "screens/StartWords.h"
 #include "screens/Tones.h"
-#include "screens/Wording.h"
 #include "skin/GameFont.h"
 #include "skin/Skin.h"
 
@@ -40,9 +40,22 @@ FrmSettings::FrmSettings(Skin& skin, QWidget* parent)
       checks_{new SkinCheck(this), new SkinCheck(this), new SkinCheck(this)},
       ok_(new SkinButton(this)),
       close_(new SkinButton(this)) {
+  NameParts();
   connect(ok_, &SkinButton::clicked, this, &FrmSettings::OnEnter);
   connect(close_, &SkinButton::clicked, this, &FrmSettings::OnEsc);
   LayOut();
+}
+
+void FrmSettings::NameParts() {
+  lblCaption_->setObjectName("lblCaption");
+  lblSpeed_[0]->setObjectName("lblSpeed");
+  lblSpeed_[1]->setObjectName("lblSpeedR");
+  scales_[0]->setObjectName("Speed");
+  scales_[1]->setObjectName("SpeedR");
+  for (std::size_t i = 0; i < checks_.size(); ++i)
+    checks_[i]->setObjectName("check" + QString::number(i + 1));
+  ok_->setObjectName("ok");
+  close_->setObjectName("close");
 }
 
 void FrmSettings::LayOut() {
@@ -94,9 +107,9 @@ void FrmSettings::SkinIt() {
     checks_[i]->SetPicture(skin_.Picture("settings.checks.image"));
   }
   ok_->SetPicture(skin_.Picture("settings.ok.image"));
-  ok_->SetWords(skin_.Caption("caption.dialog.ok", wording::kOk));
+  ok_->SetWords(kOkWords.In(skin_));
   close_->SetPicture(skin_.Picture("settings.close.image"));
-  close_->SetWords(skin_.Caption("caption.dialog.close", wording::kCancel));
+  close_->SetWords(kCancelWords.In(skin_));
 }
 
 void FrmSettings::SetSett(const Settings& settings) {

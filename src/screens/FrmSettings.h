@@ -32,6 +32,7 @@ class FrmSettings : public SkinDialog {
   void OnEsc() override { done(Rejected); }
 
  private:
+  void NameParts();
   void LayOut();
   void SkinIt();
   void SetSett(const Settings& settings);

@@ -35,7 +35,7 @@ constexpr int kVersionRise = 25;  // of the version's line above the lower edge 
 constexpr int kVersionHeight = 13;
 constexpr QColor kVersionInk(0x3A, 0x24, 0x18);
 
-constexpr int kPatience = 200;  // milliseconds between looks whether a dialog is still open
+constexpr int kPatience = 200;  // milliseconds between looks whether something else is still open
 
 constexpr const char* kCollFilter = "*.zk";
 constexpr const char* kRecordFilter = "*.zkr";
@@ -143,8 +143,12 @@ void FrmStart2::Connect() {
   }
 }
 
+// Areas to be clicked look like nothing, so the player has something to look at before they are there.
 void FrmStart2::FrmLoad() {
-  SkinIt();
+  SkinPalm();
+  constexpr auto kOnceAndLater =
+      static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection);
+  connect(this, &FrmStart2::Painted, this, &FrmStart2::SkinFingers, kOnceAndLater);
   RegExt(skin_.Text(56).toStdString(), skin_.Text(109).toStdString());
   FindColls();
   ListPlayers();
@@ -158,11 +162,15 @@ void FrmStart2::FrmLoad() {
 }
 
 void FrmStart2::SkinIt() {
+  SkinPalm();
+  SkinFingers();
+}
+
+void FrmStart2::SkinPalm() {
   setWindowTitle(kProgramTitle);
   ShowMode();
   SkinLists();
   SkinButtons();
-  SkinFingers();
   ShowScrollButtons();
   update();
 }
@@ -197,10 +205,13 @@ void FrmStart2::SkinFingers() {
   }
 }
 
-// The picture with the lit finger for play stands for the one with none lit.
+// The picture with the lit finger for play is laid over the one with none lit, which gives the window its
+// shape.
 void FrmStart2::ShowMode() {
-  const bool lit = mode_ == Mode::Play && !skin_.Picture("start.palmPlay.image").isNull();
-  SetWindowPicture(skin_, Surface(), *this, lit ? "start.palmPlay" : "start.palm", kPlainSize);
+  SetWindowPicture(skin_, Surface(), *this, "start.palm", kPlainSize);
+  const QImage palmPlay = skin_.Picture("start.palmPlay.image");
+  const bool lit = mode_ == Mode::Play && !palmPlay.isNull();
+  if (lit) Surface().LayOver(palmPlay);
   fingers_[0]->SetLitBelow(lit);
   update();
 }
@@ -359,9 +370,9 @@ void FrmStart2::OpenFromOutside(const QString& path) {
 }
 
 void FrmStart2::OpenWaiting() {
-  if (QApplication::activeModalWidget() == nullptr) {
+  if (isVisible() && QApplication::activeModalWidget() == nullptr) {
     const QString path = waiting_.constFirst();
-    if (isVisible()) activateWindow();
+    activateWindow();
     OpenByKind(path);
     waiting_.removeFirst();
   }
@@ -447,6 +458,7 @@ void FrmStart2::paintEvent(QPaintEvent* /*event*/) {
   painter.setFont(GameFont(kVersionLetters));
   painter.drawText(QRect(0, height() - kVersionRise, width(), kVersionHeight), Qt::AlignCenter,
                    skin_.Caption("version.text"));
+  emit Painted();
 }
 
 // Another window may have changed the folders meanwhile.

@@ -57,10 +57,12 @@ class FrmStart2 : public SkinWindow {
   void AnotherRepl(const QString& path);
 
   // A file that was opened from the desktop goes to one of the two by its kind; a message tells when it is
-  // of no known kind. As long as a dialog is open it waits.
+  // of no known kind. As long as a dialog is open, or another screen in place of this one, it waits.
   void OpenFromOutside(const QString& path);
 
  signals:
+  // The player has seen it.
+  void Painted();
   void OpenCollection(const QString& path, const QString& player);
   void PlayRecord(const QString& path);
   void EditCollection(const QString& path);  // empty: a new one
@@ -77,6 +79,7 @@ class FrmStart2 : public SkinWindow {
  private:
   void NameParts();
   void Connect();
+  void SkinPalm();
   void SkinButtons();
   void SkinLists();
   void SkinFingers();

@@ -114,7 +114,10 @@ void HraWindow::SetInterval() {
 
 void HraWindow::OnTick() {
   KeySnapshot keys = keyboard_.Take();
-  if (settings_.Joystick) joyPad_.Sample(keys);
+  if (settings_.Joystick) {
+    if (!joyPad_) joyPad_.emplace();
+    joyPad_->Sample(keys);
+  }
   requests_.clear();
   const TickEnd end = Tick(hra_, keys);
   DrawView();

@@ -4,6 +4,7 @@
 #include <QWidget>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -122,7 +123,7 @@ class HraWindow : public QWidget, private Stage {
   Hra hra_;
 
   Keyboard keyboard_;
-  JoyPad joyPad_;
+  std::optional<JoyPad> joyPad_;  // looked for when it is first asked
   std::vector<Request> requests_;
   bool flash_ = false;
   bool paused_ = false;   // minimised or hidden, and the timer stopped for that

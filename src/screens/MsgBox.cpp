@@ -12,8 +12,8 @@
 #include "screens/ShowText.h"
 #include "screens/SkinButton.h"
 #include "screens/SkinWindow.h"
+#include "screens/StartWords.h"
 #include "screens/Tones.h"
-#include "screens/Wording.h"
 #include "skin/GameFont.h"
 #include "skin/Skin.h"
 
@@ -32,14 +32,14 @@ struct ButtonRow {
   MsgResult result;
   Qt::Key key;
   const char* name;  // in the skin's table
-  const char* words;
+  StartWords words;
 };
 
 constexpr std::array kButtons = {
-    ButtonRow{MsgResult::Yes, Qt::Key_Y, "yes", wording::kYes},
-    ButtonRow{MsgResult::No, Qt::Key_N, "no", wording::kNo},
-    ButtonRow{MsgResult::Ok, Qt::Key_O, "ok", wording::kOk},
-    ButtonRow{MsgResult::Cancel, Qt::Key_C, "close", wording::kCancel},
+    ButtonRow{MsgResult::Yes, Qt::Key_Y, "yes", kYesWords},
+    ButtonRow{MsgResult::No, Qt::Key_N, "no", kNoWords},
+    ButtonRow{MsgResult::Ok, Qt::Key_O, "ok", kOkWords},
+    ButtonRow{MsgResult::Cancel, Qt::Key_C, "close", kCancelWords},
 };
 
 std::vector<MsgResult> ResultsOf(MsgButtons buttons) {
@@ -157,7 +157,7 @@ void FrmDialog::AddButtons() {
     const std::string key = std::string("dialog.") + row.name;
     button->setObjectName(row.name);
     button->SetPicture(skin_.Picture(key + ".image"));
-    button->SetWords(skin_.Caption("caption." + key, row.words));
+    button->SetWords(row.words.In(skin_));
     connect(button, &SkinButton::clicked, this, [this, &row] { Press(row.result); });
     buttons_.push_back(button);
   }

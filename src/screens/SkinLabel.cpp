@@ -1,7 +1,9 @@
 #include "screens/SkinLabel.h"
 
+#include <QHelpEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QToolTip>
 #include <algorithm>
 
 #include "screens/ShowText.h"
@@ -11,6 +13,7 @@ namespace zorik {
 namespace {
 
 constexpr QChar kDots(0x2026);
+constexpr int kHintWidth = 400;  // logical pixels
 
 struct Fitting {
   QString text;  // in lines
@@ -25,6 +28,12 @@ Fitting FitText(const QString& text, const QFontMetrics& metrics, QSize room) {
   lines = lines.mid(0, most);
   lines.back() = metrics.elidedText(lines.back() + kDots, Qt::ElideRight, room.width());
   return {lines.join('\n'), false};
+}
+
+// A hint in lines that any screen has room for, with nothing in it taken for markup.
+QString InLines(const QString& hint) {
+  const QString lines = WrapText(hint, QFontMetrics(QToolTip::font()), kHintWidth).lines.join('\n');
+  return "<p style='white-space:pre'>" + lines.toHtmlEscaped() + "</p>";
 }
 
 }  // namespace
@@ -61,6 +70,12 @@ void SkinLabel::LayOut() {
   shown_ = fitting.text;
   setToolTip(hint_.isEmpty() && !fitting.whole ? text_ : hint_);
   update();
+}
+
+bool SkinLabel::event(QEvent* event) {
+  if (event->type() != QEvent::ToolTip || toolTip().isEmpty()) return QWidget::event(event);
+  QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), InLines(toolTip()), this);
+  return true;
 }
 
 void SkinLabel::paintEvent(QPaintEvent* /*event*/) {

@@ -5,8 +5,8 @@
 namespace zorik {
 
 // A scale of the skin: a groove with a notch for each step and a knob, in the colours of the palette (Mid for
-// the groove, Highlight for the knob). A press beside the knob moves it by one step; arrows, Home, End and
-// the wheel work too.
+// the groove, Highlight for the knob). A press moves the knob to the pointer, which it follows then;
+// arrows, Home, End and the wheel work too.
 class SkinScale : public QSlider {
   Q_OBJECT
 

@@ -1,7 +1,6 @@
 #include "screens/SkinWindow.h"
 
 #include <QApplication>
-#include <QBitmap>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -9,6 +8,7 @@
 #include <QWindow>
 #include <algorithm>
 
+#include "screens/SeenPart.h"
 #include "screens/Tones.h"
 
 namespace zorik {
@@ -16,6 +16,8 @@ namespace {
 
 constexpr double kCorner = 8;
 constexpr double kBorder = 1.5;
+// Edges that are half clear belong to the shape; where the desktop does not blend windows they are dark, so
+// the clearest are left out.
 constexpr int kSeen = 64;
 
 void ClearOutside(QImage& image) {
@@ -24,21 +26,6 @@ void ClearOutside(QImage& image) {
     auto* const line = reinterpret_cast<QRgb*>(image.scanLine(y));
     std::replace(line, line + image.width(), outside, qRgba(0, 0, 0, 0));
   }
-}
-
-// All that is seen. Edges that are half clear belong to the shape; where the desktop does not blend windows
-// they are dark, so the clearest are left out.
-QBitmap MaskOf(const QImage& image) {
-  QImage mask(image.size(), QImage::Format_MonoLSB);
-  mask.setColorTable({qRgb(255, 255, 255), qRgb(0, 0, 0)});
-  mask.fill(0);
-  for (int y = 0; y < image.height(); ++y) {
-    const auto* const line = reinterpret_cast<const QRgb*>(image.constScanLine(y));
-    for (int x = 0; x < image.width(); ++x) {
-      if (qAlpha(line[x]) >= kSeen) mask.setPixel(x, y, 1);
-    }
-  }
-  return QBitmap::fromImage(mask);
 }
 
 }  // namespace
@@ -55,6 +42,14 @@ void SkinSurface::SetPicture(const QImage& picture) {
   ClearOutside(picture_);
   window_->setFixedSize(picture_.size());
   Shape();
+  window_->update();
+}
+
+void SkinSurface::LayOver(const QImage& picture) {
+  if (picture_.isNull()) return;
+  QPainter painter(&picture_);
+  painter.setCompositionMode(QPainter::CompositionMode_SourceAtop);
+  painter.drawImage(0, 0, picture);
   window_->update();
 }
 
@@ -77,13 +72,17 @@ void SkinSurface::Draw(QPainter& painter) const {
   painter.drawRoundedRect(QRectF(window_->rect()).adjusted(inset, inset, -inset, -inset), kCorner, kCorner);
 }
 
+// A window that is not seen gets its shape when it is.
 void SkinSurface::Shape() {
-  QImage drawn(window_->size(), QImage::Format_ARGB32_Premultiplied);
-  drawn.fill(Qt::transparent);
-  QPainter painter(&drawn);
-  Draw(painter);
-  painter.end();
-  window_->setMask(MaskOf(drawn));
+  if (!window_->isVisible()) return;
+  QImage drawn = picture_;
+  if (drawn.isNull()) {
+    drawn = QImage(window_->size(), QImage::Format_ARGB32_Premultiplied);
+    drawn.fill(Qt::transparent);
+    QPainter painter(&drawn);
+    Draw(painter);
+  }
+  window_->setMask(SeenPart(drawn, kSeen));
 }
 
 void SkinSurface::Drag(const QMouseEvent& event) {
@@ -109,6 +108,7 @@ bool SkinSurface::eventFilter(QObject* /*object*/, QEvent* event) {
       break;
     }
     case QEvent::Resize:
+    case QEvent::Show:
       Shape();
       break;
     case QEvent::MouseButtonPress: {

@@ -28,6 +28,9 @@ class SkinSurface : public QObject {
   // Without a picture the window is painted in one colour.
   void SetPicture(const QImage& picture);
 
+  // Lays another picture over the window's own; the window keeps its shape and size.
+  void LayOver(const QImage& picture);
+
   // Paints the window in one colour, with a thin border and round corners, in the size that it has.
   void SetColour(QColor colour);
 

@@ -6,7 +6,7 @@
 
 namespace zorik {
 
-// What the start screen and its neighbours say though it has no place in the language table: the key of a
+// What the windows say though it has no place in the language table: the key of a
 // caption in the skin, and the words for a skin that has none, UTF-8.
 struct StartWords {
   const char* key;
@@ -21,6 +21,8 @@ inline constexpr StartWords kCloseWords{"caption.slang.close", "Zavřít"};
 inline constexpr StartWords kAboutSkinWords{"caption.slang.about", "O skinu..."};
 inline constexpr StartWords kSkinWords{"caption.slang.title", "Skin"};
 inline constexpr StartWords kProgramWords{"caption.sada.help.program", "O programu"};
+inline constexpr StartWords kYesWords{"caption.dialog.yes", "Ano"};
+inline constexpr StartWords kNoWords{"caption.dialog.no", "Ne"};
 inline constexpr StartWords kOkWords{"caption.dialog.ok", "OK"};
 inline constexpr StartWords kCancelWords{"caption.dialog.close", "Zrušit"};
 
@@ -36,6 +38,8 @@ inline constexpr StartWords kNoProgramWords{"caption.error.program",
                                             "Program pro tento soubor nebyl nalezen:"};
 inline constexpr StartWords kNoLanguageWords{"caption.error.language",
                                              "Soubor s texty hry chybí nebo není celý."};
+inline constexpr StartWords kSkinFaultWords{"caption.error.skin",
+                                            "V údajích skinu je něco, čemu nelze rozumět."};
 
 // Of the box that asks for a file.
 inline constexpr StartWords kLookInWords{"caption.file.folder", "Složka:"};

@@ -1,6 +1,8 @@
 #include "screens/WinFlow.h"
 
 #include <QApplication>
+#include <filesystem>
+#include <system_error>
 
 #include "data/Files.h"
 #include "data/RecordFile.h"
@@ -83,11 +85,13 @@ void WinFlow::StoreWin() {
   const bool store =
       frmPoSt_.JeLepsi(score_) || Ask(skin_, &frmPoSt_, wording::kQuestion, wording::kOverwrite);
   if (!store) return;
-  const Result<Done> stored = frmPoSt_.StoreRecord(record_, score_);
+  const Result<Done> stored = frmPoSt_.StoreRecord(record_);
   if (!stored) TellFailure(frmPoSt_.RecordPath());
 }
 
 void WinFlow::StoreTest() {
+  std::error_code error;
+  std::filesystem::create_directories(paths_.RecordsPath, error);
   const Result<Done> stored = WriteWhole(testPath_, record_);
   if (!stored) TellFailure(testPath_);
 }

@@ -4,19 +4,13 @@
 
 namespace zorik {
 
-// Words of the game that have no place in the language table, UTF-8.
+// Words of the game that are in no skin, UTF-8.
 namespace wording {
 
-inline constexpr const char* kSkinFault = "V údajích skinu je něco, čemu nelze rozumět.";
 inline constexpr const char* kNoFolder = "Složku hry nelze vytvořit.";
-inline constexpr const char* kNoLanguage = "Soubor s texty hry chybí nebo není celý.";
 inline constexpr const char* kOverwrite =
     "Při minulém hraní této komnaty jsi získal více bodů. Přepsat starý záznam novým?";
 inline constexpr const char* kQuestion = "Dotaz";
-inline constexpr const char* kOk = "OK";
-inline constexpr const char* kYes = "Ano";
-inline constexpr const char* kNo = "Ne";
-inline constexpr const char* kCancel = "Zrušit";
 
 }  // namespace wording
 

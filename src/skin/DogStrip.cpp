@@ -20,9 +20,13 @@ constexpr std::array<int, 3> kOutlines{2, 1, 0};
 // Lightness by state and pass.
 constexpr std::array<std::array<int, 3>, 3> kLightness{{{31, 127, 191}, {0, 63, 127}, {0, 31, 63}}};
 
+// The largest letters that fit. Each size that is tried is a font to be loaded, so the search starts where
+// the share of the largest one's height says.
 QFont StripFont() {
   QFont font = GameFont(kLargestLetters);
   font.setBold(true);
+  const int height = std::max(1, QFontMetrics(font).height());
+  font.setPixelSize(std::clamp(kLargestLetters * kStripHeight / height + 2, 1, kLargestLetters));
   while (QFontMetrics(font).height() > kStripHeight && font.pixelSize() > 1) {
     font.setPixelSize(font.pixelSize() - 1);
   }

@@ -119,7 +119,7 @@ QImage PictureCache::Load(const SkinPlaces& places, const std::string& path, std
 }
 
 QImage WithoutBlack(QImage image) {
-  image = image.convertToFormat(QImage::Format_ARGB32);
+  image = std::move(image).convertToFormat(QImage::Format_ARGB32);
   for (int y = 0; y < image.height(); ++y) {
     auto* const line = reinterpret_cast<QRgb*>(image.scanLine(y));
     std::replace(line, line + image.width(), qRgba(0, 0, 0, 255), qRgba(0, 0, 0, 0));

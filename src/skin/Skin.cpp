@@ -9,9 +9,9 @@ namespace {
 
 // A picture whose first pixel is black is no rectangle: all of its black is clear.
 QImage ReadPicture(const std::string& path) {
-  const QImage image = ReadImage(path).convertToFormat(QImage::Format_ARGB32);
+  QImage image = ReadImage(path).convertToFormat(QImage::Format_ARGB32);
   if (image.isNull() || image.pixel(0, 0) != qRgba(0, 0, 0, 255)) return image;
-  return WithoutBlack(image);
+  return WithoutBlack(std::move(image));
 }
 
 }  // namespace

@@ -1,18 +1,27 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QComboBox>
+#include <QFileDialog>
 #include <QLabel>
+#include <QSettings>
 #include <QStandardPaths>
+#include <QTemporaryDir>
 #include <QTest>
+#include <future>
 
 #include "app/Game.h"
 #include "data/Files.h"
+#include "screens/CaveList.h"
+#include "screens/DialogScript.h"
 #include "screens/Folder.h"
 #include "screens/SkinButton.h"
+#include "screens/StartLists.h"
 
 namespace zorik {
 namespace {
 
+using test::DialogScript;
 using test::Folder;
 using test::OneStepCave;
 
@@ -60,11 +69,14 @@ class GameTest : public testing::Test {
   void SetUp() override {
     folder.Collection("a.zk", "Alfa", {OneStepCave("Jedna"), OneStepCave("Druha")});
     std::filesystem::create_directories(folder.Root() + "/Players/Ada");
-    qunsetenv("ZORIK_OPEN");
+    Begin();
+  }
+
+  void Begin() {
     Paths paths = folder.Paths();
     paths.SkinsPath = ZORIK_BUILT_SKINS;
     game = std::make_unique<Game>(paths, settings);
-    ASSERT_EQ(game->Begin(), std::nullopt);
+    game->Begin();
     ASSERT_TRUE(Wait(Shows<FrmStart2>));
   }
 
@@ -72,6 +84,21 @@ class GameTest : public testing::Test {
   static void Press(QWidget* window, Qt::Key key) {
     QTest::qWait(1);
     QTest::keyClick(window, key);
+  }
+  static void Click(QWidget* window, const char* button) {
+    QTest::qWait(1);
+    QTest::mouseClick(window->findChild<QWidget*>(button), Qt::LeftButton);
+  }
+  // A key of a menu.
+  static void Command(QWidget* window, Qt::Key key) {
+    QTest::qWait(1);
+    window->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window));
+    QTest::keyClick(window, key);
+  }
+  static void Close(QWidget* window) {
+    QTest::qWait(1);
+    window->close();
   }
 
   void OpenCollection() const {
@@ -103,7 +130,7 @@ class GameTest : public testing::Test {
   std::string RecordPath() const { return folder.Root() + "/Players/Ada/Alfa - Jedna.zkr"; }
 
   Folder folder;
-  Settings settings{.Speed = 2, .Sound = false};
+  Settings settings{.Speed = 2, .SpeedR = 5, .Sound = false};
   std::unique_ptr<Game> game;
 };
 
@@ -187,13 +214,229 @@ TEST_F(GameTest, SaysThatARecordCannotBePlayedAndStaysWhereItWas) {
   EXPECT_FALSE(Shows<HraWindow>());
 }
 
+TEST_F(GameTest, OpensACollectionAndPlaysACaveByDoubleClicks) {
+  auto* const colls = Screen<FrmStart2>()->findChild<LabelList*>("lblCColl");
+  QTest::qWait(1);
+  QTest::mouseClick(colls, Qt::LeftButton, {}, colls->PlaceOf(0).center());
+  QTest::mouseDClick(colls, Qt::LeftButton, {}, colls->PlaceOf(0).center());
+  ASSERT_TRUE(Wait(Shows<FrmPoSt>));
+  QTest::qWait(1);
+  QTest::mouseDClick(Screen<FrmPoSt>()->findChild<CaveList*>(), Qt::LeftButton, {}, QPoint(50, 8));
+  EXPECT_TRUE(Wait(Shows<HraWindow>));
+  EXPECT_FALSE(Shows<FrmStart2>() || Shows<FrmPoSt>());
+}
+
+TEST_F(GameTest, MarksAWonCaveAndSelectsTheNext) {
+  OpenCollection();
+  Click(Screen<FrmPoSt>(), "play");
+  ASSERT_TRUE(Wait(Shows<HraWindow>));
+  Press(Screen<HraWindow>(), Qt::Key_Right);
+  ReadScores();
+  const auto* const caves = Screen<FrmPoSt>()->findChild<CaveList*>();
+  EXPECT_EQ(caves->Rows()[0].state, CaveState::Solved);
+  EXPECT_GT(caves->Rows()[0].score, 0);
+  EXPECT_EQ(caves->Rows()[1].state, CaveState::Open);
+  EXPECT_EQ(caves->Selected(), 2);
+}
+
+TEST_F(GameTest, LeavesAReplayOfThePlayersOwnForTheCaves) {
+  WinCave();
+  Press(Screen<FrmPoSt>(), Qt::Key_Up);
+  Click(Screen<FrmPoSt>(), "replay");
+  ASSERT_TRUE(Shows<HraWindow>());
+  Close(Screen<HraWindow>());
+  EXPECT_TRUE(Shows<FrmPoSt>());
+  EXPECT_FALSE(Shows<HraWindow>() || Shows<FrmStart2>());
+}
+
+TEST_F(GameTest, PlaysARecordThatIsChosenAndLeavesItForTheStart) {
+  WinCave();
+  Press(Screen<FrmPoSt>(), Qt::Key_Escape);
+  ASSERT_TRUE(Wait(Shows<FrmStart2>));
+  {
+    const DialogScript script = {[this](QWidget& dialog) {
+                                   auto& box = dynamic_cast<QFileDialog&>(dialog);
+                                   box.selectFile(QString::fromStdString(RecordPath()));
+                                   static_cast<QDialog&>(box).accept();
+                                 },
+                                 test::Press(Qt::Key_Return)};
+    Click(Screen<FrmStart2>(), "fingerRePlay");
+    Click(Screen<FrmStart2>(), "play");
+  }
+  ASSERT_TRUE(Shows<HraWindow>());
+  EXPECT_TRUE(Screen<HraWindow>()->windowTitle().endsWith("...přehrávání záznamu"));
+  Close(Screen<HraWindow>());
+  EXPECT_TRUE(Shows<FrmStart2>());
+  EXPECT_FALSE(Shows<HraWindow>() || Shows<FrmPoSt>());
+}
+
+TEST_F(GameTest, SaysThatACollectionCannotBeOpenedAndStaysAtTheStart) {
+  folder.File("Caves/b.zk", "rubbish");
+  Screen<FrmStart2>()->FindColls();
+  Press(Screen<FrmStart2>(), Qt::Key_Down);
+  const BoxReader reader;
+  Press(Screen<FrmStart2>(), Qt::Key_Return);
+  ASSERT_EQ(reader.said.size(), 1);
+  EXPECT_TRUE(reader.said[0].contains("b.zk")) << reader.said[0].toStdString();
+  EXPECT_TRUE(Shows<FrmStart2>());
+  EXPECT_FALSE(Shows<FrmPoSt>());
+}
+
+TEST_F(GameTest, StoresAtItsEndThatTheGameWindowFillsTheScreen) {
+  Click(Screen<FrmStart2>(), "close");
+  const QSettings store(QSettings::IniFormat, QSettings::UserScope, "Ortvan", "Zorik");
+  EXPECT_EQ(store.value("Maximized").toInt(), 1);
+}
+
+TEST_F(GameTest, SpeaksAnotherLanguageInAllScreensAtOnce) {
+  const DialogScript script = {[](QWidget& dialog) {
+    dialog.findChild<QComboBox*>("Combo1")->setCurrentText("English");
+    QTest::keyClick(&dialog, Qt::Key_Escape);
+  }};
+  Click(Screen<FrmStart2>(), "changeskin");
+  EXPECT_EQ(Screen<FrmStart2>()->findChild<QWidget*>("fingerRePlay")->toolTip(), "Replay");
+  EXPECT_TRUE(Screen<FrmSada>()->windowTitle().startsWith("Zorík's collection editor"));
+  EXPECT_EQ(Screen<FrmMain>()->windowTitle(), "Zorík's cave editor");
+  OpenCollection();
+  EXPECT_EQ(Screen<FrmPoSt>()->windowTitle(), "Cave selection");
+}
+
+// In the editors, on the first cave of the collection.
+class GameEditors : public GameTest {
+ protected:
+  void SetUp() override {
+    GameTest::SetUp();
+    Enter();
+  }
+
+  static void Enter() {
+    Click(Screen<FrmStart2>(), "fingerEditor");
+    Click(Screen<FrmStart2>(), "play");
+    ASSERT_TRUE(Wait(Shows<FrmSada>));
+    EXPECT_FALSE(Shows<FrmStart2>());
+    Command(Screen<FrmSada>(), Qt::Key_F4);
+    ASSERT_TRUE(Wait(Shows<FrmMain>));
+    EXPECT_FALSE(Shows<FrmSada>());
+  }
+
+  void TestRun() const {
+    Command(Screen<FrmMain>(), Qt::Key_F5);
+    ASSERT_TRUE(Wait(Shows<HraWindow>));
+    EXPECT_FALSE(Shows<FrmMain>());
+  }
+
+  // Leaves both editors, and keeps nothing.
+  void Leave() const {
+    Command(Screen<FrmMain>(), Qt::Key_Escape);
+    ASSERT_TRUE(Wait(Shows<FrmSada>));
+    EXPECT_FALSE(Shows<FrmMain>());
+    const DialogScript script = {test::Press(Qt::Key_N)};
+    Close(Screen<FrmSada>());
+    ASSERT_TRUE(Wait(Shows<FrmStart2>));
+    EXPECT_FALSE(Shows<FrmSada>());
+  }
+};
+
+TEST_F(GameEditors, LeadBackToTheStartByTheWayThatTheyCame) {
+  Leave();
+}
+
+TEST_F(GameEditors, TryACaveAndComeBackWhenTheGameWindowIsClosed) {
+  TestRun();
+  EXPECT_TRUE(Screen<HraWindow>()->Machine().EditorRun);
+  EXPECT_EQ(Screen<HraWindow>()->windowTitle(), "Zorík - Jedna   ...zkouší Ada");
+  Close(Screen<HraWindow>());
+  EXPECT_TRUE(Wait(Shows<FrmMain>));
+  EXPECT_FALSE(Shows<HraWindow>());
+  Leave();
+}
+
+TEST_F(GameEditors, ComeBackFromATryThatWasWonWhenItsScoreIsRead) {
+  TestRun();
+  Press(Screen<HraWindow>(), Qt::Key_Right);
+  ASSERT_TRUE(Wait(Shows<FrmAnalyze>));
+  Press(Screen<FrmAnalyze>(), Qt::Key_Return);
+  EXPECT_TRUE(Wait([] { return !Shows<FrmAnalyze>() && Shows<FrmMain>(); }));
+  EXPECT_FALSE(Shows<HraWindow>() || Shows<FrmPoSt>());
+}
+
+// A file that the desktop hands to the running game.
+class GameFromOutside : public GameEditors {
+ protected:
+  void SetUp() override { GameTest::SetUp(); }
+
+  // From another thread, as the game must be free to take it.
+  bool HandOverMeanwhile(const std::string& path) const {
+    const QString name = QString::fromStdString(folder.Root() + "/" + path);
+    auto done = std::async(std::launch::async, [&] { return HandOver(name); });
+    while (done.wait_for(std::chrono::milliseconds(0)) != std::future_status::ready) QTest::qWait(5);
+    return done.get();
+  }
+};
+
+TEST_F(GameFromOutside, ACollectionIsOpenedForThePlayer) {
+  folder.Collection("b.zk", "Beta", {OneStepCave("Jedna")});
+  ASSERT_TRUE(HandOverMeanwhile("Caves/b.zk"));
+  ASSERT_TRUE(Wait(Shows<FrmPoSt>));
+  EXPECT_EQ(Screen<FrmPoSt>()->CollectionName(), "Beta");
+  EXPECT_FALSE(Shows<FrmStart2>());
+}
+
+TEST_F(GameFromOutside, ACollectionMayStartTheGame) {
+  game.reset();
+  qputenv(kOpenVariable, QByteArray::fromStdString(folder.Root() + "/Caves/a.zk"));
+  Begin();
+  ASSERT_TRUE(Wait(Shows<FrmPoSt>));
+  EXPECT_EQ(Screen<FrmPoSt>()->CollectionName(), "Alfa");
+  EXPECT_FALSE(qEnvironmentVariableIsSet(kOpenVariable)) << "what the game starts does not inherit it";
+}
+
+TEST_F(GameFromOutside, ACollectionEndsTheRunThatIsPlayed) {
+  PlayCave();
+  folder.Collection("b.zk", "Beta", {OneStepCave("Jedna")});
+  ASSERT_TRUE(HandOverMeanwhile("Caves/b.zk"));
+  ASSERT_TRUE(Wait([] { return Shows<FrmPoSt>() && Screen<FrmPoSt>()->CollectionName() == "Beta"; }));
+  EXPECT_FALSE(Shows<HraWindow>() || Shows<FrmStart2>());
+}
+
+TEST_F(GameFromOutside, ACollectionWaitsUntilTheScoreIsRead) {
+  PlayCave();
+  Press(Screen<HraWindow>(), Qt::Key_Right);
+  ASSERT_TRUE(Wait(Shows<FrmAnalyze>));
+  folder.Collection("b.zk", "Beta", {OneStepCave("Jedna")});
+  ASSERT_TRUE(HandOverMeanwhile("Caves/b.zk"));
+  QTest::qWait(300);
+  ReadScores();
+  EXPECT_TRUE(ReadWhole(RecordPath()));
+  ASSERT_TRUE(Wait([] { return Screen<FrmPoSt>()->CollectionName() == "Beta"; }));
+  EXPECT_TRUE(Shows<FrmPoSt>());
+  EXPECT_FALSE(Shows<FrmStart2>() || Shows<HraWindow>());
+}
+
+TEST_F(GameFromOutside, ACollectionWaitsUntilTheEditorsAreLeft) {
+  Enter();
+  folder.Collection("b.zk", "Beta", {OneStepCave("Jedna")});
+  ASSERT_TRUE(HandOverMeanwhile("Caves/b.zk"));
+  QTest::qWait(500);
+  EXPECT_TRUE(Shows<FrmMain>());
+  EXPECT_FALSE(Shows<FrmPoSt>() || Shows<FrmStart2>());
+  Leave();
+  ASSERT_TRUE(Wait(Shows<FrmPoSt>));
+  EXPECT_EQ(Screen<FrmPoSt>()->CollectionName(), "Beta");
+}
+
 }  // namespace
 }  // namespace zorik
 
+// What it stores, and the place where it takes files from the desktop, are its own.
 int main(int argc, char** argv) {
   testing::InitGoogleTest(&argc, argv);
+  const QTemporaryDir place;
   qputenv("QT_QPA_PLATFORM", "offscreen");
   qputenv("SDL_AUDIODRIVER", "dummy");
+  qputenv("XDG_RUNTIME_DIR", place.path().toLocal8Bit());
+  qunsetenv(zorik::kOpenVariable);
+  QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, place.path());
   QStandardPaths::setTestModeEnabled(true);
   const QApplication application(argc, argv);
   return RUN_ALL_TESTS();

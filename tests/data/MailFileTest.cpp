@@ -3,9 +3,12 @@
 #include <filesystem>
 #include <map>
 
+#include "data/Cp1250.h"
 #include "data/Files.h"
 #include "data/MailFile.h"
+#include "data/RecordFile.h"
 #include "data/Samples.h"
+#include "support/AsNobody.h"
 
 namespace zorik {
 namespace {
@@ -121,6 +124,52 @@ TEST(MailFile, FoldsALineOf150CharactersIntoThree) {
   EXPECT_EQ(Folded(piece + piece + "BCDE\r\n"), piece + "=\r\n" + piece + "=\r\nBCDE\r\n");
 }
 
+// Full lengths have a piece each, and the rest has one of its own though it may be empty.
+TEST(MailFile, FoldsALineOfAnyLengthByFullLengthsAndTheRest) {
+  const std::vector<std::vector<std::size_t>> pieces = {{0},
+                                                        {1},
+                                                        {72},
+                                                        {73},
+                                                        {73, 1},
+                                                        {73, 72},
+                                                        {73, 73, 0},
+                                                        {73, 73, 1},
+                                                        {73, 73, 72},
+                                                        {73, 73, 73, 0},
+                                                        {73, 73, 73, 1}};
+  for (const auto& lengths : pieces) {
+    std::string line, folded;
+    for (std::size_t i = 0; i < lengths.size(); ++i) {
+      const std::string piece(lengths[i], static_cast<char>('A' + i));
+      line += piece;
+      folded += piece + (i + 1 < lengths.size() ? "=\r\n" : "\r\n");
+    }
+    EXPECT_EQ(Folded(line + "\r\n"), folded) << line.size();
+    EXPECT_EQ(Folded(line + "\r\nB\r\n"), folded + "B\r\n") << line.size();
+  }
+}
+
+TEST(MailFile, KeepsTheBytesOfALineAsTheyAre) {
+  for (int start = 0; start < 256; start += 64) {
+    std::string line;
+    for (int code = start; code < start + 64; ++code) line += static_cast<char>(code);
+    EXPECT_EQ(Folded(line + "\r\n"), line + "\r\n") << start;
+  }
+}
+
+TEST(MailFile, HoldsARecordThatTwoCavesShareTwice) {
+  const std::string mail = MailOf({"Kam?", "K:am"}, {{"Sada - Kam.zkr", "X\r\n"}});
+  const std::size_t first = mail.find("------=NP\r\n");
+  ASSERT_NE(first, std::string::npos);
+  EXPECT_NE(mail.find("------=NP\r\n", first + 1), std::string::npos);
+}
+
+TEST(MailFile, HasNoBoundaryBehindItsLastPart) {
+  const std::string mail = MailOf({"a"}, {{"Sada - a.zkr", "X\r\n"}});
+  EXPECT_EQ(mail.find("------=NP"), mail.rfind("------=NP"));
+  EXPECT_TRUE(mail.ends_with("\r\n\r\nX\r\n"));
+}
+
 TEST(MailFile, EndsALastLineThatHasNoEnd) {
   EXPECT_EQ(Folded("AAA\r\nBB"), "AAA\r\nBB\r\n");
 }
@@ -153,6 +202,33 @@ TEST_F(MailInFolder, IsWrittenIntoThePlayersFolderInPlaceOfTheOldOne) {
   const std::string mail = *ReadWhole(*path);
   EXPECT_EQ(mail.find(kHead), 0U);
   EXPECT_TRUE(mail.ends_with("\r\n\r\nAAA\r\n")) << mail;
+}
+
+TEST_F(MailInFolder, HasTheWholeNameOfARecordWhoseFileHasAShorterOne) {
+  const std::string cave(190, '\xE1');
+  const std::string name = RecordFileName("Sada", cave);
+  ASSERT_NE(FileSystemName(name), ToUtf8(name));
+  ASSERT_TRUE(WriteWhole(root_ + "/" + FileSystemName(name), "AAA\r\n"));
+  const auto path = WriteMail(CollectionOf({cave}), root_);
+  ASSERT_TRUE(path);
+  EXPECT_NE(ReadWhole(*path)->find("filename=\"" + URLEncode(name) + "\"\r\n\r\nAAA\r\n"), std::string::npos);
+}
+
+TEST_F(MailInFolder, MakesThePlayersFolderAnew) {
+  const auto path = WriteMail(CollectionOf({"a"}), root_ + "/Ada");
+  ASSERT_TRUE(path);
+  EXPECT_EQ(*ReadWhole(*path), kHead);
+}
+
+TEST_F(MailInFolder, LeavesTheOldOneInAFolderThatMayNotBeWritten) {
+  ASSERT_TRUE(WriteWhole(root_ + "/temp.eml", "old"));
+  fs::permissions(root_, fs::perms(0555));
+  {
+    const test::AsNobody nobody;
+    EXPECT_FALSE(WriteMail(CollectionOf({"a"}), root_));
+  }
+  fs::permissions(root_, fs::perms(0755));
+  EXPECT_EQ(*ReadWhole(root_ + "/temp.eml"), "old");
 }
 
 TEST_F(MailInFolder, NamesTheFileWhenItCannotBeWritten) {

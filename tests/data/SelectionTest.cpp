@@ -1,5 +1,9 @@
 #include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
+#include <csignal>
 #include <filesystem>
 #include <vector>
 
@@ -8,6 +12,7 @@
 #include "data/Samples.h"
 #include "data/Scramble.h"
 #include "data/Selection.h"
+#include "support/AsNobody.h"
 
 namespace zorik {
 namespace {
@@ -231,7 +236,7 @@ TEST_F(SelectionTest, FindsARecordWhateverItsLetterCase) {
 TEST_F(SelectionTest, FindsTheRecordThatItHasStoredWhenItIsOpenedAgain) {
   Write({"a", "b"});
   Selection selection = Open();
-  ASSERT_TRUE(selection.StoreRecord(RecordOf("a", 33), 33));
+  ASSERT_TRUE(selection.StoreRecord(RecordOf("a", 33)));
   const Selection again = Open();
   EXPECT_EQ(States(again), "21");
   EXPECT_EQ(again.Score(1), 33);
@@ -241,7 +246,7 @@ TEST_F(SelectionTest, MakesThePlayersFolderAnewForARecord) {
   Write({"a"});
   Selection selection = Open();
   fs::remove_all(Folder());
-  ASSERT_TRUE(selection.StoreRecord(RecordOf("a", 33), 33));
+  ASSERT_TRUE(selection.StoreRecord(RecordOf("a", 33)));
   EXPECT_TRUE(fs::exists(selection.RecordPath()));
 }
 
@@ -258,20 +263,137 @@ TEST_F(SelectionTest, ComparesWithTheRecordThatWasStoredLast) {
   Write({"a"});
   Record("a", 100);
   Selection selection = Open();
-  ASSERT_TRUE(selection.StoreRecord(RecordOf("a", 60), 60));
+  ASSERT_TRUE(selection.StoreRecord(RecordOf("a", 60)));
   EXPECT_TRUE(selection.JeLepsi(60));
+  EXPECT_FALSE(selection.JeLepsi(59));
 }
 
-TEST_F(SelectionTest, KeepsTheOldRecordWhenTheNewOneCannotBeWritten) {
+TEST_F(SelectionTest, ComparesWithTheRecordThatAnotherRunningGameHasStoredMeanwhile) {
+  Write({"a", "b"});
+  Selection selection = Open();
+  Record("a", 500);
+  EXPECT_FALSE(selection.JeLepsi(499));
+  EXPECT_TRUE(selection.JeLepsi(500));
+  EXPECT_EQ(States(selection), "10") << "the list stays as it is until the collection is opened again";
+}
+
+TEST_F(SelectionTest, LeavesTheOldRecordWhenTheDiskIsFull) {
   Write({"a"});
   Record("a", 10);
-  Selection selection = Open();
-  const std::string path = selection.RecordPath();
-  fs::remove_all(Folder());
-  ASSERT_TRUE(WriteWhole(Folder(), "a file in the place of the folder"));
-  EXPECT_FALSE(selection.StoreRecord(RecordOf("a", 20), 20));
-  EXPECT_TRUE(selection.JeLepsi(10)) << "what is stored has not changed";
+  const Selection selection = Open();
+  const std::string old = *ReadWhole(selection.RecordPath());
+  rlimit before = {};
+  ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &before), 0);
+  const auto handler = signal(SIGXFSZ, SIG_IGN);
+  rlimit small = before;
+  small.rlim_cur = 20;
+  ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
+  const Result<Done> stored = selection.StoreRecord(RecordOf("a", 20));
+  ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &before), 0);
+  signal(SIGXFSZ, handler);
+  EXPECT_FALSE(stored);
+  EXPECT_EQ(*ReadWhole(selection.RecordPath()), old);
+  EXPECT_EQ(std::distance(fs::directory_iterator(Folder()), fs::directory_iterator()), 1);
+  EXPECT_TRUE(selection.JeLepsi(10));
   EXPECT_FALSE(selection.JeLepsi(9));
+}
+
+TEST_F(SelectionTest, LeavesTheOldRecordInAFolderThatMayNotBeWritten) {
+  Write({"a"});
+  Record("a", 10);
+  const Selection selection = Open();
+  const std::string old = *ReadWhole(selection.RecordPath());
+  fs::permissions(root_, fs::perms(0755));
+  fs::permissions(Folder(), fs::perms(0555));
+  {
+    const test::AsNobody nobody;
+    EXPECT_FALSE(selection.StoreRecord(RecordOf("a", 20)));
+  }
+  fs::permissions(Folder(), fs::perms(0755));
+  EXPECT_EQ(*ReadWhole(selection.RecordPath()), old);
+}
+
+TEST_F(SelectionTest, ReplacesARecordThatMayNotBeWritten) {
+  Write({"a"});
+  Record("a", 10);
+  const Selection selection = Open();
+  fs::permissions(selection.RecordPath(), fs::perms(0444));
+  ASSERT_TRUE(selection.StoreRecord(RecordOf("a", 20)));
+  EXPECT_EQ(*ReadWhole(selection.RecordPath()), RecordOf("a", 20));
+}
+
+TEST_F(SelectionTest, StoresNothingWhereAFileStandsInThePlaceOfTheFolder) {
+  Write({"a"});
+  const Selection selection = Open();
+  fs::remove_all(Folder());
+  ASSERT_TRUE(WriteWhole(Folder(), "a file"));
+  EXPECT_FALSE(selection.StoreRecord(RecordOf("a", 20)));
+  EXPECT_EQ(*ReadWhole(Folder()), "a file");
+}
+
+TEST_F(SelectionTest, StoresNothingWhereThePathIsTooLong) {
+  Write({"a"});
+  std::string folder = root_;
+  for (int i = 0; i < 30; ++i) folder += "/" + std::string(200, 'x');
+  const auto selection = Selection::LoadColl(File(), "Ada", folder);
+  ASSERT_TRUE(selection);
+  EXPECT_FALSE(selection->StoreRecord(RecordOf("a", 20)));
+}
+
+TEST_F(SelectionTest, LeavesTheOldOrTheNewRecordWhenItIsKilled) {
+  constexpr int kTries = 30;
+  constexpr int kMostTries = 200;  // on a disk that is so slow that nothing has been written by then
+  Write({"a", "b"});
+  const Selection selection = Open();
+  // A run so long that it is killed within its writing, too.
+  std::string moves;
+  for (int i = 0; i < 40000; ++i) moves += "AAfBAAAA\r\n";
+  const auto recordOf = [&](int score) { return RecordOf("a", score) + moves; };
+  ASSERT_TRUE(selection.StoreRecord(recordOf(0)));
+  int last = 0;
+  int replaced = 0;
+  for (int i = 1; i <= kTries || (replaced == 0 && i <= kMostTries); ++i) {
+    const std::string record = recordOf(i);
+    const pid_t child = fork();
+    if (child == 0) {
+      for (;;) static_cast<void>(selection.StoreRecord(record));
+    }
+    usleep(static_cast<useconds_t>(500 + i * 500));
+    kill(child, SIGKILL);
+    waitpid(child, nullptr, 0);
+    const std::string found = *ReadWhole(selection.RecordPath());
+    ASSERT_TRUE(found == record || found == recordOf(last)) << i;
+    if (found == record) last = i;
+    replaced += found == record ? 1 : 0;
+  }
+  EXPECT_GT(replaced, 0) << "none came to writing";
+  const Selection again = Open();
+  EXPECT_EQ(States(again), "21");
+  EXPECT_EQ(again.Score(1), last);
+}
+
+TEST_F(SelectionTest, FindsAWholeRecordWhileTwoGamesStoreTheirs) {
+  Write({"a"});
+  const Selection selection = Open();
+  const std::string moves(200000, 'A');
+  const std::string records[] = {RecordOf("a", 1) + moves, RecordOf("a", 2) + moves};
+  ASSERT_TRUE(selection.StoreRecord(records[0]));
+  std::vector<pid_t> games;
+  for (const std::string& record : records) {
+    games.push_back(fork());
+    if (games.back() == 0) {
+      for (;;) static_cast<void>(selection.StoreRecord(record));
+    }
+  }
+  for (int i = 0; i < 60; ++i) {
+    usleep(3000);
+    const std::string found = *ReadWhole(selection.RecordPath());
+    EXPECT_TRUE(found == records[0] || found == records[1]) << i;
+  }
+  for (const pid_t game : games) {
+    kill(game, SIGKILL);
+    waitpid(game, nullptr, 0);
+  }
 }
 
 TEST_F(SelectionTest, PutsThePointsIntoTheCongratulationWhereverItSaysSo) {

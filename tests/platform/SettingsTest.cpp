@@ -1,9 +1,15 @@
 #include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
+#include <QLockFile>
 #include <QSettings>
+#include <csignal>
 
 #include "platform/Settings.h"
 
@@ -75,6 +81,94 @@ TEST_F(SettingsTest, AStoreThatIsGarbageGivesTheDefaults) {
   garbage.write(QByteArray("\x00\xFF[[[=%%%\n\nSpeed=many\n", 22));
   garbage.close();
   EXPECT_EQ(FindSett(), Settings());
+}
+
+// What is on the disk, as bytes.
+QByteArray StoreBytes() {
+  QFile store(IniStore("Zorik2").fileName());
+  EXPECT_TRUE(store.open(QIODevice::ReadOnly));
+  return store.readAll();
+}
+
+const Settings kSlow{.Speed = 10, .SpeedR = 9, .Sound = false, .Joystick = true, .NoSurprise = true};
+
+TEST_F(SettingsTest, AreTheOldOrTheNewOnesWhenTheGameIsKilledWhileItStoresThem) {
+  constexpr int kTries = 40;
+  constexpr int kMostTries = 200;  // on a disk that is so slow that nothing has been written by then
+  const Settings fast;
+  StoreSett(kSlow);
+  const QByteArray slowBytes = StoreBytes();
+  StoreSett(fast);
+  const QByteArray fastBytes = StoreBytes();
+  ASSERT_NE(slowBytes, fastBytes);
+  int killedAt[2] = {};
+  for (int i = 1; i <= kTries || (killedAt[0] == 0 && i <= kMostTries); ++i) {
+    const pid_t child = fork();
+    if (child == 0) {
+      for (;;) {
+        StoreSett(kSlow);
+        StoreSett(fast);
+      }
+    }
+    usleep(static_cast<useconds_t>(1000 + i * 300));
+    kill(child, SIGKILL);
+    waitpid(child, nullptr, 0);
+    const QByteArray bytes = StoreBytes();
+    ASSERT_TRUE(bytes == slowBytes || bytes == fastBytes) << bytes.toStdString();
+    ++killedAt[bytes == slowBytes ? 0 : 1];
+  }
+  EXPECT_GT(killedAt[0], 0) << "none came to writing";
+  StoreSett(kSlow);
+  EXPECT_EQ(FindSett(), kSlow) << "what a killed game has left stands in nobody's way";
+}
+
+TEST_F(SettingsTest, AreStoredAtOnceThoughAKilledGameHasLeftALock) {
+  for (const char* name : {"Zorik", "Zorik2"}) {
+    const QString file = IniStore(name).fileName();
+    QDir().mkpath(QFileInfo(file).path());
+    QFile lock(file + ".lock");
+    ASSERT_TRUE(lock.open(QIODevice::WriteOnly));
+  }
+  QElapsedTimer clock;
+  clock.start();
+  StoreSett(kSlow);
+  StorePosledniHrac(3);
+  EXPECT_LT(clock.elapsed(), 5000) << "an empty lock is waited for half a minute";
+  EXPECT_EQ(FindSett(), kSlow);
+  EXPECT_EQ(ReadPosledniHrac(), 3);
+}
+
+TEST_F(SettingsTest, AreStoredWhenTheGameThatIsStoringThemHasDone) {
+  QDir().mkpath(QFileInfo(IniStore("Zorik2").fileName()).path());
+  QLockFile other(IniStore("Zorik2").fileName() + ".lock");
+  ASSERT_TRUE(other.lock());
+  const pid_t child = fork();
+  if (child == 0) {
+    StoreSett(kSlow);
+    _exit(0);
+  }
+  usleep(100000);
+  int status = 0;
+  EXPECT_EQ(waitpid(child, &status, WNOHANG), 0) << "it has not waited";
+  other.unlock();
+  waitpid(child, &status, 0);
+  EXPECT_EQ(FindSett(), kSlow);
+}
+
+TEST_F(SettingsTest, StayAsTheyWereWhenTheDiskIsFull) {
+  StoreSett(kSlow);
+  const QByteArray before = StoreBytes();
+  const pid_t child = fork();
+  if (child == 0) {
+    signal(SIGXFSZ, SIG_IGN);
+    const rlimit most{10, 10};
+    setrlimit(RLIMIT_FSIZE, &most);
+    StoreSett(Settings());
+    _exit(0);
+  }
+  waitpid(child, nullptr, 0);
+  EXPECT_EQ(StoreBytes(), before);
+  EXPECT_EQ(FindSett(), kSlow);
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <QPainter>
 #include <QSignalSpy>
 #include <QTest>
 #include <QWheelEvent>
@@ -63,6 +64,46 @@ TEST_F(CaveListTest, DrawsFrameGroundAndSelection) {
   EXPECT_EQ(image.pixelColor(100, 1), QColor(0, 255, 255)) << "the border of the selected row";
   EXPECT_EQ(image.pixelColor(100, 14), QColor(0, 255, 255));
   EXPECT_EQ(image.pixelColor(100, 16), QColor(16, 16, 16));
+}
+
+// What a row shows is drawn once more beside it, by the letters of the list.
+TEST_F(CaveListTest, WritesTwoDigitsOfTheNumberAndFiveOfTheScore) {
+  Show(3);
+  list_.SetRows({{"", 0, CaveState::Open}, {"", 7, CaveState::Open}, {"", 54321, CaveState::Open}});
+  const QImage image = list_.grab().toImage().convertToFormat(QImage::Format_RGB32);
+  const std::vector<std::pair<QString, QString>> expected = {{"02", "00007"}, {"03", "54321"}};
+  int number = 2;
+  for (const auto& [digits, score] : expected) {
+    const QRect row(1, 1 + 14 * (number++ - 1), 198, 14);
+    QImage drawn(list_.size(), QImage::Format_RGB32);
+    drawn.fill(QColor(16, 16, 16));
+    QPainter painter(&drawn);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setFont(list_.font());
+    painter.setPen(Qt::white);
+    painter.drawText(row.adjusted(6, 0, -6, 0), Qt::AlignLeft | Qt::AlignVCenter, digits);
+    painter.drawText(row.adjusted(6, 0, -6, 0), Qt::AlignRight | Qt::AlignVCenter, score);
+    painter.end();
+    EXPECT_EQ(image.copy(row), drawn.copy(row)) << score.toStdString();
+  }
+}
+
+TEST_F(CaveListTest, TellsWhichRowIsOpenedByADoubleClickOfTheLeftButton) {
+  Show(10);
+  QSignalSpy opened(&list_, &CaveList::CaveDoubleClicked);
+  QTest::mouseDClick(&list_, Qt::RightButton, {}, QPoint(50, 1 + 14 + 3));
+  QTest::mouseDClick(&list_, Qt::LeftButton, {}, QPoint(50, 0));
+  EXPECT_EQ(opened.size(), 0);
+  QTest::mouseDClick(&list_, Qt::LeftButton, {}, QPoint(50, 1 + 14 + 3));
+  ASSERT_EQ(opened.size(), 1);
+  EXPECT_EQ(opened.front().front().toInt(), 2);
+}
+
+TEST_F(CaveListTest, ScrollsBackToWhatThereIsWhenItGetsFewerRows) {
+  Show(40);
+  list_.Select(40);
+  list_.SetRows({{"c1", 1, CaveState::Open}});
+  EXPECT_EQ(list_.Top(), 0);
 }
 
 TEST_F(CaveListTest, ScrollsNowhereWhileAllFits) {

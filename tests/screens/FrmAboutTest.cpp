@@ -82,6 +82,20 @@ TEST_F(FrmAboutTest, TellsThatNothingOpensALink) {
   QTest::qWait(300);
 }
 
+TEST_F(FrmAboutTest, IsWalkedThroughWithTheKeysAlone) {
+  Open("Viz https://example.org/a nebo jan@example.org.");
+  const test::DesktopStandIn desktop(0);
+  const DialogScript script = {[&](QWidget& dialog) {
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+    for (int i = 0; i < 2; ++i) QTest::keyClick(dialog.windowHandle(), Qt::Key_Tab);
+    QTest::keyClick(dialog.windowHandle(), Qt::Key_Return);
+    EXPECT_EQ(desktop.Opened(), "mailto:jan@example.org") << "the second link";
+    EXPECT_TRUE(dialog.isVisible());
+    QTest::keyClick(dialog.windowHandle(), Qt::Key_Escape);
+  }};
+  window_->exec();
+}
+
 TEST_F(FrmAboutTest, OkEnterAndEscCloseIt) {
   Open("x");
   const DialogScript script = {test::Press(Qt::Key_Return), test::Press(Qt::Key_Escape), [](QWidget& dialog) {

@@ -79,6 +79,34 @@ TEST_F(FrmAnalyzeTest, StaysWhenItsSecondsAreClicked) {
   EXPECT_EQ(closed_.size(), 1);
 }
 
+TEST_F(FrmAnalyzeTest, GoesOnCountingWhenAnythingElseIsClicked) {
+  Open(3);
+  for (const char* name : {"Label2", "Label3"}) QTest::mouseClick(&Label(name), Qt::LeftButton);
+  QTest::mouseClick(&window_, Qt::LeftButton, {}, QPoint(20, 20));
+  QTest::keyClick(&window_, Qt::Key_A);
+  EXPECT_TRUE(Timer().isActive());
+  EXPECT_TRUE(window_.isVisible());
+}
+
+// The keys by which he has played are still held when a player wins.
+TEST_F(FrmAnalyzeTest, DoesNotCloseByAKeyThatIsHeldSinceBefore) {
+  Open(0);
+  for (const int key : {Qt::Key_Space, Qt::Key_Return}) {
+    QKeyEvent held(QEvent::KeyPress, key, {}, QString(), true);
+    QApplication::sendEvent(&window_, &held);
+  }
+  EXPECT_TRUE(window_.isVisible());
+  EXPECT_EQ(closed_.size(), 0);
+}
+
+TEST_F(FrmAnalyzeTest, ClosesOnceOnly) {
+  Open(1);
+  QTest::keyClick(&window_, Qt::Key_Return);
+  Second();
+  QTest::keyClick(&window_, Qt::Key_Space);
+  EXPECT_EQ(closed_.size(), 1);
+}
+
 TEST_F(FrmAnalyzeTest, WaitsForThePlayerWithoutSeconds) {
   Open(3);
   Second();
@@ -120,6 +148,18 @@ TEST_F(FrmAnalyzeTest, HasFiguresOfOneWidth) {
   for (const char* figure : {"1", "·", "+", " "}) {
     EXPECT_EQ(metrics.horizontalAdvance(figure), metrics.horizontalAdvance("0")) << figure;
   }
+}
+
+TEST(FrmAnalyzeSkin, GivesTheWindowItsSizeAndTheButtonItsPlace) {
+  test::TestSkin skin;
+  skin.Data("score:\r\nimage=score\r\nok.image=ok\r\nok.left=17\r\nok.top=29\r\n");
+  skin.Picture("score", test::Strips({Qt::darkCyan}, QSize(530, 231)));
+  skin.Picture("ok", test::Strips(test::kLooks, QSize(40, 20)));
+  skin.Wear();
+  FrmAnalyze window(skin.Skin());
+  window.Open();
+  EXPECT_EQ(window.size(), QSize(530, 231));
+  EXPECT_EQ(window.findChild<SkinButton*>("ok")->geometry(), QRect(17, 29, 40, 20));
 }
 
 }  // namespace

@@ -24,31 +24,11 @@ class FrmDialog3Test : public testing::Test {
   void SetUp() override {
     skin_.Picture("newplayer", test::Strips({Qt::darkBlue}, {360, 160}));
     for (const char* name : {"ok", "cancel"}) skin_.Picture(name, test::Strips(test::kLooks, {80, 32}));
-    Wear({});
-  }
-
-  // The usual keys; those of the other map go before them.
-  void Wear(const std::map<std::string, std::string>& changed) {
-    std::map<std::string, std::string> keys = changed;
-    keys.insert({{"text", "Nový hráč"},
-                 {"image", "newplayer"},
-                 {"width", "360"},
-                 {"height", "160"},
-                 {"name.left", "40"},
-                 {"name.top", "60"},
-                 {"name.width", "280"},
-                 {"name.height", "24"},
-                 {"name.color", "FFF8E0"},
-                 {"name.textcolor", "402000"},
-                 {"ok.image", "ok"},
-                 {"ok.left", "95"},
-                 {"ok.top", "104"},
-                 {"close.image", "cancel"},
-                 {"close.left", "185"},
-                 {"close.top", "104"}});
-    std::string lines = "addplayer:\n";
-    for (const auto& [key, value] : keys) lines += key + "=" + value + "\n";
-    skin_.Data(lines);
+    skin_.Data(
+        "addplayer:\ntext=Nový hráč\nimage=newplayer\nwidth=360\nheight=160\n"
+        "name.left=40\nname.top=60\nname.width=280\nname.height=24\nname.color=FFF8E0\nname.textcolor="
+        "402000\n"
+        "ok.image=ok\nok.left=95\nok.top=104\nclose.image=cancel\nclose.left=185\nclose.top=104\n");
     skin_.Wear();
   }
 
@@ -137,33 +117,6 @@ TEST_F(FrmDialog3Test, LiesWhereTheSkinSays) {
   EXPECT_EQ(Text1(window).geometry(), QRect(40, 60, 280, 24));
   EXPECT_EQ(Part(window, "ok").geometry(), QRect(95, 104, 80, 32));
   EXPECT_EQ(Part(window, "close").geometry(), QRect(185, 104, 80, 32));
-}
-
-TEST_F(FrmDialog3Test, EveryKeyHasItsEffect) {
-  const auto look = [this] {
-    FrmDialog3 window(skin_.Skin(), nullptr);
-    Text1(window).setText("Adam");
-    QString places = window.windowTitle();
-    for (const QWidget* const part : window.findChildren<QWidget*>()) {
-      const QRect box = part->geometry();
-      places += QString(" %1,%2,%3,%4").arg(box.left()).arg(box.top()).arg(box.width()).arg(box.height());
-    }
-    return std::pair(window.grab().toImage(), places);
-  };
-  skin_.Picture("other", test::Strips(test::kLooks, {60, 20}));
-  const auto usual = look();
-  for (const char* key : {"text", "image", "width", "height", "name.left", "name.top", "name.width",
-                          "name.height", "name.color", "name.textcolor", "ok.image", "ok.left", "ok.top",
-                          "close.image", "close.left", "close.top"}) {
-    const std::string name = key;
-    Wear({{name, name.ends_with("image")   ? "other"
-                 : name.ends_with("color") ? "3040F0"
-                 : name == "text"          ? "Jinak"
-                                           : "77"}});
-    EXPECT_NE(look(), usual) << key;
-  }
-  Wear({});
-  EXPECT_EQ(look(), usual);
 }
 
 }  // namespace

@@ -93,7 +93,10 @@ TEST_F(FrmLoadingTest, SwallowsWhatThePlayerDoesMeanwhile) {
 TEST_F(FrmLoadingTest, LetsAQuestionBeAnswered) {
   FrmLoading notice(skin_.Skin());
   const BusyNotice busy(notice);
-  const test::InDialog inside([](QWidget& dialog) { QTest::keyClick(&dialog, Qt::Key_Y); });
+  const test::InDialog inside([&notice](QWidget& dialog) {
+    EXPECT_FALSE(notice.isVisible()) << "it would stand above the question";
+    QTest::keyClick(&dialog, Qt::Key_Y);
+  });
   EXPECT_TRUE(Ask(skin_.Skin(), nullptr, "", "Try again?"));
   EXPECT_TRUE(inside.Opened());
 }

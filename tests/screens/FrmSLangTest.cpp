@@ -98,6 +98,34 @@ TEST_F(FrmSLangTest, TheAuthorsWordsAreShownWithAnInformationIcon) {
   Button("Command1").click();
 }
 
+TEST_F(FrmSLangTest, TheTabKeyGoesFromTheSkinsToTheAuthorAndToTheEnd) {
+  ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
+  const std::vector<QWidget*> order = {&Combo1(), &Button("Command1"), &Button("Command2"), &Combo1()};
+  for (QWidget* const part : order) {
+    EXPECT_EQ(QApplication::focusWidget(), part) << part->objectName().toStdString();
+    QTest::keyClick(window_->windowHandle(), Qt::Key_Tab);
+  }
+}
+
+TEST_F(FrmSLangTest, ArrowsChooseASkin) {
+  QTest::keyClick(&Combo1(), Qt::Key_Down);
+  EXPECT_EQ(FindSett().Skin, "English");
+  QTest::keyClick(&Combo1(), Qt::Key_Up);
+  EXPECT_EQ(FindSett().Skin, "Default");
+}
+
+TEST_F(FrmSLangTest, EnterAndSpacePressTheButtonThatHasTheFocus) {
+  for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Space}) {
+    const DialogScript script = {Box("Zorík", "Autor:\nNikdo")};
+    Button("Command1").setFocus();
+    QTest::keyClick(&Button("Command1"), key);
+  }
+  EXPECT_TRUE(window_->isVisible());
+  Combo1().setFocus();
+  QTest::keyClick(&Combo1(), Qt::Key_Return);
+  EXPECT_FALSE(window_->isVisible()) << "elsewhere it is the closing button's";
+}
+
 TEST_F(FrmSLangTest, TheLastButtonEnterAndEscCloseTheWindow) {
   const std::vector<std::function<void()>> ways = {
       [this] { Button("Command2").click(); },

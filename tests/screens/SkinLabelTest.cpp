@@ -1,7 +1,11 @@
 #include <gtest/gtest.h>
 
+#include <QHelpEvent>
+#include <QLabel>
 #include <QSignalSpy>
 #include <QTest>
+#include <QTextDocumentFragment>
+#include <QToolTip>
 
 #include "screens/SkinLabel.h"
 
@@ -40,6 +44,25 @@ class SkinLabelTest : public testing::Test {
     QApplication::sendEvent(&label_, &event);
   }
 
+  // What appears while the pointer rests on it: all that is written there, and its widget.
+  struct Hint {
+    QString text;
+    int width = 0;
+  };
+  Hint Rest() {
+    QHelpEvent event(QEvent::ToolTip, QPoint(5, 5), label_.mapToGlobal(QPoint(5, 5)));
+    QApplication::sendEvent(&label_, &event);
+    Hint hint;
+    for (QWidget* const widget : QApplication::topLevelWidgets()) {
+      auto* const shown = qobject_cast<QLabel*>(widget);
+      if (shown == nullptr || !shown->isVisible() || !widget->inherits("QTipLabel")) continue;
+      hint.text = QTextDocumentFragment::fromHtml(shown->text()).toPlainText();
+      hint.width = shown->width();
+    }
+    QToolTip::hideText();
+    return hint;
+  }
+
   SkinLabel label_{nullptr};
 };
 
@@ -75,6 +98,33 @@ TEST_F(SkinLabelTest, ShowsAllOfATextThatFindsNoRoomAsAHint) {
   EXPECT_EQ(label_.toolTip(), text);
   label_.SetText("Krátký");
   EXPECT_EQ(label_.toolTip(), "");
+}
+
+TEST_F(SkinLabelTest, ShowsALongHintInLines) {
+  const QString text = QString("Slovo ").repeated(60).trimmed();
+  label_.SetText(text);
+  const Hint hint = Rest();
+  EXPECT_EQ(QString(hint.text).replace('\n', ' '), text);
+  EXPECT_GT(hint.text.count('\n'), 1);
+  EXPECT_LT(hint.width, 480);
+}
+
+TEST_F(SkinLabelTest, BreaksAHintWithoutABlankToo) {
+  const QString path = "/home/" + QString("x").repeated(400);
+  label_.SetHint(path);
+  const Hint hint = Rest();
+  EXPECT_EQ(QString(hint.text).remove('\n'), path);
+  EXPECT_LT(hint.width, 480);
+}
+
+TEST_F(SkinLabelTest, ShowsMarkupInAHintAsItIsWritten) {
+  label_.SetHint("/home/<b>tom</b> & <i>");
+  EXPECT_EQ(Rest().text, "/home/<b>tom</b> & <i>");
+}
+
+TEST_F(SkinLabelTest, ShowsNoHintThatItDoesNotHave) {
+  label_.SetText("Krátký");
+  EXPECT_EQ(Rest().text, "");
 }
 
 TEST_F(SkinLabelTest, PrefersItsOwnHint) {

@@ -87,6 +87,18 @@ TEST_F(SkinWindowTest, TakesTheShapeOfItsNextPicture) {
   EXPECT_TRUE(window_.mask().contains(QPoint(50, 20)));
 }
 
+TEST_F(SkinWindowTest, ShowsAPictureThatIsLaidOverItsOwnWithinItsShape) {
+  Show(Disc());
+  const QRegion shape = window_.mask();
+  window_.Surface().LayOver(test::Strips({Qt::blue}, {200, 30}));
+  EXPECT_EQ(window_.size(), Disc().size());
+  EXPECT_EQ(window_.mask(), shape);
+  const QImage grabbed = Grabbed();
+  EXPECT_EQ(grabbed.pixelColor(60, 20), QColor(Qt::blue));
+  EXPECT_EQ(grabbed.pixelColor(60, 70), QColor(Qt::red));
+  EXPECT_EQ(grabbed.pixelColor(2, 2).alpha(), 0);
+}
+
 TEST_F(SkinWindowTest, IsAPlainBoxWithoutAPicture) {
   window_.resize(80, 60);
   Show(QImage());

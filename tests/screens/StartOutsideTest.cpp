@@ -2,6 +2,7 @@
 #include <QPushButton>
 
 #include "screens/StartScreen.h"
+#include "support/AsNobody.h"
 #include "support/DesktopStandIn.h"
 
 namespace zorik {
@@ -69,6 +70,24 @@ TEST_F(StartOutside, TheSourceIsDeletedWhenThePlayerLikes) {
   EXPECT_TRUE(QFile::exists(At("Caves/x.zk")));
 }
 
+TEST_F(StartOutside, ASourceThatCannotBeDeletedIsTold) {
+  namespace fs = std::filesystem;
+  const QString path = Foreign("x.zk", "Cizí");
+  const std::string root = folder_.Root();
+  fs::permissions(root, fs::perms::group_exec | fs::perms::others_exec, fs::perm_options::add);
+  fs::permissions(root + "/Caves", fs::perms::all, fs::perm_options::add);
+  const DialogScript script = {Copy(Qt::Key_Y), Delete(Qt::Key_Y),
+                               Box("Text 99", "Soubor se nepodařilo vymazat:\n" + path)};
+  fs::permissions(root + "/jinde", fs::perms::owner_write, fs::perm_options::remove);
+  {
+    const test::AsNobody nobody;
+    start_->AnotherColl(path);
+  }
+  fs::permissions(root + "/jinde", fs::perms::owner_write, fs::perm_options::add);
+  EXPECT_TRUE(QFile::exists(path));
+  EXPECT_EQ(opened_->at(0), (QVariantList{At("Caves/x.zk"), "Adam"}));
+}
+
 TEST_F(StartOutside, ACollectionThatIsNotCopiedIsOpenedWhereItLies) {
   const QString path = Foreign("x.zk", "Cizí");
   const DialogScript script = {Copy(Qt::Key_N)};
@@ -134,6 +153,15 @@ TEST_F(StartOutside, AFileFromTheDesktopWaitsForTheDialogThatIsOpen) {
   }};
   Click("addplayer");
   EXPECT_TRUE(QTest::qWaitFor([this] { return played_->count() == 1; }));
+}
+
+TEST_F(StartOutside, AFileFromTheDesktopWaitsWhileAnotherScreenIsThere) {
+  start_->hide();
+  start_->OpenFromOutside(At("Caves/a.zk"));
+  QTest::qWait(300);
+  EXPECT_EQ(opened_->count(), 0);
+  start_->show();
+  EXPECT_TRUE(QTest::qWaitFor([this] { return opened_->count() == 1; }));
 }
 
 TEST_F(StartOutside, HelpIsOpenedByTheDesktop) {

@@ -164,6 +164,33 @@ TEST_F(WinFlowTest, AsksBeforeItReplacesABetterRecord) {
   }
 }
 
+TEST_F(WinFlowTest, AsksBeforeItReplacesABetterRecordThatAnotherGameHasStoredMeanwhile) {
+  Start({"a"});
+  Record(1, 700);
+  Win(1);
+  const InDialog question([](QWidget& box) { QTest::keyClick(&box, Qt::Key_N); });
+  CloseScore();
+  EXPECT_TRUE(question.Opened());
+  RecordLines lines(*ReadWhole(RecordPath(1)));
+  EXPECT_EQ(ReadRecordHead(lines).Score, 700);
+}
+
+TEST_F(WinFlowTest, ReplacesARecordOfAnotherCaveOrOfGarbageWithoutAQuestion) {
+  for (const char* bytes : {"garbage", "", "\r\n\r\n\r\n"}) {
+    Collection({"a", "b"});
+    ASSERT_TRUE(WriteWhole(RecordPath(1), bytes));
+    Begin();
+    EXPECT_EQ(Text("lblTotal"), "00000");
+    Win(1);
+    const InDialog question([](QWidget& box) { box.close(); });
+    CloseScore();
+    EXPECT_FALSE(question.Opened()) << bytes;
+    RecordLines lines(*ReadWhole(RecordPath(1)));
+    EXPECT_EQ(ReadRecordHead(lines).Score, points_);
+    CloseScore();
+  }
+}
+
 TEST_F(WinFlowTest, AsksAgainWhileTheBetterRecordStands) {
   Collection({"a"});
   Record(1, 700);
@@ -240,6 +267,7 @@ TEST_F(WinFlowTest, StoresATestAmongTheRecordsOfNoPlayerAndLeadsToTheEditor) {
 TEST_F(WinFlowTest, TellsWhenATestCannotBeStored) {
   Start({"a"});
   std::filesystem::remove_all(folder.Root() + "/Replays");
+  ASSERT_TRUE(WriteWhole(folder.Root() + "/Replays", "no folder"));
   Win(1, RunKind::Test);
   QString text;
   const InDialog message([&](QWidget& box) {
@@ -249,6 +277,17 @@ TEST_F(WinFlowTest, TellsWhenATestCannotBeStored) {
   CloseScore();
   EXPECT_TRUE(message.Opened());
   EXPECT_TRUE(text.startsWith("Soubor se nepodařilo uložit.")) << text.toStdString();
+  EXPECT_EQ(events_, QStringList({"hide", "editor", "finished"}));
+}
+
+TEST_F(WinFlowTest, MakesTheFolderOfTestsAnew) {
+  Start({"a"});
+  std::filesystem::remove_all(folder.Root() + "/Replays");
+  Win(1, RunKind::Test);
+  const InDialog message([](QWidget& box) { box.close(); });
+  CloseScore();
+  EXPECT_FALSE(message.Opened());
+  EXPECT_TRUE(std::filesystem::exists(folder.Root() + "/Replays/Editor - a.zkr"));
   EXPECT_EQ(events_, QStringList({"hide", "editor", "finished"}));
 }
 

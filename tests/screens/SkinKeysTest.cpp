@@ -1,0 +1,58 @@
+#include <algorithm>
+#include <set>
+
+#include "screens/SkinKeys.h"
+#include "skin/SkinTable.h"
+
+namespace zorik {
+namespace {
+
+// The keys of a shipped file, in small letters.
+std::set<std::string> ShippedKeys(const std::string& skin) {
+  const auto bytes = ReadWhole(ZORIK_BUILT_SKINS "/" + skin + "/Menu/skindata.txt");
+  EXPECT_TRUE(bytes) << skin;
+  SkinTable table;
+  table.Add(*bytes, 0);
+  std::set<std::string> keys;
+  for (const SkinTable::Entry& entry : table.Entries()) keys.insert(entry.Key);
+  return keys;
+}
+
+// Those whose effect is seen in these tests.
+std::set<std::string> SeenKeys() {
+  using namespace test;
+  const SkinKeys all = KeysOfStart() + KeysOfSelection() + KeysOfPlainAuthor() + KeysOfSettings() +
+                       KeysOfQuestion() + KeysOfNotice() + KeysOfCongratulation("picText") +
+                       KeysOfNewPlayer() + KeysOfScore() + KeysOfSkinWindow();
+  std::set<std::string> keys;
+  for (const SkinKey& row : all) {
+    std::string key = row.key;
+    std::transform(key.begin(), key.end(), key.begin(), [](unsigned char c) { return std::tolower(c); });
+    keys.insert(key);
+  }
+  return keys;
+}
+
+TEST(SkinKeys, AreAllSeenInSomeWindow) {
+  const std::set<std::string> seen = SeenKeys();
+  const std::set<std::string> shipped = ShippedKeys("Default");
+  EXPECT_GT(shipped.size(), 150U);
+  for (const std::string& key : shipped) EXPECT_TRUE(seen.contains(key)) << key << " has no row";
+}
+
+TEST(SkinKeys, AreAllInTheShippedSkin) {
+  const std::set<std::string> shipped = ShippedKeys("Default");
+  for (const std::string& key : SeenKeys()) EXPECT_TRUE(shipped.contains(key)) << key;
+}
+
+TEST(SkinKeys, OfAnotherLanguageAreWords) {
+  const std::set<std::string> seen = SeenKeys();
+  for (const std::string& key : ShippedKeys("English")) {
+    if (key.starts_with("caption.") || key == "help.folder") continue;
+    EXPECT_TRUE(seen.contains(key)) << key;
+    EXPECT_TRUE(key.ends_with("text")) << key;
+  }
+}
+
+}  // namespace
+}  // namespace zorik
