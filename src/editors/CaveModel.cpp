@@ -61,20 +61,20 @@ std::vector<Correction> CaveModel::Enter(const CaveRecord& cave) {
 
 // Column by column: what has no tile is painted like the cell before.
 void CaveModel::PaintAll() {
-  painted_ = {};
-  std::int8_t tool = 0;
+  char look = kEmpty;
+  for (auto& column : looks_) column.fill(look);
   for (int x = 0; x < Width(); ++x) {
     for (int y = 0; y < Height(); ++y) {
-      const int known = ToolOfLetter(At(x, y));
-      if (known >= 0) tool = static_cast<std::int8_t>(known);
-      painted_[static_cast<std::size_t>(x)][static_cast<std::size_t>(y)] = tool;
+      if (ToolOfLetter(At(x, y)) >= 0) look = At(x, y);
+      looks_[static_cast<std::size_t>(x)][static_cast<std::size_t>(y)] = look;
     }
   }
 }
 
-int CaveModel::PictureAt(int x, int y) const {
-  const int known = ToolOfLetter(At(x, y));
-  return known >= 0 ? known : painted_[static_cast<std::size_t>(x)][static_cast<std::size_t>(y)];
+char CaveModel::LookAt(int x, int y) const {
+  const char letter = At(x, y);
+  return ToolOfLetter(letter) >= 0 ? letter
+                                   : looks_[static_cast<std::size_t>(x)][static_cast<std::size_t>(y)];
 }
 
 // What is cut off stays as it is, and comes back when the cave grows again.

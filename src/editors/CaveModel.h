@@ -39,9 +39,9 @@ class CaveModel {
   // The letter of a cell of the cave.
   char At(int x, int y) const { return Letter(state_.cave, x, y); }
 
-  // The palette number that a cell of the cave is painted with. A letter without a tile looks like the cell
-  // that was painted before it when the cave was opened.
-  int PictureAt(int x, int y) const;
+  // The letter that a cell of the cave is painted as: its own. A letter without a tile looks like the cell
+  // that was painted before it when the cave was opened, or like empty space.
+  char LookAt(int x, int y) const;
 
   // What the amoeba counter shows. It goes with all changes but the frame.
   int Amoebas() const { return state_.amoebas; }
@@ -91,7 +91,7 @@ class CaveModel {
 
     bool operator==(const State&) const = default;
   };
-  using Pictures = std::array<std::array<std::int8_t, CaveRecord::kRows>, CaveRecord::kColumns>;
+  using Letters = std::array<std::array<char, CaveRecord::kRows>, CaveRecord::kColumns>;
 
   static char Letter(const CaveRecord& cave, int x, int y) {
     return cave.Cells[static_cast<std::size_t>(x)][static_cast<std::size_t>(y)];
@@ -110,8 +110,8 @@ class CaveModel {
   void Step(State before);
 
   State state_;
-  Pictures painted_{};  // palette numbers, as they were when the cave was opened
-  std::string text_;    // that was opened
+  Letters looks_{};   // as they were painted when the cave was opened
+  std::string text_;  // that was opened
   std::deque<State> undo_;
   std::deque<State> redo_;
   std::optional<State> stroke_;  // the state at its begin

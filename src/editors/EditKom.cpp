@@ -42,6 +42,8 @@ constexpr std::array<Arrow, 4> kArrows{{
     {Qt::Key_Down, {0, 1}},
 }};
 
+constexpr double kPixelsAtOnce = 64 * 1024;
+
 int FloorDiv(double value, int divisor) {
   return static_cast<int>(std::floor(value / divisor));
 }
@@ -84,17 +86,30 @@ void EditKom::paintEvent(QPaintEvent* event) {
   if (dirty.isEmpty() || cave_.Width() == 0) return;
   const QRect cells = QRect(CellAt(dirty.topLeft()), CellAt(dirty.bottomRight())) &
                       QRect(0, 0, cave_.Width(), cave_.Height());
-  DrawCells(cave_, tiles_, cells, qRound(cell_ * devicePixelRatioF()), picture_);
   QPainter painter(this);
   painter.setRenderHint(QPainter::SmoothPixmapTransform);
-  picture_.setDevicePixelRatio(devicePixelRatioF());
-  painter.drawImage(QRect(cells.topLeft() * cell_, cells.size() * cell_), picture_);
+  PaintCells(painter, cells);
   if (!marked_) return;
   const QRect mark = RectOf(*marked_);
   painter.setPen(Qt::black);
   painter.drawRect(mark.adjusted(1, 1, -2, -2));
   painter.setPen(Qt::white);
   painter.drawRect(mark.adjusted(0, 0, -1, -1));
+}
+
+// A few rows at a time, so that what is drawn is still at hand for the processor when it goes to the screen.
+// Where the desktop magnifies by a fraction rows would part, and all goes at once.
+void EditKom::PaintCells(QPainter& painter, const QRect& cells) {
+  const double size = cell_ * devicePixelRatioF();
+  const double row = size * size * cells.width();
+  const int few = std::max(1, static_cast<int>(kPixelsAtOnce / row));
+  const int rows = size == std::round(size) ? few : cells.height();
+  for (int top = cells.top(); top <= cells.bottom(); top += rows) {
+    const QRect band = QRect(cells.left(), top, cells.width(), rows) & cells;
+    DrawCells(cave_, tiles_, band, qRound(size), picture_);
+    picture_.setDevicePixelRatio(devicePixelRatioF());
+    painter.drawImage(QRect(band.topLeft() * cell_, band.size() * cell_), picture_);
+  }
 }
 
 void EditKom::Mark(std::optional<QPoint> cell) {

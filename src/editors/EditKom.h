@@ -29,6 +29,8 @@ class EditKom : public QWidget {
   void SetRozm();
   // Paints one cell anew.
   void PaintCell(QPoint cell);
+  // What the mouse is led over before its next press is not drawn.
+  void EndStroke();
 
   // The cell that is marked: under the pointer, or led there by keys.
   std::optional<QPoint> Marked() const { return marked_; }
@@ -53,9 +55,9 @@ class EditKom : public QWidget {
  private:
   QPoint CellAt(QPointF position) const;
   QRect RectOf(QPoint cell) const { return {cell * cell_, QSize(cell_, cell_)}; }
+  void PaintCells(QPainter& painter, const QRect& cells);
   void Lead(QMouseEvent& event);
   void DrawPath(QPoint from, QPoint to, ToolButton button);
-  void EndStroke();
   void Mark(std::optional<QPoint> cell);
   void DrawByKey(Qt::KeyboardModifiers modifiers);
 

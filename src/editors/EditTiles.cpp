@@ -102,20 +102,25 @@ void DrawCells(const CaveModel& cave, EditTiles& tiles, const QRect& cells, int 
   if (picture.isNull()) return;
   const std::size_t line = static_cast<std::size_t>(size) * sizeof(QRgb);
   const qsizetype stride = picture.bytesPerLine();
-  // Each tile is looked up once.
-  std::array<const QImage*, EditTiles::kPictures> found{};
+  // Each letter's tile is looked up once.
+  struct Found {
+    const uchar* pixels = nullptr;
+    qsizetype stride = 0;
+  };
+  std::array<Found, 256> found{};
   uchar* row = picture.bits();
   for (int y = cells.top(); y <= cells.bottom(); ++y, row += size * stride) {
     uchar* cell = row;
     for (int x = cells.left(); x <= cells.right(); ++x, cell += line) {
-      const int tool = cave.PictureAt(x, y);
-      const int dog = ValueOf(cave.At(x, y));
-      const QImage*& tile = found[EditTiles::PlaceOf(tool, dog)];
-      if (tile == nullptr) tile = &tiles.Tile(tool, dog, size);
-      const uchar* from = tile->constBits();
-      const qsizetype step = tile->bytesPerLine();
+      const char look = cave.LookAt(x, y);
+      Found& tile = found[static_cast<unsigned char>(look)];
+      if (tile.pixels == nullptr) {
+        const QImage& image = tiles.Tile(ToolOfLetter(look), ValueOf(look), size);
+        tile = {image.constBits(), image.bytesPerLine()};
+      }
+      const uchar* from = tile.pixels;
       uchar* to = cell;
-      for (int i = 0; i < size; ++i, from += step, to += stride) std::memcpy(to, from, line);
+      for (int i = 0; i < size; ++i, from += tile.stride, to += stride) std::memcpy(to, from, line);
     }
   }
 }

@@ -19,11 +19,6 @@ namespace zorik {
 // direction of monsters and the numbers of dogs. Sizes are in pixels of the screen.
 class EditTiles {
  public:
-  static constexpr std::size_t kPictures = static_cast<std::size_t>(kPaletteEnd + kDogs);
-
-  // The place of a tile among all pictures.
-  static std::size_t PlaceOf(int palette, int dog);
-
   // Takes the tiles of a skin in one scheme.
   void Load(const SkinPlaces& places, std::string_view scheme);
 
@@ -32,6 +27,10 @@ class EditTiles {
   const QImage& Tile(int palette, int dog, int size);
 
  private:
+  static constexpr std::size_t kPictures = static_cast<std::size_t>(kPaletteEnd + kDogs);
+
+  // The place of a tile among all pictures.
+  static std::size_t PlaceOf(int palette, int dog);
   QImage MakeTile(int palette, int dog, int size);
 
   PictureCache cache_;

@@ -195,7 +195,7 @@ int FrmFormality::Number(CaveNumber number) const {
 
 Formality FrmFormality::Values() const {
   Formality values;
-  values.Name = FromBox(name_->text());
+  values.Name = FromBox(AsKeptLine(name_->text()));
   const QString description = description_->toPlainText();
   values.Description = description == shownDescription_ ? loadedDescription_ : FromBox(description);
   for (const NumberRow& row : kNumberRows) {

@@ -167,7 +167,7 @@ void FrmMain::SetLW() {
   const auto actions = dogs_->actions();
   for (int n = 1; n <= kDogs; ++n) actions[n - 1]->setText(QString("%1 %2").arg(dog).arg(n));
   frmFormality_->SetLWEd();
-  LoadTiles();
+  if (isVisible()) LoadTiles();
   UpdateCaptions();
   UpdateStatus();
 }
@@ -274,6 +274,7 @@ void FrmMain::closeEvent(QCloseEvent* event) {
 // Changes
 
 void FrmMain::AfterChange() {
+  view_->Picture().EndStroke();
   const QSize size(model_.Width(), model_.Height());
   if (size != shownSize_) {
     shownSize_ = size;

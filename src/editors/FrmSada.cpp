@@ -29,6 +29,8 @@ constexpr QSize kUsualSize(740, 400);
 constexpr StartWords kTitleWords{"caption.sada.title", "Zoríkův editor sady komnat"};
 constexpr StartWords kUnreadableWords{"caption.error.caves",
                                       "Tyto komnaty nelze přečíst, v sadě proto nejsou:"};
+constexpr StartWords kLikeCaveWords{"caption.error.congrat",
+                                    "Gratulace nesmí končit třemi pomlčkami a dvěma dalšími znaky."};
 constexpr StartWords kTooLongWords{"caption.error.length", "znaků ?1?, vejde se ?2?."};
 
 }  // namespace
@@ -53,6 +55,7 @@ FrmSada::FrmSada(Skin& skin, const Paths& paths)
 }
 
 void FrmSada::Open(const QString& path) {
+  SetIcons();
   SetLWEd();
   show();
   raise();
@@ -220,13 +223,22 @@ void FrmSada::mnuDelete_Click() {
   AfterChange();
 }
 
+// A text that ends like a cave would be read as one, and a game that finds it unreadable opens nothing of the
+// collection. So the author is asked for another end; a text that he left alone stays.
 void FrmSada::mnuGratulace_Click() {
-  const QString text = ToBox(sada_.CongratulationText());
+  const QString before = ToBox(sada_.CongratulationText());
   FrmDialog2 dialog(skin_, this);
   connect(&dialog, &FrmDialog2::HelpWanted, this, [this] { ShowPage("editovat.html"); });
-  const std::optional<QString> edited = dialog.SetG(text);
-  if (!edited || ToBox(edited->toStdString()) == text) return;
-  sada_.SetCongratulation(FromBox(QString(*edited).replace("\r\n", "\n")));
+  QString text = before;
+  for (;;) {
+    const std::optional<QString> edited = dialog.SetG(text);
+    if (!edited) return;
+    text = AsKept(QString(*edited).replace("\r\n", "\n"));
+    if (text == before) return;
+    if (!EndsWithMarker(FromBox(text))) break;
+    Tell(skin_, this, skin_.Text(99), kLikeCaveWords.In(skin_));
+  }
+  sada_.SetCongratulation(FromBox(text));
   UpdateTitle();
 }
 

@@ -88,7 +88,6 @@ void FrmSada::MakeMenus() {
   MakeFileMenu();
   MakeCaveMenu();
   MakeHelpMenu();
-  SetIcons();
 }
 
 void FrmSada::MakeFileMenu() {

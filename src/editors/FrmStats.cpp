@@ -84,8 +84,10 @@ FrmStats::FrmStats(Skin& skin, const CaveModel& cave, EditTiles& tiles, QWidget*
   table->resizeColumnsToContents();
   table->horizontalHeader()->setSectionResizeMode(1, QHeaderView::Stretch);
   auto* const buttons = new QDialogButtonBox(this);
-  connect(buttons->addButton(skin.Caption("caption.sada.close", "Zavřít"), QDialogButtonBox::RejectRole),
-          &QPushButton::clicked, this, &QDialog::reject);
+  auto* const shut =
+      buttons->addButton(skin.Caption("caption.sada.close", "Zavřít"), QDialogButtonBox::RejectRole);
+  connect(shut, &QPushButton::clicked, this, &QDialog::reject);
+  shut->setFocus();
   auto* const rows = new QVBoxLayout(this);
   rows->addWidget(table);
   rows->addWidget(buttons);

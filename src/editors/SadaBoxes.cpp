@@ -24,6 +24,12 @@ std::size_t KeptLength(const QString& text) {
   return static_cast<std::size_t>(text.size() + text.count('\n'));
 }
 
+// The text of a box of several lines. The box itself would give plain blanks for those that do not break.
+QString WholeText(const QTextDocument& document) {
+  QString text = document.toRawText();
+  return text.replace(QChar::ParagraphSeparator, '\n').replace(QChar::LineSeparator, '\n');
+}
+
 }  // namespace
 
 int LabelOf(SadaText text) {
@@ -60,7 +66,7 @@ void DescriptionBox::Load(const QString& text) {
   loading_ = true;
   setPlainText(text);
   loading_ = false;
-  most_ = std::max(SadaModel::kLongestDescription, KeptLength(toPlainText()));
+  most_ = std::max(SadaModel::kLongestDescription, KeptLength(WholeText(*document())));
 }
 
 // In a box the keys of the clipboard are the box's; one of several lines would leave Shift+Insert to the
@@ -75,10 +81,10 @@ bool DescriptionBox::event(QEvent* event) {
 }
 
 // Of what was just put in, letters that have no place in the files become "?", and the end goes if it is too
-// much.
+// much. The author takes both back by one step.
 void DescriptionBox::Fit() {
   if (loading_) return;
-  const QString text = toPlainText();
+  const QString text = WholeText(*document());
   const QString added = text.mid(position_, added_);
   const std::size_t rest = KeptLength(text) - KeptLength(added);
   QString fitting = AsKept(added);
@@ -89,9 +95,11 @@ void DescriptionBox::Fit() {
     return;
   }
   QTextCursor cursor(document());
+  cursor.joinPreviousEditBlock();
   cursor.setPosition(position_);
   cursor.setPosition(position_ + static_cast<int>(added.size()), QTextCursor::KeepAnchor);
   cursor.insertText(fitting);
+  cursor.endEditBlock();
 }
 
 SadaBoxes::SadaBoxes(SadaModel& sada, QWidget* parent)

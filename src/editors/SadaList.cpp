@@ -198,10 +198,14 @@ void SadaList::DrawRow(QPainter& painter, int number) const {
   const QString words = painter.fontMetrics().elidedText(ToBox(sada_.Name(number)).simplified(),
                                                          Qt::ElideRight, name.width() - 2 * pad);
   painter.drawText(name.adjusted(pad, 0, -pad, 0), Qt::AlignLeft | Qt::AlignVCenter, words);
-  const bool open = sada_.IsOpen(number);
-  if (!open && hovered_ != number) return;
-  painter.setPen(open && number > 1 ? text : faint);
-  painter.drawText(lblPoc(number), Qt::AlignCenter, kMark);
+  const QRect mark = lblPoc(number);
+  if (hovered_ == number) {
+    painter.setPen(faint);
+    painter.drawRect(mark.adjusted(0, 0, -1, -1));
+  }
+  if (!sada_.IsOpen(number)) return;
+  painter.setPen(number > 1 ? text : faint);
+  painter.drawText(mark, Qt::AlignCenter, kMark);
 }
 
 void SadaList::resizeEvent(QResizeEvent* /*event*/) {

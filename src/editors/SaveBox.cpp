@@ -22,7 +22,6 @@ void Prepare(QFileDialog& box, const Skin& skin, const SaveWish& wish) {
   box.setFileMode(QFileDialog::AnyFile);
   box.setViewMode(QFileDialog::List);
   box.setNameFilter(wish.kind + " (*." + wish.suffix + ")");
-  box.setDefaultSuffix(wish.suffix);
   box.setLabelText(QFileDialog::LookIn, kLookInWords.In(skin));
   box.setLabelText(QFileDialog::FileName, kFileNameWords.In(skin));
   box.setLabelText(QFileDialog::FileType, kFileTypeWords.In(skin));
@@ -38,13 +37,19 @@ void Prepare(QFileDialog& box, const Skin& skin, const SaveWish& wish) {
   }
 }
 
+// A name may have dots of its own.
+QString WithSuffix(const QString& path, const QString& suffix) {
+  const QString ending = '.' + suffix;
+  return path.endsWith(ending, Qt::CaseInsensitive) ? path : path + ending;
+}
+
 }  // namespace
 
 QString AskForNewFile(Skin& skin, QWidget* parent, const SaveWish& wish) {
   QFileDialog box(parent, wish.title, QFileInfo(wish.path).absolutePath());
   Prepare(box, skin, wish);
   while (box.exec() == QDialog::Accepted && !box.selectedFiles().isEmpty()) {
-    const QString path = box.selectedFiles().constFirst();
+    const QString path = WithSuffix(box.selectedFiles().constFirst(), wish.suffix);
     if (!QFileInfo::exists(path)) return path;
     const QString question = QFileInfo(path).fileName() + '\n' + kReplaceWords.In(skin);
     if (Ask(skin, parent, wish.title, question)) return path;

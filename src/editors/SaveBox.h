@@ -12,7 +12,7 @@ class Skin;
 struct SaveWish {
   QString title;
   QString kind;    // what such files are called
-  QString suffix;  // "zk" for one; put behind a name without any
+  QString suffix;  // "zk" for one; put behind a name that does not end in it
   QString path;    // the file that is proposed
 };
 

@@ -100,6 +100,14 @@ TEST(CaveModel, KeepsLettersThatItDoesNotKnow) {
   EXPECT_EQ(*model.Text(), CaveTextOf(picture));
 }
 
+TEST(CaveModel, MakesACellThatWasNeverSetEmptySpace) {
+  Picture picture = kFive;
+  picture[2][2] = '\0';
+  picture[4][4] = '\0';
+  const CaveModel model = Opened(picture);
+  EXPECT_EQ(LettersOf(model), (Picture{"WWWWW", "W1..W", "W...W", "W..AW", "WWWW."}));
+}
+
 TEST(CaveModel, ReadsADogWithoutANumberAsTheFirst) {
   const CaveModel model = Opened({"WWWWW", "WH..W", "W...W", "W...W", "WWWWW"});
   EXPECT_EQ(model.At(1, 1), '1');
@@ -108,21 +116,28 @@ TEST(CaveModel, ReadsADogWithoutANumberAsTheFirst) {
 
 TEST(CaveModel, PaintsALetterWithoutATileLikeTheCellBeforeItInItsColumn) {
   const CaveModel model = Opened({"$WWWC", "W1$.W", "WxC\xFFW", "W0.AW", "RWWWW"});
-  EXPECT_EQ(model.PictureAt(0, 0), 0) << "nothing has been painted before";
-  EXPECT_EQ(model.PictureAt(1, 2), 4) << "below the dog";
-  EXPECT_EQ(model.PictureAt(1, 3), 4) << "below that";
-  EXPECT_EQ(model.PictureAt(2, 1), 8) << "below steel";
-  EXPECT_EQ(model.PictureAt(3, 2), 0) << "below empty space";
-  EXPECT_EQ(model.PictureAt(4, 0), 8) << "after the end of the column before";
+  EXPECT_EQ(model.LookAt(0, 0), '.') << "nothing has been painted before";
+  EXPECT_EQ(model.LookAt(1, 2), '1') << "below the dog";
+  EXPECT_EQ(model.LookAt(1, 3), '1') << "below that";
+  EXPECT_EQ(model.LookAt(2, 1), 'W') << "below steel";
+  EXPECT_EQ(model.LookAt(3, 2), '.') << "below empty space";
+  EXPECT_EQ(model.LookAt(4, 0), 'W') << "after the end of the column before";
 }
 
-TEST(CaveModel, PaintsEachLetterWithItsOwnTile) {
-  const CaveModel model = Opened({"WWWWW", "W1.:W", "W.D.W", "W..AW", "WWWWW"});
-  EXPECT_EQ(model.PictureAt(0, 0), 8);
-  EXPECT_EQ(model.PictureAt(1, 1), 4);
-  EXPECT_EQ(model.PictureAt(3, 1), 34);
-  EXPECT_EQ(model.PictureAt(2, 2), 3);
-  EXPECT_EQ(model.PictureAt(3, 3), 10);
+TEST(CaveModel, PaintsALetterWithoutATileBelowADogLikeThatDog) {
+  const CaveModel model = Opened({"12345", ".$.CC", ".....", ".....", "....."});
+  EXPECT_EQ(model.LookAt(1, 1), '2');
+  EXPECT_EQ(model.LookAt(3, 1), '4');
+  EXPECT_EQ(model.LookAt(4, 1), '5');
+}
+
+TEST(CaveModel, PaintsEachLetterOfThePaletteAsItself) {
+  for (const ObjectLetter& object : kObjectLetters) {
+    if (object.palette < 0 || object.letter == 'H') continue;
+    CaveModel model = Opened(Full(5, 5, 'W'));
+    model.Draw(2, 2, object.letter);
+    EXPECT_EQ(model.LookAt(2, 2), object.letter);
+  }
 }
 
 TEST(CaveModel, OpensTheLargestCaveOfTheEditor) {
@@ -188,6 +203,19 @@ TEST(CaveModel, MovesADogThatIsDrawnElsewhere) {
   EXPECT_EQ(LettersOf(model), (Picture{"WWWWW", "W1..W", "W...W", "W..3W", "WWWWW"}));
 }
 
+TEST(CaveModel, TakesADogAwayFromTheColumnAndTheRowThatWereJustCutOff) {
+  CaveModel model = Opened({"1....2", "......", "......", "......", "......", "...3.4"});
+  Formality formality = FormalityOf(model.Cave());
+  formality.Numbers[0] = 5;
+  formality.Numbers[1] = 5;
+  model.SetProperties(formality);
+  for (const char dog : {'2', '3', '4'}) EXPECT_TRUE(model.Draw(dog - '1', 2, dog));
+  formality.Numbers[0] = 6;
+  formality.Numbers[1] = 6;
+  model.SetProperties(formality);
+  EXPECT_EQ(LettersOf(model), (Picture{"1.....", "......", ".234..", "......", "......", "......"}));
+}
+
 TEST(CaveModel, LeavesOneDogOfANumberEvenWhereItStandsAlready) {
   CaveModel model = Opened({"WWWWW", "W11.W", "W.1.W", "W...W", "WWWWW"});
   EXPECT_TRUE(model.Draw(1, 1, '1'));
@@ -241,6 +269,17 @@ TEST(CaveModel, ReplacesByChanceAsManyAsAreWanted) {
     EXPECT_EQ(model.NuOfOb('D'), row.replaced) << row.wanted;
     EXPECT_EQ(model.NuOfOb('R'), 25 - row.replaced) << row.wanted;
   }
+}
+
+TEST(CaveModel, CountsAmoebasWhenReplacingByChance) {
+  CaveModel model = Opened(Full(5, 5, 'A'));
+  Chance rnd(7);
+  model.ReplaceRandom('A', 'R', 10, rnd);
+  EXPECT_EQ(model.Amoebas(), 15);
+  model.ReplaceRandom('R', 'A', 0, rnd);
+  EXPECT_EQ(model.Amoebas(), 20);
+  model.ReplaceRandom('A', 'A', 5, rnd);
+  EXPECT_EQ(model.Amoebas(), 20);
 }
 
 TEST(CaveModel, ReplacesByChanceNothingWhereNothingIs) {

@@ -145,13 +145,13 @@ TEST(CaveModelUndo, EndsAStrokeBeforeItUndoes) {
 
 TEST(CaveModelUndo, KeepsTheLookOfALetterWithoutATile) {
   CaveModel model = Opened({"WWWWW", "W1R.W", "W.$.W", "W...W", "WWWWW"});
-  ASSERT_EQ(model.PictureAt(2, 2), 2);
+  ASSERT_EQ(model.LookAt(2, 2), 'R');
   model.Draw(2, 1, 'D');
   model.Draw(2, 2, 'S');
-  EXPECT_EQ(model.PictureAt(2, 2), 15);
+  EXPECT_EQ(model.LookAt(2, 2), 'S');
   model.Undo();
   EXPECT_EQ(model.At(2, 2), '$');
-  EXPECT_EQ(model.PictureAt(2, 2), 2) << "as it was painted when the cave was opened";
+  EXPECT_EQ(model.LookAt(2, 2), 'R') << "as it was painted when the cave was opened";
 }
 
 }  // namespace

@@ -1,3 +1,4 @@
+#include <QLineEdit>
 #include <QWheelEvent>
 
 #include "editors/CaveView.h"
@@ -75,6 +76,27 @@ TEST_F(CaveViewTest, ScrollsBackToTheBeginningForAnotherCave) {
   EXPECT_EQ(Across().value(), 0);
   EXPECT_EQ(Down().value(), 0);
   EXPECT_EQ(Area().pos(), QPoint(0, 0));
+}
+
+TEST_F(CaveViewTest, ScrollsBackToTheBeginningWhenTheSizeChangesAndOnlyThen) {
+  OpenLargest();
+  const auto change = [this](const char* box, const char* value) {
+    test::InDialogNamed dialog("frmFormality", [&](QWidget& it) {
+      it.findChild<QLineEdit*>(box)->setText(value);
+      QTest::keyClick(it.findChild<QLineEdit*>(box), Qt::Key_Return);
+    });
+    QTest::mouseClick(&Child<QToolButton>("Label3"), Qt::LeftButton);
+    EXPECT_TRUE(dialog.opened);
+  };
+  Across().setValue(9);
+  Down().setValue(7);
+  change("Text5", "55");
+  EXPECT_EQ(Across().value(), 9);
+  EXPECT_EQ(Down().value(), 7);
+  change("Text1", "60");
+  EXPECT_EQ(Across().maximum(), 82);
+  EXPECT_EQ(Across().value(), 0);
+  EXPECT_EQ(Down().value(), 0);
 }
 
 TEST_F(CaveViewTest, ScrollsWithTheWheel) {

@@ -11,6 +11,29 @@ using test::Picture;
 
 const Picture kRoom = {"WWWWWW", "W1...W", "W....W", "W...AW", "WWWWWW"};
 
+// How often the picture has been painted.
+class Paints : public QObject {
+ public:
+  explicit Paints(QWidget& picture) : picture_(picture) {
+    QApplication::processEvents();
+    picture_.installEventFilter(this);
+  }
+
+  int Count() const {
+    QApplication::processEvents();
+    return count_;
+  }
+
+  bool eventFilter(QObject* /*object*/, QEvent* event) override {
+    if (event->type() == QEvent::Paint) ++count_;
+    return false;
+  }
+
+ private:
+  QWidget& picture_;
+  int count_ = 0;
+};
+
 class EditKomTest : public testing::Test, public test::EditorScreen {
  protected:
   EditKomTest() { Open(kRoom); }
@@ -133,6 +156,27 @@ TEST_F(EditKomTest, MovesTheDogThatIsDrawn) {
   EXPECT_EQ(Letters(), (Picture{"WWWWWW", "W12..W", "W....W", "W3...W", "WWWWWW"}));
 }
 
+TEST_F(EditKomTest, LeadsADogAlongADragAndLeavesItAtTheEnd) {
+  Pick(kDogTool);
+  Press(1, 2);
+  Move(4, 2, Qt::LeftButton);
+  Move(4, 3, Qt::LeftButton);
+  Release(4, 3);
+  EXPECT_EQ(Letters(), (Picture{"WWWWWW", "W....W", "W....W", "W...1W", "WWWWWW"}));
+  EXPECT_EQ(Amoebas(), "0");
+}
+
+TEST_F(EditKomTest, IsNotPaintedAgainWhereTheLetterIsThereAlready) {
+  Click(2, 2);
+  const Paints paints(Area());
+  Press(2, 2);
+  Move(2, 2, Qt::LeftButton);
+  Release(2, 2);
+  EXPECT_EQ(paints.Count(), 0);
+  Click(2, 2, Qt::RightButton);
+  EXPECT_GT(paints.Count(), 0);
+}
+
 TEST_F(EditKomTest, ShowsWhatIsDrawnAtOnce) {
   Move(5, 4, Qt::NoButton);
   const QImage before = Shown(2, 2);
@@ -149,6 +193,15 @@ TEST_F(EditKomTest, PaintsALetterWithoutATileLikeItsNeighbour) {
   Open({"WWWWW", "WR.1W", "W$..W", "W...W", "WWWWW"});
   EXPECT_EQ(Shown(1, 2), Shown(1, 1));
   EXPECT_EQ(window->Model().At(1, 2), '$');
+}
+
+TEST_F(EditKomTest, PaintsALetterWithoutATileAsTheDogBeforeItInItsColumn) {
+  Open({"WC..W", "W132W", "W.$.W", "W...W", "4...W"});
+  EXPECT_EQ(Shown(2, 2), Shown(2, 1));
+  EXPECT_NE(Shown(2, 2), Shown(1, 1));
+  Open({"W$..1", "W...2", "W...3", "W...W", "4...W"});
+  EXPECT_EQ(Shown(1, 0), Shown(0, 4)) << "after the end of the column before";
+  EXPECT_NE(Shown(1, 0), Shown(4, 0));
 }
 
 TEST_F(EditKomTest, TellsMonstersDirectionsAndHiddenWallsApart) {

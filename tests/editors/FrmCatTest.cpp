@@ -81,6 +81,83 @@ TEST_F(FrmCatTest, ShowsEveryCommandOfTheSkin) {
   });
 }
 
+struct TokenRow {
+  const char* token;
+  const char* czech;
+  const char* english;
+};
+
+// All that a cat understands, in the words of both skins.
+const std::vector<TokenRow> kTokens = {
+    {"*A", "== Událost: začátek", "== Event: start"},
+    {"*B", "== Událost: cíl otevřen", "== Event: finish open"},
+    {"*C", "== Událost: kouzelná zeď se probudila", "== Event: magic wall has woken up"},
+    {"*D", "== Událost: kouzelná zeď dokouzlila", "== Event: magic wall is spent"},
+    {"*E", "== Událost: améba příliš velká", "== Event: amoeba too big"},
+    {"*F", "== Událost: améba udušena", "== Event: amoeba suffocated"},
+    {"*I", "== Událost: sebrán kočičí klíč", "== Event: cat key taken"},
+    {"-A", "Jdio1Doleva", "Go1Left"},
+    {"-B", "Jdio1Doprava", "Go1Right"},
+    {"-C", "Jdio1Nahoru", "Go1Up"},
+    {"-D", "Jdio1Dolu", "Go1Down"},
+    {"-E", "JdiMaxDoleva", "GoMaxLeft"},
+    {"-F", "JdiMaxDoprava", "GoMaxRight"},
+    {"-G", "JdiMaxNahoru", "GoMaxUp"},
+    {"-H", "JdiMaxDolu", "GoMaxDown"},
+    {"-I", "Krok: tlač doleva", "Step: push left"},
+    {"-J", "Krok: tlač doprava", "Step: push right"},
+    {"-K", "Krok: tlač nahoru", "Step: push up"},
+    {"-L", "Krok: tlač dolů", "Step: push down"},
+    {"-M", "Krok: stůj", "Step: stand"},
+    {"-N", "Krok: čekej 10 tiků", "Step: wait 10 ticks"},
+    {"-O", "Krok: čekej 100 tiků", "Step: wait 100 ticks"},
+    {"-P", "Krok: náhodným směrem", "Step: in a random direction"},
+    {"/D", "Napořád: poletuj jako moucha", "For good: flit like a fly"},
+    {"/E", "Napořád: běž doleva", "For good: run left"},
+    {"/F", "Napořád: běž doprava", "For good: run right"},
+    {"/G", "Napořád: běž nahoru", "For good: run up"},
+    {"/H", "Napořád: běž dolů", "For good: run down"},
+    {"+A", "Sběr: seber drahokamy", "Collect: collect gems"},
+    {"/Z", "Konec programu", "End of the program"},
+};
+
+QStringList Captions(const std::string& skin) {
+  QStringList captions;
+  for (const TokenRow& row : kTokens) captions << (skin == "English" ? row.english : row.czech);
+  return captions;
+}
+std::string AllTokens() {
+  std::string tokens;
+  for (const TokenRow& row : kTokens) tokens += row.token;
+  return tokens;
+}
+
+class FrmCatTokensTest : public FrmCatTest, public testing::WithParamInterface<const char*> {
+ protected:
+  void SetUp() override { ASSERT_TRUE(skin_.Wear(SkinPlaces{ZORIK_SKINS, GetParam()})); }
+};
+
+TEST_P(FrmCatTokensTest, ShowsTheCaptionOfEveryToken) {
+  const auto program = Edit(AllTokens(), [this] {
+    EXPECT_EQ(Lines().join('\n').toStdString(), Captions(GetParam()).join('\n').toStdString());
+    Press("Command4");
+  });
+  EXPECT_EQ(program, AllTokens());
+}
+
+TEST_P(FrmCatTokensTest, InsertsTheTokenOfEveryCommand) {
+  const auto program = Edit("", [this] {
+    for (const QString& caption : Captions(GetParam())) {
+      Command(caption);
+      Press("Command3");
+    }
+    Press("Command4");
+  });
+  EXPECT_EQ(program, "*A" + AllTokens() + "/Z");
+}
+
+INSTANTIATE_TEST_SUITE_P(Skins, FrmCatTokensTest, testing::Values("Default", "English"));
+
 TEST_F(FrmCatTest, SpeaksTheLanguageOfTheSkin) {
   ASSERT_TRUE(skin_.Wear(SkinPlaces{ZORIK_SKINS, "English"}));
   Edit("*A-E/Z", [this] {
@@ -89,7 +166,12 @@ TEST_F(FrmCatTest, SpeaksTheLanguageOfTheSkin) {
     EXPECT_EQ(Button("Command1").text(), "Delete");
     EXPECT_EQ(Button("Command3").text(), "Insert");
     EXPECT_EQ(Button("Label1").text(), "Swap");
-    Press("Command4");
+    EXPECT_EQ(Button("Command4").text(), "OK");
+    test::Dialogs answer;
+    answer.Press("no");
+    dialog_->close();
+    EXPECT_EQ(answer.said, QStringList("Save the changes in the cat's program?"));
+    EXPECT_EQ(answer.titles, QStringList("Cat program"));
   });
 }
 
@@ -166,13 +248,85 @@ TEST_F(FrmCatTest, ExchangesTheDisplayOfTwoLinesOnly) {
   EXPECT_EQ(program, "*A-A-B-C/Z");
 }
 
-TEST_F(FrmCatTest, ExtendsAProgramWithoutAnEnd) {
-  EXPECT_EQ(Edit("*A-A*B",
-                 [this] {
-                   EXPECT_EQ(Lines().last(), kEnd);
-                   Press("Command4");
-                 }),
-            "*A-A*B/Z");
+TEST_F(FrmCatTest, DeletesTheTokenOfThePlaceWhateverTheExchangedListShows) {
+  const auto program = Edit("*A-A-B-C/Z", [this] {
+    ClickLine("lstScript", 2);
+    Press("Label1");
+    ClickLine("lstScript", 2);
+    EXPECT_EQ(List("lstScript").currentItem()->text(), "Jdio1Nahoru");
+    Press("Command1");
+    EXPECT_EQ(Lines(), (QStringList{kStart, "Jdio1Doleva", "Jdio1Doprava", kEnd}));
+    Press("Command4");
+  });
+  EXPECT_EQ(program, "*A-A-C/Z");
+}
+
+TEST_F(FrmCatTest, RefreshesItsButtonsAfterEveryChange) {
+  Edit("*A-A/Z", [this] {
+    const auto enabled = [this] {
+      return std::pair(Button("Command1").isEnabled(), Button("Command3").isEnabled());
+    };
+    EXPECT_EQ(enabled(), std::pair(true, true));
+    Press("Command1");
+    EXPECT_EQ(enabled(), std::pair(false, false)) << "the head is selected now";
+    ClickLine("lstScript", 1);
+    EXPECT_EQ(enabled(), std::pair(false, true));
+    Press("Command3");
+    EXPECT_EQ(enabled(), std::pair(false, true)) << "the end is still selected";
+    ClickLine("lstScript", 1);
+    EXPECT_EQ(enabled(), std::pair(true, true));
+    Press("Label1");
+    EXPECT_EQ(enabled(), std::pair(false, false)) << "the head is selected now";
+    Press("Command4");
+  });
+}
+
+TEST_F(FrmCatTest, IsWorkedByKeysAlone) {
+  const auto program = Edit("*A-A-B/Z", [this] {
+    const auto key = [this](Qt::Key pressed) { QTest::keyClick(dialog_->windowHandle(), pressed); };
+    EXPECT_EQ(dialog_->focusWidget(), &List("lstScript"));
+    key(Qt::Key_Return);
+    EXPECT_TRUE(dialog_->isVisible());
+    key(Qt::Key_Down);
+    key(Qt::Key_Down);
+    EXPECT_EQ(Selected(), 3);
+    EXPECT_TRUE(Button("Command3").isEnabled() && !Button("Command1").isEnabled());
+    key(Qt::Key_Up);
+    key(Qt::Key_Delete);
+    EXPECT_EQ(Lines(), (QStringList{kStart, "Jdio1Doleva", kEnd}));
+    key(Qt::Key_Tab);
+    key(Qt::Key_Insert);
+    key(Qt::Key_Home);
+    key(Qt::Key_Enter);
+    EXPECT_EQ(Lines(), (QStringList{kStart, "Jdio1Nahoru", kStart, "Jdio1Doleva", kEnd}));
+    for (int i = 0; i < 4; ++i) key(Qt::Key_Tab);
+    key(Qt::Key_Space);
+  });
+  EXPECT_EQ(program, "*A-C*A-A/Z");
+}
+
+TEST_F(FrmCatTest, MakesProgramsWholeWhenTheyAreShown) {
+  const QString open = "== Událost: cíl otevřen";
+  struct Row {
+    const char* program;
+    QStringList lines;
+    const char* whole;
+  };
+  const std::vector<Row> rows = {
+      {"*A-A*B", {kStart, "Jdio1Doleva", open, kEnd}, "*A-A*B/Z"},  // a plain label is no end
+      {"-A", {kStart, "Jdio1Doleva", kEnd}, "*A-A/Z"},
+      {"*B-A", {open, "Jdio1Doleva", kEnd}, "*B-A/Z"},    // any label is a head
+      {"*A/E", {kStart, "Napořád: běž doleva"}, "*A/E"},  // and any token with a slash an end
+  };
+  for (const Row& row : rows) {
+    EXPECT_EQ(Edit(row.program,
+                   [&] {
+                     EXPECT_EQ(Lines(), row.lines) << row.program;
+                     EXPECT_EQ(Selected(), 1);
+                     Press("Command4");
+                   }),
+              row.whole);
+  }
 }
 
 // Closing
@@ -230,6 +384,34 @@ TEST_F(FrmCatTest, HitsAnotherTokenWhenTheFileLacksOne) {
     Press("Command4");
   });
   EXPECT_EQ(program, "*A-A-B/Z");
+}
+
+TEST_F(FrmCatTest, InsertsInAnotherPlaceWhenTheFileLacksAToken) {
+  test::TestSkin skin;
+  skin.File("catdata.txt", "Okno\r\nUlozit?\r\n*A start\r\n-A vlevo\r\n-B vpravo\r\n/Z konec\r\n");
+  skin.Wear();
+  const auto program = EditIn(skin.Skin(), "*A-C-A-B/Z", [this] {
+    ClickLine("lstScript", 2);
+    EXPECT_EQ(List("lstScript").currentItem()->text(), "vpravo");
+    Command("vpravo");
+    Press("Command3");
+    EXPECT_EQ(Lines(), (QStringList{"start", "vlevo", "vpravo", "vpravo", "konec"}));
+    EXPECT_EQ(Selected(), 3);
+    Press("Command4");
+  });
+  EXPECT_EQ(program, "*A-C-B-A-B/Z");
+}
+
+TEST_F(FrmCatTest, ShowsATokenTwiceThatTheFileHasTwice) {
+  test::TestSkin skin;
+  skin.File("catdata.txt", "Okno\r\nUlozit?\r\n*A start\r\n-A jedna\r\n/Z konec\r\n-A dva\r\n");
+  skin.Wear();
+  const auto program = EditIn(skin.Skin(), "*A-A/Z", [this] {
+    EXPECT_EQ(dialog_->windowTitle(), "Okno");
+    EXPECT_EQ(Lines(), (QStringList{"start", "jedna", "dva", "konec"}));
+    Press("Command4");
+  });
+  EXPECT_EQ(program, "*A-A/Z");
 }
 
 TEST_F(FrmCatTest, AsksAgainForAFileThatIsInNoSkin) {

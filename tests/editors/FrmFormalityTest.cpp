@@ -1,10 +1,7 @@
 #include <QComboBox>
-#include <QLineEdit>
-#include <QPlainTextEdit>
-#include <QPushButton>
 
 #include "data/Cp1250.h"
-#include "editors/EditorScreen.h"
+#include "editors/FormalityScreen.h"
 #include "editors/FrmFormality.h"
 
 namespace zorik {
@@ -12,50 +9,8 @@ namespace {
 
 using test::Boxes;
 using test::InDialogNamed;
-using test::Picture;
 
-class FrmFormalityTest : public testing::Test, public test::EditorScreen {
- protected:
-  FrmFormalityTest() { Open(kRoom); }
-
-  static inline const Picture kRoom = {"WWWWWW", "W1D..W", "W..D.W", "W...AW", "WWWWWW"};
-
-  // Opens the dialog and acts on it; true when the act has shut it.
-  bool Dialog(const std::function<void(QWidget& dialog)>& act) const {
-    InDialogNamed dialog("frmFormality", act);
-    QTest::mouseClick(&Child<QToolButton>("Label3"), Qt::LeftButton);
-    EXPECT_TRUE(dialog.opened);
-    return !dialog.stayed;
-  }
-
-  static QLineEdit& Box(QWidget& dialog, const char* name) { return *dialog.findChild<QLineEdit*>(name); }
-  static QPlainTextEdit& Description(QWidget& dialog) { return *dialog.findChild<QPlainTextEdit*>("Text4"); }
-  static void Press(QWidget& dialog, const char* button) {
-    QTest::mouseClick(dialog.findChild<QPushButton*>(button), Qt::LeftButton);
-  }
-  // As a player does it: all that is there goes.
-  static void Type(QLineEdit& box, const QString& text) {
-    box.setFocus();
-    box.selectAll();
-    QTest::keyClick(&box, Qt::Key_Delete);
-    for (const QChar letter : text) {
-      QKeyEvent key(QEvent::KeyPress, Qt::Key_unknown, Qt::NoModifier, QString(letter));
-      QApplication::sendEvent(&box, &key);
-    }
-  }
-
-  // What a button answers, "title: text", with a number typed first.
-  QString Answer(const char* button, const char* box = nullptr, const QString& number = {}) const {
-    const Boxes boxes;
-    Dialog([&](QWidget& it) {
-      if (box != nullptr) Type(Box(it, box), number);
-      Press(it, button);
-    });
-    return boxes.said.isEmpty() ? QString() : boxes.titles.front() + ": " + boxes.said.front();
-  }
-
-  const CaveRecord& Cave() const { return window->Model().Cave(); }
-};
+class FrmFormalityTest : public test::FormalityWindowTest {};
 
 // What it shows
 
@@ -135,6 +90,39 @@ TEST_F(FrmFormalityTest, ShowsNumbersThatAreLongerThanWhatCanBeTyped) {
   EXPECT_EQ(Cave().PointsBefore, 150);
 }
 
+TEST_F(FrmFormalityTest, ShowsEachColouringByItsEntryAndWritesTheNumberOfTheEntry) {
+  constexpr int kNumbers[] = {4, 10, 11, 12, 13};
+  for (int entry = 0; entry < 5; ++entry) {
+    Dialog([entry](QWidget& it) {
+      it.findChild<QComboBox*>("Combo1")->setCurrentIndex(entry);
+      Press(it, "Command1");
+    });
+    EXPECT_EQ(Cave().Colouring, kNumbers[entry]);
+    Dialog([entry](QWidget& it) { EXPECT_EQ(it.findChild<QComboBox*>("Combo1")->currentIndex(), entry); });
+  }
+}
+
+TEST_F(FrmFormalityTest, SpeaksTheLanguageOfTheSkin) {
+  test::Numbers numbers;
+  numbers.colouring = 12;
+  Open(kRoom, numbers);
+  Wear("English");
+  window->SetLW();
+  Dialog([](QWidget& it) {
+    EXPECT_EQ(it.windowTitle(), "Cave properties");
+    EXPECT_EQ(it.findChild<QPushButton*>("Command2")->text(), "Cancel");
+    EXPECT_EQ(it.findChild<QPushButton*>("Command8")->text(), "Compute the petrifying");
+    EXPECT_EQ(it.findChild<QComboBox*>("Combo1")->currentText(), "Natural");
+  });
+  const Boxes boxes;
+  Dialog([](QWidget& it) {
+    Type(Box(it, "Text1"), "3");
+    Press(it, "Command1");
+  });
+  EXPECT_EQ(boxes.titles, QStringList("Warning"));
+  EXPECT_EQ(boxes.said, QStringList("These values were corrected: Cave width = 5"));
+}
+
 // What can be typed
 
 TEST_F(FrmFormalityTest, TakesDigitsOnlyAndNotTooMany) {
@@ -148,6 +136,24 @@ TEST_F(FrmFormalityTest, TakesDigitsOnlyAndNotTooMany) {
       EXPECT_EQ(Box(it, name).text(), longest) << name;
     }
   });
+}
+
+TEST_F(FrmFormalityTest, SetsNoLimitToAName) {
+  Dialog([](QWidget& it) {
+    Type(Box(it, "Text3"), QString(300, 'X'));
+    Press(it, "Command1");
+  });
+  EXPECT_EQ(Cave().Name, std::string(300, 'X'));
+}
+
+TEST_F(FrmFormalityTest, MakesANameOneLineOfWholeLetters) {
+  const Boxes boxes;
+  Dialog([](QWidget& it) {
+    Box(it, "Text3").setText(QString("Prvni\nC\u030Capka"));
+    Press(it, "Command1");
+  });
+  EXPECT_EQ(ToUtf8(Cave().Name), "Prvni Čapka");
+  EXPECT_TRUE(boxes.said.isEmpty());
 }
 
 TEST_F(FrmFormalityTest, TakesADescriptionOf280Characters) {
@@ -255,6 +261,7 @@ TEST_F(FrmFormalityTest, LimitsEachNumberWithItsLabel) {
   };
   constexpr Row kRows[] = {
       {"Text1", "4", "Šířka komnaty = 5"},
+      {"Text2", "4", "Výška komnaty = 5"},
       {"Text2", "61", "Výška komnaty = 60"},
       {"Text5", "4", "Celkový čas = 5"},
       {"Text7", "0", "Jak dlouho bude kouzelná zeď kouzlit = 1"},
@@ -348,6 +355,29 @@ TEST_F(FrmFormalityTest, IsConfirmedWithEnterInABoxOfOneLine) {
   }
 }
 
+TEST_F(FrmFormalityTest, IsConfirmedWithEnterInABoxWhoseNumberIsLongerThanWhatCanBeTyped) {
+  test::Numbers numbers;
+  numbers.time = 1500;
+  Open(kRoom, numbers);
+  EXPECT_TRUE(Dialog([](QWidget& it) {
+    Type(Box(it, "Text6"), "77");
+    Box(it, "Text5").setFocus();
+    QTest::keyClick(&Box(it, "Text5"), Qt::Key_Return);
+  }));
+  EXPECT_EQ(Cave().GemsNeeded, 77);
+  EXPECT_EQ(Cave().Time, 1500);
+}
+
+TEST_F(FrmFormalityTest, PressesTheButtonThatHasTheFocusWithEnter) {
+  EXPECT_TRUE(Dialog([](QWidget& it) {
+    Type(Box(it, "Text6"), "77");
+    auto* const cancel = it.findChild<QPushButton*>("Command2");
+    cancel->setFocus();
+    QTest::keyClick(cancel, Qt::Key_Return);
+  }));
+  EXPECT_EQ(Cave().GemsNeeded, 99);
+}
+
 TEST_F(FrmFormalityTest, IsNotConfirmedWithEnterInTheDescription) {
   EXPECT_FALSE(Dialog([](QWidget& it) {
     Description(it).setFocus();
@@ -366,58 +396,6 @@ TEST_F(FrmFormalityTest, IsWalkedThroughWithTab) {
   EXPECT_EQ(way, QStringList({"Text3",    "Command3", "Text4",    "Text1",  "Text2",    "Text5",   "Command5",
                               "Text6",    "Command4", "Text9",    "Text10", "Text7",    "Text8",   "Command6",
                               "Command8", "Text11",   "Command7", "Combo1", "Command1", "Command2"}));
-}
-
-// Answers
-
-TEST_F(FrmFormalityTest, TellsWhatABonusCaveIs) {
-  EXPECT_EQ(Answer("Command3"),
-            "Bonusová komnata: Komnata se slovem BONUS ve jménu je bonusová: hráč ji smí přeskočit a za její "
-            "projití získá 500 bodů navíc.");
-  EXPECT_EQ(Answer("Command3", "Text3", "Velký Bonus"),
-            "Bonusová komnata: Komnata se slovem BONUS ve jménu je bonusová: hráč ji smí přeskočit a za její "
-            "projití získá 500 bodů navíc. Komnata „Velký Bonus“ je bonusová.");
-}
-
-TEST_F(FrmFormalityTest, CountsGems) {
-  EXPECT_EQ(Answer("Command4"), "Zorík: Počet drahokamů v komnatě: 2");
-}
-
-TEST_F(FrmFormalityTest, TellsHowTimeTurnsIntoPoints) {
-  EXPECT_EQ(Answer("Command5"),
-            "Čas a body: Za každou zbylou sekundu je jeden bod za každého živého Zoríka.");
-}
-
-TEST_F(FrmFormalityTest, TellsWhatComesAfterTheAmoebaTime) {
-  EXPECT_EQ(Answer("Command6"), "Co bude pak?: Po uplynutí tohoto času roste améba asi osmkrát rychleji.");
-}
-
-TEST_F(FrmFormalityTest, TellsWhatThePermeabilityMeans) {
-  constexpr int kOdds[] = {127, 63, 31, 15, 7, 3, 1};
-  for (int p = 1; p < 8; ++p) {
-    EXPECT_EQ(Answer("Command7", "Text11", QString::number(p)),
-              QString("Co znamená propustnost %1?: Šance, že předmět v jednom okamžiku propadne, je 1:%2.")
-                  .arg(p)
-                  .arg(kOdds[p - 1]));
-  }
-  EXPECT_EQ(Answer("Command7", "Text11", "0"), "Co znamená propustnost 0?: Blátem nic nepropadne.");
-  EXPECT_EQ(Answer("Command7", "Text11", ""), "Co znamená propustnost 0?: Blátem nic nepropadne.");
-  EXPECT_EQ(Answer("Command7", "Text11", "8"),
-            "Co znamená propustnost 8?: Blátem propadne vše, co na něm spočine.");
-  EXPECT_EQ(Answer("Command7", "Text11", "9"), "Co znamená propustnost 9?: :-)");
-}
-
-// The dialog's size counts, the amoebas are those of the cave: 137 - 1 cells, 18 of them slow.
-TEST_F(FrmFormalityTest, ComputesThePetrifyingFromItsBoxes) {
-  const Boxes boxes;
-  Dialog([](QWidget& it) {
-    Type(Box(it, "Text1"), "30");
-    Type(Box(it, "Text2"), "20");
-    Type(Box(it, "Text8"), "60");
-    Press(it, "Command8");
-  });
-  EXPECT_EQ(boxes.titles, QStringList("Zkamenění améby"));
-  EXPECT_EQ(boxes.said, QStringList("Do zkamenění chybí amébě 136 buněk. Dojde k němu asi v čase 107 s."));
 }
 
 TEST_F(FrmFormalityTest, RemembersItsSize) {

@@ -75,6 +75,7 @@ TEST_F(FrmMainMenusTest, PopsUpTheDogsUnderTheirButton) {
   QTest::mouseClick(&button, Qt::LeftButton);
   auto* const menu = window->findChild<QMenu*>("PesMenu");
   ASSERT_TRUE(menu->isVisible());
+  EXPECT_GE(menu->pos().y(), button.mapToGlobal(button.rect().bottomLeft()).y());
   EXPECT_EQ(menu->actions().size(), 9);
   menu->close();
 }

@@ -145,12 +145,39 @@ TEST_F(FrmMainTest, HandsBackLettersThatItDoesNotKnow) {
   EXPECT_EQ(done, std::vector<std::string>{CaveTextOf(odd)});
 }
 
+TEST_F(FrmMainTest, HandsBackACaveWithoutADogAndWithoutAFinishWithoutASay) {
+  const Boxes boxes;
+  const Picture bare = Full(6, 5, ';');
+  Open(bare);
+  window->close();
+  EXPECT_EQ(done, std::vector<std::string>{CaveTextOf(bare)});
+  EXPECT_TRUE(boxes.said.isEmpty());
+}
+
 TEST_F(FrmMainTest, HandsBackACaveOf80By50) {
   Picture picture = Full(80, 50, ';');
   picture[49][79] = '1';
   Open(picture);
   window->close();
   EXPECT_EQ(done, std::vector<std::string>{CaveTextOf(picture)});
+}
+
+TEST_F(FrmMainTest, StaysOpenWhenTheNameIsTooLongForAFile) {
+  const auto name = [this](int letters) {
+    InDialogNamed dialog("frmFormality", [letters](QWidget& it) {
+      it.findChild<QLineEdit*>("Text3")->setText(QString(letters, 'X'));
+      QTest::mouseClick(it.findChild<QPushButton*>("Command1"), Qt::LeftButton);
+    });
+    ClickLabel("Label3");
+  };
+  name(191);
+  const Boxes boxes;
+  window->close();
+  EXPECT_TRUE(window->isVisible());
+  EXPECT_EQ(boxes.said, QStringList("Údaj „Název“ je na soubor příliš dlouhý. Zkraťte jej, prosím."));
+  name(190);
+  window->close();
+  EXPECT_EQ(done.size(), 1U);
 }
 
 TEST_F(FrmMainTest, StaysOpenAndNamesTheFieldThatAFileHasNoRoomFor) {

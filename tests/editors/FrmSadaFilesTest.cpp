@@ -10,19 +10,8 @@ namespace zorik {
 namespace {
 
 using test::Names;
-using test::SadaScreen;
 
-class FrmSadaFilesTest : public testing::Test, protected SadaScreen {
- protected:
-  void TearDown() override { EXPECT_TRUE(dialogs.Done()) << dialogs.said.join(" | ").toStdString(); }
-
-  void TypeName(const QString& name) const {
-    Activate();
-    Box("Text3").setFocus();
-    Box("Text3").selectAll();
-    Type(Box("Text3"), name);
-  }
-};
+class FrmSadaFilesTest : public test::SadaWindowTest {};
 
 // Saving
 
@@ -50,6 +39,44 @@ TEST_F(FrmSadaFilesTest, ProposesTheNameOfTheCollectionForItsFile) {
     dialog.close();
   });
   Action("mnuSaveAs").trigger();
+}
+
+TEST_F(FrmSadaFilesTest, PutsTheEndingBehindAnyNameThatLacksIt) {
+  Open();
+  const std::vector<std::pair<const char*, const char*>> rows = {
+      {"b", "b.zk"}, {"verze 1.5", "verze 1.5.zk"}, {"c.zk", "c.zk"}, {"D.ZK", "D.ZK"}};
+  for (const auto& [typed, file] : rows) {
+    dialogs.Type(Path(typed));
+    Action("mnuSaveAs").trigger();
+    EXPECT_EQ(Sada().FileName(), Path(file));
+    EXPECT_EQ(Lines(file).size(), 5U);
+  }
+}
+
+TEST_F(FrmSadaFilesTest, AsksBeforeItReplacesAFileWhoseEndingWasNotTyped) {
+  Open();
+  folder.File("Caves/verze 1.5.zk", "stary");
+  dialogs.Type(Path("verze 1.5")).Press("no").Cancel();
+  Action("mnuSaveAs").trigger();
+  EXPECT_EQ(*ReadWhole(Path("verze 1.5.zk")), "stary");
+}
+
+TEST_F(FrmSadaFilesTest, SavesEmptyTextsAndLineBreaks) {
+  OpenCaves({"A"});
+  for (const char* box : {"Text3", "Text1", "Text2", "Text4"}) {
+    Child<QWidget>(box).setFocus();
+    Key(Qt::Key_A, Qt::ControlModifier);
+    Key(Qt::Key_Delete);
+  }
+  Key(Qt::Key_S, Qt::ControlModifier);
+  EXPECT_EQ(Lines("a.zk"), (Names{"AA", "A", "0", test::OneStepCave("A") + "---01", "Hura"}));
+  TypeInto("Text4", "a");
+  Key(Qt::Key_Return);
+  QTest::keyClicks(&Text4(), "b");
+  Key(Qt::Key_S, Qt::ControlModifier);
+  EXPECT_EQ(Lines("a.zk")[1], "Aa\r\nb");
+  Open(Path("a.zk"));
+  EXPECT_EQ(Text4().toPlainText(), "a\nb");
 }
 
 TEST_F(FrmSadaFilesTest, SavesIntoItsFileWithoutAsking) {
@@ -83,6 +110,26 @@ TEST_F(FrmSadaFilesTest, TellsWhenAFileCannotBeWrittenAndKeepsEverything) {
   EXPECT_TRUE(window->isWindowModified());
   EXPECT_EQ(Sada().FileName(), Path("a.zk"));
   EXPECT_EQ(Lines("a.zk").front(), "ESadaA");
+  EXPECT_EQ(Box("Text3").text(), "Jinak");
+  EXPECT_EQ(Rows(), Names{"*A"});
+}
+
+TEST_F(FrmSadaFilesTest, LosesNothingWhenTheFileAskedForCannotBeWritten) {
+  OpenCaves({"A"});
+  TypeName("Jinak");
+  Key(Qt::Key_F3);
+  std::filesystem::remove(Path("a.zk"));
+  std::filesystem::create_directory(Path("a.zk"));
+  for (int i = 0; i < 2; ++i) {
+    dialogs.Press("yes").Press("ok");
+    i == 0 ? Key(Qt::Key_O, Qt::ControlModifier) : static_cast<void>(window->close());
+    EXPECT_EQ(dialogs.said.last().toStdString(), "Soubor se nepodařilo uložit. " + Path("a.zk"));
+    EXPECT_EQ(Box("Text3").text(), "Jinak");
+    EXPECT_EQ(Rows(), (Names{"*Nová malá komnata", "*A"}));
+    EXPECT_TRUE(window->isWindowModified());
+    EXPECT_TRUE(window->isVisible());
+  }
+  EXPECT_EQ(closed, 0);
 }
 
 TEST_F(FrmSadaFilesTest, TellsWhenItsFileHasGoneWithItsFolder) {
@@ -117,6 +164,40 @@ TEST_F(FrmSadaFilesTest, NamesTheTextThatIsTooLongToBeSaved) {
 }
 
 // Opening
+
+TEST_F(FrmSadaFilesTest, BringsEveryShippedCollectionBackLineByLine) {
+  int collections = 0;
+  for (const auto& entry : std::filesystem::directory_iterator(ZORIK_CAVES)) {
+    if (entry.path().extension() != ".zk") continue;
+    ++collections;
+    const std::string file = entry.path().filename().string();
+    folder.File("Caves/" + file, *ReadWhole(entry.path().string()));
+    const Names before = Lines(file);
+    Open(Path(file));
+    Key(Qt::Key_S, Qt::ControlModifier);
+    EXPECT_TRUE(Lines(file) == before) << file;
+    TypeName(Box("Text3").text());
+    Text4().setFocus();
+    Key(Qt::Key_X);
+    EXPECT_TRUE(window->isWindowModified());
+    Key(Qt::Key_Z, Qt::ControlModifier);
+    Key(Qt::Key_S, Qt::ControlModifier);
+    EXPECT_TRUE(Lines(file) == before) << file << " by typing the same";
+  }
+  EXPECT_GE(collections, 1);
+}
+
+TEST_F(FrmSadaFilesTest, KeepsLettersThatNoObjectHas) {
+  test::Numbers numbers;
+  numbers.name = "A";
+  const std::string cave = test::CaveTextOf({"WWWWW", "W1T?\xE1", "WW*z\x01"}, numbers) + "*A-A/Z";
+  Chance chance;
+  const Names lines = {"ESadaA", "CEva", "@0", cave + "---01", "Hura"};
+  folder.File("Caves/l.zk", ScrambleLines(lines, chance));
+  Open(Path("l.zk"));
+  Key(Qt::Key_S, Qt::ControlModifier);
+  EXPECT_EQ(Lines("l.zk"), lines);
+}
 
 TEST_F(FrmSadaFilesTest, OpensAFileByCtrlO) {
   OpenCaves({"A", "*B"});
@@ -182,6 +263,53 @@ TEST_F(FrmSadaFilesTest, ShowsAClosedCollectionAsClosedAndBeginsANewOne) {
   EXPECT_EQ(Rows(), Names{"*Nová malá komnata"});
   EXPECT_EQ(Sada().FileName(), "");
   EXPECT_FALSE(window->isWindowModified());
+}
+
+TEST_F(FrmSadaFilesTest, BeginsANewCollectionWhenAClosedOneWasChosen) {
+  Chance chance;
+  folder.File("Caves/z.zk", ScrambleLines({"ESadaA", "AX", "a@b.czQ", "x---01", ""}, chance));
+  OpenCaves({"A", "B"});
+  dialogs.Type(Path("z.zk")).Press("ok");
+  Key(Qt::Key_O, Qt::ControlModifier);
+  EXPECT_EQ(Rows(), Names{"*Nová malá komnata"});
+  EXPECT_EQ(Sada().FileName(), "");
+  EXPECT_EQ(Lines("z.zk")[2], "a@b.czQ") << "its file stays";
+}
+
+TEST_F(FrmSadaFilesTest, SpeaksTheLanguageOfTheSkin) {
+  ASSERT_TRUE(skin.Wear(SkinPlaces{ZORIK_SKINS, "English"}));
+  Chance chance;
+  folder.File("Caves/d.zk", ScrambleLines({"ESadaA", "AX", "a@b.cz0", "E!---01", "Hura"}, chance));
+  folder.File("Caves/z.zk", ScrambleLines({"ESadaA", "AX", "a@b.czz", "x---01", ""}, chance));
+  dialogs.Press("ok");
+  Open(Path("d.zk"));
+  EXPECT_EQ(Rows(), Names{"*New small cave"});
+  dialogs.Then([this](QWidget& dialog) {
+    EXPECT_EQ(Box("Text3").text(), "(closed)");
+    QTest::keyClick(&dialog, Qt::Key_Return);
+  });
+  Open(Path("z.zk"));
+  TypeInto("Text1", QString(191, 'x'));
+  dialogs.Press("close");
+  Key(Qt::Key_O, Qt::ControlModifier);
+  dialogs.Type(Path("b.zk")).Press("ok");
+  Key(Qt::Key_S, Qt::ControlModifier);
+  Key(Qt::Key_F3);
+  dialogs.Press("no");
+  Key(Qt::Key_F8);
+  const std::vector<std::pair<std::string, std::string>> wanted = {
+      {"Zorík", "These caves cannot be read, so they are not in the collection 1"},
+      {"Closed collection",
+       "The author has closed this collection, it cannot be edited. A new empty collection is opened."},
+      {"Unsaved changes", "The collection “New collection” has changed. Save the changes?"},
+      {"Zorík", "The file could not be saved. Author: 191 characters, the most is 190."},
+      {"Delete cave", "Really delete the cave 'New small cave' from this collection?"},
+  };
+  ASSERT_EQ(dialogs.said.size(), static_cast<int>(wanted.size()));
+  for (int i = 0; i < dialogs.said.size(); ++i) {
+    EXPECT_EQ(std::pair(dialogs.titles[i].toStdString(), dialogs.said[i].toStdString()),
+              wanted[static_cast<std::size_t>(i)]);
+  }
 }
 
 TEST_F(FrmSadaFilesTest, SaysWhichCavesItCouldNotRead) {

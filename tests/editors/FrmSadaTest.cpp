@@ -1,82 +1,16 @@
 // The commands of the collection editor.
 #include <gtest/gtest.h>
 
-#include <QMenu>
-#include <QMenuBar>
-#include <algorithm>
-
 #include "editors/FrmSada.h"
 #include "editors/SadaScreen.h"
+#include "screens/FrmLoading.h"
 
 namespace zorik {
 namespace {
 
 using test::Names;
-using test::SadaScreen;
 
-class FrmSadaTest : public testing::Test, protected SadaScreen {
- protected:
-  void TearDown() override { EXPECT_TRUE(dialogs.Done()) << dialogs.said.join(" | ").toStdString(); }
-
-  void TypeName(const QString& name) const {
-    Activate();
-    Box("Text3").setFocus();
-    Box("Text3").selectAll();
-    Type(Box("Text3"), name);
-  }
-};
-
-// Menus
-
-struct MenuRow {
-  const char* name;
-  const char* caption;
-  const char* english;
-  const char* key;
-};
-
-const std::vector<MenuRow> kMenus = {
-    {"mnuNew", "Nová", "New", "Ctrl+N"},
-    {"mnuOpen", "Otevřít", "Open", "Ctrl+O"},
-    {"mnuSave", "Uložit", "Save", "Ctrl+S"},
-    {"mnuSaveAs", "Uložit jako", "Save as", ""},
-    {"mnuGratulace", "Gratulace při výhře", "Congratulation", "Ctrl+G"},
-    {"mnuClose", "Zavřít", "Close", ""},
-    {"mnuCopy", "Zkopírovat do schránky", "Copy", "Ctrl+Ins"},
-    {"mnuPaste", "Vložit ze schránky", "Paste", "Shift+Ins"},
-    {"mnuAdd(0)", "Malou", "Small", "F3"},
-    {"mnuAdd(1)", "Velkou", "Large", ""},
-    {"mnuEdit", "Editovat", "Edit", "F4"},
-    {"mnuUp", "Nahoru", "Up", "F5"},
-    {"mnuDown", "Dolu", "Down", "F6"},
-    {"mnuDelete", "Vymazat", "Delete", "F8"},
-};
-
-TEST_F(FrmSadaTest, HasTheMenusWithTheirKeys) {
-  for (const MenuRow& row : kMenus) {
-    EXPECT_EQ(Action(row.name).text(), row.caption);
-    EXPECT_EQ(Action(row.name).shortcut().toString(), row.key);
-    const auto menus = window->menuBar()->findChildren<QMenu*>();
-    EXPECT_TRUE(std::any_of(menus.begin(), menus.end(), [&](const QMenu* menu) {
-      return menu->actions().contains(&Action(row.name));
-    })) << row.name;
-  }
-  EXPECT_EQ(window->windowTitle(), "Zoríkův editor sady komnat[*]");
-}
-
-TEST_F(FrmSadaTest, SpeaksTheLanguageOfTheSkinWhenItOpens) {
-  ASSERT_TRUE(skin.Wear(SkinPlaces{ZORIK_SKINS, "English"}));
-  Open();
-  for (const MenuRow& row : kMenus) EXPECT_EQ(Action(row.name).text(), row.english);
-  EXPECT_EQ(Box("Text3").text(), "New collection");
-  EXPECT_EQ(Rows(), Names{"*New small cave"});
-  EXPECT_EQ(window->windowTitle(), "Zorík's collection editor[*]");
-}
-
-TEST_F(FrmSadaTest, TellsOfEachKeyInAHint) {
-  EXPECT_EQ(Action("mnuUp").toolTip(), "Nahoru (F5)");
-  EXPECT_EQ(Action("mnuAdd(1)").toolTip(), "Velkou");
-}
+class FrmSadaTest : public test::SadaWindowTest {};
 
 // New
 
@@ -137,6 +71,15 @@ TEST_F(FrmSadaTest, MovesACaveWithItsMarkByF5AndF6) {
   EXPECT_TRUE(window->isWindowModified());
 }
 
+TEST_F(FrmSadaTest, OpensTheFirstCaveAgainWhenAClosedOneMovesThere) {
+  OpenCaves({"A", "B", "C"});
+  Key(Qt::Key_F6);
+  EXPECT_EQ(Rows(), (Names{"*B", "*A", "C"}));
+  EXPECT_TRUE(MarkSeen(1) && MarkSeen(2) && !MarkSeen(3));
+  Key(Qt::Key_S, Qt::ControlModifier);
+  EXPECT_EQ(Lines("a.zk").front(), "ESadaAB");
+}
+
 TEST_F(FrmSadaTest, ChangesNothingAtTheEndsOfTheList) {
   OpenCaves({"A", "B"});
   Key(Qt::Key_F5);
@@ -163,6 +106,15 @@ TEST_F(FrmSadaTest, AsksByNameBeforeItDeletes) {
   EXPECT_EQ(dialogs.titles, QStringList(2, "Vymazat komnatu"));
 }
 
+TEST_F(FrmSadaTest, SelectsTheCaveBeforeADeletedLastOne) {
+  OpenCaves({"A", "B", "C"});
+  ClickCave(3);
+  dialogs.Press("yes");
+  Key(Qt::Key_F8);
+  EXPECT_EQ(Rows(), (Names{"*A", "B"}));
+  EXPECT_EQ(Sada().ListSelected(), 2);
+}
+
 TEST_F(FrmSadaTest, KeepsTheOnlyCaveWithoutAWord) {
   Open();
   Key(Qt::Key_F8);
@@ -184,20 +136,25 @@ TEST_F(FrmSadaTest, CopiesAndPastesByKeysOfTheList) {
 }
 
 TEST_F(FrmSadaTest, LeavesTheClipboardKeysToTheTextBoxes) {
-  OpenCaves({"A"});
+  OpenCaves({"A", "B"});
   Action("mnuCopy").trigger();
-  Box("Text1").setFocus();
-  Box("Text1").selectAll();
-  Key(Qt::Key_Insert, Qt::ControlModifier);
-  Box("Text3").setFocus();
-  Box("Text3").selectAll();
-  Key(Qt::Key_Insert, Qt::ShiftModifier);
-  EXPECT_EQ(Box("Text3").text(), "Eva");
-  Text4().setFocus();
-  Text4().selectAll();
-  Key(Qt::Key_Insert, Qt::ShiftModifier);
-  EXPECT_EQ(Text4().toPlainText(), "Eva");
-  EXPECT_EQ(Rows(), Names{"*A"});
+  ClickCave(2);
+  int i = 1;
+  for (const char* from : {"Text3", "Text1", "Text2", "Text4"}) {
+    for (const char* to : {"Text3", "Text1", "Text2", "Text4"}) {
+      const QString words = QString("slova %1").arg(i++);
+      TypeInto(from, words);
+      Key(Qt::Key_A, Qt::ControlModifier);
+      Key(Qt::Key_Insert, Qt::ControlModifier);
+      TypeInto(to, "jina ");
+      Key(Qt::Key_Insert, Qt::ShiftModifier);
+      EXPECT_EQ(Child<QWidget>(to).property(to == std::string("Text4") ? "plainText" : "text"),
+                "jina " + words)
+          << from << ' ' << to;
+    }
+  }
+  EXPECT_EQ(Rows(), (Names{"*A", "B"}));
+  EXPECT_EQ(Sada().ClipCave(), test::OneStepCave("A"));
 }
 
 TEST_F(FrmSadaTest, RefusesTheNinetySecondCaveSilentlyButCountsAsChanged) {
@@ -250,6 +207,32 @@ TEST_F(FrmSadaTest, CountsAsChangedEvenIfTheCaveStaysAsItWas) {
   EXPECT_TRUE(window->isWindowModified());
 }
 
+TEST_F(FrmSadaTest, ShowsTheBusyNoticeWhileItWorks) {
+  struct Notices : QObject {
+    bool eventFilter(QObject* object, QEvent* event) override {
+      const bool notice = dynamic_cast<FrmLoading*>(object) != nullptr;
+      if (notice && event->type() == QEvent::Show) ++shown;
+      if (notice && event->type() == QEvent::Hide) ++hidden;
+      return false;
+    }
+    int shown = 0;
+    int hidden = 0;
+  } notices;
+  OpenCaves({"A"});
+  bool whileEdited = false;
+  QObject::connect(window.get(), &FrmSada::EditCave, &notices,
+                   [&] { whileEdited = notices.shown == 3 && notices.hidden == 2; });
+  qApp->installEventFilter(&notices);
+  dialogs.Type(Path("a.zk"));
+  Key(Qt::Key_O, Qt::ControlModifier);
+  EXPECT_EQ(notices.shown, 1);
+  Key(Qt::Key_S, Qt::ControlModifier);
+  EXPECT_EQ(notices.shown, 2);
+  Key(Qt::Key_F4);
+  EXPECT_TRUE(whileEdited);
+  EXPECT_EQ(notices.hidden, 3);
+}
+
 // The congratulation
 
 TEST_F(FrmSadaTest, EditsTheCongratulationByCtrlG) {
@@ -270,6 +253,45 @@ TEST_F(FrmSadaTest, EditsTheCongratulationByCtrlG) {
   EXPECT_EQ(Lines("a.zk").back(), "Prvni\r\n$P");
 }
 
+TEST_F(FrmSadaTest, DoesNotCountACongratulationThatNobodyTouchedAsChanged) {
+  Chance chance;
+  const std::vector<std::string> lines = {"ESadaA", "CEva", "@0", test::OneStepCave("A") + "---01",
+                                          "Pro\x9A"
+                                          "el jsi\nto, \x81\r\n$P"};
+  folder.File("Caves/g.zk", ScrambleLines(lines, chance));
+  Open(Path("g.zk"));
+  dialogs.Then([](QWidget& dialog) {
+    EXPECT_TRUE(dialog.findChild<QPlainTextEdit*>("Text1")->toPlainText().startsWith("Prošel jsi\nto, "));
+    QTest::mouseClick(dialog.findChild<SkinButton*>("ok"), Qt::LeftButton);
+  });
+  Key(Qt::Key_G, Qt::ControlModifier);
+  EXPECT_FALSE(window->isWindowModified());
+  EXPECT_EQ(Sada().CongratulationText(), lines.back());
+}
+
+TEST_F(FrmSadaTest, RefusesACongratulationThatWouldBeReadAsACave) {
+  OpenCaves({"A"});
+  const auto ending = [](const QString& end) {
+    return [end](QWidget& dialog) {
+      auto* const text = dialog.findChild<QPlainTextEdit*>("Text1");
+      text->moveCursor(QTextCursor::End);
+      QTest::keyClicks(text, end);
+      QTest::mouseClick(dialog.findChild<SkinButton*>("ok"), Qt::LeftButton);
+    };
+  };
+  dialogs.Then(ending("-----")).Press("ok").Then(ending("ab")).Press("ok").Then(ending("c"));
+  Action("mnuGratulace").trigger();
+  EXPECT_EQ(dialogs.said, QStringList(2, "Gratulace nesmí končit třemi pomlčkami a dvěma dalšími znaky."));
+  EXPECT_EQ(Sada().CongratulationText(), "Hura-----abc");
+  dialogs.Then(ending("-----")).Press("ok").Cancel();
+  Action("mnuGratulace").trigger();
+  EXPECT_EQ(Sada().CongratulationText(), "Hura-----abc");
+  Key(Qt::Key_S, Qt::ControlModifier);
+  const auto played = ReadForPlay(*ReadWhole(Path("a.zk")));
+  ASSERT_TRUE(played);
+  EXPECT_EQ(played->Congratulation, "Hura-----abc");
+}
+
 TEST_F(FrmSadaTest, DropsOrKeepsTheCongratulationAsItWas) {
   OpenCaves({"A"});
   dialogs.Then([](QWidget& dialog) {
@@ -281,33 +303,6 @@ TEST_F(FrmSadaTest, DropsOrKeepsTheCongratulationAsItWas) {
   Action("mnuGratulace").trigger();
   EXPECT_EQ(Sada().CongratulationText(), "Hura");
   EXPECT_FALSE(window->isWindowModified());
-}
-
-// Help
-
-TEST_F(FrmSadaTest, HasFivePagesOfHelpAndTheCredits) {
-  const QStringList captions = {"O programu", "Pravidla", "Přispět", "Editování", "Obsah"};
-  for (int i = 0; i < captions.size(); ++i) {
-    EXPECT_EQ(Action(qPrintable(QString("mnuHelp(%1)").arg(i))).text(), captions[i]);
-  }
-  dialogs.Then([](QWidget& dialog) {
-    EXPECT_TRUE(dialog.findChild<QLabel*>("lblText")->text().contains("Zorík"));
-    QTest::keyClick(&dialog, Qt::Key_Escape);
-  });
-  Action("mnuAbout").trigger();
-  EXPECT_FALSE(Action("mnuWeb").isVisible() || Action("mnuMail").isVisible())
-      << "the skin names no such places";
-}
-
-TEST_F(FrmSadaTest, TellsOfEachPageThatIsNotThere) {
-  Open();
-  const QStringList pages = {"oprogramu", "pravidla", "prispet", "editovat", "help"};
-  for (int i = 0; i < pages.size(); ++i) {
-    dialogs.Press("ok");
-    Action(qPrintable(QString("mnuHelp(%1)").arg(i))).trigger();
-    ASSERT_EQ(dialogs.said.size(), i + 1);
-    EXPECT_TRUE(dialogs.said.last().endsWith(pages[i] + ".html")) << dialogs.said.last().toStdString();
-  }
 }
 
 }  // namespace

@@ -38,6 +38,14 @@ TEST_F(FrmStatsTest, CountsTheCaveAsItIsNow) {
   EXPECT_EQ(Rows(), QStringList({"Hlína: 29", "Balvan: 1"}));
 }
 
+TEST_F(FrmStatsTest, IsShutWithEnter) {
+  Open(test::Full(6, 5, ';'));
+  InDialogNamed dialog("frmStats", [](QWidget& it) { QTest::keyClick(it.focusWidget(), Qt::Key_Return); });
+  QTest::keyClick(window.get(), Qt::Key_F7);
+  EXPECT_TRUE(dialog.opened);
+  EXPECT_FALSE(dialog.stayed);
+}
+
 TEST_F(FrmStatsTest, IsShutWithEsc) {
   Open(test::Full(6, 5, ';'));
   InDialogNamed dialog("frmStats", [](QWidget& it) { QTest::keyClick(&it, Qt::Key_Escape); });

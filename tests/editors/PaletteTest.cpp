@@ -87,6 +87,22 @@ TEST_F(PaletteTest, DrawsAFrameWhereTheToolIs) {
   EXPECT_EQ(picture(9), bare);
 }
 
+// The names stand in the order of the palette, with room neither for the dog, whose name is elsewhere, nor
+// for the number without a tile.
+TEST_F(PaletteTest, NamesEachTileByItsPlaceInTheLanguage) {
+  for (const char* const language : {"Default", "English"}) {
+    Wear(language);
+    window->SetLW();
+    int place = 10;
+    for (int palette = 0; palette < kPaletteEnd; ++palette) {
+      if (palette == kPaletteGap || palette == kDogTool) continue;
+      ASSERT_FALSE(skin.Text(place).isEmpty());
+      EXPECT_EQ(TooltipOf(palette), skin.Text(place++)) << palette;
+    }
+    EXPECT_EQ(place, 43);
+  }
+}
+
 TEST_F(PaletteTest, NamesItsTiles) {
   EXPECT_EQ(TooltipOf(0), "Prázdno");
   EXPECT_EQ(TooltipOf(2), "Balvan");

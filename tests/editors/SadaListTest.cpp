@@ -1,8 +1,7 @@
-// The list of caves and the boxes for the texts, by mouse and keys.
+// The list of caves, by mouse and keys.
 #include <gtest/gtest.h>
 
 #include <QHelpEvent>
-#include <QLabel>
 #include <QToolTip>
 
 #include "editors/SadaList.h"
@@ -12,12 +11,9 @@ namespace zorik {
 namespace {
 
 using test::Names;
-using test::SadaScreen;
 
-class SadaListTest : public testing::Test, protected SadaScreen {
+class SadaListTest : public test::SadaWindowTest {
  protected:
-  void TearDown() override { EXPECT_TRUE(dialogs.Done()) << dialogs.said.join(" | ").toStdString(); }
-
   QString HintAt(QPoint place) const {
     QToolTip::hideText();
     EXPECT_TRUE(QTest::qWaitFor([] { return !QToolTip::isVisible(); }));
@@ -36,6 +32,30 @@ TEST_F(SadaListTest, SelectsTheCaveThatIsClicked) {
     EXPECT_EQ(Sada().ListSelected(), number);
   }
   EXPECT_FALSE(window->isWindowModified());
+}
+
+TEST_F(SadaListTest, ShowsARowForEachCaveAndNoneBelow) {
+  OpenCaves({"A", "B", "*C"});
+  const auto rows = [this] {
+    std::string seen;
+    for (int number = 1; number <= 4; ++number) {
+      const QRect name = List().lblCave(number);
+      const QRect row = List().RowOf(number);
+      seen += Seen(QRect(row.topLeft(), QPoint(name.left() - 1, row.bottom()))) ? '#' : ' ';
+      seen += Seen(name) ? 'A' : ' ';
+      seen += MarkSeen(number) ? 'P' : ' ';
+      seen += '|';
+    }
+    return seen;
+  };
+  EXPECT_EQ(rows(), "#AP|#A |#AP|   |");
+  ClickCave(3);
+  dialogs.Press("yes");
+  Key(Qt::Key_F8);
+  EXPECT_EQ(rows(), "#AP|#A |   |   |");
+  Key(Qt::Key_F3);
+  Key(Qt::Key_F3);
+  EXPECT_EQ(rows(), "#AP|#A |#A |#A |");
 }
 
 TEST_F(SadaListTest, DrawsTheBorderAroundTheSelectedRowOnly) {
@@ -93,6 +113,22 @@ TEST_F(SadaListTest, ShowsAndRemovesTheMarkThatIsClicked) {
   EXPECT_EQ(Rows(), (Names{"*A", "*B", "C"}));
   EXPECT_FALSE(MarkSeen(3));
   EXPECT_EQ(Sada().ListSelected(), 1) << "the selection stays";
+}
+
+TEST_F(SadaListTest, HintsThatAMarkCanBeClickedWithoutShowingOne) {
+  OpenCaves({"A", "B", "C"});
+  const auto frame = [this](int number) {
+    const QRect mark = List().lblPoc(number);
+    const QImage row = List().viewport()->grab(mark).toImage();
+    return row.pixel(0, row.height() / 2) != row.pixel(1, row.height() / 2);
+  };
+  for (const int number : {2, 3}) {
+    QTest::mouseMove(List().viewport(), List().lblPoc(number).center());
+    EXPECT_TRUE(frame(number) && !frame(5 - number) && !frame(1)) << number;
+    EXPECT_FALSE(MarkSeen(number));
+  }
+  QTest::mouseMove(List().viewport(), List().lblPoc(1).center());
+  EXPECT_FALSE(frame(1) || frame(3)) << "the first mark is no button";
 }
 
 TEST_F(SadaListTest, DoesNotLetTheFirstMarkBeClicked) {
@@ -166,162 +202,6 @@ TEST_F(SadaListTest, HasRowsOfFourteenAtLeast) {
   QCoreApplication::processEvents();
   EXPECT_GE(List().RowOf(1).height(), 14);
   EXPECT_TRUE(List().viewport()->rect().contains(List().RowOf(17)));
-}
-
-// Texts
-
-class SadaBoxesTest : public SadaListTest {};
-
-TEST_F(SadaBoxesTest, SaysWhatEachBoxIsFor) {
-  Open();
-  const std::vector<std::pair<const char*, QString>> labels = {{"Text3", "Název sady"},
-                                                               {"Text1", "Autor"},
-                                                               {"Text2", "E-mail"},
-                                                               {"Text4", "Popis sady"},
-                                                               {"txtBody", "Body na začátek"}};
-  for (const auto& [box, words] : labels) {
-    QString found;
-    for (const QLabel* const label : window->findChildren<QLabel*>()) {
-      if (label->buddy() == &Child<QWidget>(box)) found = label->text();
-    }
-    EXPECT_EQ(found, words);
-  }
-}
-
-TEST_F(SadaBoxesTest, CountsAsChangedAfterALetterInAnyBox) {
-  for (const char* box : {"Text3", "Text1", "Text2", "Text4"}) {
-    OpenCaves({"A"});
-    EXPECT_FALSE(window->isWindowModified());
-    QTest::keyClick(&Child<QWidget>(box), Qt::Key_X);
-    EXPECT_TRUE(window->isWindowModified()) << box;
-  }
-}
-
-TEST_F(SadaBoxesTest, StoresWhatIsTyped) {
-  OpenCaves({"A"});
-  for (const char* box : {"Text3", "Text1", "Text2", "Text4"}) {
-    Child<QWidget>(box).setFocus();
-    Key(Qt::Key_A, Qt::ControlModifier);
-    Type(Child<QWidget>(box), QString("%1 žluťoučký").arg(box));
-  }
-  EXPECT_EQ(ToUtf8(Sada().Text(SadaText::Name)), "Text3 žluťoučký");
-  EXPECT_EQ(ToUtf8(Sada().Text(SadaText::Author)), "Text1 žluťoučký");
-  EXPECT_EQ(ToUtf8(Sada().Text(SadaText::Mail)), "Text2 žluťoučký");
-  EXPECT_EQ(ToUtf8(Sada().Text(SadaText::Description)), "Text4 žluťoučký");
-}
-
-TEST_F(SadaBoxesTest, KeepsLineBreaksOfTheDescription) {
-  OpenCaves({"A"});
-  Text4().selectAll();
-  QTest::keyClicks(&Text4(), "a");
-  QTest::keyClick(&Text4(), Qt::Key_Return);
-  QTest::keyClicks(&Text4(), "b");
-  EXPECT_EQ(Sada().Text(SadaText::Description), "a\r\nb");
-}
-
-TEST_F(SadaBoxesTest, ShowsWhatTheFileCannotHoldAsQuestionMarks) {
-  OpenCaves({"A"});
-  Box("Text1").selectAll();
-  Box("Text1").insert("日本 š");
-  QTest::keyClick(&Box("Text1"), Qt::Key_X);
-  EXPECT_EQ(Box("Text1").text(), "?? šx");
-  Text4().selectAll();
-  Text4().insertPlainText("猫 č");
-  EXPECT_EQ(Text4().toPlainText(), "? č");
-  EXPECT_EQ(Sada().Text(SadaText::Description), "? \xE8");
-}
-
-TEST_F(SadaBoxesTest, TakesTwoHundredAndEightyCharactersOfDescription) {
-  OpenCaves({"A"});
-  Text4().selectAll();
-  Text4().insertPlainText(QString(500, 'x'));
-  EXPECT_EQ(Text4().toPlainText(), QString(280, 'x'));
-  QTest::keyClick(&Text4(), Qt::Key_Y);
-  EXPECT_EQ(Sada().Text(SadaText::Description), std::string(280, 'x'));
-}
-
-TEST_F(SadaBoxesTest, CutsWhatWasPutInAndNotWhatWasThere) {
-  OpenCaves({"A"});
-  Text4().setPlainText(QString());
-  Text4().insertPlainText(QString(270, 'x') + "konec");
-  Text4().moveCursor(QTextCursor::Start);
-  Text4().insertPlainText("0123456789");
-  EXPECT_EQ(Text4().toPlainText(), "01234" + QString(270, 'x') + "konec");
-}
-
-TEST_F(SadaBoxesTest, CountsALineBreakForTwo) {
-  OpenCaves({"A"});
-  Text4().selectAll();
-  Text4().insertPlainText("x" + QString(200, QChar('\n')));
-  EXPECT_EQ(Sada().Text(SadaText::Description).size(), 279U) << "a break does not fit in by half";
-}
-
-TEST_F(SadaBoxesTest, KeepsALongerDescriptionOfAFile) {
-  Chance chance;
-  const std::string text(400, 'x');
-  folder.File(
-      "Caves/l.zk",
-      ScrambleLines({"ESadaA", "A" + text, "a@b.cz0", test::OneStepCave("A") + "---01", "H"}, chance));
-  Open(Path("l.zk"));
-  EXPECT_EQ(Text4().toPlainText().size(), 400);
-  QTest::keyClick(&Text4(), Qt::Key_Y);
-  EXPECT_EQ(Sada().Text(SadaText::Description), text);
-}
-
-TEST_F(SadaBoxesTest, LeavesUntouchedTextsAsTheyAreInTheFile) {
-  Chance chance;
-  const std::vector<std::string> lines = {"F\x81\nab\rA",
-                                          "Cx\ny"
-                                          "a\nb\rc\r\n",
-                                          "\x83@0", test::OneStepCave("A") + "---01", "H\nu\r"};
-  folder.File("Caves/o.zk", ScrambleLines(lines, chance));
-  Open(Path("o.zk"));
-  Key(Qt::Key_S, Qt::ControlModifier);
-  EXPECT_EQ(Lines("o.zk"), lines);
-}
-
-TEST_F(SadaBoxesTest, ShowsPointsAtTheStartWithFiveDigits) {
-  Open();
-  QLineEdit& body = Box("txtBody");
-  EXPECT_EQ(body.text(), "00000");
-  const std::vector<std::pair<const char*, const char*>> rows = {
-      {"7", "00007"},     {"-5", "00000"},   {"", "00000"},      {"-", "00000"},
-      {"12345", "12345"}, {"x1y2", "00012"}, {"123456", "12345"}};
-  for (const auto& [typed, shown] : rows) {
-    body.setFocus();
-    QCoreApplication::processEvents();
-    EXPECT_EQ(body.selectedText(), body.text()) << "all of it is selected on entry";
-    QTest::keyClick(&body, Qt::Key_Delete);
-    QTest::keyClicks(&body, typed);
-    Box("Text3").setFocus();
-    EXPECT_EQ(body.text(), shown) << typed;
-  }
-  EXPECT_FALSE(window->isWindowModified());
-}
-
-TEST_F(SadaBoxesTest, SelectsThePointsWhenTheyAreClicked) {
-  Open();
-  QTest::mouseClick(&Box("txtBody"), Qt::LeftButton);
-  QCoreApplication::processEvents();
-  EXPECT_EQ(Box("txtBody").selectedText(), "00000");
-}
-
-TEST_F(SadaBoxesTest, IsWalkedThroughWithTheTabKey) {
-  Open();
-  Box("Text3").setFocus();
-  for (const char* next : {"Text1", "Text2", "Text4", "txtBody", "CaveList"}) {
-    QTest::keyClick(window->windowHandle(), Qt::Key_Tab);
-    EXPECT_EQ(window->focusWidget(), &Child<QWidget>(next)) << next;
-  }
-}
-
-TEST_F(SadaBoxesTest, RemembersTheSizeOfTheWindow) {
-  Open();
-  window->resize(901, 602);
-  window->close();
-  MakeWindow();
-  Open();
-  EXPECT_EQ(window->size(), QSize(901, 602));
 }
 
 }  // namespace

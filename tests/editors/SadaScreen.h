@@ -128,10 +128,9 @@ class SadaScreen {
   void ClickMark(int number) const {
     QTest::mouseClick(List().viewport(), Qt::LeftButton, {}, List().lblPoc(number).center());
   }
-  // Whether somebody would see a mark in the row of a cave.
-  bool MarkSeen(int number) const {
-    QTest::mouseMove(List().viewport(), QPoint(2, 2));
-    const QImage row = List().viewport()->grab(List().lblPoc(number).adjusted(2, 2, -2, -2)).toImage();
+  // Whether something is written or drawn in a part of the list.
+  bool Seen(const QRect& part) const {
+    const QImage row = List().viewport()->grab(part.adjusted(2, 2, -2, -2)).toImage();
     for (int x = 0; x < row.width(); ++x) {
       for (int y = 0; y < row.height(); ++y) {
         if (row.pixel(x, y) != row.pixel(0, 0)) return true;
@@ -139,6 +138,8 @@ class SadaScreen {
     }
     return false;
   }
+  // Whether somebody would see a mark in the row of a cave.
+  bool MarkSeen(int number) const { return Seen(List().lblPoc(number)); }
 
   Folder folder;
   Skin skin;
@@ -150,5 +151,20 @@ class SadaScreen {
 };
 
 using Names = std::vector<std::string>;
+
+// A test of this window. At its end all dialogs that were foreseen have been there, and no others.
+class SadaWindowTest : public testing::Test, protected SadaScreen {
+ protected:
+  void TearDown() override { EXPECT_TRUE(dialogs.Done()) << dialogs.said.join(" | ").toStdString(); }
+
+  // Types something into a box in place of what it holds.
+  void TypeInto(const char* box, const QString& text) const {
+    Activate();
+    Child<QWidget>(box).setFocus();
+    Key(Qt::Key_A, Qt::ControlModifier);
+    Type(Child<QWidget>(box), text);
+  }
+  void TypeName(const QString& name) const { TypeInto("Text3", name); }
+};
 
 }  // namespace zorik::test
