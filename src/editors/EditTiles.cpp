@@ -65,6 +65,18 @@ void DrawNumber(QPainter& painter, int number) {
   painter.fillPath(path, QColor(0xFF, 0xE6, 0x5A));
 }
 
+// A tile's line is so short that a copy of any length takes longer than a few of a known one. The last piece
+// may lie over the one before it.
+void CopyLine(const uchar* from, std::size_t length, uchar* to) {
+  constexpr std::size_t kPiece = 4 * sizeof(QRgb);
+  if (length < kPiece || length > 8 * kPiece) {
+    std::memcpy(to, from, length);
+    return;
+  }
+  for (std::size_t i = 0; i + kPiece < length; i += kPiece) std::memcpy(to + i, from + i, kPiece);
+  std::memcpy(to + length - kPiece, from + length - kPiece, kPiece);
+}
+
 }  // namespace
 
 void EditTiles::Load(const SkinPlaces& places, std::string_view scheme) {
@@ -120,7 +132,7 @@ void DrawCells(const CaveModel& cave, EditTiles& tiles, const QRect& cells, int 
       }
       const uchar* from = tile.pixels;
       uchar* to = cell;
-      for (int i = 0; i < size; ++i, from += tile.stride, to += stride) std::memcpy(to, from, line);
+      for (int i = 0; i < size; ++i, from += tile.stride, to += stride) CopyLine(from, line, to);
     }
   }
 }
