@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <QIcon>
 #include <cstdio>
 #include <filesystem>
 #include <memory>
@@ -37,6 +38,8 @@ std::unique_ptr<QApplication> OpenDisplay(int& argc, char** argv) {
 
 int Play(const zorik::Paths& paths) {
   QApplication::setQuitOnLastWindowClosed(false);
+  QApplication::setWindowIcon(QIcon(":/zorik.png"));
+  QGuiApplication::setDesktopFileName("zorik");
   zorik::Game game(paths, zorik::FindSett());
   game.Begin();
   return QApplication::exec();

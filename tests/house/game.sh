@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # The built game as a player starts it, in a folder of its own.
-# usage: game.sh GAME headless|window, in a folder where it may write.
+# usage: game.sh GAME headless|installed|window, in a folder where it may write.
 #   headless  without a display it plays the first cave's record, which wins, and leaves a picture
+#   installed the same for GAME's whole build, installed into a folder; the player's own things stay outside
 #   window    on a display of our own its window comes up and shows a picture
 set -euo pipefail
 game=$1
@@ -15,6 +16,17 @@ leave() {
 trap leave EXIT
 export ZORIK_HOME="$scratch/home" XDG_CONFIG_HOME="$scratch/config" XDG_RUNTIME_DIR="$scratch" SDL_AUDIODRIVER=dummy
 unset DISPLAY WAYLAND_DISPLAY QT_QPA_PLATFORM
+
+if [[ $2 == installed ]]; then
+  cmake --install "$(dirname "$game")/../.." --prefix "$scratch/system" >/dev/null
+  [[ -f $scratch/system/share/applications/zorik.desktop ]] || { echo "There is no desktop entry."; exit 1; }
+  unset ZORIK_HOME
+  XDG_DATA_HOME="$scratch/data" "$scratch/system/bin/zorik"
+  find "$scratch/data/zorik/Caves" -name '*.zk' | grep -q . || { echo "The caves were not copied."; exit 1; }
+  [[ -z $(find "$scratch/system" -newer "$scratch/system/bin/zorik" -name '*.png') ]] ||
+    { echo "The game wrote into its installation."; exit 1; }
+  exit 0
+fi
 
 if [[ $2 == headless ]]; then
   "$game"
