@@ -15,6 +15,12 @@
 #include "skin/Shown.h"
 
 namespace zorik {
+namespace {
+
+constexpr auto kOnceAndLater =
+    static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection);
+
+}  // namespace
 Game::Game(const Paths& paths, const Settings& settings)
     : paths_(paths),
       settings_(settings),
@@ -45,8 +51,6 @@ void Game::Begin() {
   const SkinPlaces places{paths_.SkinsPath, settings_.Skin.toStdString()};
   if (!WearBehindNotice(places)) zorik::Tell(skin_, nullptr, kProgramTitle, kNoLanguageWords.In(skin_));
   frmStart2_.FrmLoad();
-  constexpr auto kOnceAndLater =
-      static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection);
   connect(&frmStart2_, &FrmStart2::Painted, this, &Game::OpenSound, kOnceAndLater);
   inbox_ = std::make_unique<Inbox>([this](const QString& path) { OpenFromOutside(path); });
   const QString first = TakeFileFromStart();
@@ -174,9 +178,7 @@ void Game::PlayRecord(const QString& path, const std::string& player) {
     zorik::Tell(skin_, from, kProgramTitle, kNoRecordWords.In(skin_) + "\n" + path);
     return;
   }
-  // A file from outside finds both screens open while the score shows.
-  frmPoSt_.hide();
-  frmStart2_.hide();
+  from->hide();
   const Hra& machine = hra_.Machine();
   if (machine.RecordPlayer == machine.PlayerName) return;
   hra_.WithDialog([&] {
@@ -221,8 +223,13 @@ void Game::EndGame() {
   }
 }
 
-// Work in an editor goes on: the file is opened when the start screen is next.
+// A score is read in peace, and work in an editor goes on: the file is opened when the start screen is next.
 void Game::OpenFromOutside(const QString& path) {
+  if (winFlow_.Busy()) {
+    connect(
+        &winFlow_, &WinFlow::Finished, this, [this, path] { OpenFromOutside(path); }, kOnceAndLater);
+    return;
+  }
   if (hra_.isVisible() || hra_.Hidden().isVisible()) EndGame();
   if (!frmSada_.isVisible() && !frmMain_.isVisible()) ShowStart();
   frmStart2_.OpenFromOutside(path);

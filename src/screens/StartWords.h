@@ -16,7 +16,7 @@ struct StartWords {
 };
 
 inline constexpr StartWords kLoadingWords{"caption.loading", "Pracuji..."};
-inline constexpr StartWords kHelpWords{"caption.sada.help.index", "Obsah"};
+inline constexpr StartWords kHelpWords{"caption.sada.menu.help", "Nápověda"};
 inline constexpr StartWords kCloseWords{"caption.slang.close", "Zavřít"};
 inline constexpr StartWords kAboutSkinWords{"caption.slang.about", "O skinu..."};
 inline constexpr StartWords kSkinWords{"caption.slang.title", "Skin"};

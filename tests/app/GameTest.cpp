@@ -406,11 +406,29 @@ TEST_F(GameFromOutside, ACollectionWaitsUntilTheScoreIsRead) {
   folder.Collection("b.zk", "Beta", {OneStepCave("Jedna")});
   ASSERT_TRUE(HandOverMeanwhile("Caves/b.zk"));
   QTest::qWait(300);
+  EXPECT_TRUE(Shows<FrmAnalyze>());
+  EXPECT_FALSE(Shows<FrmStart2>());
   ReadScores();
   EXPECT_TRUE(ReadWhole(RecordPath()));
   ASSERT_TRUE(Wait([] { return Screen<FrmPoSt>()->CollectionName() == "Beta"; }));
   EXPECT_TRUE(Shows<FrmPoSt>());
   EXPECT_FALSE(Shows<FrmStart2>() || Shows<HraWindow>());
+}
+
+TEST_F(GameFromOutside, ARecordThatCameDuringTheScoreIsPlayedAfterIt) {
+  WinCave();
+  Press(Screen<FrmPoSt>(), Qt::Key_Up);
+  Press(Screen<FrmPoSt>(), Qt::Key_R);
+  ASSERT_TRUE(Wait(Shows<FrmAnalyze>));
+  const std::string record = RecordPath().substr(folder.Root().size() + 1);
+  ASSERT_TRUE(HandOverMeanwhile(record));
+  const BoxReader reader;  // a record from outside says whose it is
+  Press(Screen<FrmAnalyze>(), Qt::Key_Return);
+  ASSERT_TRUE(Wait([] { return !Shows<FrmAnalyze>(); }));
+  ASSERT_TRUE(Wait(Shows<FrmAnalyze>)) << "the score of the record from outside";
+  EXPECT_FALSE(Shows<FrmStart2>() || Shows<FrmPoSt>());
+  Press(Screen<FrmAnalyze>(), Qt::Key_Return);
+  EXPECT_TRUE(Wait([] { return Shows<FrmStart2>() && !Shows<FrmPoSt>(); }));
 }
 
 TEST_F(GameFromOutside, ACollectionWaitsUntilTheEditorsAreLeft) {
