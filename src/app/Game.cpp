@@ -197,7 +197,7 @@ void Game::EditCave(const QByteArray& caveText) {
 // A test run plays for the player of the start screen, or for nobody, who has no name.
 void Game::TestRun(const std::string& caveText) {
   hra_.SetPlayer(FromUtf8WithGaps(frmStart2_.Player().toStdString()));
-  hra_.SetCollection({});
+  hra_.SetCollection(frmSada_.Sada().Text(SadaText::Name));
   ShowGame();
   if (!hra_.Start(caveText, RunKind::Test)) return;
   ShowEditor();

@@ -12,6 +12,7 @@
 
 #include "app/Game.h"
 #include "data/Files.h"
+#include "data/RecordFile.h"
 #include "screens/CaveList.h"
 #include "screens/DialogScript.h"
 #include "screens/Folder.h"
@@ -358,6 +359,13 @@ TEST_F(GameEditors, ComeBackFromATryThatWasWonWhenItsScoreIsRead) {
   Press(Screen<FrmAnalyze>(), Qt::Key_Return);
   EXPECT_TRUE(Wait([] { return !Shows<FrmAnalyze>() && Shows<FrmMain>(); }));
   EXPECT_FALSE(Shows<HraWindow>() || Shows<FrmPoSt>());
+
+  const auto record = ReadWhole(folder.Root() + "/Replays/" + TestRecordFileName("Jedna"));
+  ASSERT_TRUE(record);
+  RecordLines lines(*record);
+  const RecordHead head = ReadRecordHead(lines);
+  EXPECT_EQ(head.CollectionName, "Alfa");
+  EXPECT_EQ(head.Player, "");
 }
 
 // A file that the desktop hands to the running game.
