@@ -33,6 +33,11 @@ bool ReadFlag(const QSettings& store, const char* name, bool otherwise) {
   return store.value(name, otherwise ? 1 : 0).toInt() != 0;
 }
 
+bool IsWritten(QSettings& store) {
+  store.sync();
+  return store.status() == QSettings::NoError;
+}
+
 // Spares the disk what it holds already.
 void StoreIfNew(QSettings& store, const char* name, const QString& value) {
   if (store.value(name).toString() != value) store.setValue(name, value);
@@ -56,17 +61,20 @@ Settings FindSett() {
   return settings;
 }
 
-void StoreSett(const Settings& settings) {
+bool StoreSett(const Settings& settings) {
   Store store;
   store.setValue("NoSurprise", settings.NoSurprise ? 1 : 0);
   store.setValue("Speed", settings.Speed);
   store.setValue("SpeedR", settings.SpeedR);
   store.setValue("Sound", settings.Sound ? 1 : 0);
   store.setValue("Joystick", settings.Joystick ? 1 : 0);
+  return IsWritten(store);
 }
 
-void StoreSkin(const QString& skin) {
-  Store().setValue("Skin", skin);
+bool StoreSkin(const QString& skin) {
+  Store store;
+  store.setValue("Skin", skin);
+  return IsWritten(store);
 }
 
 void StorePath(const QString& folder) {

@@ -19,11 +19,12 @@ struct Settings {
 // Reads the store; values out of range are limited. At the first start it writes the defaults.
 Settings FindSett();
 
-// Writes all values but the skin, which is written where it is chosen.
-void StoreSett(const Settings& settings);
+// Writes all values but the skin, which is written where it is chosen. False when they could not be written;
+// the old ones stand then.
+bool StoreSett(const Settings& settings);
 
-// Writes the name of the skin's folder.
-void StoreSkin(const QString& skin);
+// Writes the name of the skin's folder; likewise.
+bool StoreSkin(const QString& skin);
 
 // Writes the folder that the program lies in.
 void StorePath(const QString& folder);

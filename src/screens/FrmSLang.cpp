@@ -79,9 +79,10 @@ void FrmSLang::Choose(const QString& name) {
   places.Skin = name.toStdString();
   const bool whole = skin_.Wear(places);
   settings_.Skin = name;
-  StoreSkin(name);
+  const bool stored = StoreSkin(name);
   SetLW();
   emit SkinChanged();
+  if (!stored) Tell(skin_, this, skin_.Text(99), kNotStoredWords.In(skin_));
   if (!whole) Tell(skin_, this, skin_.Text(99), kNoLanguageWords.In(skin_));
 }
 

@@ -3,6 +3,7 @@
 #include <QGridLayout>
 #include <QLabel>
 
+#include "screens/MsgBox.h"
 #include "screens/SkinButton.h"
 #include "screens/SkinScale.h"
 #include "screens/StartWords.h"
@@ -131,7 +132,7 @@ bool FrmSettings::Edit(Settings& settings) {
   settings.Joystick = checks_[2]->isChecked();
   settings.Speed = Turned(scales_[0]->value());
   settings.SpeedR = Turned(scales_[1]->value());
-  StoreSett(settings);
+  if (!StoreSett(settings)) Tell(skin_, parentWidget(), skin_.Text(99), kNotStoredWords.In(skin_));
   return true;
 }
 

@@ -1,8 +1,11 @@
 #include <gtest/gtest.h>
 
+#include <QFileInfo>
 #include <QLabel>
+#include <QSettings>
 #include <QTest>
 #include <algorithm>
+#include <optional>
 
 #include "screens/FrmSettings.h"
 #include "screens/SkinButton.h"
@@ -98,6 +101,22 @@ TEST_F(FrmSettingsTest, TakesAndStoresWhatIsConfirmed) {
   }));
   EXPECT_EQ(settings_, kChanged);
   EXPECT_EQ(FindSett(), kChanged);
+}
+
+TEST_F(FrmSettingsTest, SaysSoWhenWhatIsConfirmedCannotBeStored) {
+  const QString file = QSettings(QSettings::IniFormat, QSettings::UserScope, "Ortvan", "Zorik2").fileName();
+  const QString place = QFileInfo(QFileInfo(file).path()).path();
+  QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, "/dev/null");
+  QString said;
+  std::optional<InDialog> box;
+  EXPECT_TRUE(Edit([&](QWidget& window) {
+    box.emplace([&said](QWidget& told) { said = told.findChild<QLabel*>("lblText")->text(); });
+    ChangeAll(window);
+    QTest::mouseClick(&Ok(window), Qt::LeftButton);
+  }));
+  QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, place);
+  EXPECT_EQ(said, "Soubor se nepodařilo uložit.");
+  EXPECT_EQ(settings_, kChanged) << "they hold as long as the game runs";
 }
 
 TEST_F(FrmSettingsTest, IsConfirmedByEnterWhereverTheFocusIs) {
