@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
+
 #include "support/Scene.h"
 
 namespace zorik::test {
@@ -23,20 +26,11 @@ Cell CatCell(const Hra& hra) {
 
 // What it can enter
 
+constexpr std::array<std::uint16_t, 6> kEntered{kSpace, kDirt, kKeyRed, kKeyGreen, kKeyBlue, kCatKey};
+
 bool Enters(std::uint16_t code, int state) {
-  switch (code) {
-    case kSpace:
-    case kDirt:
-    case kKeyRed:
-    case kKeyGreen:
-    case kKeyBlue:
-    case kCatKey:
-      return true;
-    case kGem:
-      return state == kResting;
-    default:
-      return false;
-  }
+  const bool restingGem = code == kGem && state == kResting;
+  return restingGem || std::find(kEntered.begin(), kEntered.end(), code) != kEntered.end();
 }
 
 std::vector<std::uint16_t> AllCodes() {
