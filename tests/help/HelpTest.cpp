@@ -27,6 +27,7 @@ struct Page {
   QStringList Levels;  // of its headings, in their order
   QStringList Links;   // href and src
   QSet<QString> Ids;
+  QStringList Keys;  // that are to be pressed, in their order
   QString Text;
 };
 
@@ -53,10 +54,14 @@ Page Read(const QString& path) {
     return page;
   }
   QXmlStreamReader xml(&file);
+  bool key = false;
   while (!xml.atEnd()) {
     const auto token = xml.readNext();
     if (token == QXmlStreamReader::StartElement) ReadElement(xml, page);
+    if (token == QXmlStreamReader::StartElement || token == QXmlStreamReader::EndElement)
+      key = token == QXmlStreamReader::StartElement && xml.name() == QString("kbd");
     if (token == QXmlStreamReader::Characters) page.Text += xml.text();
+    if (token == QXmlStreamReader::Characters && key) page.Keys << xml.text().toString();
   }
   if (xml.hasError()) page.Error = QString("line %1: %2").arg(xml.lineNumber()).arg(xml.errorString());
   page.Text = page.Text.simplified();
@@ -95,6 +100,22 @@ QStringList CatCommands(const QString& skin) {
     }
   }
   return commands;
+}
+
+// The captions that the English skin gives to the windows of the editors; not those of messages and hints,
+// and of what is only shown when a skin tells where its makers are to be found.
+QStringList EditorCaptions() {
+  const QStringList elsewhere{"main.noroom", "main.amoeba", "sada.replace", "sada.help.web",
+                              "sada.help.mail"};
+  QStringList captions;
+  QString section;
+  for (const QString& line : Lines("English/Menu/skindata.txt")) {
+    if (line.endsWith(':')) section = line;
+    const QString key = line.section('=', 0, 0);
+    const bool ofEditors = key.startsWith("main.") || key.startsWith("sada.");
+    if (section == "caption:" && ofEditors && !elsewhere.contains(key)) captions << line.section('=', 1);
+  }
+  return captions;
 }
 
 // The pages in which players read of words of a skin, and that skin.
@@ -168,12 +189,34 @@ TEST(Help, BothLanguagesShowTheSamePictures) {
   }
 }
 
+TEST(Help, BothLanguagesNameTheSameKeysInTheSameOrder) {
+  const QRegularExpression space("^mezerník\\w*$");
+  for (const QString& name : kPages) {
+    QStringList czech = Read(name).Keys;
+    czech.replaceInStrings(space, "Space");
+    EXPECT_EQ(czech.join(' ').toStdString(), Read("en/" + name).Keys.join(' ').toStdString())
+        << name.toStdString();
+  }
+  EXPECT_FALSE(Read("help.html").Keys.isEmpty());
+  EXPECT_FALSE(Read("editovat.html").Keys.isEmpty());
+}
+
 TEST(Help, EnglishPagesHoldNoCzechLettersButInTheNameOfTheDog) {
   const QRegularExpression czech("[áčďéěíňóřšťúůýžÁČĎÉĚÍŇÓŘŠŤÚŮÝŽ„]");
   for (const QString& name : kPages) {
     const QString text = Read("en/" + name).Text.remove("Zorík");
     const auto found = czech.match(text);
     EXPECT_FALSE(found.hasMatch()) << text.mid(found.capturedStart() - 20, 40).toStdString();
+  }
+}
+
+TEST(Help, EditingTellsOfEveryItemOfTheEditors) {
+  const QString text = Read("en/editovat.html").Text.replace("’", "'");
+  const QStringList captions = EditorCaptions();
+  EXPECT_GT(captions.size(), 40);
+  for (const QString& caption : captions) {
+    const QRegularExpression words("(?<!\\w)" + QRegularExpression::escape(caption) + "(?!\\w)");
+    EXPECT_TRUE(text.contains(words)) << caption.toStdString();
   }
 }
 
