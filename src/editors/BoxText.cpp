@@ -1,6 +1,8 @@
 #include "editors/BoxText.h"
 
+#include <QLineEdit>
 #include <QRegularExpression>
+#include <QTextDocument>
 
 #include "data/Cp1250.h"
 #include "skin/Shown.h"
@@ -25,6 +27,16 @@ QString AsKept(const QString& text) {
 QString AsKeptLine(QString text) {
   static const QRegularExpression breaks("[\\r\\n\\x{2028}\\x{2029}]+");
   return AsKept(text.replace(breaks, " "));
+}
+
+void SelectFromEnd(QLineEdit& box) {
+  box.end(false);
+  box.home(true);
+}
+
+QString WholeText(const QTextDocument& document) {
+  QString text = document.toRawText();
+  return text.replace(QChar::ParagraphSeparator, '\n').replace(QChar::LineSeparator, '\n');
 }
 
 }  // namespace zorik

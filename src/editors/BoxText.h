@@ -3,6 +3,9 @@
 #include <QString>
 #include <string>
 
+class QLineEdit;
+class QTextDocument;
+
 namespace zorik {
 
 // Between the texts of the files, Windows-1250 with any line ends, and what stands in a text box.
@@ -18,5 +21,11 @@ QString AsKept(const QString& text);
 
 // The same in one line.
 QString AsKeptLine(QString text);
+
+// Selects all that stands in a box, of which the beginning is seen then.
+void SelectFromEnd(QLineEdit& box);
+
+// What stands in a box of several lines, whose own answer has plain blanks for those that do not break.
+QString WholeText(const QTextDocument& document);
 
 }  // namespace zorik

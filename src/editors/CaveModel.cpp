@@ -101,12 +101,6 @@ int CaveModel::SpoctiDrh() const {
   return count;
 }
 
-int CaveModel::SpoctiPsy() const {
-  int count = 0;
-  ForEachCell(Width() + 1, Height() + 1, [&](int x, int y) { count += ValueOf(At(x, y)) != 0 ? 1 : 0; });
-  return count;
-}
-
 std::optional<int> CaveModel::MissingDog() const {
   std::array<bool, 10> occurs{};
   int top = 0;

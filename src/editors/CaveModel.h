@@ -48,10 +48,9 @@ class CaveModel {
 
   // The cells of the cave that hold a letter.
   int NuOfOb(char letter) const;
-  // Gems, and cells with a dog's number. Both look one column and one row beyond the cave, so what was cut
-  // off there by the last change of size still counts.
+  // Gems. It looks one column and one row beyond the cave, so what was cut off there by the last change of
+  // size still counts.
   int SpoctiDrh() const;
-  int SpoctiPsy() const;
 
   // Whether the cave can be tested: 0 when there is no dog, else the lowest number that lacks below the
   // highest one; nothing when all is well.

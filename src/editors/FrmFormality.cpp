@@ -180,12 +180,12 @@ void FrmFormality::SetProps() {
   name_->setText(ToBox(values.Name));
   loadedDescription_ = values.Description;
   description_->setPlainText(ToBox(values.Description));
-  shownDescription_ = description_->toPlainText();
+  shownDescription_ = WholeText(*description_->document());
   for (const NumberRow& row : kNumberRows)
     Box(row.number).setText(QString::number(values.Number(row.number)));
   colouring_->setCurrentIndex(static_cast<int>(values.Colouring));
   name_->setFocus();
-  name_->selectAll();
+  SelectFromEnd(*name_);
 }
 
 // Val: an empty box is 0.
@@ -196,7 +196,7 @@ int FrmFormality::Number(CaveNumber number) const {
 Formality FrmFormality::Values() const {
   Formality values;
   values.Name = FromBox(AsKeptLine(name_->text()));
-  const QString description = description_->toPlainText();
+  const QString description = WholeText(*description_->document());
   values.Description = description == shownDescription_ ? loadedDescription_ : FromBox(description);
   for (const NumberRow& row : kNumberRows) {
     values.Numbers[static_cast<std::size_t>(row.number)] = Number(row.number);
@@ -207,7 +207,7 @@ Formality FrmFormality::Values() const {
 
 // Takes away the end of what was just put in, if it is too much.
 void FrmFormality::LimitDescription(int position, int added) {
-  const QString text = description_->toPlainText();
+  const QString text = WholeText(*description_->document());
   const auto length = text.size() + text.count('\n');
   if (length <= kLongestDescription || added == 0) return;
   qsizetype excess = length - kLongestDescription;
@@ -231,7 +231,7 @@ void FrmFormality::Confirm() {
   const Formality typed = values;
   std::vector<Correction> report = Correct(values);
   ReportGaps(name_->text(), kLabelOfName, report);
-  ReportGaps(description_->toPlainText(), kLabelOfDescription, report);
+  ReportGaps(WholeText(*description_->document()), kLabelOfDescription, report);
   for (const NumberRow& row : kNumberRows) {
     const int value = values.Number(row.number);
     if (value != typed.Number(row.number)) Box(row.number).setText(QString::number(value));

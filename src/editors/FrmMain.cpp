@@ -5,7 +5,6 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMenu>
-#include <QScreen>
 #include <QStatusBar>
 #include <QStyle>
 #include <QToolButton>
@@ -41,12 +40,6 @@ constexpr std::array<FirstTool, 3> kFirstTools{{
 
 constexpr const char* kNoRoom = "Údaj „?1?“ je na soubor příliš dlouhý. Zkraťte jej, prosím.";
 
-QPixmap Icon(const QImage& tile, double ratio) {
-  QPixmap icon = QPixmap::fromImage(tile);
-  icon.setDevicePixelRatio(ratio);
-  return icon;
-}
-
 }  // namespace
 
 FrmMain::FrmMain(Skin& skin, CatEditor editCat, std::uint64_t seed, QWidget* parent)
@@ -63,7 +56,7 @@ FrmMain::FrmMain(Skin& skin, CatEditor editCat, std::uint64_t seed, QWidget* par
   SetLW();
   adjustSize();
   // Its place is known from the start, so that a message can open in its middle.
-  if (!RestoreSize(*this)) move(screen()->availableGeometry().center() - rect().center());
+  if (!RestoreSize(*this)) PutInMiddle(*this);
 }
 
 // What the window's parts still tell while they go is of no use any more.
@@ -175,19 +168,28 @@ void FrmMain::SetLW() {
 void FrmMain::LoadTiles() {
   shownScheme_ = model_.Cave().Colouring;
   tiles_.Load(skin_.Places(), kColourings[EntryOfColouring(shownScheme_)].scheme);
-  const double ratio = devicePixelRatioF();
-  const int size = qRound(kIcon * ratio);
-  imgAmoeba_->setPixmap(Icon(tiles_.Tile(kAmoebaTool, 1, size), ratio));
-  labels_[kCatButton]->setIcon(Icon(tiles_.Tile(kCatTool, 1, size), ratio));
-  labels_[kDogButton]->setIcon(Icon(tiles_.Tile(kDogTool, palette_->CurrentDog(), size), ratio));
+  imgAmoeba_->setPixmap(TilePixmap(kAmoebaTool, 1));
+  ShowIcon(kCatButton, kCatTool);
+  ShowIcon(kDogButton, kDogTool);
   labels_[kTestLabel]->setIcon(style()->standardIcon(QStyle::SP_MediaPlay));
   labels_[kPropsLabel]->setIcon(style()->standardIcon(QStyle::SP_FileDialogDetailedView));
   labels_[kEditLabel]->setIcon(style()->standardIcon(QStyle::SP_ArrowDown));
   const auto dogs = dogs_->actions();
-  for (int n = 1; n <= kDogs; ++n) dogs[n - 1]->setIcon(Icon(tiles_.Tile(kDogTool, n, size), ratio));
+  for (int n = 1; n <= kDogs; ++n) dogs[n - 1]->setIcon(TilePixmap(kDogTool, n));
   palette_->update();
   hint_->update();
   view_->Picture().update();
+}
+
+QPixmap FrmMain::TilePixmap(int palette, int dog) {
+  const double ratio = devicePixelRatioF();
+  QPixmap icon = QPixmap::fromImage(tiles_.Tile(palette, dog, qRound(kIcon * ratio)));
+  icon.setDevicePixelRatio(ratio);
+  return icon;
+}
+
+void FrmMain::ShowIcon(std::size_t label, int palette) {
+  labels_[label]->setIcon(TilePixmap(palette, palette_->CurrentDog()));
 }
 
 void FrmMain::UpdateStatus() {
@@ -212,9 +214,9 @@ void FrmMain::UpdateStatus() {
 std::optional<Failure> FrmMain::Edit(const std::string& caveText) {
   const auto report = model_.OpenCave(caveText);
   if (!report) return Failure{report.Message()};
-  shownSize_ = {};
-  SelectFirstTools();
-  AfterChange();
+  // The skin or the screen may be another one by now.
+  shownScheme_ = -1;
+  ShowOpened();
   ComeBack();
   Warn(*report);
   return std::nullopt;
@@ -222,13 +224,13 @@ std::optional<Failure> FrmMain::Edit(const std::string& caveText) {
 
 void FrmMain::Restore() {
   const auto report = model_.Restore();
-  shownSize_ = {};
-  SelectFirstTools();
-  AfterChange();
+  ShowOpened();
   Warn(report);
 }
 
-void FrmMain::SelectFirstTools() {
+void FrmMain::ShowOpened() {
+  shownSize_ = {};
+  AfterChange();
   Dog(1);
   palette_->Forget();
   for (const FirstTool& first : kFirstTools) palette_->SelectTool(first.button, first.palette);
@@ -251,11 +253,6 @@ std::optional<std::string> FrmMain::BuiltText() {
   Tell(skin_, this, skin_.Text(180),
        FillMarks(skin_.Caption("caption.main.noroom", kNoRoom), field, QString()));
   return std::nullopt;
-}
-
-std::string FrmMain::HraRest() const {
-  const Result<std::string> text = model_.Text();
-  return text ? *text : std::string();
 }
 
 void FrmMain::closeEvent(QCloseEvent* event) {
@@ -308,7 +305,8 @@ void FrmMain::DrawCell(QPoint cell, ToolButton button) {
 void FrmMain::Dog(int n) {
   dogs_->actions()[n - 1]->setChecked(true);
   palette_->SetCurrentDog(n);
-  LoadTiles();
+  hint_->update();
+  ShowIcon(kDogButton, kDogTool);
   UpdateCaptions();
   UpdateStatus();
 }
@@ -337,12 +335,13 @@ void FrmMain::Undo(bool redo) {
   AfterChange();
 }
 
-// Other windows
+// Other windows. When one goes together with the message over it, the desktop may leave the keys to nobody.
 
 void FrmMain::ShowProperties() {
   model_.EndStroke();
   frmFormality_->SetProps();
   frmFormality_->exec();
+  activateWindow();
 }
 
 void FrmMain::ShowStats() {
@@ -351,6 +350,7 @@ void FrmMain::ShowStats() {
 
 void FrmMain::EditScript() {
   const auto script = editCat_(model_.Cave().Script);
+  activateWindow();
   if (!script) return;
   model_.SaveScript(*script);
   AfterChange();

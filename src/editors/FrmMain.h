@@ -49,12 +49,6 @@ class FrmMain : public QMainWindow {
   // Shows the editor again as it was before a test run.
   void ComeBack();
 
-  // The cave as a text, for another test run of it. It was there when the first one began.
-  std::string HraRest() const;
-
-  // The number of dogs, which the cat's program may want to know.
-  int SpoctiPsy() const { return model_.SpoctiPsy(); }
-
   const CaveModel& Model() const { return model_; }
 
  signals:
@@ -83,8 +77,13 @@ class FrmMain : public QMainWindow {
   void UpdateMenus();
   void UpdateStatus();
   void LoadTiles();
+  // A tile as large as icons are.
+  QPixmap TilePixmap(int palette, int dog);
+  // Puts a tile on a label; the dog is the present one.
+  void ShowIcon(std::size_t label, int palette);
 
-  void SelectFirstTools();
+  // Shows a cave that has just been opened, with the first tools.
+  void ShowOpened();
   char LetterOf(ToolButton button) const;
   QString NameOf(ToolButton button) const;
   void DrawCell(QPoint cell, ToolButton button);

@@ -104,6 +104,12 @@ void FrmMain::MakeDogMenu() {
     dog->setCheckable(true);
     dog->setShortcut(QKeySequence(QString::number(n)));
     connect(dog, &QAction::triggered, this, [this, n] { Dog(n); });
+    // A mark behind a picture is hard to see.
+    connect(dog, &QAction::toggled, dog, [dog](bool current) {
+      QFont letters = dog->font();
+      letters.setBold(current);
+      dog->setFont(letters);
+    });
     PesMenu_->addAction(dog);
   }
 }

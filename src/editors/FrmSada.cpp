@@ -51,7 +51,9 @@ FrmSada::FrmSada(Skin& skin, const Paths& paths)
   SetLWEd();
   boxes_->Load();
   GetNames();
-  if (!RestoreSize(*this)) resize(kUsualSize);
+  if (RestoreSize(*this)) return;
+  resize(kUsualSize);
+  PutInMiddle(*this);
 }
 
 void FrmSada::Open(const QString& path) {

@@ -24,12 +24,6 @@ std::size_t KeptLength(const QString& text) {
   return static_cast<std::size_t>(text.size() + text.count('\n'));
 }
 
-// The text of a box of several lines. The box itself would give plain blanks for those that do not break.
-QString WholeText(const QTextDocument& document) {
-  QString text = document.toRawText();
-  return text.replace(QChar::ParagraphSeparator, '\n').replace(QChar::LineSeparator, '\n');
-}
-
 }  // namespace
 
 int LabelOf(SadaText text) {
@@ -179,7 +173,7 @@ void SadaBoxes::Cover(const QString& words) {
 
 void SadaBoxes::Begin() {
   Text3_->setFocus();
-  Text3_->selectAll();
+  SelectFromEnd(*Text3_);
 }
 
 QWidget* SadaBoxes::Box(SadaText text) const {

@@ -170,6 +170,17 @@ void SadaList::keyPressEvent(QKeyEvent* event) {
   }
 }
 
+// The selected row shows whether keys go to the list.
+void SadaList::focusInEvent(QFocusEvent* event) {
+  QAbstractScrollArea::focusInEvent(event);
+  viewport()->update();
+}
+
+void SadaList::focusOutEvent(QFocusEvent* event) {
+  QAbstractScrollArea::focusOutEvent(event);
+  viewport()->update();
+}
+
 void SadaList::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(viewport());
   painter.setFont(RowFont());

@@ -3,10 +3,12 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QSplitter>
 #include <QToolButton>
 
 #include "screens/MsgBox.h"
 #include "screens/StartWords.h"
+#include "skin/GameFont.h"
 #include "skin/Skin.h"
 
 namespace zorik {
@@ -15,9 +17,14 @@ namespace {
 constexpr StartWords kSaveWords{"caption.sada.save", "Uložit"};
 constexpr StartWords kReplaceWords{"caption.sada.replace", "Tento soubor už existuje. Přepsat ho?"};
 
+constexpr int kLetters = 14;
+constexpr int kSideWidth = 150;  // of the places beside the files
+
+// It looks like the box that asks for a file to open.
 void Prepare(QFileDialog& box, const Skin& skin, const SaveWish& wish) {
   box.setOption(QFileDialog::DontUseNativeDialog);
   box.setOption(QFileDialog::DontConfirmOverwrite);
+  box.setOption(QFileDialog::ReadOnly);  // it renames and deletes nothing
   box.setAcceptMode(QFileDialog::AcceptSave);
   box.setFileMode(QFileDialog::AnyFile);
   box.setViewMode(QFileDialog::List);
@@ -34,6 +41,10 @@ void Prepare(QFileDialog& box, const Skin& skin, const SaveWish& wish) {
   for (QToolButton* const button : box.findChildren<QToolButton*>()) button->setToolTip(QString());
   for (const char* const name : {"newFolderButton", "detailModeButton", "listModeButton"}) {
     if (auto* const button = box.findChild<QToolButton*>(name)) button->hide();
+  }
+  box.setFont(GameFont(kLetters));
+  if (auto* const parts = box.findChild<QSplitter*>("splitter")) {
+    parts->setSizes({kSideWidth, kSideWidth * 3});
   }
 }
 

@@ -1,7 +1,9 @@
 #include "editors/WindowPlace.h"
 
+#include <QScreen>
 #include <QSettings>
 #include <QWidget>
+#include <algorithm>
 
 namespace zorik {
 namespace {
@@ -24,6 +26,13 @@ void StoreSize(const QWidget& window) {
 
 bool RestoreSize(QWidget& window) {
   return window.restoreGeometry(Store().value(KeyOf(window)).toByteArray());
+}
+
+void PutInMiddle(QWidget& window) {
+  const QRect screen = window.screen()->availableGeometry();
+  window.resize(window.size().boundedTo(screen.size()));
+  const QPoint corner = screen.center() - window.rect().center();
+  window.move(std::max(corner.x(), screen.left()), std::max(corner.y(), screen.top()));
 }
 
 int ReadCellSize() {

@@ -11,6 +11,10 @@ void StoreSize(const QWidget& window);
 // Gives a window the size that it had last. False when there is none.
 bool RestoreSize(QWidget& window);
 
+// Puts a window in the middle of its screen, no larger than that if it can be smaller. Of one that is too
+// large for it the title and the menus are seen.
+void PutInMiddle(QWidget& window);
+
 // The size of a cell of the cave picture, in logical pixels; 0 when there is none.
 int ReadCellSize();
 void StoreCellSize(int size);

@@ -354,14 +354,13 @@ TEST(CaveModel, KeepsCountOfAmoebasWhenTheSizeChanges) {
 
 // Counting
 
-TEST(CaveModel, CountsGemsDogsAndLetters) {
+TEST(CaveModel, CountsGemsAndLetters) {
   const CaveModel model = Opened({"WWWWW", "W1D9W", "WDD3W", "W0..W", "WWWWD"});
   EXPECT_EQ(model.SpoctiDrh(), 4);
-  EXPECT_EQ(model.SpoctiPsy(), 3);
   EXPECT_EQ(model.NuOfOb('W'), 15);
 }
 
-TEST(CaveModel, CountsGemsAndDogsInTheColumnThatWasJustCutOff) {
+TEST(CaveModel, CountsGemsInTheColumnThatWasJustCutOff) {
   CaveModel model = Opened({"....DD", "......", "......", "......", "1...2D"});
   Formality formality = FormalityOf(model.Cave());
   formality.Numbers[0] = 5;

@@ -146,6 +146,16 @@ TEST_F(FrmFormalityTest, SetsNoLimitToAName) {
   EXPECT_EQ(Cave().Name, std::string(300, 'X'));
 }
 
+TEST_F(FrmFormalityTest, ShowsTheBeginningOfALongName) {
+  CaveRecord cave = *ParseCaveText(test::CaveTextOf(kRoom));
+  cave.Name = std::string(120, 'D') + "konec";
+  OpenText(*BuildCaveText(cave));
+  Dialog([&cave](QWidget& it) {
+    EXPECT_EQ(Box(it, "Text3").selectedText().toStdString(), cave.Name);
+    EXPECT_EQ(Box(it, "Text3").cursorPosition(), 0);
+  });
+}
+
 TEST_F(FrmFormalityTest, MakesANameOneLineOfWholeLetters) {
   const Boxes boxes;
   Dialog([](QWidget& it) {
@@ -312,6 +322,20 @@ TEST_F(FrmFormalityTest, LeavesTheLineEndsOfADescriptionThatNobodyTouched) {
   });
   EXPECT_EQ(Cave().Description, cave.Description);
   EXPECT_FALSE(window->Model().CanUndo());
+}
+
+TEST_F(FrmFormalityTest, KeepsBlanksThatDoNotBreakWhileOtherLettersChange) {
+  CaveRecord cave = *ParseCaveText(test::CaveTextOf(kRoom));
+  cave.Description =
+      "V\xA0jeskyni\r\nje 5\xA0"
+      "drahokamu";
+  OpenText(*BuildCaveText(cave));
+  Dialog([](QWidget& it) {
+    Description(it).moveCursor(QTextCursor::End);
+    QTest::keyClicks(&Description(it), ".");
+    Press(it, "Command1");
+  });
+  EXPECT_EQ(Cave().Description, cave.Description + ".");
 }
 
 TEST_F(FrmFormalityTest, AcceptsADescriptionThatIsTooLongForAFile) {

@@ -87,9 +87,31 @@ TEST_F(FrmMainMenusTest, MarksTheCurrentDogAlone) {
     Action(qPrintable(name)).trigger();
     EXPECT_EQ(Tiles().CurrentDog(), n);
     for (int other = 1; other <= kDogs; ++other) {
-      EXPECT_EQ(Action(qPrintable(QString("Dog(%1)").arg(other))).isChecked(), other == n);
+      const QAction& dog = Action(qPrintable(QString("Dog(%1)").arg(other)));
+      EXPECT_EQ(dog.isChecked(), other == n);
+      EXPECT_EQ(dog.font().bold(), other == n);
     }
   }
+}
+
+TEST_F(FrmMainMenusTest, ShowsTheChosenDogOnItsButtonAndMakesNoOtherPictureAnew) {
+  const auto looks = [this](const char* name) {
+    return Child<QToolButton>(name).icon().pixmap(20).toImage();
+  };
+  const auto keys = [this] {
+    std::vector<qint64> all{Child<QToolButton>("Command1").icon().cacheKey()};
+    for (int n = 1; n <= kDogs; ++n)
+      all.push_back(Action(qPrintable(QString("Dog(%1)").arg(n))).icon().cacheKey());
+    return all;
+  };
+  const QImage first = looks("Command2");
+  const std::vector<qint64> before = keys();
+  Action("Dog(3)").trigger();
+  EXPECT_NE(looks("Command2"), first);
+  EXPECT_EQ(looks("Command2"), Action("Dog(3)").icon().pixmap(20).toImage());
+  EXPECT_EQ(keys(), before);
+  Action("Dog(1)").trigger();
+  EXPECT_EQ(looks("Command2"), first);
 }
 
 TEST_F(FrmMainMenusTest, ChoosesADogByItsDigit) {

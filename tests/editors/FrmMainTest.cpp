@@ -201,7 +201,6 @@ TEST_F(FrmMainTest, HandsTheCaveToATestRunAndHides) {
   EXPECT_FALSE(shownInTest);
   EXPECT_FALSE(window->isVisible());
   EXPECT_EQ(closed, 0);
-  EXPECT_EQ(window->HraRest(), CaveTextOf(kRoom));
 }
 
 TEST_F(FrmMainTest, ShowsAsBeforeAfterATestRun) {

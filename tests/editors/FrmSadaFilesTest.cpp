@@ -34,8 +34,9 @@ TEST_F(FrmSadaFilesTest, ProposesTheNameOfTheCollectionForItsFile) {
   dialogs.Then([this](QWidget& dialog) {
     EXPECT_EQ(dialog.windowTitle(), "Uložit sadu komnat");
     EXPECT_EQ(dialog.findChild<QLineEdit*>("fileNameEdit")->text(), "Můj svět.zk");
-    EXPECT_EQ(qobject_cast<QFileDialog*>(&dialog)->directory().path().toStdString(),
-              folder.Root() + "/Caves");
+    const auto& box = dynamic_cast<const QFileDialog&>(dialog);
+    EXPECT_EQ(box.directory().path().toStdString(), folder.Root() + "/Caves");
+    EXPECT_TRUE(box.testOption(QFileDialog::ReadOnly)) << "it could rename and delete files";
     dialog.close();
   });
   Action("mnuSaveAs").trigger();

@@ -191,6 +191,21 @@ TEST_F(SadaBoxesTest, IsWalkedThroughWithTheTabKey) {
   }
 }
 
+TEST_F(SadaBoxesTest, StandsInTheMiddleOfTheScreenAtFirst) {
+  const QPoint middle = window->screen()->availableGeometry().center();
+  EXPECT_LE((window->geometry().center() - middle).manhattanLength(), 2);
+}
+
+TEST_F(SadaBoxesTest, ShowsTheBeginningOfALongName) {
+  const QString name = QString(120, 'D') + "konec";
+  OpenCaves({"A"});
+  TypeName(name);
+  Action("mnuSave").trigger();
+  Open(Path("a.zk"));
+  EXPECT_EQ(Box("Text3").selectedText(), name);
+  EXPECT_EQ(Box("Text3").cursorPosition(), 0);
+}
+
 TEST_F(SadaBoxesTest, RemembersTheSizeOfTheWindow) {
   Open();
   window->resize(901, 602);

@@ -12,6 +12,20 @@ namespace {
 
 using test::Names;
 
+// Counts how often a widget is painted.
+class PaintCount : public QObject {
+ public:
+  explicit PaintCount(QWidget& widget) { widget.installEventFilter(this); }
+
+  int paints = 0;
+
+ protected:
+  bool eventFilter(QObject* /*object*/, QEvent* event) override {
+    if (event->type() == QEvent::Paint) ++paints;
+    return false;
+  }
+};
+
 class SadaListTest : public test::SadaWindowTest {
  protected:
   QString HintAt(QPoint place) const {
@@ -194,6 +208,23 @@ TEST_F(SadaListTest, BringsTheSelectedCaveIntoSight) {
   EXPECT_TRUE(List().viewport()->rect().contains(List().RowOf(40)));
   Key(Qt::Key_Home);
   EXPECT_EQ(VScroll1().value(), 0);
+}
+
+TEST_F(SadaListTest, ShowsWhetherKeysGoToIt) {
+  OpenCaves({"A", "B"});
+  const auto paints = [this](auto act) {
+    QCoreApplication::processEvents();
+    const PaintCount count(*List().viewport());
+    act();
+    return QTest::qWaitFor([&count] { return count.paints > 0; }, 1000);
+  };
+  const auto selected = [this] { return List().viewport()->grab(List().RowOf(1)).toImage(); };
+  List().setFocus();
+  const QImage focused = selected();
+  EXPECT_TRUE(paints([this] { Box("Text3").setFocus(); }));
+  EXPECT_NE(selected(), focused);
+  EXPECT_TRUE(paints([this] { List().setFocus(); }));
+  EXPECT_EQ(selected(), focused);
 }
 
 TEST_F(SadaListTest, HasRowsOfFourteenAtLeast) {

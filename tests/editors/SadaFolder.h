@@ -1,0 +1,78 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "Samples.h"
+#include "data/CaveO.h"
+#include "data/Files.h"
+#include "editors/SadaModel.h"
+
+namespace zorik::test {
+
+inline SadaWords Words() {
+  return {"Nova", "Hurra, $P", {"Mala", "Velka", "Popis"}};
+}
+
+// A collection, and a folder for its files.
+class SadaTest : public testing::Test {
+ protected:
+  SadaTest() {
+    std::string pattern = (std::filesystem::temp_directory_path() / "zorik-sada-XXXXXX").string();
+    folder_ = mkdtemp(pattern.data());
+  }
+  ~SadaTest() override { std::filesystem::remove_all(folder_); }
+
+  std::string Path(const std::string& name) const { return folder_ + "/" + name; }
+  std::string Write(const std::string& name, const std::string& bytes) const {
+    EXPECT_TRUE(WriteWhole(Path(name), bytes));
+    return Path(name);
+  }
+  std::vector<std::string> Saved(const std::string& name = "a.zk") {
+    const Result<Done> saved = sada_.Save(Path(name));
+    EXPECT_TRUE(saved) << (saved ? "" : saved.Message());
+    const Result<std::string> bytes = ReadWhole(Path(name));
+    return bytes ? PlainLines(*bytes) : std::vector<std::string>();
+  }
+  SadaModel::OpenReport Opened(const std::string& bytes) {
+    const auto report = sada_.Open(Write("o.zk", bytes));
+    EXPECT_TRUE(report) << (report ? "" : report.Message());
+    return report ? *report : SadaModel::OpenReport();
+  }
+
+  // Opens a collection of caves with these names; the open ones are marked by "*" in front.
+  void OpenCaves(const std::vector<std::string>& names) {
+    std::vector<std::string> body;
+    std::string open;
+    for (std::size_t i = 0; i < names.size(); ++i) {
+      const bool marked = names[i].front() == '*';
+      const int number = static_cast<int>(i + 1);
+      body.push_back(samples::CaveText(marked ? names[i].substr(1) : names[i]) + "---" +
+                     MarkerDigits(number));
+      if (marked) open += static_cast<char>(kOpenCaveOffset + number);
+    }
+    body.push_back("Gratuluji");
+    Opened(samples::CollectionFile(body, open));
+  }
+  void OpenMany(int count) {
+    std::vector<std::string> names;
+    for (int i = 1; i <= count; ++i) names.push_back("K" + std::to_string(i));
+    OpenCaves(names);
+  }
+
+  // The names of the list, those of open caves with "*" in front.
+  std::vector<std::string> Rows() const {
+    std::vector<std::string> rows;
+    for (int i = 1; i <= sada_.ListCount(); ++i) rows.push_back((sada_.IsOpen(i) ? "*" : "") + sada_.Name(i));
+    return rows;
+  }
+  using Names = std::vector<std::string>;
+
+  std::string folder_;
+  SadaModel sada_{Words(), 1};
+};
+
+}  // namespace zorik::test

@@ -1,0 +1,40 @@
+// Where the editors' windows stand at first.
+#include <gtest/gtest.h>
+
+#include <QScreen>
+#include <QWidget>
+
+#include "editors/WindowPlace.h"
+
+namespace zorik {
+namespace {
+
+QRect Screen(const QWidget& window) {
+  return window.screen()->availableGeometry();
+}
+
+TEST(WindowPlace, IsTheMiddleOfTheScreen) {
+  QWidget window;
+  window.resize(301, 201);
+  PutInMiddle(window);
+  EXPECT_EQ(window.size(), QSize(301, 201));
+  EXPECT_EQ(window.geometry().center(), Screen(window).center());
+}
+
+TEST(WindowPlace, LeavesNothingOutsideOfTheScreen) {
+  QWidget window;
+  window.resize(9000, 9000);
+  PutInMiddle(window);
+  EXPECT_EQ(window.geometry(), Screen(window));
+}
+
+TEST(WindowPlace, ShowsTheUpperLeftCornerOfAWindowThatCannotBeSmaller) {
+  QWidget window;
+  window.setMinimumSize(9000, 9000);
+  PutInMiddle(window);
+  EXPECT_EQ(window.size(), QSize(9000, 9000));
+  EXPECT_EQ(window.pos(), Screen(window).topLeft());
+}
+
+}  // namespace
+}  // namespace zorik
