@@ -147,7 +147,8 @@ void FrmAnalyze::keyPressEvent(QKeyEvent* event) {
 
 // Who wants to read on stops the seconds by a click.
 bool FrmAnalyze::eventFilter(QObject* object, QEvent* event) {
-  if (object != Label4_ || event->type() != QEvent::MouseButtonPress) return false;
+  if (object != Label4_ || event->type() != QEvent::MouseButtonPress)
+    return SkinDialog::eventFilter(object, event);
   Timer1_.stop();
   return true;
 }

@@ -93,7 +93,8 @@ std::optional<QString> FrmDialog2::SetG(const QString& text) {
 // In the box for editing Enter begins a new line, and with Ctrl it is the window's, like all Enter and Esc
 // of the box for reading.
 bool FrmDialog2::eventFilter(QObject* object, QEvent* event) {
-  if (event->type() != QEvent::KeyPress) return false;
+  const bool ours = object == picText_ || object == Text1_;
+  if (!ours || event->type() != QEvent::KeyPress) return SkinDialog::eventFilter(object, event);
   auto* const key = static_cast<QKeyEvent*>(event);
   const bool enter = key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter;
   const bool forWindow = object == picText_ || key->modifiers().testFlag(Qt::ControlModifier);

@@ -349,7 +349,8 @@ void FrmPoSt::Congratulate() {
 void FrmPoSt::ClickedSend() {
   const Result<std::string> mail = WriteMail(selection_->Collection(), selection_->PlayerFolder());
   if (!mail) {
-    Say(kNotStoredWords.In(skin_) + "\r\n" + QString::fromStdString(selection_->PlayerFolder()));
+    Say(kNotStoredWords.In(skin_) + "\r\n" +
+        QString::fromStdString(selection_->PlayerFolder() + "/temp.eml"));
     return;
   }
   const QString path = QString::fromStdString(*mail);

@@ -22,6 +22,7 @@
 #include "screens/SkinPlacing.h"
 #include "screens/StartLists.h"
 #include "screens/StartWords.h"
+#include "screens/ToolkitWords.h"
 #include "skin/GameFont.h"
 #include "skin/Shown.h"
 #include "skin/Skin.h"
@@ -143,12 +144,17 @@ void FrmStart2::Connect() {
   }
 }
 
-// Areas to be clicked look like nothing, so the player has something to look at before they are there.
+// Areas to be clicked and words of menus are not seen at once, so the player has something to look at before
+// they are there.
 void FrmStart2::FrmLoad() {
   SkinPalm();
   constexpr auto kOnceAndLater =
       static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection);
-  connect(this, &FrmStart2::Painted, this, &FrmStart2::SkinFingers, kOnceAndLater);
+  const auto rest = [this] {
+    SkinFingers();
+    new ToolkitWords(skin_, this);
+  };
+  connect(this, &FrmStart2::Painted, this, rest, kOnceAndLater);
   RegExt(skin_.Text(56).toStdString(), skin_.Text(109).toStdString());
   FindColls();
   ListPlayers();

@@ -14,6 +14,7 @@
 #include "data/Cp1250.h"
 #include "screens/FrmSettings.h"
 #include "screens/MsgBox.h"
+#include "screens/StartWords.h"
 #include "screens/Wording.h"
 #include "skin/Shown.h"
 
@@ -281,6 +282,7 @@ void HraWindow::CaveOpens() {
 void HraWindow::ShowDecoration() {
   const Decoration& around = painter_.Around();
   topBar_->SetPictures(around.Border1, around.Restart, around.Settings);
+  topBar_->SetTips(kRestartWords.In(skin_), kSettingsWords.In(skin_), kViewWords.In(skin_));
   imOk2_->SetPicture(around.Border2);
   bar_ = around.Bar;
   update();
@@ -361,6 +363,7 @@ void HraWindow::keyPressEvent(QKeyEvent* event) {
     setWindowState(windowState() ^ Qt::WindowFullScreen);
     return;
   }
+  if (event->key() == Qt::Key_F2) return EditSettings();
   emit OtherKey(event->key());
 }
 

@@ -4,15 +4,20 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QPointer>
+#include <QSplitter>
 #include <QToolButton>
 
 #include "platform/Paths.h"
 #include "platform/Shell.h"
 #include "screens/MsgBox.h"
 #include "screens/StartWords.h"
+#include "skin/GameFont.h"
 
 namespace zorik {
 namespace {
+
+constexpr int kLetters = 14;
+constexpr int kSideWidth = 150;  // of the places beside the files
 
 // The answer may come when the window that asked is gone.
 OpenFailed Telling(Skin& skin, QWidget* parent, const QString& what) {
@@ -20,6 +25,23 @@ OpenFailed Telling(Skin& skin, QWidget* parent, const QString& what) {
     Tell(skin, window, skin.Text(99), kNoProgramWords.In(skin) + '\n' + what);
   };
 }
+
+// A box that stays open when the name that was typed is no file's, and says so.
+class FileBox : public QFileDialog {
+ public:
+  FileBox(Skin& skin, QWidget* parent, const QString& title, const QString& folder)
+      : QFileDialog(parent, title, folder), skin_(skin) {}
+
+ protected:
+  void accept() override {
+    const QStringList files = selectedFiles();
+    if (files.isEmpty() || QFileInfo::exists(files.constFirst())) return QFileDialog::accept();
+    Tell(skin_, this, windowTitle(), kNotOpenedWords.In(skin_) + '\n' + files.constFirst());
+  }
+
+ private:
+  Skin& skin_;
+};
 
 // The box's own buttons have words that no skin tells.
 void Quieten(const QFileDialog& box) {
@@ -48,10 +70,11 @@ QString HelpPage(const Paths& paths, const Skin& skin, const QString& name) {
   return QFileInfo(translated).isFile() ? translated : help + '/' + name;
 }
 
-QString AskForFile(const Skin& skin, QWidget* parent, const QString& title, const QString& folder,
+QString AskForFile(Skin& skin, QWidget* parent, const QString& title, const QString& folder,
                    const QStringList& filters) {
-  QFileDialog box(parent, title, folder);
+  FileBox box(skin, parent, title, folder);
   box.setOption(QFileDialog::DontUseNativeDialog);
+  box.setOption(QFileDialog::ReadOnly);
   box.setFileMode(QFileDialog::ExistingFile);
   box.setViewMode(QFileDialog::List);
   box.setNameFilters(filters);
@@ -62,6 +85,9 @@ QString AskForFile(const Skin& skin, QWidget* parent, const QString& title, cons
   box.setLabelText(QFileDialog::Reject, kCancelWords.In(skin));
   box.setSidebarUrls({QUrl::fromLocalFile(folder), QUrl::fromLocalFile(QDir::homePath())});
   Quieten(box);
+  box.setFont(GameFont(kLetters));
+  if (auto* const parts = box.findChild<QSplitter*>("splitter"))
+    parts->setSizes({kSideWidth, kSideWidth * 3});
   if (box.exec() != QDialog::Accepted || box.selectedFiles().isEmpty()) return QString();
   return box.selectedFiles().constFirst();
 }

@@ -24,7 +24,7 @@ void OpenLinkOrTell(Skin& skin, QWidget* parent, const QUrl& link);
 QString HelpPage(const Paths& paths, const Skin& skin, const QString& name);
 
 // Lets the player choose a file that exists; empty when he does not. Filters are like "Records (*.zkr)".
-QString AskForFile(const Skin& skin, QWidget* parent, const QString& title, const QString& folder,
+QString AskForFile(Skin& skin, QWidget* parent, const QString& title, const QString& folder,
                    const QStringList& filters);
 
 }  // namespace zorik

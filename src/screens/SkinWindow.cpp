@@ -137,8 +137,19 @@ SkinWindow::SkinWindow(QWidget* parent) : QWidget(parent, Qt::Window), surface_(
 SkinDialog::SkinDialog(QWidget* parent) : QDialog(parent), surface_(new SkinSurface(this)) {}
 
 void SkinDialog::setVisible(bool visible) {
-  if (visible && !isVisible()) Centre();
+  if (visible && !isVisible()) {
+    Centre();
+    if (parentWidget() != nullptr) parentWidget()->window()->installEventFilter(this);
+  }
   QDialog::setVisible(visible);
+}
+
+// A window that has just opened may get its size from the desktop when the dialog is already there.
+bool SkinDialog::eventFilter(QObject* object, QEvent* event) {
+  const bool changed = event->type() == QEvent::Resize || event->type() == QEvent::Move;
+  const bool parents = parentWidget() != nullptr && object == parentWidget()->window();
+  if (changed && parents && isVisible() && pos() == centred_) Centre();
+  return QDialog::eventFilter(object, event);
 }
 
 void SkinDialog::Centre() {
@@ -152,7 +163,8 @@ void SkinDialog::Centre() {
   place.moveBottom(std::min(place.bottom(), area.bottom()));
   place.moveLeft(std::max(place.left(), area.left()));
   place.moveTop(std::max(place.top(), area.top()));
-  move(place.topLeft());
+  centred_ = place.topLeft();
+  move(centred_);
 }
 
 void SkinDialog::keyPressEvent(QKeyEvent* event) {

@@ -63,8 +63,8 @@ class SkinWindow : public QWidget {
   SkinSurface* surface_;
 };
 
-// A skinned dialog. It opens in the middle of its parent, within the screen. Enter and Esc, and closing the
-// window, which is Esc, are for the derived class to act on.
+// A skinned dialog. It opens in the middle of its parent, within the screen, and stays there until it is
+// dragged. Enter and Esc, and closing the window, which is Esc, are for the derived class to act on.
 class SkinDialog : public QDialog {
   Q_OBJECT
 
@@ -79,12 +79,14 @@ class SkinDialog : public QDialog {
   virtual void OnEsc() = 0;
 
   void keyPressEvent(QKeyEvent* event) override;
+  bool eventFilter(QObject* object, QEvent* event) override;
   SkinSurface& Surface() { return *surface_; }
 
  private:
   void Centre();
 
   SkinSurface* surface_;
+  QPoint centred_;
 };
 
 }  // namespace zorik

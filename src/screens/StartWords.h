@@ -26,6 +26,11 @@ inline constexpr StartWords kNoWords{"caption.dialog.no", "Ne"};
 inline constexpr StartWords kOkWords{"caption.dialog.ok", "OK"};
 inline constexpr StartWords kCancelWords{"caption.dialog.close", "Zrušit"};
 
+// Of the buttons above the play picture.
+inline constexpr StartWords kRestartWords{"caption.game.restart", "Znovu od začátku"};
+inline constexpr StartWords kSettingsWords{"settings.text", "Nastavení"};
+inline constexpr StartWords kViewWords{"caption.game.view", "Celá komnata, nebo jen okolí"};
+
 // Messages; the path of a file stands behind those that end in a colon.
 inline constexpr StartWords kNoCollectionWords{"caption.error.nocollection", "Nenašla se žádná sada komnat."};
 inline constexpr StartWords kNoCaveWords{"caption.error.cave", "Komnatu nelze otevřít."};

@@ -57,6 +57,12 @@ void TopBar::SetPictures(const QImage& border1, const QImage& restart, const QIm
   update();
 }
 
+void TopBar::SetTips(const QString& restart, const QString& settings, const QString& view) {
+  picRestart_->setToolTip(restart);
+  Command4_->setToolTip(settings);
+  Label1_->setToolTip(view);
+}
+
 void TopBar::Change(int& number, int value) {
   if (std::exchange(number, value) != value) update();
 }

@@ -20,6 +20,9 @@ class TopBar : public QWidget {
 
   void SetPictures(const QImage& border1, const QImage& restart, const QImage& settings);
 
+  // What the buttons say under the pointer.
+  void SetTips(const QString& restart, const QString& settings, const QString& view);
+
   void SetClock(int seconds);
   void SetGems(int collected);
   void SetNeeded(int needed);

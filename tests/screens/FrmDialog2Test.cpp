@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QScrollBar>
 #include <QSignalSpy>
@@ -115,6 +116,17 @@ TEST_F(FrmDialog2Test, AsksForHelpAndStays) {
   dialog.SetG("a");
   EXPECT_EQ(help.size(), 1);
   EXPECT_TRUE(opened.Stayed());
+}
+
+TEST_F(FrmDialog2Test, LeavesTheKeysOfItsParentAloneOnceItIsRead) {
+  QLineEdit parent;
+  parent.show();
+  FrmDialog2 dialog(skin, &parent);
+  const InDialog opened([](QWidget& box) { Click(box, "ok"); });
+  dialog.ShowG("a");
+  QSignalSpy entered(&parent, &QLineEdit::returnPressed);
+  QTest::keyClick(&parent, Qt::Key_Return);
+  EXPECT_EQ(entered.size(), 1);
 }
 
 }  // namespace

@@ -125,6 +125,22 @@ TEST_F(FrmPoStFaults, OpensALetterWithoutRecordsToo) {
   EXPECT_TRUE(letter->ends_with("This is a multi-part message in MIME format.\r\n"));
 }
 
+TEST_F(FrmPoStFaults, NamesTheLetterThatCannotBeWritten) {
+  Caves(1);
+  Open();
+  const std::string path = PlayerFolder() + "/temp.eml";
+  std::filesystem::create_directories(path + "/full");
+  QString said;
+  const test::InDialog dialog([&said](QWidget& box) {
+    said = box.findChild<QLabel*>("lblText")->text();
+    QTest::keyClick(&box, Qt::Key_Return);
+  });
+  Press(Qt::Key_S);
+  EXPECT_TRUE(dialog.Opened());
+  EXPECT_EQ(said.remove('\n').remove(' ').toStdString(), "Souborsenepodařilouložit." + path);
+  EXPECT_EQ(openedFiles, QStringList());
+}
+
 TEST_F(FrmPoStFaults, PutsOddLettersOfAnAddressAndANameIntoALink) {
   EditedCollection collection;
   collection.Name = test::Bytes("Žluť & 100%?");

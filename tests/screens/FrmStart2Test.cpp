@@ -318,6 +318,25 @@ TEST_F(Opening, ADialogForAFileMayBeCancelled) {
   EXPECT_EQ(opened_->count() + played_->count() + edited_->count(), 0);
 }
 
+TEST_F(Opening, ANameThatIsNoFilesIsToldAndTheDialogStays) {
+  const QString path = At("Caves/neni.zk");
+  Key(Qt::Key_4);
+  bool told = false;
+  const DialogScript script = {[&](QWidget& dialog) {
+    dialog.findChild<QLineEdit*>("fileNameEdit")->setText("neni.zk");
+    const DialogScript inner = {[&](QWidget& box) {
+      told = true;
+      Box("Text 111", "Soubor nelze otevřít:\n" + path)(box);
+    }};
+    dynamic_cast<QDialog&>(dialog).accept();
+    EXPECT_TRUE(dialog.isVisible());
+    dialog.close();
+  }};
+  Key(Qt::Key_Return);
+  EXPECT_TRUE(told);
+  EXPECT_EQ(opened_->count() + played_->count(), 0);
+}
+
 TEST_F(Opening, TheFourthChoiceOpensCollectionsAndRecordsFromFiles) {
   folder_.File("jinde/x.zkr", "record");
   folder_.File("jinde/y.zk", "collection");

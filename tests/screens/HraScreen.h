@@ -19,8 +19,8 @@ class HraScreen : public testing::Test, public GameScreen {
     QTest::mouseClick(window->findChild<StripButton*>(button), Qt::LeftButton);
   }
 
-  // Opens the settings by their button, and does something in their window.
-  void EditSettings(const std::function<void(QWidget& dialog)>& act) {
+  // Opens the settings by their button or their key, and does something in their window.
+  void EditSettings(const std::function<void(QWidget& dialog)>& act, bool byKey = false) {
     QTimer once;
     once.callOnTimeout([&] {
       QWidget* const dialog = QApplication::activeModalWidget();
@@ -29,7 +29,11 @@ class HraScreen : public testing::Test, public GameScreen {
       act(*dialog);
     });
     once.start(2);
-    Click("Command4");
+    if (byKey) {
+      QTest::keyClick(window.get(), Qt::Key_F2);
+    } else {
+      Click("Command4");
+    }
   }
 
   bool Shows(const char* button) const { return window->findChild<StripButton*>(button)->isVisible(); }

@@ -239,6 +239,25 @@ TEST_F(HraWindowTest, StandsStillWhileTheSettingsAreOpenAndGoesOnBehindThem) {
   EXPECT_TRUE(TicksPass(2));
 }
 
+TEST_F(HraWindowTest, OpensTheSettingsByKeyToo) {
+  Open(Corridor());
+  bool opened = false;
+  const auto look = [&opened](QWidget& dialog) {
+    opened = dialog.inherits("zorik::FrmSettings");
+    QTest::keyClick(&dialog, Qt::Key_Escape);
+  };
+  EditSettings(look, true);
+  EXPECT_TRUE(opened);
+}
+
+TEST_F(HraWindowTest, HasButtonsWithTheirWordsAsTooltips) {
+  Open(Corridor());
+  const auto tip = [this](const char* button) { return window->findChild<StripButton*>(button)->toolTip(); };
+  EXPECT_EQ(tip("picRestart"), "Znovu od začátku");
+  EXPECT_EQ(tip("Command4"), "Nastavení");
+  EXPECT_EQ(tip("Label1"), "Celá komnata, nebo jen okolí");
+}
+
 TEST_F(HraWindowTest, DoesNotStartWhatStoodStillBeforeTheSettings) {
   Open(Corridor());
   window->Stop();

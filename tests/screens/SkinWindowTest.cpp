@@ -153,5 +153,43 @@ TEST_F(SkinWindowTest, DrawsItsPictureLargerWhereTheDesktopMagnifies) {
   EXPECT_EQ(magnified.pixelColor(30, 30).alpha(), 0);
 }
 
+class Dialog : public SkinDialog {
+ public:
+  using SkinDialog::SkinDialog;
+
+ protected:
+  void OnEnter() override {}
+  void OnEsc() override {}
+};
+
+class SkinDialogTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    parent_.setGeometry(100, 100, 300, 200);
+    parent_.show();
+    dialog_.resize(100, 60);
+    dialog_.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&dialog_));
+  }
+
+  QWidget parent_;
+  Dialog dialog_{&parent_};
+};
+
+TEST_F(SkinDialogTest, OpensInTheMiddleOfItsParent) {
+  EXPECT_EQ(dialog_.geometry().center(), parent_.geometry().center());
+}
+
+TEST_F(SkinDialogTest, StaysInTheMiddleOfAParentThatGetsItsSizeLater) {
+  parent_.setGeometry(40, 60, 600, 440);
+  EXPECT_EQ(dialog_.geometry().center(), parent_.geometry().center());
+}
+
+TEST_F(SkinDialogTest, StaysWhereItWasDragged) {
+  dialog_.move(10, 20);
+  parent_.setGeometry(40, 60, 600, 440);
+  EXPECT_EQ(dialog_.pos(), QPoint(10, 20));
+}
+
 }  // namespace
 }  // namespace zorik

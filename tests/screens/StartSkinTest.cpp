@@ -92,6 +92,14 @@ TEST_F(StartSkin, FingersHaveTheirWordsAsTooltips) {
   EXPECT_EQ(Find<QWidget>("finger4").toolTip(), "Text 111");
 }
 
+TEST_F(StartSkin, ButtonsHaveTheirWordsAsTooltips) {
+  EXPECT_EQ(Find<QWidget>("close").toolTip(), "Zavřít");
+  EXPECT_EQ(Find<QWidget>("help").toolTip(), "Nápověda");
+  EXPECT_EQ(Find<QWidget>("changeskin").toolTip(), "Skin");
+  EXPECT_EQ(Find<QWidget>("addplayer").toolTip(), "Text 114");
+  EXPECT_EQ(Find<QWidget>("play").toolTip(), "Hrát");
+}
+
 TEST_F(StartSkin, TheSelectedRowHasTheColoursOfTheSelectionAndTheOthersDoNot) {
   const QColor selected(0xC0, 0xA0, 0x00);
   const QColor ground(0x10, 0x20, 0x30);
