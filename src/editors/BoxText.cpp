@@ -2,7 +2,6 @@
 
 #include <QLineEdit>
 #include <QRegularExpression>
-#include <QTextDocument>
 
 #include "data/Cp1250.h"
 #include "skin/Shown.h"
@@ -32,11 +31,6 @@ QString AsKeptLine(QString text) {
 void SelectFromEnd(QLineEdit& box) {
   box.end(false);
   box.home(true);
-}
-
-QString WholeText(const QTextDocument& document) {
-  QString text = document.toRawText();
-  return text.replace(QChar::ParagraphSeparator, '\n').replace(QChar::LineSeparator, '\n');
 }
 
 }  // namespace zorik

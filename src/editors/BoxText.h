@@ -4,7 +4,6 @@
 #include <string>
 
 class QLineEdit;
-class QTextDocument;
 
 namespace zorik {
 
@@ -24,8 +23,5 @@ QString AsKeptLine(QString text);
 
 // Selects all that stands in a box, of which the beginning is seen then.
 void SelectFromEnd(QLineEdit& box);
-
-// What stands in a box of several lines, whose own answer has plain blanks for those that do not break.
-QString WholeText(const QTextDocument& document);
 
 }  // namespace zorik

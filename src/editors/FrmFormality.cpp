@@ -17,6 +17,7 @@
 #include "editors/Marks.h"
 #include "editors/WindowPlace.h"
 #include "screens/MsgBox.h"
+#include "screens/WholeText.h"
 #include "skin/Skin.h"
 
 namespace zorik {

@@ -9,6 +9,7 @@
 #include <algorithm>
 
 #include "editors/BoxText.h"
+#include "screens/WholeText.h"
 #include "skin/Skin.h"
 
 namespace zorik {

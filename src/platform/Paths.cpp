@@ -56,6 +56,10 @@ std::string FolderOr(const fs::path& folder, const fs::path& fallback) {
   return (ShowsEntry(folder) ? folder : fallback).string();
 }
 
+std::string OwnOr(const fs::path& own, const fs::path& shipped, const char* name) {
+  return ((IsFolder(own / name) ? own : shipped) / name).string();
+}
+
 }  // namespace
 
 Surroundings ReadSurroundings(const std::string& programFolder) {
@@ -72,10 +76,11 @@ Result<Paths> FindPaths(const Surroundings& surroundings) {
 
   Paths paths;
   paths.AppPath = own.string();
-  paths.SkinsPath = ((IsFolder(own / "Skins") ? own : shipped) / "Skins").string();
+  paths.SkinsPath = OwnOr(own, shipped, "Skins");
   paths.CavesPath = FolderOr(own / "Caves", own);
   paths.RecordsPath = FolderOr(own / "Replays", own);
   paths.PlayersPath = (own / "Players").string();
+  paths.HelpPath = OwnOr(own, shipped, "Help");
   paths.ShippedReplays = (shipped / "Replays").string();
   return paths;
 }

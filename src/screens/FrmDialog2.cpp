@@ -7,6 +7,7 @@
 #include "screens/SkinButton.h"
 #include "screens/SkinPlacing.h"
 #include "screens/StartWords.h"
+#include "screens/WholeText.h"
 #include "skin/GameFont.h"
 #include "skin/Skin.h"
 
@@ -87,7 +88,7 @@ std::optional<QString> FrmDialog2::SetG(const QString& text) {
   Text1_->setPlainText(text);
   SetMode(true);
   if (exec() != Accepted) return std::nullopt;
-  return Text1_->toPlainText().replace('\n', "\r\n");
+  return WholeText(*Text1_->document()).replace('\n', "\r\n");
 }
 
 // In the box for editing Enter begins a new line, and with Ctrl it is the window's, like all Enter and Esc

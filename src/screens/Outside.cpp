@@ -63,10 +63,8 @@ void OpenLinkOrTell(Skin& skin, QWidget* parent, const QUrl& link) {
 }
 
 QString HelpPage(const Paths& paths, const Skin& skin, const QString& name) {
-  const QString own = QString::fromStdString(paths.AppPath) + "/Help";
-  const QString shipped = QString::fromStdString(paths.SkinsPath) + "/../Help";
-  const QString help = QDir::cleanPath(QFileInfo(own).isDir() ? own : shipped);
-  const QString translated = help + '/' + skin.Caption("help.folder") + '/' + name;
+  const QString help = QString::fromStdString(paths.HelpPath);
+  const QString translated = QDir::cleanPath(help + '/' + skin.Caption("help.folder") + '/' + name);
   return QFileInfo(translated).isFile() ? translated : help + '/' + name;
 }
 

@@ -40,11 +40,15 @@ QColor ColourOf(std::uint32_t colour) {
 
 }  // namespace
 
-DogStrip::DogStrip() : font_(StripFont()), slotWidth_(QFontMetrics(font_).horizontalAdvance("14")) {
+DogStrip::DogStrip() {
   states_.fill(kEmpty);
 }
 
 void DogStrip::Open(int dogCount, int hue) {
+  if (slotWidth_ == 0) {
+    font_ = StripFont();
+    slotWidth_ = QFontMetrics(font_).horizontalAdvance("14");
+  }
   slots_ = std::clamp(dogCount + 1, 0, kUnits);
   hue_ = hue;
   states_.fill(kEmpty);

@@ -33,7 +33,7 @@ class DogStrip {
  private:
   static constexpr int kEmpty = -1;
 
-  QFont font_;
+  QFont font_;  // looked for when the first cave opens
   int slotWidth_ = 0;
   int slots_ = 0;
   int hue_ = 0;

@@ -73,6 +73,19 @@ TEST_F(PathsTest, ZorikHomeOverridesBoth) {
   EXPECT_EQ(paths->SkinsPath, At("opt/bin/Skins")) << "the skins are those that came with the program";
 }
 
+TEST_F(PathsTest, TheHelpOfTheInstallationServesSkinsOfThePlayersOwn) {
+  File("opt/share/zorik/Help/help.html");
+  File("data/zorik/Skins/error.bmp");
+  auto paths = FindPaths(Around());
+  ASSERT_TRUE(paths);
+  EXPECT_EQ(paths->SkinsPath, At("data/zorik/Skins"));
+  EXPECT_EQ(paths->HelpPath, At("opt/share/zorik/Help"));
+  File("data/zorik/Help/help.html");
+  paths = FindPaths(Around());
+  ASSERT_TRUE(paths);
+  EXPECT_EQ(paths->HelpPath, At("data/zorik/Help"));
+}
+
 TEST_F(PathsTest, TheFirstStartCopiesTheShippedCaves) {
   File("opt/share/zorik/Caves/one.zk");
   ASSERT_TRUE(FindPaths(Around()));

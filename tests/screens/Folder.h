@@ -30,12 +30,8 @@ class Folder {
   const std::string& Root() const { return root_; }
 
   zorik::Paths Paths() const {
-    return {root_,
-            root_ + "/Skins",
-            root_ + "/Caves",
-            root_ + "/Replays",
-            root_ + "/Players",
-            root_ + "/Replays"};
+    return {root_,           root_ + "/Skins",  root_ + "/Caves", root_ + "/Replays", root_ + "/Players",
+            root_ + "/Help", root_ + "/Replays"};
   }
 
   // Writes a collection of these caves into Caves.

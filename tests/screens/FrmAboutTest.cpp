@@ -37,7 +37,7 @@ class FrmAboutTest : public testing::Test {
   }
 
   QString Page(const char* name) const {
-    return QDir::cleanPath(QString::fromStdString(folder_.Paths().SkinsPath) + "/../Help/" + name);
+    return QString::fromStdString(folder_.Paths().HelpPath + "/" + name);
   }
 
   test::TestSkin skin_;

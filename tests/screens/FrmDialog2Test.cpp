@@ -34,6 +34,13 @@ class FrmDialog2Test : public testing::Test, public test::PostHome {
   }
 };
 
+TEST_F(FrmDialog2Test, KeepsBlanksThatDoNotBreak) {
+  const QString text = QString("100") + QChar(0xA0) + "bodů";
+  const auto answer = Edit(text, [](QWidget& box) { Click(box, "ok"); });
+  ASSERT_TRUE(answer);
+  EXPECT_EQ(*answer, text);
+}
+
 TEST_F(FrmDialog2Test, ShowsATextToBeReadWithOneButton) {
   const InDialog dialog([](QWidget& box) {
     EXPECT_EQ(box.windowTitle(), "Gratulace");
