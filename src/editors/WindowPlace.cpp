@@ -1,16 +1,13 @@
 #include "editors/WindowPlace.h"
 
 #include <QScreen>
-#include <QSettings>
 #include <QWidget>
 #include <algorithm>
 
+#include "platform/UserStore.h"
+
 namespace zorik {
 namespace {
-
-struct Store : QSettings {
-  Store() : QSettings(QSettings::IniFormat, QSettings::UserScope, "Ortvan", "Zorik2") {}
-};
 
 QString KeyOf(const QWidget& window) {
   return "Editors/" + window.objectName();
@@ -21,11 +18,11 @@ constexpr const char* kCellSize = "Editors/CellSize";
 }  // namespace
 
 void StoreSize(const QWidget& window) {
-  Store().setValue(KeyOf(window), window.saveGeometry());
+  ZorikStore().setValue(KeyOf(window), window.saveGeometry());
 }
 
 bool RestoreSize(QWidget& window) {
-  return window.restoreGeometry(Store().value(KeyOf(window)).toByteArray());
+  return window.restoreGeometry(ZorikStore().value(KeyOf(window)).toByteArray());
 }
 
 void PutInMiddle(QWidget& window) {
@@ -36,11 +33,11 @@ void PutInMiddle(QWidget& window) {
 }
 
 int ReadCellSize() {
-  return Store().value(kCellSize).toInt();
+  return ZorikStore().value(kCellSize).toInt();
 }
 
 void StoreCellSize(int size) {
-  Store().setValue(kCellSize, size);
+  ZorikStore().setValue(kCellSize, size);
 }
 
 }  // namespace zorik

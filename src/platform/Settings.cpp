@@ -1,24 +1,11 @@
 #include "platform/Settings.h"
 
-#include <QLockFile>
-#include <QSettings>
 #include <algorithm>
+
+#include "platform/UserStore.h"
 
 namespace zorik {
 namespace {
-
-// A store of this name. A game that was killed while it wrote may have left the store locked, and the next
-// one would wait half a minute for that; the lock of a game that lives stays.
-struct UserStore : QSettings {
-  explicit UserStore(const char* name)
-      : QSettings(QSettings::IniFormat, QSettings::UserScope, "Ortvan", name) {
-    QLockFile(fileName() + ".lock").removeStaleLockFile();
-  }
-};
-
-struct Store : UserStore {
-  Store() : UserStore("Zorik2") {}
-};
 
 // What belongs to the start screen.
 struct StartStore : UserStore {
@@ -47,7 +34,7 @@ void StoreIfNew(QSettings& store, const char* name, const QString& value) {
 
 Settings FindSett() {
   Settings settings;
-  const Store store;
+  const ZorikStore store;
   settings.Skin = store.value("Skin", settings.Skin).toString();
   if (store.value("Speed").toInt() == 0) {
     StoreSett(settings);
@@ -62,7 +49,7 @@ Settings FindSett() {
 }
 
 bool StoreSett(const Settings& settings) {
-  Store store;
+  ZorikStore store;
   store.setValue("NoSurprise", settings.NoSurprise ? 1 : 0);
   store.setValue("Speed", settings.Speed);
   store.setValue("SpeedR", settings.SpeedR);
@@ -72,13 +59,13 @@ bool StoreSett(const Settings& settings) {
 }
 
 bool StoreSkin(const QString& skin) {
-  Store store;
+  ZorikStore store;
   store.setValue("Skin", skin);
   return IsWritten(store);
 }
 
 void StorePath(const QString& folder) {
-  Store store;
+  ZorikStore store;
   StoreIfNew(store, "Path", folder);
 }
 
