@@ -43,15 +43,6 @@ class FileBox : public QFileDialog {
   Skin& skin_;
 };
 
-// The box's own buttons have words that no skin tells.
-void Quieten(const QFileDialog& box) {
-  for (QToolButton* const button : box.findChildren<QToolButton*>()) {
-    button->setToolTip(QString());
-    const QString name = button->objectName();
-    if (name == "newFolderButton" || name == "detailModeButton" || name == "listModeButton") button->hide();
-  }
-}
-
 }  // namespace
 
 void OpenFileOrTell(Skin& skin, QWidget* parent, const QString& path) {
@@ -68,24 +59,34 @@ QString HelpPage(const Paths& paths, const Skin& skin, const QString& name) {
   return QFileInfo(translated).isFile() ? translated : help + '/' + name;
 }
 
-QString AskForFile(Skin& skin, QWidget* parent, const QString& title, const QString& folder,
-                   const QStringList& filters) {
-  FileBox box(skin, parent, title, folder);
+void PrepareFileBox(QFileDialog& box, const Skin& skin, const QString& words) {
   box.setOption(QFileDialog::DontUseNativeDialog);
   box.setOption(QFileDialog::ReadOnly);
-  box.setFileMode(QFileDialog::ExistingFile);
   box.setViewMode(QFileDialog::List);
-  box.setNameFilters(filters);
   box.setLabelText(QFileDialog::LookIn, kLookInWords.In(skin));
   box.setLabelText(QFileDialog::FileName, kFileNameWords.In(skin));
   box.setLabelText(QFileDialog::FileType, kFileTypeWords.In(skin));
-  box.setLabelText(QFileDialog::Accept, kOpenWords.In(skin));
+  box.setLabelText(QFileDialog::Accept, words);
   box.setLabelText(QFileDialog::Reject, kCancelWords.In(skin));
-  box.setSidebarUrls({QUrl::fromLocalFile(folder), QUrl::fromLocalFile(QDir::homePath())});
-  Quieten(box);
+  box.setSidebarUrls(
+      {QUrl::fromLocalFile(box.directory().absolutePath()), QUrl::fromLocalFile(QDir::homePath())});
+  // Its own buttons have words that no skin tells.
+  for (QToolButton* const button : box.findChildren<QToolButton*>()) button->setToolTip(QString());
+  for (const char* const name : {"newFolderButton", "detailModeButton", "listModeButton"}) {
+    if (auto* const button = box.findChild<QToolButton*>(name)) button->hide();
+  }
   box.setFont(GameFont(kLetters));
-  if (auto* const parts = box.findChild<QSplitter*>("splitter"))
+  if (auto* const parts = box.findChild<QSplitter*>("splitter")) {
     parts->setSizes({kSideWidth, kSideWidth * 3});
+  }
+}
+
+QString AskForFile(Skin& skin, QWidget* parent, const QString& title, const QString& folder,
+                   const QStringList& filters) {
+  FileBox box(skin, parent, title, folder);
+  PrepareFileBox(box, skin, kOpenWords.In(skin));
+  box.setFileMode(QFileDialog::ExistingFile);
+  box.setNameFilters(filters);
   if (box.exec() != QDialog::Accepted || box.selectedFiles().isEmpty()) return QString();
   return box.selectedFiles().constFirst();
 }

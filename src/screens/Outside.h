@@ -4,6 +4,7 @@
 #include <QStringList>
 #include <QUrl>
 
+class QFileDialog;
 class QWidget;
 
 namespace zorik {
@@ -22,6 +23,10 @@ void OpenLinkOrTell(Skin& skin, QWidget* parent, const QUrl& link);
 // The path of a page of the help, "help.html" for one. A skin of another language names the folder of its
 // pages, within that of the help, by the key help.folder.
 QString HelpPage(const Paths& paths, const Skin& skin, const QString& name);
+
+// Gives a file box the game's words and letters; it renames and deletes nothing. The words are those of the
+// button that takes the file.
+void PrepareFileBox(QFileDialog& box, const Skin& skin, const QString& words);
 
 // Lets the player choose a file that exists; empty when he does not. Filters are like "Records (*.zkr)".
 QString AskForFile(Skin& skin, QWidget* parent, const QString& title, const QString& folder,
