@@ -417,6 +417,9 @@ bool FrmPoSt::Command(int key) {
     case Qt::Key_S:
       ClickedSend();
       return true;
+    case Qt::Key_M:
+      if (Label3_->IsLink()) ClickedAuthor();
+      return Label3_->IsLink();
     case Qt::Key_F1:
       button = help_;
       break;
