@@ -10,26 +10,10 @@
 #include <cstdlib>
 #include <utility>
 
+#include "editors/ToolButtons.h"
+
 namespace zorik {
 namespace {
-
-struct ButtonRow {
-  Qt::MouseButton button;
-  ToolButton tool;
-};
-constexpr std::array<ButtonRow, 3> kButtons{{
-    {Qt::LeftButton, ToolButton::Left},
-    {Qt::RightButton, ToolButton::Right},
-    {Qt::MiddleButton, ToolButton::Middle},
-}};
-
-// The tool of the buttons that are held; several at once have none.
-std::optional<ToolButton> ToolOf(Qt::MouseButtons buttons) {
-  for (const ButtonRow& row : kButtons) {
-    if (buttons == row.button) return row.tool;
-  }
-  return std::nullopt;
-}
 
 struct Arrow {
   int key;
@@ -125,7 +109,7 @@ void EditKom::Mark(std::optional<QPoint> cell) {
 // The mouse
 
 void EditKom::mousePressEvent(QMouseEvent* event) {
-  if (!ToolOf(event->buttons())) {
+  if (!ToolOfButtons(event->buttons())) {
     last_.reset();
     return;
   }
@@ -146,7 +130,7 @@ void EditKom::mouseReleaseEvent(QMouseEvent* event) {
 void EditKom::Lead(QMouseEvent& event) {
   const QPoint cell = CellAt(event.position());
   Mark(cell);
-  const auto tool = ToolOf(event.buttons());
+  const auto tool = ToolOfButtons(event.buttons());
   if (!tool || !stroke_) return;
   DrawPath(last_.value_or(cell), cell, *tool);
   last_ = cell;
@@ -201,11 +185,8 @@ void EditKom::keyPressEvent(QKeyEvent* event) {
 
 void EditKom::DrawByKey(Qt::KeyboardModifiers modifiers) {
   if (!marked_ || stroke_) return;
-  ToolButton tool = ToolButton::Left;
-  if (modifiers & Qt::ShiftModifier) tool = ToolButton::Right;
-  if (modifiers & Qt::ControlModifier) tool = ToolButton::Middle;
   emit StrokeBegins();
-  emit Drawn(*marked_, tool);
+  emit Drawn(*marked_, ToolOfModifiers(modifiers));
   emit StrokeEnds();
 }
 

@@ -27,11 +27,6 @@ constexpr std::array<RandomRow, 4> kRandom{{
     {10, 10, "mnuReplRan(10)", "main.ran10", "Náhodně 10"},
 }};
 
-// An ampersand in a caption would underline a letter.
-QString InMenu(QString text) {
-  return text.replace("&", "&&");
-}
-
 }  // namespace
 
 QAction* FrmMain::Add(QMenu* menu, const char* name, const char* key, const char* words,

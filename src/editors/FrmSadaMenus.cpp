@@ -9,6 +9,7 @@
 #include <array>
 
 #include "editors/FrmSada.h"
+#include "editors/Marks.h"
 #include "editors/SadaBoxes.h"
 #include "editors/SadaList.h"
 #include "platform/Shell.h"
@@ -53,11 +54,6 @@ constexpr std::array<IconRow, 7> kIcons{{
 }};
 
 constexpr int kGap = 16;
-
-// An ampersand in a caption would underline a letter.
-QString InMenu(QString text) {
-  return text.replace("&", "&&");
-}
 
 // The word for so many caves.
 int PlaceOfCaves(int count) {

@@ -18,4 +18,8 @@ QString FillMarks(const QString& text, const QString& one, const QString& two) {
   return filled;
 }
 
+QString InMenu(QString text) {
+  return text.replace("&", "&&");
+}
+
 }  // namespace zorik

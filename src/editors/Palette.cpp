@@ -5,8 +5,8 @@
 #include <QPainter>
 #include <QToolTip>
 #include <algorithm>
-#include <optional>
 
+#include "editors/ToolButtons.h"
 #include "editors/ToolHint.h"
 
 namespace zorik {
@@ -27,19 +27,6 @@ int PlaceOf(int palette) {
 }
 
 constexpr int kFrame = 20;  // smaller than a tile, so that all three can be seen on the same one
-
-std::optional<ToolButton> ToolOf(Qt::MouseButton button) {
-  if (button == Qt::LeftButton) return ToolButton::Left;
-  if (button == Qt::RightButton) return ToolButton::Right;
-  if (button == Qt::MiddleButton) return ToolButton::Middle;
-  return std::nullopt;
-}
-
-ToolButton ToolOf(Qt::KeyboardModifiers modifiers) {
-  if (modifiers & Qt::ShiftModifier) return ToolButton::Right;
-  if (modifiers & Qt::ControlModifier) return ToolButton::Middle;
-  return ToolButton::Left;
-}
 
 }  // namespace
 
@@ -142,7 +129,8 @@ void Palette::Click(ToolButton button, int palette) {
 }
 
 void Palette::mousePressEvent(QMouseEvent* event) {
-  if (const auto button = ToolOf(event->button())) Click(*button, PaletteAt(event->position().toPoint()));
+  if (const auto button = ToolOfButtons(event->button()))
+    Click(*button, PaletteAt(event->position().toPoint()));
 }
 
 void Palette::mouseMoveEvent(QMouseEvent* event) {
@@ -167,7 +155,7 @@ void Palette::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_Space:
     case Qt::Key_Return:
     case Qt::Key_Enter:
-      Click(ToolOf(event->modifiers()), NumberAt(cursor_));
+      Click(ToolOfModifiers(event->modifiers()), NumberAt(cursor_));
       break;
     default:
       QWidget::keyPressEvent(event);

@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <algorithm>
 
+#include "data/RecordFile.h"
 #include "screens/SkinButton.h"
 #include "screens/SkinLabel.h"
 #include "screens/SkinPlacing.h"
@@ -101,7 +102,7 @@ void FrmAnalyze::SetScore(const QString& line, int total, bool bonus) {
   bonus_ = bonus;
   Label2_->setFont(LineFont(line, kLineBox.width() - 2 * kPadding));
   Label2_->setText(line);
-  Label3_->setText(QString("%1").arg(total, 5, 10, QChar('0')));
+  Label3_->setText(QString::fromStdString(FiveDigits(total)));
   Image1_->setVisible(bonus);
 }
 
