@@ -25,11 +25,16 @@ namespace zorik {
 //   | Caves for those
 //   | who never dug before.
 //   mail: somebody@there      line 3
-//   flag: 0                   one character; "0" if the entry is left out
+//   flag: 0                   one character; "Q" closes the collection to the editor, see below
 //   cave: cave-01.txt         a line for each cave, in their order: the name of the cave's file
 //   cave: cave-02.txt
 //   line: ...                 a line that is no proper cave, as it stands
 //   congratulation: Well dug, $P points!
+//
+// The flag tells whether the collection's author has closed it. Its code decides: from "Q" on (81) the editor
+// opens an empty collection instead; below, and "0" stands for that, it opens the collection. Whoever plays
+// does not notice. "0" if the entry is left out; the editor itself writes nothing else, so a collection is
+// closed here. It is a request and no lock: these texts can be had of a closed collection as well.
 //
 // A first, second or third line that does not have its proper form is written as it stands, as line-1, line-2
 // or line-3. A file that ends early has no entries for what is missing. "line" and "congratulation" mean the

@@ -1,8 +1,9 @@
 #!/usr/bin/env bash
 # The shipped records as zktool sees them.
-# usage: records.sh verify|progress ZKTOOL CAVES, in a folder where it may write; CAVES holds the packed
+# usage: records.sh verify|progress|repack ZKTOOL CAVES, in a folder where it may write; CAVES holds the packed
 # collections and their records.
 #   verify    every record of every collection wins with the score that it stores
+#   repack    every collection, unpacked and packed again, is the same to the byte, and nothing in it looks wrong
 #   progress  a player who has all records of a collection has solved all its caves
 set -euo pipefail
 tool=$2
@@ -36,6 +37,13 @@ for collection in "${collections[@]}"; do
   records="$caves/records/$(basename "$collection" .zk)"
   if [[ $1 == verify ]]; then
     "$tool" verify "$records"
+    continue
+  fi
+  if [[ $1 == repack ]]; then
+    "$tool" unpack "$collection" "$scratch/texts"
+    "$tool" pack --strict "$scratch/texts" "$scratch/again.zk"
+    cmp "$collection" "$scratch/again.zk"
+    rm -r "$scratch/texts"
     continue
   fi
   progress=$(solved "$collection" "$records")

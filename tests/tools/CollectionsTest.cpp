@@ -45,7 +45,7 @@ TEST_F(Collections, OfAnyBytesComeBackFromTheirTexts) {
   for (const std::string& bytes : {std::string(), std::string("rubbish"), std::string(300, '\xFF'),
                                    std::string("\r\n\n\0\n", 5), Sample().substr(0, 400)}) {
     const std::string odd = folder.Write("odd.zk", bytes);
-    EXPECT_EQ(Zktool({"unpack", odd, folder.In("odd")}).exit, Exit::Fine);
+    EXPECT_EQ(Zktool({"unpack", "--force", odd, folder.In("odd")}).exit, Exit::Fine);
     EXPECT_EQ(Zktool({"pack", folder.In("odd"), folder.In("odd-again.zk")}).exit, Exit::Fine);
     EXPECT_EQ(PlainLines(BytesOf(folder.In("odd-again.zk"))), PlainLines(bytes));
   }

@@ -12,6 +12,10 @@
 namespace zorik::test {
 namespace {
 
+// How a line of verify names what the short record holds, and how one that is no record.
+const std::string kNames = "collection=\"sada\" cave=\"Test\" player=\"hrac\" ";
+const std::string kNoNames = "collection=\"\" cave=\"\" player=\"\" ";
+
 // The record with another score in its head.
 std::string WithScore(const std::string& record, int score) {
   RecordLines lines(record);
@@ -119,12 +123,12 @@ TEST_F(Verify, PrintsALineForEachRecordAndCountsTheVerdicts) {
   const std::string f = folder.In("f.zkr");
   const Told told = Zktool({"verify", a, b, c, d, e, f});
   EXPECT_EQ(told.exit, Exit::No);
-  EXPECT_EQ(told.out, "won score=106 stored=106 ticks=4 " + a + "\n" +              //
-                          "score-differs score=106 stored=5 ticks=4 " + b + "\n" +  //
-                          "not-won score=0 stored=106 ticks=3 " + c + "\n" +        //
-                          "ran-dry score=106 stored=106 ticks=4 " + d + "\n" +      //
-                          "bad-cave score=0 stored=0 ticks=0 " + e + "\n" +         //
-                          "unreadable score=0 stored=0 ticks=0 " + f + "\n" +       //
+  EXPECT_EQ(told.out, "won score=106 stored=106 ticks=4 " + kNames + a + "\n" +              //
+                          "score-differs score=106 stored=5 ticks=4 " + kNames + b + "\n" +  //
+                          "not-won score=0 stored=106 ticks=3 " + kNames + c + "\n" +        //
+                          "ran-dry score=106 stored=106 ticks=4 " + kNames + d + "\n" +      //
+                          "bad-cave score=0 stored=0 ticks=0 " + kNoNames + e + "\n" +       //
+                          "unreadable score=0 stored=0 ticks=0 " + kNoNames + f + "\n" +     //
                           "total=6 won=1 score-differs=1 not-won=1 ran-dry=1 bad-cave=1 unreadable=1\n");
   EXPECT_NE(told.err.find(e), std::string::npos);
   EXPECT_NE(told.err.find(f), std::string::npos);
@@ -142,7 +146,7 @@ TEST_F(Verify, TakesAllRecordsBelowAFolderInTheOrderOfTheirPaths) {
   for (const char* name : {"b.zkr", "a/z.zkr", "a/deep/er/x.ZKR", "c.zkr"}) folder.Write(name, won);
   folder.Write("a/notes.txt", "x");
   const Told told = Zktool({"verify", folder.path()});
-  const std::string start = "won score=106 stored=106 ticks=4 ";
+  const std::string start = "won score=106 stored=106 ticks=4 " + kNames;
   EXPECT_EQ(LinesOf(told.out),
             (std::vector<std::string>{
                 start + folder.In("a/deep/er/x.ZKR"), start + folder.In("a/z.zkr"),
@@ -159,7 +163,7 @@ TEST_F(Verify, KeepsTheOrderOfManyRecords) {
   for (int i = 100; i < 300; ++i) {
     std::ostringstream expected;
     expected << (i % 3 == 0 || i == kShortScore ? "won" : "score-differs")
-             << " score=106 stored=" << (i % 3 == 0 ? kShortScore : i) << " ticks=4 "
+             << " score=106 stored=" << (i % 3 == 0 ? kShortScore : i) << " ticks=4 " << kNames
              << folder.In(std::to_string(i) + ".zkr");
     EXPECT_EQ(lines[static_cast<std::size_t>(i - 100)], expected.str());
   }
@@ -177,6 +181,7 @@ TEST_F(Verify, PrintsTheSameAsJson) {
   EXPECT_EQ(told.exit, Exit::Fine);
   EXPECT_EQ(told.out, "{\"records\": [\n  {\"file\": " + JsonText(a) +
                           ", \"verdict\": \"won\", \"score\": 106, \"stored\": 106, \"ticks\": 4, "
+                          "\"collection\": \"sada\", \"cave\": \"Test\", \"player\": \"hrac\", "
                           "\"message\": \"\"}\n], \"summary\": {\"total\": 1, \"won\": 1, "
                           "\"score-differs\": 0, \"not-won\": 0, \"ran-dry\": 0, \"bad-cave\": 0, "
                           "\"unreadable\": 0}}\n");

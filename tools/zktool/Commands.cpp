@@ -29,7 +29,9 @@ constexpr std::array<Option, 7> kRunOptions{{{"--cave", true, true},
                                              {"--record-always"},
                                              {"--grid"}}};
 constexpr std::array<Option, 2> kReplayOptions{{{"--grid"}, {"--ticks", true}}};
-constexpr std::array<Option, 1> kVerifyOptions{{{"--json"}}};
+constexpr std::array<Option, 2> kVerifyOptions{{{"--json"}, {"--collection", true}}};
+constexpr std::array<Option, 1> kUnpackOptions{{{"--force"}}};
+constexpr std::array<Option, 1> kPackOptions{{{"--strict"}}};
 
 constexpr std::string_view kRunDetails =
     R"(The cave file holds a plain cave text (zktool fetch, zktool new), all its bytes. Line t of the key file
@@ -44,7 +46,7 @@ digit that digit of the keypad; . stands for nothing. Behind its end nothing is 
 
 The player in the record is "hrac", the collection "sada". A run ends in the tick in which it is won. When
 it is not won and --record-always is not given, a line on the standard error says that nothing was written;
-the exit code is 0 all the same.
+the command ends well all the same.
 )";
 
 constexpr std::string_view kReplayDetails =
@@ -58,8 +60,11 @@ says: end reason=win, eof, restart or ticks.
 constexpr std::string_view kVerifyDetails =
     R"(Of a folder all *.zkr files in it and below it are verified, sorted by their paths. For each record a line
 is printed, in this order and not in that in which they were done: the verdict, the score of the win (or 0),
-the score in the record, the ticks that were played, the file. The last line counts the verdicts.
---json prints the same as one JSON object.
+the score in the record, the ticks that were played, the names of collection, cave and player that the record
+holds, each in quotes as in JSON, and the file. The last line counts the verdicts.
+
+  --json             print the same as one JSON object
+  --collection FILE  say for each record whether it counts in this collection: counts=yes number=3
 
 Of these verdicts the first that is true is given:
   unreadable      the file or folder cannot be read
@@ -69,7 +74,13 @@ Of these verdicts the first that is true is given:
   score-differs   the run is won with another score than the record says
   won             the run is won with the score that the record says
 
-The exit code is 0 only if at least one record was found and all are won.
+A record counts or not by what the game looks at, which does not play it:
+  yes             in a player's folder it counts as a win of the cave of this number, whoever made it
+  misnamed        the collection has the cave, but the game looks for its record under another file name
+  changed         the collection has a cave of the same name, but it is another one
+  no              the collection has no such cave
+
+The command says yes only if at least one record was found, all are won and, with --collection, all count.
 )";
 
 constexpr std::string_view kDiffDetails =
@@ -85,13 +96,26 @@ earlier the counter is "end". Runs that are the same print: equal ticks=150.
 
 constexpr std::string_view kUnpackDetails =
     R"(The folder is made if it is not there. It gets collection.txt and a file for each cave, in UTF-8, which can
-be edited and packed again. Files of the same names are replaced, but only when all could be written; others
-stay. Any file will do: pack gives the same plain lines again.
+be edited and packed again. The caves' files are named by their numbers, cave-01.txt and so on, whatever they
+were called when the collection was packed; so the folder has to be empty.
+
+  --force  unpack into a folder that is not empty, too: files of the same names are replaced, but only when
+           all could be written; others stay
+
+Any file will do: pack gives the same plain lines again.
 )";
 
 constexpr std::string_view kPackDetails =
     R"(Reads collection.txt in the folder and the cave files that it names. The same texts give the same bytes
 each time.
+
+Warnings, with file and line, tell what can be packed but is seldom meant: a letter that means no object, a
+number that the game cannot use (slime above 8, colouring above 14, time below 5, the times of magic wall and
+amoeba outside 1 to 150 in a cave that has them), a cave larger than 100 x 60, dogs that are missing or stand
+there twice, no finish, fewer gems than the finish needs where nothing in the cave makes more, an open cave
+that there is none of, a line that would be read as a cave.
+
+  --strict  take these for failures: nothing is written
 )";
 
 constexpr std::string_view kFetchDetails =
@@ -138,7 +162,7 @@ constexpr std::array<Command, 11> kCommands{{
      {1, 1},
      ReplayCommand},
     {"verify",
-     "[--json] FILE-OR-FOLDER...",
+     "[--json] [--collection FILE.zk] FILE-OR-FOLDER...",
      "Replays records and says whether they win with their score.",
      kVerifyDetails,
      kVerifyOptions,
@@ -146,17 +170,17 @@ constexpr std::array<Command, 11> kCommands{{
      VerifyCommand},
     {"diff", "A B", "Finds where two records or saved traces part.", kDiffDetails, {}, {2, 2}, DiffCommand},
     {"unpack",
-     "COLLECTION.zk DIR",
+     "[--force] COLLECTION.zk DIR",
      "Writes a collection as readable text files.",
      kUnpackDetails,
-     {},
+     kUnpackOptions,
      {2, 2},
      UnpackCommand},
     {"pack",
-     "DIR COLLECTION.zk",
+     "[--strict] DIR COLLECTION.zk",
      "Makes a collection from readable text files.",
      kPackDetails,
-     {},
+     kPackOptions,
      {2, 2},
      PackCommand},
     {"fetch",
@@ -197,7 +221,7 @@ std::string UsageOf(const Command& command) {
 
 Exit PrintHelp(std::ostream& out) {
   out << "zktool plays and checks caves, records and collections of Zor\xC3\xADk without a window.\n\n"
-         "usage: zktool COMMAND ...\n       zktool COMMAND --help\n\n";
+         "usage: zktool COMMAND ...\n       zktool COMMAND --help\n       zktool --version\n\n";
   for (const Command& command : kCommands) {
     out << "  " << std::left << std::setw(12) << command.name << std::right << command.summary << "\n";
   }
@@ -207,8 +231,13 @@ Exit PrintHelp(std::ostream& out) {
 }
 
 Exit PrintHelp(const Command& command, std::ostream& out) {
-  out << "usage: " << UsageOf(command) << "\n\n" << command.summary << "\n\n" << command.details << "\n";
-  PrintExitCodes(out);
+  out << "usage: " << UsageOf(command) << "\n\n" << command.summary << "\n\n" << command.details << "\n"
+      << "The exit codes are listed by zktool --help.\n";
+  return Exit::Fine;
+}
+
+Exit PrintVersion(std::ostream& out) {
+  out << "zktool " << ZORIK_VERSION << "\n";
   return Exit::Fine;
 }
 
@@ -227,6 +256,7 @@ Exit Dispatch(std::span<const std::string> arguments, Console& console) {
   if (arguments.empty()) return Fail(console, Exit::Usage, "no command; zktool --help lists them");
   const std::string& name = arguments.front();
   if (AsksForHelp(name)) return PrintHelp(console.out);
+  if (name == "--version") return PrintVersion(console.out);
   const auto command = std::find_if(kCommands.begin(), kCommands.end(),
                                     [&](const Command& known) { return known.name == name; });
   if (command == kCommands.end()) {

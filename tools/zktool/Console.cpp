@@ -31,7 +31,9 @@ constexpr std::array<ExitRow, 12> kExits{{
 }  // namespace
 
 void PrintExitCodes(std::ostream& out) {
-  out << "Exit codes; a failure is told to the standard error as \"zktool: word: sentence\":\n";
+  out << "Exit codes; a failure is told to the standard error as \"zktool: word: sentence\", and what looks "
+         "wrong but\n"
+         "stops nothing as \"zktool: warning: sentence\":\n";
   for (const ExitRow& row : kExits) {
     out << std::setw(4) << static_cast<int>(row.exit) << "  " << std::left << std::setw(16) << row.word
         << std::right << row.meaning << "\n";
@@ -41,6 +43,10 @@ void PrintExitCodes(std::ostream& out) {
 Exit Fail(Console& console, Exit exit, std::string_view sentence) {
   console.err << "zktool: " << kExits[static_cast<std::size_t>(exit)].word << ": " << sentence << "\n";
   return exit;
+}
+
+void Warn(Console& console, std::string_view sentence) {
+  console.err << "zktool: warning: " << sentence << "\n";
 }
 
 }  // namespace zorik

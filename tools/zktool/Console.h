@@ -34,4 +34,7 @@ void PrintExitCodes(std::ostream& out);
 // Tells a failure to the user, "zktool: word: sentence", and answers it.
 Exit Fail(Console& console, Exit exit, std::string_view sentence);
 
+// Tells the user what looks wrong and yet stops nothing, "zktool: warning: sentence".
+void Warn(Console& console, std::string_view sentence);
+
 }  // namespace zorik

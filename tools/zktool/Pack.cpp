@@ -3,6 +3,7 @@
 #include "data/Readable.h"
 #include "data/ReadableText.h"
 #include "zktool/Commands.h"
+#include "zktool/Doubts.h"
 
 namespace zorik {
 namespace {
@@ -44,6 +45,16 @@ Exit PackCommand(const CommandLine& line, Console& console) {
   Chance decoration;
   const Result<std::string> bytes = PackCollection(*files, decoration);
   if (!bytes) return Fail(console, Exit::BadText, folder + ": " + bytes.Message());
+  const std::vector<std::string> doubts = DoubtsOf(*files);
+  const bool strict = line.Has("--strict");
+  for (const std::string& doubt : doubts) {
+    const std::string sentence = folder + ": " + doubt;
+    if (strict)
+      Fail(console, Exit::BadText, sentence);
+    else
+      Warn(console, sentence);
+  }
+  if (strict && !doubts.empty()) return Exit::BadText;
   const Result<Done> written = WriteWhole(line.operands[1], *bytes);
   return written ? Exit::Fine : Fail(console, Exit::CannotWrite, written.Message());
 }

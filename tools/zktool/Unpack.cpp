@@ -48,12 +48,22 @@ Result<Done> WriteTogether(const TextFiles& files, const fs::path& folder) {
   return result;
 }
 
+// A folder with something in it may hold an author's own files, which those of the caves would stand beside.
+bool HoldsSomething(const fs::path& folder) {
+  std::error_code error;
+  return fs::is_directory(folder, error) && !fs::is_empty(folder, error) && !error;
+}
+
 }  // namespace
 
 Exit UnpackCommand(const CommandLine& line, Console& console) {
+  const std::string& folder = line.operands[1];
+  if (!line.Has("--force") && HoldsSomething(folder)) {
+    return Fail(console, Exit::CannotWrite, folder + " is not empty; name another folder, or give --force");
+  }
   const Result<std::string> bytes = ReadWhole(line.operands[0]);
   if (!bytes) return Fail(console, Exit::CannotRead, bytes.Message());
-  const Result<Done> written = WriteTogether(UnpackCollection(*bytes), line.operands[1]);
+  const Result<Done> written = WriteTogether(UnpackCollection(*bytes), folder);
   return written ? Exit::Fine : Fail(console, Exit::CannotWrite, written.Message());
 }
 

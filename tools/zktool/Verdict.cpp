@@ -3,8 +3,6 @@
 #include <array>
 #include <utility>
 
-#include "data/Files.h"
-
 namespace zorik {
 namespace {
 
@@ -46,14 +44,6 @@ Judgement Judge(Hra& hra, std::string bytes) {
     judgement.verdict = judgement.score == judgement.stored ? Verdict::Won : Verdict::ScoreDiffers;
   }
   if (ranDry) judgement.verdict = Verdict::RanDry;
-  return judgement;
-}
-
-Judgement JudgeFile(Hra& hra, const std::string& path) {
-  Result<std::string> bytes = ReadWhole(path);
-  if (bytes) return Judge(hra, std::move(*bytes));
-  Judgement judgement;
-  judgement.message = bytes.Message();
   return judgement;
 }
 

@@ -33,7 +33,4 @@ struct Judgement {
 // Replays the bytes of a record to their end. The game may be used again and again.
 Judgement Judge(Hra& hra, std::string bytes);
 
-// The same for a record file.
-Judgement JudgeFile(Hra& hra, const std::string& path);
-
 }  // namespace zorik
