@@ -9,8 +9,10 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <string_view>
 #include <system_error>
 
+#include "app/HeadlessWords.h"
 #include "core/Hra.h"
 #include "data/Cp1250.h"
 #include "data/Files.h"
@@ -70,13 +72,29 @@ void PlayToTheEnd(Hra& hra) {
   }
 }
 
-void PrintVerdict(const Hra& hra) {
-  const std::string cave = ToUtf8(hra.CaveName);
-  if (hra.Win) {
-    std::printf("Komnata „%s“: záznam dovedl Zoríka do cíle, skóre %d.\n", cave.c_str(), hra.Win->Score);
-  } else {
-    std::printf("Komnata „%s“: záznam skončil, aniž Zorík došel do cíle.\n", cave.c_str());
+// The words with what they speak of in its places; that itself is not looked at.
+std::string Filled(std::string_view words, const std::string& first, const std::string& second = {}) {
+  std::string filled;
+  for (std::size_t i = 0; i < words.size();) {
+    const std::string_view rest = words.substr(i);
+    const bool place = rest.starts_with("?1?") || rest.starts_with("?2?");
+    if (place) {
+      filled += rest[1] == '1' ? first : second;
+    } else {
+      filled += rest[0];
+    }
+    i += place ? 3 : 1;
   }
+  return filled;
+}
+
+void Print(std::string_view line) {
+  std::printf("%.*s\n", static_cast<int>(line.size()), line.data());
+}
+
+void PrintVerdict(const HeadlessWords& words, const Hra& hra) {
+  const std::string cave = ToUtf8(hra.CaveName);
+  Print(hra.Win ? Filled(words.Won, cave, std::to_string(hra.Win->Score)) : Filled(words.NotWon, cave));
 }
 
 }  // namespace
@@ -95,10 +113,11 @@ AnewWithoutDisplay::~AnewWithoutDisplay() {
 }
 
 int PlayHeadless(const Paths& paths) {
-  std::puts("Není tu žádná obrazovka, Zorík proto přehraje záznam první komnaty bez okna.");
+  const HeadlessWords& words = WordsOfDesktop();
+  Print(words.NoDisplay);
   const std::optional<std::string> record = FirstRecord(paths.ShippedReplays);
   if (!record) {
-    std::puts("Záznam první komnaty chybí.");
+    Print(words.NoRecord);
     return 1;
   }
   CavePainter painter(SkinPlaces{paths.SkinsPath});
@@ -106,17 +125,14 @@ int PlayHeadless(const Paths& paths) {
   PictureStage stage(hra, painter);
   hra.SetStage(stage);
   if (Replay(hra, *record)) {
-    std::puts("Komnatu nelze otevřít.");
+    Print(words.NoCave);
     return 1;
   }
   PlayToTheEnd(hra);
-  PrintVerdict(hra);
-  const std::string picture = paths.AppPath + "/posledni-okamzik.png";
-  if (painter.Compose(hra, kPictureSize).save(QString::fromStdString(picture))) {
-    std::printf("Poslední okamžik je na obrázku %s\n", picture.c_str());
-  } else {
-    std::puts("Soubor se nepodařilo uložit.");
-  }
+  PrintVerdict(words, hra);
+  const std::string picture = paths.AppPath + "/" + std::string(words.Picture);
+  const bool stored = painter.Compose(hra, kPictureSize).save(QString::fromStdString(picture));
+  Print(stored ? Filled(words.PictureIs, picture) : std::string(words.NotStored));
   return hra.Win ? 0 : 1;
 }
 

@@ -8,6 +8,7 @@
 
 #include "app/Game.h"
 #include "app/Headless.h"
+#include "app/HeadlessWords.h"
 #include "platform/Paths.h"
 #include "platform/Settings.h"
 #include "screens/MsgBox.h"
@@ -21,12 +22,14 @@ std::string ProgramFolder() {
   return error ? std::string(".") : program.parent_path().string();
 }
 
-// What keeps the game from starting, said where somebody sees it.
+// There is no folder to play in, for this reason; said where somebody sees it.
 int GiveUp(bool display, const std::string& reason) {
   if (display) {
-    zorik::Tell(nullptr, zorik::kProgramTitle, QString::fromStdString(reason));
+    zorik::Tell(nullptr, zorik::kProgramTitle,
+                QString::fromStdString(std::string(zorik::wording::kNoFolder) + "\n" + reason));
   } else {
-    std::fprintf(stderr, "%s\n", reason.c_str());
+    const std::string words(zorik::WordsOfDesktop().NoFolder);
+    std::fprintf(stderr, "%s\n%s\n", words.c_str(), reason.c_str());
   }
   return 1;
 }
@@ -52,6 +55,6 @@ int main(int argc, char** argv) {
   const bool display = DisplayNamed();
   const std::unique_ptr<QApplication> application = display ? OpenDisplay(argc, argv) : nullptr;
   const Result<Paths> paths = FindPaths(ReadSurroundings(ProgramFolder()));
-  if (!paths) return GiveUp(display, std::string(wording::kNoFolder) + "\n" + paths.Message());
+  if (!paths) return GiveUp(display, paths.Message());
   return display ? Play(*paths) : PlayHeadless(*paths);
 }

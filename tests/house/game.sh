@@ -29,8 +29,15 @@ if [[ $2 == installed ]]; then
 fi
 
 if [[ $2 == headless ]]; then
-  "$game"
-  find "$ZORIK_HOME" -name '*.png' -size +1k -delete -print | grep -q . || { echo "There is no picture."; exit 1; }
+  # says LOCALE WORDS...: on a desktop of this language the game says so.
+  says() {
+    LC_ALL='' LC_MESSAGES='' LANG=$1 "$game" >"$scratch/words"
+    grep -qF "$2" "$scratch/words" || { echo "With LANG=$1 it does not say $2 but:"; cat "$scratch/words"; exit 1; }
+    find "$ZORIK_HOME" -name '*.png' -size +1k -delete -print | grep -q . || { echo "There is no picture."; exit 1; }
+  }
+  says C 'Není tu žádná obrazovka'
+  says cs_CZ.UTF-8 'záznam dovedl Zoríka do cíle, skóre'
+  says en_US.UTF-8 'the record led Zorík to the finish, score'
   # A display that is named and not there is none.
   DISPLAY=:4711 "$game"
   find "$ZORIK_HOME" -name '*.png' -size +1k | grep -q . || { echo "There is no picture."; exit 1; }
