@@ -111,7 +111,7 @@ TEST_F(FrmFormalityTest, SpeaksTheLanguageOfTheSkin) {
   Dialog([](QWidget& it) {
     EXPECT_EQ(it.windowTitle(), "Cave properties");
     EXPECT_EQ(it.findChild<QPushButton*>("Command2")->text(), "Cancel");
-    EXPECT_EQ(it.findChild<QPushButton*>("Command8")->text(), "Compute the petrifying");
+    EXPECT_EQ(it.findChild<QPushButton*>("Command8")->text(), "When does it turn to stone?");
     EXPECT_EQ(it.findChild<QComboBox*>("Combo1")->currentText(), "Natural");
   });
   const Boxes boxes;

@@ -250,4 +250,42 @@ TEST(Help, EditingCallsObjectsAndPropertiesAsTheEditorDoes) {
   }
 }
 
+TEST(Help, SaysInBothLanguagesThatAnExplosionSparesSteelAlone) {
+  EXPECT_TRUE(Read("pravidla.html").Text.contains("Zničí všechno kromě oceli, tedy i cíl"));
+  EXPECT_TRUE(
+      Read("en/pravidla.html").Text.contains("destroys everything in it except steel; the finish, keys"));
+}
+
+TEST(Help, TellsHowAFileGetsIntoTheGame) {
+  EXPECT_TRUE(Read("help.html").Text.contains("./play SOUBOR"));
+  EXPECT_TRUE(Read("en/help.html").Text.contains("./play FILE"));
+}
+
+TEST(Help, TellsHowACollectionIsClosed) {
+  for (const auto& [skin, folder] : kLanguages)
+    EXPECT_TRUE(Read(folder + "editovat.html").Text.contains("flag: Q")) << skin.toStdString();
+}
+
+TEST(Help, CallsACaveByOneWordInCzech) {
+  for (const QString& name : kPages)
+    EXPECT_FALSE(Read(name).Text.contains("jeskyn", Qt::CaseInsensitive)) << name.toStdString();
+}
+
+// What a reader sees of a page besides its pictures.
+QString Body(const QString& path) {
+  QFile file(kHelp + '/' + path);
+  if (!file.open(QIODevice::ReadOnly)) return {};
+  return QString::fromUtf8(file.readAll()).section("<body>", 1).replace(QRegularExpression("<[^>]*>"), " ");
+}
+
+TEST(Help, QuotesAsItsLanguageDoes) {
+  const QRegularExpression notCzech("[\"'‘”]|“\\w");
+  const QRegularExpression notEnglish("[\"'„‚]|”\\w");
+  for (const QString& name : kPages) {
+    EXPECT_FALSE(Body(name).isEmpty());
+    EXPECT_FALSE(Body(name).contains(notCzech)) << name.toStdString();
+    EXPECT_FALSE(Body("en/" + name).contains(notEnglish)) << name.toStdString();
+  }
+}
+
 }  // namespace
