@@ -119,6 +119,10 @@ char LowerCaseOf(char character) {
   return place == std::string_view::npos ? character : kScatteredSmall[place];
 }
 
+bool IsControlCode(char32_t codePoint) {
+  return codePoint < ' ' || (codePoint >= 0x7F && codePoint < 0xA0);
+}
+
 bool IsUtf8(std::string_view text) {
   while (!text.empty()) {
     if (!TakeCodePoint(text)) return false;
@@ -148,6 +152,21 @@ std::optional<std::string> FromUtf8(std::string_view utf8) {
 std::string FromUtf8WithGaps(std::string_view utf8) {
   std::string text;
   while (!utf8.empty()) text += TakeByte(utf8).value_or('?');
+  return text;
+}
+
+bool IsControl(char character) {
+  return IsControlCode(CodePointOf(character));
+}
+
+std::string WithoutControls(std::string_view utf8) {
+  std::string text;
+  while (!utf8.empty()) {
+    const std::string_view before = utf8;
+    const std::optional<char32_t> codePoint = TakeCodePoint(utf8);
+    if (codePoint && IsControlCode(*codePoint)) continue;
+    text += before.substr(0, before.size() - utf8.size());
+  }
   return text;
 }
 

@@ -51,7 +51,7 @@ Result<Done> WriteTogether(const TextFiles& files, const fs::path& folder) {
 }  // namespace
 
 Exit UnpackCommand(const CommandLine& line, Console& console) {
-  const Result<std::string> bytes = ReadWhole(line.operands[0]);
+  const Result<std::string> bytes = ReadStream(line.operands[0]);
   if (!bytes) return Fail(console, Exit::CannotRead, bytes.Message());
   const Result<Done> written = WriteTogether(UnpackCollection(*bytes), line.operands[1]);
   return written ? Exit::Fine : Fail(console, Exit::CannotWrite, written.Message());

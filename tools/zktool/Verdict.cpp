@@ -50,7 +50,7 @@ Judgement Judge(Hra& hra, std::string bytes) {
 }
 
 Judgement JudgeFile(Hra& hra, const std::string& path) {
-  Result<std::string> bytes = ReadWhole(path);
+  Result<std::string> bytes = ReadStream(path);
   if (bytes) return Judge(hra, std::move(*bytes));
   Judgement judgement;
   judgement.message = bytes.Message();
