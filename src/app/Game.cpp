@@ -8,6 +8,7 @@
 #include "data/Cp1250.h"
 #include "data/Files.h"
 #include "editors/FrmCat.h"
+#include "screens/CavesOffer.h"
 #include "screens/MsgBox.h"
 #include "screens/Outside.h"
 #include "screens/StartWords.h"
@@ -50,6 +51,7 @@ Game::Game(const Paths& paths, const Settings& settings)
 void Game::Begin() {
   const SkinPlaces places{paths_.SkinsPath, settings_.Skin.toStdString()};
   if (!WearBehindNotice(places)) zorik::Tell(skin_, nullptr, kProgramTitle, kNoLanguageWords.In(skin_));
+  OfferCaves(skin_, paths_);
   frmStart2_.FrmLoad();
   connect(&frmStart2_, &FrmStart2::Painted, this, &Game::OpenSound, kOnceAndLater);
   inbox_ = std::make_unique<Inbox>([this](const QString& path) { OpenFromOutside(path); });

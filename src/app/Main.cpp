@@ -1,6 +1,7 @@
 #include <QApplication>
 #include <QIcon>
 #include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 #include <memory>
 #include <string>
@@ -8,6 +9,7 @@
 
 #include "app/Game.h"
 #include "app/Headless.h"
+#include "platform/LeftFiles.h"
 #include "platform/Paths.h"
 #include "platform/Settings.h"
 #include "screens/MsgBox.h"
@@ -49,9 +51,13 @@ int Play(const zorik::Paths& paths) {
 
 int main(int argc, char** argv) {
   using namespace zorik;
+  const Surroundings surroundings = ReadSurroundings(ProgramFolder());
+  // The toolkit, too, is to keep its files there.
+  if (!surroundings.Home.empty()) setenv("HOME", surroundings.Home.c_str(), 1);
   const bool display = DisplayNamed();
   const std::unique_ptr<QApplication> application = display ? OpenDisplay(argc, argv) : nullptr;
-  const Result<Paths> paths = FindPaths(ReadSurroundings(ProgramFolder()));
+  const Result<Paths> paths = FindPaths(surroundings);
   if (!paths) return GiveUp(display, std::string(wording::kNoFolder) + "\n" + paths.Message());
+  for (const std::string& folder : WrittenFolders(*paths, surroundings)) SweepLeftFiles(folder);
   return display ? Play(*paths) : PlayHeadless(*paths);
 }

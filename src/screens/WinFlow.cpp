@@ -39,7 +39,7 @@ void WinFlow::RunWon(Hra& hra) {
   nobody_ = hra.PlayerName == kNobody;
   score_ = win.Score;
   record_ = SaveRecord(hra, score_);
-  testPath_ = ResolvePath(paths_.RecordsPath + "/" + FileSystemName(TestRecordFileName(hra.CaveName)));
+  testPath_ = ResolvePath(paths_.TestRecordsPath + "/" + FileSystemName(TestRecordFileName(hra.CaveName)));
   frmAnalyze_.SetScore(Shown(ScoreBreakdown(hra, win)), win.BaseScore, win.BonusCave);
 
   emit HideGame();
@@ -91,7 +91,7 @@ void WinFlow::StoreWin() {
 
 void WinFlow::StoreTest() {
   std::error_code error;
-  std::filesystem::create_directories(paths_.RecordsPath, error);
+  std::filesystem::create_directories(paths_.TestRecordsPath, error);
   const Result<Done> stored = WriteWhole(testPath_, record_);
   if (!stored) TellFailure(testPath_);
 }
