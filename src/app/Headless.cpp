@@ -2,18 +2,17 @@
 
 #include <unistd.h>
 
+#include <QBuffer>
 #include <QtGlobal>
 #include <cstdio>
 #include <cstdlib>
-#include <filesystem>
 #include <optional>
-#include <set>
 #include <string>
-#include <system_error>
 
 #include "core/Hra.h"
 #include "data/Cp1250.h"
 #include "data/Files.h"
+#include "data/Folders.h"
 #include "skin/CavePainter.h"
 
 namespace zorik {
@@ -53,12 +52,8 @@ class PictureStage : public Stage {
 
 // The record of the first cave of the first collection that has one.
 std::optional<std::string> FirstRecord(const std::string& folder) {
-  std::error_code error;
-  std::set<std::filesystem::path> collections;
-  for (const auto& entry : std::filesystem::directory_iterator(folder, error))
-    collections.insert(entry.path());
-  for (const std::filesystem::path& collection : collections) {
-    const Result<std::string> bytes = ReadWhole((collection / "01.zkr").string());
+  for (const std::string& collection : FoldersIn(folder)) {
+    const Result<std::string> bytes = ReadWhole(folder + "/" + collection + "/01.zkr");
     if (bytes) return *bytes;
   }
   return std::nullopt;
@@ -112,7 +107,10 @@ int PlayHeadless(const Paths& paths) {
   PlayToTheEnd(hra);
   PrintVerdict(hra);
   const std::string picture = paths.AppPath + "/posledni-okamzik.png";
-  if (painter.Compose(hra, kPictureSize).save(QString::fromStdString(picture))) {
+  QByteArray bytes;
+  QBuffer buffer(&bytes);
+  const bool drawn = painter.Compose(hra, kPictureSize).save(&buffer, "PNG");
+  if (drawn && WriteWhole(picture, bytes.toStdString())) {
     std::printf("Poslední okamžik je na obrázku %s\n", picture.c_str());
   } else {
     std::puts("Soubor se nepodařilo uložit.");

@@ -14,6 +14,7 @@
 #include <system_error>
 
 #include "data/Files.h"
+#include "data/Folders.h"
 #include "platform/Paths.h"
 
 namespace zorik {
@@ -64,11 +65,8 @@ std::vector<std::string> WrittenFolders(const Paths& paths, const Surroundings& 
   std::vector<std::string> folders{
       paths.AppPath,          paths.AppPath + "/Caves", paths.AppPath + "/Replays",
       data + "/applications", data + "/mime/packages",  config + "/Ortvan"};
-  std::error_code error;
-  fs::directory_iterator entry(paths.PlayersPath, error);
-  for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
-    std::error_code unreadable;
-    if (entry->is_directory(unreadable)) folders.push_back(entry->path().string());
+  for (const std::string& player : FoldersIn(paths.PlayersPath)) {
+    folders.push_back(paths.PlayersPath + "/" + player);
   }
   return folders;
 }

@@ -1,13 +1,12 @@
 #include "platform/ShippedCaves.h"
 
-#include <algorithm>
 #include <filesystem>
 #include <set>
 #include <string_view>
 #include <system_error>
 
-#include "data/Cp1250.h"
 #include "data/Files.h"
+#include "data/Folders.h"
 #include "data/RecordFile.h"
 #include "platform/Paths.h"
 
@@ -17,19 +16,6 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr const char* kDeclined = "/caves-declined.txt";  // a name a line
-
-std::vector<std::string> CollectionsIn(const std::string& folder) {
-  std::vector<std::string> names;
-  std::error_code error;
-  fs::directory_iterator entry(folder, error);
-  for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
-    std::error_code unreadable;
-    const bool collection = FoldFileName(entry->path().extension().string()) == ".zk";
-    if (collection && entry->is_regular_file(unreadable)) names.push_back(entry->path().filename().string());
-  }
-  std::sort(names.begin(), names.end());
-  return names;
-}
 
 std::set<std::string> Declined(const Paths& paths) {
   const Result<std::string> bytes = ReadWhole(paths.AppPath + kDeclined);
@@ -69,7 +55,7 @@ bool IsLacking(const Paths& paths, const std::string& name) {
 
 std::vector<std::string> LackingCaves(const Paths& paths) {
   if (paths.ShippedCaves.empty()) return {};
-  std::vector<std::string> names = CollectionsIn(paths.ShippedCaves);
+  std::vector<std::string> names = FilesIn(paths.ShippedCaves, ".zk");
   const std::set<std::string> declined = Declined(paths);
   std::erase_if(names,
                 [&](const std::string& name) { return declined.contains(name) || !IsLacking(paths, name); });

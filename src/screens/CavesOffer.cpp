@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/PathText.h"
 #include "platform/Paths.h"
 #include "platform/ShippedCaves.h"
 #include "screens/MsgBox.h"
@@ -24,14 +25,13 @@ constexpr int kTitle = 99;  // place in the language table
 QString NamesOf(const Paths& paths, const std::vector<std::string>& files) {
   QString names;
   for (const CollRow& row : ReadColls(paths.ShippedCaves)) {
-    if (std::find(files.begin(), files.end(), row.file.toStdString()) != files.end())
-      names += row.name + '\n';
+    if (std::find(files.begin(), files.end(), PathBytes(row.file)) != files.end()) names += row.name + '\n';
   }
   return names;
 }
 
 void TellNotStored(Skin& skin, const std::string& path) {
-  Tell(skin, nullptr, skin.Text(kTitle), kNotStoredWords.In(skin) + '\n' + QString::fromStdString(path));
+  Tell(skin, nullptr, skin.Text(kTitle), kNotStoredWords.In(skin) + '\n' + ShownPath(path));
 }
 
 }  // namespace

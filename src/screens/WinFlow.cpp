@@ -6,6 +6,7 @@
 
 #include "data/Files.h"
 #include "data/RecordFile.h"
+#include "platform/PathText.h"
 #include "screens/FrmAnalyze.h"
 #include "screens/FrmPoSt.h"
 #include "screens/MsgBox.h"
@@ -98,7 +99,7 @@ void WinFlow::StoreTest() {
 
 void WinFlow::TellFailure(const std::string& path) {
   QWidget* const here = kind_ == RunKind::Test ? QApplication::activeWindow() : &frmPoSt_;
-  Tell(skin_, here, skin_.Text(kTitle), kNotStoredWords.In(skin_) + "\r\n" + QString::fromStdString(path));
+  Tell(skin_, here, skin_.Text(kTitle), kNotStoredWords.In(skin_) + "\r\n" + ShownPath(path));
 }
 
 }  // namespace zorik
