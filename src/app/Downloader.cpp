@@ -1,26 +1,29 @@
 #include <QCoreApplication>
-#include <QFileInfo>
 #include <QProcess>
-#include <QProcessEnvironment>
 #include <QUrl>
 #include <cstdio>
+#include <filesystem>
+#include <system_error>
 
 #include "platform/Inbox.h"
+#include "platform/PathText.h"
 
 namespace {
 
 // What the desktop opens is named by its path or, now and then, by its link.
-QString PathOf(const QString& name) {
-  const QString path = name.startsWith("file:") ? QUrl(name).toLocalFile() : name;
-  return QFileInfo(path).absoluteFilePath();
+QString PathOf(const QByteArray& name) {
+  const QUrl link = name.startsWith("file:") ? QUrl::fromEncoded(name) : QUrl();
+  const QByteArray path =
+      link.isLocalFile() ? QByteArray::fromPercentEncoding(link.path(QUrl::FullyEncoded).toLatin1()) : name;
+  std::error_code error;
+  const std::filesystem::path whole = std::filesystem::absolute(path.toStdString(), error);
+  return zorik::PathText(error ? path.toStdString() : whole.lexically_normal().string());
 }
 
 bool StartGame(const QString& path) {
   QProcess game;
   game.setProgram(QCoreApplication::applicationDirPath() + "/zorik");
-  QProcessEnvironment surroundings = QProcessEnvironment::systemEnvironment();
-  surroundings.insert(zorik::kOpenVariable, path);
-  game.setProcessEnvironment(surroundings);
+  qputenv(zorik::kOpenVariable, QByteArray::fromStdString(zorik::PathBytes(path)));
   return game.startDetached();
 }
 
@@ -29,12 +32,12 @@ bool StartGame(const QString& path) {
 // Hands a file that was opened from the desktop to the game: to the one that runs, or to a new one.
 int main(int argc, char** argv) {
   const QCoreApplication application(argc, argv);
-  const QStringList arguments = QCoreApplication::arguments();
-  if (arguments.size() != 2 || arguments[1].isEmpty()) {
+  const QByteArray name = argc == 2 ? argv[1] : "";
+  if (name.isEmpty()) {
     std::fputs("usage: downloader FILE\nOpens a collection (.zk) or a record (.zkr) in Zorík.\n", stderr);
     return 2;
   }
-  const QString path = PathOf(arguments[1]);
+  const QString path = PathOf(name);
   if (zorik::HandOver(path) || StartGame(path)) return 0;
   std::fputs("downloader: the game does not start\n", stderr);
   return 1;

@@ -5,9 +5,10 @@
 #include <random>
 
 #include "core/Hra.h"
-#include "data/Cp1250.h"
 #include "data/Files.h"
 #include "editors/FrmCat.h"
+#include "platform/PathText.h"
+#include "screens/CavesOffer.h"
 #include "screens/MsgBox.h"
 #include "screens/Outside.h"
 #include "screens/StartWords.h"
@@ -50,6 +51,9 @@ Game::Game(const Paths& paths, const Settings& settings)
 void Game::Begin() {
   const SkinPlaces places{paths_.SkinsPath, settings_.Skin.toStdString()};
   if (!WearBehindNotice(places)) zorik::Tell(skin_, nullptr, kProgramTitle, kNoLanguageWords.In(skin_));
+  OfferCaves(skin_, paths_);
+  frmStart2_.SetPaths(paths_);
+  frmSada_.SetPaths(paths_);
   frmStart2_.FrmLoad();
   connect(&frmStart2_, &FrmStart2::Painted, this, &Game::OpenSound, kOnceAndLater);
   inbox_ = std::make_unique<Inbox>([this](const QString& path) { OpenFromOutside(path); });
@@ -134,7 +138,7 @@ void Game::ShowGame() {
 }
 
 void Game::OpenCollection(const QString& path, const QString& player) {
-  player_ = FromUtf8WithGaps(player.toStdString());
+  player_ = PlayerOfFolder(player);
   std::optional<QString> failure;
   {
     const BusyNotice notice(frmLoading_);
@@ -165,7 +169,7 @@ void Game::PlayRecord(const QString& path, const std::string& player) {
   QWidget* const from = frmPoSt_.isVisible() ? static_cast<QWidget*>(&frmPoSt_) : &frmStart2_;
   hra_.SetPlayer(player);
   hra_.SetCollection({});
-  const Result<std::string> bytes = ReadWhole(path.toStdString());
+  const Result<std::string> bytes = ReadWhole(PathBytes(path));
   bool started = false;
   if (bytes) {
     const BusyNotice notice(frmLoading_);
@@ -175,7 +179,7 @@ void Game::PlayRecord(const QString& path, const std::string& player) {
   if (!started) {
     hra_.hide();
     from->show();
-    zorik::Tell(skin_, from, kProgramTitle, kNoRecordWords.In(skin_) + "\n" + path);
+    zorik::Tell(skin_, from, kProgramTitle, kNoRecordWords.In(skin_) + "\n" + ShownPath(path));
     return;
   }
   from->hide();
@@ -196,7 +200,7 @@ void Game::EditCave(const QByteArray& caveText) {
 
 // A test run plays for the player of the start screen, or for nobody, who has no name.
 void Game::TestRun(const std::string& caveText) {
-  hra_.SetPlayer(FromUtf8WithGaps(frmStart2_.Player().toStdString()));
+  hra_.SetPlayer(PlayerOfFolder(frmStart2_.Player()));
   hra_.SetCollection(frmSada_.Sada().Text(SadaText::Name));
   ShowGame();
   if (!hra_.Start(caveText, RunKind::Test)) return;

@@ -2,20 +2,19 @@
 
 #include <unistd.h>
 
+#include <QBuffer>
 #include <QtGlobal>
 #include <cstdio>
 #include <cstdlib>
-#include <filesystem>
 #include <optional>
-#include <set>
 #include <string>
 #include <string_view>
-#include <system_error>
 
 #include "app/HeadlessWords.h"
 #include "core/Hra.h"
 #include "data/Cp1250.h"
 #include "data/Files.h"
+#include "data/Folders.h"
 #include "skin/CavePainter.h"
 
 namespace zorik {
@@ -55,12 +54,8 @@ class PictureStage : public Stage {
 
 // The record of the first cave of the first collection that has one.
 std::optional<std::string> FirstRecord(const std::string& folder) {
-  std::error_code error;
-  std::set<std::filesystem::path> collections;
-  for (const auto& entry : std::filesystem::directory_iterator(folder, error))
-    collections.insert(entry.path());
-  for (const std::filesystem::path& collection : collections) {
-    const Result<std::string> bytes = ReadWhole((collection / "01.zkr").string());
+  for (const std::string& collection : FoldersIn(folder)) {
+    const Result<std::string> bytes = ReadWhole(folder + "/" + collection + "/01.zkr");
     if (bytes) return *bytes;
   }
   return std::nullopt;
@@ -131,7 +126,10 @@ int PlayHeadless(const Paths& paths) {
   PlayToTheEnd(hra);
   PrintVerdict(words, hra);
   const std::string picture = paths.AppPath + "/" + std::string(words.Picture);
-  const bool stored = painter.Compose(hra, kPictureSize).save(QString::fromStdString(picture));
+  QByteArray bytes;
+  QBuffer buffer(&bytes);
+  const bool drawn = painter.Compose(hra, kPictureSize).save(&buffer, "PNG");
+  const bool stored = drawn && WriteWhole(picture, bytes.toStdString());
   Print(stored ? Filled(words.PictureIs, picture) : std::string(words.NotStored));
   return hra.Win ? 0 : 1;
 }

@@ -1,6 +1,7 @@
 #include <QApplication>
 #include <QIcon>
 #include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 #include <memory>
 #include <string>
@@ -9,6 +10,7 @@
 #include "app/Game.h"
 #include "app/Headless.h"
 #include "app/HeadlessWords.h"
+#include "platform/LeftFiles.h"
 #include "platform/Paths.h"
 #include "platform/Settings.h"
 #include "screens/MsgBox.h"
@@ -52,9 +54,13 @@ int Play(const zorik::Paths& paths) {
 
 int main(int argc, char** argv) {
   using namespace zorik;
+  const Surroundings surroundings = ReadSurroundings(ProgramFolder());
+  // The toolkit, too, is to keep its files there.
+  if (!surroundings.Home.empty()) setenv("HOME", surroundings.Home.c_str(), 1);
   const bool display = DisplayNamed();
   const std::unique_ptr<QApplication> application = display ? OpenDisplay(argc, argv) : nullptr;
-  const Result<Paths> paths = FindPaths(ReadSurroundings(ProgramFolder()));
+  const Result<Paths> paths = FindPaths(surroundings);
   if (!paths) return GiveUp(display, paths.Message());
+  for (const std::string& folder : WrittenFolders(*paths, surroundings)) SweepLeftFiles(folder);
   return display ? Play(*paths) : PlayHeadless(*paths);
 }

@@ -82,24 +82,6 @@ bool IsCharacter(char32_t codePoint) {
   return codePoint <= 0x10FFFF && (codePoint < 0xD800 || codePoint > 0xDFFF);
 }
 
-// Takes one code point from the front of a text that is not empty. What is no UTF-8 gives nothing and costs
-// one byte.
-std::optional<char32_t> TakeCodePoint(std::string_view& rest) {
-  const std::string_view text = rest;
-  rest.remove_prefix(1);
-  const std::optional<Lead> lead = LeadOf(static_cast<unsigned char>(text[0]));
-  if (!lead || text.size() <= lead->following) return std::nullopt;
-  char32_t codePoint = lead->bits;
-  for (std::size_t i = 1; i <= lead->following; ++i) {
-    const auto byte = static_cast<unsigned char>(text[i]);
-    if ((byte & 0xC0U) != 0x80U) return std::nullopt;
-    codePoint = (codePoint << 6U) | (byte & 0x3FU);
-  }
-  if (codePoint < lead->smallest || !IsCharacter(codePoint)) return std::nullopt;
-  rest.remove_prefix(lead->following);
-  return codePoint;
-}
-
 std::optional<char> TakeByte(std::string_view& rest) {
   const std::optional<char32_t> codePoint = TakeCodePoint(rest);
   return codePoint ? ByteOf(*codePoint) : std::nullopt;
@@ -119,14 +101,34 @@ char LowerCaseOf(char character) {
   return place == std::string_view::npos ? character : kScatteredSmall[place];
 }
 
+bool IsControlCode(char32_t codePoint) {
+  return codePoint < ' ' || (codePoint >= 0x7F && codePoint < 0xA0);
+}
+
+}  // namespace
+
+std::optional<char32_t> TakeCodePoint(std::string_view& rest) {
+  const std::string_view text = rest;
+  rest.remove_prefix(1);
+  const std::optional<Lead> lead = LeadOf(static_cast<unsigned char>(text[0]));
+  if (!lead || text.size() <= lead->following) return std::nullopt;
+  char32_t codePoint = lead->bits;
+  for (std::size_t i = 1; i <= lead->following; ++i) {
+    const auto byte = static_cast<unsigned char>(text[i]);
+    if ((byte & 0xC0U) != 0x80U) return std::nullopt;
+    codePoint = (codePoint << 6U) | (byte & 0x3FU);
+  }
+  if (codePoint < lead->smallest || !IsCharacter(codePoint)) return std::nullopt;
+  rest.remove_prefix(lead->following);
+  return codePoint;
+}
+
 bool IsUtf8(std::string_view text) {
   while (!text.empty()) {
     if (!TakeCodePoint(text)) return false;
   }
   return true;
 }
-
-}  // namespace
 
 std::string ToUtf8(std::string_view text) {
   std::string utf8;
@@ -148,6 +150,21 @@ std::optional<std::string> FromUtf8(std::string_view utf8) {
 std::string FromUtf8WithGaps(std::string_view utf8) {
   std::string text;
   while (!utf8.empty()) text += TakeByte(utf8).value_or('?');
+  return text;
+}
+
+bool IsControl(char character) {
+  return IsControlCode(CodePointOf(character));
+}
+
+std::string WithoutControls(std::string_view utf8) {
+  std::string text;
+  while (!utf8.empty()) {
+    const std::string_view before = utf8;
+    const std::optional<char32_t> codePoint = TakeCodePoint(utf8);
+    if (codePoint && IsControlCode(*codePoint)) continue;
+    text += before.substr(0, before.size() - utf8.size());
+  }
   return text;
 }
 

@@ -19,6 +19,19 @@ std::optional<std::string> FromUtf8(std::string_view utf8);
 // The same, with "?" for each character that is lacking and each byte that belongs to none.
 std::string FromUtf8WithGaps(std::string_view utf8);
 
+// Takes one code point from the front of a text in UTF-8 that is not empty. What is no UTF-8 gives nothing
+// and costs one byte.
+std::optional<char32_t> TakeCodePoint(std::string_view& rest);
+
+bool IsUtf8(std::string_view text);
+
+// Whether a byte of Windows-1250 is no character to be seen: a control character, or one of the five that the
+// code page leaves empty.
+bool IsControl(char character);
+
+// A text (UTF-8) without its control characters.
+std::string WithoutControls(std::string_view utf8);
+
 // Windows-1250 bytes in lower case, Czech and other accented letters too.
 std::string LowerCase(std::string_view text);
 

@@ -6,6 +6,7 @@
 
 #include <array>
 #include <cerrno>
+#include <charconv>
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
@@ -77,12 +78,17 @@ struct NewFile {
   std::string path;
 };
 
+// What a name of a new file begins with, before the process and a number, and ends in.
+constexpr std::string_view kNewFileStart = ".zorik-";
+constexpr std::string_view kNewFileEnd = ".tmp";
+constexpr int kMostNewFiles = 100;  // of one process, in one folder
+
 // A file that was not there before, in the same folder, as only there a name can change hands at once.
 NewFile MakeFileBeside(const std::string& path) {
-  constexpr int kMostTries = 100;
-  const std::string start = FolderOf(path) + "/.zorik-" + std::to_string(getpid()) + "-";
-  for (int i = 0; i < kMostTries; ++i) {
-    std::string name = start + std::to_string(i) + ".tmp";
+  const std::string start =
+      FolderOf(path) + "/" + std::string(kNewFileStart) + std::to_string(getpid()) + "-";
+  for (int i = 0; i < kMostNewFiles; ++i) {
+    std::string name = start + std::to_string(i) + std::string(kNewFileEnd);
     Descriptor descriptor(open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
     if (descriptor.IsOpen() || errno != EEXIST) return {std::move(descriptor), std::move(name)};
   }
@@ -142,24 +148,26 @@ bool Exists(const std::string& path) {
   return lstat(path.c_str(), &status) == 0;
 }
 
+// A name without what plays no part in looking for it: letter case, and control characters, which older games
+// left in the names of records.
+std::string Sought(std::string_view name) {
+  return WithoutControls(FoldFileName(name));
+}
+
 // The entry of a folder that has this name when letter case is disregarded.
 std::optional<std::string> FindEntry(const std::string& folder, std::string_view name) {
-  const std::string wanted = FoldFileName(name);
+  const std::string wanted = Sought(name);
   std::optional<std::string> found;
   std::error_code error;
   fs::directory_iterator entry(folder.empty() ? "." : folder, error);
   for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
     std::string candidate = entry->path().filename().string();
-    if (FoldFileName(candidate) == wanted && (!found || candidate < *found)) found = std::move(candidate);
+    if (Sought(candidate) == wanted && (!found || candidate < *found)) found = std::move(candidate);
   }
   return found;
 }
 
-}  // namespace
-
-Result<std::string> ReadWhole(const std::string& path) {
-  const Descriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC));
-  if (!file.IsOpen()) return SystemFailure("read", path);
+Result<std::string> ReadToEnd(const Descriptor& file, const std::string& path) {
   std::string bytes;
   std::array<char, 65536> piece;
   for (;;) {
@@ -172,8 +180,72 @@ Result<std::string> ReadWhole(const std::string& path) {
   }
 }
 
+bool IsRegular(int file) {
+  struct stat status = {};
+  return fstat(file, &status) == 0 && S_ISREG(status.st_mode);
+}
+
+bool IsFolder(int file) {
+  struct stat status = {};
+  return fstat(file, &status) == 0 && S_ISDIR(status.st_mode);
+}
+
+// Pipes and devices are not to be replaced.
+bool IsNoFile(const std::string& path) {
+  struct stat status = {};
+  return stat(path.c_str(), &status) == 0 && !S_ISREG(status.st_mode) && !S_ISDIR(status.st_mode);
+}
+
+// What the system takes for the end of a name.
+bool HoldsZero(const std::string& path) {
+  return path.find('\0') != std::string::npos;
+}
+
+// Opening a pipe to read would wait for somebody who writes into it.
+Descriptor OpenAtOnce(const std::string& path) {
+  if (!HoldsZero(path)) return Descriptor(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
+  errno = EINVAL;
+  return Descriptor(-1);
+}
+
+Failure NoFile(const std::string& action, const std::string& path) {
+  return Failure{"cannot " + action + " " + path + ": it is no regular file"};
+}
+
+// A number as std::to_string writes it, from the front of a text.
+std::optional<int> TakeNumber(std::string_view& text) {
+  int number = 0;
+  const auto [rest, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  const auto length = static_cast<std::size_t>(rest - text.data());
+  if (error != std::errc() || number < 0 || std::to_string(number) != text.substr(0, length))
+    return std::nullopt;
+  text.remove_prefix(length);
+  return number;
+}
+
+}  // namespace
+
+Result<std::string> ReadWhole(const std::string& path) {
+  const Descriptor file = OpenAtOnce(path);
+  if (!file.IsOpen()) return SystemFailure("read", path);
+  if (!IsRegular(file.number()) && !IsFolder(file.number())) return NoFile("read", path);
+  return ReadToEnd(file, path);
+}
+
+Result<std::string> ReadStream(const std::string& path) {
+  const Descriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC));
+  if (!file.IsOpen()) return SystemFailure("read", path);
+  return ReadToEnd(file, path);
+}
+
+bool IsReadableFile(const std::string& path) {
+  const Descriptor file = OpenAtOnce(path);
+  return file.IsOpen() && IsRegular(file.number());
+}
+
 Result<Done> WriteWhole(const std::string& path, std::string_view bytes) {
   const std::string target = BehindLinks(path);
+  if (HoldsZero(path) || IsNoFile(target)) return NoFile("write", path);
   NewFile file = MakeFileBeside(target);
   if (!file.descriptor.IsOpen()) return SystemFailure("write", path);
   if (!FillAndRename(file, target, bytes)) {
@@ -185,10 +257,21 @@ Result<Done> WriteWhole(const std::string& path, std::string_view bytes) {
   return Done{};
 }
 
+std::optional<int> WriterOf(std::string_view name) {
+  if (!name.starts_with(kNewFileStart)) return std::nullopt;
+  name.remove_prefix(kNewFileStart.size());
+  const std::optional<int> process = TakeNumber(name);
+  if (!process || *process == 0 || !name.starts_with('-')) return std::nullopt;
+  name.remove_prefix(1);
+  const std::optional<int> number = TakeNumber(name);
+  const bool ours = number && *number < kMostNewFiles && name == kNewFileEnd;
+  return ours ? process : std::nullopt;
+}
+
 std::string FileSystemName(std::string_view name) {
   std::string held(name);
   std::erase_if(held,
-                [](char character) { return character == '\0' || character == '/' || character == '\\'; });
+                [](char character) { return IsControl(character) || character == '/' || character == '\\'; });
   if (held == "." || held == "..") return std::string(held.size(), '_');
   const std::string utf8 = ToUtf8(held);
   return utf8.size() > kLongestName ? Shortened(utf8) : utf8;

@@ -9,12 +9,8 @@ namespace {
 
 constexpr std::string_view kForbidden = "?*\\/,;:=\t\"";
 
-// The codes that Windows-1250 leaves empty stand for control characters, too.
-constexpr std::string_view kControls = "\x7F\x81\x83\x88\x90\x98";
-
 bool Forbidden(char character) {
-  return kForbidden.find(character) != std::string_view::npos ||
-         kControls.find(character) != std::string_view::npos || static_cast<unsigned char>(character) < ' ';
+  return kForbidden.find(character) != std::string_view::npos || IsControl(character);
 }
 
 std::string_view WithoutFront(std::string_view text, std::string_view characters) {

@@ -15,6 +15,7 @@
 #include "editors/SadaList.h"
 #include "editors/SaveBox.h"
 #include "editors/WindowPlace.h"
+#include "platform/PathText.h"
 #include "screens/FrmDialog2.h"
 #include "screens/MsgBox.h"
 #include "screens/Outside.h"
@@ -111,10 +112,10 @@ void FrmSada::mnuOpen_Click() {
 FrmSada::Opened FrmSada::OpenColl(const QString& path) {
   const Result<SadaModel::OpenReport> report = [&] {
     const BusyNotice busy(frmLoading_);
-    return sada_.Open(path.toStdString());
+    return sada_.Open(PathBytes(path));
   }();
   if (!report) {
-    Tell(skin_, this, skin_.Text(99), kNotOpenedWords.In(skin_) + '\n' + path);
+    Tell(skin_, this, skin_.Text(99), kNotOpenedWords.In(skin_) + '\n' + ShownPath(path));
     return Opened::No;
   }
   if (report->Closed) {
@@ -141,7 +142,7 @@ void FrmSada::TellUnreadable(const std::vector<int>& caves) {
 
 bool FrmSada::mnuSave_Click() {
   if (sada_.FileName().empty()) return mnuSaveAs_Click();
-  return SaveColl(QString::fromStdString(sada_.FileName()));
+  return SaveColl(PathText(sada_.FileName()));
 }
 
 bool FrmSada::mnuSaveAs_Click() {
@@ -150,20 +151,19 @@ bool FrmSada::mnuSaveAs_Click() {
 }
 
 QString FrmSada::ProposedPath() const {
-  if (!sada_.FileName().empty()) return QString::fromStdString(sada_.FileName());
+  if (!sada_.FileName().empty()) return PathText(sada_.FileName());
   std::string name = CleanFileName(sada_.Text(SadaText::Name));
   if (name.empty()) name = "sada";
-  return QDir(QString::fromStdString(paths_.CavesPath))
-      .absoluteFilePath(QString::fromStdString(FileSystemName(name + ".zk")));
+  return QDir(PathText(paths_.CavesPath)).absoluteFilePath(PathText(FileSystemName(name + ".zk")));
 }
 
 bool FrmSada::SaveColl(const QString& path) {
   if (!FitsFile()) return false;
   const Result<Done> saved = [&] {
     const BusyNotice busy(frmLoading_);
-    return sada_.Save(path.toStdString());
+    return sada_.Save(PathBytes(path));
   }();
-  if (!saved) Tell(skin_, this, skin_.Text(99), kNotStoredWords.In(skin_) + '\n' + path);
+  if (!saved) Tell(skin_, this, skin_.Text(99), kNotStoredWords.In(skin_) + '\n' + ShownPath(path));
   AfterChange();
   return static_cast<bool>(saved);
 }

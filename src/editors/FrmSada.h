@@ -26,6 +26,9 @@ class FrmSada : public QMainWindow {
  public:
   FrmSada(Skin& skin, const Paths& paths);
 
+  // For folders that have come since the editor was made.
+  void SetPaths(const Paths& paths) { paths_ = paths; }
+
   // Opens a collection, or a new one for an empty path, and shows the window in the skin's words. A file that
   // cannot be opened gives a message and a new collection.
   void Open(const QString& path);
@@ -93,7 +96,7 @@ class FrmSada : public QMainWindow {
   void ShowPage(const QString& page);
 
   Skin& skin_;
-  const Paths paths_;
+  Paths paths_;
   SadaModel sada_;
   FrmLoading frmLoading_;
   bool editing_ = false;  // a cave is with the cave editor

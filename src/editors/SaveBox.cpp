@@ -3,7 +3,10 @@
 #include <QFileDialog>
 #include <QFileInfo>
 
+#include "data/Cp1250.h"
+#include "platform/PathText.h"
 #include "screens/MsgBox.h"
+#include "screens/OldNames.h"
 #include "screens/Outside.h"
 #include "screens/StartWords.h"
 #include "skin/Skin.h"
@@ -21,19 +24,22 @@ void Prepare(QFileDialog& box, const Skin& skin, const SaveWish& wish) {
   box.setAcceptMode(QFileDialog::AcceptSave);
   box.setFileMode(QFileDialog::AnyFile);
   box.setNameFilter(wish.kind + " (*." + wish.suffix + ")");
-  box.selectFile(QFileInfo(wish.path).fileName());
+  box.selectFile(ShownPath(QFileInfo(wish.path).fileName()));
 }
 
-// A name may have dots of its own.
-QString WithSuffix(const QString& path, const QString& suffix) {
+// A name may have dots of its own, but no control characters.
+QString WithSuffix(const QString& chosen, const QString& suffix) {
   const QString ending = '.' + suffix;
+  const qsizetype start = chosen.lastIndexOf('/') + 1;
+  const std::string name = WithoutControls(chosen.mid(start).toStdString());
+  const QString path = chosen.left(start) + QString::fromStdString(name);
   return path.endsWith(ending, Qt::CaseInsensitive) ? path : path + ending;
 }
 
 }  // namespace
 
 QString AskForNewFile(Skin& skin, QWidget* parent, const SaveWish& wish) {
-  QFileDialog box(parent, wish.title, QFileInfo(wish.path).absolutePath());
+  QFileDialog box(parent, wish.title, FolderForBox(QFileInfo(wish.path).absolutePath()));
   Prepare(box, skin, wish);
   while (box.exec() == QDialog::Accepted && !box.selectedFiles().isEmpty()) {
     const QString path = WithSuffix(box.selectedFiles().constFirst(), wish.suffix);

@@ -1,9 +1,10 @@
 #include "platform/Inbox.h"
 
-#include <QFile>
 #include <QLocalSocket>
 #include <QStandardPaths>
 #include <utility>
+
+#include "platform/PathText.h"
 
 namespace zorik {
 namespace {
@@ -57,7 +58,7 @@ void Inbox::Take(QLocalSocket& guest) {
   guest.write(&kTaken, 1);
   guest.disconnectFromServer();
   // Later, since whoever is told may open a dialog, and the guest goes meanwhile.
-  const QString path = QFile::decodeName(message.left(end));
+  const QString path = PathText(message.left(end).toStdString());
   QMetaObject::invokeMethod(
       &server_, [this, path] { arrived_(path); }, Qt::QueuedConnection);
 }
@@ -66,7 +67,7 @@ bool HandOver(const QString& path, const QString& place) {
   QLocalSocket socket;
   socket.connectToServer(place);
   if (!socket.waitForConnected(kPatience)) return false;
-  socket.write(QFile::encodeName(path) + kEnd);
+  socket.write(QByteArray::fromStdString(PathBytes(path)) + kEnd);
   char answer = 0;
   while (socket.bytesAvailable() == 0 && socket.waitForReadyRead(kPatience)) {
   }
@@ -74,7 +75,7 @@ bool HandOver(const QString& path, const QString& place) {
 }
 
 QString TakeFileFromStart() {
-  const QString path = QFile::decodeName(qgetenv(kOpenVariable));
+  const QString path = PathText(qgetenv(kOpenVariable).toStdString());
   qunsetenv(kOpenVariable);
   return path;
 }

@@ -1,8 +1,13 @@
 #include "platform/Paths.h"
 
+#include <pwd.h>
+#include <unistd.h>
+
 #include <cstdlib>
 #include <filesystem>
 #include <system_error>
+
+#include "platform/ShippedCaves.h"
 
 namespace zorik {
 namespace {
@@ -45,11 +50,22 @@ fs::path OwnFolder(const Surroundings& surroundings) {
   return UsersFolder(surroundings);
 }
 
-// Caves that cannot be copied are missed later, by name.
-void CopyCaves(const fs::path& shipped, const fs::path& own) {
+bool IsThere(const fs::path& path) {
   std::error_code error;
-  if (fs::exists(own / "Caves", error) || !IsFolder(shipped / "Caves")) return;
-  fs::copy(shipped / "Caves", own / "Caves", fs::copy_options::recursive, error);
+  return fs::symlink_status(path, error).type() != fs::file_type::not_found;
+}
+
+std::string HomeOfUser() {
+  const passwd* const user = getpwuid(getuid());
+  return user == nullptr || user->pw_dir == nullptr ? std::string() : std::string(user->pw_dir);
+}
+
+// At the first start the player gets all collections.
+void BringFirstCaves(Paths& paths) {
+  const bool first = !IsThere(fs::path(paths.AppPath) / "Caves");
+  if (!first || paths.ShippedCaves.empty()) return;
+  const Result<Done> brought = BringCaves(paths, LackingCaves(paths));
+  if (!brought) paths.CavesFailure = brought.Message();
 }
 
 std::string FolderOr(const fs::path& folder, const fs::path& fallback) {
@@ -63,26 +79,38 @@ std::string OwnOr(const fs::path& own, const fs::path& shipped, const char* name
 }  // namespace
 
 Surroundings ReadSurroundings(const std::string& programFolder) {
-  return {programFolder, Variable("ZORIK_HOME"), Variable("XDG_DATA_HOME"), Variable("HOME")};
+  std::string home = Variable("HOME");
+  if (!fs::path(home).is_absolute()) home = HomeOfUser();
+  return {programFolder, Variable("ZORIK_HOME"), Variable("XDG_DATA_HOME"), home,
+          Variable("XDG_CONFIG_HOME")};
 }
 
 Result<Paths> FindPaths(const Surroundings& surroundings) {
   const fs::path own = OwnFolder(surroundings);
   const fs::path shipped = ShippedFolder(surroundings);
+  // Of a user without a home nobody knows where his files belong.
+  if (own.is_relative() && surroundings.ZorikHome.empty()) return Failure{own.string()};
   std::error_code error;
   fs::create_directories(own, error);
   if (!IsFolder(own)) return Failure{own.string()};
-  CopyCaves(shipped, own);
 
   Paths paths;
   paths.AppPath = own.string();
   paths.SkinsPath = OwnOr(own, shipped, "Skins");
-  paths.CavesPath = FolderOr(own / "Caves", own);
-  paths.RecordsPath = FolderOr(own / "Replays", own);
+  paths.TestRecordsPath = (own / "Replays").string();
   paths.PlayersPath = (own / "Players").string();
   paths.HelpPath = OwnOr(own, shipped, "Help");
   paths.ShippedReplays = (shipped / "Replays").string();
+  if (!fs::equivalent(own, shipped, error)) paths.ShippedCaves = (shipped / "Caves").string();
+  BringFirstCaves(paths);
+  FindFolders(paths);
   return paths;
+}
+
+void FindFolders(Paths& paths) {
+  const fs::path own = paths.AppPath;
+  paths.CavesPath = FolderOr(own / "Caves", own);
+  paths.RecordsPath = FolderOr(own / "Replays", own);
 }
 
 }  // namespace zorik

@@ -11,27 +11,33 @@ struct Surroundings {
   std::string ProgramFolder;  // of the running program
   std::string ZorikHome;      // $ZORIK_HOME
   std::string DataHome;       // $XDG_DATA_HOME
-  std::string Home;           // $HOME
+  std::string Home;           // $HOME, or what the system says of the user
+  std::string ConfigHome;     // $XDG_CONFIG_HOME
 };
 
 Surroundings ReadSurroundings(const std::string& programFolder);
 
 // Where the game finds and keeps its files. All but AppPath may be missing.
 struct Paths {
-  std::string AppPath;         // the folder that is the game's own and can be written to
-  std::string SkinsPath;       // folder of the skins
-  std::string CavesPath;       // folder of the collections
-  std::string RecordsPath;     // folder of records that belong to no player
-  std::string PlayersPath;     // folder with a folder for each player
-  std::string HelpPath;        // folder of the pages that tell about the game
-  std::string ShippedReplays;  // records that came with the game: a folder for each collection
+  std::string AppPath;          // the folder that is the game's own and can be written to
+  std::string SkinsPath;        // folder of the skins
+  std::string CavesPath;        // folder of the collections
+  std::string RecordsPath;      // folder of records that belong to no player
+  std::string PlayersPath;      // folder with a folder for each player
+  std::string HelpPath;         // folder of the pages that tell about the game
+  std::string ShippedReplays;   // records that came with the game: a folder for each collection
+  std::string ShippedCaves;     // collections that came with it; empty where it plays these themselves
+  std::string TestRecordsPath;  // folder that the records of test runs are written to
+  std::string CavesFailure;     // what of the collections the first start could not write; else empty
 };
 
 // AppPath is $ZORIK_HOME if that is set; otherwise the program's folder if it holds Skins, as in a build tree
 // or a copy on a stick; otherwise "zorik" in the user's data folder. In the first and last case the skins and
 // the help are those of the installation unless AppPath has its own, and the shipped collections are copied
-// at the first start. A folder for caves or records that shows no entry gives way to AppPath. Fails with
-// AppPath when that cannot be made.
+// at the first start. Fails with AppPath when that cannot be made.
 Result<Paths> FindPaths(const Surroundings& surroundings);
+
+// Looks anew for the folders of caves and records. One that shows no entry gives way to AppPath.
+void FindFolders(Paths& paths);
 
 }  // namespace zorik

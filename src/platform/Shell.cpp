@@ -3,9 +3,15 @@
 #include <unistd.h>
 
 #include <QDesktopServices>
-#include <QFileInfo>
 #include <QProcess>
 #include <QStandardPaths>
+#include <filesystem>
+#include <string>
+#include <system_error>
+
+#include "data/Cp1250.h"
+#include "data/Files.h"
+#include "platform/PathText.h"
 
 namespace zorik {
 namespace {
@@ -30,10 +36,20 @@ void RunOpener(const QString& opener, const QString& target, const OpenFailed& f
   process->start(opener, {target});
 }
 
-void Open(const QUrl& url, const OpenFailed& failed) {
+// A link holds all bytes of a path.
+QUrl LinkTo(const std::string& path) {
+  return QUrl::fromEncoded("file://" + QByteArray::fromStdString(path).toPercentEncoding("/"));
+}
+
+// What the opener is told: an argument can only be UTF-8.
+QString TargetOf(const QUrl& url, const std::string& path) {
+  return !path.empty() && IsUtf8(path) ? QString::fromStdString(path) : QString::fromUtf8(url.toEncoded());
+}
+
+void Open(const QUrl& url, const std::string& path, const OpenFailed& failed) {
   const QString opener = QStandardPaths::findExecutable("xdg-open");
   if (!opener.isEmpty()) {
-    RunOpener(opener, url.isLocalFile() ? url.toLocalFile() : QString::fromUtf8(url.toEncoded()), failed);
+    RunOpener(opener, TargetOf(url, path), failed);
   } else if (!QDesktopServices::openUrl(url)) {
     failed();
   }
@@ -42,14 +58,15 @@ void Open(const QUrl& url, const OpenFailed& failed) {
 }  // namespace
 
 void OpenFile(const QString& path, const OpenFailed& failed) {
-  const QFileInfo file(path);
-  if (!file.exists()) return failed();
-  Open(QUrl::fromLocalFile(file.absoluteFilePath()), failed);
+  std::error_code error;
+  const std::string file = std::filesystem::absolute(PathBytes(path), error).lexically_normal().string();
+  if (error || !IsReadableFile(file)) return failed();
+  Open(LinkTo(file), file, failed);
 }
 
 void OpenLink(const QUrl& link, const OpenFailed& failed) {
   if (!link.isValid() || link.scheme().isEmpty()) return failed();
-  Open(link, failed);
+  Open(link, link.toLocalFile().toStdString(), failed);
 }
 
 QUrl MailLink(const QString& address, const QString& subject) {

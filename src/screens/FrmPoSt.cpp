@@ -4,11 +4,14 @@
 #include <QPointer>
 #include <QScreen>
 #include <algorithm>
+#include <filesystem>
+#include <system_error>
 
 #include "data/Cp1250.h"
 #include "data/Files.h"
 #include "data/MailFile.h"
 #include "data/RecordFile.h"
+#include "platform/PathText.h"
 #include "screens/CaveList.h"
 #include "screens/FrmDialog2.h"
 #include "screens/MsgBox.h"
@@ -236,16 +239,23 @@ void FrmPoSt::SetLWPost() {
 }
 
 std::optional<QString> FrmPoSt::LoadColl(const QString& path, const QString& player) {
-  const std::string name = FromUtf8WithGaps(player.toStdString());
-  const std::string folder = ResolvePath(paths_.PlayersPath + "/" + FileSystemName(name));
-  Result<Selection> selection = Selection::LoadColl(path.toStdString(), name, folder);
-  if (!selection) return kNotOpenedWords.In(skin_) + "\r\n" + path;
+  const std::string name = PlayerOfFolder(player);
+  Result<Selection> selection = Selection::LoadColl(PathBytes(path), name, FolderOf(player));
+  if (!selection) return kNotOpenedWords.In(skin_) + "\r\n" + ShownPath(path);
   selection_ = std::move(*selection);
   SkinIt();
   if (!testAttribute(Qt::WA_Moved)) move(screen()->availableGeometry().center() - rect().center());
   show();
   activateWindow();
   return std::nullopt;
+}
+
+// The very folder that the start screen lists, or the one that a player of this name gets.
+std::string FrmPoSt::FolderOf(const QString& player) const {
+  const std::string listed = paths_.PlayersPath + "/" + PathBytes(player);
+  std::error_code error;
+  if (std::filesystem::is_directory(listed, error)) return listed;
+  return ResolvePath(paths_.PlayersPath + "/" + FileSystemName(PlayerOfFolder(player)));
 }
 
 void FrmPoSt::ShowColl() {
@@ -315,7 +325,7 @@ void FrmPoSt::ShowCave() {
   imgBonus_->setVisible(JeBonus(rowName.toStdString()));
   lblCaveName_->SetText(rowName);
   lblRecord_->SetText(solved ? Shown(selection_->RecordName()) : QString());
-  lblRecord_->SetHint(solved ? QString::fromStdString(selection_->RecordPath()) : QString());
+  lblRecord_->SetHint(solved ? ShownPath(selection_->RecordPath()) : QString());
   if (state != CaveState::Closed) {
     lblCaveDescription_->SetText(Shown(selection_->Cave(number).Record.Description));
     return;
@@ -339,7 +349,7 @@ void FrmPoSt::ClickedStart() {
 }
 
 void FrmPoSt::Replay() {
-  emit PlayRecord(QString::fromStdString(selection_->RecordPath()));
+  emit PlayRecord(PathText(selection_->RecordPath()));
 }
 
 void FrmPoSt::Congratulate() {
@@ -349,12 +359,11 @@ void FrmPoSt::Congratulate() {
 void FrmPoSt::ClickedSend() {
   const Result<std::string> mail = WriteMail(selection_->Collection(), selection_->PlayerFolder());
   if (!mail) {
-    Say(kNotStoredWords.In(skin_) + "\r\n" +
-        QString::fromStdString(selection_->PlayerFolder() + "/temp.eml"));
+    Say(kNotStoredWords.In(skin_) + "\r\n" + ShownPath(selection_->PlayerFolder() + "/temp.eml"));
     return;
   }
-  const QString path = QString::fromStdString(*mail);
-  openers_.file(path, TellNoProgram(path));
+  const QString path = PathText(*mail);
+  openers_.file(path, TellNoProgram(ShownPath(path)));
 }
 
 void FrmPoSt::ClickedAuthor() {

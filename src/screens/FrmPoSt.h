@@ -4,6 +4,7 @@
 #include <QString>
 #include <functional>
 #include <optional>
+#include <string>
 
 #include "data/Selection.h"
 #include "platform/Paths.h"
@@ -80,6 +81,7 @@ class FrmPoSt : public SkinWindow {
   void SkinButtons();
   QRect LineBox(const std::string& key, int height, int right) const;
 
+  std::string FolderOf(const QString& player) const;
   void ShowColl();
   void ShowAuthor();
   void FillRows();

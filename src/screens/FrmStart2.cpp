@@ -1,17 +1,19 @@
 #include "screens/FrmStart2.h"
 
 #include <QApplication>
-#include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScreen>
 #include <QTimer>
 #include <algorithm>
+#include <filesystem>
+#include <system_error>
 
+#include "data/Files.h"
 #include "data/PlayerName.h"
 #include "platform/FileTypes.h"
+#include "platform/PathText.h"
 #include "screens/FingerButton.h"
 #include "screens/FrmDialog3.h"
 #include "screens/FrmSLang.h"
@@ -261,10 +263,11 @@ void FrmStart2::FindPlrs() {
 
 void FrmStart2::ListPlayers() {
   const QString old = Player();
-  QDir().mkpath(QString::fromStdString(paths_.PlayersPath));
+  std::error_code error;
+  std::filesystem::create_directories(paths_.PlayersPath, error);
   players_ = ReadPlayers(paths_.PlayersPath);
   QStringList labels;
-  for (const QString& name : players_) labels.push_back(" « " + name + " » ");
+  for (const QString& name : players_) labels.push_back(" « " + ShownPath(name) + " » ");
   lblPlr_->SetLabels(labels);
   const int last = players_.contains(old) ? static_cast<int>(players_.indexOf(old)) : ReadPosledniHrac();
   lblPlr_->Select(last < players_.size() ? last : 0);
@@ -284,7 +287,7 @@ QString FrmStart2::Player() const {
 QString FrmStart2::SelectedPath() const {
   const int place = lblCColl_->Selected();
   if (place < 0) return QString();
-  return QString::fromStdString(paths_.CavesPath) + '/' + colls_[static_cast<std::size_t>(place)].file;
+  return PathText(paths_.CavesPath) + '/' + colls_[static_cast<std::size_t>(place)].file;
 }
 
 void FrmStart2::Open() {
@@ -319,24 +322,26 @@ void FrmStart2::OpenPath(const QString& path) {
 
 // A file may be gone since the list was made.
 bool FrmStart2::IsThere(const QString& path) {
-  const QFileInfo file(path);
-  if (file.isFile() && file.isReadable()) return true;
+  if (IsReadableFile(PathBytes(path))) return true;
   TellOf(kNotOpenedWords.In(skin_), path);
   FindColls();
   return false;
 }
 
 void FrmStart2::AskForRecord() {
-  const QString own = QString::fromStdString(paths_.PlayersPath) + '/' + Player();
-  const bool known = !Player().isEmpty() && QFileInfo(own).isDir();
-  AnotherRepl(AskForFile(skin_, this, skin_.Text(110),
-                         known ? own : QString::fromStdString(paths_.RecordsPath),
+  const QString own = PathText(paths_.PlayersPath) + '/' + Player();
+  std::error_code error;
+  const bool known = !Player().isEmpty() && std::filesystem::is_directory(PathBytes(own), error);
+  // The folder of test runs may have come since the start.
+  const bool tested = std::filesystem::is_directory(paths_.TestRecordsPath, error);
+  const QString others = PathText(tested ? paths_.TestRecordsPath : paths_.RecordsPath);
+  AnotherRepl(AskForFile(skin_, this, skin_.Text(110), known ? own : others,
                          {FilterOf(skin_.Text(109), kRecordFilter)}));
 }
 
 void FrmStart2::AskForAnyFile() {
   const QString path =
-      AskForFile(skin_, this, skin_.Text(111), QString::fromStdString(paths_.CavesPath),
+      AskForFile(skin_, this, skin_.Text(111), PathText(paths_.CavesPath),
                  {FilterOf(skin_.Text(111), kCollFilter), FilterOf(skin_.Text(109), kRecordFilter)});
   if (!path.isEmpty()) OpenByKind(path);
 }
@@ -349,18 +354,19 @@ void FrmStart2::AnotherColl(const QString& path) {
 // Where the collection is to be opened: its copy among those of the game if there is one, else itself.
 QString FrmStart2::BroughtIn(const QString& path) {
   const QString title = skin_.Text(194);
-  const bool inPlace = LiesIn(path.toStdString(), paths_.CavesPath);
+  const bool inPlace = LiesIn(PathBytes(path), paths_.CavesPath);
   if (inPlace || !Ask(skin_, this, title, skin_.Text(112))) return path;
-  const auto copy = CopyColl(path.toStdString(), paths_.CavesPath);
+  const auto copy = CopyColl(PathBytes(path), paths_.CavesPath);
   if (!copy) {
-    TellOf(kNotStoredWords.In(skin_));
+    TellOf(kNotStoredWords.In(skin_), PathText(paths_.CavesPath));
     return path;
   }
-  if (Ask(skin_, this, title, skin_.Text(113)) && !QFile::remove(path)) {
+  std::error_code error;
+  if (Ask(skin_, this, title, skin_.Text(113)) && !std::filesystem::remove(PathBytes(path), error)) {
     TellOf(kNotDeletedWords.In(skin_), path);
   }
   FindColls();
-  const QString place = QString::fromStdString(*copy);
+  const QString place = PathText(*copy);
   SelectColl(QFileInfo(place).fileName());
   return place;
 }
@@ -402,10 +408,13 @@ void FrmStart2::NewPlayer() {
   const QString shown = Shown(name);
   const auto added = AddPlayer(paths_.PlayersPath, name);
   const auto words = [&](int place) { return skin_.Text(place).replace("?1?", shown); };
-  if (added) {
-    Tell(skin_, this, skin_.Text(114), words(115));
-  } else {
-    Tell(skin_, this, skin_.Text(48), words(116));
+  if (added == Added::Yes) Tell(skin_, this, skin_.Text(114), words(115));
+  if (added == Added::ThereAlready) Tell(skin_, this, skin_.Text(48), words(116));
+  // Another name, as the second line advises, would not help.
+  if (added == Added::NotWritten) {
+    Tell(skin_, this, skin_.Text(48),
+         words(116).section('\r', 0, 0) + '\n' + kFolderWords.In(skin_) + '\n' +
+             ShownPath(paths_.PlayersPath));
   }
   FindPlrs();
   SelectPlayer(shown);
@@ -425,7 +434,7 @@ void FrmStart2::Help() {
 }
 
 void FrmStart2::TellOf(const QString& words, const QString& path) {
-  Tell(skin_, this, skin_.Text(99), path.isEmpty() ? words : words + '\n' + path);
+  Tell(skin_, this, skin_.Text(99), path.isEmpty() ? words : words + '\n' + ShownPath(path));
 }
 
 void FrmStart2::keyPressEvent(QKeyEvent* event) {

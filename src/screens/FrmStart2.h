@@ -33,6 +33,9 @@ class FrmStart2 : public SkinWindow {
 
   FrmStart2(Skin& skin, const Paths& paths, Settings& settings);
 
+  // For folders that have come since the screen was made.
+  void SetPaths(const Paths& paths) { paths_ = paths; }
+
   // The selected player; empty when there is none.
   QString Player() const;
   Mode ChosenMode() const { return mode_; }

@@ -348,7 +348,7 @@ void HraWindow::UpdateCaption() {
     const std::string player = nobody ? std::string() : ToUtf8(hra_.PlayerName);
     caption += QString::fromStdString(BlankJoin(skin_.Words().At(place), player));
   }
-  setWindowTitle(caption);
+  setWindowTitle(QString::fromStdString(WithoutControls(caption.toStdString())));
 }
 
 // The window's events

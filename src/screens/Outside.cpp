@@ -2,14 +2,18 @@
 
 #include <QDir>
 #include <QFileDialog>
-#include <QFileInfo>
 #include <QPointer>
 #include <QSplitter>
 #include <QToolButton>
+#include <filesystem>
+#include <system_error>
 
+#include "data/Files.h"
+#include "platform/PathText.h"
 #include "platform/Paths.h"
 #include "platform/Shell.h"
 #include "screens/MsgBox.h"
+#include "screens/OldNames.h"
 #include "screens/StartWords.h"
 #include "skin/GameFont.h"
 
@@ -35,8 +39,10 @@ class FileBox : public QFileDialog {
  protected:
   void accept() override {
     const QStringList files = selectedFiles();
-    if (files.isEmpty() || QFileInfo::exists(files.constFirst())) return QFileDialog::accept();
-    Tell(skin_, this, windowTitle(), kNotOpenedWords.In(skin_) + '\n' + files.constFirst());
+    std::error_code error;
+    const bool given = !files.isEmpty();
+    if (!given || std::filesystem::exists(PathBytes(files.constFirst()), error)) return QFileDialog::accept();
+    Tell(skin_, this, windowTitle(), kNotOpenedWords.In(skin_) + '\n' + ShownPath(files.constFirst()));
   }
 
  private:
@@ -46,7 +52,7 @@ class FileBox : public QFileDialog {
 }  // namespace
 
 void OpenFileOrTell(Skin& skin, QWidget* parent, const QString& path) {
-  OpenFile(path, Telling(skin, parent, path));
+  OpenFile(path, Telling(skin, parent, ShownPath(path)));
 }
 
 void OpenLinkOrTell(Skin& skin, QWidget* parent, const QUrl& link) {
@@ -54,9 +60,9 @@ void OpenLinkOrTell(Skin& skin, QWidget* parent, const QUrl& link) {
 }
 
 QString HelpPage(const Paths& paths, const Skin& skin, const QString& name) {
-  const QString help = QString::fromStdString(paths.HelpPath);
+  const QString help = PathText(paths.HelpPath);
   const QString translated = QDir::cleanPath(help + '/' + skin.Caption("help.folder") + '/' + name);
-  return QFileInfo(translated).isFile() ? translated : help + '/' + name;
+  return IsReadableFile(PathBytes(translated)) ? translated : help + '/' + name;
 }
 
 void PrepareFileBox(QFileDialog& box, const Skin& skin, const QString& words) {
@@ -83,12 +89,14 @@ void PrepareFileBox(QFileDialog& box, const Skin& skin, const QString& words) {
 
 QString AskForFile(Skin& skin, QWidget* parent, const QString& title, const QString& folder,
                    const QStringList& filters) {
-  FileBox box(skin, parent, title, folder);
+  FileBox box(skin, parent, title, FolderForBox(folder));
   PrepareFileBox(box, skin, kOpenWords.In(skin));
   box.setFileMode(QFileDialog::ExistingFile);
   box.setNameFilters(filters);
-  if (box.exec() != QDialog::Accepted || box.selectedFiles().isEmpty()) return QString();
-  return box.selectedFiles().constFirst();
+  const OldNames old(box, skin);
+  if (box.exec() != QDialog::Accepted) return QString();
+  if (!old.Chosen().isEmpty()) return old.Chosen();
+  return box.selectedFiles().isEmpty() ? QString() : box.selectedFiles().constFirst();
 }
 
 }  // namespace zorik

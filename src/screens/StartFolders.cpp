@@ -1,7 +1,6 @@
 #include "screens/StartFolders.h"
 
 #include <QCollator>
-#include <QDir>
 #include <QLocale>
 #include <algorithm>
 #include <filesystem>
@@ -12,8 +11,11 @@
 #include "data/Collection.h"
 #include "data/Cp1250.h"
 #include "data/Files.h"
+#include "data/Folders.h"
 #include "data/RecordFile.h"
 #include "data/Scramble.h"
+#include "platform/PathText.h"
+#include "skin/Shown.h"
 
 namespace zorik {
 namespace {
@@ -22,18 +24,22 @@ namespace fs = std::filesystem;
 
 constexpr int kLengthOffset = 65;  // what the letter of a length is above it
 
-void SortAsPeopleDo(QStringList& names) {
+QStringList SortedAsPeopleDo(const std::vector<std::string>& found) {
+  QStringList names;
+  for (const std::string& name : found) names.push_back(PathText(name));
   QCollator order((QLocale(QLocale::Czech)));
   order.setNumericMode(true);
   order.setCaseSensitivity(Qt::CaseInsensitive);
   std::sort(names.begin(), names.end(), [&order](const QString& one, const QString& other) {
-    const int way = order.compare(one, other);
+    const int way = order.compare(ShownPath(one), ShownPath(other));
     return way != 0 ? way < 0 : one < other;
   });
+  return names;
 }
 
-bool IsControl(char character) {
-  return static_cast<unsigned char>(character) < ' ';
+// A name that is no UTF-8 is taken for Windows-1250, in which a player can have any name.
+bool CanBePlayer(const std::string& name) {
+  return !IsUtf8(name) || FromUtf8(name);
 }
 
 // The name in the first line of a collection, behind the letter of its length; nothing when the line is none
@@ -53,45 +59,43 @@ std::optional<std::string> NameIn(const std::string& bytes) {
 QString CollName(const std::string& path) {
   const auto bytes = ReadWhole(path);
   const std::optional<std::string> name = bytes ? NameIn(*bytes) : std::nullopt;
-  return QString::fromStdString(name ? ToUtf8(*name) : fs::path(path).stem().string());
+  return name ? Shown(*name) : ShownPath(fs::path(path).stem().string());
 }
 
 bool Exists(const std::string& path) {
   std::error_code error;
-  return fs::exists(ResolvePath(path), error);
+  return fs::symlink_status(ResolvePath(path), error).type() != fs::file_type::not_found;
 }
 
 }  // namespace
 
 std::vector<CollRow> ReadColls(const std::string& folder) {
-  QStringList files = QDir(QString::fromStdString(folder)).entryList({"*.zk"}, QDir::Files);
-  SortAsPeopleDo(files);
   std::vector<CollRow> rows;
-  for (const QString& file : files) rows.push_back({file, CollName(folder + "/" + file.toStdString())});
+  for (const QString& file : SortedAsPeopleDo(FilesIn(folder, ".zk"))) {
+    rows.push_back({file, CollName(folder + "/" + PathBytes(file))});
+  }
   return rows;
 }
 
 QStringList ReadPlayers(const std::string& folder) {
-  QStringList names = QDir(QString::fromStdString(folder)).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
-  names.removeIf([](const QString& name) { return !FromUtf8(name.toStdString()); });
-  SortAsPeopleDo(names);
-  return names;
+  std::vector<std::string> names = FoldersIn(folder);
+  std::erase_if(names, [](const std::string& name) { return !CanBePlayer(name); });
+  return SortedAsPeopleDo(names);
 }
 
-Result<Done> AddPlayer(const std::string& folder, const std::string& name) {
+Added AddPlayer(const std::string& folder, const std::string& name) {
   const std::string path = folder + "/" + FileSystemName(name);
-  if (Exists(path)) return Failure{path + " is there already"};
+  if (Exists(path)) return Added::ThereAlready;
   std::error_code error;
   fs::create_directories(path, error);
-  if (error) return Failure{"cannot make the folder " + path + ": " + error.message()};
-  return Done{};
+  return error ? Added::NotWritten : Added::Yes;
 }
 
 Result<std::string> CopyColl(const std::string& path, const std::string& folder) {
   const auto bytes = ReadWhole(path);
   if (!bytes) return Failure{bytes.Message()};
   const fs::path source(path);
-  std::string stem = source.stem().string();
+  std::string stem = WithoutControls(source.stem().string());
   const auto target = [&] { return folder + "/" + stem + source.extension().string(); };
   while (Exists(target())) stem += '~';
   const auto written = WriteWhole(target(), *bytes);

@@ -13,7 +13,7 @@ namespace zorik {
 
 // A collection: its file in the folder, without a path, and what the list calls it.
 struct CollRow {
-  QString file;
+  QString file;  // as PathText writes it
   QString name;
 };
 
@@ -21,13 +21,15 @@ struct CollRow {
 // by the name of its file.
 std::vector<CollRow> ReadColls(const std::string& folder);
 
-// The players of a folder, which are its folders, sorted as people sort. A folder with a name that no player
-// can have, since Windows-1250 lacks one of its letters, is none.
+// The players of a folder, which are its folders, sorted as people sort, as PathText writes them. A folder
+// with a name that no player can have, since Windows-1250 lacks one of its letters, is none.
 QStringList ReadPlayers(const std::string& folder);
 
-// Makes the folder of a new player (name in Windows-1250), and the one above if it is missing. Fails when it
-// cannot, and when there is such a player already, in whatever letter case.
-Result<Done> AddPlayer(const std::string& folder, const std::string& name);
+enum class Added { Yes, ThereAlready, NotWritten };
+
+// Makes the folder of a new player (name in Windows-1250), and the one above if it is missing. There may be
+// such a player already, in whatever letter case.
+Added AddPlayer(const std::string& folder, const std::string& name);
 
 // Copies a collection into the folder and answers the copy's path. As long as a file there has the copy's
 // name, that gets one more "~".

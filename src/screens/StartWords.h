@@ -37,6 +37,7 @@ inline constexpr StartWords kNoCaveWords{"caption.error.cave", "Komnatu nelze ot
 inline constexpr StartWords kNoRecordWords{"caption.error.record", "Záznam nelze přehrát:"};
 inline constexpr StartWords kNotOpenedWords{"caption.error.open", "Soubor nelze otevřít:"};
 inline constexpr StartWords kNotStoredWords{"caption.error.store", "Soubor se nepodařilo uložit."};
+inline constexpr StartWords kFolderWords{"caption.error.folder", "Do této složky se nepodařilo nic zapsat:"};
 inline constexpr StartWords kNotDeletedWords{"caption.error.delete", "Soubor se nepodařilo vymazat:"};
 inline constexpr StartWords kUnknownFileWords{"caption.error.kind", "S tímto souborem si hra neporadí:"};
 inline constexpr StartWords kNoProgramWords{"caption.error.program",

@@ -6,6 +6,7 @@
 
 #include "data/Files.h"
 #include "data/RecordFile.h"
+#include "platform/PathText.h"
 #include "screens/FrmAnalyze.h"
 #include "screens/FrmPoSt.h"
 #include "screens/MsgBox.h"
@@ -39,7 +40,7 @@ void WinFlow::RunWon(Hra& hra) {
   nobody_ = hra.PlayerName == kNobody;
   score_ = win.Score;
   record_ = SaveRecord(hra, score_);
-  testPath_ = ResolvePath(paths_.RecordsPath + "/" + FileSystemName(TestRecordFileName(hra.CaveName)));
+  testPath_ = ResolvePath(paths_.TestRecordsPath + "/" + FileSystemName(TestRecordFileName(hra.CaveName)));
   frmAnalyze_.SetScore(Shown(ScoreBreakdown(hra, win)), win.BaseScore, win.BonusCave);
 
   emit HideGame();
@@ -91,14 +92,14 @@ void WinFlow::StoreWin() {
 
 void WinFlow::StoreTest() {
   std::error_code error;
-  std::filesystem::create_directories(paths_.RecordsPath, error);
+  std::filesystem::create_directories(paths_.TestRecordsPath, error);
   const Result<Done> stored = WriteWhole(testPath_, record_);
   if (!stored) TellFailure(testPath_);
 }
 
 void WinFlow::TellFailure(const std::string& path) {
   QWidget* const here = kind_ == RunKind::Test ? QApplication::activeWindow() : &frmPoSt_;
-  Tell(skin_, here, skin_.Text(kTitle), kNotStoredWords.In(skin_) + "\r\n" + QString::fromStdString(path));
+  Tell(skin_, here, skin_.Text(kTitle), kNotStoredWords.In(skin_) + "\r\n" + ShownPath(path));
 }
 
 }  // namespace zorik

@@ -2,6 +2,7 @@
 
 #include <sys/stat.h>
 
+#include <QBuffer>
 #include <QImageReader>
 #include <algorithm>
 #include <filesystem>
@@ -77,7 +78,11 @@ std::string GetSchPicPath(const SkinPlaces& places, std::string_view scheme, std
 
 QImage ReadImage(const std::string& path, std::int64_t mostPixels) {
   QImageReader::setAllocationLimit(kMostMegabytesOfOne);
-  QImageReader reader(QString::fromStdString(path));
+  const auto bytes = ReadWhole(path);
+  if (!bytes) return {};
+  QByteArray held = QByteArray::fromRawData(bytes->data(), static_cast<qsizetype>(bytes->size()));
+  QBuffer source(&held);
+  QImageReader reader(&source);
   reader.setDecideFormatFromContent(true);
   if (!reader.canRead() || !IsKnown(reader.format())) return {};
   const QSize size = reader.size();

@@ -302,6 +302,46 @@ TEST_F(GameTest, SpeaksAnotherLanguageInAllScreensAtOnce) {
   EXPECT_EQ(Screen<FrmPoSt>()->windowTitle(), "Cave selection");
 }
 
+// Everything as an old archive unpacks it, in Windows-1250.
+TEST_F(GameTest, PlaysCollectionsForPlayersWhoseNamesAreNoUtf8) {
+  const std::string root = folder.Root();
+  const std::string player = root + "/Players/Hr\xE1\xE8";
+  std::filesystem::rename(root + "/Players/Ada", player);
+  std::filesystem::rename(root + "/Caves/a.zk", root + "/Caves/Sk\xE1la.zk");
+  game.reset();
+  Begin();
+  WinCave();
+  const std::string record = player + "/Alfa - Jedna.zkr";
+  ASSERT_TRUE(std::filesystem::exists(record));
+  EXPECT_FALSE(std::filesystem::exists(root + "/Players/Hráč"));
+  const auto bytes = ReadWhole(record);
+  RecordLines lines(*bytes);
+  EXPECT_EQ(ReadRecordHead(lines).Player, "Hr\xE1\xE8");
+
+  Press(Screen<FrmPoSt>(), Qt::Key_Up);
+  Press(Screen<FrmPoSt>(), Qt::Key_Z);
+  ASSERT_TRUE(Wait(Shows<HraWindow>));
+  EXPECT_TRUE(Screen<HraWindow>()->Machine().ReplayPlaying);
+  EXPECT_EQ(Screen<HraWindow>()->windowTitle().section("...", 1), "záznam pro hráče Hráč");
+}
+
+TEST_F(GameTest, OffersTheCavesThatCameWithTheGameAndListsThemAtOnce) {
+  test::Folder shipped;
+  shipped.Collection("b.zk", "Beta", {OneStepCave("Jedna")});
+  std::filesystem::remove(folder.Root() + "/Caves/a.zk");
+  Paths paths = folder.Paths();
+  paths.SkinsPath = ZORIK_BUILT_SKINS;
+  paths.CavesPath = folder.Root();
+  paths.ShippedCaves = shipped.Root() + "/Caves";
+  game.reset();
+  game = std::make_unique<Game>(paths, settings);
+  const DialogScript script = {test::Press(Qt::Key_Return)};
+  game->Begin();
+  ASSERT_TRUE(Wait(Shows<FrmStart2>));
+  EXPECT_EQ(Screen<FrmStart2>()->findChild<LabelList*>("lblCColl")->Labels(), QStringList{"Beta"});
+  OpenCollection();
+}
+
 // In the editors, on the first cave of the collection.
 class GameEditors : public GameTest {
  protected:

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -118,10 +119,68 @@ TEST_F(WholeFile, ThatIsAFolderFailsWithItsPath) {
   EXPECT_EQ(bytes.Message(), "cannot read " + path_ + ": Is a directory");
 }
 
-TEST_F(WholeFile, ThatNeverEndsFails) {
-  const auto bytes = ReadWhole("/dev/zero");
+TEST_F(WholeFile, ThatIsLargerThanAnyOfTheGameFails) {
+  ASSERT_TRUE(WriteWhole(In("a.zk"), ""));
+  fs::resize_file(In("a.zk"), (std::uintmax_t{256} << 20U) + 1);
+  const auto bytes = ReadWhole(In("a.zk"));
   ASSERT_FALSE(bytes);
-  EXPECT_EQ(bytes.Message(), "cannot read /dev/zero: the file is too large");
+  EXPECT_EQ(bytes.Message(), "cannot read " + In("a.zk") + ": the file is too large");
+}
+
+// A pipe that nobody writes into would be waited for without end.
+TEST_F(WholeFile, IsNeverReadFromAPipeADeviceOrASocket) {
+  alarm(10);
+  ASSERT_EQ(mkfifo(In("a.zk").c_str(), 0666), 0);
+  fs::create_symlink(In("a.zk"), In("link.zk"));
+  for (const std::string& path : {In("a.zk"), In("link.zk"), std::string("/dev/zero")}) {
+    const auto bytes = ReadWhole(path);
+    ASSERT_FALSE(bytes) << path;
+    EXPECT_EQ(bytes.Message(), "cannot read " + path + ": it is no regular file");
+    EXPECT_FALSE(IsReadableFile(path)) << path;
+  }
+  ASSERT_EQ(mknod(In("socket").c_str(), S_IFSOCK | 0666, 0), 0);
+  EXPECT_FALSE(ReadWhole(In("socket")));
+  EXPECT_FALSE(IsReadableFile(path_));
+  EXPECT_FALSE(IsReadableFile(In("none")));
+  ASSERT_TRUE(WriteWhole(In("b.zk"), ""));
+  EXPECT_TRUE(IsReadableFile(In("b.zk")));
+  alarm(0);
+}
+
+TEST_F(WholeFile, OfACommandLineMayBeAPipe) {
+  int ends[2] = {};
+  ASSERT_EQ(pipe(ends), 0);
+  ASSERT_EQ(write(ends[1], "run", 3), 3);
+  close(ends[1]);
+  const auto bytes = ReadStream("/dev/fd/" + std::to_string(ends[0]));
+  close(ends[0]);
+  ASSERT_TRUE(bytes) << bytes.Message();
+  EXPECT_EQ(*bytes, "run");
+}
+
+TEST_F(WholeFile, DoesNotTakeThePlaceOfAPipe) {
+  ASSERT_EQ(mkfifo(In("a.zk").c_str(), 0666), 0);
+  const auto written = WriteWhole(In("a.zk"), "bytes");
+  ASSERT_FALSE(written);
+  EXPECT_EQ(written.Message(), "cannot write " + In("a.zk") + ": it is no regular file");
+  EXPECT_TRUE(fs::is_fifo(In("a.zk")));
+  EXPECT_EQ(Entries(), Names{"a.zk"});
+}
+
+TEST_F(WholeFile, IsWrittenInPlaceOfALinkThatLeadsNowhere) {
+  fs::create_symlink(In("none/a.zk"), In("link.zk"));
+  EXPECT_FALSE(ReadWhole(In("link.zk")));
+  ASSERT_TRUE(WriteWhole(In("link.zk"), "kept"));
+  EXPECT_EQ(*ReadWhole(In("link.zk")), "kept");
+}
+
+// The system would take the beginning for the whole name.
+TEST_F(WholeFile, HasNoNameWithAZeroByte) {
+  ASSERT_TRUE(WriteWhole(In("a.zk"), "old"));
+  const std::string name = In("a.zk") + std::string(1, '\0') + ".zkr";
+  EXPECT_FALSE(WriteWhole(name, "new"));
+  EXPECT_FALSE(ReadWhole(name));
+  EXPECT_EQ(*ReadWhole(In("a.zk")), "old");
 }
 
 TEST_F(WholeFile, InAFolderThatIsNotThereIsNotWritten) {
@@ -174,12 +233,54 @@ TEST_F(WholeFile, IsNotWrittenWhenAHundredCrashesLeftSomething) {
   EXPECT_EQ(written.Message(), "cannot write " + In("a.zk") + ": File exists");
 }
 
+// Half a file can only have a name that tells who was writing it.
+TEST_F(WholeFile, IsWrittenUnderANameThatTellsTheProcess) {
+  const pid_t child = fork();
+  if (child == 0) {
+    const rlimit small{4, 4};
+    setrlimit(RLIMIT_FSIZE, &small);
+    static_cast<void>(WriteWhole(In("a.zk"), "more than the limit"));
+    _exit(0);
+  }
+  int status = 0;
+  waitpid(child, &status, 0);
+  ASSERT_TRUE(WIFSIGNALED(status)) << "the system stops who goes beyond the limit";
+  ASSERT_EQ(Entries().size(), 1U);
+  EXPECT_EQ(WriterOf(Entries()[0]), child);
+}
+
+TEST(WriterOf, IsNothingForNamesThatTheGameDoesNotGive) {
+  EXPECT_EQ(WriterOf(".zorik-12-0.tmp"), 12);
+  EXPECT_EQ(WriterOf(".zorik-12-99.tmp"), 12);
+  for (const char* name :
+       {"", "a.zk", ".zorik-", ".zorik-12.tmp", ".zorik-12-.tmp", ".zorik--12-0.tmp", ".zorik-12-0.tmp~",
+        ".zorik-12-0", ".zorik-012-0.tmp", ".zorik-12-00.tmp", ".zorik-12-100.tmp", ".zorik-0-0.tmp",
+        ".zorik-12-0-0.tmp", ".zorik-1x-0.tmp", ".Zorik-12-0.tmp", ".zorik-99999999999-0.tmp",
+        "x.zorik-12-0.tmp", ".zorik-+1-0.tmp"}) {
+    EXPECT_EQ(WriterOf(name), std::nullopt) << name;
+  }
+}
+
 TEST_F(FileSystemNames, AreUtf8) {
   EXPECT_EQ(FileSystemName("Zor\xEDk.zkr"), "Zorík.zkr");
 }
 
 TEST_F(FileSystemNames, LoseZeroBytesAndSlashes) {
   EXPECT_EQ(FileSystemName(std::string("a\0b/c\\d", 7)), "abcd");
+}
+
+TEST_F(FileSystemNames, LoseControlCharacters) {
+  std::string name = "x";
+  for (const char control : {'\n', '\r', '\t', '\x01', '\x1B', '\x7F', '\x81', '\x98'}) name += control;
+  EXPECT_EQ(FileSystemName(name + "y.zkr"), "xy.zkr");
+}
+
+TEST_F(FileSystemNames, WithControlCharactersOfOlderGamesAreFoundAndReplaced) {
+  ASSERT_TRUE(WriteWhole(In("Sa\nda - C\xC2\x81.zkr"), "old run"));
+  const std::string path = ResolvePath(In(FileSystemName("Sa\nda - C\x81.zkr")));
+  EXPECT_EQ(*ReadWhole(path), "old run");
+  ASSERT_TRUE(WriteWhole(path, "new run"));
+  EXPECT_EQ(Entries().size(), 1U);
 }
 
 TEST_F(FileSystemNames, NeverLeadToTheFolderItselfOrTheOneAboveIt) {

@@ -5,6 +5,7 @@
 
 #include "editors/FrmSada.h"
 #include "editors/SadaScreen.h"
+#include "platform/PathText.h"
 
 namespace zorik {
 namespace {
@@ -26,6 +27,23 @@ TEST_F(FrmSadaFilesTest, AsksForAFileWhenACollectionHasNone) {
             "A");
   EXPECT_EQ(Sada().FileName(), Path("nova.zk"));
   EXPECT_FALSE(window->isWindowModified());
+}
+
+TEST_F(FrmSadaFilesTest, StoresACollectionOfAnOldArchiveInItsPlace) {
+  OpenCaves({"*Jedna"});
+  const std::string path = folder.Root() + "/Caves/Sk\xE1la.zk";
+  ASSERT_TRUE(WriteWhole(path, *ReadWhole(Sada().FileName())));
+  window->Open(PathText(path));
+  EXPECT_EQ(Sada().FileName(), path);
+  TypeName("Nova");
+  Key(Qt::Key_S, Qt::ControlModifier);
+  EXPECT_FALSE(window->isWindowModified());
+  EXPECT_EQ(Lines("Sk\xE1la.zk").front().substr(1, 4), "Nova");
+  dialogs.Then([](QWidget& dialog) {
+    EXPECT_EQ(dialog.findChild<QLineEdit*>("fileNameEdit")->text(), "Skála.zk");
+    dialog.close();
+  });
+  Action("mnuSaveAs").trigger();
 }
 
 TEST_F(FrmSadaFilesTest, ProposesTheNameOfTheCollectionForItsFile) {

@@ -10,10 +10,12 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
+#include <cstdlib>
 #include <future>
 #include <memory>
 
 #include "platform/Inbox.h"
+#include "platform/PathText.h"
 
 namespace zorik {
 namespace {
@@ -47,7 +49,8 @@ class InboxTest : public testing::Test {
 TEST_F(InboxTest, TakesAPathWhateverItsName) {
   Open();
   ASSERT_TRUE(inbox_->Listening());
-  const QStringList paths = {"/a/b.zk", "/kůň s mezerou/Žába.zkr", "/two\nlines.zk", "/x"};
+  const QStringList paths = {"/a/b.zk", "/kůň s mezerou/Žába.zkr", "/two\nlines.zk", "/x",
+                             PathText("/Hr\xE1\xE8/Sk\xE1la.zk")};
   for (const QString& path : paths) EXPECT_TRUE(HandOverMeanwhile(path));
   EXPECT_TRUE(Arrived(paths.size()));
   EXPECT_EQ(arrived_, paths);
@@ -147,6 +150,8 @@ TEST(TakeFileFromStart, AnswersThePathOnce) {
   EXPECT_EQ(TakeFileFromStart(), "");
   qputenv(kOpenVariable, "/kůň.zk");
   EXPECT_EQ(TakeFileFromStart(), "/kůň.zk");
+  qputenv(kOpenVariable, "/k\xF9\xF2.zk");
+  EXPECT_EQ(PathBytes(TakeFileFromStart()), "/k\xF9\xF2.zk");
   EXPECT_EQ(TakeFileFromStart(), "");
 }
 
@@ -203,6 +208,31 @@ TEST_F(DownloaderTest, HandsTheAbsolutePathToTheRunningGame) {
 TEST_F(DownloaderTest, StartsTheGameWhenNoneRuns) {
   EXPECT_EQ(Run({"x.zk"}), 0);
   EXPECT_EQ(Started(), folder_.filePath("x.zk"));
+}
+
+// A shell hands over any bytes; the toolkit's own start of a program does not.
+TEST_F(DownloaderTest, HandsOverNamesThatAreNoUtf8) {
+  const Inbox game([this](const QString& path) { arrived_.push_back(path); });
+  ASSERT_TRUE(game.Listening());
+  const QByteArray program = folder_.filePath("downloader").toUtf8();
+  const auto run = [&](const QByteArray& file) {
+    auto done = std::async(std::launch::async, [&] { return std::system(program + " '" + file + "'"); });
+    while (done.wait_for(std::chrono::milliseconds(0)) != std::future_status::ready) QTest::qWait(5);
+    EXPECT_EQ(done.get(), 0);
+  };
+  run("/Hr\xE1\xE8/x.zk");
+  run("file:///Hr%E1%E8/a%20b.zk");
+  EXPECT_TRUE(Arrived(2));
+  EXPECT_EQ(arrived_, (QStringList{PathText("/Hr\xE1\xE8/x.zk"), PathText("/Hr\xE1\xE8/a b.zk")}));
+}
+
+TEST_F(DownloaderTest, StartsTheGameForANameThatIsNoUtf8) {
+  const QByteArray program = folder_.filePath("downloader").toUtf8();
+  EXPECT_EQ(std::system(program + " '/Hr\xE1\xE8.zk'"), 0);
+  QFile file(folder_.filePath("started"));
+  ASSERT_TRUE(QTest::qWaitFor([&] { return file.exists() && file.size() > 0; }, kPatience));
+  ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+  EXPECT_EQ(file.readAll(), "/Hr\xE1\xE8.zk");
 }
 
 TEST_F(DownloaderTest, FailsWhenThereIsNoGame) {

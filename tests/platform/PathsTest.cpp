@@ -1,4 +1,6 @@
 #include <gtest/gtest.h>
+#include <pwd.h>
+#include <unistd.h>
 
 #include <cstdlib>
 #include <filesystem>
@@ -28,7 +30,7 @@ class PathsTest : public testing::Test {
   std::string At(const fs::path& path) const { return (root_ / path).string(); }
 
   Surroundings Around(const std::string& zorikHome = {}) const {
-    return {At("opt/bin"), zorikHome, At("data"), At("home")};
+    return {At("opt/bin"), zorikHome, At("data"), At("home"), {}};
   }
 
   fs::path root_;
@@ -63,6 +65,33 @@ TEST_F(PathsTest, TheDataFolderIsBelowHomeWhenNothingElseIsSaid) {
   paths = FindPaths(around);
   ASSERT_TRUE(paths);
   EXPECT_EQ(paths->AppPath, At("home/.local/share/zorik"));
+}
+
+TEST_F(PathsTest, WithoutAVariableTheHomeIsTheOneThatTheSystemKnows) {
+  const char* const variable = std::getenv("HOME");
+  const std::string before = variable == nullptr ? "" : variable;
+  const std::string known = getpwuid(getuid())->pw_dir;
+  ASSERT_TRUE(fs::path(known).is_absolute());
+  for (const char* home : {"", ".", "relative/home"}) {
+    setenv("HOME", home, 1);
+    EXPECT_EQ(ReadSurroundings("/opt").Home, known) << home;
+  }
+  unsetenv("HOME");
+  EXPECT_EQ(ReadSurroundings("/opt").Home, known);
+  setenv("HOME", "/somewhere", 1);
+  EXPECT_EQ(ReadSurroundings("/opt").Home, "/somewhere");
+  setenv("HOME", before.c_str(), 1);
+}
+
+TEST_F(PathsTest, AUserWithoutAHomeGetsNoFolderInTheOneHeStandsIn) {
+  Surroundings around = Around();
+  around.DataHome.clear();
+  around.Home.clear();
+  const fs::path before = fs::current_path();
+  fs::current_path(root_);
+  EXPECT_FALSE(FindPaths(around));
+  fs::current_path(before);
+  EXPECT_TRUE(fs::is_empty(root_));
 }
 
 TEST_F(PathsTest, ZorikHomeOverridesBoth) {
@@ -108,6 +137,14 @@ TEST_F(PathsTest, AFolderWithoutEntriesGivesWayToTheGamesFolder) {
   ASSERT_TRUE(paths);
   EXPECT_EQ(paths->CavesPath, At("opt/bin"));
   EXPECT_EQ(paths->RecordsPath, At("opt/bin"));
+}
+
+TEST_F(PathsTest, TestRunsAreNotLeftInTheGamesFolder) {
+  File("opt/bin/Skins/error.bmp");
+  const auto paths = FindPaths(Around());
+  ASSERT_TRUE(paths);
+  EXPECT_EQ(paths->TestRecordsPath, At("opt/bin/Replays"));
+  EXPECT_FALSE(fs::exists(At("opt/bin/Replays"))) << "it is made with the first of them";
 }
 
 TEST_F(PathsTest, AFolderThatCannotBeMadeIsNamed) {

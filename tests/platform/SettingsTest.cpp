@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -81,6 +82,28 @@ TEST_F(SettingsTest, AStoreThatIsGarbageGivesTheDefaults) {
   garbage.write(QByteArray("\x00\xFF[[[=%%%\n\nSpeed=many\n", 22));
   garbage.close();
   EXPECT_EQ(FindSett(), Settings());
+}
+
+TEST_F(SettingsTest, ArePlainlyMissingWhereAPipeIsInTheirPlace) {
+  const QString file = IniStore("Zorik2").fileName();
+  for (const QString& pipe : {file, file + ".lock"}) {
+    QFile::remove(pipe);
+    ASSERT_EQ(mkfifo(QFile::encodeName(pipe), 0666), 0);
+    alarm(20);
+    EXPECT_EQ(FindSett(), Settings());
+    EXPECT_FALSE(StoreSett(Settings()));
+    alarm(0);
+    ASSERT_TRUE(QFile::remove(pipe));
+  }
+}
+
+TEST_F(SettingsTest, CannotBeStoredWhereAFolderIsInTheirPlace) {
+  const QString file = IniStore("Zorik2").fileName();
+  QFile::remove(file);
+  ASSERT_TRUE(QDir().mkpath(file + "/x"));
+  EXPECT_EQ(FindSett(), Settings());
+  EXPECT_FALSE(StoreSett(Settings()));
+  EXPECT_TRUE(QDir(file).removeRecursively());
 }
 
 // What is on the disk, as bytes.

@@ -4,6 +4,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include "data/Files.h"
+#include "platform/PathText.h"
 #include "platform/Shell.h"
 #include "support/DesktopStandIn.h"
 
@@ -40,6 +42,15 @@ TEST_F(ShellTest, OpensAFileWhateverItsName) {
     EXPECT_EQ(desktop.Opened(), path);
   }
   QTest::qWait(50);
+  EXPECT_EQ(failures_, 0);
+}
+
+TEST_F(ShellTest, OpensAFileWhoseNameIsNoUtf8) {
+  const DesktopStandIn desktop(0);
+  const std::string path = folder_.path().toStdString() + "/dopis \xE1.eml";
+  ASSERT_TRUE(WriteWhole(path, "x"));
+  OpenFile(PathText(path), Counting());
+  EXPECT_EQ(desktop.Opened(), "file://" + folder_.path() + "/dopis%20%E1.eml");
   EXPECT_EQ(failures_, 0);
 }
 

@@ -30,8 +30,16 @@ class Folder {
   const std::string& Root() const { return root_; }
 
   zorik::Paths Paths() const {
-    return {root_,           root_ + "/Skins",  root_ + "/Caves", root_ + "/Replays", root_ + "/Players",
-            root_ + "/Help", root_ + "/Replays"};
+    zorik::Paths paths;
+    paths.AppPath = root_;
+    paths.SkinsPath = root_ + "/Skins";
+    paths.CavesPath = root_ + "/Caves";
+    paths.RecordsPath = root_ + "/Replays";
+    paths.PlayersPath = root_ + "/Players";
+    paths.HelpPath = root_ + "/Help";
+    paths.ShippedReplays = root_ + "/Replays";
+    paths.TestRecordsPath = root_ + "/Replays";
+    return paths;
   }
 
   // Writes a collection of these caves into Caves.

@@ -1,5 +1,6 @@
 #include <QFileDialog>
 
+#include "platform/PathText.h"
 #include "screens/FrmStart2.h"
 #include "screens/StartScreen.h"
 
@@ -186,10 +187,26 @@ TEST_F(FrmStart2Test, AddsNoPlayerForANameOfForbiddenCharacters) {
 TEST_F(FrmStart2Test, TellsThatAPlayerIsThereAlready) {
   Player("Žofie");
   Load();
-  const DialogScript script = {Type("žofie"), Box("Text 48", "Hráče žofie nelze přidat.")};
+  const DialogScript script = {Type("žofie"), Box("Text 48", "Hráče žofie nelze přidat.\nZkus jiné jméno.")};
   Click("addplayer");
   EXPECT_EQ(Files("Players"), QStringList{"Žofie"});
   EXPECT_EQ(start_->Player(), "Žofie");
+}
+
+TEST_F(FrmStart2Test, OpensCollectionsAndPlayersOfOldArchives) {
+  Player("Hr\xE1\xE8");
+  Coll("Sk\xE1la.zk", "Skála");
+  Load();
+  EXPECT_EQ(Plrs().Labels(), QStringList{" « Hráč » "});
+  EXPECT_EQ(Colls().Labels(), QStringList{"Skála"});
+  Key(Qt::Key_Return);
+  ASSERT_EQ(opened_->count(), 1);
+  EXPECT_EQ(PathBytes(opened_->at(0)[0].toString()), folder_.Root() + "/Caves/Sk\xE1la.zk");
+  EXPECT_EQ(PathBytes(opened_->at(0)[1].toString()), "Hr\xE1\xE8");
+  Click("fingerEditor");
+  Key(Qt::Key_Return);
+  ASSERT_EQ(edited_->count(), 1);
+  EXPECT_EQ(PathBytes(edited_->at(0)[0].toString()), folder_.Root() + "/Caves/Sk\xE1la.zk");
 }
 
 TEST_F(FrmStart2Test, PutsWhateverTheNameIsIntoTheMessageOnce) {
@@ -210,8 +227,8 @@ TEST_F(FrmStart2Test, GoesOnWhereNoFolderOfPlayersCanBe) {
   std::filesystem::remove_all(folder_.Root() + "/Players");
   folder_.File("Players", "a file");
   Coll("a.zk", "Alfa");
-  const DialogScript script = {Type("Adam"), Box("Text 48", "Hráče Adam nelze přidat."),
-                               Press(Qt::Key_Escape)};
+  const QString said = "Hráče Adam nelze přidat.\nDo této složky se nepodařilo nic zapsat:\n" + At("Players");
+  const DialogScript script = {Type("Adam"), Box("Text 48", said), Press(Qt::Key_Escape)};
   Load();
   EXPECT_TRUE(start_->isVisible());
   EXPECT_EQ(Colls().Count(), 1);

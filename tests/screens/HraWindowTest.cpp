@@ -35,6 +35,18 @@ TEST_F(HraWindowTest, LeavesTheCollectionOutOfTheCaptionWhenItHasNoName) {
   EXPECT_EQ(window->windowTitle(), "Zorík - Test   ...hraje Ada");
 }
 
+TEST_F(HraWindowTest, LeavesControlCharactersOutOfItsCaption) {
+  window->SetCollection(
+      std::string("A\nl\0f\x1B"
+                  "a\x7F",
+                  8));
+  window->SetPlayer(
+      "A\x81"
+      "da");
+  Open(Corridor());
+  EXPECT_EQ(window->windowTitle(), "Zorík - Alfa - Test   ...hraje Ada");
+}
+
 TEST_F(HraWindowTest, NamesNoCollectionInTheCaptionOfATestRun) {
   Open(Corridor(), {}, RunKind::Test);
   EXPECT_EQ(window->windowTitle(), "Zorík - Test   ...zkouší Ada");

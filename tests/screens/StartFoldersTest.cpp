@@ -2,6 +2,7 @@
 
 #include "data/Cp1250.h"
 #include "data/Scramble.h"
+#include "platform/PathText.h"
 #include "screens/Folder.h"
 #include "screens/StartFolders.h"
 
@@ -84,16 +85,60 @@ TEST_F(StartFolders, AFolderThatIsNotThereIsEmpty) {
 
 TEST_F(StartFolders, APlayerIsAddedOnce) {
   const std::string players = folder_.Root() + "/Players";
-  EXPECT_TRUE(AddPlayer(players, *FromUtf8("Žofie")));
+  EXPECT_EQ(AddPlayer(players, *FromUtf8("Žofie")), Added::Yes);
   EXPECT_EQ(ReadPlayers(players), QStringList{"Žofie"});
-  EXPECT_FALSE(AddPlayer(players, *FromUtf8("Žofie")));
-  EXPECT_FALSE(AddPlayer(players, *FromUtf8("ŽOFIE")));
+  EXPECT_EQ(AddPlayer(players, *FromUtf8("Žofie")), Added::ThereAlready);
+  EXPECT_EQ(AddPlayer(players, *FromUtf8("ŽOFIE")), Added::ThereAlready);
 }
 
 TEST_F(StartFolders, APlayerMayComeBeforeTheFolderOfPlayers) {
   const std::string players = folder_.Root() + "/jinde/Players";
-  EXPECT_TRUE(AddPlayer(players, "Adam"));
+  EXPECT_EQ(AddPlayer(players, "Adam"), Added::Yes);
   EXPECT_EQ(ReadPlayers(players), QStringList{"Adam"});
+}
+
+TEST_F(StartFolders, APlayerCannotBeAddedWhereNothingCanBeWritten) {
+  folder_.File("soubor", "no folder");
+  EXPECT_EQ(AddPlayer(folder_.Root() + "/soubor", "Adam"), Added::NotWritten);
+  EXPECT_EQ(AddPlayer("/proc/Players", "Adam"), Added::NotWritten);
+}
+
+TEST_F(StartFolders, NamesOfOldArchivesAreListedAmongTheOthersAndReadable) {
+  for (const char* name : {"b.zk",
+                           "\xC8"
+                           "elo.zk",
+                           "d.zk"})
+    folder_.File("Caves/" + std::string(name), "");
+  EXPECT_EQ(Names(), (QStringList{"b", "Čelo", "d"}));
+  EXPECT_EQ(PathBytes(Files()[1]),
+            "\xC8"
+            "elo.zk");
+  const std::string players = folder_.Root() + "/Players";
+  for (const char* name : {"Ada",
+                           "\xC8"
+                           "en\xECk",
+                           "Zoe", "日本"})
+    std::filesystem::create_directory(players + "/" + name);
+  const QStringList listed = ReadPlayers(players);
+  ASSERT_EQ(listed.size(), 3);
+  EXPECT_EQ(PathBytes(listed[1]),
+            "\xC8"
+            "en\xECk");
+  EXPECT_EQ(AddPlayer(players, *FromUtf8("čeněk")), Added::ThereAlready);
+}
+
+TEST_F(StartFolders, ANameOfAFileShowsNoControlCharacters) {
+  folder_.File("Caves/a\nb\x1B.zk", "");
+  EXPECT_EQ(Names(), QStringList{"ab"});
+}
+
+TEST_F(StartFolders, ALinkThatLeadsNowhereKeepsItsName) {
+  FirstLine("jinde.zk", "BX");
+  std::filesystem::create_symlink("nikde", folder_.Root() + "/Caves/a.zk");
+  folder_.File("a.zk", "bytes");
+  const auto copy = CopyColl(folder_.Root() + "/a.zk", folder_.Root() + "/Caves");
+  ASSERT_TRUE(copy);
+  EXPECT_EQ(*copy, folder_.Root() + "/Caves/a~.zk");
 }
 
 TEST_F(StartFolders, ACopyOfWhatIsNotThereFails) {

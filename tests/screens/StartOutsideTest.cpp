@@ -1,6 +1,10 @@
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <QFile>
 #include <QPushButton>
 
+#include "platform/PathText.h"
 #include "screens/StartScreen.h"
 #include "support/AsNobody.h"
 #include "support/DesktopStandIn.h"
@@ -107,9 +111,36 @@ TEST_F(StartOutside, ACopyThatFailsLeavesTheCollectionWhereItIs) {
   const QString path = Foreign("x.zk", "Cizí");
   std::filesystem::remove_all(folder_.Root() + "/Caves");
   folder_.File("Caves", "a file");
-  const DialogScript script = {Copy(Qt::Key_Y), Box("Text 99", "Soubor se nepodařilo uložit.")};
+  const DialogScript script = {Copy(Qt::Key_Y),
+                               Box("Text 99", "Soubor se nepodařilo uložit.\n" + At("Caves"))};
   start_->AnotherColl(path);
   EXPECT_EQ(opened_->at(0), (QVariantList{path, "Adam"}));
+}
+
+TEST_F(StartOutside, ACollectionWithANameThatIsNoUtf8IsCopiedAndOpenedLikeAllOthers) {
+  folder_.File("jinde/Sk\xE1la.zk", "bytes");
+  const DialogScript script = {Copy(Qt::Key_Y), Delete(Qt::Key_Y)};
+  start_->OpenFromOutside(PathText(folder_.Root() + "/jinde/Sk\xE1la.zk"));
+  EXPECT_TRUE(std::filesystem::exists(folder_.Root() + "/Caves/Sk\xE1la.zk"));
+  EXPECT_FALSE(std::filesystem::exists(folder_.Root() + "/jinde/Sk\xE1la.zk"));
+  EXPECT_EQ(opened_->at(0), (QVariantList{PathText(folder_.Root() + "/Caves/Sk\xE1la.zk"), "Adam"}));
+}
+
+TEST_F(StartOutside, ACopyHasNoControlCharactersInItsName) {
+  folder_.File("jinde/x\ny.zk", "bytes");
+  const DialogScript script = {Copy(Qt::Key_Y), Delete(Qt::Key_N)};
+  start_->AnotherColl(At("jinde/x\ny.zk"));
+  EXPECT_EQ(Files("Caves"), (QStringList{"a.zk", "xy.zk"}));
+}
+
+TEST_F(StartOutside, APipeIsToldAndNotWaitedFor) {
+  alarm(20);
+  folder_.File("jinde/x", "");
+  ASSERT_EQ(mkfifo((folder_.Root() + "/jinde/p.zk").c_str(), 0666), 0);
+  const DialogScript script = {Box("Text 99", "Soubor nelze otevřít:\n" + At("jinde/p.zk"))};
+  start_->AnotherColl(At("jinde/p.zk"));
+  alarm(0);
+  EXPECT_EQ(opened_->count(), 0);
 }
 
 TEST_F(StartOutside, NothingHappensWithoutAPath) {

@@ -128,7 +128,7 @@ class StartScreen : public testing::Test {
     std::string texts = "\xEF\xBB\xBFČeština\nautor\n";
     for (int place = 0; place < 200; ++place) {
       texts += place == 115   ? "Hráč ?1? byl přidán."
-               : place == 116 ? "Hráče ?1? nelze přidat."
+               : place == 116 ? "Hráče ?1? nelze přidat.#Zkus jiné jméno."
                               : "Text " + std::to_string(place);
       texts += "\n";
     }

@@ -1,4 +1,6 @@
 #include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include <QBuffer>
 #include <QByteArray>
@@ -59,6 +61,20 @@ TEST_F(PicturesTest, ThatAreMissingAreTheErrorPicture) {
   EXPECT_EQ(ColourOf("nothing.bmp"), kError);
   std::filesystem::create_directories(At("folder.bmp"));
   EXPECT_EQ(ColourOf("folder.bmp"), kError);
+}
+
+TEST_F(PicturesTest, ThatAreAPipeAreNotWaitedFor) {
+  ASSERT_EQ(mkfifo(At("a.bmp").c_str(), 0666), 0);
+  alarm(20);
+  EXPECT_TRUE(ReadImage(At("a.bmp")).isNull());
+  EXPECT_EQ(ColourOf("a.bmp"), kError);
+  alarm(0);
+}
+
+TEST_F(PicturesTest, AreReadWhateverTheirNamesAre) {
+  Paint("a.bmp", kGreen);
+  std::filesystem::rename(At("a.bmp"), At("k\xF9\xF2.bmp"));
+  EXPECT_EQ(ColourOf("k\xF9\xF2.bmp"), kGreen);
 }
 
 TEST_F(PicturesTest, ThatAreBrokenAreTheErrorPicture) {

@@ -11,7 +11,7 @@ Exit FetchCommand(const CommandLine& line, Console& console) {
   const Result<int> number = ReadNumber<int>(line.operands[1]);
   if (!number) return Fail(console, Exit::Usage, number.Message());
   if (*number > kMostCaves) return Fail(console, Exit::Usage, "caves have numbers up to 99");
-  const Result<std::string> bytes = ReadWhole(path);
+  const Result<std::string> bytes = ReadStream(path);
   if (!bytes) return Fail(console, Exit::CannotRead, bytes.Message());
   const std::string text = FindCaveText(*bytes, *number);
   if (text.empty()) {

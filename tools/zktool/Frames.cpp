@@ -124,7 +124,7 @@ std::unique_ptr<Frames> OpenAs(Exit exit, const std::string& path, std::string b
 }  // namespace
 
 std::unique_ptr<Frames> OpenFrames(const std::string& path, NoFrames& reason) {
-  Result<std::string> bytes = ReadWhole(path);
+  Result<std::string> bytes = ReadStream(path);
   if (!bytes) {
     reason = {Exit::CannotRead, bytes.Message()};
     return nullptr;

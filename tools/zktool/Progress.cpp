@@ -44,7 +44,7 @@ void Print(const PlayedCollection& collection, const Progress& progress, std::os
 Exit ProgressCommand(const CommandLine& line, Console& console) {
   const std::string& path = line.operands[0];
   const std::string& folder = line.operands[1];
-  const Result<std::string> bytes = ReadWhole(path);
+  const Result<std::string> bytes = ReadStream(path);
   if (!bytes) return Fail(console, Exit::CannotRead, bytes.Message());
   std::error_code error;
   if (!fs::is_directory(folder, error)) {

@@ -10,7 +10,7 @@ Exit ReplayCommand(const CommandLine& line, Console& console) {
   const std::string& path = line.operands[0];
   const Result<int> ticks = NumberBehind(line, "--ticks", TraceOptions().ticks);
   if (!ticks) return Fail(console, Exit::Usage, ticks.Message());
-  Result<std::string> bytes = ReadWhole(path);
+  Result<std::string> bytes = ReadStream(path);
   if (!bytes) return Fail(console, Exit::CannotRead, bytes.Message());
   Hra hra;
   if (const auto failure = Replay(hra, std::move(*bytes))) {

@@ -12,7 +12,7 @@ constexpr std::string_view kCollection = "sada";
 
 // The key script of a file; when it has none, says why.
 Result<KeyScript> ReadKeys(const std::string& path, Console& console, Exit& exit) {
-  const Result<std::string> text = ReadWhole(path);
+  const Result<std::string> text = ReadStream(path);
   if (!text) {
     exit = Fail(console, Exit::CannotRead, text.Message());
     return Failure{};
@@ -43,7 +43,7 @@ Exit RunCommand(const CommandLine& line, Console& console) {
   if (!ticks) return Fail(console, Exit::Usage, ticks.Message());
 
   const std::string& cavePath = line.Value("--cave");
-  const Result<std::string> cave = ReadWhole(cavePath);
+  const Result<std::string> cave = ReadStream(cavePath);
   if (!cave) return Fail(console, Exit::CannotRead, cave.Message());
   Exit exit = Exit::Fine;
   const Result<KeyScript> keys = ReadKeys(line.Value("--keys"), console, exit);

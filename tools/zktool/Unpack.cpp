@@ -61,7 +61,7 @@ Exit UnpackCommand(const CommandLine& line, Console& console) {
   if (!line.Has("--force") && HoldsSomething(folder)) {
     return Fail(console, Exit::CannotWrite, folder + " is not empty; name another folder, or give --force");
   }
-  const Result<std::string> bytes = ReadWhole(line.operands[0]);
+  const Result<std::string> bytes = ReadStream(line.operands[0]);
   if (!bytes) return Fail(console, Exit::CannotRead, bytes.Message());
   const Result<Done> written = WriteTogether(UnpackCollection(*bytes), folder);
   return written ? Exit::Fine : Fail(console, Exit::CannotWrite, written.Message());

@@ -37,7 +37,7 @@ constexpr std::array<Verdict, kVerdicts> kCounted{Verdict::Won,     Verdict::Sco
 // The collection may be missing.
 Report ReportOn(Hra& hra, const std::string& file, const PlayedCollection* collection) {
   Report report;
-  Result<std::string> bytes = ReadWhole(file);
+  Result<std::string> bytes = ReadStream(file);
   if (bytes) {
     RecordLines lines(*bytes);
     report.head = ReadRecordHead(lines);
@@ -146,7 +146,7 @@ struct NoCollection {
 std::variant<std::optional<PlayedCollection>, NoCollection> CollectionOf(const CommandLine& line) {
   if (!line.Has("--collection")) return std::nullopt;
   const std::string& path = line.Value("--collection");
-  const Result<std::string> bytes = ReadWhole(path);
+  const Result<std::string> bytes = ReadStream(path);
   if (!bytes) return NoCollection{Exit::CannotRead, bytes.Message()};
   Result<PlayedCollection> collection = ReadForPlay(*bytes);
   if (!collection) return NoCollection{Exit::BadCollection, path + ": " + collection.Message()};
