@@ -18,6 +18,7 @@
 #include "screens/FrmDialog2.h"
 #include "screens/MsgBox.h"
 #include "screens/Outside.h"
+#include "screens/PlainText.h"
 #include "screens/StartWords.h"
 #include "skin/Skin.h"
 
@@ -88,7 +89,7 @@ void FrmSada::GetNames() {
 }
 
 void FrmSada::UpdateTitle() {
-  setWindowTitle(kTitleWords.In(skin_) + "[*]");
+  SetTitle(*this, kTitleWords.In(skin_), ChangeMark::With);
   setWindowModified(sada_.Chg());
 }
 
@@ -114,7 +115,7 @@ FrmSada::Opened FrmSada::OpenColl(const QString& path) {
     return sada_.Open(path.toStdString());
   }();
   if (!report) {
-    Tell(skin_, this, skin_.Text(99), kNotOpenedWords.In(skin_) + '\n' + path);
+    Tell(skin_, this, skin_.Text(99), kNotOpenedWords.Before(skin_) + '\n' + path);
     return Opened::No;
   }
   if (report->Closed) {
@@ -136,7 +137,7 @@ void FrmSada::TellClosed() {
 void FrmSada::TellUnreadable(const std::vector<int>& caves) {
   QStringList numbers;
   for (const int cave : caves) numbers << QString::number(cave);
-  Tell(skin_, this, skin_.Text(99), kUnreadableWords.In(skin_) + '\n' + numbers.join(", "));
+  Tell(skin_, this, skin_.Text(99), kUnreadableWords.Before(skin_) + '\n' + numbers.join(", "));
 }
 
 bool FrmSada::mnuSave_Click() {

@@ -12,6 +12,7 @@
 #include "screens/CaveList.h"
 #include "screens/FrmDialog2.h"
 #include "screens/MsgBox.h"
+#include "screens/PlainText.h"
 #include "screens/ScrollButton.h"
 #include "screens/SkinLabel.h"
 #include "screens/SkinPlacing.h"
@@ -230,7 +231,7 @@ void FrmPoSt::SkinIt() {
 }
 
 void FrmPoSt::SetLWPost() {
-  setWindowTitle(skin_.Text(kWindowTitle));
+  SetTitle(*this, skin_.Text(kWindowTitle));
   SkinButtons();
   if (selection_) ShowColl();
 }
@@ -239,7 +240,7 @@ std::optional<QString> FrmPoSt::LoadColl(const QString& path, const QString& pla
   const std::string name = FromUtf8WithGaps(player.toStdString());
   const std::string folder = ResolvePath(paths_.PlayersPath + "/" + FileSystemName(name));
   Result<Selection> selection = Selection::LoadColl(path.toStdString(), name, folder);
-  if (!selection) return kNotOpenedWords.In(skin_) + "\r\n" + path;
+  if (!selection) return kNotOpenedWords.Before(skin_) + "\r\n" + path;
   selection_ = std::move(*selection);
   SkinIt();
   if (!testAttribute(Qt::WA_Moved)) move(screen()->availableGeometry().center() - rect().center());
@@ -368,7 +369,7 @@ void FrmPoSt::ClickedAuthor() {
 // The desktop may take a while to find out that it has none.
 OpenFailed FrmPoSt::TellNoProgram(const QString& target) {
   return [here = QPointer(this), target] {
-    if (here) here->Say(kNoProgramWords.In(here->skin_) + "\r\n" + target);
+    if (here) here->Say(kNoProgramWords.Before(here->skin_) + "\r\n" + target);
   };
 }
 

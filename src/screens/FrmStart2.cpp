@@ -2,21 +2,23 @@
 
 #include <QApplication>
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScreen>
 #include <QTimer>
 #include <algorithm>
+#include <utility>
 
 #include "data/PlayerName.h"
 #include "platform/FileTypes.h"
+#include "screens/BringIn.h"
 #include "screens/FingerButton.h"
 #include "screens/FrmDialog3.h"
 #include "screens/FrmSLang.h"
 #include "screens/MsgBox.h"
 #include "screens/Outside.h"
+#include "screens/PlainText.h"
 #include "screens/ScrollButton.h"
 #include "screens/SkinButton.h"
 #include "screens/SkinPlacing.h"
@@ -38,6 +40,8 @@ constexpr QColor kVersionInk(0x3A, 0x24, 0x18);
 
 constexpr int kPatience = 200;  // milliseconds between looks whether something else is still open
 
+constexpr int kSettling = 150;  // milliseconds in which a file that is being written gets whole
+
 constexpr const char* kCollFilter = "*.zk";
 constexpr const char* kRecordFilter = "*.zkr";
 
@@ -55,26 +59,6 @@ constexpr std::array kFingers = {
     FingerRow{"fingerEditor", "start.fingereditor.image", "start.fingerEditor.text", "Editor"},
     FingerRow{"finger4", "start.finger4.image", "", ""},
 };
-
-// What a key does to the selected row; a page is as long as the frame.
-int StepOf(int key, int page, int count) {
-  switch (key) {
-    case Qt::Key_Up:
-      return -1;
-    case Qt::Key_Down:
-      return 1;
-    case Qt::Key_PageUp:
-      return -page;
-    case Qt::Key_PageDown:
-      return page;
-    case Qt::Key_Home:
-      return -count;
-    case Qt::Key_End:
-      return count;
-    default:
-      return 0;
-  }
-}
 
 QString FilterOf(const QString& words, const char* pattern) {
   return words + " (" + pattern + ')';
@@ -107,6 +91,8 @@ FrmStart2::FrmStart2(Skin& skin, const Paths& paths, Settings& settings)
       addplayer_(new SkinButton(this)),
       changeskin_(new SkinButton(this)) {
   setFocusPolicy(Qt::StrongFocus);
+  settled_.setSingleShot(true);
+  settled_.setInterval(kSettling);
   for (FingerButton*& finger : fingers_) finger = new FingerButton(this);
   fingers_[0]->setChecked(true);
   NameParts();
@@ -136,6 +122,8 @@ void FrmStart2::Connect() {
   connect(hscroll_, &ScrollButton::Stepped, lblPlr_, &LabelList::Scroll);
   connect(lblCColl_, &LabelList::Opened, this, &FrmStart2::Open);
   connect(lblPlr_, &LabelList::Opened, this, &FrmStart2::Open);
+  connect(&watcher_, &QFileSystemWatcher::directoryChanged, &settled_, qOverload<>(&QTimer::start));
+  connect(&settled_, &QTimer::timeout, this, &FrmStart2::LookAgain);
   connect(lblPlr_, &LabelList::Chosen, this, [](int place) { StorePosledniHrac(place); });
   for (std::size_t i = 0; i < fingers_.size(); ++i) {
     const auto mode = static_cast<Mode>(i);
@@ -157,6 +145,7 @@ void FrmStart2::FrmLoad() {
   connect(this, &FrmStart2::Painted, this, rest, kOnceAndLater);
   RegExt(skin_.Text(56).toStdString(), skin_.Text(109).toStdString());
   FindColls();
+  watcher_.addPath(QString::fromStdString(paths_.CavesPath));
   ListPlayers();
   move(screen()->availableGeometry().center() - rect().center());
   show();
@@ -173,7 +162,7 @@ void FrmStart2::SkinIt() {
 }
 
 void FrmStart2::SkinPalm() {
-  setWindowTitle(kProgramTitle);
+  SetTitle(*this, kProgramTitle);
   ShowMode();
   SkinLists();
   SkinButtons();
@@ -188,7 +177,7 @@ void FrmStart2::SkinButtons() {
   PlaceButton(skin_, *hscroll_, "start.hscroll", QString());
   PlaceButton(skin_, *play_, "start.play", skin_.Caption(kFingers[0].text, kFingers[0].otherwise));
   PlaceButton(skin_, *addplayer_, "start.addplayer", skin_.Text(114));
-  PlaceButton(skin_, *changeskin_, "start.changeskin", kSkinWords.In(skin_));
+  PlaceButton(skin_, *changeskin_, "start.changeskin", kChangeSkinWords.In(skin_));
 }
 
 void FrmStart2::SkinLists() {
@@ -237,9 +226,24 @@ void FrmStart2::ChooseMode(Mode mode) {
 }
 
 void FrmStart2::FindColls() {
+  ShowColls(ReadColls(paths_.CavesPath));
+}
+
+// Other programs may put collections into the folder, or take them away.
+void FrmStart2::LookAgain() {
+  if (!loaded_ || !isVisible()) return;
+  std::vector<CollRow> colls = ReadColls(paths_.CavesPath);
+  if (colls != colls_) ShowColls(std::move(colls));
+}
+
+void FrmStart2::SelectFile(const QString& path) {
+  if (LiesIn(path.toStdString(), paths_.CavesPath)) SelectColl(QFileInfo(path).fileName());
+}
+
+void FrmStart2::ShowColls(std::vector<CollRow> colls) {
   const int old = lblCColl_->Selected();
   const QString file = old < 0 ? QString() : colls_[static_cast<std::size_t>(old)].file;
-  colls_ = ReadColls(paths_.CavesPath);
+  colls_ = std::move(colls);
   QStringList names;
   for (const CollRow& row : colls_) names.push_back(row.name);
   lblCColl_->SetLabels(names);
@@ -321,7 +325,7 @@ void FrmStart2::OpenPath(const QString& path) {
 bool FrmStart2::IsThere(const QString& path) {
   const QFileInfo file(path);
   if (file.isFile() && file.isReadable()) return true;
-  TellOf(kNotOpenedWords.In(skin_), path);
+  TellOf(kNotOpenedWords.Before(skin_), path);
   FindColls();
   return false;
 }
@@ -343,26 +347,12 @@ void FrmStart2::AskForAnyFile() {
 
 void FrmStart2::AnotherColl(const QString& path) {
   if (path.isEmpty() || !IsThere(path)) return;
-  OpenPath(BroughtIn(path));
-}
-
-// Where the collection is to be opened: its copy among those of the game if there is one, else itself.
-QString FrmStart2::BroughtIn(const QString& path) {
-  const QString title = skin_.Text(194);
-  const bool inPlace = LiesIn(path.toStdString(), paths_.CavesPath);
-  if (inPlace || !Ask(skin_, this, title, skin_.Text(112))) return path;
-  const auto copy = CopyColl(path.toStdString(), paths_.CavesPath);
-  if (!copy) {
-    TellOf(kNotStoredWords.In(skin_));
-    return path;
+  const QString place = BringIn(skin_, *this, path, paths_.CavesPath);
+  if (place != path) {
+    FindColls();
+    SelectFile(place);
   }
-  if (Ask(skin_, this, title, skin_.Text(113)) && !QFile::remove(path)) {
-    TellOf(kNotDeletedWords.In(skin_), path);
-  }
-  FindColls();
-  const QString place = QString::fromStdString(*copy);
-  SelectColl(QFileInfo(place).fileName());
-  return place;
+  OpenPath(place);
 }
 
 void FrmStart2::AnotherRepl(const QString& path) {
@@ -389,7 +379,7 @@ void FrmStart2::OpenByKind(const QString& path) {
   const QString kind = QFileInfo(path).suffix().toLower();
   if (kind == "zk") return AnotherColl(path);
   if (kind == "zkr") return AnotherRepl(path);
-  TellOf(kUnknownFileWords.In(skin_), path);
+  TellOf(kUnknownFileWords.Before(skin_), path);
 }
 
 void FrmStart2::NewPlayer() {
@@ -430,7 +420,7 @@ void FrmStart2::TellOf(const QString& words, const QString& path) {
 
 void FrmStart2::keyPressEvent(QKeyEvent* event) {
   const int key = event->key();
-  const int step = StepOf(key, lblCColl_->PageLength(), lblCColl_->Count());
+  const int step = lblCColl_->StepOf(key);
   if (step != 0) return lblCColl_->Select(lblCColl_->Selected() + step);
   if (key == Qt::Key_Left) return lblPlr_->Select(lblPlr_->Selected() - 1);
   if (key == Qt::Key_Right) return lblPlr_->Select(lblPlr_->Selected() + 1);
@@ -463,7 +453,7 @@ void FrmStart2::paintEvent(QPaintEvent* /*event*/) {
   painter.setPen(kVersionInk);
   painter.setFont(GameFont(kVersionLetters));
   painter.drawText(QRect(0, height() - kVersionRise, width(), kVersionHeight), Qt::AlignCenter,
-                   skin_.Caption("version.text"));
+                   OneLine(skin_.Caption("version.text"), kMostInCaption));
   emit Painted();
 }
 
@@ -473,6 +463,12 @@ void FrmStart2::showEvent(QShowEvent* event) {
   if (event->spontaneous() || !loaded_) return;
   FindColls();
   ListPlayers();
+}
+
+// Not every folder can be watched.
+void FrmStart2::changeEvent(QEvent* event) {
+  SkinWindow::changeEvent(event);
+  if (event->type() == QEvent::ActivationChange && isActiveWindow()) settled_.start();
 }
 
 void FrmStart2::closeEvent(QCloseEvent* event) {

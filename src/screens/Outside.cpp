@@ -9,7 +9,9 @@
 
 #include "platform/Paths.h"
 #include "platform/Shell.h"
+#include "screens/Hint.h"
 #include "screens/MsgBox.h"
+#include "screens/PlainText.h"
 #include "screens/StartWords.h"
 #include "skin/GameFont.h"
 
@@ -22,7 +24,7 @@ constexpr int kSideWidth = 150;  // of the places beside the files
 // The answer may come when the window that asked is gone.
 OpenFailed Telling(Skin& skin, QWidget* parent, const QString& what) {
   return [&skin, what, window = QPointer<QWidget>(parent)] {
-    Tell(skin, window, skin.Text(99), kNoProgramWords.In(skin) + '\n' + what);
+    Tell(skin, window, skin.Text(99), kNoProgramWords.Before(skin) + '\n' + what);
   };
 }
 
@@ -36,7 +38,7 @@ class FileBox : public QFileDialog {
   void accept() override {
     const QStringList files = selectedFiles();
     if (files.isEmpty() || QFileInfo::exists(files.constFirst())) return QFileDialog::accept();
-    Tell(skin_, this, windowTitle(), kNotOpenedWords.In(skin_) + '\n' + files.constFirst());
+    Tell(skin_, this, windowTitle(), kNotOpenedWords.Before(skin_) + '\n' + files.constFirst());
   }
 
  private:
@@ -63,15 +65,18 @@ void PrepareFileBox(QFileDialog& box, const Skin& skin, const QString& words) {
   box.setOption(QFileDialog::DontUseNativeDialog);
   box.setOption(QFileDialog::ReadOnly);
   box.setViewMode(QFileDialog::List);
-  box.setLabelText(QFileDialog::LookIn, kLookInWords.In(skin));
-  box.setLabelText(QFileDialog::FileName, kFileNameWords.In(skin));
-  box.setLabelText(QFileDialog::FileType, kFileTypeWords.In(skin));
-  box.setLabelText(QFileDialog::Accept, words);
-  box.setLabelText(QFileDialog::Reject, kCancelWords.In(skin));
+  SetTitle(box, box.windowTitle());
+  KeepLabelsPlain(box);
+  KeepHintsPlain();
+  box.setLabelText(QFileDialog::LookIn, InMenu(kLookInWords.Before(skin)));
+  box.setLabelText(QFileDialog::FileName, InMenu(kFileNameWords.Before(skin)));
+  box.setLabelText(QFileDialog::FileType, InMenu(kFileTypeWords.Before(skin)));
+  box.setLabelText(QFileDialog::Accept, InMenu(words));
+  box.setLabelText(QFileDialog::Reject, InMenu(kCancelWords.In(skin)));
   box.setSidebarUrls(
       {QUrl::fromLocalFile(box.directory().absolutePath()), QUrl::fromLocalFile(QDir::homePath())});
   // Its own buttons have words that no skin tells.
-  for (QToolButton* const button : box.findChildren<QToolButton*>()) button->setToolTip(QString());
+  for (QToolButton* const button : box.findChildren<QToolButton*>()) SetHint(*button, QString());
   for (const char* const name : {"newFolderButton", "detailModeButton", "listModeButton"}) {
     if (auto* const button = box.findChild<QToolButton*>(name)) button->hide();
   }

@@ -50,18 +50,18 @@ std::optional<std::string> NameIn(const std::string& bytes) {
   return name;
 }
 
-QString CollName(const std::string& path) {
-  const auto bytes = ReadWhole(path);
-  const std::optional<std::string> name = bytes ? NameIn(*bytes) : std::nullopt;
-  return QString::fromStdString(name ? ToUtf8(*name) : fs::path(path).stem().string());
-}
-
 bool Exists(const std::string& path) {
   std::error_code error;
   return fs::exists(ResolvePath(path), error);
 }
 
 }  // namespace
+
+QString CollName(const std::string& path) {
+  const auto bytes = ReadWhole(path);
+  const std::optional<std::string> name = bytes ? NameIn(*bytes) : std::nullopt;
+  return QString::fromStdString(name ? ToUtf8(*name) : fs::path(path).stem().string());
+}
 
 std::vector<CollRow> ReadColls(const std::string& folder) {
   QStringList files = QDir(QString::fromStdString(folder)).entryList({"*.zk"}, QDir::Files);

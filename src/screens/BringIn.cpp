@@ -1,0 +1,44 @@
+#include "screens/BringIn.h"
+
+#include <QFile>
+
+#include "platform/Trash.h"
+#include "screens/MsgBox.h"
+#include "screens/StartFolders.h"
+#include "screens/StartWords.h"
+#include "skin/Skin.h"
+
+namespace zorik {
+namespace {
+
+// Places in the language table.
+constexpr int kCopyQuestion = 112;
+constexpr int kDeleteQuestion = 113;
+constexpr int kTitle = 194;
+constexpr int kFaultTitle = 99;
+
+bool PutAway(const QString& path) {
+  return MoveToTrash(path) || QFile::remove(path);
+}
+
+}  // namespace
+
+QString BringIn(Skin& skin, QWidget& window, const QString& path, const std::string& folder) {
+  if (LiesIn(path.toStdString(), folder)) return path;
+  const QString what = "\n\n" + CollName(path.toStdString()) + '\n' + path;
+  const auto agrees = [&](int question) {
+    return Ask(skin, &window, skin.Text(kTitle), skin.Text(question) + what);
+  };
+  if (!agrees(kCopyQuestion)) return path;
+  const auto copy = CopyColl(path.toStdString(), folder);
+  if (!copy) {
+    Tell(skin, &window, skin.Text(kFaultTitle), kNotStoredWords.In(skin));
+    return path;
+  }
+  if (agrees(kDeleteQuestion) && !PutAway(path)) {
+    Tell(skin, &window, skin.Text(kFaultTitle), kNotDeletedWords.Before(skin) + '\n' + path);
+  }
+  return QString::fromStdString(*copy);
+}
+
+}  // namespace zorik
