@@ -107,7 +107,10 @@ void Game::ConnectEditors() {
     frmStart2_.hide();
   });
   connect(&frmSada_, &FrmSada::EditCave, this, &Game::EditCave);
-  connect(&frmSada_, &FrmSada::Closed, this, &Game::ShowStart);
+  connect(&frmSada_, &FrmSada::Closed, this, [this] {
+    ShowStart();
+    frmStart2_.SelectFile(QString::fromStdString(frmSada_.Sada().FileName()));
+  });
   connect(&frmMain_, &FrmMain::Done, this,
           [this](const std::string& text) { frmSada_.CaveDone(QByteArray::fromStdString(text)); });
   connect(&frmMain_, &FrmMain::TestRun, this, &Game::TestRun);
@@ -179,7 +182,7 @@ void Game::PlayRecord(const QString& path, const std::string& player) {
   if (!started) {
     hra_.hide();
     from->show();
-    zorik::Tell(skin_, from, kProgramTitle, kNoRecordWords.In(skin_) + "\n" + ShownPath(path));
+    zorik::Tell(skin_, from, kProgramTitle, kNoRecordWords.Before(skin_) + "\n" + ShownPath(path));
     return;
   }
   from->hide();

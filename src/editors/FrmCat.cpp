@@ -11,7 +11,9 @@
 
 #include "data/Files.h"
 #include "editors/WindowPlace.h"
+#include "screens/Hint.h"
 #include "screens/MsgBox.h"
+#include "screens/PlainText.h"
 #include "screens/StartWords.h"
 #include "skin/Skin.h"
 
@@ -49,8 +51,8 @@ CatData FindCatData(Skin& skin, QWidget* parent) {
 FrmCat::FrmCat(Skin& skin, QWidget* parent)
     : QDialog(parent),
       skin_(skin),
-      lblProgram_(new QLabel(this)),
-      lblCommands_(new QLabel(this)),
+      lblProgram_(NewLabel(this)),
+      lblCommands_(NewLabel(this)),
       lstScript_(new QListWidget(this)),
       lstCmds_(new QListWidget(this)),
       delete_(MakeButton("Command1")),
@@ -129,27 +131,27 @@ std::optional<std::string> FrmCat::Edit(const std::string& script) {
 
 void FrmCat::LoadNames() {
   CatData found = FindCatData(skin_, parentWidget());
-  setWindowTitle(QString::fromStdString(found.Caption));
+  SetTitle(*this, QString::fromStdString(found.Caption));
   closeQuestion_ = QString::fromStdString(found.CloseQuestion);
   const QSignalBlocker quiet(lstCmds_);
   lstCmds_->clear();
   for (const CatCommand& command : found.CatCommands)
-    lstCmds_->addItem(QString::fromStdString(command.Caption));
+    lstCmds_->addItem(OneLine(QString::fromStdString(command.Caption)));
   lstCmds_->setCurrentRow(std::min(kFirstCommand, lstCmds_->count() - 1));
   script_ = CatScript(std::move(found.CatCommands));
   SetWords();
 }
 
 void FrmCat::SetWords() {
-  delete_->setText(kDeleteWords.In(skin_));
-  insert_->setText(kInsertWords.In(skin_));
-  swap_->setText(kSwapWords.In(skin_));
-  ok_->setText(kCatOkWords.In(skin_));
-  delete_->setToolTip(kDeleteHint.In(skin_));
-  insert_->setToolTip(kInsertHint.In(skin_));
-  swap_->setToolTip(kSwapHint.In(skin_));
-  lblProgram_->setText(kScriptWords.In(skin_));
-  lblCommands_->setText(kCommandWords.In(skin_));
+  delete_->setText(InMenu(kDeleteWords.In(skin_)));
+  insert_->setText(InMenu(kInsertWords.In(skin_)));
+  swap_->setText(InMenu(kSwapWords.In(skin_)));
+  ok_->setText(InMenu(kCatOkWords.In(skin_)));
+  SetHint(*delete_, kDeleteHint.In(skin_));
+  SetHint(*insert_, kInsertHint.In(skin_));
+  SetHint(*swap_, kSwapHint.In(skin_));
+  lblProgram_->setText(InMenu(kScriptWords.In(skin_)));
+  lblCommands_->setText(InMenu(kCommandWords.In(skin_)));
 }
 
 void FrmCat::LoadScript(const std::string& script) {
@@ -165,7 +167,7 @@ void FrmCat::Show() {
   while (lstScript_->count() > count) delete lstScript_->takeItem(count);
   while (lstScript_->count() < count) lstScript_->addItem(QString());
   for (int i = 0; i < count; ++i) {
-    lstScript_->item(i)->setText(QString::fromStdString(lines[static_cast<std::size_t>(i)]));
+    lstScript_->item(i)->setText(OneLine(QString::fromStdString(lines[static_cast<std::size_t>(i)])));
   }
   lstScript_->setCurrentRow(script_.Selected());
   showing_ = false;

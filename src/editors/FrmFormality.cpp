@@ -17,6 +17,7 @@
 #include "editors/Marks.h"
 #include "editors/WindowPlace.h"
 #include "screens/MsgBox.h"
+#include "screens/PlainText.h"
 #include "screens/WholeText.h"
 #include "skin/Skin.h"
 
@@ -54,9 +55,9 @@ FrmFormality::FrmFormality(Skin& skin, const CaveModel& cave, QWidget* parent)
       name_(new QLineEdit(this)),
       description_(new QPlainTextEdit(this)),
       colouring_(new QComboBox(this)),
-      lblName_(new QLabel(this)),
-      lblDescription_(new QLabel(this)),
-      lblColouring_(new QLabel(this)) {
+      lblName_(NewLabel(this)),
+      lblDescription_(NewLabel(this)),
+      lblColouring_(NewLabel(this)) {
   setObjectName("frmFormality");
   setModal(true);
   name_->setObjectName("Text3");
@@ -73,7 +74,7 @@ FrmFormality::FrmFormality(Skin& skin, const CaveModel& cave, QWidget* parent)
     box->setValidator(new QRegularExpressionValidator(QRegularExpression(digits), box));
     box->setFixedWidth(LettersWidth(*box, kNumberWidth));
     numbers_[place] = box;
-    lblNumbers_[place] = new QLabel(this);
+    lblNumbers_[place] = NewLabel(this);
   }
   AddButtons();
   LayOut();
@@ -159,18 +160,22 @@ void FrmFormality::OrderTabs() {
 }
 
 void FrmFormality::SetLWEd() {
-  setWindowTitle(skin_.Text(70));
-  const auto label = [this](QLabel& control, int place) { control.setText("- " + skin_.Text(place)); };
+  SetTitle(*this, skin_.Text(70));
+  const auto label = [this](QLabel& control, int place) {
+    control.setText("- " + InMenu(skin_.Text(place)));
+  };
   label(*lblName_, kLabelOfName);
   label(*lblDescription_, kLabelOfDescription);
   label(*lblColouring_, kLabelOfColouring);
   for (const NumberRow& row : kNumberRows)
     label(*lblNumbers_[static_cast<std::size_t>(row.number)], row.label);
-  commands_[kOk]->setText(skin_.Caption("caption.form.ok", "OK"));
-  for (std::size_t i = kCancel; i < commands_.size(); ++i) commands_[i]->setText(skin_.Text(kCaptions[i]));
+  commands_[kOk]->setText(InMenu(skin_.Caption("caption.form.ok", "OK")));
+  for (std::size_t i = kCancel; i < commands_.size(); ++i)
+    commands_[i]->setText(InMenu(skin_.Text(kCaptions[i])));
   const int chosen = colouring_->currentIndex();
   colouring_->clear();
-  for (const ColouringRow& row : kColourings) colouring_->addItem(skin_.Text(row.caption));
+  for (const ColouringRow& row : kColourings)
+    colouring_->addItem(OneLine(skin_.Text(row.caption), kMostInCaption));
   colouring_->setCurrentIndex(std::max(0, chosen));
 }
 
@@ -296,7 +301,7 @@ void FrmFormality::AskSlime() {
   if (permeability == 0) text = skin_.Text(144);
   if (permeability == 8) text = skin_.Text(145);
   if (permeability > 0 && permeability < 8) {
-    text = QString("%1 1:%2.").arg(skin_.Text(143).trimmed()).arg(SlimeOdds(permeability));
+    text = QString("%1 1:%2.").arg(skin_.Text(143).trimmed(), QString::number(SlimeOdds(permeability)));
   }
   const std::string title = BlankJoin(skin_.Words().At(142), std::to_string(permeability) + "?");
   Tell(skin_, this, QString::fromStdString(title), text);

@@ -17,7 +17,9 @@
 #include "editors/Palette.h"
 #include "editors/ToolHint.h"
 #include "editors/WindowPlace.h"
+#include "screens/Hint.h"
 #include "screens/MsgBox.h"
+#include "screens/PlainText.h"
 #include "skin/Skin.h"
 
 namespace zorik {
@@ -92,8 +94,8 @@ void FrmMain::LayOut() {
   labels_[kDogButton] = MakeLabel("Command2", [this, under] { under(PesMenu_, kDogButton); });
   for (QToolButton* const label : labels_) bar->addWidget(label);
   bar->addStretch();
-  imgAmoeba_ = new QLabel(middle);
-  lblAmoebas_ = new QLabel(middle);
+  imgAmoeba_ = NewLabel(middle);
+  lblAmoebas_ = NewLabel(middle);
   lblAmoebas_->setObjectName("Label1");
   bar->addWidget(imgAmoeba_);
   bar->addWidget(lblAmoebas_);
@@ -122,9 +124,9 @@ void FrmMain::LayOut() {
 }
 
 void FrmMain::MakeStatusBar() {
-  lblCell_ = new QLabel(this);
+  lblCell_ = NewLabel(this);
   lblCell_->setObjectName("lblCell");
-  lblSize_ = new QLabel(this);
+  lblSize_ = NewLabel(this);
   lblSize_->setObjectName("lblSize");
   statusBar()->addWidget(lblCell_, 1);
   hint_ = new ToolHint(*palette_, tiles_, this);
@@ -136,12 +138,12 @@ void FrmMain::MakeStatusBar() {
 // Texts and tiles
 
 void FrmMain::SetLW() {
-  setWindowTitle(skin_.Text(198));
+  SetTitle(*this, skin_.Text(198));
   for (const Caption& caption : captions_) {
-    caption.action->setText(skin_.Caption(std::string("caption.") + caption.key, caption.words));
+    caption.action->setText(InMenu(skin_.Caption(std::string("caption.") + caption.key, caption.words)));
   }
   const auto name = [this](LabelPlace place, const char* key, const char* words) {
-    labels_[place]->setText(" " + skin_.Caption(key, words) + " ");
+    labels_[place]->setText(" " + InMenu(skin_.Caption(key, words)) + " ");
     labels_[place]->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
   };
   name(kEditLabel, "caption.main.edit", "Úpravy");
@@ -149,16 +151,16 @@ void FrmMain::SetLW() {
   name(kTestLabel, "caption.main.test", "Odzkoušet");
   const QString cat = skin_.Caption("caption.main.cat", "Program kočky");
   const QString dogs = skin_.Caption("caption.main.dogs", "Výběr Zoríka");
-  labels_[kCatButton]->setToolTip(cat);
+  SetHint(*labels_[kCatButton], cat);
   labels_[kCatButton]->setAccessibleName(cat);
-  labels_[kDogButton]->setToolTip(dogs);
+  SetHint(*labels_[kDogButton], dogs);
   labels_[kDogButton]->setAccessibleName(dogs);
   const QString amoebas = skin_.Caption("caption.main.amoeba", "Počet buněk améby");
-  imgAmoeba_->setToolTip(amoebas);
-  lblAmoebas_->setToolTip(amoebas);
-  const QString dog = skin_.Caption("caption.main.dog", "Zorík");
+  SetHint(*imgAmoeba_, amoebas);
+  SetHint(*lblAmoebas_, amoebas);
+  const QString dog = InMenu(skin_.Caption("caption.main.dog", "Zorík"));
   const auto actions = dogs_->actions();
-  for (int n = 1; n <= kDogs; ++n) actions[n - 1]->setText(QString("%1 %2").arg(dog).arg(n));
+  for (int n = 1; n <= kDogs; ++n) actions[n - 1]->setText(dog + " " + QString::number(n));
   frmFormality_->SetLWEd();
   if (isVisible()) LoadTiles();
   UpdateCaptions();
@@ -201,7 +203,7 @@ void FrmMain::UpdateStatus() {
     const QString object = NameOfLetter(skin_, model_.At(marked->x(), marked->y()));
     cell = QString("%1, %2   %3").arg(marked->x() + 1).arg(marked->y() + 1).arg(object);
   }
-  lblCell_->setText(cell);
+  lblCell_->setText(OneLine(cell, kMostInCaption));
   lblSize_->setText(QString("%1 × %2   %3 %")
                         .arg(model_.Width())
                         .arg(model_.Height())

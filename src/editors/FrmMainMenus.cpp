@@ -7,6 +7,7 @@
 #include "editors/FrmMain.h"
 #include "editors/Marks.h"
 #include "editors/Palette.h"
+#include "screens/PlainText.h"
 #include "skin/Skin.h"
 
 namespace zorik {

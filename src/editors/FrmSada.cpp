@@ -19,6 +19,7 @@
 #include "screens/FrmDialog2.h"
 #include "screens/MsgBox.h"
 #include "screens/Outside.h"
+#include "screens/PlainText.h"
 #include "screens/StartWords.h"
 #include "skin/Skin.h"
 
@@ -89,7 +90,7 @@ void FrmSada::GetNames() {
 }
 
 void FrmSada::UpdateTitle() {
-  setWindowTitle(kTitleWords.In(skin_) + "[*]");
+  SetTitle(*this, kTitleWords.In(skin_), ChangeMark::With);
   setWindowModified(sada_.Chg());
 }
 
@@ -115,7 +116,7 @@ FrmSada::Opened FrmSada::OpenColl(const QString& path) {
     return sada_.Open(PathBytes(path));
   }();
   if (!report) {
-    Tell(skin_, this, skin_.Text(99), kNotOpenedWords.In(skin_) + '\n' + ShownPath(path));
+    Tell(skin_, this, skin_.Text(99), kNotOpenedWords.Before(skin_) + '\n' + ShownPath(path));
     return Opened::No;
   }
   if (report->Closed) {
@@ -137,7 +138,7 @@ void FrmSada::TellClosed() {
 void FrmSada::TellUnreadable(const std::vector<int>& caves) {
   QStringList numbers;
   for (const int cave : caves) numbers << QString::number(cave);
-  Tell(skin_, this, skin_.Text(99), kUnreadableWords.In(skin_) + '\n' + numbers.join(", "));
+  Tell(skin_, this, skin_.Text(99), kUnreadableWords.Before(skin_) + '\n' + numbers.join(", "));
 }
 
 bool FrmSada::mnuSave_Click() {
@@ -163,7 +164,7 @@ bool FrmSada::SaveColl(const QString& path) {
     const BusyNotice busy(frmLoading_);
     return sada_.Save(PathBytes(path));
   }();
-  if (!saved) Tell(skin_, this, skin_.Text(99), kNotStoredWords.In(skin_) + '\n' + ShownPath(path));
+  if (!saved) Tell(skin_, this, skin_.Text(99), kNotStoredWords.Before(skin_) + '\n' + ShownPath(path));
   AfterChange();
   return static_cast<bool>(saved);
 }
@@ -175,7 +176,7 @@ bool FrmSada::FitsFile() {
   const QString lengths =
       FillMarks(kTooLongWords.In(skin_), QString::number(tooLong->length), QString::number(tooLong->most));
   Tell(skin_, this, skin_.Text(99),
-       kNotStoredWords.In(skin_) + '\n' + skin_.Text(LabelOf(tooLong->text)) + ": " + lengths);
+       kNotStoredWords.Before(skin_) + '\n' + skin_.Text(LabelOf(tooLong->text)) + ": " + lengths);
   boxes_->Box(tooLong->text)->setFocus();
   return false;
 }

@@ -9,12 +9,13 @@
 #include <array>
 
 #include "editors/FrmSada.h"
-#include "editors/Marks.h"
 #include "editors/SadaBoxes.h"
 #include "editors/SadaList.h"
 #include "platform/Shell.h"
 #include "screens/FrmAbout.h"
+#include "screens/Hint.h"
 #include "screens/Outside.h"
+#include "screens/PlainText.h"
 #include "skin/Skin.h"
 
 namespace zorik {
@@ -200,7 +201,7 @@ QWidget* FrmSada::MakeListSide() {
     row->addWidget(button);
   }
   row->addStretch();
-  lblCount_ = new QLabel(side);
+  lblCount_ = NewLabel(side);
   lblCount_->setObjectName("lblCount");
   row->addWidget(lblCount_);
   column->addLayout(row);
@@ -215,7 +216,7 @@ void FrmSada::SetLWEd() {
     const QString words = skin_.Caption(std::string("caption.sada.") + caption.key, caption.words);
     caption.action->setText(InMenu(words));
     const QString keys = caption.action->shortcut().toString(QKeySequence::NativeText);
-    caption.action->setToolTip(keys.isEmpty() ? words : words + " (" + keys + ')');
+    SetHint(*caption.action, keys.isEmpty() ? words : words + " (" + keys + ')');
   }
   web_->setVisible(!skin_.Data().SkinText(kWeb).empty());
   mail_->setVisible(!skin_.Data().SkinText(kMail).empty());
@@ -232,7 +233,7 @@ void FrmSada::UpdateActions() {
   mnuMark_->setEnabled(selected > 1);
   mnuMark_->setChecked(sada_.IsOpen(selected));
   const int count = sada_.ListCount();
-  lblCount_->setText(QString::number(count) + ' ' + skin_.Text(PlaceOfCaves(count)));
+  lblCount_->setText(QString::number(count) + ' ' + OneLine(skin_.Text(PlaceOfCaves(count)), kMostInCaption));
 }
 
 }  // namespace zorik

@@ -11,6 +11,7 @@
 #include "editors/EditTiles.h"
 #include "editors/Marks.h"
 #include "editors/WindowPlace.h"
+#include "screens/PlainText.h"
 #include "skin/Shown.h"
 #include "skin/Skin.h"
 
@@ -57,7 +58,7 @@ QString NameOfLetter(const Skin& skin, char letter) {
 
 FrmStats::FrmStats(Skin& skin, const CaveModel& cave, EditTiles& tiles, QWidget* parent) : QDialog(parent) {
   setObjectName("frmStats");
-  setWindowTitle(skin.Caption("caption.main.stats", "Statistika"));
+  SetTitle(*this, skin.Caption("caption.main.stats", "Statistika"));
   auto* const table = new QTableWidget(0, 3, this);
   table->setObjectName("lstStats");
   table->horizontalHeader()->hide();
@@ -75,7 +76,7 @@ FrmStats::FrmStats(Skin& skin, const CaveModel& cave, EditTiles& tiles, QWidget*
     const int palette = ToolOfLetter(letter);
     if (palette >= 0) picture->setIcon(QIcon(QPixmap::fromImage(tiles.Tile(palette, ValueOf(letter), size))));
     table->setItem(row, 0, picture);
-    table->setItem(row, 1, Item(NameOfLetter(skin, letter)));
+    table->setItem(row, 1, Item(OneLine(NameOfLetter(skin, letter), kMostInCaption)));
     auto* const number = Item(QString::number(count));
     number->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
     table->setItem(row, 2, number);
@@ -85,7 +86,7 @@ FrmStats::FrmStats(Skin& skin, const CaveModel& cave, EditTiles& tiles, QWidget*
   table->horizontalHeader()->setSectionResizeMode(1, QHeaderView::Stretch);
   auto* const buttons = new QDialogButtonBox(this);
   auto* const shut =
-      buttons->addButton(skin.Caption("caption.sada.close", "Zavřít"), QDialogButtonBox::RejectRole);
+      buttons->addButton(InMenu(skin.Caption("caption.sada.close", "Zavřít")), QDialogButtonBox::RejectRole);
   connect(shut, &QPushButton::clicked, this, &QDialog::reject);
   shut->setFocus();
   auto* const rows = new QVBoxLayout(this);

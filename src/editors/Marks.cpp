@@ -18,8 +18,4 @@ QString FillMarks(const QString& text, const QString& one, const QString& two) {
   return filled;
 }
 
-QString InMenu(QString text) {
-  return text.replace("&", "&&");
-}
-
 }  // namespace zorik

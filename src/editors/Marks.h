@@ -7,7 +7,4 @@ namespace zorik {
 // Puts names in place of the marks ?1? and ?2? of a text. A mark within a name stays as it is.
 QString FillMarks(const QString& text, const QString& one, const QString& two);
 
-// A text as a menu takes it, where a single ampersand would underline a letter.
-QString InMenu(QString text);
-
 }  // namespace zorik

@@ -3,11 +3,11 @@
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QPainter>
-#include <QToolTip>
 #include <algorithm>
 
 #include "editors/ToolButtons.h"
 #include "editors/ToolHint.h"
+#include "screens/Hint.h"
 
 namespace zorik {
 namespace {
@@ -111,11 +111,8 @@ bool Palette::event(QEvent* event) {
   if (event->type() != QEvent::ToolTip) return QWidget::event(event);
   const auto& help = static_cast<QHelpEvent&>(*event);
   const int palette = PaletteAt(help.pos());
-  if (palette < 0) {
-    QToolTip::hideText();
-  } else {
-    QToolTip::showText(help.globalPos(), caption_(palette), this, TileRect(palette));
-  }
+  const bool none = palette < 0;
+  ShowHint(help.globalPos(), none ? QString() : caption_(palette), *this, none ? QRect() : TileRect(palette));
   return true;
 }
 

@@ -9,6 +9,8 @@
 #include <algorithm>
 
 #include "editors/BoxText.h"
+#include "screens/Hint.h"
+#include "screens/PlainText.h"
 #include "screens/WholeText.h"
 #include "skin/Skin.h"
 
@@ -138,7 +140,7 @@ void SadaBoxes::LayOut() {
   form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
   const std::array<QWidget*, 5> boxes{Text3_, Text1_, Text2_, Text4_, txtBody_};
   for (std::size_t i = 0; i < boxes.size(); ++i) {
-    labels_[i] = new QLabel(this);
+    labels_[i] = NewLabel(this);
     labels_[i]->setBuddy(boxes[i]);
     form->addRow(labels_[i], boxes[i]);
     if (i > 0) setTabOrder(boxes[i - 1], boxes[i]);
@@ -154,8 +156,8 @@ void SadaBoxes::SetLWEd(const Skin& skin) {
   for (std::size_t i = 0; i < labels_.size(); ++i) {
     const bool body = i + 1 == labels_.size();
     const QString words = skin.Text(body ? kBodyLabel : LabelOf(static_cast<SadaText>(i)));
-    labels_[i]->setText(words);
-    labels_[i]->buddy()->setToolTip(words);
+    labels_[i]->setText(InMenu(words));
+    SetHint(*labels_[i]->buddy(), words);
   }
 }
 

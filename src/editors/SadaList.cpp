@@ -5,10 +5,11 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScrollBar>
-#include <QToolTip>
 #include <algorithm>
 
 #include "editors/BoxText.h"
+#include "screens/Hint.h"
+#include "screens/PlainText.h"
 
 namespace zorik {
 namespace {
@@ -111,9 +112,9 @@ bool SadaList::ShowHint(const QHelpEvent& event) {
     hint = markHint_;
   } else if (number > 0) {
     const QString name = ToBox(sada_.Name(number));
-    if (QFontMetrics(RowFont()).horizontalAdvance(name) > lblCave(number).width()) hint = name;
+    if (QFontMetrics(RowFont()).horizontalAdvance(OneLine(name)) > lblCave(number).width()) hint = name;
   }
-  QToolTip::showText(event.globalPos(), hint.toHtmlEscaped(), viewport());
+  zorik::ShowHint(event.globalPos(), hint, *viewport());
   return true;
 }
 
@@ -206,7 +207,7 @@ void SadaList::DrawRow(QPainter& painter, int number) const {
   painter.drawText(QRect(row.left(), row.top(), name.left() - row.left() - pad, row.height()),
                    Qt::AlignRight | Qt::AlignVCenter, QString::number(number));
   painter.setPen(text);
-  const QString words = painter.fontMetrics().elidedText(ToBox(sada_.Name(number)).simplified(),
+  const QString words = painter.fontMetrics().elidedText(OneLine(ToBox(sada_.Name(number))).simplified(),
                                                          Qt::ElideRight, name.width() - 2 * pad);
   painter.drawText(name.adjusted(pad, 0, -pad, 0), Qt::AlignLeft | Qt::AlignVCenter, words);
   const QRect mark = lblPoc(number);

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "screens/PlainText.h"
 #include "screens/SkinPlacing.h"
 #include "screens/StartLists.h"
 #include "skin/GameFont.h"
@@ -112,8 +113,8 @@ void CaveList::DrawRow(QPainter& painter, int number) const {
   painter.drawText(line, Qt::AlignLeft | Qt::AlignVCenter, Digits(number, 2));
   painter.drawText(line, Qt::AlignRight | Qt::AlignVCenter, Digits(row.score, 5));
   const QRect name = line.adjusted(kNumberWidth, 0, -kScoreWidth, 0);
-  painter.drawText(name, Qt::AlignLeft | Qt::AlignVCenter,
-                   fontMetrics().elidedText(row.name, Qt::ElideRight, name.width()));
+  painter.drawText(name, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+                   fontMetrics().elidedText(OneLine(row.name), Qt::ElideRight, name.width()));
 }
 
 void CaveList::paintEvent(QPaintEvent* /*event*/) {

@@ -3,6 +3,8 @@
 #include <QMouseEvent>
 #include <QPainter>
 
+#include "screens/Hint.h"
+#include "screens/PlainText.h"
 #include "screens/SeenPart.h"
 
 namespace zorik {
@@ -32,9 +34,9 @@ void FingerButton::SetOverlay(const QImage& overlay) {
 }
 
 void FingerButton::SetWords(const QString& words) {
-  setText(words);
-  setToolTip(words);
-  setAccessibleName(words);
+  setText(InMenu(words));
+  SetHint(*this, words);
+  setAccessibleName(OneLine(words));
 }
 
 void FingerButton::SetLitBelow(bool lit) {

@@ -5,6 +5,8 @@
 #include <QVBoxLayout>
 
 #include "screens/Outside.h"
+#include "screens/PlainText.h"
+#include "screens/ShowText.h"
 #include "screens/SkinButton.h"
 #include "screens/StartWords.h"
 #include "screens/Tones.h"
@@ -17,6 +19,13 @@ namespace {
 constexpr int kLetters = 16;
 constexpr int kMargin = 24;
 constexpr int kGap = 16;
+constexpr int kLineWidth = 560;
+constexpr int kMostLines = 20;
+
+// As many lines of a text as a screen has room for.
+QString InRoom(const QString& text, const QFont& letters) {
+  return WrapText(InLines(text), QFontMetrics(letters), kLineWidth, kMostLines).lines.join('\n');
+}
 
 QString LinkTo(const QString& target, const QString& words, QColor colour) {
   return "<a href=\"" + target + "\" style=\"color:" + colour.name() + "\">" + words + "</a>";
@@ -35,7 +44,7 @@ QString WithLinks(const QString& text, QColor colour) {
     end = match.capturedEnd();
   }
   rich += text.mid(end).toHtmlEscaped();
-  return rich.replace("\r\n", "<br>");
+  return rich.replace('\n', "<br>");
 }
 
 }  // namespace
@@ -44,7 +53,7 @@ FrmAbout::FrmAbout(Skin& skin, const Paths& paths, QWidget* parent)
     : SkinDialog(parent),
       skin_(skin),
       page_(HelpPage(paths, skin, "oprogramu.html")),
-      lblText_(new QLabel(this)),
+      lblText_(NewLabel(this)),
       ok_(new SkinButton(this)) {
   lblText_->setObjectName("lblText");
   lblText_->setTextFormat(Qt::RichText);
@@ -71,10 +80,11 @@ void FrmAbout::SkinIt() {
   Surface().SetColour(tones.ground);
   setPalette(PaletteOf(tones));
   setFont(GameFont(kLetters));
-  setWindowTitle(skin_.Text(99));
+  SetTitle(*this, skin_.Text(99));
   const QString page = QString::fromUtf8(QUrl::fromLocalFile(page_).toEncoded());
-  lblText_->setText(WithLinks(skin_.Text(199), tones.mark) + "<br><br>" +
-                    LinkTo(page, kProgramWords.In(skin_), tones.mark));
+  lblText_->setText(WithLinks(InRoom(skin_.Text(199), font()), tones.mark) + "<br><br>" +
+                    LinkTo(page.toHtmlEscaped(),
+                           OneLine(kProgramWords.In(skin_), kMostInCaption).toHtmlEscaped(), tones.mark));
   ok_->setObjectName("ok");
   ok_->SetPicture(skin_.Picture("dialog.ok.image"));
   ok_->SetWords(kOkWords.In(skin_));

@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "data/RecordFile.h"
+#include "screens/PlainText.h"
 #include "screens/SkinButton.h"
 #include "screens/SkinLabel.h"
 #include "screens/SkinPlacing.h"
@@ -33,9 +34,8 @@ constexpr int kSecondsLetters = 20;
 constexpr int kPadding = 8;
 
 QLabel* NewLabel(const char* name, const QRect& place, QWidget* parent) {
-  auto* const label = new QLabel(parent);
+  auto* const label = zorik::NewLabel(parent);
   label->setObjectName(name);
-  label->setTextFormat(Qt::PlainText);
   label->setAlignment(Qt::AlignCenter);
   label->setGeometry(place);
   return label;
@@ -87,7 +87,7 @@ FrmAnalyze::FrmAnalyze(Skin& skin, QWidget* parent)
 }
 
 void FrmAnalyze::SkinIt() {
-  setWindowTitle(kProgramTitle);
+  SetTitle(*this, kProgramTitle);
   SetWindowPicture(skin_, Surface(), *this, "score", kPlainSize);
   const QImage picture = skin_.Picture("score.image");
   SetColour(Label2_, TextOn(picture, kLineBox));

@@ -4,6 +4,7 @@
 #include <QPlainTextEdit>
 #include <QTextEdit>
 
+#include "screens/PlainText.h"
 #include "screens/SkinButton.h"
 #include "screens/SkinPlacing.h"
 #include "screens/StartWords.h"
@@ -16,6 +17,7 @@ namespace {
 
 constexpr int kLetters = 16;
 constexpr int kReadLetters = 20;
+constexpr qsizetype kMostRead = 20000;
 constexpr QSize kPlainSize(520, 360);
 constexpr QRect kPlainBox(40, 60, 440, 220);
 
@@ -50,7 +52,7 @@ FrmDialog2::FrmDialog2(Skin& skin, QWidget* parent)
 }
 
 void FrmDialog2::SkinIt() {
-  setWindowTitle(skin_.Caption("congratulation.text"));
+  SetTitle(*this, skin_.Caption("congratulation.text"));
   SetWindowPicture(skin_, Surface(), *this, "congratulation", kPlainSize);
   QPalette colours = palette();
   colours.setColor(QPalette::Base, skin_.Colour("congratulation.congrat.color", Qt::white));
@@ -75,7 +77,7 @@ void FrmDialog2::SetMode(bool editing) {
 
 void FrmDialog2::ShowG(const QString& text) {
   SkinIt();
-  picText_->setPlainText(text);
+  picText_->setPlainText(InLines(text, kMostRead));
   picText_->selectAll();
   picText_->setAlignment(Qt::AlignHCenter);
   picText_->moveCursor(QTextCursor::Start);

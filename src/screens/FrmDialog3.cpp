@@ -3,6 +3,7 @@
 #include <QLineEdit>
 
 #include "data/PlayerName.h"
+#include "screens/PlainText.h"
 #include "screens/SkinButton.h"
 #include "screens/SkinPlacing.h"
 #include "screens/StartWords.h"
@@ -36,8 +37,8 @@ FrmDialog3::FrmDialog3(Skin& skin, QWidget* parent)
 }
 
 void FrmDialog3::SkinIt() {
-  const QString caption = skin_.Caption("addplayer.text", "Nový hráč");
-  setWindowTitle(caption);
+  const QString caption = OneLine(skin_.Caption("addplayer.text", "Nový hráč"), kMostInCaption);
+  SetTitle(*this, caption);
   Text1_->setAccessibleName(caption);
   Text1_->setPlaceholderText(caption);
   SetWindowPicture(skin_, Surface(), *this, "addplayer", kPlainSize);

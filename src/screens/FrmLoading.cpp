@@ -9,6 +9,7 @@
 #include <QTimer>
 #include <QWindow>
 
+#include "screens/PlainText.h"
 #include "screens/StartWords.h"
 #include "skin/GameFont.h"
 #include "skin/Skin.h"
@@ -75,8 +76,8 @@ FrmLoading::~FrmLoading() = default;
 void FrmLoading::Appear() {
   if (isVisible()) return;
   picture_ = skin_.MenuPicture("working");
-  words_ = kLoadingWords.In(skin_);
-  setWindowTitle(kProgramTitle);
+  words_ = OneLine(kLoadingWords.In(skin_), kMostInCaption);
+  SetTitle(*this, kProgramTitle);
   move(screen()->availableGeometry().center() - rect().center());
   qApp->installEventFilter(this);
   show();

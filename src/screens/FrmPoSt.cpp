@@ -15,6 +15,7 @@
 #include "screens/CaveList.h"
 #include "screens/FrmDialog2.h"
 #include "screens/MsgBox.h"
+#include "screens/PlainText.h"
 #include "screens/ScrollButton.h"
 #include "screens/SkinLabel.h"
 #include "screens/SkinPlacing.h"
@@ -233,7 +234,7 @@ void FrmPoSt::SkinIt() {
 }
 
 void FrmPoSt::SetLWPost() {
-  setWindowTitle(skin_.Text(kWindowTitle));
+  SetTitle(*this, skin_.Text(kWindowTitle));
   SkinButtons();
   if (selection_) ShowColl();
 }
@@ -241,7 +242,7 @@ void FrmPoSt::SetLWPost() {
 std::optional<QString> FrmPoSt::LoadColl(const QString& path, const QString& player) {
   const std::string name = PlayerOfFolder(player);
   Result<Selection> selection = Selection::LoadColl(PathBytes(path), name, FolderOf(player));
-  if (!selection) return kNotOpenedWords.In(skin_) + "\r\n" + ShownPath(path);
+  if (!selection) return kNotOpenedWords.Before(skin_) + "\r\n" + ShownPath(path);
   selection_ = std::move(*selection);
   SkinIt();
   if (!testAttribute(Qt::WA_Moved)) move(screen()->availableGeometry().center() - rect().center());
@@ -359,7 +360,7 @@ void FrmPoSt::Congratulate() {
 void FrmPoSt::ClickedSend() {
   const Result<std::string> mail = WriteMail(selection_->Collection(), selection_->PlayerFolder());
   if (!mail) {
-    Say(kNotStoredWords.In(skin_) + "\r\n" + ShownPath(selection_->PlayerFolder() + "/temp.eml"));
+    Say(kNotStoredWords.Before(skin_) + "\r\n" + ShownPath(selection_->PlayerFolder() + "/temp.eml"));
     return;
   }
   const QString path = PathText(*mail);
@@ -377,7 +378,7 @@ void FrmPoSt::ClickedAuthor() {
 // The desktop may take a while to find out that it has none.
 OpenFailed FrmPoSt::TellNoProgram(const QString& target) {
   return [here = QPointer(this), target] {
-    if (here) here->Say(kNoProgramWords.In(here->skin_) + "\r\n" + target);
+    if (here) here->Say(kNoProgramWords.Before(here->skin_) + "\r\n" + target);
   };
 }
 

@@ -10,6 +10,7 @@
 #include <algorithm>
 
 #include "screens/MsgBox.h"
+#include "screens/PlainText.h"
 #include "screens/StartWords.h"
 #include "skin/GameFont.h"
 #include "skin/Skin.h"
@@ -68,10 +69,10 @@ FrmSLang::FrmSLang(Skin& skin, Settings& settings, QWidget* parent)
 
 void FrmSLang::SetLW() {
   setFont(GameFont(kLetters));
-  setWindowTitle(kSkinWords.In(skin_));
-  Combo1_->setAccessibleName(kSkinWords.In(skin_));
-  Command1_->setText(kAboutSkinWords.In(skin_));
-  Command2_->setText(kCloseWords.In(skin_));
+  SetTitle(*this, kSkinWords.In(skin_));
+  Combo1_->setAccessibleName(OneLine(kSkinWords.In(skin_)));
+  Command1_->setText(InMenu(kAboutSkinWords.In(skin_)));
+  Command2_->setText(InMenu(kCloseWords.In(skin_)));
 }
 
 void FrmSLang::Choose(const QString& name) {

@@ -4,6 +4,7 @@
 #include <QLabel>
 
 #include "screens/MsgBox.h"
+#include "screens/PlainText.h"
 #include "screens/SkinButton.h"
 #include "screens/SkinScale.h"
 #include "screens/StartWords.h"
@@ -35,8 +36,8 @@ constexpr std::array kCheckKeys = {"settings.check1.text", "settings.check2.text
 FrmSettings::FrmSettings(Skin& skin, QWidget* parent)
     : SkinDialog(parent),
       skin_(skin),
-      lblCaption_(new QLabel(this)),
-      lblSpeed_{new QLabel(this), new QLabel(this)},
+      lblCaption_(NewLabel(this)),
+      lblSpeed_{NewLabel(this), NewLabel(this)},
       scales_{new SkinScale(kFastest, kSlowest, this), new SkinScale(kFastest, kSlowest, this)},
       checks_{new SkinCheck(this), new SkinCheck(this), new SkinCheck(this)},
       ok_(new SkinButton(this)),
@@ -96,15 +97,16 @@ void FrmSettings::SkinIt() {
   lblCaption_->setPalette(colours);
   lblCaption_->setFont(GameFont(kHeadLetters));
 
-  setWindowTitle(skin_.Caption("settings.text"));
-  lblCaption_->setText(windowTitle());
+  const QString title = skin_.Caption("settings.text");
+  SetTitle(*this, title);
+  lblCaption_->setText(OneLine(title, kMostInCaption));
   for (std::size_t i = 0; i < scales_.size(); ++i) {
-    const QString caption = skin_.Caption(kSpeedKeys[i]);
+    const QString caption = OneLine(skin_.Caption(kSpeedKeys[i]), kMostInCaption);
     lblSpeed_[i]->setText(caption + " :");
     scales_[i]->setAccessibleName(caption);
   }
   for (std::size_t i = 0; i < checks_.size(); ++i) {
-    checks_[i]->setText(skin_.Caption(kCheckKeys[i]));
+    checks_[i]->setText(InMenu(skin_.Caption(kCheckKeys[i])));
     checks_[i]->SetPicture(skin_.Picture("settings.checks.image"));
   }
   ok_->SetPicture(skin_.Picture("settings.ok.image"));

@@ -7,18 +7,19 @@
 #include <QScreen>
 #include <QTimer>
 #include <algorithm>
-#include <filesystem>
-#include <system_error>
+#include <utility>
 
 #include "data/Files.h"
 #include "data/PlayerName.h"
 #include "platform/FileTypes.h"
 #include "platform/PathText.h"
+#include "screens/BringIn.h"
 #include "screens/FingerButton.h"
 #include "screens/FrmDialog3.h"
 #include "screens/FrmSLang.h"
 #include "screens/MsgBox.h"
 #include "screens/Outside.h"
+#include "screens/PlainText.h"
 #include "screens/ScrollButton.h"
 #include "screens/SkinButton.h"
 #include "screens/SkinPlacing.h"
@@ -40,6 +41,8 @@ constexpr QColor kVersionInk(0x3A, 0x24, 0x18);
 
 constexpr int kPatience = 200;  // milliseconds between looks whether something else is still open
 
+constexpr int kSettling = 150;  // milliseconds in which a file that is being written gets whole
+
 constexpr const char* kCollFilter = "*.zk";
 constexpr const char* kRecordFilter = "*.zkr";
 
@@ -57,26 +60,6 @@ constexpr std::array kFingers = {
     FingerRow{"fingerEditor", "start.fingereditor.image", "start.fingerEditor.text", "Editor"},
     FingerRow{"finger4", "start.finger4.image", "", ""},
 };
-
-// What a key does to the selected row; a page is as long as the frame.
-int StepOf(int key, int page, int count) {
-  switch (key) {
-    case Qt::Key_Up:
-      return -1;
-    case Qt::Key_Down:
-      return 1;
-    case Qt::Key_PageUp:
-      return -page;
-    case Qt::Key_PageDown:
-      return page;
-    case Qt::Key_Home:
-      return -count;
-    case Qt::Key_End:
-      return count;
-    default:
-      return 0;
-  }
-}
 
 QString FilterOf(const QString& words, const char* pattern) {
   return words + " (" + pattern + ')';
@@ -109,6 +92,8 @@ FrmStart2::FrmStart2(Skin& skin, const Paths& paths, Settings& settings)
       addplayer_(new SkinButton(this)),
       changeskin_(new SkinButton(this)) {
   setFocusPolicy(Qt::StrongFocus);
+  settled_.setSingleShot(true);
+  settled_.setInterval(kSettling);
   for (FingerButton*& finger : fingers_) finger = new FingerButton(this);
   fingers_[0]->setChecked(true);
   NameParts();
@@ -138,6 +123,8 @@ void FrmStart2::Connect() {
   connect(hscroll_, &ScrollButton::Stepped, lblPlr_, &LabelList::Scroll);
   connect(lblCColl_, &LabelList::Opened, this, &FrmStart2::Open);
   connect(lblPlr_, &LabelList::Opened, this, &FrmStart2::Open);
+  connect(&watcher_, &QFileSystemWatcher::directoryChanged, &settled_, qOverload<>(&QTimer::start));
+  connect(&settled_, &QTimer::timeout, this, &FrmStart2::LookAgain);
   connect(lblPlr_, &LabelList::Chosen, this, [](int place) { StorePosledniHrac(place); });
   for (std::size_t i = 0; i < fingers_.size(); ++i) {
     const auto mode = static_cast<Mode>(i);
@@ -159,6 +146,7 @@ void FrmStart2::FrmLoad() {
   connect(this, &FrmStart2::Painted, this, rest, kOnceAndLater);
   RegExt(skin_.Text(56).toStdString(), skin_.Text(109).toStdString());
   FindColls();
+  watcher_.addPath(QString::fromStdString(paths_.CavesPath));
   ListPlayers();
   move(screen()->availableGeometry().center() - rect().center());
   show();
@@ -175,7 +163,7 @@ void FrmStart2::SkinIt() {
 }
 
 void FrmStart2::SkinPalm() {
-  setWindowTitle(kProgramTitle);
+  SetTitle(*this, kProgramTitle);
   ShowMode();
   SkinLists();
   SkinButtons();
@@ -190,7 +178,7 @@ void FrmStart2::SkinButtons() {
   PlaceButton(skin_, *hscroll_, "start.hscroll", QString());
   PlaceButton(skin_, *play_, "start.play", skin_.Caption(kFingers[0].text, kFingers[0].otherwise));
   PlaceButton(skin_, *addplayer_, "start.addplayer", skin_.Text(114));
-  PlaceButton(skin_, *changeskin_, "start.changeskin", kSkinWords.In(skin_));
+  PlaceButton(skin_, *changeskin_, "start.changeskin", kChangeSkinWords.In(skin_));
 }
 
 void FrmStart2::SkinLists() {
@@ -239,9 +227,24 @@ void FrmStart2::ChooseMode(Mode mode) {
 }
 
 void FrmStart2::FindColls() {
+  ShowColls(ReadColls(paths_.CavesPath));
+}
+
+// Other programs may put collections into the folder, or take them away.
+void FrmStart2::LookAgain() {
+  if (!loaded_ || !isVisible()) return;
+  std::vector<CollRow> colls = ReadColls(paths_.CavesPath);
+  if (colls != colls_) ShowColls(std::move(colls));
+}
+
+void FrmStart2::SelectFile(const QString& path) {
+  if (LiesIn(path.toStdString(), paths_.CavesPath)) SelectColl(QFileInfo(path).fileName());
+}
+
+void FrmStart2::ShowColls(std::vector<CollRow> colls) {
   const int old = lblCColl_->Selected();
   const QString file = old < 0 ? QString() : colls_[static_cast<std::size_t>(old)].file;
-  colls_ = ReadColls(paths_.CavesPath);
+  colls_ = std::move(colls);
   QStringList names;
   for (const CollRow& row : colls_) names.push_back(row.name);
   lblCColl_->SetLabels(names);
@@ -323,7 +326,7 @@ void FrmStart2::OpenPath(const QString& path) {
 // A file may be gone since the list was made.
 bool FrmStart2::IsThere(const QString& path) {
   if (IsReadableFile(PathBytes(path))) return true;
-  TellOf(kNotOpenedWords.In(skin_), path);
+  TellOf(kNotOpenedWords.Before(skin_), path);
   FindColls();
   return false;
 }
@@ -348,27 +351,12 @@ void FrmStart2::AskForAnyFile() {
 
 void FrmStart2::AnotherColl(const QString& path) {
   if (path.isEmpty() || !IsThere(path)) return;
-  OpenPath(BroughtIn(path));
-}
-
-// Where the collection is to be opened: its copy among those of the game if there is one, else itself.
-QString FrmStart2::BroughtIn(const QString& path) {
-  const QString title = skin_.Text(194);
-  const bool inPlace = LiesIn(PathBytes(path), paths_.CavesPath);
-  if (inPlace || !Ask(skin_, this, title, skin_.Text(112))) return path;
-  const auto copy = CopyColl(PathBytes(path), paths_.CavesPath);
-  if (!copy) {
-    TellOf(kNotStoredWords.In(skin_), PathText(paths_.CavesPath));
-    return path;
+  const QString place = BringIn(skin_, *this, path, paths_.CavesPath);
+  if (place != path) {
+    FindColls();
+    SelectFile(place);
   }
-  std::error_code error;
-  if (Ask(skin_, this, title, skin_.Text(113)) && !std::filesystem::remove(PathBytes(path), error)) {
-    TellOf(kNotDeletedWords.In(skin_), path);
-  }
-  FindColls();
-  const QString place = PathText(*copy);
-  SelectColl(QFileInfo(place).fileName());
-  return place;
+  OpenPath(place);
 }
 
 void FrmStart2::AnotherRepl(const QString& path) {
@@ -395,7 +383,7 @@ void FrmStart2::OpenByKind(const QString& path) {
   const QString kind = QFileInfo(path).suffix().toLower();
   if (kind == "zk") return AnotherColl(path);
   if (kind == "zkr") return AnotherRepl(path);
-  TellOf(kUnknownFileWords.In(skin_), path);
+  TellOf(kUnknownFileWords.Before(skin_), path);
 }
 
 void FrmStart2::NewPlayer() {
@@ -413,7 +401,7 @@ void FrmStart2::NewPlayer() {
   // Another name, as the second line advises, would not help.
   if (added == Added::NotWritten) {
     Tell(skin_, this, skin_.Text(48),
-         words(116).section('\r', 0, 0) + '\n' + kFolderWords.In(skin_) + '\n' +
+         words(116).section('\r', 0, 0) + '\n' + kFolderWords.Before(skin_) + '\n' +
              ShownPath(paths_.PlayersPath));
   }
   FindPlrs();
@@ -439,7 +427,7 @@ void FrmStart2::TellOf(const QString& words, const QString& path) {
 
 void FrmStart2::keyPressEvent(QKeyEvent* event) {
   const int key = event->key();
-  const int step = StepOf(key, lblCColl_->PageLength(), lblCColl_->Count());
+  const int step = lblCColl_->StepOf(key);
   if (step != 0) return lblCColl_->Select(lblCColl_->Selected() + step);
   if (key == Qt::Key_Left) return lblPlr_->Select(lblPlr_->Selected() - 1);
   if (key == Qt::Key_Right) return lblPlr_->Select(lblPlr_->Selected() + 1);
@@ -472,7 +460,7 @@ void FrmStart2::paintEvent(QPaintEvent* /*event*/) {
   painter.setPen(kVersionInk);
   painter.setFont(GameFont(kVersionLetters));
   painter.drawText(QRect(0, height() - kVersionRise, width(), kVersionHeight), Qt::AlignCenter,
-                   skin_.Caption("version.text"));
+                   OneLine(skin_.Caption("version.text"), kMostInCaption));
   emit Painted();
 }
 
@@ -482,6 +470,12 @@ void FrmStart2::showEvent(QShowEvent* event) {
   if (event->spontaneous() || !loaded_) return;
   FindColls();
   ListPlayers();
+}
+
+// Not every folder can be watched.
+void FrmStart2::changeEvent(QEvent* event) {
+  SkinWindow::changeEvent(event);
+  if (event->type() == QEvent::ActivationChange && isActiveWindow()) settled_.start();
 }
 
 void FrmStart2::closeEvent(QCloseEvent* event) {

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <QFileSystemWatcher>
 #include <QString>
 #include <QStringList>
+#include <QTimer>
 #include <array>
 #include <vector>
 
@@ -53,6 +55,9 @@ class FrmStart2 : public SkinWindow {
   void FindColls();
   void FindPlrs();
 
+  // Selects the collection in this file, if it is one of the list.
+  void SelectFile(const QString& path);
+
   // A collection from outside: copied into the game's folder if the player likes, and opened.
   void AnotherColl(const QString& path);
 
@@ -77,6 +82,7 @@ class FrmStart2 : public SkinWindow {
   bool focusNextPrevChild(bool next) override;  // Tab goes through the modes
   void paintEvent(QPaintEvent* event) override;
   void showEvent(QShowEvent* event) override;
+  void changeEvent(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
 
  private:
@@ -90,6 +96,8 @@ class FrmStart2 : public SkinWindow {
   void ShowScrollButtons();
   void ChooseMode(Mode mode);
 
+  void LookAgain();
+  void ShowColls(std::vector<CollRow> colls);
   void ListPlayers();
   void SelectPlayer(const QString& name);
   void SelectColl(const QString& file);
@@ -103,7 +111,6 @@ class FrmStart2 : public SkinWindow {
   void AskForAnyFile();
   void OpenByKind(const QString& path);
   void OpenWaiting();
-  QString BroughtIn(const QString& path);
   bool IsThere(const QString& path);
   void NewPlayer();
   void ChangeSkin();
@@ -115,7 +122,9 @@ class FrmStart2 : public SkinWindow {
   Settings& settings_;
   std::vector<CollRow> colls_;
   QStringList players_;
-  QStringList waiting_;  // files from outside
+  QStringList waiting_;         // files from outside
+  QFileSystemWatcher watcher_;  // of the collections
+  QTimer settled_;              // since the last change
   Mode mode_ = Mode::Play;
   bool loaded_ = false;
   bool addingPlayer_ = false;

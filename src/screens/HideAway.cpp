@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "core/Keys.h"
+#include "screens/PlainText.h"
 
 namespace zorik {
 namespace {
@@ -47,7 +48,7 @@ bool HideAwaySequence::Press(int key) {
 HideAway::HideAway() {
   setObjectName("hideAway");
   setAttribute(Qt::WA_OpaquePaintEvent);
-  setWindowTitle(QString(QChar(0x2014)));
+  SetTitle(*this, QString(QChar(0x2014)));
   resize(kSize);
 }
 

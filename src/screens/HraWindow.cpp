@@ -14,6 +14,7 @@
 #include "data/Cp1250.h"
 #include "screens/FrmSettings.h"
 #include "screens/MsgBox.h"
+#include "screens/PlainText.h"
 #include "screens/StartWords.h"
 #include "screens/Wording.h"
 #include "skin/Shown.h"
@@ -348,7 +349,7 @@ void HraWindow::UpdateCaption() {
     const std::string player = nobody ? std::string() : ToUtf8(hra_.PlayerName);
     caption += QString::fromStdString(BlankJoin(skin_.Words().At(place), player));
   }
-  setWindowTitle(QString::fromStdString(WithoutControls(caption.toStdString())));
+  SetTitle(*this, caption);
 }
 
 // The window's events

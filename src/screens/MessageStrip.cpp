@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <algorithm>
 
+#include "screens/PlainText.h"
 #include "skin/GameFont.h"
 
 namespace zorik {
@@ -15,10 +16,6 @@ constexpr int kPadding = 30;  // at both sides
 constexpr int kHeight = 40;
 constexpr int kLetters = 20;
 constexpr int kMostCharacters = 400;  // a remark in a record may be of any length
-
-QString Shortened(const QString& text) {
-  return text.size() <= kMostCharacters ? text : text.left(kMostCharacters) + QChar(0x2026);
-}
 
 }  // namespace
 
@@ -33,7 +30,7 @@ MessageStrip::MessageStrip(QWidget* parent) : QWidget(parent) {
 }
 
 void MessageStrip::ShowMessage(const QString& text, QColor colour) {
-  text_ = Shortened(text);
+  text_ = InLines(text, kMostCharacters);
   colour_ = colour;
   Centre();
   raise();
@@ -50,7 +47,8 @@ void MessageStrip::Clear() {
 void MessageStrip::Centre() {
   const QFontMetrics metrics(font());
   const int room = parentWidget()->width() - 2 * kPadding;
-  lines_ = WrapText(text_, metrics, std::max(1, room));
+  const int most = (parentWidget()->height() - kTop - kHeight) / metrics.lineSpacing();
+  lines_ = WrapText(text_, metrics, std::max(1, room), std::max(1, most));
   const int width = lines_.width + 2 * kPadding;
   const int more = static_cast<int>(lines_.lines.size()) - 1;
   setGeometry((parentWidget()->width() - width) / 2, kTop, width, kHeight + more * metrics.lineSpacing());

@@ -6,9 +6,11 @@
 #include <QScreen>
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "screens/PlainText.h"
 #include "screens/ShowText.h"
 #include "screens/SkinButton.h"
 #include "screens/SkinWindow.h"
@@ -26,7 +28,6 @@ constexpr int kMargin = 16;  // around all but the icon
 constexpr int kIconLeft = 12;
 constexpr int kGap = 12;  // between rows, icon and text, and buttons
 constexpr int kLineWidth = 420;
-constexpr int kMostCharacters = 4000;
 
 struct ButtonRow {
   MsgResult result;
@@ -92,24 +93,26 @@ class FrmDialog : public SkinDialog {
  public:
   FrmDialog(Skin& skin, QWidget* parent, MsgButtons buttons);
 
-  // Loads the icon and lays everything out around the text.
-  void ShowText(const QString& text, MsgIcon icon);
+  // Names the window, loads the icon and lays everything out around the text.
+  void ShowText(const QString& title, const QString& text, MsgIcon icon);
 
   MsgResult Result() const { return result_; }
 
  protected:
   void OnEnter() override { Press(Shown(MsgResult::Yes) ? MsgResult::Yes : MsgResult::Ok); }
-  void OnEsc() override { Press(EscResult()); }
+  void OnEsc() override;
+  void reject() override;
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
   bool Shown(MsgResult result) const {
     return std::find(shown_.begin(), shown_.end(), result) != shown_.end();
   }
-  MsgResult EscResult() const;
+  std::optional<MsgResult> EscResult() const;
   void Press(MsgResult result);
   void AddButtons();
   void SkinIt();
+  void ShowTitle(const QString& title);
   void Wrap(const QString& text, QSize room);
   void PlaceButtons(int top);
   int ButtonsWidth() const;
@@ -127,14 +130,13 @@ FrmDialog::FrmDialog(Skin& skin, QWidget* parent, MsgButtons buttons)
     : SkinDialog(parent),
       skin_(skin),
       shown_(ResultsOf(buttons)),
-      result_(EscResult()),
-      lblTitle_(new QLabel(this)),
-      lblText_(new QLabel(this)),
-      imgIcon_(new QLabel(this)) {
+      result_(EscResult().value_or(MsgResult::Ok)),
+      lblTitle_(NewLabel(this)),
+      lblText_(NewLabel(this)),
+      imgIcon_(NewLabel(this)) {
   lblTitle_->setObjectName("lblTitle");
   lblText_->setObjectName("lblText");
   imgIcon_->setObjectName("imgIcon");
-  for (QLabel* const label : {lblTitle_, lblText_}) label->setTextFormat(Qt::PlainText);
   SkinIt();
   AddButtons();
 }
@@ -163,11 +165,20 @@ void FrmDialog::AddButtons() {
   }
 }
 
-MsgResult FrmDialog::EscResult() const {
+std::optional<MsgResult> FrmDialog::EscResult() const {
   for (const MsgResult result : {MsgResult::No, MsgResult::Cancel}) {
     if (Shown(result)) return result;
   }
-  return MsgResult::Ok;
+  return std::nullopt;
+}
+
+void FrmDialog::OnEsc() {
+  if (const auto result = EscResult()) Press(*result);
+}
+
+// Closing the window has to end in an answer.
+void FrmDialog::reject() {
+  Press(EscResult().value_or(MsgResult::Ok));
 }
 
 void FrmDialog::Press(MsgResult result) {
@@ -204,21 +215,26 @@ void FrmDialog::Wrap(const QString& text, QSize room) {
   // A text too long for the screen gets longer lines; what still is too much is left out.
   const QFontMetrics metrics(lblText_->font());
   const qsizetype mostLines = std::max(1, room.height() / LineHeight(metrics));
-  QStringList lines = WrapText(text.left(kMostCharacters), metrics, kLineWidth).lines;
-  if (lines.size() > mostLines) {
-    lines = WrapText(text.left(kMostCharacters), metrics, std::max(kLineWidth, room.width())).lines;
-  }
-  lblText_->setText(lines.mid(0, mostLines).join('\n'));
+  const QString plain = InLines(text);
+  WrappedText wrapped = WrapText(plain, metrics, kLineWidth, mostLines);
+  if (!wrapped.whole) wrapped = WrapText(plain, metrics, std::max(kLineWidth, room.width()), mostLines);
+  lblText_->setText(wrapped.lines.join('\n'));
   lblText_->resize(metrics.size(0, lblText_->text()));
 }
 
-void FrmDialog::ShowText(const QString& text, MsgIcon icon) {
+void FrmDialog::ShowTitle(const QString& title) {
+  SetTitle(*this, title);
+  const int room = screen()->availableSize().width() - 2 * kMargin;
+  lblTitle_->setText(lblTitle_->fontMetrics().elidedText(OneLine(title), Qt::ElideRight, room));
+  lblTitle_->adjustSize();
+}
+
+void FrmDialog::ShowText(const QString& title, const QString& text, MsgIcon icon) {
+  ShowTitle(title);
   const QImage picture = icon == MsgIcon::None ? QImage() : skin_.MenuPicture(PictureOf(icon));
   imgIcon_->setPixmap(QPixmap::fromImage(picture));
   imgIcon_->setVisible(!picture.isNull());
   imgIcon_->resize(picture.size());
-  lblTitle_->setText(windowTitle());
-  lblTitle_->adjustSize();
 
   const int left = picture.isNull() ? kMargin : kIconLeft + picture.width() + kGap;
   const int top = kMargin + lblTitle_->height() + kGap;
@@ -245,8 +261,8 @@ void FrmDialog::ShowText(const QString& text, MsgIcon icon) {
 MsgResult SkinMsgBox(Skin& skin, QWidget* parent, const QString& prompt, MsgButtons buttons, MsgIcon icon,
                      const QString& title) {
   FrmDialog dialog(skin, parent, buttons);
-  dialog.setWindowTitle(title.isEmpty() ? QString(kProgramTitle) : title);
-  dialog.ShowText(prompt, icon == MsgIcon::OfSet ? IconOf(buttons) : icon);
+  dialog.ShowText(title.isEmpty() ? QString(kProgramTitle) : title, prompt,
+                  icon == MsgIcon::OfSet ? IconOf(buttons) : icon);
   dialog.exec();
   return dialog.Result();
 }

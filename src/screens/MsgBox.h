@@ -18,8 +18,8 @@ enum class MsgIcon { OfSet = 0, None = 1, Information = 2, Question = 3, Exclama
 enum class MsgResult { Ok = 1, Cancel = 2, Yes = 6, No = 7 };
 
 // The game's message box; it returns when the player has answered. Its text is wrapped, and breaks at CR, LF
-// and CR LF. Closing the window is Esc: no, else cancel, else OK. Without a title it has the game's. A skin
-// that wears nothing gives a plain box.
+// and CR LF. Esc is no, else cancel, else nothing; closing the window is Esc, or OK where there is no other
+// button. Without a title it has the game's. A skin that wears nothing gives a plain box.
 MsgResult SkinMsgBox(Skin& skin, QWidget* parent, const QString& prompt, MsgButtons buttons = MsgButtons::Ok,
                      MsgIcon icon = MsgIcon::OfSet, const QString& title = QString());
 

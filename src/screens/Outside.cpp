@@ -12,8 +12,10 @@
 #include "platform/PathText.h"
 #include "platform/Paths.h"
 #include "platform/Shell.h"
+#include "screens/Hint.h"
 #include "screens/MsgBox.h"
 #include "screens/OldNames.h"
+#include "screens/PlainText.h"
 #include "screens/StartWords.h"
 #include "skin/GameFont.h"
 
@@ -26,7 +28,7 @@ constexpr int kSideWidth = 150;  // of the places beside the files
 // The answer may come when the window that asked is gone.
 OpenFailed Telling(Skin& skin, QWidget* parent, const QString& what) {
   return [&skin, what, window = QPointer<QWidget>(parent)] {
-    Tell(skin, window, skin.Text(99), kNoProgramWords.In(skin) + '\n' + what);
+    Tell(skin, window, skin.Text(99), kNoProgramWords.Before(skin) + '\n' + what);
   };
 }
 
@@ -42,7 +44,7 @@ class FileBox : public QFileDialog {
     std::error_code error;
     const bool given = !files.isEmpty();
     if (!given || std::filesystem::exists(PathBytes(files.constFirst()), error)) return QFileDialog::accept();
-    Tell(skin_, this, windowTitle(), kNotOpenedWords.In(skin_) + '\n' + ShownPath(files.constFirst()));
+    Tell(skin_, this, windowTitle(), kNotOpenedWords.Before(skin_) + '\n' + ShownPath(files.constFirst()));
   }
 
  private:
@@ -69,15 +71,18 @@ void PrepareFileBox(QFileDialog& box, const Skin& skin, const QString& words) {
   box.setOption(QFileDialog::DontUseNativeDialog);
   box.setOption(QFileDialog::ReadOnly);
   box.setViewMode(QFileDialog::List);
-  box.setLabelText(QFileDialog::LookIn, kLookInWords.In(skin));
-  box.setLabelText(QFileDialog::FileName, kFileNameWords.In(skin));
-  box.setLabelText(QFileDialog::FileType, kFileTypeWords.In(skin));
-  box.setLabelText(QFileDialog::Accept, words);
-  box.setLabelText(QFileDialog::Reject, kCancelWords.In(skin));
+  SetTitle(box, box.windowTitle());
+  KeepLabelsPlain(box);
+  KeepHintsPlain();
+  box.setLabelText(QFileDialog::LookIn, InMenu(kLookInWords.Before(skin)));
+  box.setLabelText(QFileDialog::FileName, InMenu(kFileNameWords.Before(skin)));
+  box.setLabelText(QFileDialog::FileType, InMenu(kFileTypeWords.Before(skin)));
+  box.setLabelText(QFileDialog::Accept, InMenu(words));
+  box.setLabelText(QFileDialog::Reject, InMenu(kCancelWords.In(skin)));
   box.setSidebarUrls(
       {QUrl::fromLocalFile(box.directory().absolutePath()), QUrl::fromLocalFile(QDir::homePath())});
   // Its own buttons have words that no skin tells.
-  for (QToolButton* const button : box.findChildren<QToolButton*>()) button->setToolTip(QString());
+  for (QToolButton* const button : box.findChildren<QToolButton*>()) SetHint(*button, QString());
   for (const char* const name : {"newFolderButton", "detailModeButton", "listModeButton"}) {
     if (auto* const button = box.findChild<QToolButton*>(name)) button->hide();
   }

@@ -1,5 +1,6 @@
 #include "screens/ShowText.h"
 
+#include <QStringView>
 #include <QTextBoundaryFinder>
 #include <algorithm>
 
@@ -7,51 +8,109 @@ namespace zorik {
 namespace {
 
 constexpr QChar kReturn('\r');
+constexpr QChar kFeed('\n');
 constexpr QChar kBlank(' ');
+constexpr qsizetype kFirstGuess = 32;
+// Letters behind a place that may belong to the character in front of it.
+constexpr qsizetype kAccents = 8;
 
-bool Breaks(QChar character) {
-  return character == kReturn || character == kBlank;
-}
+// Lays out a text without breaks of its own, and nothing beyond the line that is asked for.
+class Paragraph {
+ public:
+  Paragraph(QStringView text, const TextMeasure& measure, int maxWidth)
+      : rest_(text), measure_(measure), maxWidth_(maxWidth) {}
 
-// Where the first line ends: at a return, or at the last blank up to which the text fits; -1 when not even
-// the first word fits.
-qsizetype LineEnd(const QString& rest, const QFontMetrics& metrics, int maxWidth) {
-  qsizetype end = -1;
-  for (qsizetype at = 0; at < rest.size(); ++at) {
-    if (!Breaks(rest[at])) continue;
-    if (metrics.horizontalAdvance(rest.left(at)) > maxWidth) break;
-    end = at;
-    if (rest[at] == kReturn) break;
+  bool AtEnd() const { return done_; }
+
+  QString Next() {
+    const qsizetype fitting = Fitting();
+    if (fitting == rest_.size()) {
+      done_ = true;
+      return rest_.toString();
+    }
+    const qsizetype blank = rest_.first(fitting + 1).lastIndexOf(kBlank);
+    const qsizetype end = blank >= 0 ? blank : WordEnd(fitting);
+    const QString line = rest_.first(end).toString();
+    done_ = end == rest_.size();
+    if (!done_) rest_ = rest_.sliced(rest_[end] == kBlank ? end + 1 : end);
+    guess_ = std::max(kFirstGuess, line.size() + line.size() / 4);
+    return line;
   }
-  return end;
-}
 
-// How much of a word fits, at least one character as a reader counts them.
-qsizetype WordEnd(const QString& rest, const QFontMetrics& metrics, int maxWidth) {
-  QTextBoundaryFinder characters(QTextBoundaryFinder::Grapheme, rest);
-  qsizetype end = characters.toNextBoundary();
-  for (qsizetype next = characters.toNextBoundary(); next >= 0; next = characters.toNextBoundary()) {
-    if (metrics.horizontalAdvance(rest.left(next)) > maxWidth) break;
-    end = next;
+ private:
+  bool Fits(qsizetype length) const { return measure_(rest_.first(length).toString()) <= maxWidth_; }
+
+  // How many letters from the front fit. Looks about as far as the line goes, not to the end of the text.
+  qsizetype Fitting() const {
+    qsizetype fits = 0;
+    qsizetype wide = std::min(guess_, rest_.size());
+    while (Fits(wide)) {
+      if (wide == rest_.size()) return wide;
+      fits = wide;
+      wide = std::min(2 * wide, rest_.size());
+    }
+    while (wide - fits > 1) {
+      const qsizetype middle = fits + (wide - fits) / 2;
+      (Fits(middle) ? fits : wide) = middle;
+    }
+    return fits;
   }
-  return end;
+
+  // Where a word is broken of which so many letters fit: between characters as a reader counts them, behind
+  // one of them at least.
+  qsizetype WordEnd(qsizetype fitting) const {
+    const QString seen = rest_.first(std::min(fitting + kAccents, rest_.size())).toString();
+    QTextBoundaryFinder characters(QTextBoundaryFinder::Grapheme, seen);
+    qsizetype end = characters.toNextBoundary();
+    for (qsizetype next = characters.toNextBoundary(); next >= 0 && next <= fitting;
+         next = characters.toNextBoundary()) {
+      end = next;
+    }
+    return end;
+  }
+
+  QStringView rest_;
+  const TextMeasure& measure_;
+  int maxWidth_;
+  qsizetype guess_ = kFirstGuess;
+  bool done_ = false;
+};
+
+// Takes what stands in front of the next line end; nothing is left behind the last one.
+QStringView TakeParagraph(QStringView& rest, bool& more) {
+  const auto* const end =
+      std::find_if(rest.begin(), rest.end(), [](QChar c) { return c == kReturn || c == kFeed; });
+  const QStringView taken(rest.begin(), end);
+  more = end != rest.end();
+  if (!more) return taken;
+  const bool two = *end == kReturn && end + 1 != rest.end() && end[1] == kFeed;
+  rest = QStringView(end + (two ? 2 : 1), rest.end());
+  return taken;
 }
 
 }  // namespace
 
-WrappedText WrapText(const QString& text, const QFontMetrics& metrics, int maxWidth) {
-  QString rest = text;
-  rest.replace("\r\n", kReturn).replace('\n', kReturn);
-  rest += kBlank;
+WrappedText WrapText(const QString& text, const TextMeasure& measure, int maxWidth, qsizetype mostLines) {
   WrappedText wrapped;
-  while (!rest.isEmpty()) {
-    qsizetype end = LineEnd(rest, metrics, maxWidth);
-    if (end < 0) end = WordEnd(rest, metrics, maxWidth);
-    wrapped.lines.push_back(rest.left(end));
-    wrapped.width = std::max(wrapped.width, metrics.horizontalAdvance(wrapped.lines.back()));
-    rest.remove(0, Breaks(rest[end]) ? end + 1 : end);
+  QStringView rest(text);
+  for (bool more = true; more;) {
+    Paragraph paragraph(TakeParagraph(rest, more), measure, maxWidth);
+    while (!paragraph.AtEnd()) {
+      if (wrapped.lines.size() >= mostLines) {
+        wrapped.whole = false;
+        return wrapped;
+      }
+      wrapped.lines.push_back(paragraph.Next());
+      wrapped.width = std::max(wrapped.width, measure(wrapped.lines.back()));
+    }
   }
   return wrapped;
+}
+
+WrappedText WrapText(const QString& text, const QFontMetrics& metrics, int maxWidth, qsizetype mostLines) {
+  return WrapText(
+      text, [&metrics](const QString& piece) { return metrics.horizontalAdvance(piece); }, maxWidth,
+      mostLines);
 }
 
 }  // namespace zorik

@@ -4,6 +4,9 @@
 #include <QPainter>
 #include <algorithm>
 
+#include "screens/Hint.h"
+#include "screens/PlainText.h"
+
 namespace zorik {
 namespace {
 
@@ -66,9 +69,9 @@ void SkinButton::SetPicture(const QImage& picture) {
 }
 
 void SkinButton::SetWords(const QString& words) {
-  setText(words);
-  setToolTip(words);
-  setAccessibleName(words);
+  setText(InMenu(words));
+  SetHint(*this, words);
+  setAccessibleName(OneLine(words));
   if (!HasLooks()) setFixedSize(sizeHint());
 }
 
@@ -87,7 +90,7 @@ void SkinButton::paintEvent(QPaintEvent* /*event*/) {
   painter.setRenderHint(QPainter::Antialiasing);
   DrawPlate(painter, rect(), palette(), State());
   painter.setPen(palette().color(QPalette::ButtonText));
-  painter.drawText(rect(), Qt::AlignCenter, text());
+  painter.drawText(rect(), Qt::AlignCenter | Qt::TextHideMnemonic, text());
 }
 
 SkinCheck::SkinCheck(QWidget* parent) : LooksButton(parent) {
@@ -108,7 +111,7 @@ QSize SkinCheck::BoxSize() const {
 
 QSize SkinCheck::sizeHint() const {
   const QSize box = BoxSize();
-  const QSize words = fontMetrics().size(0, text()) + QSize(2 * kRing, 2 * kRing);
+  const QSize words = fontMetrics().size(Qt::TextHideMnemonic, text()) + QSize(2 * kRing, 2 * kRing);
   return QSize(box.width() + kCaptionGap + words.width(), std::max(box.height(), words.height()));
 }
 
@@ -125,7 +128,8 @@ void SkinCheck::paintEvent(QPaintEvent* /*event*/) {
   }
   const QRect caption = rect().adjusted(box.width() + kCaptionGap, 0, 0, 0);
   painter.setPen(palette().color(QPalette::WindowText));
-  painter.drawText(caption.adjusted(kRing, 0, 0, 0), Qt::AlignVCenter | Qt::AlignLeft, text());
+  painter.drawText(caption.adjusted(kRing, 0, 0, 0), Qt::AlignVCenter | Qt::AlignLeft | Qt::TextHideMnemonic,
+                   text());
   if (!hasFocus()) return;
   painter.setPen(QPen(palette().color(QPalette::Highlight), 1.5));
   painter.setBrush(Qt::NoBrush);

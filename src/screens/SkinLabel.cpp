@@ -1,11 +1,11 @@
 #include "screens/SkinLabel.h"
 
-#include <QHelpEvent>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QToolTip>
 #include <algorithm>
 
+#include "screens/Hint.h"
+#include "screens/PlainText.h"
 #include "screens/ShowText.h"
 #include "skin/GameFont.h"
 
@@ -13,7 +13,6 @@ namespace zorik {
 namespace {
 
 constexpr QChar kDots(0x2026);
-constexpr int kHintWidth = 400;  // logical pixels
 
 struct Fitting {
   QString text;  // in lines
@@ -22,18 +21,12 @@ struct Fitting {
 
 // As many lines of a text as there is room for; the last one ends in dots if that is not all.
 Fitting FitText(const QString& text, const QFontMetrics& metrics, QSize room) {
-  QStringList lines = WrapText(text, metrics, room.width()).lines;
   const int most = std::max(1, room.height() / metrics.lineSpacing());
-  if (lines.size() <= most) return {lines.join('\n'), true};
-  lines = lines.mid(0, most);
+  const WrappedText wrapped = WrapText(InLines(text), metrics, room.width(), most);
+  QStringList lines = wrapped.lines;
+  if (wrapped.whole) return {lines.join('\n'), true};
   lines.back() = metrics.elidedText(lines.back() + kDots, Qt::ElideRight, room.width());
   return {lines.join('\n'), false};
-}
-
-// A hint in lines that any screen has room for, with nothing in it taken for markup.
-QString InLines(const QString& hint) {
-  const QString lines = WrapText(hint, QFontMetrics(QToolTip::font()), kHintWidth).lines.join('\n');
-  return "<p style='white-space:pre'>" + lines.toHtmlEscaped() + "</p>";
 }
 
 }  // namespace
@@ -42,7 +35,7 @@ SkinLabel::SkinLabel(QWidget* parent) : QWidget(parent) {}
 
 void SkinLabel::SetText(const QString& text) {
   text_ = text;
-  setAccessibleName(text);
+  setAccessibleName(InLines(text));
   LayOut();
 }
 
@@ -68,14 +61,8 @@ void SkinLabel::SetHint(const QString& hint) {
 void SkinLabel::LayOut() {
   const Fitting fitting = FitText(text_, fontMetrics(), size());
   shown_ = fitting.text;
-  setToolTip(hint_.isEmpty() && !fitting.whole ? text_ : hint_);
+  zorik::SetHint(*this, hint_.isEmpty() && !fitting.whole ? text_ : hint_);
   update();
-}
-
-bool SkinLabel::event(QEvent* event) {
-  if (event->type() != QEvent::ToolTip || toolTip().isEmpty()) return QWidget::event(event);
-  QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), InLines(toolTip()), this);
-  return true;
 }
 
 void SkinLabel::paintEvent(QPaintEvent* /*event*/) {

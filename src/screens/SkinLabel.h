@@ -35,7 +35,6 @@ class SkinLabel : public QWidget {
   void LinkClicked();
 
  protected:
-  bool event(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void enterEvent(QEnterEvent* event) override;

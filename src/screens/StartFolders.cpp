@@ -56,18 +56,18 @@ std::optional<std::string> NameIn(const std::string& bytes) {
   return name;
 }
 
-QString CollName(const std::string& path) {
-  const auto bytes = ReadWhole(path);
-  const std::optional<std::string> name = bytes ? NameIn(*bytes) : std::nullopt;
-  return name ? Shown(*name) : ShownPath(fs::path(path).stem().string());
-}
-
 bool Exists(const std::string& path) {
   std::error_code error;
   return fs::symlink_status(ResolvePath(path), error).type() != fs::file_type::not_found;
 }
 
 }  // namespace
+
+QString CollName(const std::string& path) {
+  const auto bytes = ReadWhole(path);
+  const std::optional<std::string> name = bytes ? NameIn(*bytes) : std::nullopt;
+  return name ? Shown(*name) : ShownPath(fs::path(path).stem().string());
+}
 
 std::vector<CollRow> ReadColls(const std::string& folder) {
   std::vector<CollRow> rows;

@@ -15,7 +15,12 @@ namespace zorik {
 struct CollRow {
   QString file;  // as PathText writes it
   QString name;
+
+  bool operator==(const CollRow&) const = default;
 };
+
+// What a collection is called in the list.
+QString CollName(const std::string& path);
 
 // The collections (*.zk) of a folder, sorted by file as people sort. One whose first line holds no name goes
 // by the name of its file.

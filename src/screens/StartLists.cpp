@@ -3,10 +3,11 @@
 #include <QHelpEvent>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QToolTip>
 #include <QWheelEvent>
 #include <algorithm>
 
+#include "screens/Hint.h"
+#include "screens/PlainText.h"
 #include "skin/GameFont.h"
 
 namespace zorik {
@@ -31,10 +32,12 @@ void LabelList::SetLook(const ListLook& look) {
 
 void LabelList::SetLabels(const QStringList& labels) {
   labels_ = labels;
+  shown_.clear();
+  for (const QString& label : labels_) shown_.push_back(OneLine(label));
   ends_.clear();
   const QFontMetrics metrics(font());
   int end = 0;
-  for (const QString& label : labels_) {
+  for (const QString& label : shown_) {
     end += Rows() ? kRowHeight : metrics.horizontalAdvance(label);
     ends_.push_back(end);
   }
@@ -55,6 +58,25 @@ void LabelList::Show(int place) {
   if (end - offset_ > Room()) ScrollTo(end - Room());
   if (start < offset_) ScrollTo(start);
   update();
+}
+
+int LabelList::StepOf(int key) const {
+  switch (key) {
+    case Qt::Key_Up:
+      return -1;
+    case Qt::Key_Down:
+      return 1;
+    case Qt::Key_PageUp:
+      return -PageLength();
+    case Qt::Key_PageDown:
+      return PageLength();
+    case Qt::Key_Home:
+      return -Count();
+    case Qt::Key_End:
+      return Count();
+    default:
+      return 0;
+  }
 }
 
 void LabelList::Scroll(int steps) {
@@ -97,7 +119,7 @@ void LabelList::DrawLabel(QPainter& painter, int place) const {
   const bool selected = place == selected_;
   if (selected) painter.fillRect(box, look_.selectionGround);
   painter.setPen(selected ? look_.selectionText : look_.text);
-  const QString& label = labels_[place];
+  const QString& label = shown_[place];
   if (!Rows()) {
     painter.drawText(box, Qt::AlignCenter | Qt::TextSingleLine, label);
     return;
@@ -151,12 +173,8 @@ bool LabelList::event(QEvent* event) {
   const auto& help = static_cast<const QHelpEvent&>(*event);
   const int place = At(help.pos());
   const int room = Inside().width() - 2 * kRowPadding;
-  const bool cut = Rows() && place >= 0 && fontMetrics().horizontalAdvance(labels_[place]) > room;
-  if (cut) {
-    QToolTip::showText(help.globalPos(), labels_[place], this, PlaceOf(place));
-  } else {
-    QToolTip::hideText();
-  }
+  const bool cut = Rows() && place >= 0 && fontMetrics().horizontalAdvance(shown_[place]) > room;
+  ShowHint(help.globalPos(), cut ? labels_[place] : QString(), *this, cut ? PlaceOf(place) : QRect());
   return true;
 }
 

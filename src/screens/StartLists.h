@@ -52,6 +52,9 @@ class LabelList : public QWidget {
   // Labels that the frame holds at a time, at least 1; of rows only.
   int PageLength() const { return std::max(1, Room() / kRowHeight); }
 
+  // How many rows a key goes on; 0 for a key that chooses none.
+  int StepOf(int key) const;
+
   // Where a label lies in the widget, also when it is scrolled out of sight.
   QRect PlaceOf(int place) const;
 
@@ -82,6 +85,7 @@ class LabelList : public QWidget {
   Qt::Orientation orientation_;
   ListLook look_;
   QStringList labels_;
+  QStringList shown_;      // the labels as they are drawn
   std::vector<int> ends_;  // where each label ends along the list
   int selected_ = -1;
   int offset_ = 0;  // how far the list is scrolled

@@ -13,6 +13,13 @@ struct StartWords {
   const char* otherwise;
 
   QString In(const Skin& skin) const { return skin.Caption(key, otherwise); }
+
+  // The same in front of what is named there, with a colon: no line of a skin's table may end in one, it
+  // would begin a section.
+  QString Before(const Skin& skin) const {
+    const QString words = In(skin);
+    return words.endsWith(':') ? words : words + ':';
+  }
 };
 
 inline constexpr StartWords kLoadingWords{"caption.loading", "Pracuji..."};
@@ -20,6 +27,7 @@ inline constexpr StartWords kHelpWords{"caption.sada.menu.help", "Nápověda"};
 inline constexpr StartWords kCloseWords{"caption.slang.close", "Zavřít"};
 inline constexpr StartWords kAboutSkinWords{"caption.slang.about", "O skinu..."};
 inline constexpr StartWords kSkinWords{"caption.slang.title", "Skin"};
+inline constexpr StartWords kChangeSkinWords{"caption.start.skin", "Skin: obrázky, zvuky i jazyk hry"};
 inline constexpr StartWords kProgramWords{"caption.sada.help.program", "O programu"};
 inline constexpr StartWords kYesWords{"caption.dialog.yes", "Ano"};
 inline constexpr StartWords kNoWords{"caption.dialog.no", "Ne"};
@@ -31,7 +39,7 @@ inline constexpr StartWords kRestartWords{"caption.game.restart", "Znovu od zač
 inline constexpr StartWords kSettingsWords{"settings.text", "Nastavení"};
 inline constexpr StartWords kViewWords{"caption.game.view", "Celá komnata, nebo jen okolí"};
 
-// Messages; the path of a file stands behind those that end in a colon.
+// Messages; what is meant stands behind those that end in a colon.
 inline constexpr StartWords kNoCollectionWords{"caption.error.nocollection", "Nenašla se žádná sada komnat."};
 inline constexpr StartWords kNoCaveWords{"caption.error.cave", "Komnatu nelze otevřít."};
 inline constexpr StartWords kNoRecordWords{"caption.error.record", "Záznam nelze přehrát:"};

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "screens/Hint.h"
 #include "screens/StripButton.h"
 #include "screens/Wording.h"
 #include "skin/GameFont.h"
@@ -58,9 +59,9 @@ void TopBar::SetPictures(const QImage& border1, const QImage& restart, const QIm
 }
 
 void TopBar::SetTips(const QString& restart, const QString& settings, const QString& view) {
-  picRestart_->setToolTip(restart);
-  Command4_->setToolTip(settings);
-  Label1_->setToolTip(view);
+  SetHint(*picRestart_, restart);
+  SetHint(*Command4_, settings);
+  SetHint(*Label1_, view);
 }
 
 void TopBar::Change(int& number, int value) {

@@ -99,7 +99,7 @@ void WinFlow::StoreTest() {
 
 void WinFlow::TellFailure(const std::string& path) {
   QWidget* const here = kind_ == RunKind::Test ? QApplication::activeWindow() : &frmPoSt_;
-  Tell(skin_, here, skin_.Text(kTitle), kNotStoredWords.In(skin_) + "\r\n" + ShownPath(path));
+  Tell(skin_, here, skin_.Text(kTitle), kNotStoredWords.Before(skin_) + "\r\n" + ShownPath(path));
 }
 
 }  // namespace zorik

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <QAction>
 #include <QApplication>
 #include <QComboBox>
 #include <QFileDialog>
@@ -380,6 +381,24 @@ class GameEditors : public GameTest {
 
 TEST_F(GameEditors, LeadBackToTheStartByTheWayThatTheyCame) {
   Leave();
+}
+
+TEST_F(GameEditors, HaveTheCollectionThatWasSavedSelectedAtTheStart) {
+  Command(Screen<FrmMain>(), Qt::Key_Escape);
+  ASSERT_TRUE(Wait(Shows<FrmSada>));
+  FrmSada& editor = *Screen<FrmSada>();
+  editor.findChild<QAction*>("mnuNew")->trigger();
+  const DialogScript script = {[](QWidget& dialog) {
+    auto* const name = dialog.findChild<QLineEdit*>("fileNameEdit");
+    name->setText("zcela-nova");
+    QTest::keyClick(name, Qt::Key_Return);
+  }};
+  editor.findChild<QAction*>("mnuSave")->trigger();
+  Close(&editor);
+  ASSERT_TRUE(Wait(Shows<FrmStart2>));
+  const auto* const list = Screen<FrmStart2>()->findChild<LabelList*>("lblCColl");
+  ASSERT_EQ(list->Count(), 2);
+  EXPECT_EQ(list->Selected(), 1);
 }
 
 TEST_F(GameEditors, TryACaveAndComeBackWhenTheGameWindowIsClosed) {

@@ -317,7 +317,7 @@ TEST_F(FrmSadaFilesTest, SpeaksTheLanguageOfTheSkin) {
   dialogs.Press("no");
   Key(Qt::Key_F8);
   const std::vector<std::pair<std::string, std::string>> wanted = {
-      {"Zorík", "These caves cannot be read, so they are not in the collection 1"},
+      {"Zorík", "These caves cannot be read, so they are not in the collection: 1"},
       {"Closed collection",
        "The author has closed this collection, it cannot be edited. A new empty collection is opened."},
       {"Unsaved changes", "The collection “New collection” has changed. Save the changes?"},

@@ -1,5 +1,6 @@
 #include <QHelpEvent>
 #include <QSignalSpy>
+#include <QTextDocumentFragment>
 #include <QToolTip>
 
 #include "editors/EditorScreen.h"
@@ -16,7 +17,7 @@ class PaletteTest : public testing::Test, public test::EditorScreen {
     const QPoint place = Tiles().TileRect(palette).center();
     QHelpEvent help(QEvent::ToolTip, place, Tiles().mapToGlobal(place));
     QApplication::sendEvent(&Tiles(), &help);
-    return QToolTip::text();
+    return QTextDocumentFragment::fromHtml(QToolTip::text()).toPlainText();
   }
 };
 

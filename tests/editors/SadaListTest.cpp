@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <QHelpEvent>
+#include <QTextDocumentFragment>
 #include <QToolTip>
 
 #include "editors/SadaList.h"
@@ -33,7 +34,8 @@ class SadaListTest : public test::SadaWindowTest {
     EXPECT_TRUE(QTest::qWaitFor([] { return !QToolTip::isVisible(); }));
     QHelpEvent event(QEvent::ToolTip, place, List().viewport()->mapToGlobal(place));
     QApplication::sendEvent(List().viewport(), &event);
-    return QToolTip::isVisible() ? QToolTip::text() : QString();
+    if (!QToolTip::isVisible()) return QString();
+    return QTextDocumentFragment::fromHtml(QToolTip::text()).toPlainText().remove('\n');
   }
 };
 

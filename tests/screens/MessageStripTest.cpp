@@ -45,6 +45,13 @@ TEST_F(MessageStripTest, IsHiddenUntilThereIsAMessage) {
   EXPECT_EQ(strip_.Text(), "Haf!");
 }
 
+TEST_F(MessageStripTest, StaysInTheWindowHoweverManyLinesATextHas) {
+  strip_.ShowMessage(QString("a\n").repeated(10000), Qt::white);
+  ExpectUnclipped();
+  strip_.ShowMessage("<b>a</b>\tb", Qt::white);
+  EXPECT_EQ(strip_.Text(), "<b>a</b> b");
+}
+
 TEST_F(MessageStripTest, LiesInTheMiddle18FromTheTop) {
   strip_.ShowMessage("Haf!", Qt::white);
   EXPECT_EQ(strip_.y(), 18);

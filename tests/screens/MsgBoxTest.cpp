@@ -186,12 +186,12 @@ INSTANTIATE_TEST_SUITE_P(Enter, MsgBoxKeyTest,
                                          KeyRow{MsgButtons::YesNoCancel, Qt::Key_Enter, MsgResult::Yes}));
 
 INSTANTIATE_TEST_SUITE_P(Esc, MsgBoxKeyTest,
-                         testing::Values(KeyRow{MsgButtons::Ok, Qt::Key_Escape, MsgResult::Ok},
+                         testing::Values(KeyRow{MsgButtons::Ok, Qt::Key_Escape, {}},
                                          KeyRow{MsgButtons::OkCancel, Qt::Key_Escape, MsgResult::Cancel},
                                          KeyRow{MsgButtons::YesNo, Qt::Key_Escape, MsgResult::No},
                                          KeyRow{MsgButtons::YesNoCancel, Qt::Key_Escape, MsgResult::No}));
 
-TEST_F(MsgBoxTest, TakesClosingTheWindowForEsc) {
+TEST_F(MsgBoxTest, TakesClosingTheWindowForEscAndForOkWhereEscDoesNothing) {
   const std::vector<std::pair<MsgButtons, MsgResult>> sets = {{MsgButtons::Ok, MsgResult::Ok},
                                                               {MsgButtons::OkCancel, MsgResult::Cancel},
                                                               {MsgButtons::YesNo, MsgResult::No},
@@ -312,6 +312,25 @@ TEST_F(MsgBoxTest, FitsTheScreenHoweverLongItsTextIs) {
         },
         text);
   }
+}
+
+TEST_F(MsgBoxTest, FitsTheScreenHoweverLongItsTitleIs) {
+  const InDialog inside([](QWidget& dialog) {
+    EXPECT_TRUE(dialog.screen()->availableGeometry().contains(dialog.geometry()));
+    EXPECT_TRUE(Label(dialog, "lblTitle").text().endsWith(QChar(0x2026)));
+  });
+  SkinMsgBox(skin_.Skin(), nullptr, "Ano?", MsgButtons::Ok, MsgIcon::None, QString(10000, 'x'));
+  EXPECT_TRUE(inside.Opened());
+}
+
+TEST_F(MsgBoxTest, ShowsNamesAsTheyAreWritten) {
+  Open(
+      MsgButtons::Ok,
+      [](QWidget& dialog) {
+        EXPECT_EQ(Label(dialog, "lblText").text(), "<b>R&D</b> %1 x y");
+        EXPECT_EQ(Label(dialog, "lblText").textFormat(), Qt::PlainText);
+      },
+      "<b>R&D</b> %1\tx" + QString(QChar(0x202E)) + "y");
 }
 
 TEST_F(MsgBoxTest, IsPaintedInTheColourOfTheSkin) {

@@ -58,5 +58,52 @@ TEST_F(WrapTextTest, HasOneEmptyLineForAnEmptyText) {
   EXPECT_EQ(Lines("", 100), QStringList{""});
 }
 
+TEST_F(WrapTextTest, DrawsNoMoreLinesThanThereIsRoomFor) {
+  const WrappedText cut = WrapText("a\nb\nc", metrics_, 1000, 2);
+  EXPECT_EQ(cut.lines, (QStringList{"a", "b"}));
+  EXPECT_FALSE(cut.whole);
+  EXPECT_TRUE(WrapText("a\nb", metrics_, 1000, 2).whole);
+}
+
+TEST_F(WrapTextTest, KeepsALetterAndItsAccentTogether) {
+  const QString letter = "e" + QString(QChar(0x030C));
+  const QStringList lines = Lines(letter.repeated(40), Width(letter.repeated(7)));
+  ASSERT_GT(lines.size(), 1);
+  for (const QString& line : lines) EXPECT_EQ(line.size() % 2, 0);
+  EXPECT_EQ(lines.join(""), letter.repeated(40));
+}
+
+// Counts the letters that are measured; each is 10 wide.
+class WrapWork : public testing::TestWithParam<QString> {
+ protected:
+  static qsizetype Of(const QString& text, qsizetype mostLines = kAllLines) {
+    qsizetype letters = 0;
+    const auto measure = [&letters](const QString& piece) {
+      letters += piece.size();
+      return static_cast<int>(piece.size()) * 10;
+    };
+    WrapText(text, measure, 500, mostLines);
+    return letters;
+  }
+};
+
+TEST_P(WrapWork, GrowsAsTheTextDoes) {
+  const QString text = GetParam().repeated(20000 / GetParam().size());
+  const qsizetype work = Of(text);
+  const qsizetype twice = Of(text + text);
+  EXPECT_GT(work, 0);
+  EXPECT_LT(twice, work * 5 / 2);
+}
+
+TEST_P(WrapWork, StopsWhereTheRoomEnds) {
+  const QString text = GetParam().repeated(20000 / GetParam().size());
+  EXPECT_EQ(Of(text, 3), Of(text + text, 3));
+  EXPECT_LT(Of(text, 3), 3 * 2000);
+}
+
+INSTANTIATE_TEST_SUITE_P(Texts, WrapWork,
+                         testing::Values("x", "slovo ", "x\r\n", QString(300, 'x') + ' ', " ",
+                                         QString(40, 'x') + "\n"));
+
 }  // namespace
 }  // namespace zorik

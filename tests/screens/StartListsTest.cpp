@@ -1,7 +1,10 @@
 #include <gtest/gtest.h>
 
+#include <QHelpEvent>
 #include <QSignalSpy>
 #include <QTest>
+#include <QTextDocumentFragment>
+#include <QToolTip>
 #include <QWheelEvent>
 
 #include "screens/ScrollButton.h"
@@ -44,6 +47,23 @@ class Rows : public testing::Test {
 TEST_F(Rows, StandFourteenApartInsideTheFrame) {
   EXPECT_EQ(list_.PlaceOf(0), QRect(2, 2, 116, 14));
   EXPECT_EQ(list_.PlaceOf(3), QRect(2, 2 + 3 * 14, 116, 14));
+}
+
+TEST_F(Rows, TellANameThatIsTooLongAsItIsWritten) {
+  const QString name = "<img src=\"/dev/zero\"> jméno, které se do řádku nevejde";
+  list_.SetLabels({name});
+  const QPoint place = list_.PlaceOf(0).center();
+  QHelpEvent event(QEvent::ToolTip, place, list_.mapToGlobal(place));
+  QApplication::sendEvent(&list_, &event);
+  EXPECT_FALSE(QToolTip::text().contains("<img"));
+  EXPECT_EQ(QTextDocumentFragment::fromHtml(QToolTip::text()).toPlainText(), name);
+  QToolTip::hideText();
+}
+
+TEST_F(Rows, OfManyLettersAreDrawnAsOneLine) {
+  list_.SetLabels({"a\nb", QString(1000000, 'x')});
+  EXPECT_EQ(list_.Labels()[0], "a\nb");
+  EXPECT_EQ(list_.PlaceOf(1).top() - list_.PlaceOf(0).top(), kRowHeight);
 }
 
 TEST_F(Rows, NoneIsSelectedAtFirst) {

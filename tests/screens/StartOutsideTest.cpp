@@ -2,6 +2,7 @@
 #include <unistd.h>
 
 #include <QFile>
+#include <QLabel>
 #include <QPushButton>
 
 #include "platform/PathText.h"
@@ -33,8 +34,20 @@ class StartOutside : public test::StartScreen {
     return At("jinde/" + file);
   }
 
-  static DialogScript::Act Copy(Qt::Key answer) { return Box("Text 194", "Text 112", answer); }
-  static DialogScript::Act Delete(Qt::Key answer) { return Box("Text 194", "Text 113", answer); }
+  static DialogScript::Act Copy(Qt::Key answer) { return Question("Text 112", {}, answer); }
+  static DialogScript::Act Delete(Qt::Key answer) { return Question("Text 113", {}, answer); }
+
+  // A question that begins so and names these.
+  static DialogScript::Act Question(const QString& begin, const QStringList& names, Qt::Key answer) {
+    return [=](QWidget& dialog) {
+      EXPECT_EQ(dialog.windowTitle(), "Text 194");
+      const QString text = dialog.findChild<QLabel*>("lblText")->text();
+      EXPECT_TRUE(text.startsWith(begin + "\n\n")) << text.toStdString();
+      const QString words = QString(text).remove('\n');  // paths may be broken
+      for (const QString& name : names) EXPECT_TRUE(words.contains(name)) << text.toStdString();
+      QTest::keyClick(&dialog, answer);
+    };
+  }
 };
 
 TEST_F(StartOutside, ACollectionIsCopiedAndTheCopyOpened) {
@@ -66,12 +79,78 @@ TEST_F(StartOutside, AnotherLetterCaseIsTheSameName) {
   EXPECT_EQ(Files("Caves"), (QStringList{"A~.ZK", "a.zk"}));
 }
 
-TEST_F(StartOutside, TheSourceIsDeletedWhenThePlayerLikes) {
+TEST_F(StartOutside, BothQuestionsNameTheCollectionAndItsFile) {
+  const QString path = Foreign("x.zk", "<b>Cizí</b> & %1");
+  const QStringList names = {"<b>Cizí</b> & %1", path};
+  const DialogScript script = {Question("Text 112", names, Qt::Key_Y),
+                               Question("Text 113", names, Qt::Key_N)};
+  start_->AnotherColl(path);
+  EXPECT_EQ(opened_->count(), 1);
+}
+
+// The trash of the desktop lies in the user's data folder.
+class TrashFolder {
+ public:
+  explicit TrashFolder(const QString& home) {
+    qputenv("HOME", home.toUtf8());
+    qputenv("XDG_DATA_HOME", (home + "/data").toUtf8());
+  }
+  ~TrashFolder() {
+    qputenv("HOME", home_);
+    data_.isEmpty() ? qunsetenv("XDG_DATA_HOME") : qputenv("XDG_DATA_HOME", data_);
+  }
+  TrashFolder(const TrashFolder&) = delete;
+  TrashFolder& operator=(const TrashFolder&) = delete;
+
+ private:
+  QByteArray home_ = qgetenv("HOME");
+  QByteArray data_ = qgetenv("XDG_DATA_HOME");
+};
+
+TEST_F(StartOutside, TheSourceGoesToTheTrashWhenThePlayerLikes) {
+  const TrashFolder trash(QString::fromStdString(folder_.Root()));
+  const QString path = Foreign("x.zk", "Cizí");
+  const std::string bytes = *ReadWhole(path.toStdString());
+  const DialogScript script = {Copy(Qt::Key_Y), Delete(Qt::Key_Y)};
+  start_->AnotherColl(path);
+  EXPECT_FALSE(QFile::exists(path));
+  EXPECT_TRUE(QFile::exists(At("Caves/x.zk")));
+  const auto thrown = ReadWhole(folder_.Root() + "/data/Trash/files/x.zk");
+  ASSERT_TRUE(thrown);
+  EXPECT_EQ(*thrown, bytes);
+}
+
+TEST_F(StartOutside, TheSourceIsDeletedWhereThereIsNoTrash) {
+  const TrashFolder trash(QString::fromStdString(folder_.Root()));
+  folder_.File("data", "a file where the trash should be");
   const QString path = Foreign("x.zk", "Cizí");
   const DialogScript script = {Copy(Qt::Key_Y), Delete(Qt::Key_Y)};
   start_->AnotherColl(path);
   EXPECT_FALSE(QFile::exists(path));
   EXPECT_TRUE(QFile::exists(At("Caves/x.zk")));
+}
+
+TEST_F(StartOutside, ACollectionThatAnotherProgramMakesAppears) {
+  Coll("c.zk", "Cyril");
+  EXPECT_TRUE(QTest::qWaitFor([this] { return Colls().Count() == 2; }));
+  Colls().Select(1);
+  Coll("b.zk", "Beta");
+  EXPECT_TRUE(QTest::qWaitFor([this] { return Colls().Count() == 3; }));
+  EXPECT_EQ(Colls().Labels(), (QStringList{"Alfa", "Beta", "Cyril"}));
+  EXPECT_EQ(Colls().Selected(), 2) << "what was selected stays so";
+  EXPECT_TRUE(QFile::remove(At("Caves/b.zk")));
+  EXPECT_TRUE(QTest::qWaitFor([this] { return Colls().Count() == 2; }));
+  EXPECT_EQ(Colls().Selected(), 1);
+}
+
+TEST_F(StartOutside, TheCollectionOfAFileIsSelectedIfItIsInTheList) {
+  Coll("b.zk", "Beta");
+  start_->FindColls();
+  start_->SelectFile(At("Caves/b.zk"));
+  EXPECT_EQ(Colls().Selected(), 1);
+  start_->SelectFile(At("jinde/a.zk"));
+  start_->SelectFile(QString());
+  EXPECT_EQ(Colls().Selected(), 1);
 }
 
 TEST_F(StartOutside, ASourceThatCannotBeDeletedIsTold) {
@@ -159,6 +238,15 @@ TEST_F(StartOutside, WhatIsNotThereIsTold) {
   start_->AnotherColl(path);
   start_->AnotherRepl(record);
   EXPECT_EQ(opened_->count() + played_->count(), 0);
+}
+
+TEST_F(StartOutside, AColonStandsBeforeThePathThoughNoSkinCanEndAValueInOne) {
+  auto keys = test::StartKeys();
+  keys["caption.error.open"] = "The file cannot be opened";
+  WearKeys(keys);
+  const QString path = At("jinde/neni.zk");
+  const DialogScript script = {Box("Text 99", "The file cannot be opened:\n" + path)};
+  start_->AnotherColl(path);
 }
 
 TEST_F(StartOutside, FilesFromTheDesktopGoByTheirKind) {

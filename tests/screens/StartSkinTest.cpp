@@ -95,7 +95,7 @@ TEST_F(StartSkin, FingersHaveTheirWordsAsTooltips) {
 TEST_F(StartSkin, ButtonsHaveTheirWordsAsTooltips) {
   EXPECT_EQ(Find<QWidget>("close").toolTip(), "Zavřít");
   EXPECT_EQ(Find<QWidget>("help").toolTip(), "Nápověda");
-  EXPECT_EQ(Find<QWidget>("changeskin").toolTip(), "Skin");
+  EXPECT_EQ(Find<QWidget>("changeskin").toolTip(), "Skin: obrázky, zvuky i jazyk hry");
   EXPECT_EQ(Find<QWidget>("addplayer").toolTip(), "Text 114");
   EXPECT_EQ(Find<QWidget>("play").toolTip(), "Hrát");
 }

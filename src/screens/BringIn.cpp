@@ -1,0 +1,47 @@
+#include "screens/BringIn.h"
+
+#include <filesystem>
+#include <system_error>
+
+#include "platform/PathText.h"
+#include "platform/Trash.h"
+#include "screens/MsgBox.h"
+#include "screens/StartFolders.h"
+#include "screens/StartWords.h"
+#include "skin/Skin.h"
+
+namespace zorik {
+namespace {
+
+// Places in the language table.
+constexpr int kCopyQuestion = 112;
+constexpr int kDeleteQuestion = 113;
+constexpr int kTitle = 194;
+constexpr int kFaultTitle = 99;
+
+bool PutAway(const QString& path) {
+  std::error_code error;
+  return MoveToTrash(path) || std::filesystem::remove(PathBytes(path), error);
+}
+
+}  // namespace
+
+QString BringIn(Skin& skin, QWidget& window, const QString& path, const std::string& folder) {
+  if (LiesIn(PathBytes(path), folder)) return path;
+  const QString what = "\n\n" + CollName(PathBytes(path)) + '\n' + ShownPath(path);
+  const auto agrees = [&](int question) {
+    return Ask(skin, &window, skin.Text(kTitle), skin.Text(question) + what);
+  };
+  if (!agrees(kCopyQuestion)) return path;
+  const auto copy = CopyColl(PathBytes(path), folder);
+  if (!copy) {
+    Tell(skin, &window, skin.Text(kFaultTitle), kNotStoredWords.Before(skin) + '\n' + ShownPath(folder));
+    return path;
+  }
+  if (agrees(kDeleteQuestion) && !PutAway(path)) {
+    Tell(skin, &window, skin.Text(kFaultTitle), kNotDeletedWords.Before(skin) + '\n' + ShownPath(path));
+  }
+  return PathText(*copy);
+}
+
+}  // namespace zorik
