@@ -101,7 +101,7 @@ int PlayHeadless(const Paths& paths) {
     std::puts("Záznam první komnaty chybí.");
     return 1;
   }
-  CavePainter painter(SkinPlaces{paths.SkinsPath});
+  CavePainter painter(SkinPlaces{paths.SkinsPath, kDefaultSkin, paths.ShippedSkins});
   Hra hra;
   PictureStage stage(hra, painter);
   hra.SetStage(stage);

@@ -43,6 +43,12 @@ class FileBox : public QFileDialog {
   Skin& skin_;
 };
 
+// What a skin says of a folder may not lead out of it.
+QString FolderWithin(const QString& folder) {
+  const QString clean = QDir::cleanPath(folder);
+  return clean == ".." || clean.startsWith("../") ? QString() : clean;
+}
+
 }  // namespace
 
 void OpenFileOrTell(Skin& skin, QWidget* parent, const QString& path) {
@@ -54,9 +60,15 @@ void OpenLinkOrTell(Skin& skin, QWidget* parent, const QUrl& link) {
 }
 
 QString HelpPage(const Paths& paths, const Skin& skin, const QString& name) {
-  const QString help = QString::fromStdString(paths.HelpPath);
-  const QString translated = QDir::cleanPath(help + '/' + skin.Caption("help.folder") + '/' + name);
-  return QFileInfo(translated).isFile() ? translated : help + '/' + name;
+  QStringList folders = {QString::fromStdString(paths.HelpPath)};
+  if (!paths.ShippedHelp.empty()) folders.push_back(QString::fromStdString(paths.ShippedHelp));
+  for (const QString& within : {FolderWithin(skin.Caption("help.folder")) + '/' + name, name}) {
+    for (const QString& folder : folders) {
+      const QString page = QDir::cleanPath(folder + '/' + within);
+      if (QFileInfo(page).isFile()) return page;
+    }
+  }
+  return folders.constLast() + '/' + name;
 }
 
 void PrepareFileBox(QFileDialog& box, const Skin& skin, const QString& words) {

@@ -20,7 +20,7 @@ constexpr std::int64_t kMostBytesKept = std::int64_t{32} << 20U;
 constexpr int kMostMegabytesOfOne = 64;  // that reading a picture may ask for
 
 std::string ErrorPicture(const SkinPlaces& places) {
-  return ResolvePath(places.SkinsPath + "/error.bmp");
+  return FindInRoots(places, "error.bmp");
 }
 
 QImage ErrorTile() {
@@ -32,6 +32,15 @@ QImage ErrorTile() {
 // Other formats than these are not for a stranger's skin: a drawing can be small and yet fill the memory.
 bool IsKnown(const QByteArray& format) {
   return format == "gif" || format == "bmp" || format == "jpeg" || format == "jpg";
+}
+
+PictureState StateIn(QImageReader& reader, std::int64_t mostPixels) {
+  reader.setDecideFormatFromContent(true);
+  if (!reader.canRead() || !IsKnown(reader.format())) return PictureState::Broken;
+  const QSize size = reader.size();
+  if (size.isEmpty()) return PictureState::Broken;
+  const bool large = std::int64_t{size.width()} * size.height() > mostPixels;
+  return large ? PictureState::TooLarge : PictureState::Good;
 }
 
 }  // namespace
@@ -55,10 +64,10 @@ std::optional<std::string> PictureFinder::Folder::Find(const std::string& name) 
 
 PictureFinder::PictureFinder(const SkinPlaces& places, std::string_view scheme)
     : errorPicture_(ErrorPicture(places)) {
-  for (const std::string& skin : {places.Skin, std::string("Default")}) {
-    const std::string game = places.SkinsPath + "/" + skin + "/Game";
-    folders_.emplace_back(game + "/" + std::string(scheme));
-    folders_.emplace_back(game);
+  for (const std::string_view skin : {std::string_view(places.Skin), std::string_view(kDefaultSkin)}) {
+    for (const std::string& game : FoldersOf(places, skin, "Game/" + std::string(scheme)))
+      folders_.emplace_back(game);
+    for (const std::string& game : FoldersOf(places, skin, "Game")) folders_.emplace_back(game);
   }
 }
 
@@ -75,13 +84,15 @@ std::string GetSchPicPath(const SkinPlaces& places, std::string_view scheme, std
   return PictureFinder(places, scheme).GetSchPicPath(name);
 }
 
+PictureState StateOf(const std::string& path, std::int64_t mostPixels) {
+  QImageReader reader(QString::fromStdString(path));
+  return StateIn(reader, mostPixels);
+}
+
 QImage ReadImage(const std::string& path, std::int64_t mostPixels) {
   QImageReader::setAllocationLimit(kMostMegabytesOfOne);
   QImageReader reader(QString::fromStdString(path));
-  reader.setDecideFormatFromContent(true);
-  if (!reader.canRead() || !IsKnown(reader.format())) return {};
-  const QSize size = reader.size();
-  if (size.isEmpty() || std::int64_t{size.width()} * size.height() > mostPixels) return {};
+  if (StateIn(reader, mostPixels) != PictureState::Good) return {};
   return reader.read().convertToFormat(QImage::Format_ARGB32);
 }
 
