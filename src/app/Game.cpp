@@ -11,6 +11,7 @@
 #include "screens/CavesOffer.h"
 #include "screens/MsgBox.h"
 #include "screens/Outside.h"
+#include "screens/SkinFlaws.h"
 #include "screens/StartWords.h"
 #include "screens/Wording.h"
 #include "skin/Shown.h"
@@ -36,21 +37,14 @@ Game::Game(const Paths& paths, const Settings& settings)
           std::random_device()()),
       winFlow_(skin_, paths_, frmPoSt_, frmAnalyze_) {
   skin_.SetRetry([this](const std::string& question) {
-    return Ask(skin_, nullptr, kProgramTitle, QString::fromStdString(question));
-  });
-  // A skin that says what cannot be understood is not to be trusted any further.
-  skin_.SetFault([this](const std::string& key, const std::string& file) {
-    zorik::Tell(nullptr, kProgramTitle,
-                kSkinFaultWords.In(skin_) + "\n" + QString::fromStdString(key + "\n" + file));
-    std::exit(EXIT_FAILURE);
+    return AskRetry(skin_, nullptr, skin_.Text(99), QString::fromStdString(question));
   });
   hra_.setWindowState(Qt::WindowMaximized);
   ConnectScreens();
 }
 
 void Game::Begin() {
-  const SkinPlaces places{paths_.SkinsPath, settings_.Skin.toStdString()};
-  if (!WearBehindNotice(places)) zorik::Tell(skin_, nullptr, kProgramTitle, kNoLanguageWords.In(skin_));
+  WearStored();
   OfferCaves(skin_, paths_);
   frmStart2_.SetPaths(paths_);
   frmSada_.SetPaths(paths_);
@@ -71,12 +65,26 @@ void Game::OpenSound() {
   QCoreApplication::exit(EXIT_FAILURE);
 }
 
-// The notice is gone before any dialog comes.
-bool Game::WearBehindNotice(const SkinPlaces& places) {
+// A stored skin that cannot be worn gives way to the default one, for this start; without that there is
+// nothing to play with. The notice is gone before any dialog comes.
+void Game::WearStored() {
+  SkinPlaces places{paths_.SkinsPath, settings_.Skin.toStdString(), paths_.ShippedSkins};
+  skin_.LookInto(places);
+  const Worn worn = WearBehindNotice(places);
+  if (worn.worn) return TellFlaws(skin_, nullptr, worn.flaws);
+  places.Skin = kDefaultSkin;
+  const Worn plain = WearBehindNotice(places);
+  if (plain.worn) return TellFlaws(skin_, nullptr, worn.flaws, kSkinDefaultWords.In(skin_));
+  Skin none;
+  TellFlaws(none, nullptr, plain.flaws);
+  std::exit(EXIT_FAILURE);
+}
+
+Worn Game::WearBehindNotice(const SkinPlaces& places) {
   const BusyNotice notice(frmLoading_);
-  const bool whole = skin_.Wear(places);
-  ReSkin();
-  return whole;
+  Worn worn = skin_.Wear(places);
+  if (worn.worn) ReSkin();
+  return worn;
 }
 
 void Game::ConnectScreens() {
@@ -150,7 +158,7 @@ void Game::OpenCollection(const QString& path, const QString& player) {
   }
   if (!failure) return;
   ShowStart();
-  zorik::Tell(skin_, &frmStart2_, kProgramTitle, *failure);
+  zorik::Tell(skin_, &frmStart2_, skin_.Text(99), *failure);
 }
 
 void Game::PlayCave(const QByteArray& caveText) {
@@ -165,7 +173,7 @@ void Game::PlayCave(const QByteArray& caveText) {
   }
   if (!failure) return;
   ShowPoSt();
-  zorik::Tell(skin_, &frmPoSt_, kProgramTitle, kNoCaveWords.In(skin_));
+  zorik::Tell(skin_, &frmPoSt_, skin_.Text(99), kNoCaveWords.In(skin_));
 }
 
 void Game::PlayRecord(const QString& path, const std::string& player) {
@@ -182,7 +190,7 @@ void Game::PlayRecord(const QString& path, const std::string& player) {
   if (!started) {
     hra_.hide();
     from->show();
-    zorik::Tell(skin_, from, kProgramTitle, kNoRecordWords.Before(skin_) + "\n" + ShownPath(path));
+    zorik::Tell(skin_, from, skin_.Text(99), kNoRecordWords.Before(skin_) + "\n" + ShownPath(path));
     return;
   }
   from->hide();
@@ -198,7 +206,7 @@ void Game::PlayRecord(const QString& path, const std::string& player) {
 void Game::EditCave(const QByteArray& caveText) {
   if (!frmMain_.Edit(caveText.toStdString())) return;
   frmSada_.CaveDone(caveText);
-  zorik::Tell(skin_, &frmSada_, kProgramTitle, kNoCaveWords.In(skin_));
+  zorik::Tell(skin_, &frmSada_, skin_.Text(99), kNoCaveWords.In(skin_));
 }
 
 // A test run plays for the player of the start screen, or for nobody, who has no name.
@@ -208,7 +216,7 @@ void Game::TestRun(const std::string& caveText) {
   ShowGame();
   if (!hra_.Start(caveText, RunKind::Test)) return;
   ShowEditor();
-  zorik::Tell(skin_, &frmMain_, kProgramTitle, kNoCaveWords.In(skin_));
+  zorik::Tell(skin_, &frmMain_, skin_.Text(99), kNoCaveWords.In(skin_));
 }
 
 void Game::ShowEditor() {

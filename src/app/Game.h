@@ -35,7 +35,8 @@ class Game : public QObject {
 
  private:
   void OpenSound();
-  bool WearBehindNotice(const SkinPlaces& places);
+  void WearStored();
+  Worn WearBehindNotice(const SkinPlaces& places);
   void ConnectScreens();
   void ConnectEditors();
   void ShowStart();

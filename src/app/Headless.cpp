@@ -115,7 +115,7 @@ int PlayHeadless(const Paths& paths) {
     Print(words.NoRecord);
     return 1;
   }
-  CavePainter painter(SkinPlaces{paths.SkinsPath});
+  CavePainter painter(SkinPlaces{paths.SkinsPath, kDefaultSkin, paths.ShippedSkins});
   Hra hra;
   PictureStage stage(hra, painter);
   hra.SetStage(stage);

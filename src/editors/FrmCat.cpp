@@ -39,7 +39,7 @@ constexpr QSize kUsualSize(660, 460);
 CatData FindCatData(Skin& skin, QWidget* parent) {
   if (skin.Places().SkinsPath.empty()) return {};
   const std::string path = SkinDataPath(skin.Places(), "menu\\catdata", [&](const std::string& question) {
-    return Ask(skin, parent, kProgramTitle, QString::fromStdString(question));
+    return AskRetry(skin, parent, skin.Text(99), QString::fromStdString(question));
   });
   if (path.empty()) return {};
   const Result<std::string> bytes = ReadWhole(path);

@@ -90,7 +90,7 @@ struct DSound::Device {
   MixBus bus{kBuffer};
 
   Slot* Used(int handle);
-  std::shared_ptr<const Recording> Fetch(const std::string& path);
+  std::shared_ptr<const Recording> Fetch(const std::string& path, bool looping);
   void DropUnused();
   std::optional<int> FreeSlot();
   int Fill(const std::string& path, std::shared_ptr<const Recording> recording, bool looping);
@@ -104,7 +104,7 @@ Slot* DSound::Device::Used(int handle) {
 }
 
 // The file's recording, also when it is no sound; none if there is no file.
-std::shared_ptr<const Recording> DSound::Device::Fetch(const std::string& path) {
+std::shared_ptr<const Recording> DSound::Device::Fetch(const std::string& path, bool looping) {
   std::error_code error;
   const auto time = std::filesystem::last_write_time(path, error);
   if (error) return nullptr;
@@ -116,7 +116,7 @@ std::shared_ptr<const Recording> DSound::Device::Fetch(const std::string& path) 
   auto recording = std::make_shared<Recording>();
   recording->time = time;
   recording->size = size;
-  if (auto samples = ReadWave(path)) {
+  if (auto samples = ReadWave(path, looping ? kLoopLimits : kSoundLimits)) {
     recording->samples = std::move(*samples);
     auto* const bytes = reinterpret_cast<Uint8*>(recording->samples.data());
     const std::size_t length = recording->samples.size() * sizeof(std::int16_t);
@@ -197,12 +197,12 @@ Result<Done> DSound::DSInit() {
 }
 
 int DSound::DSLoad(const std::string& path, bool looping) {
-  return device_->open ? device_->Fill(path, device_->Fetch(path), looping) : kNoBuffer;
+  return device_->open ? device_->Fill(path, device_->Fetch(path, looping), looping) : kNoBuffer;
 }
 
 int DSound::DSReload(int handle, const std::string& path, bool looping) {
   if (!device_->open) return kNoBuffer;
-  auto recording = device_->Fetch(path);
+  auto recording = device_->Fetch(path, looping);
   const Slot* const slot = device_->Used(handle);
   if (slot != nullptr && slot->recording == recording && slot->looping == looping) return handle;
   DSFree(handle);

@@ -31,7 +31,8 @@ class DSound {
   Result<Done> DSInit();
 
   // Loads a wave file into the first free slot. kNoBuffer if it cannot be read or is no sound (ReadWave), or
-  // if there are too many buffers. A file that has not changed since it was loaded is not read again.
+  // if there are too many buffers; a loop may be longer. A file that has not changed since it was loaded is
+  // not read again.
   int DSLoad(const std::string& path, bool looping);
 
   // The same in place of a buffer: one that holds this very file, unchanged, is kept and plays on.

@@ -72,10 +72,6 @@ std::string FolderOr(const fs::path& folder, const fs::path& fallback) {
   return (ShowsEntry(folder) ? folder : fallback).string();
 }
 
-std::string OwnOr(const fs::path& own, const fs::path& shipped, const char* name) {
-  return ((IsFolder(own / name) ? own : shipped) / name).string();
-}
-
 }  // namespace
 
 Surroundings ReadSurroundings(const std::string& programFolder) {
@@ -96,11 +92,13 @@ Result<Paths> FindPaths(const Surroundings& surroundings) {
 
   Paths paths;
   paths.AppPath = own.string();
-  paths.SkinsPath = OwnOr(own, shipped, "Skins");
+  paths.SkinsPath = (own / "Skins").string();
   paths.TestRecordsPath = (own / "Replays").string();
   paths.PlayersPath = (own / "Players").string();
-  paths.HelpPath = OwnOr(own, shipped, "Help");
+  paths.HelpPath = (own / "Help").string();
   paths.ShippedReplays = (shipped / "Replays").string();
+  paths.ShippedSkins = (shipped / "Skins").string();
+  paths.ShippedHelp = (shipped / "Help").string();
   if (!fs::equivalent(own, shipped, error)) paths.ShippedCaves = (shipped / "Caves").string();
   BringFirstCaves(paths);
   FindFolders(paths);

@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <memory>
 #include <system_error>
+#include <utility>
 
 #include "data/Files.h"
 
@@ -17,6 +18,8 @@ namespace {
 constexpr int kMostRate = 384000;  // far beyond hearing, and what the converter takes in its stride
 
 struct Wave {
+  WaveState state = WaveState::Broken;
+  std::string fault;  // what is the matter with it
   SDL_AudioSpec spec{};
   std::unique_ptr<Uint8, decltype(&SDL_FreeWAV)> bytes{nullptr, &SDL_FreeWAV};
   Uint32 size = 0;
@@ -31,9 +34,10 @@ Wave Decode(const std::string& file) {
   return wave;
 }
 
-bool IsTooLong(const Wave& wave) {
+bool IsTooLong(const Wave& wave, int seconds) {
   const std::size_t frame = std::size_t{wave.spec.channels} * SDL_AUDIO_BITSIZE(wave.spec.format) / 8;
-  return frame == 0 || wave.size / frame > static_cast<std::size_t>(wave.spec.freq) * kLongestSound;
+  return frame == 0 ||
+         wave.size / frame > static_cast<std::size_t>(wave.spec.freq) * static_cast<std::size_t>(seconds);
 }
 
 // Of the two converters at hand, the one that streams leaves out the end of what it stretches.
@@ -56,19 +60,37 @@ std::vector<std::int16_t> Convert(const Wave& wave) {
   return samples;
 }
 
-}  // namespace
+Wave Faulty(WaveState state, std::string fault) {
+  Wave wave;
+  wave.state = state;
+  wave.fault = std::move(fault);
+  return wave;
+}
 
-Result<std::vector<std::int16_t>> ReadWave(const std::string& path) {
+Wave Load(const std::string& path, const WaveLimits& limits) {
   std::error_code error;
   const std::uintmax_t size = std::filesystem::file_size(path, error);
-  if (error) return Failure{"cannot read " + path + ": " + error.message()};
-  if (size > kLargestWave) return Failure{"cannot read " + path + ": the sound is too large"};
+  if (error) return Faulty(WaveState::Broken, error.message());
+  if (size > limits.bytes) return Faulty(WaveState::TooLong, "the sound is too large");
   const Result<std::string> file = ReadWhole(path);
-  if (!file) return Failure{file.Message()};
-  const Wave wave = Decode(*file);
-  if (!wave.bytes) return Failure{"cannot read " + path + ": it is no wave file"};
-  if (wave.spec.freq > kMostRate) return Failure{"cannot read " + path + ": no sound has such a rate"};
-  if (IsTooLong(wave)) return Failure{"cannot read " + path + ": the sound is too long"};
+  if (!file) return Faulty(WaveState::Broken, file.Message());
+  Wave wave = Decode(*file);
+  if (!wave.bytes) return Faulty(WaveState::Broken, "it is no wave file");
+  if (wave.spec.freq > kMostRate) return Faulty(WaveState::Broken, "no sound has such a rate");
+  if (IsTooLong(wave, limits.seconds)) return Faulty(WaveState::TooLong, "the sound is too long");
+  wave.state = WaveState::Good;
+  return wave;
+}
+
+}  // namespace
+
+WaveState StateOfWave(const std::string& path, const WaveLimits& limits) {
+  return Load(path, limits).state;
+}
+
+Result<std::vector<std::int16_t>> ReadWave(const std::string& path, const WaveLimits& limits) {
+  const Wave wave = Load(path, limits);
+  if (wave.state != WaveState::Good) return Failure{"cannot read " + path + ": " + wave.fault};
   std::vector<std::int16_t> samples = Convert(wave);
   if (samples.empty()) return Failure{"cannot read " + path + ": it holds no sound"};
   return samples;

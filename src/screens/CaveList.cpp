@@ -45,7 +45,7 @@ void CaveList::SkinIt(const Skin& skin) {
 
   const int lines = std::max(0, skin.Data().SkinInt("select.caves.lines"));
   const QRect plain(0, 0, 0, lines * kRowHeight + 2 * borderSize_);
-  const QRect box = BoxOf(skin, "select.caves", plain);
+  const QRect box = HeldIn(parentWidget(), BoxOf(skin, "select.caves", plain));
   setFixedSize(box.size());
   move(box.topLeft());
   update();

@@ -6,11 +6,14 @@
 #include <QHBoxLayout>
 #include <QLocale>
 #include <QPushButton>
+#include <QSignalBlocker>
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "data/Cp1250.h"
 #include "screens/MsgBox.h"
 #include "screens/PlainText.h"
+#include "screens/SkinFlaws.h"
 #include "screens/StartWords.h"
 #include "skin/GameFont.h"
 #include "skin/Skin.h"
@@ -22,14 +25,26 @@ constexpr int kLetters = 14;
 constexpr int kMargin = 18;
 constexpr int kLeastWidth = 280;
 
-// The folders below that of the skins; the default skin goes first.
+bool SameSkin(const QString& a, const QString& b) {
+  return FoldFileName(a.toStdString()) == FoldFileName(b.toStdString());
+}
+
+// The folders below those of the skins, each name once; the default skin goes first.
 QStringList SkinNames(const SkinPlaces& places) {
-  const QString folder = QString::fromStdString(places.SkinsPath);
-  QStringList names = QDir(folder).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+  QStringList names;
+  for (const std::string& root : SkinRoots(places)) {
+    const QDir folder(QString::fromStdString(root));
+    for (const QString& name : folder.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
+      const bool known = std::any_of(names.begin(), names.end(),
+                                     [&](const QString& other) { return SameSkin(other, name); });
+      if (!known) names.push_back(name);
+    }
+  }
   const QCollator order((QLocale(QLocale::Czech)));
-  std::sort(names.begin(), names.end(), order);
-  const auto first = names.indexOf("Default");
-  if (first > 0) names.move(first, 0);
+  std::sort(names.begin(), names.end(), [&](const QString& a, const QString& b) {
+    const bool first = IsDefaultSkin(a.toStdString());
+    return first != IsDefaultSkin(b.toStdString()) ? first : order(a, b);
+  });
   return names;
 }
 
@@ -60,8 +75,9 @@ FrmSLang::FrmSLang(Skin& skin, Settings& settings, QWidget* parent)
   rows->addLayout(buttons);
 
   Combo1_->addItems(SkinNames(skin_.Places()));
-  Combo1_->setCurrentText(QString::fromStdString(skin_.Places().Skin));
+  SelectStored();
   connect(Combo1_, &QComboBox::currentTextChanged, this, &FrmSLang::Choose);
+  connect(Combo1_, &QComboBox::textActivated, this, &FrmSLang::Choose);
   connect(Command1_, &QPushButton::clicked, this, &FrmSLang::TellAuthor);
   connect(Command2_, &QPushButton::clicked, this, &FrmSLang::accept);
   SetLW();
@@ -75,16 +91,31 @@ void FrmSLang::SetLW() {
   Command2_->setText(InMenu(kCloseWords.In(skin_)));
 }
 
+// Nothing is selected when the stored skin is gone; so the default one can be chosen then.
+void FrmSLang::SelectStored() {
+  const QSignalBlocker silent(Combo1_);
+  for (int i = 0; i < Combo1_->count(); ++i) {
+    if (SameSkin(Combo1_->itemText(i), settings_.Skin)) return Combo1_->setCurrentIndex(i);
+  }
+  Combo1_->setCurrentIndex(-1);
+}
+
+// A skin is stored when all windows have it, so that none can keep the game from starting.
 void FrmSLang::Choose(const QString& name) {
   SkinPlaces places = skin_.Places();
+  if (name.isEmpty() || (name == settings_.Skin && name.toStdString() == places.Skin)) return;
   places.Skin = name.toStdString();
-  const bool whole = skin_.Wear(places);
-  settings_.Skin = name;
-  const bool stored = StoreSkin(name);
+  const Worn worn = skin_.Wear(places);
+  if (!worn.worn) {
+    SelectStored();
+    TellFlaws(skin_, this, worn.flaws, kSkinStaysWords.In(skin_));
+    return;
+  }
   SetLW();
   emit SkinChanged();
-  if (!stored) Tell(skin_, this, skin_.Text(99), kNotStoredWords.In(skin_));
-  if (!whole) Tell(skin_, this, skin_.Text(99), kNoLanguageWords.In(skin_));
+  settings_.Skin = name;
+  if (!StoreSkin(name)) Tell(skin_, this, skin_.Text(99), kNotStoredWords.In(skin_));
+  TellFlaws(skin_, this, worn.flaws);
 }
 
 void FrmSLang::TellAuthor() {

@@ -12,7 +12,7 @@ namespace zorik {
 class Skin;
 
 // The window in which the player chooses the skin, and with it the language. A choice counts at once: the
-// skin is put on and stored.
+// skin is put on and, once it has been, stored. One that cannot be worn is told, and nothing changes.
 class FrmSLang : public QDialog {
   Q_OBJECT
 
@@ -25,6 +25,7 @@ class FrmSLang : public QDialog {
 
  private:
   void SetLW();
+  void SelectStored();
   void Choose(const QString& name);
   void TellAuthor();
 

@@ -187,9 +187,9 @@ void FrmStart2::SkinLists() {
   const int lines = skin_.Data().SkinInt("start.caves.lines");
   if (box.height() < 0) box.setHeight(std::max(1, lines) * kRowHeight + 2 * colls.borderSize);
   lblCColl_->SetLook(colls);
-  lblCColl_->setGeometry(box);
+  lblCColl_->setGeometry(HeldIn(this, box));
   lblPlr_->SetLook(LookOf(skin_, "start.players"));
-  lblPlr_->setGeometry(BoxOf(skin_, "start.players", QRect(220, 412, 198, 20)));
+  lblPlr_->setGeometry(HeldIn(this, BoxOf(skin_, "start.players", QRect(220, 412, 198, 20))));
 }
 
 void FrmStart2::SkinFingers() {

@@ -40,6 +40,7 @@ constexpr std::array kButtons = {
     ButtonRow{MsgResult::Yes, Qt::Key_Y, "yes", kYesWords},
     ButtonRow{MsgResult::No, Qt::Key_N, "no", kNoWords},
     ButtonRow{MsgResult::Ok, Qt::Key_O, "ok", kOkWords},
+    ButtonRow{MsgResult::Retry, Qt::Key_R, "retry", kRetryWords},
     ButtonRow{MsgResult::Cancel, Qt::Key_C, "close", kCancelWords},
 };
 
@@ -51,6 +52,8 @@ std::vector<MsgResult> ResultsOf(MsgButtons buttons) {
       return {MsgResult::Yes, MsgResult::No};
     case MsgButtons::YesNoCancel:
       return {MsgResult::Yes, MsgResult::No, MsgResult::Cancel};
+    case MsgButtons::RetryCancel:
+      return {MsgResult::Retry, MsgResult::Cancel};
     default:
       return {MsgResult::Ok};
   }
@@ -59,6 +62,7 @@ std::vector<MsgResult> ResultsOf(MsgButtons buttons) {
 MsgIcon IconOf(MsgButtons buttons) {
   switch (buttons) {
     case MsgButtons::OkCancel:
+    case MsgButtons::RetryCancel:
       return MsgIcon::Exclamation;
     case MsgButtons::YesNo:
     case MsgButtons::YesNoCancel:
@@ -99,7 +103,7 @@ class FrmDialog : public SkinDialog {
   MsgResult Result() const { return result_; }
 
  protected:
-  void OnEnter() override { Press(Shown(MsgResult::Yes) ? MsgResult::Yes : MsgResult::Ok); }
+  void OnEnter() override { Press(shown_.front()); }
   void OnEsc() override;
   void reject() override;
   void keyPressEvent(QKeyEvent* event) override;
@@ -269,6 +273,10 @@ MsgResult SkinMsgBox(Skin& skin, QWidget* parent, const QString& prompt, MsgButt
 
 void Tell(Skin& skin, QWidget* parent, const QString& title, const QString& text) {
   SkinMsgBox(skin, parent, text, MsgButtons::Ok, MsgIcon::OfSet, title);
+}
+
+bool AskRetry(Skin& skin, QWidget* parent, const QString& title, const QString& text) {
+  return SkinMsgBox(skin, parent, text, MsgButtons::RetryCancel, MsgIcon::OfSet, title) == MsgResult::Retry;
 }
 
 bool Ask(Skin& skin, QWidget* parent, const QString& title, const QString& text) {

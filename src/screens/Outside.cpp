@@ -51,6 +51,12 @@ class FileBox : public QFileDialog {
   Skin& skin_;
 };
 
+// What a skin says of a folder may not lead out of it.
+QString FolderWithin(const QString& folder) {
+  const QString clean = QDir::cleanPath(folder);
+  return clean == ".." || clean.startsWith("../") ? QString() : clean;
+}
+
 }  // namespace
 
 void OpenFileOrTell(Skin& skin, QWidget* parent, const QString& path) {
@@ -62,9 +68,15 @@ void OpenLinkOrTell(Skin& skin, QWidget* parent, const QUrl& link) {
 }
 
 QString HelpPage(const Paths& paths, const Skin& skin, const QString& name) {
-  const QString help = PathText(paths.HelpPath);
-  const QString translated = QDir::cleanPath(help + '/' + skin.Caption("help.folder") + '/' + name);
-  return IsReadableFile(PathBytes(translated)) ? translated : help + '/' + name;
+  QStringList folders = {PathText(paths.HelpPath)};
+  if (!paths.ShippedHelp.empty()) folders.push_back(PathText(paths.ShippedHelp));
+  for (const QString& within : {FolderWithin(skin.Caption("help.folder")) + '/' + name, name}) {
+    for (const QString& folder : folders) {
+      const QString page = QDir::cleanPath(folder + '/' + within);
+      if (IsReadableFile(PathBytes(page))) return page;
+    }
+  }
+  return folders.constLast() + '/' + name;
 }
 
 void PrepareFileBox(QFileDialog& box, const Skin& skin, const QString& words) {

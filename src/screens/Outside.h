@@ -20,8 +20,9 @@ void OpenFileOrTell(Skin& skin, QWidget* parent, const QString& path);
 // Opens a page or a letter, likewise.
 void OpenLinkOrTell(Skin& skin, QWidget* parent, const QUrl& link);
 
-// The path of a page of the help, "help.html" for one. A skin of another language names the folder of its
-// pages, within that of the help, by the key help.folder.
+// The path of a page of the help, "help.html" for one: the player's own if there is one, else that of the
+// installation. A skin of another language names the folder of its pages, within that of the help, by the key
+// help.folder.
 QString HelpPage(const Paths& paths, const Skin& skin, const QString& name);
 
 // Gives a file box the game's words and letters; it renames and deletes nothing. The words are those of the

@@ -33,6 +33,7 @@ inline constexpr StartWords kYesWords{"caption.dialog.yes", "Ano"};
 inline constexpr StartWords kNoWords{"caption.dialog.no", "Ne"};
 inline constexpr StartWords kOkWords{"caption.dialog.ok", "OK"};
 inline constexpr StartWords kCancelWords{"caption.dialog.close", "Zrušit"};
+inline constexpr StartWords kRetryWords{"caption.dialog.retry", "Zkusit znovu"};
 
 // Of the buttons above the play picture.
 inline constexpr StartWords kRestartWords{"caption.game.restart", "Znovu od začátku"};
@@ -54,6 +55,21 @@ inline constexpr StartWords kNoLanguageWords{"caption.error.language",
                                              "Soubor s texty hry chybí nebo není celý."};
 inline constexpr StartWords kSkinFaultWords{"caption.error.skin",
                                             "V údajích skinu je něco, čemu nelze rozumět."};
+inline constexpr StartWords kSkinStaysWords{"caption.error.skinstays", "Skin zůstává, jaký byl."};
+inline constexpr StartWords kSkinDefaultWords{"caption.error.skindefault",
+                                              "Hra má proto tentokrát výchozí skin."};
+inline constexpr StartWords kSkinHeldWords{"caption.error.skinheld",
+                                           "Tato čísla skinu přesahují obrazovku a byla upravena:"};
+inline constexpr StartWords kSkinManyWords{"caption.error.skinmany",
+                                           "Skin má příliš mnoho údajů. Vynecháno jich bylo:"};
+inline constexpr StartWords kPictureLargeWords{"caption.error.picturelarge",
+                                               "Příliš velké obrázky skinu byly vynechány:"};
+inline constexpr StartWords kPictureBrokenWords{"caption.error.picturebroken",
+                                                "Obrázky skinu, které nelze přečíst, byly vynechány:"};
+inline constexpr StartWords kSoundLongWords{"caption.error.soundlong",
+                                            "Příliš dlouhé zvuky skinu byly vynechány:"};
+inline constexpr StartWords kSoundBrokenWords{"caption.error.soundbroken",
+                                              "Zvuky skinu, které nelze přečíst, byly vynechány:"};
 
 // Of the box that asks for a file.
 inline constexpr StartWords kLookInWords{"caption.file.folder", "Složka:"};

@@ -21,7 +21,7 @@ constexpr std::int64_t kMostBytesKept = std::int64_t{32} << 20U;
 constexpr int kMostMegabytesOfOne = 64;  // that reading a picture may ask for
 
 std::string ErrorPicture(const SkinPlaces& places) {
-  return ResolvePath(places.SkinsPath + "/error.bmp");
+  return FindInRoots(places, "error.bmp");
 }
 
 QImage ErrorTile() {
@@ -34,6 +34,34 @@ QImage ErrorTile() {
 bool IsKnown(const QByteArray& format) {
   return format == "gif" || format == "bmp" || format == "jpeg" || format == "jpg";
 }
+
+// A picture's file, read as a whole: the toolkit itself would wait for ever at a pipe.
+class PictureSource {
+ public:
+  explicit PictureSource(const std::string& path) : bytes_(ReadWhole(path)) {
+    if (!bytes_) return;
+    held_ = QByteArray::fromRawData(bytes_->data(), static_cast<qsizetype>(bytes_->size()));
+    buffer_.setBuffer(&held_);
+    reader_.setDevice(&buffer_);
+    reader_.setDecideFormatFromContent(true);
+  }
+
+  PictureState State(std::int64_t mostPixels) {
+    if (!bytes_ || !reader_.canRead() || !IsKnown(reader_.format())) return PictureState::Broken;
+    const QSize size = reader_.size();
+    if (size.isEmpty()) return PictureState::Broken;
+    const bool large = std::int64_t{size.width()} * size.height() > mostPixels;
+    return large ? PictureState::TooLarge : PictureState::Good;
+  }
+
+  QImage Read() { return reader_.read().convertToFormat(QImage::Format_ARGB32); }
+
+ private:
+  Result<std::string> bytes_;
+  QByteArray held_;
+  QBuffer buffer_;
+  QImageReader reader_;
+};
 
 }  // namespace
 
@@ -56,10 +84,10 @@ std::optional<std::string> PictureFinder::Folder::Find(const std::string& name) 
 
 PictureFinder::PictureFinder(const SkinPlaces& places, std::string_view scheme)
     : errorPicture_(ErrorPicture(places)) {
-  for (const std::string& skin : {places.Skin, std::string("Default")}) {
-    const std::string game = places.SkinsPath + "/" + skin + "/Game";
-    folders_.emplace_back(game + "/" + std::string(scheme));
-    folders_.emplace_back(game);
+  for (const std::string_view skin : {std::string_view(places.Skin), std::string_view(kDefaultSkin)}) {
+    for (const std::string& game : FoldersOf(places, skin, "Game/" + std::string(scheme)))
+      folders_.emplace_back(game);
+    for (const std::string& game : FoldersOf(places, skin, "Game")) folders_.emplace_back(game);
   }
 }
 
@@ -76,18 +104,15 @@ std::string GetSchPicPath(const SkinPlaces& places, std::string_view scheme, std
   return PictureFinder(places, scheme).GetSchPicPath(name);
 }
 
+PictureState StateOf(const std::string& path, std::int64_t mostPixels) {
+  return PictureSource(path).State(mostPixels);
+}
+
 QImage ReadImage(const std::string& path, std::int64_t mostPixels) {
   QImageReader::setAllocationLimit(kMostMegabytesOfOne);
-  const auto bytes = ReadWhole(path);
-  if (!bytes) return {};
-  QByteArray held = QByteArray::fromRawData(bytes->data(), static_cast<qsizetype>(bytes->size()));
-  QBuffer source(&held);
-  QImageReader reader(&source);
-  reader.setDecideFormatFromContent(true);
-  if (!reader.canRead() || !IsKnown(reader.format())) return {};
-  const QSize size = reader.size();
-  if (size.isEmpty() || std::int64_t{size.width()} * size.height() > mostPixels) return {};
-  return reader.read().convertToFormat(QImage::Format_ARGB32);
+  PictureSource source(path);
+  if (source.State(mostPixels) != PictureState::Good) return {};
+  return source.Read();
 }
 
 FileStamp StampOf(const std::string& path) {

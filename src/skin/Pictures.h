@@ -13,7 +13,7 @@
 
 namespace zorik {
 
-// A picture with more pixels than these is not read: it counts as broken.
+// A picture with more pixels than these is not read.
 inline constexpr std::int64_t kMostPixels = std::int64_t{4} << 20U;
 
 // Finds the pictures of the game for one scheme. It looks into the folders once, when it is made.
@@ -21,8 +21,9 @@ class PictureFinder {
  public:
   PictureFinder(const SkinPlaces& places, std::string_view scheme);
 
-  // The path of a picture: of the skin and the scheme, of the skin, then the same of the default skin; within
-  // one folder .jpg goes before .bmp before .gif. A picture that is nowhere gives error.bmp.
+  // The path of a picture: of the skin and the scheme, of the skin, then the same of the default skin, each
+  // in the player's own folder first; within one folder .jpg goes before .bmp before .gif. A picture that is
+  // nowhere gives error.bmp.
   std::string GetSchPicPath(std::string_view name) const;
 
  private:
@@ -42,6 +43,11 @@ class PictureFinder {
 
 // The same for a single picture.
 std::string GetSchPicPath(const SkinPlaces& places, std::string_view scheme, std::string_view name);
+
+// Whether a file is a picture that can be read: gif, bmp or jpg, whatever its name says, with no more pixels
+// than these. Only its head is looked at.
+enum class PictureState : std::uint8_t { Good, Broken, TooLarge };
+PictureState StateOf(const std::string& path, std::int64_t mostPixels = kMostPixels);
 
 // Reads a picture: gif, bmp or jpg, whatever its name says. A broken one, and one with more pixels than the
 // limit, gives an empty image.

@@ -1,8 +1,10 @@
 #include "skin/Skin.h"
 
+#include <algorithm>
+#include <functional>
 #include <utility>
 
-#include "skin/Pictures.h"
+#include "skin/SkinCheck.h"
 
 namespace zorik {
 namespace {
@@ -20,10 +22,6 @@ void Skin::SetRetry(Question retry) {
   retry_ = std::move(retry);
 }
 
-void Skin::SetFault(Fault fault) {
-  data_.SetFault(std::move(fault));
-}
-
 bool Skin::AskRetry(const std::string& question) {
   if (!retry_ || asking_) return false;
   asking_ = true;
@@ -32,11 +30,22 @@ bool Skin::AskRetry(const std::string& question) {
   return again;
 }
 
-bool Skin::Wear(const SkinPlaces& places) {
+Worn Skin::Wear(const SkinPlaces& places) {
+  SkinData data;
+  SkinFlaws flaws = data.LoadSkinData(places);
+  const auto isFault = [](const SkinFlaw& flaw) { return flaw.kind == SkinFlaw::Kind::NotUnderstood; };
+  if (std::any_of(flaws.begin(), flaws.end(), isFault)) {
+    std::erase_if(flaws, std::not_fn(isFault));
+    return {false, std::move(flaws)};
+  }
   places_ = places;
+  data_ = std::move(data);
   pictures_.clear();
-  data_.LoadSkinData(places_);
-  return LoadLanguage(places_, texts_, [this](const std::string& question) { return AskRetry(question); });
+  givenUp_.clear();
+  const auto retry = [this](const std::string& question) { return AskRetry(question); };
+  if (!LoadLanguage(places_, texts_, retry)) flaws.push_back({SkinFlaw::Kind::ShortLanguage, {}, {}});
+  AddFileFlaws(places_, flaws);
+  return {true, std::move(flaws)};
 }
 
 QString Skin::Text(int place) const {
@@ -45,7 +54,7 @@ QString Skin::Text(int place) const {
 
 QString Skin::Caption(std::string_view key, const char* otherwise) const {
   const std::string text = data_.SkinText(key);
-  return text.empty() ? QString::fromUtf8(otherwise) : QString::fromStdString(text);
+  return text.empty() ? QString::fromUtf8(otherwise) : QString::fromStdString(text).replace('\r', '\n');
 }
 
 QColor Skin::Colour(std::string_view key, QColor otherwise) const {
@@ -60,14 +69,28 @@ QImage Skin::Picture(std::string_view key) {
   return name.empty() ? QImage() : MenuPicture(name);
 }
 
+QImage Skin::ReadKept(const std::string& path) {
+  const FileStamp stamp = StampOf(path);
+  const auto kept = pictures_.find(path);
+  if (kept != pictures_.end() && kept->second.stamp == stamp) return kept->second.image;
+  return pictures_.insert_or_assign(path, Kept{stamp, ReadPicture(path)}).first->second.image;
+}
+
 QImage Skin::MenuPicture(const std::string& name) {
   if (places_.SkinsPath.empty()) return QImage();
-  const auto kept = pictures_.find(name);
-  if (kept != pictures_.end()) return kept->second;
-  const auto retry = [this](const std::string& question) { return AskRetry(question); };
-  const std::string path = SkinPicPath(places_, "menu\\" + name, retry);
-  const QImage picture = path.empty() ? QImage() : ReadPicture(path);
-  return pictures_.insert_or_assign(name, picture).first->second;
+  QImage picture;
+  const auto usable = [&](const std::string& path) {
+    picture = ReadKept(path);
+    return !picture.isNull();
+  };
+  const auto retry = [&](const std::string& question) {
+    if (asking_ || givenUp_.contains(name)) return false;
+    if (AskRetry(question)) return true;
+    givenUp_.insert(name);
+    return false;
+  };
+  SkinPicPath(places_, "menu\\" + name, retry, usable);
+  return picture;
 }
 
 }  // namespace zorik

@@ -7,68 +7,110 @@
 #include <utility>
 
 #include "data/Files.h"
+#include "skin/SkinKeys.h"
 
 namespace zorik {
 namespace {
 
 constexpr int kAbsent = -1;
 
+// What is read in a skin lies in its folders.
+bool LeadsUp(const std::filesystem::path& path) {
+  return std::find(path.begin(), path.end(), "..") != path.end();
+}
+
+// The path of a file of a skin, whose separators are those of its makers.
+std::filesystem::path PathOf(std::string_view name) {
+  std::string path(name);
+  std::replace(path.begin(), path.end(), '\\', '/');
+  return path;
+}
+
 bool IsFile(const std::string& path) {
   std::error_code error;
   return std::filesystem::is_regular_file(path, error);
 }
 
-// The first file of the skin, then of the default skin, with one of the extensions in their order.
+using Extensions = std::vector<const char*>;
+using Usable = std::function<bool(const std::string& path)>;
+
+// The first usable file of the skin, then of the default skin, with one of the extensions in their order.
 std::optional<std::string> FindFile(const SkinPlaces& places, std::string_view name,
-                                    const std::vector<std::string>& extensions) {
-  for (const std::string& skin : {places.Skin, std::string("Default")}) {
-    const std::string stem = places.SkinsPath + "/" + skin + "/" + std::string(name);
-    for (const std::string& extension : extensions) {
-      std::string path = ResolvePath(stem + extension);
-      if (IsFile(path)) return path;
+                                    const Extensions& extensions, const Usable& usable) {
+  const std::filesystem::path path = PathOf(name);
+  if (LeadsUp(path)) return std::nullopt;
+  for (const std::string& folder : SearchFolders(places, path.parent_path().string())) {
+    for (const char* const extension : extensions) {
+      std::string file = ResolvePath(folder + "/" + path.filename().string() + extension);
+      if (IsFile(file) && usable(file)) return file;
     }
   }
   return std::nullopt;
 }
 
+// The table of a skin's folder, from the first of the folders of skins that has one.
+std::string FirstTable(const std::vector<std::string>& folders) {
+  for (const std::string& folder : folders) {
+    std::string path = ResolvePath(folder + "/skindata.txt");
+    if (IsFile(path)) return path;
+  }
+  return {};
+}
+
 using Retry = std::function<bool(const std::string& question)>;
 
-std::string FindOrAsk(const SkinPlaces& places, std::string_view name,
-                      const std::vector<std::string>& extensions, const std::string& question,
-                      const Retry& retry) {
+std::string FindOrAsk(const SkinPlaces& places, std::string_view name, const Extensions& extensions,
+                      const std::string& question, const Retry& retry, const Usable& usable) {
   for (;;) {
-    if (auto path = FindFile(places, name, extensions)) return *path;
+    if (auto path = FindFile(places, name, extensions, usable)) return *path;
     if (!retry || !retry(question)) return {};
   }
 }
 
 }  // namespace
 
-void SkinData::SetFault(std::function<void(const std::string& key, const std::string& file)> fault) {
-  fault_ = std::move(fault);
-}
-
-void SkinData::LoadSkinData(const SkinPlaces& places) {
+SkinFlaws SkinData::LoadSkinData(const SkinPlaces& places) {
   SkinTable_ = {};
-  files_.clear();
-  for (const std::string& skin : {std::string("Default"), places.Skin}) {
+  std::vector<std::string> files;
+  for (const std::string_view skin : {std::string_view(kDefaultSkin), std::string_view(places.Skin)}) {
     for (const char* folder : {"Menu", "Game"}) {
-      const std::string path = ResolvePath(places.SkinsPath + "/" + skin + "/" + folder + "/skindata.txt");
+      const std::string path = FirstTable(FoldersOf(places, skin, folder));
       const auto bytes = ReadWhole(path);
       if (!bytes) continue;
-      SkinTable_.Add(*bytes, files_.size());
-      files_.push_back(path);
+      SkinTable_.Add(*bytes, files.size());
+      files.push_back(path);
     }
   }
+  return Check(files);
+}
+
+SkinFlaws SkinData::Check(const std::vector<std::string>& files) {
+  SkinFlaws flaws;
+  const std::size_t passedOver = SkinTable_.PassedOver();
+  if (passedOver > 0) flaws.push_back({SkinFlaw::Kind::TooManyKeys, std::to_string(passedOver), {}});
+  for (const SkinKey& key : CheckedSkinKeys()) {
+    const SkinTable::Entry* const entry = SkinTable_.Find(key.name);
+    if (entry == nullptr) continue;
+    const std::string& file = files[entry->file];
+    if (key.kind == SkinKind::Colour) {
+      if (!SkinColourNumber(entry->Value)) flaws.push_back({SkinFlaw::Kind::NotUnderstood, entry->Key, file});
+      continue;
+    }
+    const std::optional<int> number = SkinNumber(entry->Value);
+    if (!number) flaws.push_back({SkinFlaw::Kind::NotUnderstood, entry->Key, file});
+    if (number.value_or(kAbsent) == kAbsent) continue;
+    const SkinRange range = RangeOf(key.kind);
+    const int held = std::clamp(*number, range.least, range.most);
+    if (held == *number) continue;
+    flaws.push_back({SkinFlaw::Kind::Held, entry->Key, file});
+    SkinTable_.Replace(key.name, std::to_string(held));
+  }
+  return flaws;
 }
 
 std::string_view SkinData::Value(std::string_view key) const {
   const SkinTable::Entry* entry = SkinTable_.Find(key);
   return entry == nullptr ? std::string_view() : entry->Value;
-}
-
-void SkinData::Blame(const SkinTable::Entry& entry) const {
-  if (fault_) fault_(entry.Key, files_[entry.file]);
 }
 
 std::string SkinData::SkinText(std::string_view key) const {
@@ -78,19 +120,11 @@ std::string SkinData::SkinText(std::string_view key) const {
 }
 
 int SkinData::SkinInt(std::string_view key) const {
-  const SkinTable::Entry* const entry = SkinTable_.Find(key);
-  if (entry == nullptr) return kAbsent;
-  const std::optional<int> number = SkinNumber(entry->Value);
-  if (!number) Blame(*entry);
-  return number.value_or(kAbsent);
+  return SkinNumber(Value(key)).value_or(kAbsent);
 }
 
 std::uint32_t SkinData::SkinColor(std::string_view key) const {
-  const SkinTable::Entry* const entry = SkinTable_.Find(key);
-  if (entry == nullptr) return 0;
-  const std::optional<std::uint32_t> colour = SkinColourNumber(entry->Value);
-  if (!colour) Blame(*entry);
-  return colour.value_or(0);
+  return SkinColourNumber(Value(key)).value_or(0);
 }
 
 SkinData::Align SkinData::SkinAlign(std::string_view key) const {
@@ -100,15 +134,16 @@ SkinData::Align SkinData::SkinAlign(std::string_view key) const {
   return Align::Left;
 }
 
-std::string SkinPicPath(const SkinPlaces& places, std::string_view name, const Retry& retry) {
+std::string SkinPicPath(const SkinPlaces& places, std::string_view name, const Retry& retry,
+                        const Usable& usable) {
   const std::string searched = places.SkinsPath + "/" + places.Skin + "/" + std::string(name);
   return FindOrAsk(places, name, {".jpg", ".bmp", ".gif"},
-                   "Loading skin picture '" + searched + "' failed. Try again?", retry);
+                   "Loading skin picture '" + searched + "' failed. Try again?", retry, usable);
 }
 
 std::string SkinDataPath(const SkinPlaces& places, std::string_view name, const Retry& retry) {
   return FindOrAsk(places, name, {".txt"}, "Loading data file '" + std::string(name) + "' failed. Try again?",
-                   retry);
+                   retry, [](const std::string&) { return true; });
 }
 
 }  // namespace zorik

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "skin/SkinFlaw.h"
 #include "skin/SkinPlaces.h"
 #include "skin/SkinTable.h"
 
@@ -19,13 +20,11 @@ class SkinData {
   // How the alignment of a text is written in the table.
   enum class Align : std::uint8_t { Left = 0, Right = 1, Centre = 2 };
 
-  // Told of a value that does not parse, with its key and its file; the program is meant to end in order
-  // after that. Without one, such a value passes for an absent one.
-  void SetFault(std::function<void(const std::string& key, const std::string& file)> fault);
-
-  // Reads the table anew: the default skin's Menu and Game folder, then the skin's. Files that are not there
-  // are skipped.
-  void LoadSkinData(const SkinPlaces& places);
+  // Reads the table anew: the default skin's Menu and Game folder, then the skin's, each file from the first
+  // of the folders of skins that has it. Files that are not there are skipped. Numbers that no screen can
+  // show are held to what one can. Returns what was not as it should be; a value that does not parse passes
+  // for an absent one.
+  SkinFlaws LoadSkinData(const SkinPlaces& places);
 
   // The text of a key, empty when absent; "#" stands for a line break, the character 13.
   std::string SkinText(std::string_view key) const;
@@ -42,18 +41,18 @@ class SkinData {
  private:
   // What is said of a key, empty when absent.
   std::string_view Value(std::string_view key) const;
-  void Blame(const SkinTable::Entry& entry) const;
+  SkinFlaws Check(const std::vector<std::string>& files);
 
   SkinTable SkinTable_;
-  std::vector<std::string> files_;
-  std::function<void(const std::string&, const std::string&)> fault_;
 };
 
 // The picture of a menu with this name, which has no extension: of the skin, then of the default skin; .jpg
-// goes before .bmp before .gif. When there is none, retry is asked with the question to put to the player;
-// the search goes on as long as it answers true, else the path is empty.
-std::string SkinPicPath(const SkinPlaces& places, std::string_view name,
-                        const std::function<bool(const std::string& question)>& retry);
+// goes before .bmp before .gif. One that is of no use is passed over. When there is none, retry is asked with
+// the question to put to the player; the search goes on as long as it answers true, else the path is empty.
+std::string SkinPicPath(
+    const SkinPlaces& places, std::string_view name,
+    const std::function<bool(const std::string& question)>& retry,
+    const std::function<bool(const std::string& path)>& usable = [](const std::string&) { return true; });
 
 // The same for a text file, ".txt".
 std::string SkinDataPath(const SkinPlaces& places, std::string_view name,

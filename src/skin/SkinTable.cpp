@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <charconv>
+#include <iterator>
 #include <system_error>
+#include <utility>
 
 #include "data/Cp1250.h"
 #include "skin/SkinLines.h"
@@ -76,19 +78,68 @@ void SkinTable::AddLine(const std::string& line, std::size_t file) {
   const std::size_t sign = line.rfind('=');
   if (sign != std::string::npos) divider_ = CharactersOf(std::string_view(line).substr(0, sign));
   // Before the first "=" of all files nothing says where to divide.
-  if (!divider_ || entries_.size() >= kMostEntries) return;
+  if (!divider_) return;
   const std::string_view whole = line;
   const std::size_t keyEnd = PlaceOf(whole, *divider_);
   const std::size_t valueStart = PlaceOf(whole, *divider_ + 1);
-  entries_.push_back(
+  Keep(
       {FoldFileName(Trimmed(whole.substr(0, keyEnd))), std::string(Trimmed(whole.substr(valueStart))), file});
 }
 
+void SkinTable::Keep(Entry entry) {
+  const auto known = last_.find(entry.Key);
+  if (entries_.size() >= kMostEntries) {
+    if (known != last_.end()) {
+      entries_[known->second] = std::move(entry);
+      return;
+    }
+    if (!MakeRoom(entry.file)) {
+      ++passedOver_;
+      return;
+    }
+  }
+  last_[entry.Key] = entries_.size();
+  entries_.push_back(std::move(entry));
+}
+
+// For a new key of a file.
+bool SkinTable::MakeRoom(std::size_t file) {
+  if (last_.size() < entries_.size()) {
+    DropOverridden();
+    return true;
+  }
+  const auto earliest = std::min_element(entries_.begin(), entries_.end(),
+                                         [](const Entry& a, const Entry& b) { return a.file < b.file; });
+  if (earliest->file >= file) return false;
+  const auto end = std::find_if(earliest, entries_.end(),
+                                [&](const Entry& entry) { return entry.file != earliest->file; });
+  entries_.erase(std::prev(end));
+  Index();
+  ++passedOver_;
+  return true;
+}
+
+void SkinTable::DropOverridden() {
+  std::vector<Entry> kept;
+  for (std::size_t i = 0; i < entries_.size(); ++i) {
+    if (last_[entries_[i].Key] == i) kept.push_back(std::move(entries_[i]));
+  }
+  entries_ = std::move(kept);
+  Index();
+}
+
+void SkinTable::Index() {
+  last_.clear();
+  for (std::size_t i = 0; i < entries_.size(); ++i) last_[entries_[i].Key] = i;
+}
+
 const SkinTable::Entry* SkinTable::Find(std::string_view key) const {
-  const std::string wanted = FoldFileName(Trimmed(key));
-  const auto found = std::find_if(entries_.rbegin(), entries_.rend(),
-                                  [&](const Entry& entry) { return entry.Key == wanted; });
-  return found == entries_.rend() ? nullptr : &*found;
+  const auto found = last_.find(FoldFileName(Trimmed(key)));
+  return found == last_.end() ? nullptr : &entries_[found->second];
+}
+
+void SkinTable::Replace(std::string_view key, std::string value) {
+  entries_[last_.find(FoldFileName(Trimmed(key)))->second].Value = std::move(value);
 }
 
 }  // namespace zorik

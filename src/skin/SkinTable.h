@@ -2,6 +2,8 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
+#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -13,7 +15,8 @@ namespace zorik {
 // one leaves behind, its last section and its last divider, counts for the first lines of the next.
 class SkinTable {
  public:
-  // Pairs beyond these are not kept.
+  // There are no more pairs than these. Where more are said, those that a later one overrides give way, then
+  // those of earlier files, and what finds no room even so is passed over.
   static constexpr std::size_t kMostEntries = 2001;
 
   struct Entry {
@@ -29,12 +32,24 @@ class SkinTable {
   // The last pair of a key, which is asked for in any case and with blanks around; nullptr without one.
   const Entry* Find(std::string_view key) const;
 
+  // Gives the last pair of a key, which must be there, another value.
+  void Replace(std::string_view key, std::string value);
+
   const std::vector<Entry>& Entries() const { return entries_; }
+
+  // How many keys found no room.
+  std::size_t PassedOver() const { return passedOver_; }
 
  private:
   void AddLine(const std::string& line, std::size_t file);
+  void Keep(Entry entry);
+  bool MakeRoom(std::size_t file);
+  void DropOverridden();
+  void Index();
 
   std::vector<Entry> entries_;
+  std::map<std::string, std::size_t, std::less<>> last_;  // the last pair of each key
+  std::size_t passedOver_ = 0;
   std::string prefix_;
   // Characters in front of the last "=" that was seen; a line without one is divided at the same place.
   std::optional<std::size_t> divider_;

@@ -7,6 +7,7 @@
 
 #include "data/Cp1250.h"
 #include "data/Files.h"
+#include "platform/WaveFile.h"
 
 namespace zorik {
 namespace {
@@ -39,15 +40,12 @@ constexpr std::array<Stem, kSoundCount> kStems{{
     {9, "magicwall", true},
 }};
 
-std::string SoundFolder(const SkinPlaces& places, const std::string& skin) {
-  return places.SkinsPath + "/" + skin + "/Sound/";
-}
-
-// Of files that differ in letter case only, the one in lower case counts, then the first in byte order.
-SoundFiles FilesIn(const std::string& path) {
+// Adds the files of a folder whose names are new. Of those that differ in letter case only, the one in lower
+// case counts, then the first in byte order.
+void AddFilesIn(const std::string& path, SoundFiles& all) {
   std::vector<std::string> names;
   std::error_code error;
-  const std::string folder = ResolvePath(path);
+  const std::string folder = ResolvePath(path) + "/";
   for (fs::directory_iterator entry(folder, error); !error && entry != fs::directory_iterator();
        entry.increment(error)) {
     std::error_code unreadable;
@@ -59,6 +57,12 @@ SoundFiles FilesIn(const std::string& path) {
     const std::string lower = FoldFileName(name);
     if (name == lower || !files.contains(lower)) files[lower] = folder + name;
   }
+  all.merge(files);
+}
+
+SoundFiles FilesOf(const SkinPlaces& places, std::string_view skin) {
+  SoundFiles files;
+  for (const std::string& folder : FoldersOf(places, skin, "Sound")) AddFilesIn(folder, files);
   return files;
 }
 
@@ -91,6 +95,23 @@ void Search::LookInto(const SoundFiles& files, std::string_view stem) {
 
 }  // namespace
 
+void AddSoundFlaws(const std::vector<std::string>& folders, SkinFlaws& flaws) {
+  SoundFiles files;
+  for (const std::string& folder : folders) AddFilesIn(folder, files);
+  for (const Stem& stem : kStems) {
+    Search search;
+    search.LookInto(files, stem.name);
+    for (const Recording& recording : search.recordings) {
+      if (recording.kind != SoundKind::Wave) continue;
+      const WaveState state = StateOfWave(recording.path, stem.looping ? kLoopLimits : kSoundLimits);
+      if (state == WaveState::Good) continue;
+      const bool broken = state == WaveState::Broken;
+      flaws.push_back(
+          {broken ? SkinFlaw::Kind::SoundBroken : SkinFlaw::Kind::SoundTooLong, {}, recording.path});
+    }
+  }
+}
+
 Sounds::Sounds(DSound& device, std::uint64_t seed) : device_(device), rnd_(seed) {}
 
 void Sounds::LoadSounds(int number, std::string_view stem, bool looping,
@@ -117,8 +138,7 @@ Result<Done> Sounds::InicializaceZvuku(const SkinPlaces& places) {
   places_ = places;
   const Result<Done> opened = device_.DSInit();
   if (!opened) return opened;
-  const std::array<SoundFiles, 2> folders{FilesIn(SoundFolder(places, places.Skin)),
-                                          FilesIn(SoundFolder(places, "Default"))};
+  const std::array<SoundFiles, 2> folders{FilesOf(places, places.Skin), FilesOf(places, kDefaultSkin)};
   for (const Stem& stem : kStems) LoadSounds(stem.number, stem.name, stem.looping, folders);
   return Done{};
 }
@@ -143,10 +163,13 @@ void Sounds::PZvukStop(int n) {
 
 std::string Sounds::PZvukTime(int seconds) const {
   if (!on_) return {};
-  const std::string name = "O" + std::to_string(seconds) + ".wav";
-  std::string path = ResolvePath(SoundFolder(places_, places_.Skin) + name);
-  std::error_code error;
-  if (!fs::is_regular_file(path, error)) path = ResolvePath(SoundFolder(places_, "Default") + name);
+  const std::string name = "/O" + std::to_string(seconds) + ".wav";
+  std::string path;
+  for (const std::string& folder : SearchFolders(places_, "Sound")) {
+    path = ResolvePath(folder + name);
+    std::error_code error;
+    if (fs::is_regular_file(path, error)) break;
+  }
   return path;
 }
 

@@ -6,11 +6,13 @@
 #include <map>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "data/Chance.h"
 #include "data/Result.h"
 #include "platform/DSound.h"
-#include "skin/TileSets.h"
+#include "skin/SkinFlaw.h"
+#include "skin/SkinPlaces.h"
 
 namespace zorik {
 
@@ -21,6 +23,9 @@ enum class SoundKind : std::uint8_t { None = 0, Wave = 1, Midi = 2 };
 
 // Paths of the files of a folder by their names in lower case.
 using SoundFiles = std::map<std::string, std::string>;
+
+// Adds the recordings in these folders, of which the first has precedence, that cannot be read.
+void AddSoundFlaws(const std::vector<std::string>& folders, SkinFlaws& flaws);
 
 // The sounds of a skin by their numbers, each with up to nine recordings of which one is picked at random.
 // The chance is the interface's, never the game's.

@@ -4,13 +4,9 @@
 #include <algorithm>
 #include <utility>
 
-#include "skin/ZornePole.h"
-
 namespace zorik {
 namespace {
 
-// A picture with more frames than these counts as broken; 28 of these are still no danger to the memory.
-constexpr std::int64_t kMostFrames = 128;
 constexpr std::int64_t kMostBytesKept = std::int64_t{40} << 20U;    // of all schemes
 constexpr std::int64_t kMostBytesScaled = std::int64_t{64} << 20U;  // of both sizes
 
@@ -78,7 +74,7 @@ void TileSets::Load(PictureCache& pictures, const SkinPlaces& places, std::strin
   for (std::size_t i = 0; i < kTileSetCount; ++i) {
     Sheet& sheet = sheets[i];
     if (!sheet.image.isNull() && !newGround) continue;
-    const QImage picture = pictures.Load(places, sheet.path, kMostFrames * kTileSize * kTileSize);
+    const QImage picture = pictures.Load(places, sheet.path, kMostTilePixels);
     // Space has nothing below it and keeps its black.
     sheet.image = i == kSpace ? OverGround(picture, BlackTile())
                               : OverGround(WithoutBlack(picture), Tile(sheets[kSpace].image, 0, 0));

@@ -13,8 +13,14 @@
 #include "skin/CellPictures.h"
 #include "skin/Pictures.h"
 #include "skin/SkinPlaces.h"
+#include "skin/ZornePole.h"
 
 namespace zorik {
+
+// The picture of a tile set has at most so many frames, and this many pixels; 28 of these are still no danger
+// to the memory.
+inline constexpr int kMostFrames = 128;
+inline constexpr std::int64_t kMostTilePixels = std::int64_t{kMostFrames} * kTileSize * kTileSize;
 
 // All tile sets of a skin in one scheme, each laid over the ground of Space, so that drawing needs no
 // transparency.

@@ -50,7 +50,7 @@ TEST_F(PathsTest, AnInstalledGameKeepsItsFilesInTheUsersDataFolder) {
   const auto paths = FindPaths(Around());
   ASSERT_TRUE(paths);
   EXPECT_EQ(paths->AppPath, At("data/zorik"));
-  EXPECT_EQ(paths->SkinsPath, At("opt/share/zorik/Skins"));
+  EXPECT_EQ(paths->ShippedSkins, At("opt/share/zorik/Skins"));
   EXPECT_EQ(paths->ShippedReplays, At("opt/share/zorik/Replays"));
   EXPECT_TRUE(fs::is_directory(At("data/zorik")));
 }
@@ -99,20 +99,22 @@ TEST_F(PathsTest, ZorikHomeOverridesBoth) {
   const auto paths = FindPaths(Around(At("mine")));
   ASSERT_TRUE(paths);
   EXPECT_EQ(paths->AppPath, At("mine"));
-  EXPECT_EQ(paths->SkinsPath, At("opt/bin/Skins")) << "the skins are those that came with the program";
+  EXPECT_EQ(paths->SkinsPath, At("mine/Skins"));
+  EXPECT_EQ(paths->ShippedSkins, At("opt/bin/Skins")) << "those that came with the program";
 }
 
-TEST_F(PathsTest, TheHelpOfTheInstallationServesSkinsOfThePlayersOwn) {
-  File("opt/share/zorik/Help/help.html");
-  File("data/zorik/Skins/error.bmp");
-  auto paths = FindPaths(Around());
-  ASSERT_TRUE(paths);
-  EXPECT_EQ(paths->SkinsPath, At("data/zorik/Skins"));
-  EXPECT_EQ(paths->HelpPath, At("opt/share/zorik/Help"));
-  File("data/zorik/Help/help.html");
-  paths = FindPaths(Around());
-  ASSERT_TRUE(paths);
-  EXPECT_EQ(paths->HelpPath, At("data/zorik/Help"));
+TEST_F(PathsTest, SkinsAndHelpAreThePlayersOwnAndThoseOfTheInstallation) {
+  for (const bool own : {false, true}) {
+    SCOPED_TRACE(own ? "with folders of the player's own" : "without");
+    if (own) File("data/zorik/Skins/Moje/Menu/ok.bmp");
+    if (own) File("data/zorik/Help/help.html");
+    const auto paths = FindPaths(Around());
+    ASSERT_TRUE(paths);
+    EXPECT_EQ(paths->SkinsPath, At("data/zorik/Skins"));
+    EXPECT_EQ(paths->ShippedSkins, At("opt/share/zorik/Skins"));
+    EXPECT_EQ(paths->HelpPath, At("data/zorik/Help"));
+    EXPECT_EQ(paths->ShippedHelp, At("opt/share/zorik/Help"));
+  }
 }
 
 TEST_F(PathsTest, TheFirstStartCopiesTheShippedCaves) {

@@ -112,7 +112,7 @@ TEST_F(WaveFile, WithAnyByteOfItsHeadSpoiltIsReadOrRefused) {
       spoilt[place] = static_cast<char>(value);
       const auto read = Read(spoilt);
       if (read) {
-        EXPECT_LE(read->size(), 2U * kSoundRate * kLongestSound);
+        EXPECT_LE(read->size(), 2U * kSoundRate * static_cast<unsigned>(kSoundLimits.seconds));
       } else {
         ++refused;
       }
@@ -143,10 +143,24 @@ TEST_F(WaveFile, OfMoreThanHalfAMinuteIsRefused) {
   EXPECT_FALSE(Read(WaveFileOf(std::string(31, 'a'), {1, 1, 8})));
 }
 
+TEST_F(WaveFile, ThatSoundsOnAndOnMayLastFiveMinutes) {
+  const std::string path = folder_.Write("a.wav", WaveFileOf(std::string(300 * 8000, 'a'), {8000, 1, 8}));
+  EXPECT_FALSE(ReadWave(path));
+  EXPECT_EQ(StateOfWave(path), WaveState::TooLong);
+  const auto read = ReadWave(path, kLoopLimits);
+  ASSERT_TRUE(read);
+  EXPECT_NEAR(static_cast<double>(read->size()), 300 * 2 * kSoundRate, 2 * 10);
+  EXPECT_EQ(StateOfWave(path, kLoopLimits), WaveState::Good);
+  folder_.Write("a.wav", WaveFileOf(std::string(300 * 8000 + 1, 'a'), {8000, 1, 8}));
+  EXPECT_EQ(StateOfWave(path, kLoopLimits), WaveState::TooLong);
+  folder_.Write("a.wav", "no sound");
+  EXPECT_EQ(StateOfWave(path, kLoopLimits), WaveState::Broken);
+}
+
 TEST_F(WaveFile, ThatIsTooLargeIsNotEvenRead) {
   const std::string path = folder_.Write("a.wav", WaveFileOf(Tone(50, 10, 30000)));
   ASSERT_TRUE(ReadWave(path));
-  std::filesystem::resize_file(path, kLargestWave + 1);
+  std::filesystem::resize_file(path, kSoundLimits.bytes + 1);
   const auto read = ReadWave(path);
   ASSERT_FALSE(read);
   EXPECT_EQ(read.Message(), "cannot read " + path + ": the sound is too large");

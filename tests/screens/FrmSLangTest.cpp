@@ -1,8 +1,10 @@
 #include <gtest/gtest.h>
 
 #include <QComboBox>
+#include <QLabel>
 #include <QPushButton>
 #include <QSignalSpy>
+#include <map>
 
 #include "screens/DialogScript.h"
 #include "screens/FrmSLang.h"
@@ -96,6 +98,95 @@ TEST_F(FrmSLangTest, TheAuthorsWordsAreShownWithAnInformationIcon) {
     Box("Zorík", "Autor:\nNikdo")(dialog);
   }};
   Button("Command1").click();
+}
+
+TEST_F(FrmSLangTest, ASkinThatCannotBeWornIsToldAndChangesNothing) {
+  skin_.File("../../Prazdny/Menu/skindata.txt", "start:\r\nclose.left=abc\r\n");
+  const QSignalSpy changed(window_.get(), &FrmSLang::SkinChanged);
+  Combo1().setCurrentText("English");
+  ASSERT_EQ(changed.count(), 1);
+  {
+    const QString file = QString::fromStdString(skin_.Places().SkinsPath) + "/Prazdny/Menu/skindata.txt";
+    const DialogScript script = {[&](QWidget& dialog) {
+      const QString said = dialog.findChild<QLabel*>("lblText")->text().remove('\n').remove(' ');
+      const QString all =
+          "V údajích skinu je něco, čemu nelze rozumět.start.close.left" + file + "Skin zůstává, jaký byl.";
+      EXPECT_EQ(said, QString(all).remove(' '));
+      EXPECT_EQ(dialog.windowTitle(), "Zorik in English");
+      QTest::keyClick(&dialog, Qt::Key_Return);
+    }};
+    QTest::keyClick(&Combo1(), Qt::Key_Down);
+  }
+  EXPECT_EQ(changed.count(), 1);
+  EXPECT_EQ(Combo1().currentText(), "English");
+  EXPECT_EQ(skin_.Skin().Text(99), "Zorik in English");
+  EXPECT_EQ(settings_.Skin, "English");
+  EXPECT_EQ(FindSett().Skin, "English");
+}
+
+TEST_F(FrmSLangTest, ASkinIsStoredWhenAllWindowsHaveIt) {
+  StoreSkin("Default");
+  QString stored;
+  QObject::connect(window_.get(), &FrmSLang::SkinChanged, window_.get(),
+                   [&stored] { stored = FindSett().Skin; });
+  Combo1().setCurrentText("English");
+  EXPECT_EQ(stored, "Default");
+  EXPECT_EQ(FindSett().Skin, "English");
+}
+
+TEST_F(FrmSLangTest, NumbersThatNoScreenShowsAreToldAndTheSkinIsWorn) {
+  skin_.File("../../Prazdny/Menu/skindata.txt", "select.width=0\r\n");
+  const DialogScript script = {[](QWidget& dialog) {
+    const QString said = dialog.findChild<QLabel*>("lblText")->text();
+    EXPECT_TRUE(said.contains("select.width")) << said.toStdString();
+    QTest::keyClick(&dialog, Qt::Key_Return);
+  }};
+  Combo1().setCurrentText("Prazdny");
+  EXPECT_EQ(FindSett().Skin, "Prazdny");
+}
+
+// The window as it opens with this skin stored.
+TEST_F(FrmSLangTest, SelectsWhatIsStoredInAnyLetterCase) {
+  for (const auto& [stored, selected] :
+       std::map<QString, int>{{"ENGLISH", 1}, {"default", 0}, {"prazdny", 2}, {"Neni", -1}}) {
+    settings_.Skin = stored;
+    const FrmSLang window(skin_.Skin(), settings_, nullptr);
+    EXPECT_EQ(window.findChild<QComboBox*>("Combo1")->currentIndex(), selected) << stored.toStdString();
+  }
+}
+
+TEST_F(FrmSLangTest, TheDefaultSkinIsStoredWhenItIsChosenInPlaceOfOneThatIsGone) {
+  settings_.Skin = "Neni";
+  StoreSkin(settings_.Skin);
+  FrmSLang window(skin_.Skin(), settings_, nullptr);
+  auto& combo = *window.findChild<QComboBox*>("Combo1");
+  window.show();
+  QTest::keyClick(&combo, Qt::Key_Down);
+  EXPECT_EQ(combo.currentText(), "Default");
+  EXPECT_EQ(FindSett().Skin, "Default");
+}
+
+TEST_F(FrmSLangTest, ASkinThatIsSelectedAlreadyIsStoredWhenItIsChosen) {
+  settings_.Skin = "default";
+  StoreSkin(settings_.Skin);
+  FrmSLang window(skin_.Skin(), settings_, nullptr);
+  auto& combo = *window.findChild<QComboBox*>("Combo1");
+  ASSERT_EQ(combo.currentText(), "Default");
+  emit combo.textActivated("Default");
+  EXPECT_EQ(FindSett().Skin, "Default");
+}
+
+TEST_F(FrmSLangTest, ListsTheSkinsOfThePlayerAndOfTheInstallation) {
+  const test::Folder own;
+  own.File("Skins/Moje/Menu/ok.bmp", "x");
+  own.File("Skins/english/Menu/ok.bmp", "x");
+  SkinPlaces places{own.Root() + "/Skins", "Default", skin_.Places().SkinsPath};
+  skin_.Skin().Wear(places);
+  const FrmSLang window(skin_.Skin(), settings_, nullptr);
+  const auto& combo = *window.findChild<QComboBox*>("Combo1");
+  QStringList names;
+  for (int i = 0; i < combo.count(); ++i) names.push_back(combo.itemText(i));
+  EXPECT_EQ(names, (QStringList{"Default", "english", "Moje", "Prazdny"}));
 }
 
 TEST_F(FrmSLangTest, TheTabKeyGoesFromTheSkinsToTheAuthorAndToTheEnd) {

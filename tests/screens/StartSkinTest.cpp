@@ -151,6 +151,31 @@ TEST_F(StartSkin, TheLitPalmShowsWithinTheShapeOfTheOther) {
   EXPECT_EQ(At(QPoint(320, 250)), QColor(10, 200, 10));
 }
 
+TEST_F(StartSkin, WhateverNumbersItHasThePaletteIsAtHand) {
+  for (const char* const value : {"0", "-32768", "32767", "4000", "-1"}) {
+    SCOPED_TRACE(value);
+    std::map<std::string, std::string> keys = test::StartKeys();
+    for (auto& [key, present] : keys) {
+      const std::string last = key.substr(key.rfind('.') + 1);
+      if (std::set<std::string>{"left", "top", "width", "height", "lines", "size"}.contains(last))
+        present = value;
+    }
+    for (const char* const size : {"start.palm.width", "start.palm.height"}) keys[size] = value;
+    With(keys);
+    EXPECT_TRUE(start_->isVisible());
+    const QSize screen = start_->screen()->availableSize().expandedTo({800, 600});
+    EXPECT_EQ(start_->size().boundedTo(screen), start_->size());
+    EXPECT_EQ(start_->size().expandedTo({64, 64}), start_->size());
+    if (value == std::string("-1")) continue;
+    const auto& palette = Find<QWidget>("changeskin");
+    EXPECT_TRUE(palette.isVisible());
+    EXPECT_TRUE(start_->rect().contains(palette.geometry()));
+    EXPECT_EQ(start_->childAt(palette.geometry().center()), &palette);
+    EXPECT_TRUE(start_->rect().contains(Colls().geometry()));
+    EXPECT_TRUE(start_->rect().contains(Plrs().geometry()));
+  }
+}
+
 TEST_F(StartSkin, AnotherSkinIsPutOnAtOnce) {
   skin_.File("../../Jiny/Menu/skindata.txt", "version.text=Jine\r\nstart.fingerPlay.text=Play\r\n");
   const QSignalSpy changed(start_.get(), &FrmStart2::SkinChanged);

@@ -117,6 +117,28 @@ TEST_F(PicturesTest, HaveAsManyPixelsAsTheLimitAllows) {
   EXPECT_TRUE(ReadImage(At("a.bmp"), 599).isNull());
 }
 
+TEST_F(PicturesTest, AreThePlayersOwnOrElseTheInstallations) {
+  places_.ShippedSkins = places_.SkinsPath + "/shipped";
+  places_.Skin = "Mine";
+  const auto found = [&] { return Within(GetSchPicPath(places_, "Cold", "Gem")); };
+  for (const char* const path :
+       {"shipped/error.bmp", "shipped/Default/Game/Gem.bmp", "Default/Game/Gem.bmp",
+        "shipped/Default/Game/Cold/Gem.bmp", "shipped/Mine/Game/Gem.jpg", "Mine/Game/Gem.bmp",
+        "shipped/Mine/Game/Cold/Gem.bmp", "Mine/Game/Cold/Gem.gif"}) {
+    std::filesystem::remove(At("error.bmp"));
+    Touch(path);
+    EXPECT_EQ(found(), path);
+  }
+}
+
+TEST_F(PicturesTest, OfThePlayersOwnMayBeTheErrorPictureToo) {
+  places_.ShippedSkins = places_.SkinsPath + "/shipped";
+  Paint("shipped/error.bmp", kBlue);
+  EXPECT_EQ(ColourOf("nothing.bmp"), kError);
+  std::filesystem::remove(At("error.bmp"));
+  EXPECT_EQ(ColourOf("nothing.bmp"), kBlue);
+}
+
 TEST_F(PicturesTest, WithoutAnErrorPictureAreATileOfMagenta) {
   std::filesystem::remove(At("error.bmp"));
   const QImage tile = Load("nothing.bmp");

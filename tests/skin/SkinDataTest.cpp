@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <vector>
 
 #include "SkinFolder.h"
@@ -10,15 +11,12 @@ namespace {
 
 class SkinDataTest : public test::SkinFolder {
  protected:
-  SkinDataTest() {
-    data_.SetFault([this](const std::string& key, const std::string& file) {
-      faults_.push_back(key + " in " + Within(file));
-    });
-  }
-
   void Load(const std::string& skin = "Mine") {
     places_.Skin = skin;
-    data_.LoadSkinData(places_);
+    for (const SkinFlaw& flaw : data_.LoadSkinData(places_)) {
+      auto& keys = flaw.kind == SkinFlaw::Kind::NotUnderstood ? faults_ : others_;
+      keys.push_back(flaw.what + " in " + (flaw.file.empty() ? "" : Within(flaw.file)));
+    }
   }
 
   // Answers a question with no after so many times yes.
@@ -31,6 +29,7 @@ class SkinDataTest : public test::SkinFolder {
 
   SkinData data_;
   std::vector<std::string> faults_;
+  std::vector<std::string> others_;
   std::vector<std::string> questions_;
 };
 
@@ -47,10 +46,10 @@ TEST_F(SkinDataTest, TheSkinsGameFolderOverridesAllOthers) {
 }
 
 TEST_F(SkinDataTest, ASectionGoesOnInTheNextFileThatExists) {
-  Touch("Default/Menu/skindata.txt", "score:\r\nimage=score\r\n");
+  Touch("Default/Menu/skindata.txt", "my:\r\nimage=score\r\n");
   Touch("Mine/Game/skindata.txt", "width=5\r\n");
   Load();
-  EXPECT_EQ(data_.SkinInt("score.width"), 5);
+  EXPECT_EQ(data_.SkinInt("my.width"), 5);
 }
 
 TEST_F(SkinDataTest, WithoutAnyFileAllKeysAreAbsent) {
@@ -127,21 +126,107 @@ TEST_F(SkinDataTest, AnAlignmentGoesByItsFirstSmallLetter) {
 }
 
 TEST_F(SkinDataTest, AValueThatDoesNotParseNamesItsKeyAndItsFile) {
-  Touch("Default/Menu/skindata.txt", "s:\r\nLeft=wide\r\n");
-  Touch("Mine/Game/skindata.txt", "s:\r\ncolor=GGGGGG\r\n");
+  Touch("Default/Menu/skindata.txt", "start:\r\nClose.Left=wide\r\n");
+  Touch("Mine/Game/skindata.txt", "dialog:\r\ncolor=GGGGGG\r\n");
   Load();
-  EXPECT_EQ(data_.SkinInt("s.LEFT"), -1);
-  EXPECT_EQ(data_.SkinColor("s.color"), 0U);
-  EXPECT_EQ(faults_, (std::vector<std::string>{"s.left in Default/Menu/skindata.txt",
-                                               "s.color in Mine/Game/skindata.txt"}));
+  EXPECT_EQ(data_.SkinInt("start.close.LEFT"), -1);
+  EXPECT_EQ(data_.SkinColor("dialog.color"), 0U);
+  EXPECT_EQ(faults_, (std::vector<std::string>{"start.close.left in Default/Menu/skindata.txt",
+                                               "dialog.color in Mine/Game/skindata.txt"}));
 }
 
-TEST_F(SkinDataTest, AValueThatDoesNotParseIsAbsentWhenNobodyListens) {
-  Touch("Mine/Menu/skindata.txt", "a=wide\r\n");
-  SkinData data;
+TEST_F(SkinDataTest, AValueThatIsOverriddenOrThatNobodyReadsIsNoFault) {
+  Touch("Default/Menu/skindata.txt", "start.close.left=wide\r\nmy.left=wide\r\nstart.close.text=12x\r\n");
+  Touch("Mine/Menu/skindata.txt", "start.close.left=12\r\n");
+  Load();
+  EXPECT_EQ(data_.SkinInt("start.close.left"), 12);
+  EXPECT_EQ(data_.SkinInt("my.left"), -1);
+  EXPECT_TRUE(faults_.empty());
+}
+
+TEST_F(SkinDataTest, NumbersAreHeldToWhatAScreenCanShowAndNamed) {
+  Touch("Mine/Menu/skindata.txt",
+        "start.close.left=-32768\r\nstart.close.top=32767\r\nselect.width=0\r\nselect.height=32767\r\n"
+        "start.caves.lines=32767\r\nstart.caves.border.size=-5\r\nstart.caves.width=0\r\n"
+        "start.help.left=0\r\nstart.help.top=4096\r\n");
+  Load();
+  EXPECT_EQ(data_.SkinInt("start.close.left"), 0);
+  EXPECT_EQ(data_.SkinInt("start.close.top"), 4096);
+  EXPECT_EQ(data_.SkinInt("select.width"), 64) << "a window that can be seen";
+  EXPECT_EQ(data_.SkinInt("select.height"), 4096);
+  EXPECT_EQ(data_.SkinInt("start.caves.lines"), 300);
+  EXPECT_EQ(data_.SkinInt("start.caves.border.size"), 0);
+  EXPECT_EQ(data_.SkinInt("start.caves.width"), 1);
+  EXPECT_TRUE(faults_.empty());
+  const std::string file = " in Mine/Menu/skindata.txt";
+  std::sort(others_.begin(), others_.end());
+  EXPECT_EQ(others_, (std::vector<std::string>{"select.height" + file, "select.width" + file,
+                                               "start.caves.border.size" + file, "start.caves.lines" + file,
+                                               "start.caves.width" + file, "start.close.left" + file,
+                                               "start.close.top" + file}));
+}
+
+TEST_F(SkinDataTest, MinusOneIsAbsentAndNoFlaw) {
+  Touch("Mine/Menu/skindata.txt", "start.close.left=-1\r\nselect.width=-1\r\n");
+  Load();
+  EXPECT_EQ(data_.SkinInt("select.width"), -1);
+  EXPECT_TRUE(others_.empty());
+}
+
+TEST_F(SkinDataTest, KeysThatFindNoRoomAreCounted) {
+  std::string bytes;
+  for (int i = 0; i < 2004; ++i) bytes += "k" + std::to_string(i) + "=1\r\n";
+  Touch("Mine/Menu/skindata.txt", bytes);
+  Load();
+  EXPECT_EQ(others_, std::vector<std::string>{"3 in "});
+}
+
+TEST_F(SkinDataTest, EachFileIsThePlayersOwnOrElseTheInstallations) {
+  places_.ShippedSkins = places_.SkinsPath + "/shipped";
+  Touch("shipped/Default/Menu/skindata.txt", "a=1\r\nb=1\r\nc=1\r\nd=1\r\n");
+  Touch("Default/Game/skindata.txt", "b=2\r\nc=2\r\nd=2\r\n");
+  Touch("shipped/Mine/Menu/skindata.txt", "c=3\r\nd=3\r\n");
+  Touch("Mine/Menu/skindata.txt", "d=4\r\n");
+  Load();
+  EXPECT_EQ(data_.SkinInt("a"), 1);
+  EXPECT_EQ(data_.SkinInt("b"), 2);
+  EXPECT_EQ(data_.SkinInt("c"), 2) << "the same file of the installation gives way as a whole";
+  EXPECT_EQ(data_.SkinInt("d"), 4);
+}
+
+TEST_F(SkinDataTest, AMenuPictureIsLookedForInAllFoldersOfTheSkinBeforeTheDefaultSkins) {
+  places_.ShippedSkins = places_.SkinsPath + "/shipped";
   places_.Skin = "Mine";
-  data.LoadSkinData(places_);
-  EXPECT_EQ(data.SkinInt("a"), -1);
+  const auto found = [&] { return Within(SkinPicPath(places_, "menu\\palm", Retry(0))); };
+  for (const char* const path : {"shipped/Default/Menu/palm.jpg", "Default/Menu/palm.bmp",
+                                 "shipped/Mine/Menu/palm.jpg", "Mine/Menu/palm.gif"}) {
+    Touch(path);
+    EXPECT_EQ(found(), path);
+  }
+}
+
+TEST_F(SkinDataTest, NoNameLeadsOutOfTheFoldersOfSkins) {
+  std::filesystem::create_directories(At("skins"));
+  Touch("secret.bmp");
+  Touch("secret.txt", "a=1\r\n");
+  places_.SkinsPath += "/skins";
+  std::filesystem::create_directories(places_.SkinsPath + "/Default/Menu");
+  EXPECT_EQ(SkinPicPath(places_, "menu\\../../../secret", Retry(0)), "");
+  EXPECT_EQ(SkinPicPath(places_, "menu\\..\\..\\..\\secret", Retry(0)), "");
+  places_.Skin = "../..";
+  EXPECT_EQ(SkinPicPath(places_, "secret", Retry(0)), "");
+  places_.SkinsPath.erase(places_.SkinsPath.rfind('/'));
+}
+
+TEST_F(SkinDataTest, APictureOfNoUseIsPassedOver) {
+  places_.Skin = "Mine";
+  Touch("Mine/Menu/palm.jpg", "broken");
+  Touch("Default/Menu/palm.bmp", "good");
+  const auto usable = [](const std::string& path) { return !path.ends_with("Mine/Menu/palm.jpg"); };
+  EXPECT_EQ(Within(SkinPicPath(places_, "menu\\palm", Retry(0), usable)), "Default/Menu/palm.bmp");
+  EXPECT_TRUE(questions_.empty());
+  EXPECT_EQ(SkinPicPath(places_, "menu\\palm", Retry(0), [](const std::string&) { return false; }), "");
+  EXPECT_EQ(questions_.size(), 1U) << "like one that is missing";
 }
 
 TEST_F(SkinDataTest, AMenuPictureIsJpgBeforeBmpBeforeGif) {

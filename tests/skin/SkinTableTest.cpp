@@ -144,6 +144,44 @@ TEST(SkinTable, KeepsNoMoreThan2001Pairs) {
   EXPECT_EQ(table.Find("k2001"), nullptr);
 }
 
+// So many keys of their own, each with the same value.
+std::string Keys(const std::string& name, int count, const std::string& value) {
+  std::string bytes;
+  for (int i = 0; i < count; ++i) bytes += name + std::to_string(i) + "=" + value + "\r\n";
+  return bytes;
+}
+
+TEST(SkinTable, LetsOverriddenPairsGiveWayToNewKeys) {
+  SkinTable table;
+  table.Add(Keys("a", 1500, "1"), 0);
+  table.Add(Keys("a", 1500, "2"), 1);
+  table.Add(Keys("b", 501, "3"), 2);
+  EXPECT_EQ(table.PassedOver(), 0U);
+  EXPECT_LE(table.Entries().size(), 2001U);
+  for (const char* const key : {"a0", "a1499"}) EXPECT_EQ(table.Find(key)->Value, "2") << key;
+  for (const char* const key : {"b0", "b500"}) EXPECT_EQ(table.Find(key)->Value, "3") << key;
+}
+
+TEST(SkinTable, LetsTheFirstFilesGiveWayToTheLast) {
+  SkinTable table;
+  table.Add(Keys("default", 1000, "1"), 0);
+  table.Add(Keys("own", 1100, "2"), 1);
+  EXPECT_EQ(table.PassedOver(), 99U);
+  EXPECT_EQ(table.Entries().size(), 2001U);
+  for (const char* const key : {"own0", "own1099"}) EXPECT_NE(table.Find(key), nullptr) << key;
+  EXPECT_NE(table.Find("default900"), nullptr);
+  EXPECT_EQ(table.Find("default901"), nullptr);
+}
+
+TEST(SkinTable, TakesANewValueOfAKeyWhenItIsFull) {
+  SkinTable table;
+  table.Add(Keys("k", 2001, "1"), 0);
+  table.Add("k7=2\r\nnew=3\r\n", 0);
+  EXPECT_EQ(table.Find("k7")->Value, "2");
+  EXPECT_EQ(table.Find("new"), nullptr);
+  EXPECT_EQ(table.PassedOver(), 1U);
+}
+
 TEST(SkinTable, IsEmptyWithoutFiles) {
   EXPECT_EQ(SkinTable().Find(""), nullptr);
 }

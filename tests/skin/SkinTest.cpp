@@ -3,6 +3,7 @@
 #include "data/Files.h"
 #include "screens/TestSkin.h"
 #include "skin/Skin.h"
+#include "support/Waves.h"
 
 namespace zorik {
 namespace {
@@ -99,19 +100,74 @@ TEST_F(SkinTest, AsksForNoPictureWhoseKeyIsAbsent) {
   EXPECT_TRUE(questions_.empty());
 }
 
-TEST_F(SkinTest, ForgetsItsPicturesWhenAnotherIsPutOn) {
+TEST_F(SkinTest, ReadsAPictureAnewWhenItsFileHasChanged) {
   skin_.Wear();
   EXPECT_EQ(skin_.Skin().Picture("dialog.ok.image").width(), 4);
   skin_.Picture("ok", Strips({Qt::red}, {9, 4}));
-  EXPECT_EQ(skin_.Skin().Picture("dialog.ok.image").width(), 4);
-  skin_.Wear();
   EXPECT_EQ(skin_.Skin().Picture("dialog.ok.image").width(), 9);
 }
 
-TEST_F(SkinTest, HasNoPictureWhereAFileIsBroken) {
+TEST_F(SkinTest, FindsAPictureThatCameAfterTheQuestionWithoutAskingAgain) {
+  AnswerYes(0);
+  skin_.Wear();
+  EXPECT_TRUE(skin_.Skin().Picture("dialog.no.image").isNull());
+  skin_.Picture("nowhere", Strips({Qt::blue}, {4, 4}));
+  EXPECT_FALSE(skin_.Skin().Picture("dialog.no.image").isNull());
+  EXPECT_EQ(questions_.size(), 1U);
+}
+
+TEST_F(SkinTest, TakesTheDefaultPictureWhereAFileIsBroken) {
+  AnswerYes(0);
+  skin_.File("../../Other/Menu/ok.bmp", "BM, and then nothing of use");
+  SkinPlaces other = skin_.Places();
+  other.Skin = "Other";
+  const Worn worn = skin_.Skin().Wear(other);
+  EXPECT_EQ(skin_.Skin().Picture("dialog.ok.image").pixelColor(2, 2), QColor(Qt::red));
+  EXPECT_TRUE(questions_.empty());
+  ASSERT_EQ(worn.flaws.size(), 1U) << "but it is told";
+  EXPECT_EQ(worn.flaws[0].kind, SkinFlaw::Kind::PictureBroken);
+  EXPECT_TRUE(worn.flaws[0].file.ends_with("/Skins/Other/Menu/ok.bmp")) << worn.flaws[0].file;
+}
+
+TEST_F(SkinTest, AsksForAPictureOfWhichEveryFileIsBroken) {
+  AnswerYes(0);
   skin_.File("ok.bmp", "BM, and then nothing of use");
   skin_.Wear();
   EXPECT_TRUE(skin_.Skin().Picture("dialog.ok.image").isNull());
+  EXPECT_EQ(questions_.size(), 1U);
+}
+
+TEST_F(SkinTest, TellsOfFilesThatItBringsAndThatCannotBeUsed) {
+  const auto brings = [this](const std::string& path, const std::string& bytes) {
+    skin_.File("../../Other/" + path, bytes);
+  };
+  const auto ofSize = [](int width, int height) {
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    EXPECT_TRUE(QImage(width, height, QImage::Format_Mono).save(&buffer, "BMP"));
+    return bytes.toStdString();
+  };
+  const std::string minute = test::WaveFileOf(std::string(60 * 8000, 'a'), {8000, 1, 8});
+  brings("Menu/large.bmp", ofSize(4096, 1025));
+  brings("Menu/largest.bmp", ofSize(4096, 1024));
+  brings("Game/Gem.bmp", ofSize(80, 80 * 128));
+  brings("Game/Cold/Gem.bmp", ofSize(80, 80 * 128 + 1));
+  brings("Game/Bar.bmp", ofSize(1600, 1000));
+  brings("Game/notes.bmp", "not one of the game's");
+  brings("Sound/dirt.wav", minute);
+  brings("Sound/amoeba.wav", minute);
+  brings("Sound/dog2.wav", "no sound");
+  brings("Sound/other.wav", "not one of the game's");
+  SkinPlaces other = skin_.Places();
+  other.Skin = "Other";
+  std::vector<std::pair<SkinFlaw::Kind, std::string>> flaws;
+  for (const SkinFlaw& flaw : skin_.Skin().Wear(other).flaws)
+    flaws.emplace_back(flaw.kind, flaw.file.substr(flaw.file.find("/Other/") + 7));
+  using Kind = SkinFlaw::Kind;
+  EXPECT_EQ(flaws, (std::vector<std::pair<Kind, std::string>>{{Kind::PictureTooLarge, "Menu/large.bmp"},
+                                                              {Kind::PictureTooLarge, "Game/Cold/Gem.bmp"},
+                                                              {Kind::SoundTooLong, "Sound/dirt.wav"},
+                                                              {Kind::SoundBroken, "Sound/dog2.wav"}}));
 }
 
 TEST_F(SkinTest, ClearsTheBlackOfAPictureThatBeginsWithBlack) {
@@ -125,13 +181,26 @@ TEST_F(SkinTest, ClearsTheBlackOfAPictureThatBeginsWithBlack) {
   EXPECT_EQ(skin_.Skin().MenuPicture("square").pixelColor(5, 0), QColor(Qt::black));
 }
 
-TEST_F(SkinTest, NamesAValueThatDoesNotParse) {
-  skin_.Data("dialog:\ncolor=nocolo\n");
-  std::vector<std::string> keys;
-  skin_.Skin().SetFault([&](const std::string& key, const std::string&) { keys.push_back(key); });
+TEST_F(SkinTest, StaysAsItWasWhenAnotherCannotBeWorn) {
+  skin_.File("../../Other/Menu/skindata.txt", "dialog:\ncolor=nocolo\nok.image=other\n");
+  skin_.File("../../Other/Menu/cestina.txt", "head\nhead\nOther\n");
   skin_.Wear();
-  skin_.Skin().Colour("dialog.color", Qt::green);
-  EXPECT_EQ(keys, std::vector<std::string>{"dialog.color"});
+  SkinPlaces other = skin_.Places();
+  other.Skin = "Other";
+  const Worn worn = skin_.Skin().Wear(other);
+  EXPECT_FALSE(worn.worn);
+  ASSERT_EQ(worn.flaws.size(), 1U);
+  EXPECT_EQ(worn.flaws[0].what, "dialog.color");
+  EXPECT_EQ(skin_.Skin().Places().Skin, "Default");
+  EXPECT_EQ(skin_.Skin().Colour("dialog.color", Qt::green), QColor(0x10, 0x20, 0x30));
+  EXPECT_EQ(skin_.Skin().Caption("dialog.ok.image"), "ok");
+  EXPECT_EQ(skin_.Skin().Text(0), "0\r\n");
+}
+
+TEST_F(SkinTest, BreaksACaptionWhereAControlDoes) {
+  skin_.Data("skin.author.text=one#two\n");
+  skin_.Wear();
+  EXPECT_EQ(skin_.Skin().Caption("skin.author.text"), "one\ntwo");
 }
 
 }  // namespace

@@ -324,6 +324,31 @@ TEST_F(SoundsSilent, WhoseFilesAreGoneAreForgotten) {
   EXPECT_EQ(Loaded(), Names());
 }
 
+TEST_F(SoundsSilent, AreThePlayersOwnFileByFileAndElseTheInstallations) {
+  places_.Skin = "Mine";
+  places_.ShippedSkins = places_.SkinsPath + "/shipped";
+  Wave("shipped/Mine/Sound/dirt.wav");
+  Wave("shipped/Mine/Sound/dirt2.wav");
+  Wave("Mine/Sound/dirt.wav");
+  Wave("shipped/Default/Sound/dirt3.wav");
+  Wave("Default/Sound/fallgem.wav");
+  Wave("shipped/Default/Sound/fallgem2.wav");
+  const std::string seconds = Wave("shipped/Mine/Sound/O5.wav");
+  Wave("Default/Sound/O5.wav");
+  Load();
+  EXPECT_EQ(Loaded(), (Names{"Mine/Sound/dirt.wav", "shipped/Mine/Sound/dirt2.wav",
+                             "Default/Sound/fallgem.wav", "shipped/Default/Sound/fallgem2.wav"}));
+  EXPECT_EQ(sounds_.PZvukTime(5), seconds);
+}
+
+TEST_F(SoundsSilent, MayBeLongWhereTheySoundOnAndOn) {
+  const std::string minute = WaveFileOf(std::string(60 * 8000, 'a'), {8000, 1, 8});
+  for (const char* const stem : {"dirt", "amoeba", "magicwall"})
+    folder_.Write("Skins/Default/Sound/" + std::string(stem) + ".wav", minute);
+  Load();
+  EXPECT_EQ(Loaded(), (Names{"Default/Sound/amoeba.wav", "Default/Sound/magicwall.wav"}));
+}
+
 TEST_F(SoundsSilent, MakeTheNameForTheLastSecondsAndPlayNothing) {
   places_.Skin = "Mine";
   const std::string own = Wave("Mine/Sound/O7.wav");
