@@ -17,7 +17,8 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::int64_t kMostBytesKept = std::int64_t{32} << 20U;
-constexpr int kMostMegabytesOfOne = 64;  // that reading a picture may ask for
+constexpr std::size_t kFoldersOfASkin = 2;  // of the scheme, and for all schemes
+constexpr int kMostMegabytesOfOne = 64;     // that reading a picture may ask for
 
 std::string ErrorPicture(const SkinPlaces& places) {
   return ResolvePath(places.SkinsPath + "/error.bmp");
@@ -62,13 +63,20 @@ PictureFinder::PictureFinder(const SkinPlaces& places, std::string_view scheme)
   }
 }
 
-std::string PictureFinder::GetSchPicPath(std::string_view name) const {
-  for (const Folder& folder : folders_) {
+std::optional<PictureFinder::Found> PictureFinder::Find(std::string_view name) const {
+  for (std::size_t i = 0; i < folders_.size(); ++i) {
     for (const char* extension : {".jpg", ".bmp", ".gif"}) {
-      if (auto path = folder.Find(std::string(name) + extension)) return *path;
+      if (auto path = folders_[i].Find(std::string(name) + extension)) {
+        return Found{std::move(*path), i < kFoldersOfASkin};
+      }
     }
   }
-  return errorPicture_;
+  return std::nullopt;
+}
+
+std::string PictureFinder::GetSchPicPath(std::string_view name) const {
+  const std::optional<Found> found = Find(name);
+  return found ? found->path : errorPicture_;
 }
 
 std::string GetSchPicPath(const SkinPlaces& places, std::string_view scheme, std::string_view name) {

@@ -25,6 +25,13 @@ class PictureFinder {
   // one folder .jpg goes before .bmp before .gif. A picture that is nowhere gives error.bmp.
   std::string GetSchPicPath(std::string_view name) const;
 
+  // Where a picture was found.
+  struct Found {
+    std::string path;
+    bool own = false;  // in the skin itself, not in the default skin that stands in for it
+  };
+  std::optional<Found> Find(std::string_view name) const;
+
  private:
   // The files of a folder, found without regard to letter case.
   struct Folder {

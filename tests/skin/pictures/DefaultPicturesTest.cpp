@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "core/Objects.h"
+#include "skin/Edges.h"
 #include "skin/ZornePole.h"
 
 namespace zorik {
@@ -255,6 +256,7 @@ TEST(DefaultPictures, HoldNothingInASchemeButWhatDiffers) {
     for (const Tile& tile : kTiles) {
       if (tile.schemes) expected.push_back(std::string(tile.name) + ".bmp");
     }
+    expected.push_back("Edges.bmp");
     std::sort(found.begin(), found.end());
     std::sort(expected.begin(), expected.end());
     EXPECT_EQ(found, expected) << scheme;
@@ -296,6 +298,34 @@ TEST(DefaultPictures, HaveRowsOfEarthAndGroundThatFitBesideEachOther) {
       }
       EXPECT_LE(apart, 4) << name << ", row " << row;
     }
+  }
+}
+
+// Where the quarters of two frames meet, be it in the middle of a cell or at its edge, earth goes over into
+// earth.
+TEST(DefaultPictures, HaveEdgesOfTheEarthThatFitTogether) {
+  for (const char* scheme : {"", "Cold/", "Hot/", "Natural/", "Mystery/"}) {
+    const QImage sheet = Read(kGame + scheme + "Edges.bmp");
+    ASSERT_EQ(sheet.size(), QSize(kEdgeColumns * kTileSize, kTileSize)) << scheme;
+    const auto earth = [&](Edge edge, int x, int y) {
+      return IsOpaque(sheet.pixel(static_cast<int>(edge) * kTileSize + x, y)) ? 1 : 0;
+    };
+    constexpr int kMiddle = kTileSize / 2, kLast = kTileSize - 1;
+    int apart = 0;
+    for (int i = 0; i < kTileSize; ++i) {
+      for (const Edge other : {Edge::BesideEnds, Edge::Corner}) {
+        apart += std::abs(earth(Edge::BesideOn, i, kMiddle - 1) - earth(other, i, kMiddle));
+        apart += std::abs(earth(Edge::BesideOn, i, kMiddle) - earth(other, i, kMiddle - 1));
+      }
+      for (const Edge other : {Edge::OverEnds, Edge::Corner}) {
+        apart += std::abs(earth(Edge::OverOn, kMiddle - 1, i) - earth(other, kMiddle, i));
+        apart += std::abs(earth(Edge::OverOn, kMiddle, i) - earth(other, kMiddle - 1, i));
+      }
+      apart += std::abs(earth(Edge::BesideOn, i, 0) - earth(Edge::BesideOn, i, kLast));
+      apart += std::abs(earth(Edge::OverOn, 0, i) - earth(Edge::OverOn, kLast, i));
+    }
+    EXPECT_LE(apart, 20) << scheme << ": ten lines, two edges each, one pixel of play";
+    EXPECT_GT(earth(Edge::BesideOn, 0, kMiddle) + earth(Edge::OverOn, kMiddle, 0), 1) << scheme;
   }
 }
 
