@@ -78,6 +78,7 @@ class Pictured : public Stage {
 class HardSkin {
  public:
   HardSkin() : folder_(fs::temp_directory_path() / ("zorik-hard-" + std::to_string(getpid()))) {
+    fs::create_directories(folder_ / "Default");
     fs::copy(ZORIK_SKINS "/Default/Game", folder_ / "Default/Game", fs::copy_options::recursive);
     for (const auto& entry : fs::recursive_directory_iterator(folder_)) {
       if (entry.path().filename() == "Edges.bmp") edges_.push_back(entry.path());
