@@ -1,9 +1,15 @@
 // What a picture of the cave costs, in copies. A copy is one memcpy of the same image; it is measured in turn
-// with the pictures, so that a noisy machine slows both alike. And what loading the tile sets of a cave costs
+// with the pictures, so that a noisy machine slows both alike. The same without soft edges, to see what those
+// cost. And what loading the tile sets of a cave costs
 // the first time, in loads when it is there already.
+#include <unistd.h>
+
+#include <filesystem>
 #include <memory>
 #include <random>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "bench/Copies.h"
 #include "core/Machine.h"
@@ -12,6 +18,8 @@
 
 namespace zorik {
 namespace {
+
+namespace fs = std::filesystem;
 
 constexpr QSize kFrame(1920, 1132);  // 19.5 x 11.5 cells on a screen that is 1920 pixels wide
 constexpr int kWidth = 80;
@@ -42,7 +50,7 @@ std::string MixedCave() {
 // A cave that is pictured but not played.
 class Pictured : public Stage {
  public:
-  Pictured() {
+  explicit Pictured(SkinPlaces places) : places_(std::move(places)) {
     hra_.SetStage(*this);
     PaintCave(hra_, MixedCave(), RunKind::Play);
   }
@@ -54,33 +62,66 @@ class Pictured : public Stage {
  private:
   void CaveOpens() override {
     PictureCache cache;
-    tiles_.Load(cache, BuiltSkin(), hra_.Scheme);
+    tiles_.Load(cache, places_, hra_.Scheme);
     pictures_.SetFrames(tiles_.Frames());
-    pictures_.Open();
+    pictures_.Open(hra_);
   }
   void CellChanged(int x, int y) override { pictures_.Change(hra_, x, y); }
 
+  SkinPlaces places_;
   Hra hra_{1};
   TileSets tiles_;
   CellPictures pictures_;
 };
 
-void PicturesInCopies(benchmark::State& state, const ViewArea& area) {
-  Pictured pictured;
+// The built skin without its soft edges, in a folder that is gone in the end.
+class HardSkin {
+ public:
+  HardSkin() : folder_(fs::temp_directory_path() / ("zorik-hard-" + std::to_string(getpid()))) {
+    fs::create_directories(folder_ / "Default");
+    fs::copy(ZORIK_SKINS "/Default/Game", folder_ / "Default/Game", fs::copy_options::recursive);
+    for (const auto& entry : fs::recursive_directory_iterator(folder_)) {
+      if (entry.path().filename() == "Edges.bmp") edges_.push_back(entry.path());
+    }
+    for (const fs::path& path : edges_) fs::remove(path);
+  }
+  ~HardSkin() {
+    std::error_code error;
+    fs::remove_all(folder_, error);
+  }
+
+  SkinPlaces Places() const { return {folder_.string()}; }
+
+ private:
+  fs::path folder_;
+  std::vector<fs::path> edges_;
+};
+
+void PicturesInCopies(benchmark::State& state, const SkinPlaces& places, const ViewArea& area) {
+  Pictured pictured(places);
   QImage drawn;
   pictured.Draw(area, drawn);  // it has its size now
   MeasureInCopies(state, drawn, [&] { pictured.Draw(area, drawn); });
 }
 
-// An offset that lies on no cell's edge, on either axis.
+constexpr ViewArea kScrolled{1237, 777, 1560, 920};  // on no cell's edge, on either axis
+
 void ScrolledView(benchmark::State& state) {
-  PicturesInCopies(state, {1237, 777, 1560, 920});
+  PicturesInCopies(state, BuiltSkin(), kScrolled);
 }
 void WholeCave(benchmark::State& state) {
-  PicturesInCopies(state, ZornePole::Whole(kWidth, kHeight));
+  PicturesInCopies(state, BuiltSkin(), ZornePole::Whole(kWidth, kHeight));
+}
+void ScrolledViewOfHardEdges(benchmark::State& state) {
+  PicturesInCopies(state, HardSkin().Places(), kScrolled);
+}
+void WholeCaveOfHardEdges(benchmark::State& state) {
+  PicturesInCopies(state, HardSkin().Places(), ZornePole::Whole(kWidth, kHeight));
 }
 BENCHMARK(ScrolledView);
+BENCHMARK(ScrolledViewOfHardEdges);
 BENCHMARK(WholeCave);
+BENCHMARK(WholeCaveOfHardEdges);
 
 void LoadTileSets(benchmark::State& state) {
   InTurn turns;

@@ -255,6 +255,10 @@ void DSound::DSResumeAll() {
   }
 }
 
+void DSound::DSSetVolume(float volume) {
+  device_->bus.SetVolume(volume);
+}
+
 DSound::State DSound::StateOf(int handle) const {
   const Slot* const slot = device_->Used(handle);
   return slot == nullptr ? State::Empty : slot->state;

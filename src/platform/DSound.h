@@ -49,6 +49,9 @@ class DSound {
   void DSPauseAll();
   void DSResumeAll();
 
+  // How loud all buffers together are, 0 to 1. A change glides.
+  void DSSetVolume(float volume);
+
   // What was last asked of the buffer: one that has come to its end is still called playing.
   State StateOf(int handle) const;
 

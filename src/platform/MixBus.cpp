@@ -66,11 +66,16 @@ void MixBus::Finish(std::span<std::int16_t> out) {
     }
     voice.filled = 0;
   }
+  const float wanted = wanted_;
+  const float step = (wanted - volume_) / static_cast<float>(std::max<std::size_t>(out.size() / 2, 1));
   for (std::size_t i = 0; i + 1 < out.size(); i += 2) {
-    const SoundFrame frame = limiter_.Next({sum_[i] / kFullScale, sum_[i + 1] / kFullScale});
+    volume_ += step;
+    const float scale = volume_ / kFullScale;
+    const SoundFrame frame = limiter_.Next({sum_[i] * scale, sum_[i + 1] * scale});
     out[i] = ToSample(frame.left);
     out[i + 1] = ToSample(frame.right);
   }
+  volume_ = wanted;
   const auto next = sum_.begin() + static_cast<std::ptrdiff_t>(std::min(out.size(), sum_.size()));
   std::fill(std::move(next, sum_.end(), sum_.begin()), sum_.end(), 0.0F);
 }

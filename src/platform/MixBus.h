@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -28,6 +29,10 @@ class MixBus {
   // The voice stops here, at its end or before.
   void Break(std::size_t voice);
 
+  // How loud the whole is from the next buffer on, 0 to 1. It gets there within that buffer. Any thread may
+  // say so.
+  void SetVolume(float volume) { wanted_ = volume; }
+
   // Ends the buffer. A voice that has not filled it and was not broken stands still and will go on later.
   void Finish(std::span<std::int16_t> out);
 
@@ -45,6 +50,8 @@ class MixBus {
   std::vector<Voice> voices_;
   std::vector<float> sum_;  // of this buffer, and of what sinks beyond its end
   Limiter limiter_;
+  std::atomic<float> wanted_ = 1;
+  float volume_ = 1;  // as it is now
 };
 
 }  // namespace zorik

@@ -20,6 +20,13 @@ bool ReadFlag(const QSettings& store, const char* name, bool otherwise) {
   return store.value(name, otherwise ? 1 : 0).toInt() != 0;
 }
 
+// A value that is no number must not make the game mute.
+int ReadVolume(const QSettings& store) {
+  bool number = false;
+  const int volume = store.value("Volume", kFullVolume).toInt(&number);
+  return number ? std::clamp(volume, 0, kFullVolume) : kFullVolume;
+}
+
 bool IsWritten(QSettings& store) {
   store.sync();
   return store.status() == QSettings::NoError;
@@ -45,6 +52,8 @@ Settings FindSett() {
   settings.Sound = ReadFlag(store, "Sound", settings.Sound);
   settings.Joystick = ReadFlag(store, "Joystick", settings.Joystick);
   settings.NoSurprise = ReadFlag(store, "NoSurprise", settings.NoSurprise);
+  settings.Volume = ReadVolume(store);
+  settings.Loops = ReadFlag(store, "Loops", settings.Loops);
   return settings;
 }
 
@@ -55,6 +64,8 @@ bool StoreSett(const Settings& settings) {
   store.setValue("SpeedR", settings.SpeedR);
   store.setValue("Sound", settings.Sound ? 1 : 0);
   store.setValue("Joystick", settings.Joystick ? 1 : 0);
+  store.setValue("Volume", settings.Volume);
+  store.setValue("Loops", settings.Loops ? 1 : 0);
   return IsWritten(store);
 }
 

@@ -4,6 +4,8 @@
 
 namespace zorik {
 
+inline constexpr int kFullVolume = 10;
+
 // What the player has chosen. It is kept for the user, not for the game's folder.
 struct Settings {
   int Speed = 8;   // of play, 1 the fastest to 10
@@ -12,6 +14,8 @@ struct Settings {
   bool Joystick = false;
   bool NoSurprise = false;  // show what is hidden
   QString Skin = "Default";
+  int Volume = kFullVolume;  // of all sounds, 0 is silence
+  bool Loops = true;         // the sounds that go on and on: amoeba, magic wall
 
   bool operator==(const Settings&) const = default;
 };

@@ -28,8 +28,17 @@ constexpr int Turned(int value) {
   return kSlowest + kFastest - value;
 }
 
-constexpr std::array kSpeedKeys = {"settings.speed.text", "settings.speedreplay.text"};
-constexpr std::array kCheckKeys = {"settings.check1.text", "settings.check2.text", "settings.check3.text"};
+// The last ones are missing in older skins.
+constexpr std::array<StartWords, 3> kScaleWords{
+    {{"settings.speed.text", ""}, {"settings.speedreplay.text", ""}, {"settings.volume.text", "Hlasitost"}}};
+constexpr std::array<StartWords, 4> kCheckWords{
+    {{"settings.check1.text", ""},
+     {"settings.check2.text", ""},
+     {"settings.check3.text", ""},
+     {"settings.check4.text", "Trvalé zvuky: améba, kouzelná zeď"}}};
+
+// From the top: what goes on and on stands below all sounds.
+constexpr std::array<std::size_t, 4> kCheckOrder{0, 1, 3, 2};
 
 }  // namespace
 
@@ -37,9 +46,10 @@ FrmSettings::FrmSettings(Skin& skin, QWidget* parent)
     : SkinDialog(parent),
       skin_(skin),
       lblCaption_(NewLabel(this)),
-      lblSpeed_{NewLabel(this), NewLabel(this)},
-      scales_{new SkinScale(kFastest, kSlowest, this), new SkinScale(kFastest, kSlowest, this)},
-      checks_{new SkinCheck(this), new SkinCheck(this), new SkinCheck(this)},
+      lblScale_{NewLabel(this), NewLabel(this), NewLabel(this)},
+      scales_{new SkinScale(kFastest, kSlowest, this), new SkinScale(kFastest, kSlowest, this),
+              new SkinScale(0, kFullVolume, this)},
+      checks_{new SkinCheck(this), new SkinCheck(this), new SkinCheck(this), new SkinCheck(this)},
       ok_(new SkinButton(this)),
       close_(new SkinButton(this)) {
   NameParts();
@@ -50,10 +60,11 @@ FrmSettings::FrmSettings(Skin& skin, QWidget* parent)
 
 void FrmSettings::NameParts() {
   lblCaption_->setObjectName("lblCaption");
-  lblSpeed_[0]->setObjectName("lblSpeed");
-  lblSpeed_[1]->setObjectName("lblSpeedR");
-  scales_[0]->setObjectName("Speed");
-  scales_[1]->setObjectName("SpeedR");
+  constexpr std::array kScales = {"Speed", "SpeedR", "Volume"};
+  for (std::size_t i = 0; i < scales_.size(); ++i) {
+    lblScale_[i]->setObjectName(QString("lbl") + kScales[i]);
+    scales_[i]->setObjectName(kScales[i]);
+  }
   for (std::size_t i = 0; i < checks_.size(); ++i)
     checks_[i]->setObjectName("check" + QString::number(i + 1));
   ok_->setObjectName("ok");
@@ -67,14 +78,16 @@ void FrmSettings::LayOut() {
   rows->setSizeConstraint(QLayout::SetFixedSize);
   rows->addWidget(lblCaption_, 0, Qt::AlignHCenter);
 
-  auto* const speeds = new QGridLayout;
-  speeds->setHorizontalSpacing(kGap);
+  auto* const scales = new QGridLayout;
+  scales->setHorizontalSpacing(kGap);
   for (std::size_t i = 0; i < scales_.size(); ++i) {
-    speeds->addWidget(lblSpeed_[i], static_cast<int>(i), 0);
-    speeds->addWidget(scales_[i], static_cast<int>(i), 1);
+    scales->addWidget(lblScale_[i], static_cast<int>(i), 0);
+    scales->addWidget(scales_[i], static_cast<int>(i), 1);
   }
-  rows->addLayout(speeds);
-  for (SkinCheck* const check : checks_) rows->addWidget(check);
+  rows->addLayout(scales);
+  for (const std::size_t i : kCheckOrder) rows->addWidget(checks_[i]);
+  for (std::size_t i = 1; i < kCheckOrder.size(); ++i)
+    setTabOrder(checks_[kCheckOrder[i - 1]], checks_[kCheckOrder[i]]);
 
   auto* const buttons = new QHBoxLayout;
   buttons->setSpacing(kGap);
@@ -101,12 +114,12 @@ void FrmSettings::SkinIt() {
   SetTitle(*this, title);
   lblCaption_->setText(OneLine(title, kMostInCaption));
   for (std::size_t i = 0; i < scales_.size(); ++i) {
-    const QString caption = OneLine(skin_.Caption(kSpeedKeys[i]), kMostInCaption);
-    lblSpeed_[i]->setText(caption + " :");
+    const QString caption = OneLine(kScaleWords[i].In(skin_), kMostInCaption);
+    lblScale_[i]->setText(caption + " :");
     scales_[i]->setAccessibleName(caption);
   }
   for (std::size_t i = 0; i < checks_.size(); ++i) {
-    checks_[i]->setText(InMenu(skin_.Caption(kCheckKeys[i])));
+    checks_[i]->setText(InMenu(kCheckWords[i].In(skin_)));
     checks_[i]->SetPicture(skin_.Picture("settings.checks.image"));
   }
   ok_->SetPicture(skin_.Picture("settings.ok.image"));
@@ -118,9 +131,11 @@ void FrmSettings::SkinIt() {
 void FrmSettings::SetSett(const Settings& settings) {
   scales_[0]->setValue(Turned(settings.Speed));
   scales_[1]->setValue(Turned(settings.SpeedR));
+  scales_[2]->setValue(settings.Volume);
   checks_[0]->setChecked(settings.NoSurprise);
   checks_[1]->setChecked(settings.Sound);
   checks_[2]->setChecked(settings.Joystick);
+  checks_[3]->setChecked(settings.Loops);
 }
 
 bool FrmSettings::Edit(Settings& settings) {
@@ -134,6 +149,8 @@ bool FrmSettings::Edit(Settings& settings) {
   settings.Joystick = checks_[2]->isChecked();
   settings.Speed = Turned(scales_[0]->value());
   settings.SpeedR = Turned(scales_[1]->value());
+  settings.Volume = scales_[2]->value();
+  settings.Loops = checks_[3]->isChecked();
   if (!StoreSett(settings)) Tell(skin_, parentWidget(), skin_.Text(99), kNotStoredWords.In(skin_));
   return true;
 }

@@ -15,8 +15,8 @@ class SkinButton;
 class SkinCheck;
 class SkinScale;
 
-// The window of the options: two speeds, on scales whose right end is the fast one, and three checks. What
-// the player changes is dropped unless he confirms it.
+// The window of the options: two speeds and the volume, on scales whose right end is the fast or loud one,
+// and four checks. What the player changes is dropped unless he confirms it.
 class FrmSettings : public SkinDialog {
   Q_OBJECT
 
@@ -39,9 +39,9 @@ class FrmSettings : public SkinDialog {
 
   Skin& skin_;
   QLabel* lblCaption_;
-  std::array<QLabel*, 2> lblSpeed_;
-  std::array<SkinScale*, 2> scales_;  // of play, of a replay
-  std::array<SkinCheck*, 3> checks_;  // NoSurprise, Sound, Joystick
+  std::array<QLabel*, 3> lblScale_;
+  std::array<SkinScale*, 3> scales_;  // Speed, SpeedR, Volume
+  std::array<SkinCheck*, 4> checks_;  // NoSurprise, Sound, Joystick, Loops
   SkinButton* ok_;
   SkinButton* close_;
 };

@@ -206,8 +206,9 @@ void HraWindow::EditSettings() {
   bool changed = false;
   WithDialog([&] { changed = FrmSettings(skin_, this).Edit(settings_); });
   if (!changed) return;
-  sounds_.SetSound(settings_.Sound);
-  if (!settings_.Sound) sounds_.StopAll();
+  sounds_.SetVolume(settings_.Volume);
+  sounds_.SwitchLoops(settings_.Loops);
+  sounds_.Switch(settings_.Sound);
   SetInterval();
   if (settings_.NoSurprise != shown) RepaintHiddenThings();
 }
@@ -271,6 +272,8 @@ void HraWindow::CaveOpens() {
   painter_.SetPlaces(skin_.Places());
   painter_.CaveOpens(hra_);
   sounds_.SetSound(settings_.Sound);
+  sounds_.SetLoops(settings_.Loops);
+  sounds_.SetVolume(settings_.Volume);
   sounds_.InicializaceZvuku(skin_.Places());
   ShowDecoration();
   topBar_->HideUnits();

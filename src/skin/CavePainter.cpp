@@ -6,7 +6,7 @@ void CavePainter::CaveOpens(const Hra& hra) {
   tiles_.Load(cache_, places_, hra.Scheme);
   around_ = LoadDecoration(cache_, places_, hra.Scheme);
   pictures_.SetFrames(tiles_.Frames());
-  pictures_.Open();
+  pictures_.Open(hra);
 }
 
 void CavePainter::View(const Hra& hra, bool jump) {

@@ -84,8 +84,10 @@ int DogColumn(const Hra& hra, Cell c) {
 
 }  // namespace
 
-void CellPictures::Open() {
+void CellPictures::Open(const Hra& hra) {
   pictures_.fill({});
+  width_ = hra.CaveWidth;
+  height_ = hra.CaveHeight;
   placing_ = true;
 }
 

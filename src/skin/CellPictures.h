@@ -45,7 +45,7 @@ class CellPictures {
   void SetNoSurprise(bool on) { noSurprise_ = on; }
 
   // A cave is about to be set up: all cells are empty space.
-  void Open();
+  void Open(const Hra& hra);
   // Its cells are placed.
   void Placed() { placing_ = false; }
 
@@ -55,6 +55,9 @@ class CellPictures {
 
   // The picture of a cell; empty space outside of -1..100 and -1..60.
   CellPicture At(int x, int y) const;
+
+  // Whether the cave has this cell.
+  bool Inside(int x, int y) const { return x >= 0 && x < width_ && y >= 0 && y < height_; }
 
  private:
   static constexpr int kColumns = 102;
@@ -73,6 +76,8 @@ class CellPictures {
   std::array<int, kTileSetCount> frames_{};
   bool noSurprise_ = false;
   bool placing_ = false;
+  int width_ = 0;  // of the cave
+  int height_ = 0;
   Chance rnd_;  // decoration, apart from the game's chance
 };
 

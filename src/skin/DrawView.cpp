@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstring>
 
+#include "skin/Edges.h"
+
 namespace zorik {
 namespace {
 
@@ -96,13 +98,15 @@ void DrawView(const ViewArea& view, QSize cell, const CellPictures& pictures, Ti
     if (drawn.isNull()) return;
   }
   tiles.Prepare(cell);
+  const EdgeMap edges(columns, rows, pictures, tiles);
   uchar* const target = drawn.bits();
   Sources sources(columns.size());
-  for (const DrawnSpan& down : rows) {
+  for (std::size_t row = 0; row < rows.size(); ++row) {
     for (std::size_t i = 0; i < columns.size(); ++i) {
-      sources[i] = SourceOf(tiles.Frame(pictures.At(columns[i].cell, down.cell), cell), columns[i]);
+      const CellPicture picture = pictures.At(columns[i].cell, rows[row].cell);
+      sources[i] = SourceOf(tiles.Frame(picture, cell, edges.At(i, row)), columns[i]);
     }
-    CopyRow(sources, down, target, drawn.bytesPerLine());
+    CopyRow(sources, rows[row], target, drawn.bytesPerLine());
   }
   FillEdges(drawn, EndOf(columns), EndOf(rows));
 }

@@ -18,7 +18,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::int64_t kMostBytesKept = std::int64_t{32} << 20U;
-constexpr int kMostMegabytesOfOne = 64;  // that reading a picture may ask for
+constexpr int kMostMegabytesOfOne = 64;     // that reading a picture may ask for
 
 std::string ErrorPicture(const SkinPlaces& places) {
   return FindInRoots(places, "error.bmp");
@@ -88,16 +88,24 @@ PictureFinder::PictureFinder(const SkinPlaces& places, std::string_view scheme)
     for (const std::string& game : FoldersOf(places, skin, "Game/" + std::string(scheme)))
       folders_.emplace_back(game);
     for (const std::string& game : FoldersOf(places, skin, "Game")) folders_.emplace_back(game);
+    if (skin == places.Skin) foldersOfSkin_ = folders_.size();
   }
 }
 
-std::string PictureFinder::GetSchPicPath(std::string_view name) const {
-  for (const Folder& folder : folders_) {
+std::optional<PictureFinder::Found> PictureFinder::Find(std::string_view name) const {
+  for (std::size_t i = 0; i < folders_.size(); ++i) {
     for (const char* extension : {".jpg", ".bmp", ".gif"}) {
-      if (auto path = folder.Find(std::string(name) + extension)) return *path;
+      if (auto path = folders_[i].Find(std::string(name) + extension)) {
+        return Found{std::move(*path), i < foldersOfSkin_};
+      }
     }
   }
-  return errorPicture_;
+  return std::nullopt;
+}
+
+std::string PictureFinder::GetSchPicPath(std::string_view name) const {
+  const std::optional<Found> found = Find(name);
+  return found ? found->path : errorPicture_;
 }
 
 std::string GetSchPicPath(const SkinPlaces& places, std::string_view scheme, std::string_view name) {

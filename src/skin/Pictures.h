@@ -26,6 +26,13 @@ class PictureFinder {
   // nowhere gives error.bmp.
   std::string GetSchPicPath(std::string_view name) const;
 
+  // Where a picture was found.
+  struct Found {
+    std::string path;
+    bool own = false;  // in the skin itself, not in the default skin that stands in for it
+  };
+  std::optional<Found> Find(std::string_view name) const;
+
  private:
   // The files of a folder, found without regard to letter case.
   struct Folder {
@@ -38,6 +45,7 @@ class PictureFinder {
   };
 
   std::vector<Folder> folders_;
+  std::size_t foldersOfSkin_ = 0;  // the first so many are those of the skin itself
   std::string errorPicture_;
 };
 

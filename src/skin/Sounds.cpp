@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <system_error>
+#include <utility>
 #include <vector>
 
 #include "data/Cp1250.h"
@@ -39,6 +40,11 @@ constexpr std::array<Stem, kSoundCount> kStems{{
     {15, "adeath"},
     {9, "magicwall", true},
 }};
+
+bool IsLoop(int n) {
+  return std::any_of(kStems.begin(), kStems.end(),
+                     [n](const Stem& stem) { return stem.number == n && stem.looping; });
+}
 
 // Adds the files of a folder whose names are new. Of those that differ in letter case only, the one in lower
 // case counts, then the first in byte order.
@@ -144,8 +150,7 @@ Result<Done> Sounds::InicializaceZvuku(const SkinPlaces& places) {
 }
 
 // The count can lead beyond the last variant, or to a number that no file has: then nothing sounds.
-void Sounds::PZvuk(int n) {
-  if (!on_) return;
+void Sounds::Play(int n) {
   const Sound& sound = sounds_[static_cast<std::size_t>(n)];
   const std::size_t pick = rnd_.Below(static_cast<std::uint32_t>(sound.count));
   if (pick >= sound.variants.size()) return;
@@ -153,7 +158,44 @@ void Sounds::PZvuk(int n) {
   if (variant.kind == SoundKind::Wave) device_.DSPlay(variant.buffer);
 }
 
+void Sounds::PZvuk(int n) {
+  const bool loop = IsLoop(n);
+  if (loop) loops_.set(static_cast<std::size_t>(n));
+  if (on_ && (loopsOn_ || !loop)) Play(n);
+}
+
+void Sounds::Switch(bool on) {
+  if (std::exchange(on_, on) == on) return;
+  if (!on) return Silence();
+  if (loopsOn_) PlayLoops();
+}
+
+void Sounds::SwitchLoops(bool on) {
+  if (std::exchange(loopsOn_, on) == on || !on_) return;
+  if (on) return PlayLoops();
+  for (const Stem& stem : kStems) {
+    if (stem.looping) Halt(stem.number);
+  }
+}
+
+void Sounds::PlayLoops() {
+  for (int n = 0; n < kSoundCount; ++n) {
+    if (loops_[static_cast<std::size_t>(n)]) Play(n);
+  }
+}
+
+// Ears count in ratios: each step down is about as much softer as the one before.
+void Sounds::SetVolume(int volume) {
+  const float part = static_cast<float>(std::clamp(volume, 0, kFullVolume)) / kFullVolume;
+  device_.DSSetVolume(part * part);
+}
+
 void Sounds::PZvukStop(int n) {
+  loops_.reset(static_cast<std::size_t>(n));
+  Halt(n);
+}
+
+void Sounds::Halt(int n) {
   const Sound& sound = sounds_[static_cast<std::size_t>(n)];
   for (int v = 0; v < std::min(sound.count, kVariants); ++v) {
     const Variant& variant = sound.variants[static_cast<std::size_t>(v)];
@@ -174,6 +216,11 @@ std::string Sounds::PZvukTime(int seconds) const {
 }
 
 void Sounds::StopAll() {
+  loops_.reset();
+  Silence();
+}
+
+void Sounds::Silence() {
   for (const Sound& sound : sounds_) {
     for (const Variant& variant : sound.variants) device_.DSStop(variant.buffer);
   }

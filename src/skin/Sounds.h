@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <bitset>
 #include <cstddef>
 #include <cstdint>
 #include <map>
@@ -11,6 +12,7 @@
 #include "data/Chance.h"
 #include "data/Result.h"
 #include "platform/DSound.h"
+#include "platform/Settings.h"
 #include "skin/SkinFlaw.h"
 #include "skin/SkinPlaces.h"
 
@@ -40,6 +42,15 @@ class Sounds {
 
   // Whether sounds are wanted; without that nothing starts, but all can be stopped.
   void SetSound(bool on) { on_ = on; }
+  // The same in the middle of a run: all falls silent, or what goes on and on is heard again.
+  void Switch(bool on);
+
+  // Likewise whether those are wanted that go on and on.
+  void SetLoops(bool on) { loopsOn_ = on; }
+  void SwitchLoops(bool on);
+
+  // How loud all of them are, 0 to 10.
+  void SetVolume(int volume);
 
   // Plays sound n, 0 to 15; one that sounds starts anew.
   void PZvuk(int n);
@@ -65,6 +76,10 @@ class Sounds {
     std::array<Variant, kVariants> variants{};  // number 1 first
   };
 
+  void Play(int n);
+  void PlayLoops();
+  void Halt(int n);
+  void Silence();
   void LoadSounds(int number, std::string_view stem, bool looping, const std::array<SoundFiles, 2>& folders);
 
   DSound& device_;
@@ -72,6 +87,8 @@ class Sounds {
   std::array<Sound, kSoundCount> sounds_{};
   Chance rnd_;
   bool on_ = true;
+  bool loopsOn_ = true;
+  std::bitset<kSoundCount> loops_;  // that were started and not stopped, heard or not
 };
 
 }  // namespace zorik

@@ -37,11 +37,34 @@ QImage Tile(const QImage& sheet, int column, int row) {
   return sheet.copy(column * kTileSize, row * kTileSize, kTileSize, kTileSize);
 }
 
+// A tile that leaves a tenth of its cell clear stands on the ground.
+bool ShowsGround(const QImage& tile) {
+  constexpr int kLeast = kTileSize * kTileSize / 10;
+  int clear = 0;
+  for (int y = 0; y < tile.height(); ++y) {
+    const auto* const line = reinterpret_cast<const QRgb*>(tile.constScanLine(y));
+    clear +=
+        static_cast<int>(std::count_if(line, line + tile.width(), [](QRgb c) { return qAlpha(c) == 0; }));
+  }
+  return clear >= kLeast;
+}
+
+void DrawEdges(QPainter& painter, const QImage& edges, Ground ground, EdgeMask mask) {
+  constexpr int kHalf = kTileSize / 2;
+  for (int quarter = 0; quarter < kQuarters; ++quarter) {
+    const Edge edge = EdgeIn(ground, mask, quarter);
+    if (edge == Edge::None) continue;
+    const QPoint at(quarter % 2 * kHalf, quarter / 2 * kHalf);
+    const QPoint frame(static_cast<int>(edge) * kTileSize, 0);
+    painter.drawImage(at, edges, QRect(frame + at, QSize(kHalf, kHalf)));
+  }
+}
+
 }  // namespace
 
 TileSets::TileSets() {
   Sheets sheets;
-  for (Sheet& sheet : sheets) sheet.image = BlackTile();
+  for (std::size_t i = 0; i < kTileSetCount; ++i) sheets[i].image = BlackTile();
   Use(std::move(sheets));
 }
 
@@ -56,32 +79,65 @@ void TileSets::Use(Sheets sheets) {
   }
   sheets_ = std::move(sheets);
   scaled_ = {};
-  scaledBytes_ = 0;
+  FindGrounds();
+}
+
+void TileSets::FindGrounds() {
+  grounds_.clear();
+  if (sheets_[kEdges].picture.isNull()) return;
+  grounds_.reserve(frames_);
+  for (std::size_t set = 0; set < kTileSetCount; ++set) {
+    const Sheet& sheet = sheets_[set];
+    for (int row = 0; row < sheet.rows; ++row) {
+      for (int column = 0; column < sheet.columns; ++column) {
+        const bool bare = set == kSpace || ShowsGround(Tile(sheet.picture, column, row));
+        grounds_.push_back(set == kDirt ? Ground::Earth : bare ? Ground::Bare : Ground::Covered);
+      }
+    }
+  }
+}
+
+// The default skin's edges are those of its own earth and ground, and not laid over another skin's.
+std::string TileSets::EdgesPath(const PictureFinder& finder) {
+  const auto edges = finder.Find("Edges");
+  if (!edges) return {};
+  const auto earth = finder.Find(kTileSets[kDirt]), ground = finder.Find(kTileSets[kSpace]);
+  const bool foreign = (earth && earth->own) || (ground && ground->own);
+  return edges->own || !foreign ? edges->path : std::string();
 }
 
 void TileSets::Load(PictureCache& pictures, const SkinPlaces& places, std::string_view scheme) {
   const PictureFinder finder(places, scheme);
   const auto known = kept_.find(scheme);
   Sheets sheets;
-  for (std::size_t i = 0; i < kTileSetCount; ++i) {
+  for (std::size_t i = 0; i < sheets.size(); ++i) {
     Sheet& sheet = sheets[i];
-    sheet.path = finder.GetSchPicPath(kTileSets[i]);
+    sheet.path = i == kEdges ? EdgesPath(finder) : finder.GetSchPicPath(kTileSets[i]);
     sheet.stamp = StampOf(sheet.path);
     if (known != kept_.end() && SameSource(known->second[i], sheet)) sheet = known->second[i];
   }
+  Read(pictures, places, sheets);
+  kept_.insert_or_assign(std::string(scheme), sheets);
+  if (BytesKept() > kMostBytesKept) kept_ = {{std::string(scheme), sheets}};
+  if (!SameImages(sheets, sheets_)) Use(std::move(sheets));
+}
+
+// Reads what is not there already.
+void TileSets::Read(PictureCache& pictures, const SkinPlaces& places, Sheets& sheets) {
   // All others lie on Space, so a new one makes them new as well.
   const bool newGround = sheets[kSpace].image.isNull();
   for (std::size_t i = 0; i < kTileSetCount; ++i) {
     Sheet& sheet = sheets[i];
     if (!sheet.image.isNull() && !newGround) continue;
-    const QImage picture = pictures.Load(places, sheet.path, kMostTilePixels);
+    sheet.picture = pictures.Load(places, sheet.path, kMostTilePixels);
     // Space has nothing below it and keeps its black.
-    sheet.image = i == kSpace ? OverGround(picture, BlackTile())
-                              : OverGround(WithoutBlack(picture), Tile(sheets[kSpace].image, 0, 0));
+    if (i != kSpace) sheet.picture = WithoutBlack(std::move(sheet.picture));
+    sheet.image = OverGround(sheet.picture, i == kSpace ? BlackTile() : Tile(sheets[kSpace].image, 0, 0));
   }
-  kept_.insert_or_assign(std::string(scheme), sheets);
-  if (BytesKept() > kMostBytesKept) kept_ = {{std::string(scheme), sheets}};
-  if (!SameImages(sheets, sheets_)) Use(std::move(sheets));
+  Sheet& edges = sheets[kEdges];
+  if (edges.path.empty() || !edges.picture.isNull()) return;
+  edges.picture = WithoutBlack(pictures.Load(places, edges.path, kMostTilePixels));
+  edges.image = edges.picture;
 }
 
 bool TileSets::SameSource(const Sheet& a, const Sheet& b) {
@@ -104,36 +160,60 @@ std::int64_t TileSets::BytesKept() const {
 
 std::array<int, kTileSetCount> TileSets::Frames() const {
   std::array<int, kTileSetCount> frames{};
-  std::transform(sheets_.begin(), sheets_.end(), frames.begin(),
+  std::transform(sheets_.begin(), sheets_.begin() + kTileSetCount, frames.begin(),
                  [](const Sheet& sheet) { return sheet.rows; });
   return frames;
 }
 
+std::array<int, kTileSetCount> TileSets::Columns() const {
+  std::array<int, kTileSetCount> columns{};
+  std::transform(sheets_.begin(), sheets_.begin() + kTileSetCount, columns.begin(),
+                 [](const Sheet& sheet) { return sheet.columns; });
+  return columns;
+}
+
 void TileSets::Prepare(QSize size) {
-  if (scaledBytes_ > kMostBytesScaled) {
-    scaled_ = {};
-    scaledBytes_ = 0;
-  }
+  if (scaled_[0].bytes + scaled_[1].bytes > kMostBytesScaled) scaled_ = {};
   Scaled& inUse = scaled_[0];
   if (inUse.size == size) return;
   std::swap(inUse, scaled_[1]);
   if (inUse.size == size) return;
-  for (const QImage& frame : inUse.frames) scaledBytes_ -= frame.sizeInBytes();
-  inUse = {size, std::vector<QImage>(frames_)};
+  inUse = {size, std::vector<ScaledFrame>(frames_)};
 }
 
-const QImage& TileSets::Frame(const CellPicture& picture, QSize size) {
-  if (scaled_[0].size != size) Prepare(size);
+std::size_t TileSets::PlaceOf(const CellPicture& picture) const {
   const std::size_t set = std::min<std::size_t>(picture.Pic, kTileSetCount - 1);
   const Sheet& sheet = sheets_[set];
   const int column = std::min<int>(picture.Col, sheet.columns - 1);
   const int row = std::min<int>(picture.Row, sheet.rows - 1);
-  QImage& frame = scaled_[0].frames[first_[set] + static_cast<std::size_t>(row * sheet.columns + column)];
+  return first_[set] + static_cast<std::size_t>(row * sheet.columns + column);
+}
+
+// A frame of 80 pixels over its ground, with the edges between the two.
+QImage TileSets::Composed(const CellPicture& picture, EdgeMask edges) const {
+  const std::size_t set = std::min<std::size_t>(picture.Pic, kTileSetCount - 1);
+  const Sheet& sheet = sheets_[set];
+  const int column = std::min<int>(picture.Col, sheet.columns - 1);
+  const int row = std::min<int>(picture.Row, sheet.rows - 1);
+  if (edges == 0) return Tile(sheet.image, column, row);
+  const bool itself = set == kSpace || set == kDirt;
+  QImage tile = itself ? Tile(sheet.image, column, row) : Tile(sheets_[kSpace].image, 0, 0);
+  QPainter painter(&tile);
+  DrawEdges(painter, sheets_[kEdges].picture, GroundOf(picture), edges);
+  if (!itself) painter.drawImage(0, 0, Tile(sheet.picture, column, row));
+  return tile;
+}
+
+const QImage& TileSets::Frame(const CellPicture& picture, QSize size, EdgeMask edges) {
+  if (scaled_[0].size != size) Prepare(size);
+  ScaledFrame& scaled = scaled_[0].frames[PlaceOf(picture)];
+  if (edges != 0 && scaled.edged.empty()) scaled.edged.resize(kEdgeMasks);
+  QImage& frame = edges == 0 ? scaled.plain : scaled.edged[edges];
   if (frame.isNull()) {
-    frame = Tile(sheet.image, column, row)
+    frame = Composed(picture, edges)
                 .scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
                 .convertToFormat(QImage::Format_RGB32);
-    scaledBytes_ += frame.sizeInBytes();
+    scaled_[0].bytes += frame.sizeInBytes();
   }
   return frame;
 }

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "skin/CellPictures.h"
+#include "skin/Edges.h"
 #include "skin/Pictures.h"
 #include "skin/SkinPlaces.h"
 #include "skin/ZornePole.h"
@@ -35,42 +36,66 @@ class TileSets {
   // Rows of frames of each set, at least 1.
   std::array<int, kTileSetCount> Frames() const;
 
+  // Likewise the columns.
+  std::array<int, kTileSetCount> Columns() const;
+
+  // Whether the skin brings a picture of the edges of the earth.
+  bool HasEdges() const { return !grounds_.empty(); }
+
+  // What a frame covers; there must be edges.
+  Ground GroundOf(const CellPicture& picture) const { return grounds_[PlaceOf(picture)]; }
+
   // Makes frames of this size, in pixels, the ones that are at hand. Those of the last two sizes are kept, so
   // that changing to and fro between two views costs nothing, unless they are many or large.
   void Prepare(QSize size);
 
   // A frame in the given size. Columns and rows beyond the set's are its last. Each is scaled alone, so none
-  // bleeds into its neighbour. It lives until the next call of Load or Prepare.
-  const QImage& Frame(const CellPicture& picture, QSize size);
+  // bleeds into its neighbour. Edges of the earth lie on the ground, below what stands there. It lives until
+  // the next call of Load or Prepare.
+  const QImage& Frame(const CellPicture& picture, QSize size, EdgeMask edges = 0);
 
  private:
   // A set over its ground, and the file that it was made from.
   struct Sheet {
     std::string path;
     FileStamp stamp;
+    QImage picture;  // without the ground
     QImage image;
     int columns = 1;
     int rows = 1;
   };
-  using Sheets = std::array<Sheet, kTileSetCount>;
+  // The last one is the picture of edges, which may be missing.
+  static constexpr std::size_t kEdges = kTileSetCount;
+  using Sheets = std::array<Sheet, kTileSetCount + 1>;
 
-  // Frames in one size, those of a set after those of the one before; empty images where not made yet.
+  // A frame in one size, as it is and with edges; empty images where not made yet.
+  struct ScaledFrame {
+    QImage plain;
+    std::vector<QImage> edged;  // by their mask
+  };
+  // Frames of a set stand after those of the one before.
   struct Scaled {
     QSize size;
-    std::vector<QImage> frames;
+    std::vector<ScaledFrame> frames;
+    std::int64_t bytes = 0;
   };
 
+  static std::string EdgesPath(const PictureFinder& finder);
+  static void Read(PictureCache& pictures, const SkinPlaces& places, Sheets& sheets);
   void Use(Sheets sheets);
+  void FindGrounds();
+  std::size_t PlaceOf(const CellPicture& picture) const;
+  QImage Composed(const CellPicture& picture, EdgeMask edges) const;
   static bool SameSource(const Sheet& a, const Sheet& b);
   static bool SameImages(const Sheets& a, const Sheets& b);
   std::int64_t BytesKept() const;
 
   Sheets sheets_;
-  std::array<std::size_t, kTileSetCount> first_{};  // place of each set's first frame in Scaled
+  std::array<std::size_t, kTileSetCount> first_{};  // place of each set's first frame among all
   std::size_t frames_ = 0;
+  std::vector<Ground> grounds_;                      // of all frames; empty without edges
   std::map<std::string, Sheets, std::less<>> kept_;  // by scheme
   std::array<Scaled, 2> scaled_;                     // the size in use, and the one before
-  std::int64_t scaledBytes_ = 0;
 };
 
 }  // namespace zorik

@@ -15,7 +15,7 @@ screens   screens skin platform rules core data
 editors   editors screens skin platform rules core data
 platform  platform core data
 app       app editors screens skin platform rules core data
-tools     core rules data
+tools     core rules data skin
 fuzz      core rules data skin
 bench     core rules data skin editors screens
 "

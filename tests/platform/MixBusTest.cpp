@@ -58,6 +58,35 @@ TEST(MixBus, PlaysASingleSoundUnchanged) {
     ASSERT_EQ(player.At(i), tone[2 * i]) << "frame " << i;
 }
 
+TEST(MixBus, GlidesToAnotherVolumeWithinABuffer) {
+  Player player;
+  const Samples level(2 * 3 * kFrames, 8000);
+  player.Add(0, level, 0, kFrames);
+  player.Finish();
+  player.bus.SetVolume(0.25F);
+  for (std::size_t i = 1; i < 3; ++i) {
+    player.Add(0, level, i * kFrames, kFrames);
+    player.Finish();
+  }
+  EXPECT_EQ(player.At(kFrames - 1), 8000);
+  EXPECT_NEAR(player.At(kFrames + kFrames / 2), 5000, 20) << "half of the way";
+  for (std::size_t i = kFrames; i < 2 * kFrames; ++i) {
+    ASSERT_LE(std::abs(player.At(i) - player.At(i - 1)), 6000 / kFrames + 2) << "frame " << i;
+  }
+  EXPECT_EQ(player.At(2 * kFrames), 2000);
+}
+
+TEST(MixBus, IsSilentWithoutVolume) {
+  Player player;
+  player.bus.SetVolume(0);
+  const Samples level(2 * 2 * kFrames, 8000);
+  for (std::size_t i = 0; i < 2; ++i) {
+    player.Add(0, level, i * kFrames, kFrames);
+    player.Finish();
+  }
+  EXPECT_EQ(player.At(kFrames), 0);
+}
+
 TEST(MixBus, AddsSoundsThatSoundTogether) {
   Player player;
   const Samples one(2 * kFrames, 1000);

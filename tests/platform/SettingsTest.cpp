@@ -11,6 +11,7 @@
 #include <QLockFile>
 #include <QSettings>
 #include <csignal>
+#include <utility>
 
 #include "platform/Settings.h"
 
@@ -39,6 +40,31 @@ TEST_F(SettingsTest, TheFirstRunWritesTheDefaults) {
   EXPECT_EQ(store.value("Sound").toInt(), 1);
   EXPECT_EQ(store.value("Joystick").toInt(), 0);
   EXPECT_EQ(store.value("NoSurprise").toInt(), 0);
+  EXPECT_EQ(store.value("Volume").toInt(), 10);
+  EXPECT_EQ(store.value("Loops").toInt(), 1);
+}
+
+TEST_F(SettingsTest, TheVolumeAndTheLoopsAreKept) {
+  Settings quiet;
+  quiet.Volume = 3;
+  quiet.Loops = false;
+  ASSERT_TRUE(StoreSett(quiet));
+  EXPECT_EQ(FindSett(), quiet);
+}
+
+TEST_F(SettingsTest, AVolumeOutOfRangeIsLimited) {
+  StoreSett(Settings());
+  const std::pair<const char*, int> kValues[] = {{"-3", 0}, {"0", 0}, {"11", 10}, {"loud", 10}, {"", 10}};
+  for (const auto& [value, volume] : kValues) {
+    IniStore("Zorik2").setValue("Volume", value);
+    EXPECT_EQ(FindSett().Volume, volume) << value;
+  }
+}
+
+TEST_F(SettingsTest, OfAnOlderGameAreFullyLoud) {
+  StoreSett(Settings());
+  for (const char* name : {"Volume", "Loops"}) IniStore("Zorik2").remove(name);
+  EXPECT_EQ(FindSett(), Settings());
 }
 
 TEST_F(SettingsTest, TheSkinIsStoredByItself) {

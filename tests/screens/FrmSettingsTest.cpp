@@ -51,7 +51,8 @@ class FrmSettingsTest : public testing::Test {
   static void ChangeAll(QWidget& window) {
     Scale(window, 0).setValue(7);
     Scale(window, 1).setValue(2);
-    for (int i = 0; i < 3; ++i) Check(window, i).click();
+    Scale(window, 2).setValue(6);
+    for (int i = 0; i < 4; ++i) Check(window, i).click();
   }
 
   test::TestSkin skin_;
@@ -59,7 +60,7 @@ class FrmSettingsTest : public testing::Test {
   bool stayed_ = false;
 };
 
-const Settings kChanged{4, 9, false, true, true, "Default"};
+const Settings kChanged{4, 9, false, true, true, "Default", 6, false};
 
 TEST_F(FrmSettingsTest, ShowsElevenMinusTheSpeed) {
   for (int speed = 1; speed <= 10; ++speed) {
@@ -76,19 +77,22 @@ TEST_F(FrmSettingsTest, ShowsTheDefaults) {
   Edit([](QWidget& window) {
     EXPECT_EQ(Scale(window, 0).value(), 3);
     EXPECT_EQ(Scale(window, 1).value(), 10);
+    EXPECT_EQ(Scale(window, 2).value(), 10);
     EXPECT_FALSE(Check(window, 0).isChecked());
     EXPECT_TRUE(Check(window, 1).isChecked());
     EXPECT_FALSE(Check(window, 2).isChecked());
+    EXPECT_TRUE(Check(window, 3).isChecked());
   });
 }
 
-TEST_F(FrmSettingsTest, ShowsHiddenThingsSoundsAndJoystickInThisOrder) {
-  for (int on = 0; on < 3; ++on) {
+TEST_F(FrmSettingsTest, ShowsHiddenThingsSoundsJoystickAndLoopsByTheirNumbers) {
+  for (int on = 0; on < 4; ++on) {
+    settings_.Loops = on == 3;
     settings_.NoSurprise = on == 0;
     settings_.Sound = on == 1;
     settings_.Joystick = on == 2;
     Edit([on](QWidget& window) {
-      for (int i = 0; i < 3; ++i) EXPECT_EQ(Check(window, i).isChecked(), i == on);
+      for (int i = 0; i < 4; ++i) EXPECT_EQ(Check(window, i).isChecked(), i == on);
     });
   }
 }
@@ -189,6 +193,18 @@ TEST_F(FrmSettingsTest, LimitsASpeedThatIsOutOfRange) {
   EXPECT_EQ(settings_.SpeedR, 1);
 }
 
+TEST_F(FrmSettingsTest, KeepsTheVolumeFromNoneToFull) {
+  EXPECT_TRUE(Edit([](QWidget& window) {
+    QTest::keyClick(&Scale(window, 2), Qt::Key_Home);
+    QTest::keyClick(&Scale(window, 2), Qt::Key_Left);
+    QTest::keyClick(&window, Qt::Key_Return);
+  }));
+  EXPECT_EQ(settings_.Volume, 0);
+  settings_.Volume = 99;
+  EXPECT_TRUE(Edit([](QWidget& window) { QTest::keyClick(&window, Qt::Key_Return); }));
+  EXPECT_EQ(settings_.Volume, 10);
+}
+
 TEST_F(FrmSettingsTest, MovesAScaleByAStepForAnArrow) {
   EXPECT_TRUE(Edit([](QWidget& window) {
     QTest::keyClick(&Scale(window, 0), Qt::Key_Right);
@@ -235,10 +251,11 @@ TEST_F(FrmSettingsTest, HasTheWordsOfTheSkin) {
     EXPECT_EQ(window.windowTitle(), "Nastavení");
     QStringList labels;
     for (const QLabel* const label : window.findChildren<QLabel*>()) labels.push_back(label->text());
-    EXPECT_EQ(labels, (QStringList{"Nastavení", "Rychlost hry :", "Rychlost záznamu :"}));
+    EXPECT_EQ(labels, (QStringList{"Nastavení", "Rychlost hry :", "Rychlost záznamu :", "Hlasitost :"}));
     EXPECT_EQ(Check(window, 0).text(), "Ukázat skryté věci");
     EXPECT_EQ(Check(window, 1).text(), "Zvuky");
     EXPECT_EQ(Check(window, 2).text(), "Joystick");
+    EXPECT_EQ(Check(window, 3).text(), "Trvalé zvuky: améba, kouzelná zeď") << "the skin is older than these";
   });
 }
 
@@ -274,8 +291,9 @@ TEST_F(FrmSettingsTest, CutsAndCoversNothing) {
 
 TEST_F(FrmSettingsTest, IsWalkedThroughWithTheTabKey) {
   Edit([](QWidget& window) {
-    const std::vector<QWidget*> order = {&Scale(window, 0), &Scale(window, 1), &Check(window, 0),
-                                         &Check(window, 1), &Check(window, 2), &Scale(window, 0)};
+    const std::vector<QWidget*> order = {&Scale(window, 0), &Scale(window, 1), &Scale(window, 2),
+                                         &Check(window, 0), &Check(window, 1), &Check(window, 3),
+                                         &Check(window, 2), &Scale(window, 0)};
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     for (QWidget* const part : order) {
       EXPECT_EQ(QApplication::focusWidget(), part);

@@ -54,6 +54,8 @@ SkinKeys KeysOfSettings() {
              {"settings.check1.text", "Jinak", WordsOn("check1"), "Jinak"},
              {"settings.check2.text", "Jinak", WordsOn("check2"), "Jinak"},
              {"settings.check3.text", "Jinak", WordsOn("check3"), "Jinak"},
+             {"settings.check4.text", "Jinak", WordsOn("check4"), "Jinak"},
+             {"settings.volume.text", "Jinak", WordsOn("lblVolume"), "Jinak :"},
              {"settings.speed.text", "Jinak", WordsOn("lblSpeed"), "Jinak :"},
              {"settings.speedreplay.text", "Jinak", WordsOn("lblSpeedR"), "Jinak :"},
          };

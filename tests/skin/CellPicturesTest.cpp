@@ -304,7 +304,7 @@ TEST(CellPictures, AreEmptySpaceWhereThereIsNoCell) {
 
 TEST(CellPictures, AreEmptySpaceWhenANewCaveOpens) {
   Pictured cave({"1FFF"}, {}, 1);
-  cave.pictures.Open();
+  cave.pictures.Open(cave.hra);
   EXPECT_EQ(cave.At(2, 0), CellPicture{});
 }
 

@@ -27,7 +27,7 @@ class Pictured : public Stage {
     EXPECT_FALSE(failure);
   }
 
-  void CaveOpens() override { pictures.Open(); }
+  void CaveOpens() override { pictures.Open(hra); }
   void CellChanged(int x, int y) override { pictures.Change(hra, x, y); }
   void View(bool jump) override {
     if (jump) pictures.Placed();

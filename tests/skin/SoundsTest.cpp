@@ -274,6 +274,51 @@ TEST_F(SoundsSilent, SwitchedOffCanStillBeStopped) {
   EXPECT_EQ(Playing(), Names());
 }
 
+TEST_F(SoundsSilent, ThatGoOnAndOnAreMutedByThemselves) {
+  for (const char* name : {"amoeba", "amoeba2", "dirt", "dirt2"})
+    Wave("Default/Sound/" + std::string(name) + ".wav");
+  Load();
+  sounds_.PZvuk(kAmoebaSound);
+  sounds_.PZvuk(kDirtSound);
+  ASSERT_EQ(Playing().size(), 2U);
+  sounds_.SwitchLoops(false);
+  ASSERT_EQ(Playing().size(), 1U);
+  EXPECT_EQ(Playing().begin()->substr(0, 18), "Default/Sound/dirt");
+  sounds_.StopAll();
+  sounds_.PZvuk(kAmoebaSound);
+  EXPECT_EQ(Playing(), Names()) << "nor do they start";
+}
+
+TEST_F(SoundsSilent, ThatWereMutedAreHeardAgainWhereTheyStillGoOn) {
+  for (const char* name : {"amoeba", "amoeba2", "magicwall", "magicwall2"})
+    Wave("Default/Sound/" + std::string(name) + ".wav");
+  Load();
+  sounds_.SetLoops(false);
+  sounds_.PZvuk(kAmoebaSound);
+  sounds_.PZvuk(kMagicWallSound);
+  sounds_.PZvukStop(kMagicWallSound);
+  sounds_.SwitchLoops(true);
+  ASSERT_EQ(Playing().size(), 1U);
+  EXPECT_EQ(Playing().begin()->substr(0, 20), "Default/Sound/amoeba");
+  sounds_.SwitchLoops(true);
+  EXPECT_EQ(Playing().size(), 1U) << "it goes on";
+}
+
+TEST_F(SoundsSilent, ThatAreMutedStaySoWhenAllOthersAreSwitchedOn) {
+  for (const char* name : {"amoeba", "amoeba2"}) Wave("Default/Sound/" + std::string(name) + ".wav");
+  Load();
+  sounds_.SetSound(false);
+  sounds_.PZvuk(kAmoebaSound);
+  sounds_.SwitchLoops(false);
+  sounds_.Switch(true);
+  EXPECT_EQ(Playing(), Names());
+  sounds_.Switch(false);
+  sounds_.SwitchLoops(true);
+  EXPECT_EQ(Playing(), Names()) << "all are off";
+  sounds_.Switch(true);
+  EXPECT_EQ(Playing().size(), 1U);
+}
+
 TEST_F(SoundsSilent, AreStoppedInAllTheirVariantsAndNoOthers) {
   for (const char* name : {"amoeba", "amoeba2", "amoeba3", "dirt", "dirt2"})
     Wave("Default/Sound/" + std::string(name) + ".wav");

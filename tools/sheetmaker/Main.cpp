@@ -1,9 +1,8 @@
 // sheetmaker SKINS FOLDER   pictures of the default skin in every scheme, as the game composes them:
 //   <Scheme>-98.png, -49.png, -24.png   all frames at these sizes, over the ground of the scheme
 //   <Scheme>-24-grey.png                the same without colours
-//   <Scheme>-cave.png                   a cave in which everything stands side by side
+//   <Scheme>-cave.png, -cave-24.png     a cave in which everything stands side by side
 
-#include <QFile>
 #include <QImage>
 #include <QPainter>
 #include <array>
@@ -12,23 +11,15 @@
 #include <string_view>
 #include <vector>
 
-#include "core/Objects.h"
+#include "skin/TileSets.h"
+#include "skin/ZornePole.h"
 
+namespace zorik {
 namespace {
 
 constexpr std::array<std::string_view, 5> kSchemes{"Classic", "Cold", "Hot", "Natural", "Mystery"};
 constexpr std::array<int, 3> kSizes{98, 49, 24};
 constexpr int kSheetColumns = 16;
-constexpr int kTileSize = 80;  // of a frame in the pictures
-constexpr std::size_t kSpace = 0, kDirt = 1, kSteel = 8;
-
-// One frame: which set, and where on its grid of frames.
-struct CellPicture {
-  std::size_t set = kSpace;
-  int column = 0;
-  int row = 0;
-};
-
 // A picture as cells: each holds one frame.
 using Cells = std::vector<std::vector<CellPicture>>;
 
@@ -58,64 +49,23 @@ constexpr std::array<std::string_view, 14> kCave{
     "=wwwl  .o..O..#-#|..  k=", "=ww  d . (v).Q.2.z.t c =", "=..S.G.o   . .1345*T  C=",
     "=o.I.g*....o...*+..o..E=", "======================e="};
 
-// All sets of one scheme, each laid over the ground.
-class Tiles {
- public:
-  // False if a picture is missing.
-  bool Load(const std::string& skins, std::string_view scheme) {
-    const QString game = QString::fromStdString(skins + "/Default/Game/");
-    const QString own = game + QString::fromStdString(std::string(scheme) + "/");
-    for (std::size_t i = 0; i < sets_.size(); ++i) {
-      const QString name = QString::fromStdString(std::string(zorik::kTileSets[i]) + ".bmp");
-      const QImage picture(QFile::exists(own + name) ? own + name : game + name);
-      if (picture.isNull()) {
-        std::fprintf(stderr, "%s is missing\n", name.toLocal8Bit().constData());
-        return false;
-      }
-      const QImage ground = i == kSpace ? picture : sets_[kSpace];
-      sets_[i] = OverGround(picture, ground.copy(0, 0, kTileSize, kTileSize));
-    }
-    return true;
-  }
-
-  int Columns(std::size_t set) const { return sets_[set].width() / kTileSize; }
-  int Rows(std::size_t set) const { return sets_[set].height() / kTileSize; }
-
-  QImage Frame(const CellPicture& cell, int size) const {
-    return sets_[cell.set]
-        .copy(cell.column * kTileSize, cell.row * kTileSize, kTileSize, kTileSize)
-        .scaled(size, size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-  }
-
- private:
-  static QImage OverGround(const QImage& picture, const QImage& ground) {
-    QImage composed(picture.size(), QImage::Format_RGB32);
-    QPainter painter(&composed);
-    painter.fillRect(composed.rect(), QBrush(ground));
-    painter.drawImage(0, 0, picture);
-    return composed;
-  }
-
-  std::array<QImage, zorik::kTileSets.size()> sets_;
-};
-
 // Random rows as the game would roll them, but the same in every run.
-int GrainRow(std::size_t x, std::size_t y, int rows) {
+std::uint16_t GrainRow(std::size_t x, std::size_t y, int rows) {
   const std::size_t mixed = (x * 73 + y * 151 + x * y * 7) % 97;
-  return static_cast<int>(mixed % static_cast<std::size_t>(rows));
+  return static_cast<std::uint16_t>(mixed % static_cast<std::size_t>(rows));
 }
 
-CellPicture OfLetter(char letter, std::size_t x, std::size_t y, const Tiles& tiles) {
+CellPicture OfLetter(char letter, std::size_t x, std::size_t y, const TileSets& tiles) {
   CellPicture picture{kSteel, 0, 0};
   for (const Letter& known : kLetters) {
     if (known.letter == letter) picture = known.picture;
   }
-  if (picture.set == kSpace) picture.row = static_cast<int>((x + y) % 2);
-  if (picture.set == kDirt) picture.row = GrainRow(x, y, tiles.Rows(kDirt));
+  if (picture.Pic == kSpace) picture.Row = static_cast<std::uint16_t>((x + y) % 2);
+  if (picture.Pic == kDirt) picture.Row = GrainRow(x, y, tiles.Frames()[kDirt]);
   return picture;
 }
 
-Cells CaveCells(const Tiles& tiles) {
+Cells CaveCells(const TileSets& tiles) {
   Cells cells;
   for (std::size_t y = 0; y < kCave.size(); ++y) {
     std::vector<CellPicture>& line = cells.emplace_back();
@@ -125,14 +75,15 @@ Cells CaveCells(const Tiles& tiles) {
 }
 
 // All frames of all sets, a set on one line where it fits, parted by bare ground.
-Cells SheetCells(const Tiles& tiles) {
+Cells SheetCells(const TileSets& tiles) {
   Cells cells(1);
-  for (std::size_t set = 0; set < zorik::kTileSets.size(); ++set) {
-    const int columns = tiles.Columns(set), frames = columns * tiles.Rows(set);
+  for (std::size_t set = 0; set < kTileSetCount; ++set) {
+    const int columns = tiles.Columns()[set], frames = columns * tiles.Frames()[set];
     if (kSheetColumns - static_cast<int>(cells.back().size()) < frames) cells.emplace_back();
     for (int i = 0; i < frames; ++i) {
       if (cells.back().size() == kSheetColumns) cells.emplace_back();
-      cells.back().push_back({set, i % columns, i / columns});
+      cells.back().push_back({static_cast<std::uint8_t>(set), static_cast<std::uint16_t>(i % columns),
+                              static_cast<std::uint16_t>(i / columns)});
     }
     if (cells.back().size() < kSheetColumns) cells.back().push_back({});
   }
@@ -140,14 +91,21 @@ Cells SheetCells(const Tiles& tiles) {
   return cells;
 }
 
-QImage Compose(const Cells& cells, const Tiles& tiles, int size) {
-  QImage sheet(static_cast<int>(cells.front().size()) * size, static_cast<int>(cells.size()) * size,
-               QImage::Format_RGB32);
+QImage Compose(const Cells& cells, TileSets& tiles, int size, bool softEdges) {
+  const auto columns = static_cast<int>(cells.front().size()), rows = static_cast<int>(cells.size());
+  const auto at = [&cells](int x, int y) {
+    return cells[static_cast<std::size_t>(y)][static_cast<std::size_t>(x)];
+  };
+  const auto ground = [&](int x, int y) {
+    const bool inside = x >= 0 && x < columns && y >= 0 && y < rows;
+    return inside ? tiles.GroundOf(at(x, y)) : Ground::Covered;
+  };
+  QImage sheet(columns * size, rows * size, QImage::Format_RGB32);
   QPainter painter(&sheet);
-  for (std::size_t y = 0; y < cells.size(); ++y) {
-    for (std::size_t x = 0; x < cells[y].size(); ++x) {
-      painter.drawImage(static_cast<int>(x) * size, static_cast<int>(y) * size,
-                        tiles.Frame(cells[y][x], size));
+  for (int y = 0; y < rows; ++y) {
+    for (int x = 0; x < columns; ++x) {
+      const EdgeMask edges = softEdges && tiles.HasEdges() ? EdgesAround(x, y, ground) : EdgeMask{0};
+      painter.drawImage(x * size, y * size, tiles.Frame(at(x, y), QSize(size, size), edges));
     }
   }
   return sheet;
@@ -160,20 +118,23 @@ bool Save(const QImage& image, const std::string& path) {
 }
 
 bool SaveScheme(const std::string& skins, std::string_view scheme, const std::string& folder) {
-  Tiles tiles;
-  if (!tiles.Load(skins, scheme)) return false;
+  PictureCache pictures;
+  TileSets tiles;
+  tiles.Load(pictures, {skins}, scheme);
   const std::string stem = folder + "/" + std::string(scheme);
-  const Cells all = SheetCells(tiles);
+  const Cells all = SheetCells(tiles), cave = CaveCells(tiles);
   bool saved = true;
   for (const int size : kSizes) {
-    saved = Save(Compose(all, tiles, size), stem + "-" + std::to_string(size) + ".png") && saved;
+    saved = Save(Compose(all, tiles, size, false), stem + "-" + std::to_string(size) + ".png") && saved;
   }
-  const QImage grey = Compose(all, tiles, kSizes.back()).convertToFormat(QImage::Format_Grayscale8);
+  const QImage grey = Compose(all, tiles, kSizes.back(), false).convertToFormat(QImage::Format_Grayscale8);
   saved = Save(grey, stem + "-" + std::to_string(kSizes.back()) + "-grey.png") && saved;
-  return Save(Compose(CaveCells(tiles), tiles, kTileSize), stem + "-cave.png") && saved;
+  saved = Save(Compose(cave, tiles, kSizes.back(), true), stem + "-cave-24.png") && saved;
+  return Save(Compose(cave, tiles, kTileSize, true), stem + "-cave.png") && saved;
 }
 
 }  // namespace
+}  // namespace zorik
 
 int main(int argc, char** argv) {
   if (argc != 3) {
@@ -181,6 +142,8 @@ int main(int argc, char** argv) {
     return 2;
   }
   bool saved = true;
-  for (const std::string_view scheme : kSchemes) saved = SaveScheme(argv[1], scheme, argv[2]) && saved;
+  for (const std::string_view scheme : zorik::kSchemes) {
+    saved = zorik::SaveScheme(argv[1], scheme, argv[2]) && saved;
+  }
   return saved ? 0 : 1;
 }

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <QImage>
+#include <QPainter>
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -8,9 +9,11 @@
 #include <iterator>
 #include <ostream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "core/Objects.h"
+#include "skin/Edges.h"
 #include "skin/ZornePole.h"
 
 namespace zorik {
@@ -22,6 +25,7 @@ namespace fs = std::filesystem;
 enum class Cover {
   Object,  // stands on the ground, which shows around it
   Cell,    // fills its cell
+  Blast,   // burns on in the cells beside it
 };
 
 struct Tile {
@@ -54,7 +58,7 @@ constexpr Tile kTiles[] = {
     {"1to2", 4, 1, Cover::Cell, false, true},
     {"Slime", 1, 8, Cover::Cell, true},
     {"Fly", 1, 4, Cover::Object, true},
-    {"Explosion", 4, 4, Cover::Object, true},
+    {"Explosion", 4, 4, Cover::Blast, true},
     {"Keys", 3, 4, Cover::Object, true},
     {"Locks", 3, 1, Cover::Cell},
     {"Teleport", 1, 7, Cover::Cell, true},
@@ -188,7 +192,7 @@ TEST_P(TilePictures, LeaveTheGroundInViewOrFillTheirCell) {
         const QImage frame = Frame(sheet, column, row);
         if (tile.cover == Cover::Cell) {
           EXPECT_EQ(CountPixels(frame, IsOpaque), kTileSize * kTileSize) << path << ", row " << row;
-        } else {
+        } else if (tile.cover == Cover::Object) {
           EXPECT_GT(CountPixels(frame, IsClear), kTileSize * kTileSize / 10) << path << ", row " << row;
         }
       }
@@ -255,6 +259,7 @@ TEST(DefaultPictures, HoldNothingInASchemeButWhatDiffers) {
     for (const Tile& tile : kTiles) {
       if (tile.schemes) expected.push_back(std::string(tile.name) + ".bmp");
     }
+    expected.push_back("Edges.bmp");
     std::sort(found.begin(), found.end());
     std::sort(expected.begin(), expected.end());
     EXPECT_EQ(found, expected) << scheme;
@@ -296,6 +301,91 @@ TEST(DefaultPictures, HaveRowsOfEarthAndGroundThatFitBesideEachOther) {
       }
       EXPECT_LE(apart, 4) << name << ", row " << row;
     }
+  }
+}
+
+// Nine cells of one phase burn as one: what leaves a cell at one side comes in at the other, and in the first
+// phases most of each side is fire.
+TEST(DefaultPictures, JoinTheCellsOfABlast) {
+  const QImage sheet = Read(kGame + "Explosion.bmp");
+  constexpr int kLast = kTileSize - 1;
+  const auto burns = [](QRgb colour) { return qAlpha(colour) > 127 ? 1 : 0; };
+  for (int kind = 0; kind < 4; ++kind) {
+    for (int phase = 0; phase < 4; ++phase) {
+      const QImage frame = Frame(sheet, kind, phase);
+      int apart = 0, across = 0, down = 0;
+      for (int i = 0; i < kTileSize; ++i) {
+        across += burns(frame.pixel(0, i));
+        down += burns(frame.pixel(i, 0));
+        apart += std::abs(burns(frame.pixel(0, i)) - burns(frame.pixel(kLast, i)));
+        apart += std::abs(burns(frame.pixel(i, 0)) - burns(frame.pixel(i, kLast)));
+      }
+      EXPECT_LE(apart, 10) << "kind " << kind << ", phase " << phase;
+      const int least = phase < 2 ? kTileSize / 2 : kTileSize / 4;
+      EXPECT_GE(across, least) << "kind " << kind << ", phase " << phase;
+      EXPECT_GE(down, least) << "kind " << kind << ", phase " << phase;
+      EXPECT_EQ(burns(frame.pixel(0, 0)), 0) << "a cell alone has round corners";
+    }
+  }
+}
+
+// In grey at 24 pixels two pictures differ in at least a tenth of their pixels by a quarter of all greys.
+TEST(DefaultPictures, TellKeysAndLocksApartWithoutColour) {
+  constexpr int kSize = 24;
+  for (const char* name : {"Keys", "Locks"}) {
+    const QImage sheet = Read(kGame + name + ".bmp");
+    const QImage ground = Frame(Read(kGame + "Space.bmp"), 0, 0).convertToFormat(QImage::Format_RGB32);
+    std::vector<QImage> small;
+    for (int colour = 0; colour < 3; ++colour) {
+      QImage tile = ground;
+      QPainter(&tile).drawImage(0, 0, Frame(sheet, colour, 0));
+      small.push_back(tile.scaled(kSize, kSize, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+    }
+    for (const auto& [one, other] : {std::pair(0U, 1U), std::pair(0U, 2U), std::pair(1U, 2U)}) {
+      int differ = 0;
+      for (int y = 0; y < kSize; ++y) {
+        for (int x = 0; x < kSize; ++x) {
+          differ += std::abs(qGray(small[one].pixel(x, y)) - qGray(small[other].pixel(x, y))) > 64 ? 1 : 0;
+        }
+      }
+      EXPECT_GE(differ, kSize * kSize / 10) << name << " " << one << " and " << other;
+    }
+  }
+}
+
+// The one stands below the entrance, the other above the exit.
+TEST(DefaultPictures, TellTheEntranceOfTheTeleportFromItsExitAtRest) {
+  const QImage sheet = Read(kGame + "Teleport.bmp");
+  const Mean entrance = MeanOf(Frame(sheet, 0, 0)), exit = MeanOf(Frame(sheet, 0, 1));
+  EXPECT_GT(entrance.blue, entrance.red + 20);
+  EXPECT_GT(exit.red, exit.blue + 40);
+}
+
+// Where the quarters of two frames meet, be it in the middle of a cell or at its edge, earth goes over into
+// earth.
+TEST(DefaultPictures, HaveEdgesOfTheEarthThatFitTogether) {
+  for (const char* scheme : {"", "Cold/", "Hot/", "Natural/", "Mystery/"}) {
+    const QImage sheet = Read(kGame + scheme + "Edges.bmp");
+    ASSERT_EQ(sheet.size(), QSize(kEdgeColumns * kTileSize, kTileSize)) << scheme;
+    const auto earth = [&](Edge edge, int x, int y) {
+      return IsOpaque(sheet.pixel(static_cast<int>(edge) * kTileSize + x, y)) ? 1 : 0;
+    };
+    constexpr int kMiddle = kTileSize / 2, kLast = kTileSize - 1;
+    int apart = 0;
+    for (int i = 0; i < kTileSize; ++i) {
+      for (const Edge other : {Edge::BesideEnds, Edge::Corner}) {
+        apart += std::abs(earth(Edge::BesideOn, i, kMiddle - 1) - earth(other, i, kMiddle));
+        apart += std::abs(earth(Edge::BesideOn, i, kMiddle) - earth(other, i, kMiddle - 1));
+      }
+      for (const Edge other : {Edge::OverEnds, Edge::Corner}) {
+        apart += std::abs(earth(Edge::OverOn, kMiddle - 1, i) - earth(other, kMiddle, i));
+        apart += std::abs(earth(Edge::OverOn, kMiddle, i) - earth(other, kMiddle - 1, i));
+      }
+      apart += std::abs(earth(Edge::BesideOn, i, 0) - earth(Edge::BesideOn, i, kLast));
+      apart += std::abs(earth(Edge::OverOn, 0, i) - earth(Edge::OverOn, kLast, i));
+    }
+    EXPECT_LE(apart, 20) << scheme << ": ten lines, two edges each, one pixel of play";
+    EXPECT_GT(earth(Edge::BesideOn, 0, kMiddle) + earth(Edge::OverOn, kMiddle, 0), 1) << scheme;
   }
 }
 

@@ -64,8 +64,8 @@ const std::vector<Group> kGroups = {
     {{"congratulation.congrat", "addplayer.name"}, {"left", "top", "width", "height", "color", "textcolor"}},
     {{"settings", "dialog"}, {"color"}},
     {{"start.fingerPlay", "start.fingerReplay", "start.fingerEditor", "version", "settings",
-      "settings.check1", "settings.check2", "settings.check3", "settings.speed", "settings.speedreplay",
-      "congratulation", "addplayer", "skin.author"},
+      "settings.check1", "settings.check2", "settings.check3", "settings.check4", "settings.speed",
+      "settings.speedreplay", "settings.volume", "congratulation", "addplayer", "skin.author"},
      {"text"}},
 };
 
