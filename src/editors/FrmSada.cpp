@@ -10,6 +10,7 @@
 #include "data/Cp1250.h"
 #include "data/Files.h"
 #include "editors/BoxText.h"
+#include "editors/FaultWords.h"
 #include "editors/Marks.h"
 #include "editors/SadaBoxes.h"
 #include "editors/SadaList.h"
@@ -27,8 +28,11 @@ namespace {
 constexpr QSize kUsualSize(740, 400);
 
 constexpr StartWords kTitleWords{"caption.sada.title", "Zoríkův editor sady komnat"};
-constexpr StartWords kUnreadableWords{"caption.error.caves",
-                                      "Tyto komnaty nelze přečíst, v sadě proto nejsou:"};
+constexpr StartWords kKeptWords{"caption.sada.kept", "Původní poškozený soubor zůstal vedle pod jménem"};
+constexpr StartWords kLeftOutWords{"caption.sada.leftout",
+                                   "Gratulace by se četla jako komnata, v souboru proto není."};
+constexpr StartWords kAgainWords{
+    "caption.sada.again", "Sada zatím zůstává v paměti. Zkusit to znovu? „Ne“ nabídne uložit ji jinam."};
 constexpr StartWords kLikeCaveWords{"caption.error.congrat",
                                     "Gratulace nesmí končit třemi pomlčkami a dvěma dalšími znaky."};
 constexpr StartWords kTooLongWords{"caption.error.length", "znaků ?1?, vejde se ?2?."};
@@ -124,7 +128,7 @@ FrmSada::Opened FrmSada::OpenColl(const QString& path) {
   }
   boxes_->Load();
   AfterChange();
-  if (!report->Unreadable.empty()) TellUnreadable(report->Unreadable);
+  if (!report->Faults.empty()) Tell(skin_, this, skin_.Text(99), FaultsInWords(skin_, report->Faults));
   return Opened::Yes;
 }
 
@@ -133,20 +137,18 @@ void FrmSada::TellClosed() {
   Tell(skin_, this, skin_.Text(44), skin_.Text(45));
 }
 
-void FrmSada::TellUnreadable(const std::vector<int>& caves) {
-  QStringList numbers;
-  for (const int cave : caves) numbers << QString::number(cave);
-  Tell(skin_, this, skin_.Text(99), kUnreadableWords.In(skin_) + '\n' + numbers.join(", "));
-}
-
 bool FrmSada::mnuSave_Click() {
   if (sada_.FileName().empty()) return mnuSaveAs_Click();
   return SaveColl(QString::fromStdString(sada_.FileName()));
 }
 
 bool FrmSada::mnuSaveAs_Click() {
-  const QString path = AskForNewFile(skin_, this, {skin_.Text(57), skin_.Text(56), "zk", ProposedPath()});
+  const QString path = AskForPath();
   return !path.isEmpty() && SaveColl(path);
+}
+
+QString FrmSada::AskForPath() {
+  return AskForNewFile(skin_, this, {skin_.Text(57), skin_.Text(56), "zk", ProposedPath()});
 }
 
 QString FrmSada::ProposedPath() const {
@@ -159,13 +161,39 @@ QString FrmSada::ProposedPath() const {
 
 bool FrmSada::SaveColl(const QString& path) {
   if (!FitsFile()) return false;
-  const Result<Done> saved = [&] {
+  for (QString place = path; !place.isEmpty(); place = AskWhereElse(place)) {
+    if (Store(place)) return true;
+  }
+  return false;
+}
+
+bool FrmSada::Store(const QString& path) {
+  const Result<SadaModel::SaveReport> saved = [&] {
     const BusyNotice busy(frmLoading_);
     return sada_.Save(path.toStdString());
   }();
-  if (!saved) Tell(skin_, this, skin_.Text(99), kNotStoredWords.In(skin_) + '\n' + path);
   AfterChange();
+  if (saved) TellSaved(*saved);
   return static_cast<bool>(saved);
+}
+
+void FrmSada::TellSaved(const SadaModel::SaveReport& report) {
+  QStringList lines;
+  if (!report.KeptAs.empty()) lines << kKeptWords.In(skin_) + '\n' + QString::fromStdString(report.KeptAs);
+  if (report.CongratulationLeftOut) lines << kLeftOutWords.In(skin_);
+  if (!lines.isEmpty()) Tell(skin_, this, skin_.Text(99), lines.join("\n\n"));
+}
+
+QString FrmSada::AskWhereElse(const QString& path) {
+  const QString question = kNotStoredWords.In(skin_) + '\n' + path + "\n\n" + kAgainWords.In(skin_);
+  switch (SkinMsgBox(skin_, this, question, MsgButtons::YesNoCancel, MsgIcon::Exclamation, skin_.Text(99))) {
+    case MsgResult::Yes:
+      return path;
+    case MsgResult::No:
+      return AskForPath();
+    default:
+      return QString();
+  }
 }
 
 // Names the text that is too long and leads the author to it.

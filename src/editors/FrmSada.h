@@ -77,9 +77,13 @@ class FrmSada : public QMainWindow {
 
   Opened OpenColl(const QString& path);
   void TellClosed();
-  void TellUnreadable(const std::vector<int>& caves);
   // False when the collection was not saved; a message has told why, unless the author has cancelled.
   bool SaveColl(const QString& path);
+  bool Store(const QString& path);
+  void TellSaved(const SadaModel::SaveReport& report);
+  // Where to save what could not be saved to this path: there again, or elsewhere; empty for nowhere.
+  QString AskWhereElse(const QString& path);
+  QString AskForPath();
   bool FitsFile();
   QString ProposedPath() const;
 
