@@ -66,7 +66,8 @@ void FrmSada::Open(const QString& path) {
   show();
   raise();
   activateWindow();
-  if (path.isEmpty() || OpenColl(path) == Opened::No) mnuNew_Click();
+  mnuNew_Click();
+  if (!path.isEmpty()) OpenColl(path);
   boxes_->Begin();
 }
 
@@ -112,24 +113,23 @@ void FrmSada::mnuOpen_Click() {
   if (!path.isEmpty()) OpenColl(path);
 }
 
-FrmSada::Opened FrmSada::OpenColl(const QString& path) {
+void FrmSada::OpenColl(const QString& path) {
   const Result<SadaModel::OpenReport> report = [&] {
     const BusyNotice busy(frmLoading_);
     return sada_.Open(path.toStdString());
   }();
   if (!report) {
     Tell(skin_, this, skin_.Text(99), kNotOpenedWords.In(skin_) + '\n' + path);
-    return Opened::No;
+    return;
   }
   if (report->Closed) {
     TellClosed();
     mnuNew_Click();
-    return Opened::Closed;
+    return;
   }
   boxes_->Load();
   AfterChange();
   if (!report->Faults.empty()) Tell(skin_, this, skin_.Text(99), FaultsInWords(skin_, report->Faults));
-  return Opened::Yes;
 }
 
 void FrmSada::TellClosed() {

@@ -53,8 +53,6 @@ class FrmSada : public QMainWindow {
   void closeEvent(QCloseEvent* event) override;
 
  private:
-  enum class Opened { Yes, Closed, No };
-
   static SadaWords WordsOf(const Skin& skin);
 
   // An item of a menu: its caption is a key of the skin or falls back to the given words.
@@ -75,7 +73,7 @@ class FrmSada : public QMainWindow {
   void UpdateTitle();
   void UpdateActions();
 
-  Opened OpenColl(const QString& path);
+  void OpenColl(const QString& path);
   void TellClosed();
   // False when the collection was not saved; a message has told why, unless the author has cancelled.
   bool SaveColl(const QString& path);
