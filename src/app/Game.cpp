@@ -202,11 +202,13 @@ void Game::PlayRecord(const QString& path, const std::string& player) {
   });
 }
 
-// A cave that cannot be edited stays as it is.
+// A cave that cannot be edited, or is not to be changed by that, stays as it is.
 void Game::EditCave(const QByteArray& caveText) {
-  if (!frmMain_.Edit(caveText.toStdString())) return;
+  const FrmMain::Start start = frmMain_.Edit(caveText.toStdString());
+  if (start == FrmMain::Start::Editing) return;
   frmSada_.CaveDone(caveText);
-  zorik::Tell(skin_, &frmSada_, skin_.Text(99), kNoCaveWords.In(skin_));
+  if (start == FrmMain::Start::Unreadable)
+    zorik::Tell(skin_, &frmSada_, skin_.Text(99), kNoCaveWords.In(skin_));
 }
 
 // A test run plays for the player of the start screen, or for nobody, who has no name.

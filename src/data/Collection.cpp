@@ -82,10 +82,6 @@ Result<Head> ReadHead(const std::vector<std::string>& lines) {
   return head;
 }
 
-bool EndsWithNumber(std::string_view line) {
-  return EndsWithMarker(line) && IsDigit(line[line.size() - 2]) && IsDigit(line.back());
-}
-
 Failure TooManyCaves(std::size_t line) {
   return Failure{"line " + std::to_string(line) + " of the collection is cave " +
                  std::to_string(kMostCaves + 1) + ", there may be " + std::to_string(kMostCaves)};
@@ -114,6 +110,10 @@ char NewCell(int x, int y, int width, int height) {
 }
 
 }  // namespace
+
+bool EndsWithCaveNumber(std::string_view line) {
+  return EndsWithMarker(line) && IsDigit(line[line.size() - 2]) && IsDigit(line.back());
+}
 
 std::string MarkerDigits(int number) {
   return {static_cast<char>('0' + number / 10), static_cast<char>('0' + number % 10)};
@@ -146,8 +146,7 @@ Result<EditedCollection> ReadForEditor(std::string_view bytes) {
   if (collection.Closed) return collection;
   collection.OpenFlags = head->openCaves;
   for (std::size_t i = kHeadLines; i < lines.size(); ++i) {
-    if (!EndsWithNumber(lines[i])) continue;
-    if (collection.CaveList.size() == kMostCaves) return TooManyCaves(i + 1);
+    if (!EndsWithCaveNumber(lines[i]) || collection.CaveList.size() == kMostCaves) continue;
     collection.CaveList.emplace_back(WithoutMarker(lines[i]));
   }
   if (lines.size() > kHeadLines) collection.CongratulationText = lines.back();
@@ -200,7 +199,7 @@ Result<std::string> BuildCollection(const EditedCollection& collection, Chance& 
   for (std::size_t i = 0; i < count; ++i) {
     lines.push_back(collection.CaveList[i] + "---" + MarkerDigits(static_cast<int>(i + 1)));
   }
-  lines.push_back(collection.CongratulationText);
+  lines.push_back(EndsWithMarker(collection.CongratulationText) ? "" : collection.CongratulationText);
   return ScrambleLines(lines, decoration);
 }
 

@@ -27,6 +27,9 @@ inline constexpr int kOpenCaveOffset = 64;
 // One flag for each cave number; 0 is no cave.
 using CaveFlags = std::bitset<kMostCaves + 1>;
 
+// Whether a line ends like a cave with a number: "---" and two digits.
+bool EndsWithCaveNumber(std::string_view line);
+
 // The two digits of a cave number, 0 to 99, as they stand in its marker.
 std::string MarkerDigits(int number);
 
@@ -49,8 +52,8 @@ struct EditedCollection {
 };
 
 // What the editor reads. A cave is a line whose marker holds two digits; the congratulation is the last line,
-// even if that is a cave. The caves are not parsed. Fails when one of the first three lines is missing, when
-// a length letter is missing or no letter, and when there are more than 99 caves.
+// even if that is a cave. The caves are not parsed, those beyond 99 are left out. Fails when one of the first
+// three lines is missing and when a length letter is missing or no letter.
 Result<EditedCollection> ReadForEditor(std::string_view bytes);
 
 // A cave to be played.
@@ -71,12 +74,12 @@ struct PlayedCollection {
 };
 
 // What the selection screen reads. A cave is a line whose last five characters begin with "---", whatever
-// follows these. Fails as ReadForEditor does, and when a cave does not parse.
+// follows these. Fails as ReadForEditor does, when a cave does not parse and when there are more than 99.
 Result<PlayedCollection> ReadForPlay(std::string_view bytes);
 
 // The bytes of a collection file. Cave 1 is marked as open in any case. Fails when the name or the author has
-// more than 190 characters and when there is no cave or more than 99. A congratulation that itself ends like
-// a cave is written as it stands, and is a cave to the next reader.
+// more than 190 characters and when there is no cave or more than 99. A congratulation that
+// itself ends like a cave would be one to the next reader, so its line is left empty.
 Result<std::string> BuildCollection(const EditedCollection& collection, Chance& decoration);
 
 // The plain line, marker included, of the cave whose marker holds this number with two digits; empty if there

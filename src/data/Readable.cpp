@@ -132,7 +132,11 @@ Result<std::vector<std::string>> BuildLines(const TextFiles& files, const Entrie
     Result<std::string> line =
         entry.key == "cave" ? BuildCaveLine(files, entry, caveNumber) : Result<std::string>(entry.Text());
     if (!line) return Failure{line.Message()};
-    if (EndsWithMarker(*line)) ++caveNumber;
+    const bool isCave = EndsWithMarker(*line);
+    if (isCave && entry.key == "congratulation") {
+      return FailureIn(entry.number, "the congratulation ends like a cave, the game would read it as one");
+    }
+    if (isCave) ++caveNumber;
     lines.push_back(std::move(*line));
   }
   return lines;

@@ -38,7 +38,8 @@ namespace zorik {
 //
 // A first, second or third line that does not have its proper form is written as it stands, as line-1, line-2
 // or line-3. A file that ends early has no entries for what is missing. "line" and "congratulation" mean the
-// same, a plain line; the last line is called congratulation if it is no cave.
+// same, a plain line, but a congratulation must not end like a cave; the last line is called congratulation
+// if it is no cave.
 //
 // A cave's file holds name, description, the numbers time, gems, points-before, points-after,
 // magic-wall-time, amoeba-time, colouring and slime, the rows of its cells and the cat's program:

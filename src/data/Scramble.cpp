@@ -62,4 +62,17 @@ std::string UnscrambleText(std::string_view text) {
   return plain;
 }
 
+bool IsScrambled(std::string_view text) {
+  if (text.size() % 3 != 0) return false;
+  for (std::size_t i = 0; i < text.size(); i += 3) {
+    const std::string_view group = text.substr(i, 3);
+    for (const char letter : group) {
+      if (letter < 'A' || letter > 'Z') return false;
+    }
+    const int divisor = FloorOfQuarter(NumberOf(group[2])) + kSmallestDivisor;
+    if (NumberOf(group[0]) * divisor + NumberOf(group[1]) > 255) return false;
+  }
+  return true;
+}
+
 }  // namespace zorik

@@ -14,4 +14,7 @@ std::string ScrambleText(std::string_view text, Chance& decoration);
 // The way back. Never fails: odd input gives odd text.
 std::string UnscrambleText(std::string_view text);
 
+// Whether a text may have come from scrambling: whole groups of capital letters, each of them a byte.
+bool IsScrambled(std::string_view text);
+
 }  // namespace zorik

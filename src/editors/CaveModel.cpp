@@ -10,12 +10,43 @@ namespace {
 
 constexpr char kEmpty = '.';
 constexpr char kAmoebaLetter = 'A';
+constexpr char kUnnumberedDog = 'H';
 
 template <class Visit>
 void ForEachCell(int width, int height, Visit visit) {
   for (int y = 0; y < height; ++y) {
     for (int x = 0; x < width; ++x) visit(x, y);
   }
+}
+
+// The sides that opening has changed.
+std::vector<Correction> SizesCut(const CaveRecord& before, const CaveRecord& after) {
+  std::vector<Correction> report;
+  for (const CaveNumber side : {CaveNumber::Width, CaveNumber::Height}) {
+    const int was = FormalityOf(before).Number(side);
+    const int now = FormalityOf(after).Number(side);
+    if (was == now) continue;
+    const int label = kNumberRows[static_cast<std::size_t>(side)].label;
+    report.push_back({.label = label, .limit = now, .was = std::to_string(was)});
+  }
+  return report;
+}
+
+// A correction together with what stood in the cave before, and what stands there now if that is a text.
+Correction WithOld(Correction line, const CaveRecord& cave, const Formality& now) {
+  const Formality before = FormalityOf(cave);
+  for (const NumberRow& row : kNumberRows) {
+    if (row.label == line.label) line.was = std::to_string(before.Number(row.number));
+  }
+  if (line.label == kLabelOfName) {
+    line.was = before.Name;
+    line.text = now.Name;
+  }
+  if (line.label == kLabelOfDescription) {
+    line.was = before.Description;
+    line.text = now.Description;
+  }
+  return line;
 }
 
 }  // namespace
@@ -42,21 +73,61 @@ std::vector<Correction> CaveModel::Restore() {
 
 std::vector<Correction> CaveModel::Enter(const CaveRecord& cave) {
   state_ = {cave, 0};
-  // A dog without a number is the first one.
-  for (auto& column : state_.cave.Cells) std::replace(column.begin(), column.end(), 'H', '1');
   SetRozm();
-  state_.amoebas = 0;
-
   Formality formality = FormalityOf(state_.cave);
-  std::vector<Correction> report = Correct(formality);
+  std::vector<Correction> report = SizesCut(cave, state_.cave);
+  for (Correction& line : Correct(formality)) report.push_back(WithOld(std::move(line), cave, formality));
+  const int firstDogs = NumberDogs();
+  if (firstDogs > 1) report.push_back({.label = kLabelOfDog, .limit = 1, .was = std::to_string(firstDogs)});
   const auto& alike = kColourings[formality.Colouring].alike;
   if (std::find(alike.begin(), alike.end(), cave.Colouring) == alike.end()) {
     report.push_back({.label = kLabelOfColouring, .entry = kColourings[formality.Colouring].caption});
+    report.back().wasEntry = CaptionOfColouring(cave.Colouring);
   }
   TakeProperties(formality);
   state_.amoebas = NuOfOb(kAmoebaLetter);
   PaintAll();
+  opened_ = state_;
+  intact_ = report.empty() ? text_ : *Untouched(cave, report);
   return report;
+}
+
+// A dog without a number is the first one. Where that one then stands several times, the last stays, which is
+// the one that the game steers. The answer is how many there were.
+int CaveModel::NumberDogs() {
+  const auto& cells = state_.cave.Cells;
+  const bool unnumbered = std::any_of(cells.begin(), cells.end(), [](const auto& column) {
+    return std::find(column.begin(), column.end(), kUnnumberedDog) != column.end();
+  });
+  if (!unnumbered) return 0;
+  int count = 0;
+  int lastX = -1;
+  int lastY = -1;
+  ForEachCell(CaveRecord::kColumns, CaveRecord::kRows, [&](int x, int y) {
+    if (DogNumber(At(x, y)) != 1) return;
+    ++count;
+    Cell(x, y) = kEmpty;
+    if (!Inside(x, y) && Inside(lastX, lastY)) return;
+    lastX = x;
+    lastY = y;
+  });
+  Cell(lastX, lastY) = '1';
+  return count;
+}
+
+// What nobody was told of stays as it was in the text.
+Result<std::string> CaveModel::Untouched(const CaveRecord& cave,
+                                         const std::vector<Correction>& report) const {
+  const auto told = [&](int label) {
+    return std::any_of(report.begin(), report.end(), [=](const auto& line) { return line.label == label; });
+  };
+  CaveRecord untouched = state_.cave;
+  if (!told(kLabelOfColouring)) untouched.Colouring = cave.Colouring;
+  const int width = told(kLabelOfDog) ? 0 : std::min(cave.Width, untouched.Width);
+  ForEachCell(width, std::min(cave.Height, untouched.Height), [&](int x, int y) {
+    untouched.Cells[static_cast<std::size_t>(x)][static_cast<std::size_t>(y)] = Letter(cave, x, y);
+  });
+  return BuildCaveText(untouched);
 }
 
 // Column by column: what has no tile is painted like the cell before.
@@ -87,17 +158,16 @@ void CaveModel::SetRozm() {
   });
 }
 
+Result<std::string> CaveModel::Text() const {
+  if (state_ == opened_) return intact_;
+  return BuildCaveText(state_.cave);
+}
+
 // Counting
 
 int CaveModel::NuOfOb(char letter) const {
   int count = 0;
   ForEachCell(Width(), Height(), [&](int x, int y) { count += At(x, y) == letter ? 1 : 0; });
-  return count;
-}
-
-int CaveModel::SpoctiDrh() const {
-  int count = 0;
-  ForEachCell(Width() + 1, Height() + 1, [&](int x, int y) { count += At(x, y) == 'D' ? 1 : 0; });
   return count;
 }
 
@@ -124,10 +194,10 @@ void CaveModel::Put(int x, int y, char letter) {
   if (letter == kAmoebaLetter) ++state_.amoebas;
 }
 
-// A dog's number stands once in a cave, the column and the row behind its edge included.
+// A dog's number stands once in a cave, what was cut off included: it may come back.
 bool CaveModel::TakeDogAway(int x, int y, char letter) {
   bool away = false;
-  ForEachCell(Width() + 1, Height() + 1, [&](int otherX, int otherY) {
+  ForEachCell(CaveRecord::kColumns, CaveRecord::kRows, [&](int otherX, int otherY) {
     if (At(otherX, otherY) != letter || (otherX == x && otherY == y)) return;
     Cell(otherX, otherY) = kEmpty;
     away = true;

@@ -24,8 +24,8 @@ class CaveModel {
   static constexpr int kMostHeight = 50;
   static constexpr std::size_t kMostSteps = 1000;  // that can be undone
 
-  // Opens a cave text, puts its properties within their limits and forgets what could be undone. The answer
-  // is what was put right. A failure changes nothing.
+  // Opens a cave text, puts its size and its properties within their limits and forgets what could be undone.
+  // The answer is what was put right, sizes first. A failure changes nothing.
   Result<std::vector<Correction>> OpenCave(std::string_view text);
 
   // Opens the same text once more, which drops all changes; this is a change, too.
@@ -48,19 +48,19 @@ class CaveModel {
 
   // The cells of the cave that hold a letter.
   int NuOfOb(char letter) const;
-  // Gems. It looks one column and one row beyond the cave, so what was cut off there by the last change of
-  // size still counts.
-  int SpoctiDrh() const;
+  // Gems.
+  int SpoctiDrh() const { return NuOfOb('D'); }
 
   // Whether the cave can be tested: 0 when there is no dog, else the lowest number that lacks below the
   // highest one; nothing when all is well.
   std::optional<int> MissingDog() const;
 
-  // The cave as a text.
-  Result<std::string> Text() const { return BuildCaveText(state_.cave); }
+  // The cave as a text. One that was not edited is the text that was opened, byte for byte, but for what the
+  // answer to opening named.
+  Result<std::string> Text() const;
 
   // Puts a letter into a cell; the place does not matter when it is outside of the cave. A dog leaves the
-  // place that it had. Returns whether anything has changed.
+  // place that it had, even if that was cut off. Returns whether anything has changed.
   bool Draw(int x, int y, char letter);
 
   // What is drawn between these two is one change.
@@ -100,6 +100,8 @@ class CaveModel {
   }
 
   std::vector<Correction> Enter(const CaveRecord& cave);
+  int NumberDogs();
+  Result<std::string> Untouched(const CaveRecord& cave, const std::vector<Correction>& report) const;
   void SetRozm();
   void TakeProperties(const Formality& formality);
   void PaintAll();
@@ -109,8 +111,10 @@ class CaveModel {
   void Step(State before);
 
   State state_;
-  Letters looks_{};   // as they were painted when the cave was opened
-  std::string text_;  // that was opened
+  Letters looks_{};     // as they were painted when the cave was opened
+  std::string text_;    // that was opened
+  State opened_;        // the state that this made
+  std::string intact_;  // the text of that state
   std::deque<State> undo_;
   std::deque<State> redo_;
   std::optional<State> stroke_;  // the state at its begin

@@ -25,7 +25,7 @@ T As(int value) {
 
 void CorrectText(std::string& text, int label, std::vector<Correction>& report) {
   std::string clean = SuperReplace(text);
-  if (clean == text) return;
+  if (clean == text || clean.size() > kHighestNumber) return;
   text = std::move(clean);
   report.push_back({.label = label});
 }
@@ -39,6 +39,13 @@ std::size_t EntryOfColouring(int colouring) {
         return std::find(entry.alike.begin(), entry.alike.end(), colouring) != entry.alike.end();
       });
   return row == kColourings.end() ? 0 : static_cast<std::size_t>(row - kColourings.begin());
+}
+
+std::optional<int> CaptionOfColouring(int colouring) {
+  for (const ColouringRow& row : kColourings) {
+    if (std::find(row.alike.begin(), row.alike.end(), colouring) != row.alike.end()) return row.caption;
+  }
+  return std::nullopt;
 }
 
 Formality FormalityOf(const CaveRecord& cave) {

@@ -49,6 +49,7 @@ inline constexpr std::array<NumberRow, kCaveNumbers> kNumberRows{{
 inline constexpr int kLabelOfName = 117;
 inline constexpr int kLabelOfDescription = 118;
 inline constexpr int kLabelOfColouring = 128;
+inline constexpr int kLabelOfDog = 58;
 
 // An entry of the list of colourings: the number that it stands for in the cave, and all numbers that the
 // game takes for the same.
@@ -69,6 +70,10 @@ inline constexpr std::array<ColouringRow, 5> kColourings{{
 // The entry that shows a colouring. The numbers below 10 all go by the first one, though the game knows
 // better, and so does what no cave should have.
 std::size_t EntryOfColouring(int colouring);
+
+// The caption of the colours that the game gives to a colouring; nothing for a number that no cave should
+// have.
+std::optional<int> CaptionOfColouring(int colouring);
 
 // A cave's properties as the dialog holds them; texts are bytes in Windows-1250.
 struct Formality {
@@ -91,11 +96,16 @@ struct Correction {
   int label = 0;               // place in the language table
   std::optional<int> limit{};  // that the value has now
   std::optional<int> entry{};  // place of the entry that is chosen now
+  // What opening a cave has to tell besides; empty when there is nothing to tell.
+  std::string was{};              // the old number or text
+  std::optional<int> wasEntry{};  // place of the entry that the game goes by
+  std::string text{};             // the new text
 
   bool operator==(const Correction&) const = default;
 };
 
-// Puts all values within their limits and cleans the spelling of both texts.
+// Puts all values within their limits and cleans the spelling of both texts. A text that a cave has no room
+// for when it is clean stays as it is.
 std::vector<Correction> Correct(Formality& formality);
 
 // The label of a property that a cave text has no room for, as a place in the language table.

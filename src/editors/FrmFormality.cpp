@@ -18,6 +18,7 @@
 #include "editors/WindowPlace.h"
 #include "screens/MsgBox.h"
 #include "screens/PlainText.h"
+#include "screens/StartWords.h"
 #include "screens/WholeText.h"
 #include "skin/Skin.h"
 
@@ -27,6 +28,13 @@ namespace {
 // The buttons, Command1 to Command8.
 enum CommandPlace : std::size_t { kOk, kCancel, kBonus, kGems, kTimePoints, kWhatThen, kSlime, kPetrifying };
 constexpr std::array<int, 8> kCaptions{0, 186, 187, 188, 189, 190, 191, 192};  // the first has a key
+
+constexpr StartWords kOpenChangedWords{"caption.form.changed",
+                                       "Otevřít komnatu s těmito změnami? Jinak zůstane, jak je."};
+constexpr StartWords kWasWords{"caption.form.was", "bylo ?1?"};
+
+constexpr qsizetype kShownText = 80;         // letters of a text in a message
+constexpr qsizetype kBeforeDifference = 20;  // of these in front of what has changed
 
 constexpr int kAllColumns = 3;    // beside the labels
 constexpr int kNumberWidth = 10;  // in digits
@@ -40,6 +48,37 @@ bool HasGaps(const QString& text) {
 void ReportGaps(const QString& text, int label, std::vector<Correction>& report) {
   const Correction line{.label = label};
   if (HasGaps(text) && std::find(report.begin(), report.end(), line) == report.end()) report.push_back(line);
+}
+
+// Of two long texts, the parts that differ.
+QString PartOf(const std::string& text, const std::string& other) {
+  const QString shown = ToBox(text).simplified();
+  const QString compared = ToBox(other).simplified();
+  qsizetype same = 0;
+  while (same < std::min(shown.size(), compared.size()) && shown[same] == compared[same]) ++same;
+  const qsizetype start =
+      same > kBeforeDifference && shown.size() > kShownText ? same - kBeforeDifference : 0;
+  const bool cut = shown.size() - start > kShownText;
+  return (start > 0 ? "…" : "") + shown.mid(start, kShownText) + (cut ? "…" : "");
+}
+
+QString LineOf(const Skin& skin, const Correction& line) {
+  QString text = FillMarks(skin.Text(line.label), "1", QString());
+  if (line.limit) text += " = " + QString::number(*line.limit);
+  if (line.entry) text += " = " + skin.Text(*line.entry);
+  QString was = line.wasEntry ? skin.Text(*line.wasEntry) : ToBox(line.was);
+  const bool isText = line.label == kLabelOfName || line.label == kLabelOfDescription;
+  if (isText && !line.was.empty()) {
+    text += " = \"" + PartOf(line.text, line.was) + '"';
+    was = '"' + PartOf(line.was, line.text) + '"';
+  }
+  return was.isEmpty() ? text : text + " (" + FillMarks(kWasWords.In(skin), was, QString()) + ')';
+}
+
+QString WarningOf(const Skin& skin, const std::vector<Correction>& report) {
+  QStringList lines;
+  for (const Correction& line : report) lines << LineOf(skin, line);
+  return "\n" + skin.Text(133) + "\n" + lines.join('\n');
 }
 
 int LettersWidth(const QWidget& widget, int letters) {
@@ -250,14 +289,12 @@ void FrmFormality::Confirm() {
 }
 
 void FrmFormality::Warn(Skin& skin, QWidget* parent, const std::vector<Correction>& report) {
-  QStringList lines;
-  for (const Correction& line : report) {
-    QString text = skin.Text(line.label);
-    if (line.limit) text += " = " + QString::number(*line.limit);
-    if (line.entry) text += " = " + skin.Text(*line.entry);
-    lines << text;
-  }
-  Tell(skin, parent, skin.Text(180), "\n" + skin.Text(133) + "\n" + lines.join('\n'));
+  Tell(skin, parent, skin.Text(180), WarningOf(skin, report));
+}
+
+bool FrmFormality::AskToOpen(Skin& skin, QWidget* parent, const std::vector<Correction>& report) {
+  const QString question = kOpenChangedWords.In(skin);
+  return Ask(skin, parent, skin.Text(180), WarningOf(skin, report) + "\n\n" + question);
 }
 
 void FrmFormality::done(int result) {

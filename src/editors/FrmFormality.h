@@ -42,6 +42,9 @@ class FrmFormality : public QDialog {
   // The message that tells what was put right.
   static void Warn(Skin& skin, QWidget* parent, const std::vector<Correction>& report);
 
+  // The same before a cave is edited, with old and new; true when the author agrees.
+  static bool AskToOpen(Skin& skin, QWidget* parent, const std::vector<Correction>& report);
+
  signals:
   // The values within their limits, after a confirmation.
   void VlOK(const zorik::Formality& values);

@@ -213,21 +213,22 @@ void FrmMain::UpdateStatus() {
 
 // A cave comes and goes
 
-std::optional<Failure> FrmMain::Edit(const std::string& caveText) {
+FrmMain::Start FrmMain::Edit(const std::string& caveText) {
   const auto report = model_.OpenCave(caveText);
-  if (!report) return Failure{report.Message()};
+  if (!report) return Start::Unreadable;
   // The skin or the screen may be another one by now.
   shownScheme_ = -1;
   ShowOpened();
   ComeBack();
-  Warn(*report);
-  return std::nullopt;
+  if (report->empty() || FrmFormality::AskToOpen(skin_, this, *report)) return Start::Editing;
+  hide();
+  return Start::Declined;
 }
 
 void FrmMain::Restore() {
   const auto report = model_.Restore();
   ShowOpened();
-  Warn(report);
+  if (!report.empty()) FrmFormality::Warn(skin_, this, report);
 }
 
 void FrmMain::ShowOpened() {
@@ -236,10 +237,6 @@ void FrmMain::ShowOpened() {
   Dog(1);
   palette_->Forget();
   for (const FirstTool& first : kFirstTools) palette_->SelectTool(first.button, first.palette);
-}
-
-void FrmMain::Warn(const std::vector<Correction>& report) {
-  if (!report.empty()) FrmFormality::Warn(skin_, this, report);
 }
 
 void FrmMain::ComeBack() {

@@ -8,7 +8,6 @@
 #include <vector>
 
 #include "data/Chance.h"
-#include "data/Result.h"
 #include "editors/CaveModel.h"
 #include "editors/EditTiles.h"
 #include "editors/ToolTable.h"
@@ -42,9 +41,16 @@ class FrmMain : public QMainWindow {
   // Puts texts and tiles of the skin on all controls; to be called when another skin has been put on.
   void SetLW();
 
-  // Opens a cave and shows the window. When something in it has to be put right, a message about that returns
-  // first. The answer is the reason why the cave cannot be edited; then nothing has changed.
-  std::optional<Failure> Edit(const std::string& caveText);
+  // How the editing of a cave begins.
+  enum class Start {
+    Editing,
+    Declined,    // something in it had to be put right, and the author was against it; the window has gone
+    Unreadable,  // nothing has changed
+  };
+
+  // Opens a cave and shows the window. When something in the cave has to be put right, the author is asked
+  // first.
+  Start Edit(const std::string& caveText);
 
   // Shows the editor again as it was before a test run.
   void ComeBack();
@@ -101,8 +107,6 @@ class FrmMain : public QMainWindow {
   void AfterChange();
   // The cave as a text; when it has no room for something a message tells for what.
   std::optional<std::string> BuiltText();
-  void Warn(const std::vector<Correction>& report);
-
   Skin& skin_;
   CatEditor editCat_;
   Chance rnd_;

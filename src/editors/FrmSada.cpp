@@ -10,6 +10,7 @@
 #include "data/Cp1250.h"
 #include "data/Files.h"
 #include "editors/BoxText.h"
+#include "editors/FaultWords.h"
 #include "editors/Marks.h"
 #include "editors/SadaBoxes.h"
 #include "editors/SadaList.h"
@@ -29,8 +30,11 @@ namespace {
 constexpr QSize kUsualSize(740, 400);
 
 constexpr StartWords kTitleWords{"caption.sada.title", "Zoríkův editor sady komnat"};
-constexpr StartWords kUnreadableWords{"caption.error.caves",
-                                      "Tyto komnaty nelze přečíst, v sadě proto nejsou:"};
+constexpr StartWords kKeptWords{"caption.sada.kept", "Původní poškozený soubor zůstal vedle pod jménem"};
+constexpr StartWords kLeftOutWords{"caption.sada.leftout",
+                                   "Gratulace by se četla jako komnata, v souboru proto není."};
+constexpr StartWords kAgainWords{
+    "caption.sada.again", "Sada zatím zůstává v paměti. Zkusit to znovu? „Ne“ nabídne uložit ji jinam."};
 constexpr StartWords kLikeCaveWords{"caption.error.congrat",
                                     "Gratulace nesmí končit třemi pomlčkami a dvěma dalšími znaky."};
 constexpr StartWords kTooLongWords{"caption.error.length", "znaků ?1?, vejde se ?2?."};
@@ -64,7 +68,8 @@ void FrmSada::Open(const QString& path) {
   show();
   raise();
   activateWindow();
-  if (path.isEmpty() || OpenColl(path) == Opened::No) mnuNew_Click();
+  mnuNew_Click();
+  if (!path.isEmpty()) OpenColl(path);
   boxes_->Begin();
 }
 
@@ -110,35 +115,28 @@ void FrmSada::mnuOpen_Click() {
   if (!path.isEmpty()) OpenColl(path);
 }
 
-FrmSada::Opened FrmSada::OpenColl(const QString& path) {
+void FrmSada::OpenColl(const QString& path) {
   const Result<SadaModel::OpenReport> report = [&] {
     const BusyNotice busy(frmLoading_);
     return sada_.Open(PathBytes(path));
   }();
   if (!report) {
     Tell(skin_, this, skin_.Text(99), kNotOpenedWords.Before(skin_) + '\n' + ShownPath(path));
-    return Opened::No;
+    return;
   }
   if (report->Closed) {
     TellClosed();
     mnuNew_Click();
-    return Opened::Closed;
+    return;
   }
   boxes_->Load();
   AfterChange();
-  if (!report->Unreadable.empty()) TellUnreadable(report->Unreadable);
-  return Opened::Yes;
+  if (!report->Faults.empty()) Tell(skin_, this, skin_.Text(99), FaultsInWords(skin_, report->Faults));
 }
 
 void FrmSada::TellClosed() {
   boxes_->Cover(skin_.Text(43));
   Tell(skin_, this, skin_.Text(44), skin_.Text(45));
-}
-
-void FrmSada::TellUnreadable(const std::vector<int>& caves) {
-  QStringList numbers;
-  for (const int cave : caves) numbers << QString::number(cave);
-  Tell(skin_, this, skin_.Text(99), kUnreadableWords.Before(skin_) + '\n' + numbers.join(", "));
 }
 
 bool FrmSada::mnuSave_Click() {
@@ -147,8 +145,12 @@ bool FrmSada::mnuSave_Click() {
 }
 
 bool FrmSada::mnuSaveAs_Click() {
-  const QString path = AskForNewFile(skin_, this, {skin_.Text(57), skin_.Text(56), "zk", ProposedPath()});
+  const QString path = AskForPath();
   return !path.isEmpty() && SaveColl(path);
+}
+
+QString FrmSada::AskForPath() {
+  return AskForNewFile(skin_, this, {skin_.Text(57), skin_.Text(56), "zk", ProposedPath()});
 }
 
 QString FrmSada::ProposedPath() const {
@@ -160,13 +162,39 @@ QString FrmSada::ProposedPath() const {
 
 bool FrmSada::SaveColl(const QString& path) {
   if (!FitsFile()) return false;
-  const Result<Done> saved = [&] {
+  for (QString place = path; !place.isEmpty(); place = AskWhereElse(place)) {
+    if (Store(place)) return true;
+  }
+  return false;
+}
+
+bool FrmSada::Store(const QString& path) {
+  const Result<SadaModel::SaveReport> saved = [&] {
     const BusyNotice busy(frmLoading_);
     return sada_.Save(PathBytes(path));
   }();
-  if (!saved) Tell(skin_, this, skin_.Text(99), kNotStoredWords.Before(skin_) + '\n' + ShownPath(path));
   AfterChange();
+  if (saved) TellSaved(*saved);
   return static_cast<bool>(saved);
+}
+
+void FrmSada::TellSaved(const SadaModel::SaveReport& report) {
+  QStringList lines;
+  if (!report.KeptAs.empty()) lines << kKeptWords.Before(skin_) + '\n' + ShownPath(report.KeptAs);
+  if (report.CongratulationLeftOut) lines << kLeftOutWords.In(skin_);
+  if (!lines.isEmpty()) Tell(skin_, this, skin_.Text(99), lines.join("\n\n"));
+}
+
+QString FrmSada::AskWhereElse(const QString& path) {
+  const QString question = kNotStoredWords.Before(skin_) + '\n' + ShownPath(path) + "\n\n" + kAgainWords.In(skin_);
+  switch (SkinMsgBox(skin_, this, question, MsgButtons::YesNoCancel, MsgIcon::Exclamation, skin_.Text(99))) {
+    case MsgResult::Yes:
+      return path;
+    case MsgResult::No:
+      return AskForPath();
+    default:
+      return QString();
+  }
 }
 
 // Names the text that is too long and leads the author to it.

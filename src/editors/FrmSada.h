@@ -56,8 +56,6 @@ class FrmSada : public QMainWindow {
   void closeEvent(QCloseEvent* event) override;
 
  private:
-  enum class Opened { Yes, Closed, No };
-
   static SadaWords WordsOf(const Skin& skin);
 
   // An item of a menu: its caption is a key of the skin or falls back to the given words.
@@ -78,11 +76,15 @@ class FrmSada : public QMainWindow {
   void UpdateTitle();
   void UpdateActions();
 
-  Opened OpenColl(const QString& path);
+  void OpenColl(const QString& path);
   void TellClosed();
-  void TellUnreadable(const std::vector<int>& caves);
   // False when the collection was not saved; a message has told why, unless the author has cancelled.
   bool SaveColl(const QString& path);
+  bool Store(const QString& path);
+  void TellSaved(const SadaModel::SaveReport& report);
+  // Where to save what could not be saved to this path: there again, or elsewhere; empty for nowhere.
+  QString AskWhereElse(const QString& path);
+  QString AskForPath();
   bool FitsFile();
   QString ProposedPath() const;
 

@@ -2,10 +2,13 @@
 
 #include <algorithm>
 #include <array>
+#include <filesystem>
+#include <system_error>
 #include <utility>
 
 #include "data/CaveO.h"
 #include "data/Files.h"
+#include "data/KeepBeside.h"
 
 namespace zorik {
 
@@ -21,31 +24,26 @@ TextPlace PlaceOf(SadaText text) {
   return kTexts[static_cast<std::size_t>(text)];
 }
 
+bool IsSameFile(const std::string& one, const std::string& other) {
+  std::error_code error;
+  return one == other || std::filesystem::equivalent(one, other, error);
+}
+
 std::size_t Index(int number) {
   return static_cast<std::size_t>(number);
 }
 
-// An empty text parses, but there is no cave in it.
-bool Readable(const std::string& cave) {
-  return !cave.empty() && ParseCaveText(cave);
-}
-
 // Leaves out what cannot be read; the flags of the rest go with their caves.
-std::vector<int> DropUnreadable(EditedCollection& sada) {
-  std::vector<int> dropped;
+void DropUnreadable(EditedCollection& sada) {
   std::vector<std::string> caves;
   CaveFlags open;
   for (std::size_t i = 0; i < sada.CaveList.size(); ++i) {
-    if (!Readable(sada.CaveList[i])) {
-      dropped.push_back(static_cast<int>(i + 1));
-      continue;
-    }
+    if (!IsReadableCave(sada.CaveList[i])) continue;
     caves.push_back(std::move(sada.CaveList[i]));
     open.set(caves.size(), sada.OpenFlags[i + 1]);
   }
   sada.CaveList = std::move(caves);
   sada.OpenFlags = open;
-  return dropped;
 }
 
 }  // namespace
@@ -64,6 +62,8 @@ void SadaModel::New() {
   sada_.CaveList = {NewCave(NewCaveSize::Small)};
   GetNames(0);
   chg_ = false;
+  faulty_ = false;
+  keptAs_.clear();
 }
 
 Result<SadaModel::OpenReport> SadaModel::Open(const std::string& path) {
@@ -75,11 +75,14 @@ Result<SadaModel::OpenReport> SadaModel::Open(const std::string& path) {
   report.Closed = read->Closed;
   if (report.Closed) return report;
   sada_ = std::move(*read);
-  report.Unreadable = DropUnreadable(sada_);
+  report.Faults = FaultsOfCollection(*bytes);
+  DropUnreadable(sada_);
   if (sada_.CaveList.empty()) sada_.CaveList = {NewCave(NewCaveSize::Small)};
   GetNames(0);
   fileName_ = path;
-  chg_ = false;
+  faulty_ = !report.Faults.empty();
+  keptAs_.clear();
+  chg_ = faulty_;
   return report;
 }
 
@@ -91,14 +94,25 @@ std::optional<SadaModel::TooLong> SadaModel::CannotHold() const {
   return std::nullopt;
 }
 
-Result<Done> SadaModel::Save(const std::string& path) {
+Result<SadaModel::SaveReport> SadaModel::Save(const std::string& path) {
   const Result<std::string> bytes = BuildCollection(sada_, decoration_);
   if (!bytes) return Failure{bytes.Message()};
+  SaveReport report;
+  if (faulty_ && IsSameFile(path, fileName_)) {
+    Result<std::string> copy = KeepBeside(path);
+    if (!copy) return Failure{copy.Message()};
+    keptAs_ = *std::move(copy);
+    faulty_ = false;  // should writing fail now, the next try needs no second copy
+  }
   const Result<Done> written = WriteWhole(path, *bytes);
-  if (!written) return written;
+  if (!written) return Failure{written.Message()};
+  report.KeptAs = std::exchange(keptAs_, {});
+  report.CongratulationLeftOut = EndsWithMarker(sada_.CongratulationText);
+  if (report.CongratulationLeftOut) sada_.CongratulationText.clear();
   fileName_ = path;
+  faulty_ = false;
   chg_ = false;
-  return written;
+  return report;
 }
 
 const std::string& SadaModel::Text(SadaText text) const {

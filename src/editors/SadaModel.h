@@ -8,6 +8,7 @@
 
 #include "data/Chance.h"
 #include "data/Collection.h"
+#include "data/CollectionFaults.h"
 #include "data/Result.h"
 
 namespace zorik {
@@ -42,11 +43,12 @@ class SadaModel {
 
   // What a file was found to be.
   struct OpenReport {
-    bool Closed = false;          // not to be edited: nothing has changed here
-    std::vector<int> Unreadable;  // numbers of caves in the file that were left out
+    bool Closed = false;             // not to be edited: nothing has changed here
+    std::vector<FaultyLine> Faults;  // what was passed over in the file, or had to be guessed
   };
 
-  // OpenColl. Caves that do not parse are left out; without a readable one there is a new small cave. Fails
+  // OpenColl. Caves that do not parse are left out; without a readable one there is a new small cave. With
+  // any fault the collection counts as changed, and the next save into this file keeps what it held. Fails
   // when the file or its first lines cannot be read, and changes nothing then.
   Result<OpenReport> Open(const std::string& path);
 
@@ -58,9 +60,15 @@ class SadaModel {
   };
   std::optional<TooLong> CannotHold() const;
 
+  // What was done besides writing a file.
+  struct SaveReport {
+    std::string KeptAs;  // path of the copy of the file that had faults; empty when there is none
+    bool CongratulationLeftOut = false;  // it would have been read as a cave
+  };
+
   // SaveColl: writes the whole file, or fails and leaves the old one as it was. A file that was written is
   // the collection's from then on, and nothing counts as changed.
-  Result<Done> Save(const std::string& path);
+  Result<SaveReport> Save(const std::string& path);
 
   // Empty for a collection that was not saved yet.
   const std::string& FileName() const { return fileName_; }
@@ -120,6 +128,8 @@ class SadaModel {
   std::string clipCave_;
   int selected_ = 1;
   bool chg_ = false;
+  bool faulty_ = false;  // the file on the disk holds what is not in here
+  std::string keptAs_;   // its copy, until the collection is written
 };
 
 }  // namespace zorik

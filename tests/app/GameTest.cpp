@@ -419,6 +419,8 @@ class GameEditors : public GameTest {
     Click(Screen<FrmStart2>(), "play");
     ASSERT_TRUE(Wait(Shows<FrmSada>));
     EXPECT_FALSE(Shows<FrmStart2>());
+    // The cave is lower than the editor takes.
+    const DialogScript script = {test::Press(Qt::Key_Y)};
     Command(Screen<FrmSada>(), Qt::Key_F4);
     ASSERT_TRUE(Wait(Shows<FrmMain>));
     EXPECT_FALSE(Shows<FrmSada>());
@@ -462,6 +464,19 @@ TEST_F(GameEditors, HaveTheCollectionThatWasSavedSelectedAtTheStart) {
   const auto* const list = Screen<FrmStart2>()->findChild<LabelList*>("lblCColl");
   ASSERT_EQ(list->Count(), 2);
   EXPECT_EQ(list->Selected(), 1);
+}
+
+TEST_F(GameEditors, LeaveACaveAsItIsThatTheAuthorWillNotHaveChanged) {
+  Leave();
+  Click(Screen<FrmStart2>(), "play");
+  ASSERT_TRUE(Wait(Shows<FrmSada>));
+  const DialogScript script = {test::Press(Qt::Key_N), test::Press(Qt::Key_N)};
+  Command(Screen<FrmSada>(), Qt::Key_F4);
+  EXPECT_TRUE(Shows<FrmSada>());
+  EXPECT_FALSE(Shows<FrmMain>());
+  EXPECT_EQ(Screen<FrmSada>()->Sada().Cave(1), OneStepCave("Jedna"));
+  Close(Screen<FrmSada>());
+  EXPECT_TRUE(Wait(Shows<FrmStart2>));
 }
 
 TEST_F(GameEditors, TryACaveAndComeBackWhenTheGameWindowIsClosed) {

@@ -211,5 +211,15 @@ TEST(PackFailure, NamesTheCaveThatHasNoNumberLeft) {
             "a.txt: the collection has more than 99 caves");
 }
 
+TEST(PackCollection, RefusesACongratulationThatWouldBeReadAsACave) {
+  for (const char* like : {"Hura---04", "Hura---ab"}) {
+    EXPECT_EQ(
+        ComplaintWithCollection("cave: a.txt\n", "cave: a.txt\ncongratulation: " + std::string(like) + "\n"),
+        "collection.txt, line 8: the congratulation ends like a cave, the game would read it as one");
+    EXPECT_EQ(ComplaintWithCollection("cave: a.txt\n", "cave: a.txt\nline: " + std::string(like) + "\n"),
+              "nothing");
+  }
+}
+
 }  // namespace
 }  // namespace zorik

@@ -97,7 +97,7 @@ class EditorScreen {
   void Open(const Picture& picture, const Numbers& numbers = {}) { OpenText(CaveTextOf(picture, numbers)); }
 
   void OpenText(const std::string& text) {
-    ASSERT_FALSE(window->Edit(text));
+    ASSERT_EQ(window->Edit(text), FrmMain::Start::Editing);
     ASSERT_TRUE(QTest::qWaitForWindowExposed(window.get()));
   }
 

@@ -77,7 +77,9 @@ TEST_F(FrmMainTest, WarnsOfWhatWasPutRightAtOpening) {
   Open(kRoom, numbers);
   EXPECT_EQ(boxes.titles, QStringList("Upozornění"));
   EXPECT_EQ(boxes.said, QStringList("Tyto údaje byly opraveny: Jak dlouho bude kouzelná zeď kouzlit = 1 "
-                                    "Propustnost bláta = 8 Název"));
+                                    "(bylo 0) Propustnost bláta = 8 (bylo 9) Název = \"Zorík a drahokam\" "
+                                    "(bylo \"zorik a diamant\") Otevřít komnatu s těmito změnami? Jinak "
+                                    "zůstane, jak je."));
   EXPECT_EQ(ToUtf8(window->Model().Cave().Name), "Zorík a drahokam");
 }
 
@@ -86,13 +88,64 @@ TEST_F(FrmMainTest, WarnsOfAColouringThatBecameAnother) {
   test::Numbers numbers;
   numbers.colouring = 5;
   Open(kRoom, numbers);
-  EXPECT_EQ(boxes.said, QStringList("Tyto údaje byly opraveny: Zabarvení komnaty = Klasická"));
+  ASSERT_EQ(boxes.said.size(), 1);
+  EXPECT_TRUE(boxes.said[0].contains(" Zabarvení komnaty = Klasická (bylo Chladná) "));
+}
+
+TEST_F(FrmMainTest, OpensNoLargerCaveThatTheAuthorWillNotHaveCut) {
+  Picture large = Full(100, 60, 'D');
+  large[1][1] = '1';
+  QString said;
+  const auto answer = [&said](const char* button) {
+    return InDialogNamed(QString(), [&said, button](QWidget& box) {
+      said = box.findChild<QLabel*>("lblText")->text().simplified();
+      box.findChild<SkinButton*>(button)->click();
+    });
+  };
+  {
+    const auto dialog = answer("no");
+    EXPECT_EQ(window->Edit(CaveTextOf(large)), FrmMain::Start::Declined);
+    EXPECT_TRUE(dialog.opened);
+  }
+  EXPECT_EQ(said,
+            "Tyto údaje byly opraveny: Šířka komnaty = 80 (bylo 100) Výška komnaty = 50 (bylo 60) "
+            "Otevřít komnatu s těmito změnami? Jinak zůstane, jak je.");
+  EXPECT_FALSE(window->isVisible());
+  EXPECT_TRUE(done.empty());
+  const auto dialog = answer("yes");
+  EXPECT_EQ(window->Edit(CaveTextOf(large)), FrmMain::Start::Editing);
+  EXPECT_TRUE(window->isVisible());
+  window->close();
+  ASSERT_EQ(done.size(), 1U);
+  EXPECT_EQ(ParseCaveText(done[0])->Width, 80);
+}
+
+TEST_F(FrmMainTest, ShowsOfLongTextsWhatHasChangedInThem) {
+  const Boxes boxes;
+  CaveRecord cave = *ParseCaveText(CaveTextOf(kRoom));
+  cave.Name = "Komnata";
+  cave.Description = std::string(100, 'X') + " zorik " + std::string(70, 'Y');
+  OpenText(*BuildCaveText(cave));
+  ASSERT_EQ(boxes.said.size(), 1);
+  const QString before = "…" + QString(19, 'X') + ' ';
+  const QString behind = ' ' + QString(54, 'Y') + "…";
+  QString said = boxes.said[0];
+  said.remove('\n').remove(' ');
+  QString wanted = "Popis=\"" + before + "Zorík" + behind + "\"(bylo\"" + before + "zorik" + behind + "\")";
+  EXPECT_TRUE(said.contains(wanted.remove(' '))) << said.toStdString();
+}
+
+TEST_F(FrmMainTest, AsksInTheSkinsLanguage) {
+  Wear("English");
+  window->SetLW();
+  const Boxes boxes;
+  Open({"WWWWW", "WH1.W", "W...W", "W...W", "WWWWW"});
+  EXPECT_EQ(boxes.said, QStringList("These values were corrected: Zorík No. 1 = 1 (was 2) Open the cave with "
+                                    "these changes? Otherwise it stays as it is."));
 }
 
 TEST_F(FrmMainTest, KeepsWhatItHasWhenACaveIsDamaged) {
-  const auto failure = window->Edit("abc");
-  ASSERT_TRUE(failure);
-  EXPECT_FALSE(failure->message.empty());
+  EXPECT_EQ(window->Edit("abc"), FrmMain::Start::Unreadable);
   EXPECT_EQ(Letters(), kRoom);
 }
 

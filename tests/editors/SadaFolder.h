@@ -32,7 +32,7 @@ class SadaTest : public testing::Test {
     return Path(name);
   }
   std::vector<std::string> Saved(const std::string& name = "a.zk") {
-    const Result<Done> saved = sada_.Save(Path(name));
+    const auto saved = sada_.Save(Path(name));
     EXPECT_TRUE(saved) << (saved ? "" : saved.Message());
     const Result<std::string> bytes = ReadWhole(Path(name));
     return bytes ? PlainLines(*bytes) : std::vector<std::string>();

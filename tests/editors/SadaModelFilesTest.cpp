@@ -16,6 +16,7 @@ using samples::Letter;
 using samples::Measured;
 using samples::Scrambled;
 using test::SadaTest;
+using Faults = std::vector<FaultyLine>;
 
 // Texts
 
@@ -83,7 +84,7 @@ TEST_F(SadaTest, OpensACollection) {
   const auto report =
       Opened(CollectionFile({CaveText("A") + "---01", CaveText("B") + "---02", "Hura"}, "AB"));
   EXPECT_FALSE(report.Closed);
-  EXPECT_TRUE(report.Unreadable.empty());
+  EXPECT_TRUE(report.Faults.empty());
   EXPECT_EQ(sada_.Text(SadaText::Name), "Sada");
   EXPECT_EQ(sada_.Text(SadaText::Author), "Autor");
   EXPECT_EQ(sada_.Text(SadaText::Description), "Popis");
@@ -113,26 +114,129 @@ TEST_F(SadaTest, TakesACaveAtTheEndForTheCongratulationToo) {
   EXPECT_EQ(sada_.CongratulationText(), CaveText("B") + "---02");
 }
 
+TEST_F(SadaTest, GainsNoCaveBySavingACollectionWithoutACongratulation) {
+  Opened(CollectionFile({CaveText("A") + "---01", CaveText("B") + "---02"}));
+  const auto saved = sada_.Save(Path("o.zk"));
+  ASSERT_TRUE(saved);
+  EXPECT_TRUE(saved->CongratulationLeftOut);
+  EXPECT_EQ(sada_.CongratulationText(), "");
+  for (int round = 0; round < 3; ++round) {
+    ASSERT_TRUE(sada_.Open(Path("o.zk"))->Faults.empty());
+    EXPECT_EQ(sada_.ListCount(), 2);
+    EXPECT_FALSE(sada_.Save(Path("o.zk"))->CongratulationLeftOut);
+  }
+}
+
+TEST_F(SadaTest, SavesNinetyNineCavesWithoutACongratulationSoThatTheyOpenAgain) {
+  std::vector<std::string> body;
+  for (int number = 1; number <= 99; ++number) body.push_back(CaveText("A") + "---" + MarkerDigits(number));
+  Opened(CollectionFile(body));
+  ASSERT_TRUE(sada_.Save(Path("o.zk")));
+  EXPECT_TRUE(ReadForPlay(*ReadWhole(Path("o.zk"))));
+  ASSERT_TRUE(sada_.Open(Path("o.zk")));
+  EXPECT_EQ(sada_.ListCount(), 99);
+}
+
+// Files with faults
+
+TEST_F(SadaTest, KeepsTheFileWithFaultsBesideTheFirstThatIsSaved) {
+  const std::string damaged = CollectionFile({CaveText("A") + "---01", CaveText("B") + "---X2", "Hura"});
+  Opened(damaged);
+  EXPECT_TRUE(sada_.Chg());
+  const auto first = sada_.Save(Path("o.zk"));
+  ASSERT_TRUE(first);
+  EXPECT_EQ(first->KeptAs, Path("o.zk~1"));
+  EXPECT_EQ(*ReadWhole(Path("o.zk~1")), damaged);
+  EXPECT_EQ(ReadForEditor(*ReadWhole(Path("o.zk")))->CaveList.size(), 1U);
+  sada_.SetText(SadaText::Author, "Eva");
+  EXPECT_EQ(sada_.Save(Path("o.zk"))->KeptAs, "");
+  EXPECT_FALSE(std::filesystem::exists(Path("o.zk~2")));
+  Opened(damaged);
+  EXPECT_EQ(sada_.Save(Path("o.zk"))->KeptAs, Path("o.zk~2"));
+}
+
+TEST_F(SadaTest, KeepsNoCopyOfAFileWithFaultsThatStays) {
+  const std::string damaged = CollectionFile({CaveText("A") + "---01", "E!---02", "Hura"});
+  Opened(damaged);
+  EXPECT_EQ(sada_.Save(Path("jinam.zk"))->KeptAs, "");
+  EXPECT_EQ(*ReadWhole(Path("o.zk")), damaged);
+  EXPECT_EQ(sada_.Save(Path("jinam.zk"))->KeptAs, "");
+  Opened(damaged);
+  sada_.New();
+  EXPECT_EQ(sada_.Save(Path("nova.zk"))->KeptAs, "");
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder_), {}), 3);
+}
+
+TEST_F(SadaTest, KnowsItsFileWithFaultsByAnotherPath) {
+  const std::string damaged = CollectionFile({CaveText("A") + "---01", "E!---02", "Hura"});
+  Opened(damaged);
+  const auto saved = sada_.Save(folder_ + "/./o.zk");
+  ASSERT_TRUE(saved);
+  EXPECT_EQ(*ReadWhole(saved->KeptAs), damaged);
+}
+
+TEST_F(SadaTest, SavesNothingOverAFileWithFaultsThatCannotBeKept) {
+  const std::string damaged = CollectionFile({CaveText("A") + "---01", "E!---02", "Hura"});
+  Opened(damaged);
+  std::filesystem::remove(Path("o.zk"));
+  std::filesystem::create_directory(Path("o.zk"));
+  EXPECT_FALSE(sada_.Save(Path("o.zk")));
+  EXPECT_TRUE(sada_.Chg());
+  EXPECT_TRUE(sada_.Save(Path("jinam.zk")));
+}
+
+TEST_F(SadaTest, OpensTheFirstNinetyNineOfMoreCaves) {
+  std::vector<std::string> body(101, CaveText("A") + "---01");
+  body.emplace_back("Hura");
+  const auto report = Opened(CollectionFile(body));
+  EXPECT_EQ(sada_.ListCount(), 99);
+  EXPECT_EQ(sada_.CongratulationText(), "Hura");
+  EXPECT_EQ(report.Faults, (Faults{{CollectionFault::TooMany, 103}, {CollectionFault::TooMany, 104}}));
+}
+
+TEST_F(SadaTest, LosesNoCaveWithoutAWordWhereverItsFileWasCut) {
+  const std::vector<std::string> caves = {CaveText("A"), CaveText("B"), CaveText("C")};
+  const std::string whole =
+      CollectionFile({caves[0] + "---01", caves[1] + "---02", caves[2] + "---03", "Hura"}, "AC");
+  const std::size_t head = CollectionFile({}, "AC").size();
+  for (std::size_t length = head; length <= whole.size(); ++length) {
+    const std::string cut = whole.substr(0, length);
+    const bool told = !Opened(cut).Faults.empty();
+    EXPECT_EQ(told, length < whole.size()) << length;
+    EXPECT_EQ(sada_.Chg(), told) << length;
+    const auto saved = sada_.Save(Path("o.zk"));
+    ASSERT_TRUE(saved);
+    EXPECT_EQ(saved->KeptAs.empty(), !told) << length;
+    if (told) {
+      EXPECT_EQ(*ReadWhole(saved->KeptAs), cut) << length;
+      std::filesystem::remove(saved->KeptAs);
+    }
+  }
+}
+
 TEST_F(SadaTest, CountsOnlyCavesWhoseMarkerHasDigits) {
   const auto report = Opened(CollectionFile({CaveText("A") + "---01", CaveText("B") + "---x2", "?", "Hura"}));
   EXPECT_EQ(Rows(), Names{"*A"});
-  EXPECT_TRUE(report.Unreadable.empty());
+  EXPECT_EQ(report.Faults, (Faults{{CollectionFault::Marker, 5}, {CollectionFault::NoCave, 6}}));
 }
 
 TEST_F(SadaTest, LeavesOutCavesThatCannotBeReadAndSaysWhich) {
   const auto report = Opened(CollectionFile(
       {CaveText("A") + "---01", "E!---02", CaveText("C") + "---03", "---04", CaveText("E") + "---05", "Hura"},
       "ABE"));
-  EXPECT_EQ(report.Unreadable, (std::vector<int>{2, 4}));
+  EXPECT_EQ(report.Faults,
+            (Faults{{CollectionFault::UnreadableCave, 5}, {CollectionFault::UnreadableCave, 7}}));
   EXPECT_EQ(Rows(), (Names{"*A", "C", "*E"}));
-  EXPECT_FALSE(sada_.Chg());
+  EXPECT_TRUE(sada_.Chg()) << "what a save would make final";
 }
 
 TEST_F(SadaTest, OpensWithANewCaveWhenNoneCanBeRead) {
-  EXPECT_EQ(Opened(CollectionFile({"E!---01", "Hura"})).Unreadable, std::vector<int>{1});
+  EXPECT_EQ(Opened(CollectionFile({"E!---01", "Hura"})).Faults,
+            (Faults{{CollectionFault::UnreadableCave, 4}, {CollectionFault::NoCaves, 5}}));
   EXPECT_EQ(Rows(), Names{"*Mala"});
-  EXPECT_TRUE(Opened(CollectionFile({"Hura"})).Unreadable.empty());
+  EXPECT_EQ(Opened(CollectionFile({"Hura"})).Faults, (Faults{{CollectionFault::NoCaves, 4}}));
   EXPECT_EQ(Rows(), Names{"*Mala"});
+  EXPECT_TRUE(sada_.Chg()) << "the new cave is not in the file";
   EXPECT_EQ(sada_.Text(SadaText::Name), "Sada");
   EXPECT_EQ(sada_.CongratulationText(), "Hura");
 }

@@ -120,7 +120,7 @@ TEST_F(SadaSaving, LeavesTheOldOrTheNewFileWhenItIsKilled) {
     SadaModel again({"", "", {}}, 1);
     const auto opened = again.Open(path_);
     ASSERT_TRUE(opened);
-    EXPECT_TRUE(opened->Unreadable.empty());
+    EXPECT_TRUE(opened->Faults.empty());
   }
   EXPECT_GT(written, 0) << "none came to writing";
 }
@@ -135,7 +135,7 @@ TEST_F(SadaSaving, BringsEveryShippedCollectionBackLineByLine) {
     SadaModel sada({"Sada", "", {}}, 1);
     const auto opened = sada.Open(entry.path().string());
     ASSERT_TRUE(opened) << entry.path();
-    EXPECT_TRUE(opened->Unreadable.empty() && !opened->Closed) << entry.path();
+    EXPECT_TRUE(opened->Faults.empty() && !opened->Closed) << entry.path();
     ASSERT_TRUE(sada.Save(path_));
     EXPECT_EQ(Lines(), PlainLines(*ReadWhole(entry.path().string()))) << entry.path();
     EXPECT_LE(sada.Text(SadaText::Description).size(), SadaModel::kLongestDescription) << entry.path();
