@@ -186,7 +186,8 @@ void FrmSada::TellSaved(const SadaModel::SaveReport& report) {
 }
 
 QString FrmSada::AskWhereElse(const QString& path) {
-  const QString question = kNotStoredWords.Before(skin_) + '\n' + ShownPath(path) + "\n\n" + kAgainWords.In(skin_);
+  const QString question =
+      kNotStoredWords.Before(skin_) + '\n' + ShownPath(path) + "\n\n" + kAgainWords.In(skin_);
   switch (SkinMsgBox(skin_, this, question, MsgButtons::YesNoCancel, MsgIcon::Exclamation, skin_.Text(99))) {
     case MsgResult::Yes:
       return path;

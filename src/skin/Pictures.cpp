@@ -18,7 +18,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::int64_t kMostBytesKept = std::int64_t{32} << 20U;
-constexpr int kMostMegabytesOfOne = 64;     // that reading a picture may ask for
+constexpr int kMostMegabytesOfOne = 64;  // that reading a picture may ask for
 
 std::string ErrorPicture(const SkinPlaces& places) {
   return FindInRoots(places, "error.bmp");
