@@ -27,6 +27,7 @@ struct Page {
   QStringList Levels;  // of its headings, in their order
   QStringList Links;   // href and src
   QSet<QString> Ids;
+  int PicturesWithoutWords = 0;
   QStringList Keys;  // that are to be pressed, in their order
   QString Text;
 };
@@ -42,6 +43,7 @@ void ReadElement(const QXmlStreamReader& xml, Page& page) {
   for (const auto* attribute : {"href", "src"}) {
     if (all.hasAttribute(attribute)) page.Links << all.value(attribute).toString();
   }
+  if (name == "img" && all.value("alt").trimmed().isEmpty()) ++page.PicturesWithoutWords;
   page.Text += all.value("alt").toString() + ' ';
 }
 
@@ -165,6 +167,33 @@ TEST(Help, EveryPictureIsShownInBothLanguages) {
     EXPECT_TRUE(czech.contains("pictures/" + name)) << name.toStdString();
     EXPECT_TRUE(english.contains("pictures/" + name)) << name.toStdString();
   }
+}
+
+TEST(Help, EveryPictureIsToldInWordsToo) {
+  for (const Page& page : AllPages()) EXPECT_EQ(page.PicturesWithoutWords, 0) << page.Path.toStdString();
+}
+
+// A window that shows words is pictured in each language; all pictures that there are are shown.
+TEST(Help, BothLanguagesShowTheSameWindows) {
+  QStringList czech;
+  QStringList english;
+  for (const Page& page : AllPages()) {
+    const bool inEnglish = page.Path.startsWith("en/");
+    for (const QString& link : page.Links) {
+      const QString target = Target(page, link);
+      if (target.contains("windows/")) (inEnglish ? english : czech) << target;
+    }
+  }
+  EXPECT_GE(czech.size(), 9);
+  EXPECT_FALSE(czech.join(' ').contains("en/"));
+  QStringList expected = czech;
+  for (QString& target : expected) {
+    if (QFileInfo(kHelp + "/en/" + target).isFile()) target.prepend("en/");
+  }
+  EXPECT_EQ(english.join(' ').toStdString(), expected.join(' ').toStdString());
+  const auto count = [](const char* folder) { return QDir(kHelp + folder).entryList(QDir::Files).size(); };
+  EXPECT_EQ(count("/windows"), QSet<QString>(czech.begin(), czech.end()).size());
+  EXPECT_EQ(count("/en/windows"), english.filter("en/").size());
 }
 
 TEST(Help, BothLanguagesHaveTheSameHeadings) {

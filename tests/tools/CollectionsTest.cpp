@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <random>
 
 #include "data/Collection.h"
 #include "data/RecordFile.h"
@@ -48,6 +49,29 @@ TEST_F(Collections, OfAnyBytesComeBackFromTheirTexts) {
     EXPECT_EQ(Zktool({"unpack", "--force", odd, folder.In("odd")}).exit, Exit::Fine);
     EXPECT_EQ(Zktool({"pack", folder.In("odd"), folder.In("odd-again.zk")}).exit, Exit::Fine);
     EXPECT_EQ(PlainLines(BytesOf(folder.In("odd-again.zk"))), PlainLines(bytes));
+  }
+}
+
+// Odd characters anywhere: in names, numbers, cells and markers.
+TEST_F(Collections, WithAnyDamageInTheirLinesComeBackFromTheirTexts) {
+  std::mt19937 random(1);
+  const std::vector<std::string> whole = PlainLines(Sample());
+  for (int round = 0; round < 60; ++round) {
+    std::vector<std::string> lines = whole;
+    for (unsigned hits = random() % 4; hits < 4; ++hits) {
+      std::string& line = lines[random() % lines.size()];
+      if (line.empty()) continue;
+      char& character = line[random() % line.size()];
+      do {
+        character = static_cast<char>(random() % 256);
+      } while (character == '\n' || character == '\r');
+    }
+    Chance decoration;
+    const std::string odd = folder.Write("odd.zk", ScrambleLines(lines, decoration));
+    ASSERT_EQ(Zktool({"unpack", "--force", odd, folder.In("odd")}).exit, Exit::Fine);
+    const Told told = Zktool({"pack", folder.In("odd"), folder.In("again.zk")});
+    ASSERT_EQ(told.exit, Exit::Fine) << told.err;
+    ASSERT_EQ(PlainLines(BytesOf(folder.In("again.zk"))), lines);
   }
 }
 
