@@ -17,8 +17,9 @@ namespace {
 
 constexpr int kLetters = 16;
 constexpr int kHeadLetters = 20;
-constexpr int kMargin = 24;
+constexpr int kMargin = 20;
 constexpr int kGap = 12;
+constexpr int kRowGap = 8;
 
 constexpr int kSlowest = 10;
 constexpr int kFastest = 1;
@@ -74,7 +75,7 @@ void FrmSettings::NameParts() {
 void FrmSettings::LayOut() {
   auto* const rows = new QVBoxLayout(this);
   rows->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
-  rows->setSpacing(kGap);
+  rows->setSpacing(kRowGap);
   rows->setSizeConstraint(QLayout::SetFixedSize);
   rows->addWidget(lblCaption_, 0, Qt::AlignHCenter);
 

@@ -276,6 +276,13 @@ TEST_F(FrmSettingsTest, TakesTheWordsAndColoursOfAnotherSkin) {
   EXPECT_TRUE(first.Opened() && second.Opened());
 }
 
+TEST_F(FrmSettingsTest, FitsTheSmallestScreenAtDoubleSize) {
+  Edit([](QWidget& window) {
+    EXPECT_LE(window.width(), 1366 / 2);
+    EXPECT_LE(window.height(), 768 / 2);
+  });
+}
+
 TEST_F(FrmSettingsTest, CutsAndCoversNothing) {
   Edit([](QWidget& window) {
     const auto parts = window.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly);
