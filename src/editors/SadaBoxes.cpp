@@ -60,9 +60,11 @@ DescriptionBox::DescriptionBox(QWidget* parent) : QPlainTextEdit(parent) {
 }
 
 void DescriptionBox::Load(const QString& text) {
+  const bool whole = text.size() <= kMostInBox;
   loading_ = true;
-  setPlainText(text);
+  setPlainText(whole ? text : InLines(text, kMostInBox));
   loading_ = false;
+  setReadOnly(!whole);
   most_ = std::max(SadaModel::kLongestDescription, KeptLength(WholeText(*document())));
 }
 

@@ -35,6 +35,7 @@ class DescriptionBox : public QPlainTextEdit {
  public:
   explicit DescriptionBox(QWidget* parent);
 
+  // Of a text that no box can hold the beginning is shown, and cannot be changed.
   void Load(const QString& text);
 
  signals:

@@ -17,7 +17,6 @@ namespace {
 
 constexpr int kLetters = 16;
 constexpr int kReadLetters = 20;
-constexpr qsizetype kMostRead = 20000;
 constexpr QSize kPlainSize(520, 360);
 constexpr QRect kPlainBox(40, 60, 440, 220);
 
@@ -77,7 +76,7 @@ void FrmDialog2::SetMode(bool editing) {
 
 void FrmDialog2::ShowG(const QString& text) {
   SkinIt();
-  picText_->setPlainText(InLines(text, kMostRead));
+  picText_->setPlainText(InLines(text, kMostInBox));
   picText_->selectAll();
   picText_->setAlignment(Qt::AlignHCenter);
   picText_->moveCursor(QTextCursor::Start);
@@ -87,9 +86,11 @@ void FrmDialog2::ShowG(const QString& text) {
 
 std::optional<QString> FrmDialog2::SetG(const QString& text) {
   SkinIt();
-  Text1_->setPlainText(text);
+  const bool whole = text.size() <= kMostInBox;
+  Text1_->setPlainText(whole ? text : InLines(text, kMostInBox));
+  Text1_->setReadOnly(!whole);
   SetMode(true);
-  if (exec() != Accepted) return std::nullopt;
+  if (exec() != Accepted || !whole) return std::nullopt;
   return WholeText(*Text1_->document()).replace('\n', "\r\n");
 }
 

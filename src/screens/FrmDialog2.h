@@ -24,7 +24,7 @@ class FrmDialog2 : public SkinDialog {
   void ShowG(const QString& text);
 
   // Lets the text be edited. The answer has CR LF at its line breaks; nothing when the player has dropped his
-  // changes.
+  // changes. Of a text that no box can hold the beginning is shown, and nothing changes.
   std::optional<QString> SetG(const QString& text);
 
  signals:

@@ -10,10 +10,12 @@ namespace zorik {
 // The way of texts from collections, records, skins, players and folders into a control: as they are written,
 // and no longer than a place can show.
 
-// So many characters at most are shown of a text in one line, in several lines, and of a caption.
+// So many characters at most are shown of a text in one line, in several lines, of a caption, and in a box
+// that can be scrolled; over a word of a million letters the toolkit's boxes would freeze.
 inline constexpr qsizetype kMostInLine = 300;
 inline constexpr qsizetype kMostInLines = 4000;
 inline constexpr qsizetype kMostInCaption = 100;
+inline constexpr qsizetype kMostInBox = 20000;
 
 // A text in one line. Line ends, tabs, other control characters and marks that turn the way of writing become
 // blanks; a text that is too long ends in dots.

@@ -107,6 +107,22 @@ TEST_F(SadaBoxesTest, KeepsALongerDescriptionOfAFile) {
   EXPECT_EQ(Sada().Text(SadaText::Description), text);
 }
 
+TEST_F(SadaBoxesTest, KeepADescriptionThatNoBoxCanHold) {
+  Chance chance;
+  const std::string text(1000000, 'x');
+  folder.File(
+      "Caves/l.zk",
+      ScrambleLines({"ESadaA", "A" + text, "a@b.cz0", test::OneStepCave("A") + "---01", "H"}, chance));
+  Open(Path("l.zk"));
+  EXPECT_EQ(Text4().toPlainText().size(), 20001);
+  QTest::keyClick(&Text4(), Qt::Key_Y);
+  EXPECT_EQ(Sada().Text(SadaText::Description), text);
+  EXPECT_FALSE(window->isWindowModified());
+  OpenCaves({"A"});
+  QTest::keyClick(&Text4(), Qt::Key_Y);
+  EXPECT_TRUE(window->isWindowModified()) << "the next one can be edited";
+}
+
 TEST_F(SadaBoxesTest, LeavesUntouchedTextsAsTheyAreInTheFile) {
   Chance chance;
   const std::vector<std::string> lines = {"F\x81\nab\rA",

@@ -116,6 +116,28 @@ TEST_F(FrmDialog2Test, DropsChangesByItsCloseButtonAndEsc) {
   EXPECT_EQ(Edit("a", [](QWidget& box) { box.close(); }), std::nullopt);
 }
 
+TEST_F(FrmDialog2Test, ShowsTheBeginningOfATextThatNoBoxCanHold) {
+  const QString text(1000000, 'x');
+  const InDialog dialog([](QWidget& box) {
+    const QString shown = Reading(box).toPlainText();
+    EXPECT_EQ(shown.size(), 20001);
+    EXPECT_TRUE(shown.endsWith(QChar(0x2026)));
+    Click(box, "ok");
+  });
+  FrmDialog2(skin, nullptr).ShowG(text);
+  EXPECT_TRUE(dialog.Opened());
+}
+
+TEST_F(FrmDialog2Test, LeavesATextThatNoBoxCanHoldAsItIs) {
+  const auto answer = Edit(QString(1000000, 'x'), [](QWidget& box) {
+    EXPECT_EQ(Editing(box).toPlainText().size(), 20001);
+    QTest::keyClicks(&Editing(box), "y");
+    EXPECT_FALSE(Editing(box).toPlainText().contains('y'));
+    Click(box, "ok");
+  });
+  EXPECT_EQ(answer, std::nullopt);
+}
+
 TEST_F(FrmDialog2Test, AsksForHelpAndStays) {
   FrmDialog2 dialog(skin, nullptr);
   QSignalSpy help(&dialog, &FrmDialog2::HelpWanted);
