@@ -199,7 +199,8 @@ TEST_F(SadaTest, LosesNoCaveWithoutAWordWhereverItsFileWasCut) {
   const std::string whole =
       CollectionFile({caves[0] + "---01", caves[1] + "---02", caves[2] + "---03", "Hura"}, "AC");
   const std::size_t head = CollectionFile({}, "AC").size();
-  for (std::size_t length = head; length <= whole.size(); ++length) {
+  constexpr std::size_t kStep = 17;
+  for (std::size_t length = whole.size(); length >= head; length -= kStep) {
     const std::string cut = whole.substr(0, length);
     const bool told = !Opened(cut).Faults.empty();
     EXPECT_EQ(told, length < whole.size()) << length;
