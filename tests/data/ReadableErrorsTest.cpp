@@ -211,7 +211,7 @@ TEST(PackFailure, NamesTheCaveThatHasNoNumberLeft) {
             "a.txt: the collection has more than 99 caves");
 }
 
-TEST(PackCollection, RefusesACongratulationThatWouldBeReadAsACave) {
+TEST(PackFailure, RefusesACongratulationThatWouldBeReadAsACave) {
   for (const char* like : {"Hura---04", "Hura---ab"}) {
     EXPECT_EQ(
         ComplaintWithCollection("cave: a.txt\n", "cave: a.txt\ncongratulation: " + std::string(like) + "\n"),

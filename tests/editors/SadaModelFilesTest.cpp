@@ -199,7 +199,8 @@ TEST_F(SadaTest, LosesNoCaveWithoutAWordWhereverItsFileWasCut) {
   const std::string whole =
       CollectionFile({caves[0] + "---01", caves[1] + "---02", caves[2] + "---03", "Hura"}, "AC");
   const std::size_t head = CollectionFile({}, "AC").size();
-  for (std::size_t length = head; length <= whole.size(); ++length) {
+  constexpr std::size_t kStep = 17;
+  for (std::size_t length = whole.size(); length >= head; length -= kStep) {
     const std::string cut = whole.substr(0, length);
     const bool told = !Opened(cut).Faults.empty();
     EXPECT_EQ(told, length < whole.size()) << length;
@@ -212,6 +213,61 @@ TEST_F(SadaTest, LosesNoCaveWithoutAWordWhereverItsFileWasCut) {
       std::filesystem::remove(saved->KeptAs);
     }
   }
+}
+
+// Flips, drops, inserts and cuts a few bytes.
+std::string DamagedAtRandom(std::string bytes, Chance& chance) {
+  const auto below = [&chance](std::size_t limit) { return chance.Below(static_cast<std::uint32_t>(limit)); };
+  for (std::uint32_t left = below(3) + 1; left > 0 && !bytes.empty(); --left) {
+    const std::size_t place = below(bytes.size());
+    const char any = static_cast<char>(below(2) == 0 ? 'A' + below(26) : below(256));
+    switch (below(4)) {
+      case 0:
+        bytes[place] = any;
+        break;
+      case 1:
+        bytes.erase(place, below(4) + 1);
+        break;
+      case 2:
+        bytes.insert(place, below(4) + 1, any);
+        break;
+      default:
+        if (below(4) == 0) bytes.resize(place);
+    }
+  }
+  return bytes;
+}
+
+TEST_F(SadaTest, SavesEveryLineOfAFileOfWhichItToldNothing) {
+  Chance chance(21);
+  std::vector<std::string> body;
+  for (int number = 1; number <= 4; ++number) body.push_back(CaveText("A") + "---" + MarkerDigits(number));
+  body.emplace_back("Hura");
+  const std::string whole = CollectionFile(body, "AC");
+  int told = 0;
+  int untold = 0;
+  for (int round = 0; round < 400; ++round) {
+    const std::string damaged = DamagedAtRandom(whole, chance);
+    const auto report = sada_.Open(Write("o.zk", damaged));
+    if (!report || report->Closed) continue;
+    const auto saved = sada_.Save(Path("o.zk"));
+    if (!saved) continue;  // a name that is too long
+    ++(report->Faults.empty() ? untold : told);
+    if (!report->Faults.empty()) {
+      ASSERT_EQ(*ReadWhole(saved->KeptAs), damaged);
+      std::filesystem::remove(saved->KeptAs);
+      continue;
+    }
+    const std::vector<std::string> before = PlainLines(damaged);
+    const std::vector<std::string> after = PlainLines(*ReadWhole(Path("o.zk")));
+    ASSERT_EQ(before.size(), after.size()) << round;
+    EXPECT_EQ(before.back(), after.back()) << round;
+    for (std::size_t i = kHeadLines; i + 1 < before.size(); ++i) {
+      EXPECT_EQ(WithoutMarker(before[i]), WithoutMarker(after[i])) << round;
+    }
+  }
+  EXPECT_GT(told, 100);
+  EXPECT_GT(untold, 20);
 }
 
 TEST_F(SadaTest, CountsOnlyCavesWhoseMarkerHasDigits) {
