@@ -2,6 +2,8 @@
 
 #include <QFileDialog>
 #include <QFileInfo>
+#include <filesystem>
+#include <system_error>
 
 #include "data/Cp1250.h"
 #include "platform/PathText.h"
@@ -43,7 +45,8 @@ QString AskForNewFile(Skin& skin, QWidget* parent, const SaveWish& wish) {
   Prepare(box, skin, wish);
   while (box.exec() == QDialog::Accepted && !box.selectedFiles().isEmpty()) {
     const QString path = WithSuffix(box.selectedFiles().constFirst(), wish.suffix);
-    if (!QFileInfo::exists(path)) return path;
+    std::error_code error;
+    if (!std::filesystem::exists(PathBytes(path), error)) return path;
     const QString question = QFileInfo(path).fileName() + '\n' + kReplaceWords.In(skin);
     if (Ask(skin, parent, wish.title, question)) return path;
   }

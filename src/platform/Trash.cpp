@@ -6,6 +6,9 @@
 #include <QStorageInfo>
 #include <QTemporaryFile>
 
+#include "data/Cp1250.h"
+#include "platform/PathText.h"
+
 namespace zorik {
 namespace {
 
@@ -17,6 +20,8 @@ bool TakesFiles(const QString& folder) {
 }  // namespace
 
 bool MoveToTrash(const QString& path) {
+  // The toolkit would take another file for one whose name is no UTF-8.
+  if (!IsUtf8(PathBytes(path))) return false;
   const QString trash = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + "/Trash";
   if (QStorageInfo(path) != QStorageInfo(QDir::home())) return false;
   return TakesFiles(trash + "/info") && TakesFiles(trash + "/files") && QFile::moveToTrash(path);

@@ -238,7 +238,7 @@ void FrmStart2::LookAgain() {
 }
 
 void FrmStart2::SelectFile(const QString& path) {
-  if (LiesIn(path.toStdString(), paths_.CavesPath)) SelectColl(QFileInfo(path).fileName());
+  if (LiesIn(PathBytes(path), paths_.CavesPath)) SelectColl(QFileInfo(path).fileName());
 }
 
 void FrmStart2::ShowColls(std::vector<CollRow> colls) {

@@ -3,6 +3,7 @@
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
+#include <cstdio>
 
 #include "data/Files.h"
 #include "platform/PathText.h"
@@ -52,6 +53,7 @@ TEST_F(ShellTest, OpensAFileWhoseNameIsNoUtf8) {
   OpenFile(PathText(path), Counting());
   EXPECT_EQ(desktop.Opened(), "file://" + folder_.path() + "/dopis%20%E1.eml");
   EXPECT_EQ(failures_, 0);
+  std::remove(path.c_str());  // the toolkit's folder cannot
 }
 
 TEST_F(ShellTest, TellsThatAFileIsNotThere) {

@@ -205,6 +205,18 @@ TEST_F(StartOutside, ACollectionWithANameThatIsNoUtf8IsCopiedAndOpenedLikeAllOth
   EXPECT_EQ(opened_->at(0), (QVariantList{PathText(folder_.Root() + "/Caves/Sk\xE1la.zk"), "Adam"}));
 }
 
+// The toolkit's strings would turn one name into the other.
+TEST_F(StartOutside, NoOtherFileIsDeletedInPlaceOfOneWhoseNameIsNoUtf8) {
+  const std::vector<std::string> others{"jinde/Sk?la.zk", "jinde/Sk\xEF\xBF\xBDla.zk", "jinde/Skála.zk"};
+  for (const std::string& other : others) folder_.File(other, "another");
+  folder_.File("jinde/Sk\xE1la.zk", "bytes");
+  const DialogScript script = {Copy(Qt::Key_Y), Delete(Qt::Key_Y)};
+  start_->AnotherColl(PathText(folder_.Root() + "/jinde/Sk\xE1la.zk"));
+  EXPECT_FALSE(std::filesystem::exists(folder_.Root() + "/jinde/Sk\xE1la.zk"));
+  for (const std::string& other : others)
+    EXPECT_TRUE(std::filesystem::exists(folder_.Root() + "/" + other)) << other;
+}
+
 TEST_F(StartOutside, ACopyHasNoControlCharactersInItsName) {
   folder_.File("jinde/x\ny.zk", "bytes");
   const DialogScript script = {Copy(Qt::Key_Y), Delete(Qt::Key_N)};
