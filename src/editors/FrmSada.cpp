@@ -13,11 +13,11 @@
 #include "editors/Marks.h"
 #include "editors/SadaBoxes.h"
 #include "editors/SadaList.h"
-#include "editors/SaveBox.h"
 #include "editors/WindowPlace.h"
 #include "screens/FrmDialog2.h"
 #include "screens/MsgBox.h"
 #include "screens/Outside.h"
+#include "screens/SaveBox.h"
 #include "screens/StartWords.h"
 #include "skin/Skin.h"
 

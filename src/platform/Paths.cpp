@@ -39,12 +39,6 @@ fs::path ShippedFolder(const Surroundings& surroundings) {
   return (program / ".." / "share" / "zorik").lexically_normal();
 }
 
-fs::path OwnFolder(const Surroundings& surroundings) {
-  if (!surroundings.ZorikHome.empty()) return surroundings.ZorikHome;
-  if (IsFolder(fs::path(surroundings.ProgramFolder) / "Skins")) return surroundings.ProgramFolder;
-  return UsersFolder(surroundings);
-}
-
 // Caves that cannot be copied are missed later, by name.
 void CopyCaves(const fs::path& shipped, const fs::path& own) {
   std::error_code error;
@@ -64,6 +58,12 @@ std::string OwnOr(const fs::path& own, const fs::path& shipped, const char* name
 
 Surroundings ReadSurroundings(const std::string& programFolder) {
   return {programFolder, Variable("ZORIK_HOME"), Variable("XDG_DATA_HOME"), Variable("HOME")};
+}
+
+std::string OwnFolder(const Surroundings& surroundings) {
+  if (!surroundings.ZorikHome.empty()) return surroundings.ZorikHome;
+  if (IsFolder(fs::path(surroundings.ProgramFolder) / "Skins")) return surroundings.ProgramFolder;
+  return UsersFolder(surroundings).string();
 }
 
 Result<Paths> FindPaths(const Surroundings& surroundings) {

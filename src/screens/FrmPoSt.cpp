@@ -12,6 +12,7 @@
 #include "screens/CaveList.h"
 #include "screens/FrmDialog2.h"
 #include "screens/MsgBox.h"
+#include "screens/Outside.h"
 #include "screens/ScrollButton.h"
 #include "screens/SkinLabel.h"
 #include "screens/SkinPlacing.h"
@@ -92,8 +93,8 @@ int Below(int top, std::initializer_list<int> others) {
 
 }  // namespace
 
-FrmPoSt::FrmPoSt(Skin& skin, const Paths& paths, LetterOpeners openers)
-    : skin_(skin), paths_(paths), openers_(std::move(openers)) {
+FrmPoSt::FrmPoSt(Skin& skin, const Paths& paths, const UnstoredWins& unstored, LetterOpeners openers)
+    : skin_(skin), paths_(paths), unstored_(unstored), openers_(std::move(openers)) {
   setFocusPolicy(Qt::StrongFocus);
   Build();
   SkinIt();
@@ -132,6 +133,7 @@ void FrmPoSt::Build() {
   for (const auto& [button, name] : names) button->setObjectName(name);
 
   connect(Label3_, &SkinLabel::LinkClicked, this, &FrmPoSt::ClickedAuthor);
+  connect(lblRecord_, &SkinLabel::LinkClicked, this, &FrmPoSt::StoreWanted);
   connect(list_, &CaveList::CaveClicked, this, &FrmPoSt::SelectCave);
   connect(list_, &CaveList::CaveDoubleClicked, this, &FrmPoSt::ClickedStart);
   connect(replay_, &SkinButton::clicked, this, &FrmPoSt::Replay);
@@ -241,6 +243,7 @@ std::optional<QString> FrmPoSt::LoadColl(const QString& path, const QString& pla
   Result<Selection> selection = Selection::LoadColl(path.toStdString(), name, folder);
   if (!selection) return kNotOpenedWords.In(skin_) + "\r\n" + path;
   selection_ = std::move(*selection);
+  selection_->Count(unstored_);
   SkinIt();
   if (!testAttribute(Qt::WA_Moved)) move(screen()->availableGeometry().center() - rect().center());
   show();
@@ -278,7 +281,7 @@ void FrmPoSt::FillRows() {
   for (int i = 1; i <= selection_->CaveCount(); ++i) {
     const CaveState state = selection_->State(i);
     const QString name = state == CaveState::Closed ? closed : Shown(selection_->Cave(i).Record.Name);
-    rows.push_back({name, selection_->Score(i), state});
+    rows.push_back({name, selection_->Score(i), state, IsStored(i)});
   }
   list_->SetRows(std::move(rows));
   Show(*vscroll_, list_->Range() > 0);
@@ -314,8 +317,7 @@ void FrmPoSt::ShowCave() {
   Show(*play_, state != CaveState::Closed);
   imgBonus_->setVisible(JeBonus(rowName.toStdString()));
   lblCaveName_->SetText(rowName);
-  lblRecord_->SetText(solved ? Shown(selection_->RecordName()) : QString());
-  lblRecord_->SetHint(solved ? QString::fromStdString(selection_->RecordPath()) : QString());
+  ShowRecord(solved);
   if (state != CaveState::Closed) {
     lblCaveDescription_->SetText(Shown(selection_->Cave(number).Record.Description));
     return;
@@ -325,8 +327,22 @@ void FrmPoSt::ShowCave() {
   lblCaveDescription_->SetText(skin_.Text(kSolveFirst) + "\r\n" + name);
 }
 
-void FrmPoSt::Prosel(int total, bool bonusVisible) {
-  selection_->Prosel(total, bonusVisible);
+bool FrmPoSt::IsStored(int number) const {
+  return unstored_.All().empty() || unstored_.Find(selection_->Slot(number)) == nullptr;
+}
+
+// What is not stored yet can be, by a click.
+void FrmPoSt::ShowRecord(bool solved) {
+  const bool stored = IsStored(selection_->Selected());
+  const QString name = Shown(selection_->RecordName());
+  const QString path = QString::fromStdString(selection_->RecordPath());
+  const QColor hover = skin_.Colour("select.collauthor.hovercolor", kPlainText);
+  lblRecord_->SetLink(stored ? QColor() : hover, stored && solved ? path : QString());
+  lblRecord_->SetText(!solved ? QString() : stored ? name : name + '\n' + kNotKeptWords.In(skin_));
+}
+
+void FrmPoSt::Prosel(const RecordSlot& slot, int total, bool bonusVisible) {
+  if (!selection_ || !selection_->Prosel(slot, total, bonusVisible)) return;
   FillRows();
   SelectCave(selection_->Selected());
   CelkSkore();
@@ -368,7 +384,8 @@ void FrmPoSt::ClickedAuthor() {
 // The desktop may take a while to find out that it has none.
 OpenFailed FrmPoSt::TellNoProgram(const QString& target) {
   return [here = QPointer(this), target] {
-    if (here) here->Say(kNoProgramWords.In(here->skin_) + "\r\n" + target);
+    if (!here) return;
+    WhenInSight(here, [here, target] { here->Say(kNoProgramWords.In(here->skin_) + "\r\n" + target); });
   };
 }
 
@@ -420,6 +437,9 @@ bool FrmPoSt::Command(int key) {
     case Qt::Key_M:
       if (Label3_->IsLink()) ClickedAuthor();
       return Label3_->IsLink();
+    case Qt::Key_U:
+      if (!IsStored(selection_->Selected())) emit StoreWanted();
+      return true;
     case Qt::Key_F1:
       button = help_;
       break;

@@ -57,7 +57,7 @@ class FrmStart2 : public SkinWindow {
   void AnotherRepl(const QString& path);
 
   // A file that was opened from the desktop goes to one of the two by its kind; a message tells when it is
-  // of no known kind. As long as a dialog is open, or another screen in place of this one, it waits.
+  // of no known kind. The screen is to be seen, and no dialog.
   void OpenFromOutside(const QString& path);
 
  signals:
@@ -99,7 +99,6 @@ class FrmStart2 : public SkinWindow {
   void AskForRecord();
   void AskForAnyFile();
   void OpenByKind(const QString& path);
-  void OpenWaiting();
   QString BroughtIn(const QString& path);
   bool IsThere(const QString& path);
   void NewPlayer();
@@ -112,7 +111,6 @@ class FrmStart2 : public SkinWindow {
   Settings& settings_;
   std::vector<CollRow> colls_;
   QStringList players_;
-  QStringList waiting_;  // files from outside
   Mode mode_ = Mode::Play;
   bool loaded_ = false;
   bool addingPlayer_ = false;

@@ -6,6 +6,7 @@
 #include <QScreen>
 #include <algorithm>
 #include <array>
+#include <initializer_list>
 #include <string>
 #include <vector>
 
@@ -39,6 +40,10 @@ constexpr std::array kButtons = {
     ButtonRow{MsgResult::Yes, Qt::Key_Y, "yes", kYesWords},
     ButtonRow{MsgResult::No, Qt::Key_N, "no", kNoWords},
     ButtonRow{MsgResult::Ok, Qt::Key_O, "ok", kOkWords},
+    ButtonRow{MsgResult::Again, Qt::Key_A, "again", kAgainWords},
+    ButtonRow{MsgResult::Elsewhere, Qt::Key_S, "elsewhere", kElsewhereWords},
+    ButtonRow{MsgResult::Later, Qt::Key_L, "later", kLaterWords},
+    ButtonRow{MsgResult::Leave, Qt::Key_Q, "leave", kLeaveWords},
     ButtonRow{MsgResult::Cancel, Qt::Key_C, "close", kCancelWords},
 };
 
@@ -50,6 +55,10 @@ std::vector<MsgResult> ResultsOf(MsgButtons buttons) {
       return {MsgResult::Yes, MsgResult::No};
     case MsgButtons::YesNoCancel:
       return {MsgResult::Yes, MsgResult::No, MsgResult::Cancel};
+    case MsgButtons::NotStored:
+      return {MsgResult::Again, MsgResult::Elsewhere, MsgResult::Later};
+    case MsgButtons::NotStoredAtEnd:
+      return {MsgResult::Again, MsgResult::Elsewhere, MsgResult::Leave, MsgResult::Cancel};
     default:
       return {MsgResult::Ok};
   }
@@ -58,6 +67,8 @@ std::vector<MsgResult> ResultsOf(MsgButtons buttons) {
 MsgIcon IconOf(MsgButtons buttons) {
   switch (buttons) {
     case MsgButtons::OkCancel:
+    case MsgButtons::NotStored:
+    case MsgButtons::NotStoredAtEnd:
       return MsgIcon::Exclamation;
     case MsgButtons::YesNo:
     case MsgButtons::YesNoCancel:
@@ -98,7 +109,7 @@ class FrmDialog : public SkinDialog {
   MsgResult Result() const { return result_; }
 
  protected:
-  void OnEnter() override { Press(Shown(MsgResult::Yes) ? MsgResult::Yes : MsgResult::Ok); }
+  void OnEnter() override { Press(FirstOf({MsgResult::Yes, MsgResult::Again})); }
   void OnEsc() override { Press(EscResult()); }
   void keyPressEvent(QKeyEvent* event) override;
 
@@ -106,7 +117,8 @@ class FrmDialog : public SkinDialog {
   bool Shown(MsgResult result) const {
     return std::find(shown_.begin(), shown_.end(), result) != shown_.end();
   }
-  MsgResult EscResult() const;
+  MsgResult FirstOf(std::initializer_list<MsgResult> wanted) const;
+  MsgResult EscResult() const { return FirstOf({MsgResult::No, MsgResult::Cancel, MsgResult::Later}); }
   void Press(MsgResult result);
   void AddButtons();
   void SkinIt();
@@ -163,8 +175,9 @@ void FrmDialog::AddButtons() {
   }
 }
 
-MsgResult FrmDialog::EscResult() const {
-  for (const MsgResult result : {MsgResult::No, MsgResult::Cancel}) {
+// The first of these that has a button; OK when none has.
+MsgResult FrmDialog::FirstOf(std::initializer_list<MsgResult> wanted) const {
+  for (const MsgResult result : wanted) {
     if (Shown(result)) return result;
   }
   return MsgResult::Ok;

@@ -1,14 +1,17 @@
 #include "screens/Outside.h"
 
+#include <QApplication>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QPointer>
 #include <QSplitter>
+#include <QTimer>
 #include <QToolButton>
 
 #include "platform/Paths.h"
 #include "platform/Shell.h"
+#include "screens/FrmLoading.h"
 #include "screens/MsgBox.h"
 #include "screens/StartWords.h"
 #include "skin/GameFont.h"
@@ -19,10 +22,20 @@ namespace {
 constexpr int kLetters = 14;
 constexpr int kSideWidth = 150;  // of the places beside the files
 
+constexpr int kPatience = 300;  // milliseconds between looks whether a window is in sight
+
+bool IsInSight(const QWidget& window) {
+  const QWidget* const box = QApplication::activeModalWidget();
+  return window.isVisible() && (box == nullptr || box == window.window()) && !BusyNotice::Lives();
+}
+
 // The answer may come when the window that asked is gone.
 OpenFailed Telling(Skin& skin, QWidget* parent, const QString& what) {
   return [&skin, what, window = QPointer<QWidget>(parent)] {
-    Tell(skin, window, skin.Text(99), kNoProgramWords.In(skin) + '\n' + what);
+    if (!window) return;
+    WhenInSight(window, [&skin, what, window] {
+      Tell(skin, window, skin.Text(99), kNoProgramWords.In(skin) + '\n' + what);
+    });
   };
 }
 
@@ -44,6 +57,11 @@ class FileBox : public QFileDialog {
 };
 
 }  // namespace
+
+void WhenInSight(QWidget* window, std::function<void()> say) {
+  if (IsInSight(*window)) return say();
+  QTimer::singleShot(kPatience, window, [window, say] { WhenInSight(window, say); });
+}
 
 void OpenFileOrTell(Skin& skin, QWidget* parent, const QString& path) {
   OpenFile(path, Telling(skin, parent, path));
