@@ -3,10 +3,12 @@
 #include <QUrl>
 #include <cstdio>
 #include <filesystem>
+#include <string>
 #include <system_error>
 
 #include "platform/Inbox.h"
 #include "platform/PathText.h"
+#include "platform/Paths.h"
 
 namespace {
 
@@ -29,7 +31,8 @@ bool StartGame(const QString& path) {
 
 }  // namespace
 
-// Hands a file that was opened from the desktop to the game: to the one that runs, or to a new one.
+// Hands a file that was opened from the desktop to the game: to the one that runs on
+// the same home folder, or to a new one.
 int main(int argc, char** argv) {
   const QCoreApplication application(argc, argv);
   const QByteArray name = argc == 2 ? argv[1] : "";
@@ -38,7 +41,9 @@ int main(int argc, char** argv) {
     return 2;
   }
   const QString path = PathOf(name);
-  if (zorik::HandOver(path) || StartGame(path)) return 0;
+  const std::string programs = QCoreApplication::applicationDirPath().toStdString();
+  const std::string home = zorik::OwnFolder(zorik::ReadSurroundings(programs));
+  if (zorik::HandOver(path, zorik::InboxPlace(home)) || StartGame(path)) return 0;
   std::fputs("downloader: the game does not start\n", stderr);
   return 1;
 }

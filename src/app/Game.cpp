@@ -1,6 +1,7 @@
 #include "app/Game.h"
 
-#include <QCoreApplication>
+#include <QApplication>
+#include <QFileInfo>
 #include <cstdlib>
 #include <random>
 
@@ -23,24 +24,32 @@ constexpr auto kOnceAndLater =
     static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection);
 
 }  // namespace
-Game::Game(const Paths& paths, const Settings& settings)
+Game::Game(const Paths& paths, const Settings& settings, Inbox& inbox)
     : paths_(paths),
       settings_(settings),
+      keeper_(skin_, wins_),
       frmLoading_(skin_),
       frmStart2_(skin_, paths_, settings_),
-      frmPoSt_(skin_, paths_),
+      frmPoSt_(skin_, paths_, wins_),
       frmAnalyze_(skin_, &frmPoSt_),
       hra_(skin_, sound_, settings_),
       frmSada_(skin_, paths_),
       frmMain_(
           skin_, [this](const std::string& script) { return FrmCat(skin_, &frmMain_).Edit(script); },
           std::random_device()()),
-      winFlow_(skin_, paths_, frmPoSt_, frmAnalyze_) {
+      winFlow_(paths_, frmPoSt_, frmAnalyze_, keeper_),
+      files_(skin_, ScreensForFiles()),
+      inbox_(inbox) {
   skin_.SetRetry([this](const std::string& question) {
     return AskRetry(skin_, nullptr, skin_.Text(99), QString::fromStdString(question));
   });
   hra_.setWindowState(Qt::WindowMaximized);
   ConnectScreens();
+  qApp->installEventFilter(this);
+}
+
+Game::~Game() {
+  inbox_.Deliver({});
 }
 
 void Game::Begin() {
@@ -50,11 +59,11 @@ void Game::Begin() {
   frmSada_.SetPaths(paths_);
   frmStart2_.FrmLoad();
   connect(&frmStart2_, &FrmStart2::Painted, this, &Game::OpenSound, kOnceAndLater);
-  inbox_ = std::make_unique<Inbox>([this](const QString& path) { OpenFromOutside(path); });
+  inbox_.Deliver([this](const QString& path) { CameFromOutside(path); });
   const QString first = TakeFileFromStart();
   if (!first.isEmpty())
     QMetaObject::invokeMethod(
-        this, [this, first] { OpenFromOutside(first); }, Qt::QueuedConnection);
+        this, [this, first] { files_.Add(first); }, Qt::QueuedConnection);
 }
 
 // The way to the sound card can be long, so the start screen goes before.
@@ -95,10 +104,11 @@ void Game::ConnectScreens() {
   connect(&frmStart2_, &FrmStart2::Quit, this, &Game::EndProgram);
   connect(&frmPoSt_, &FrmPoSt::PlayCave, this, &Game::PlayCave);
   connect(&frmPoSt_, &FrmPoSt::PlayRecord, this, [this](const QString& path) { PlayRecord(path, player_); });
+  connect(&frmPoSt_, &FrmPoSt::StoreWanted, this, &Game::StoreAgain);
   connect(&frmPoSt_, &FrmPoSt::Back, this, &Game::ShowStart);
   connect(&frmPoSt_, &FrmPoSt::HelpWanted, this,
           [this] { OpenFileOrTell(skin_, &frmPoSt_, HelpPage(paths_, skin_, "help.html")); });
-  connect(&hra_, &HraWindow::RunWon, this, [this] { winFlow_.RunWon(hra_.Machine()); });
+  connect(&hra_, &HraWindow::RunWon, this, [this] { winFlow_.RunWon(hra_.Machine(), slot_); });
   connect(&hra_, &HraWindow::EndRequested, this, &Game::EndGame);
   connect(&hra_, &HraWindow::OtherKey, this, [this](int key) {
     if (key == Qt::Key_Escape && hra_.Machine().ReplayPlaying) EndGame();
@@ -149,19 +159,23 @@ void Game::ShowGame() {
 }
 
 void Game::OpenCollection(const QString& path, const QString& player) {
-  player_ = PlayerOfFolder(player);
   std::optional<QString> failure;
   {
     const BusyNotice notice(frmLoading_);
+    wins_.StoreAll();
     failure = frmPoSt_.LoadColl(path, player);
     if (!failure) frmStart2_.hide();
   }
-  if (!failure) return;
+  if (!failure) {
+    player_ = PlayerOfFolder(player);
+    return;
+  }
   ShowStart();
   zorik::Tell(skin_, &frmStart2_, skin_.Text(99), *failure);
 }
 
 void Game::PlayCave(const QByteArray& caveText) {
+  slot_ = frmPoSt_.Slot();
   hra_.SetPlayer(player_);
   hra_.SetCollection(frmPoSt_.CollectionName());
   std::optional<Failure> failure;
@@ -240,16 +254,60 @@ void Game::EndGame() {
   }
 }
 
-// A score is read in peace, and work in an editor goes on: the file is opened when the start screen is next.
+void Game::StoreAgain() {
+  keeper_.OfferAgain(frmPoSt_.Slot(), &frmPoSt_);
+  frmPoSt_.SetLWPost();
+}
+
+// What comes from outside
+
+OutsideScreens Game::ScreensForFiles() {
+  const auto ask = [this](const QString& path) {
+    bool yes = false;
+    ShowUp();
+    hra_.WithDialog([&] {
+      yes = Ask(skin_, &hra_, skin_.Text(99), QFileInfo(path).fileName() + "\n" + kEndRunWords.In(skin_));
+    });
+    return yes;
+  };
+  return {[this] { return WhatShows(); }, ask, [this](const QString& path) { OpenFromOutside(path); }};
+}
+
+OnScreen Game::WhatShows() const {
+  OnScreen screen;
+  screen.Notice = BusyNotice::Lives();
+  screen.Hidden = hra_.Hidden().isVisible();
+  screen.Box = QApplication::activeModalWidget() != nullptr || QApplication::activePopupWidget() != nullptr;
+  screen.Score = winFlow_.Busy();
+  screen.Editors =
+      frmSada_.isVisible() || frmMain_.isVisible() || (hra_.isVisible() && hra_.Machine().EditorRun);
+  screen.Run = hra_.isVisible();
+  return screen;
+}
+
+// Nothing but the wish to see the game comes without a path.
+void Game::CameFromOutside(const QString& path) {
+  if (path.isEmpty()) return ShowUp();
+  files_.Add(path);
+}
+
 void Game::OpenFromOutside(const QString& path) {
-  if (winFlow_.Busy()) {
-    connect(
-        &winFlow_, &WinFlow::Finished, this, [this, path] { OpenFromOutside(path); }, kOnceAndLater);
-    return;
-  }
-  if (hra_.isVisible() || hra_.Hidden().isVisible()) EndGame();
-  if (!frmSada_.isVisible() && !frmMain_.isVisible()) ShowStart();
+  if (hra_.isVisible()) EndGame();
+  ShowStart();
   frmStart2_.OpenFromOutside(path);
+}
+
+// Brings up what shows by now; a box belongs before its screen.
+void Game::ShowUp() {
+  const auto raise = [](QWidget& window) {
+    if (window.isMinimized()) window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
+    window.raise();
+    window.activateWindow();
+  };
+  for (QWidget* const window : QApplication::topLevelWidgets()) {
+    if (window->isVisible() && window->windowType() == Qt::Window) raise(*window);
+  }
+  if (QWidget* const box = QApplication::activeModalWidget()) raise(*box);
 }
 
 void Game::ReSkin() {
@@ -258,8 +316,19 @@ void Game::ReSkin() {
 }
 
 void Game::EndProgram() {
+  if (!keeper_.MayEnd(&frmStart2_)) return;
   StoreMaximized(hra_.windowState().testFlag(Qt::WindowMaximized) && !hra_.isMinimized());
+  frmStart2_.hide();  // a window that shows would be asked whether it agrees
   QCoreApplication::quit();
+}
+
+// The end of the desktop's session is told by closing each window, and a screen that leads back to another
+// one stops that. So only the start screen, or an editor, is left to be closed.
+bool Game::eventFilter(QObject* object, QEvent* event) {
+  if (object != qApp || event->type() != QEvent::Quit) return QObject::eventFilter(object, event);
+  if (hra_.isVisible() || hra_.Hidden().isVisible()) EndGame();
+  if (frmPoSt_.isVisible()) ShowStart();
+  return false;
 }
 
 }  // namespace zorik

@@ -2,10 +2,11 @@
 
 #include <QObject>
 #include <QString>
-#include <memory>
 #include <optional>
 #include <string>
 
+#include "app/OutsideFiles.h"
+#include "data/RecordSlot.h"
 #include "editors/FrmMain.h"
 #include "editors/FrmSada.h"
 #include "platform/DSound.h"
@@ -17,6 +18,7 @@
 #include "screens/FrmPoSt.h"
 #include "screens/FrmStart2.h"
 #include "screens/HraWindow.h"
+#include "screens/RecordKeeper.h"
 #include "screens/WinFlow.h"
 #include "skin/Skin.h"
 
@@ -28,10 +30,15 @@ class Game : public QObject {
   Q_OBJECT
 
  public:
-  Game(const Paths& paths, const Settings& settings);
+  // The inbox lives longer.
+  Game(const Paths& paths, const Settings& settings, Inbox& inbox);
+  ~Game() override;
 
   // Brings the start screen up, behind the busy notice.
   void Begin();
+
+ protected:
+  bool eventFilter(QObject* object, QEvent* event) override;
 
  private:
   void OpenSound();
@@ -49,7 +56,12 @@ class Game : public QObject {
   void TestRun(const std::string& caveText);
   void ShowEditor();
   void EndGame();
+  void StoreAgain();
+  OutsideScreens ScreensForFiles();
+  OnScreen WhatShows() const;
+  void CameFromOutside(const QString& path);
   void OpenFromOutside(const QString& path);
+  void ShowUp();
   void ReSkin();
   void EndProgram();
 
@@ -58,6 +70,9 @@ class Game : public QObject {
   Skin skin_;
   DSound sound_;
   std::string player_;  // Windows-1250
+  RecordSlot slot_;     // of the run that is played, since its start
+  UnstoredWins wins_;
+  RecordKeeper keeper_;
 
   FrmLoading frmLoading_;
   FrmStart2 frmStart2_;
@@ -67,7 +82,8 @@ class Game : public QObject {
   FrmSada frmSada_;
   FrmMain frmMain_;
   WinFlow winFlow_;
-  std::unique_ptr<Inbox> inbox_;
+  OutsideFiles files_;
+  Inbox& inbox_;
 };
 
 }  // namespace zorik

@@ -10,6 +10,7 @@
 #include "app/Game.h"
 #include "app/Headless.h"
 #include "app/HeadlessWords.h"
+#include "platform/Inbox.h"
 #include "platform/LeftFiles.h"
 #include "platform/Paths.h"
 #include "platform/Settings.h"
@@ -24,30 +25,50 @@ std::string ProgramFolder() {
   return error ? std::string(".") : program.parent_path().string();
 }
 
-// There is no folder to play in, for this reason; said where somebody sees it.
-int GiveUp(bool display, const std::string& reason) {
-  if (display) {
-    zorik::Tell(nullptr, zorik::kProgramTitle,
-                QString::fromStdString(std::string(zorik::wording::kNoFolder) + "\n" + reason));
-  } else {
-    const std::string words(zorik::WordsOfDesktop().NoFolder);
-    std::fprintf(stderr, "%s\n%s\n", words.c_str(), reason.c_str());
-  }
-  return 1;
-}
-
 std::unique_ptr<QApplication> OpenDisplay(int& argc, char** argv) {
   const zorik::AnewWithoutDisplay otherwise;
   return std::make_unique<QApplication>(argc, argv);
 }
 
-int Play(const zorik::Paths& paths) {
+int GiveUp(const std::string& reason) {
+  zorik::Tell(nullptr, zorik::kProgramTitle, QString::fromStdString(reason));
+  return EXIT_FAILURE;
+}
+
+// Where the game lives. What killed saves have left there is swept up.
+zorik::Result<zorik::Paths> MoveIn(const zorik::Surroundings& surroundings) {
+  zorik::Result<zorik::Paths> paths = zorik::FindPaths(surroundings);
+  if (!paths) return paths;
+  for (const std::string& folder : WrittenFolders(*paths, surroundings)) zorik::SweepLeftFiles(folder);
+  return paths;
+}
+
+// One game is enough for one home folder: it takes what this one was started for, and shows itself.
+int ShowOther(const QString& place) {
+  if (zorik::HandOverPatiently(zorik::TakeFileFromStart(), place)) return EXIT_SUCCESS;
+  return GiveUp(zorik::wording::kNoAnswer);
+}
+
+int Play(const zorik::Surroundings& surroundings) {
+  const QString place = zorik::InboxPlace(zorik::OwnFolder(surroundings));
+  zorik::Inbox inbox(place);
+  if (inbox.Taken()) return ShowOther(place);
+  const zorik::Result<zorik::Paths> paths = MoveIn(surroundings);
+  if (!paths) return GiveUp(std::string(zorik::wording::kNoFolder) + "\n" + paths.Message());
   QApplication::setQuitOnLastWindowClosed(false);
   QApplication::setWindowIcon(QIcon(":/zorik.png"));
   QGuiApplication::setDesktopFileName("zorik");
-  zorik::Game game(paths, zorik::FindSett());
+  zorik::Game game(*paths, zorik::FindSett(), inbox);
   game.Begin();
   return QApplication::exec();
+}
+
+int PlayWithoutDisplay(const zorik::Surroundings& surroundings) {
+  const zorik::Result<zorik::Paths> paths = MoveIn(surroundings);
+  if (paths) return zorik::PlayHeadless(*paths);
+  const std::string words(zorik::WordsOfDesktop().NoFolder);
+  std::fprintf(stderr, "%s\n%s\n", words.c_str(), paths.Message().c_str());
+  return EXIT_FAILURE;
 }
 
 }  // namespace
@@ -59,8 +80,5 @@ int main(int argc, char** argv) {
   if (!surroundings.Home.empty()) setenv("HOME", surroundings.Home.c_str(), 1);
   const bool display = DisplayNamed();
   const std::unique_ptr<QApplication> application = display ? OpenDisplay(argc, argv) : nullptr;
-  const Result<Paths> paths = FindPaths(surroundings);
-  if (!paths) return GiveUp(display, paths.Message());
-  for (const std::string& folder : WrittenFolders(*paths, surroundings)) SweepLeftFiles(folder);
-  return display ? Play(*paths) : PlayHeadless(*paths);
+  return display ? Play(surroundings) : PlayWithoutDisplay(surroundings);
 }

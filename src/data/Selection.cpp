@@ -1,10 +1,9 @@
 #include "data/Selection.h"
 
 #include <algorithm>
-#include <filesystem>
-#include <system_error>
 #include <utility>
 
+#include "data/Cp1250.h"
 #include "data/Files.h"
 #include "data/RecordFile.h"
 
@@ -49,32 +48,78 @@ int Selection::OpenCaveBefore(int number) const {
 }
 
 bool Selection::JeLepsi(int score) const {
-  return Stored().Scores[Index(selected_)] <= score;
+  return BestScore(Slot(selected_), ReadStanding(Slot(selected_)), {}) <= score;
 }
 
 Result<Done> Selection::StoreRecord(const std::string& bytes) const {
-  std::error_code error;
-  std::filesystem::create_directories(playerFolder_, error);
-  return WriteWhole(RecordPath(), bytes);
+  return StoreRun({Slot(selected_), 0, bytes});
 }
 
 void Selection::Prosel(int total, bool bonus) {
-  progress_.Scores[Index(selected_)] = std::min(total + (bonus ? kBonusPoints : 0), kHighestScore);
-  progress_.CaveStates[Index(selected_)] = CaveState::Solved;
-  for (int next = selected_ + 1; IsCave(next) && State(next) == CaveState::Closed; ++next) {
+  Solve(selected_, std::min(total + (bonus ? kBonusPoints : 0), kHighestScore));
+  Select(selected_ + 1);
+  CelkSkore(collection_, progress_);
+}
+
+bool Selection::Prosel(const RecordSlot& slot, int total, bool bonus) {
+  const int number = CaveOf(slot);
+  if (number == 0) return false;
+  Select(number);
+  Prosel(total, bonus);
+  return true;
+}
+
+void Selection::Count(const UnstoredWins& wins) {
+  for (const UnstoredWins::Kept& kept : wins.All()) {
+    const int number = CaveOf(kept.Run.Slot);
+    if (number > 0) Solve(number, kept.Run.Score);
+  }
+  CelkSkore(collection_, progress_);
+}
+
+void Selection::Solve(int number, int score) {
+  progress_.Scores[Index(number)] = score;
+  progress_.CaveStates[Index(number)] = CaveState::Solved;
+  for (int next = number + 1; IsCave(next) && State(next) == CaveState::Closed; ++next) {
     progress_.CaveStates[Index(next)] = CaveState::Open;
     if (!JeBonus(Cave(next).Record.Name)) break;
   }
-  Select(selected_ + 1);
-  CelkSkore(collection_, progress_);
 }
 
 std::string Selection::RecordName() const {
   return RecordFileName(collection_.Name, Cave(selected_).Record.Name);
 }
 
-std::string Selection::RecordPath() const {
-  return ResolvePath(playerFolder_ + "/" + FileSystemName(RecordName()));
+std::string Selection::RecordPath(int number) const {
+  const std::string name = RecordFileName(collection_.Name, Cave(number).Record.Name);
+  return ResolvePath(playerFolder_ + "/" + FileSystemName(name));
+}
+
+RecordSlot Selection::Slot(int number) const {
+  RecordSlot slot{RecordPath(number),
+                  collection_.Name,
+                  Cave(number).Record.Name,
+                  std::string(WithoutMarker(Cave(number).Text)),
+                  {}};
+  const auto fileName = [this](int cave) {
+    return FoldFileName(FileSystemName(RecordFileName(collection_.Name, Cave(cave).Record.Name)));
+  };
+  for (int other = 1; other <= CaveCount(); ++other) {
+    const std::string text(WithoutMarker(Cave(other).Text));
+    if (text != slot.CaveText && fileName(other) == fileName(number)) slot.OtherCaves.push_back(text);
+  }
+  return slot;
+}
+
+// The selected cave goes first: a collection may hold the same cave twice.
+int Selection::CaveOf(const RecordSlot& slot) const {
+  const auto is = [&](int number) {
+    return WithoutMarker(Cave(number).Text) == slot.CaveText && SameSlot(Slot(number), slot);
+  };
+  if (is(selected_)) return selected_;
+  int number = CaveCount();
+  while (number > 0 && !is(number)) --number;
+  return number;
 }
 
 std::string Selection::Congratulation() const {

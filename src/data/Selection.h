@@ -4,6 +4,7 @@
 
 #include "data/Collection.h"
 #include "data/Progress.h"
+#include "data/RecordSlot.h"
 #include "data/Result.h"
 
 namespace zorik {
@@ -46,9 +47,22 @@ class Selection {
   // first one that is no bonus cave, and the next cave is selected.
   void Prosel(int total, bool bonus);
 
+  // The same for the cave of a run that was won, wherever the player stands by now. False when this
+  // collection has no such cave.
+  bool Prosel(const RecordSlot& slot, int total, bool bonus);
+
+  // Counts wins that could not be stored as the records that they will be.
+  void Count(const UnstoredWins& wins);
+
   // The player's record of the selected cave: the name that it goes by, and its file, there or not.
   std::string RecordName() const;
-  std::string RecordPath() const;
+  std::string RecordPath() const { return RecordPath(selected_); }
+
+  // Where a run of a cave will keep its record.
+  RecordSlot Slot(int number) const;
+
+  // The cave that a slot is of; 0 when it is none of this collection or not for this player.
+  int CaveOf(const RecordSlot& slot) const;
 
   const std::string& PlayerFolder() const { return playerFolder_; }
 
@@ -60,6 +74,8 @@ class Selection {
 
   static std::size_t Index(int number) { return static_cast<std::size_t>(number); }
   bool IsCave(int number) const { return number >= 1 && number <= CaveCount(); }
+  std::string RecordPath(int number) const;
+  void Solve(int number, int score);
 
   // What the records on the disk say by now.
   Progress Stored() const { return ReadProgress(collection_, player_, RecordsInFolder(playerFolder_)); }

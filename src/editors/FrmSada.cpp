@@ -14,13 +14,13 @@
 #include "editors/Marks.h"
 #include "editors/SadaBoxes.h"
 #include "editors/SadaList.h"
-#include "editors/SaveBox.h"
 #include "editors/WindowPlace.h"
 #include "platform/PathText.h"
 #include "screens/FrmDialog2.h"
 #include "screens/MsgBox.h"
 #include "screens/Outside.h"
 #include "screens/PlainText.h"
+#include "screens/SaveBox.h"
 #include "screens/StartWords.h"
 #include "skin/Skin.h"
 
@@ -33,7 +33,7 @@ constexpr StartWords kTitleWords{"caption.sada.title", "Zoríkův editor sady ko
 constexpr StartWords kKeptWords{"caption.sada.kept", "Původní poškozený soubor zůstal vedle pod jménem"};
 constexpr StartWords kLeftOutWords{"caption.sada.leftout",
                                    "Gratulace by se četla jako komnata, v souboru proto není."};
-constexpr StartWords kAgainWords{
+constexpr StartWords kStillHereWords{
     "caption.sada.again", "Sada zatím zůstává v paměti. Zkusit to znovu? „Ne“ nabídne uložit ji jinam."};
 constexpr StartWords kLikeCaveWords{"caption.error.congrat",
                                     "Gratulace nesmí končit třemi pomlčkami a dvěma dalšími znaky."};
@@ -187,7 +187,7 @@ void FrmSada::TellSaved(const SadaModel::SaveReport& report) {
 
 QString FrmSada::AskWhereElse(const QString& path) {
   const QString question =
-      kNotStoredWords.Before(skin_) + '\n' + ShownPath(path) + "\n\n" + kAgainWords.In(skin_);
+      kNotStoredWords.Before(skin_) + '\n' + ShownPath(path) + "\n\n" + kStillHereWords.In(skin_);
   switch (SkinMsgBox(skin_, this, question, MsgButtons::YesNoCancel, MsgIcon::Exclamation, skin_.Text(99))) {
     case MsgResult::Yes:
       return path;

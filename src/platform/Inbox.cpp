@@ -1,7 +1,12 @@
 #include "platform/Inbox.h"
 
+#include <QCryptographicHash>
+#include <QElapsedTimer>
 #include <QLocalSocket>
 #include <QStandardPaths>
+#include <QThread>
+#include <filesystem>
+#include <system_error>
 #include <utility>
 
 #include "platform/PathText.h"
@@ -14,29 +19,49 @@ constexpr char kEnd = '\0';
 constexpr char kTaken = '+';
 constexpr qint64 kLongestMessage = 65536;
 
-constexpr int kPatience = 3000;  // milliseconds; a game that is busy may answer late
-
-bool SomebodyListens(const QString& place) {
-  QLocalSocket socket;
-  socket.connectToServer(place);
-  return socket.waitForConnected(kPatience);
-}
+constexpr int kPatience = 3000;       // milliseconds; a game that is busy may answer late
+constexpr int kLongPatience = 10000;  // for one that is just starting
+constexpr int kBetweenTries = 100;
+constexpr int kNameLetters = 16;
 
 }  // namespace
 
-QString InboxPlace() {
-  return QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation) + "/zorik.socket";
+QString InboxPlace(const std::string& home) {
+  std::error_code error;
+  const std::filesystem::path whole = std::filesystem::weakly_canonical(home, error);
+  const QByteArray name = QByteArray::fromStdString(error ? home : whole.string());
+  const QByteArray hash = QCryptographicHash::hash(name, QCryptographicHash::Sha256).toHex();
+  return QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation) + "/zorik-" +
+         QString::fromLatin1(hash.left(kNameLetters)) + ".socket";
 }
 
-Inbox::Inbox(std::function<void(const QString& path)> arrived, const QString& place)
-    : arrived_(std::move(arrived)) {
+// Without a place for the lock a game goes on by itself. Only who has the lock touches the socket: listening
+// pushes aside what a game that did not end in order has left behind, and would do so to one that lives.
+Inbox::Inbox(const QString& place) : lock_(place + ".lock") {
   server_.setSocketOptions(QLocalServer::UserAccessOption);
   QObject::connect(&server_, &QLocalServer::newConnection, &server_, [this] { Welcome(); });
-  // Listening would push another game's socket aside.
-  if (SomebodyListens(place)) return;
-  // What a game that did not end in order has left behind.
+  lock_.setStaleLockTime(0);  // however long a game runs
+  if (!lock_.tryLock()) {
+    taken_ = lock_.error() == QLockFile::LockFailedError;
+    return;
+  }
   QLocalServer::removeServer(place);
   server_.listen(place);
+}
+
+void Inbox::Deliver(std::function<void(const QString& path)> arrived) {
+  arrived_ = std::move(arrived);
+  TellLater();
+}
+
+// Whoever is told may open a dialog, and the guest goes meanwhile.
+void Inbox::TellLater() {
+  QMetaObject::invokeMethod(
+      &server_, [this] { TellAll(); }, Qt::QueuedConnection);
+}
+
+void Inbox::TellAll() {
+  while (arrived_ && !kept_.isEmpty()) arrived_(kept_.takeFirst());
 }
 
 void Inbox::Welcome() {
@@ -57,10 +82,8 @@ void Inbox::Take(QLocalSocket& guest) {
   guest.readAll();
   guest.write(&kTaken, 1);
   guest.disconnectFromServer();
-  // Later, since whoever is told may open a dialog, and the guest goes meanwhile.
-  const QString path = PathText(message.left(end).toStdString());
-  QMetaObject::invokeMethod(
-      &server_, [this, path] { arrived_(path); }, Qt::QueuedConnection);
+  kept_.push_back(PathText(message.left(end).toStdString()));
+  TellLater();
 }
 
 bool HandOver(const QString& path, const QString& place) {
@@ -72,6 +95,16 @@ bool HandOver(const QString& path, const QString& place) {
   while (socket.bytesAvailable() == 0 && socket.waitForReadyRead(kPatience)) {
   }
   return socket.read(&answer, 1) == 1 && answer == kTaken;
+}
+
+bool HandOverPatiently(const QString& path, const QString& place) {
+  QElapsedTimer clock;
+  clock.start();
+  while (!HandOver(path, place)) {
+    if (clock.elapsed() > kLongPatience) return false;
+    QThread::msleep(kBetweenTries);
+  }
+  return true;
 }
 
 QString TakeFileFromStart() {

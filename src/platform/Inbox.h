@@ -1,34 +1,53 @@
 #pragma once
 
 #include <QLocalServer>
+#include <QLockFile>
 #include <QString>
+#include <QStringList>
 #include <functional>
+#include <string>
 
 class QLocalSocket;
 
 namespace zorik {
 
-// Where the running game of this user takes files that are opened from the desktop: the path of its socket.
-QString InboxPlace();
+// Where the game of a home folder takes what comes from outside: the path of its socket. Games of different
+// homes have different ones, however the way to the home is written.
+QString InboxPlace(const std::string& home);
 
-// The game's end. Only the first of several games of a user has one that listens.
+// The game's end. Only one game of a home has it; the system frees it when that game ends, in whatever way.
 class Inbox {
  public:
-  // arrived is told the absolute path of each file.
-  explicit Inbox(std::function<void(const QString& path)> arrived, const QString& place = InboxPlace());
+  explicit Inbox(const QString& place);
+
+  // Whether another game has this place, so that this one has no business here.
+  bool Taken() const { return taken_; }
 
   bool Listening() const { return server_.isListening(); }
+
+  // Who is told the absolute path of each file, and an empty one when the game is to show itself. What came
+  // before is told now.
+  void Deliver(std::function<void(const QString& path)> arrived);
 
  private:
   void Welcome();
   void Take(QLocalSocket& guest);
+  void TellLater();
+  void TellAll();
 
   std::function<void(const QString&)> arrived_;
+  QStringList kept_;  // until somebody is there to be told
+  QLockFile lock_;
+  bool taken_ = false;
   QLocalServer server_;
 };
 
-// The other end: hands an absolute path to the running game. False when no game answers.
-bool HandOver(const QString& path, const QString& place = InboxPlace());
+// The other end: hands an absolute path to the running game, or an empty one to make it show itself. False
+// when no game answers.
+bool HandOver(const QString& path, const QString& place);
+
+// The same for a game that is known to be there, but may have been started just now.
+bool HandOverPatiently(const QString& path, const QString& place);
 
 // The path of the file that the game was started for, and empty from the second time on.
 QString TakeFileFromStart();

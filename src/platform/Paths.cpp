@@ -44,12 +44,6 @@ fs::path ShippedFolder(const Surroundings& surroundings) {
   return (program / ".." / "share" / "zorik").lexically_normal();
 }
 
-fs::path OwnFolder(const Surroundings& surroundings) {
-  if (!surroundings.ZorikHome.empty()) return surroundings.ZorikHome;
-  if (IsFolder(fs::path(surroundings.ProgramFolder) / "Skins")) return surroundings.ProgramFolder;
-  return UsersFolder(surroundings);
-}
-
 bool IsThere(const fs::path& path) {
   std::error_code error;
   return fs::symlink_status(path, error).type() != fs::file_type::not_found;
@@ -79,6 +73,12 @@ Surroundings ReadSurroundings(const std::string& programFolder) {
   if (!fs::path(home).is_absolute()) home = HomeOfUser();
   return {programFolder, Variable("ZORIK_HOME"), Variable("XDG_DATA_HOME"), home,
           Variable("XDG_CONFIG_HOME")};
+}
+
+std::string OwnFolder(const Surroundings& surroundings) {
+  if (!surroundings.ZorikHome.empty()) return surroundings.ZorikHome;
+  if (IsFolder(fs::path(surroundings.ProgramFolder) / "Skins")) return surroundings.ProgramFolder;
+  return UsersFolder(surroundings).string();
 }
 
 Result<Paths> FindPaths(const Surroundings& surroundings) {

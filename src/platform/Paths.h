@@ -17,6 +17,10 @@ struct Surroundings {
 
 Surroundings ReadSurroundings(const std::string& programFolder);
 
+// The folder that is the game's own, wherever it is: AppPath as told below, though nothing is made or looked
+// for in it.
+std::string OwnFolder(const Surroundings& surroundings);
+
 // Where the game finds and keeps its files. All but AppPath may be missing.
 struct Paths {
   std::string AppPath;          // the folder that is the game's own and can be written to

@@ -19,6 +19,8 @@ constexpr int kNumberWidth = 24;
 constexpr int kScoreWidth = 42;
 constexpr int kWheelStep = 120;  // an eighth of a degree each; one notch of a wheel
 constexpr int kRowsPerNotch = 3;
+constexpr QColor kMarkGround(0xB0, 0x20, 0x10);
+constexpr QColor kMarkInk(0xFF, 0xFF, 0xFF);
 
 // By the number of the state.
 constexpr std::array kColourKeys = {"cantcolor", "textcolor", "solvcolor", "elsecolor"};
@@ -112,9 +114,24 @@ void CaveList::DrawRow(QPainter& painter, int number) const {
   const QRect line = place.adjusted(kPadding, 0, -kPadding, 0);
   painter.drawText(line, Qt::AlignLeft | Qt::AlignVCenter, Digits(number, 2));
   painter.drawText(line, Qt::AlignRight | Qt::AlignVCenter, Digits(row.score, 5));
-  const QRect name = line.adjusted(kNumberWidth, 0, -kScoreWidth, 0);
+  const QRect name = line.adjusted(kNumberWidth, 0, -kScoreWidth - (row.stored ? 0 : kRowHeight), 0);
+  if (!row.stored) DrawMark(painter, line);
   painter.drawText(name, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
                    fontMetrics().elidedText(OneLine(row.name), Qt::ElideRight, name.width()));
+}
+
+// An exclamation mark on a plate of its own, for the skins' colours of a row are any.
+void CaveList::DrawMark(QPainter& painter, const QRect& line) const {
+  QRect plate(0, 0, kRowHeight - 2, kRowHeight - 2);
+  plate.moveCenter(line.center());
+  plate.moveRight(line.right() - kScoreWidth);
+  painter.save();
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(kMarkGround);
+  painter.drawEllipse(plate);
+  painter.setPen(kMarkInk);
+  painter.drawText(plate, Qt::AlignCenter, "!");
+  painter.restore();
 }
 
 void CaveList::paintEvent(QPaintEvent* /*event*/) {

@@ -22,6 +22,7 @@ class CaveList : public QWidget {
     QString name;
     int score = 0;
     CaveState state = CaveState::Closed;
+    bool stored = true;  // a win that could not be stored has a mark
   };
 
   explicit CaveList(QWidget* parent);
@@ -67,6 +68,7 @@ class CaveList : public QWidget {
   int RowTop(int number) const;
   int RowAt(QPoint place) const;
   void DrawRow(QPainter& painter, int number) const;
+  void DrawMark(QPainter& painter, const QRect& line) const;
 
   std::vector<Row> rows_;
   int selected_ = 0;

@@ -34,12 +34,22 @@ class FrmLoading : public QWidget {
 // Shows the notice as long as it lives, so that no way out of a long work leaves it on the screen.
 class BusyNotice {
  public:
-  explicit BusyNotice(FrmLoading& notice) : notice_(notice) { notice_.Appear(); }
-  ~BusyNotice() { notice_.Disappear(); }
+  explicit BusyNotice(FrmLoading& notice) : notice_(notice) {
+    ++living_;
+    notice_.Appear();
+  }
+  ~BusyNotice() {
+    notice_.Disappear();
+    --living_;
+  }
   BusyNotice(const BusyNotice&) = delete;
   BusyNotice& operator=(const BusyNotice&) = delete;
 
+  // Whether some long work is going on: timers and messages get through to it, and are to wait.
+  static bool Lives() { return living_ > 0; }
+
  private:
+  static inline int living_ = 0;
   FrmLoading& notice_;
 };
 

@@ -15,6 +15,7 @@
 #include "screens/CaveList.h"
 #include "screens/FrmDialog2.h"
 #include "screens/MsgBox.h"
+#include "screens/Outside.h"
 #include "screens/PlainText.h"
 #include "screens/ScrollButton.h"
 #include "screens/SkinLabel.h"
@@ -96,8 +97,8 @@ int Below(int top, std::initializer_list<int> others) {
 
 }  // namespace
 
-FrmPoSt::FrmPoSt(Skin& skin, const Paths& paths, LetterOpeners openers)
-    : skin_(skin), paths_(paths), openers_(std::move(openers)) {
+FrmPoSt::FrmPoSt(Skin& skin, const Paths& paths, const UnstoredWins& unstored, LetterOpeners openers)
+    : skin_(skin), paths_(paths), unstored_(unstored), openers_(std::move(openers)) {
   setFocusPolicy(Qt::StrongFocus);
   Build();
   SkinIt();
@@ -136,6 +137,7 @@ void FrmPoSt::Build() {
   for (const auto& [button, name] : names) button->setObjectName(name);
 
   connect(Label3_, &SkinLabel::LinkClicked, this, &FrmPoSt::ClickedAuthor);
+  connect(lblRecord_, &SkinLabel::LinkClicked, this, &FrmPoSt::StoreWanted);
   connect(list_, &CaveList::CaveClicked, this, &FrmPoSt::SelectCave);
   connect(list_, &CaveList::CaveDoubleClicked, this, &FrmPoSt::ClickedStart);
   connect(replay_, &SkinButton::clicked, this, &FrmPoSt::Replay);
@@ -244,6 +246,7 @@ std::optional<QString> FrmPoSt::LoadColl(const QString& path, const QString& pla
   Result<Selection> selection = Selection::LoadColl(PathBytes(path), name, FolderOf(player));
   if (!selection) return kNotOpenedWords.Before(skin_) + "\r\n" + ShownPath(path);
   selection_ = std::move(*selection);
+  selection_->Count(unstored_);
   SkinIt();
   if (!testAttribute(Qt::WA_Moved)) move(screen()->availableGeometry().center() - rect().center());
   show();
@@ -289,7 +292,7 @@ void FrmPoSt::FillRows() {
   for (int i = 1; i <= selection_->CaveCount(); ++i) {
     const CaveState state = selection_->State(i);
     const QString name = state == CaveState::Closed ? closed : Shown(selection_->Cave(i).Record.Name);
-    rows.push_back({name, selection_->Score(i), state});
+    rows.push_back({name, selection_->Score(i), state, IsStored(i)});
   }
   list_->SetRows(std::move(rows));
   Show(*vscroll_, list_->Range() > 0);
@@ -325,8 +328,7 @@ void FrmPoSt::ShowCave() {
   Show(*play_, state != CaveState::Closed);
   imgBonus_->setVisible(JeBonus(rowName.toStdString()));
   lblCaveName_->SetText(rowName);
-  lblRecord_->SetText(solved ? Shown(selection_->RecordName()) : QString());
-  lblRecord_->SetHint(solved ? ShownPath(selection_->RecordPath()) : QString());
+  ShowRecord(solved);
   if (state != CaveState::Closed) {
     lblCaveDescription_->SetText(Shown(selection_->Cave(number).Record.Description));
     return;
@@ -336,8 +338,22 @@ void FrmPoSt::ShowCave() {
   lblCaveDescription_->SetText(skin_.Text(kSolveFirst) + "\r\n" + name);
 }
 
-void FrmPoSt::Prosel(int total, bool bonusVisible) {
-  selection_->Prosel(total, bonusVisible);
+bool FrmPoSt::IsStored(int number) const {
+  return unstored_.All().empty() || unstored_.Find(selection_->Slot(number)) == nullptr;
+}
+
+// What is not stored yet can be, by a click.
+void FrmPoSt::ShowRecord(bool solved) {
+  const bool stored = IsStored(selection_->Selected());
+  const QString name = Shown(selection_->RecordName());
+  const QString path = QString::fromStdString(selection_->RecordPath());
+  const QColor hover = skin_.Colour("select.collauthor.hovercolor", kPlainText);
+  lblRecord_->SetLink(stored ? QColor() : hover, stored && solved ? path : QString());
+  lblRecord_->SetText(!solved ? QString() : stored ? name : name + '\n' + kNotKeptWords.In(skin_));
+}
+
+void FrmPoSt::Prosel(const RecordSlot& slot, int total, bool bonusVisible) {
+  if (!selection_ || !selection_->Prosel(slot, total, bonusVisible)) return;
   FillRows();
   SelectCave(selection_->Selected());
   CelkSkore();
@@ -378,7 +394,8 @@ void FrmPoSt::ClickedAuthor() {
 // The desktop may take a while to find out that it has none.
 OpenFailed FrmPoSt::TellNoProgram(const QString& target) {
   return [here = QPointer(this), target] {
-    if (here) here->Say(kNoProgramWords.Before(here->skin_) + "\r\n" + target);
+    if (!here) return;
+    WhenInSight(here, [here, target] { here->Say(kNoProgramWords.Before(here->skin_) + "\r\n" + target); });
   };
 }
 
@@ -430,6 +447,9 @@ bool FrmPoSt::Command(int key) {
     case Qt::Key_M:
       if (Label3_->IsLink()) ClickedAuthor();
       return Label3_->IsLink();
+    case Qt::Key_U:
+      if (!IsStored(selection_->Selected())) emit StoreWanted();
+      return true;
     case Qt::Key_F1:
       button = help_;
       break;

@@ -33,7 +33,8 @@ class FrmPoSt : public SkinWindow {
   Q_OBJECT
 
  public:
-  FrmPoSt(Skin& skin, const Paths& paths, LetterOpeners openers = {});
+  // Wins that could not be stored count like records, and have a mark.
+  FrmPoSt(Skin& skin, const Paths& paths, const UnstoredWins& unstored, LetterOpeners openers = {});
 
   // Opens a collection for a player and shows the screen. When the collection cannot be opened, the answer is
   // a message for the player, and nothing has changed.
@@ -48,17 +49,11 @@ class FrmPoSt : public SkinWindow {
   // Name of the collection, for the game.
   const std::string& CollectionName() const { return selection_->Collection().Name; }
 
-  // Where the record of the selected cave is, or is to be kept.
-  std::string RecordPath() const { return selection_->RecordPath(); }
+  // Where a run of the selected cave will keep its record.
+  RecordSlot Slot() const { return selection_->Slot(selection_->Selected()); }
 
-  // Whether a score is at least as good as the stored one of the selected cave.
-  bool JeLepsi(int score) const { return selection_->JeLepsi(score); }
-
-  // Stores the record of a win in the selected cave.
-  Result<Done> StoreRecord(const std::string& bytes) const { return selection_->StoreRecord(bytes); }
-
-  // The selected cave has been won, with this total in the score window and its bonus sign shown or not.
-  void Prosel(int total, bool bonusVisible);
+  // The cave of this slot has been won, with this total in the score window and its bonus sign shown or not.
+  void Prosel(const RecordSlot& slot, int total, bool bonusVisible);
 
   // Asks for the selected cave to be played (also to be played again), if it is open.
   void ClickedStart();
@@ -66,6 +61,8 @@ class FrmPoSt : public SkinWindow {
  signals:
   void PlayCave(const QByteArray& caveText);  // Windows-1250
   void PlayRecord(const QString& path);
+  // The selected cave's win, which could not be stored, is to be stored after all.
+  void StoreWanted();
   void Back();
   void HelpWanted();
 
@@ -89,6 +86,8 @@ class FrmPoSt : public SkinWindow {
   void ShowTotal();
   void SelectCave(int number);
   void ShowCave();
+  void ShowRecord(bool solved);
+  bool IsStored(int number) const;
   bool Command(int key);
   int SelectedBy(int key) const;
 
@@ -101,6 +100,7 @@ class FrmPoSt : public SkinWindow {
 
   Skin& skin_;
   Paths paths_;
+  const UnstoredWins& unstored_;
   LetterOpeners openers_;
   std::optional<Selection> selection_;
 

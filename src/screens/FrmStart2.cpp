@@ -5,7 +5,6 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScreen>
-#include <QTimer>
 #include <algorithm>
 #include <utility>
 
@@ -38,8 +37,6 @@ constexpr int kVersionLetters = 11;
 constexpr int kVersionRise = 25;  // of the version's line above the lower edge of the window
 constexpr int kVersionHeight = 13;
 constexpr QColor kVersionInk(0x3A, 0x24, 0x18);
-
-constexpr int kPatience = 200;  // milliseconds between looks whether something else is still open
 
 constexpr int kSettling = 150;  // milliseconds in which a file that is being written gets whole
 
@@ -365,18 +362,8 @@ void FrmStart2::AnotherRepl(const QString& path) {
 
 void FrmStart2::OpenFromOutside(const QString& path) {
   if (path.isEmpty()) return;
-  waiting_.push_back(path);
-  if (waiting_.size() == 1) OpenWaiting();
-}
-
-void FrmStart2::OpenWaiting() {
-  if (isVisible() && QApplication::activeModalWidget() == nullptr) {
-    const QString path = waiting_.constFirst();
-    activateWindow();
-    OpenByKind(path);
-    waiting_.removeFirst();
-  }
-  if (!waiting_.isEmpty()) QTimer::singleShot(kPatience, this, &FrmStart2::OpenWaiting);
+  activateWindow();
+  OpenByKind(path);
 }
 
 void FrmStart2::OpenByKind(const QString& path) {
@@ -478,8 +465,9 @@ void FrmStart2::changeEvent(QEvent* event) {
   if (event->type() == QEvent::ActivationChange && isActiveWindow()) settled_.start();
 }
 
+// Whoever ends the game may still refuse.
 void FrmStart2::closeEvent(QCloseEvent* event) {
-  event->accept();
+  event->ignore();
   emit Quit();
 }
 

@@ -65,7 +65,7 @@ class FrmStart2 : public SkinWindow {
   void AnotherRepl(const QString& path);
 
   // A file that was opened from the desktop goes to one of the two by its kind; a message tells when it is
-  // of no known kind. As long as a dialog is open, or another screen in place of this one, it waits.
+  // of no known kind. The screen is to be seen, and no dialog.
   void OpenFromOutside(const QString& path);
 
  signals:
@@ -110,7 +110,6 @@ class FrmStart2 : public SkinWindow {
   void AskForRecord();
   void AskForAnyFile();
   void OpenByKind(const QString& path);
-  void OpenWaiting();
   bool IsThere(const QString& path);
   void NewPlayer();
   void ChangeSkin();
@@ -122,7 +121,6 @@ class FrmStart2 : public SkinWindow {
   Settings& settings_;
   std::vector<CollRow> colls_;
   QStringList players_;
-  QStringList waiting_;         // files from outside
   QFileSystemWatcher watcher_;  // of the collections
   QTimer settled_;              // since the last change
   Mode mode_ = Mode::Play;

@@ -51,6 +51,7 @@ class HraWindow : public QWidget, private Stage {
   void WithDialog(const std::function<void()>& dialog);
 
   Hra& Machine() { return hra_; }
+  const Hra& Machine() const { return hra_; }
   const Ram& PlayArea() const { return *ram_; }
   const TopBar& Bar() const { return *topBar_; }
   const MessageStrip& Message() const { return *strip_; }

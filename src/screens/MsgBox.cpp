@@ -41,6 +41,9 @@ constexpr std::array kButtons = {
     ButtonRow{MsgResult::No, Qt::Key_N, "no", kNoWords},
     ButtonRow{MsgResult::Ok, Qt::Key_O, "ok", kOkWords},
     ButtonRow{MsgResult::Retry, Qt::Key_R, "retry", kRetryWords},
+    ButtonRow{MsgResult::Elsewhere, Qt::Key_S, "elsewhere", kElsewhereWords},
+    ButtonRow{MsgResult::Later, Qt::Key_L, "later", kLaterWords},
+    ButtonRow{MsgResult::Leave, Qt::Key_Q, "leave", kLeaveWords},
     ButtonRow{MsgResult::Cancel, Qt::Key_C, "close", kCancelWords},
 };
 
@@ -54,6 +57,10 @@ std::vector<MsgResult> ResultsOf(MsgButtons buttons) {
       return {MsgResult::Yes, MsgResult::No, MsgResult::Cancel};
     case MsgButtons::RetryCancel:
       return {MsgResult::Retry, MsgResult::Cancel};
+    case MsgButtons::NotStored:
+      return {MsgResult::Retry, MsgResult::Elsewhere, MsgResult::Later};
+    case MsgButtons::NotStoredAtEnd:
+      return {MsgResult::Retry, MsgResult::Elsewhere, MsgResult::Leave, MsgResult::Cancel};
     default:
       return {MsgResult::Ok};
   }
@@ -63,6 +70,8 @@ MsgIcon IconOf(MsgButtons buttons) {
   switch (buttons) {
     case MsgButtons::OkCancel:
     case MsgButtons::RetryCancel:
+    case MsgButtons::NotStored:
+    case MsgButtons::NotStoredAtEnd:
       return MsgIcon::Exclamation;
     case MsgButtons::YesNo:
     case MsgButtons::YesNoCancel:
@@ -170,7 +179,7 @@ void FrmDialog::AddButtons() {
 }
 
 std::optional<MsgResult> FrmDialog::EscResult() const {
-  for (const MsgResult result : {MsgResult::No, MsgResult::Cancel}) {
+  for (const MsgResult result : {MsgResult::No, MsgResult::Cancel, MsgResult::Later}) {
     if (Shown(result)) return result;
   }
   return std::nullopt;

@@ -8,14 +8,15 @@ namespace zorik {
 
 class Skin;
 
-// The set of buttons of a message box.
-enum class MsgButtons { Ok = 0, OkCancel = 1, YesNo = 2, YesNoCancel = 3, RetryCancel = 5 };
+// The set of buttons of a message box. The last two are for what could not be stored: try again, save it
+// elsewhere, or leave it for later; when the game is about to end, stay in it or leave without.
+enum class MsgButtons { Ok = 0, OkCancel = 1, YesNo = 2, YesNoCancel = 3, RetryCancel = 5, NotStored, NotStoredAtEnd };
 
 // The picture beside the text. OfSet is the one that belongs to the set of buttons: none for OK alone,
 // Exclamation with cancel, Question for yes and no.
 enum class MsgIcon { OfSet = 0, None = 1, Information = 2, Question = 3, Exclamation = 4, Critical = 5 };
 
-enum class MsgResult { Ok = 1, Cancel = 2, Retry = 4, Yes = 6, No = 7 };
+enum class MsgResult { Ok = 1, Cancel = 2, Retry = 4, Yes = 6, No = 7, Elsewhere, Later, Leave };
 
 // The game's message box; it returns when the player has answered. Its text is wrapped, and breaks at CR, LF
 // and CR LF. Esc is no, else cancel, else nothing; closing the window is Esc, or OK where there is no other

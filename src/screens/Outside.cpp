@@ -1,9 +1,11 @@
 #include "screens/Outside.h"
 
+#include <QApplication>
 #include <QDir>
 #include <QFileDialog>
 #include <QPointer>
 #include <QSplitter>
+#include <QTimer>
 #include <QToolButton>
 #include <filesystem>
 #include <system_error>
@@ -12,6 +14,7 @@
 #include "platform/PathText.h"
 #include "platform/Paths.h"
 #include "platform/Shell.h"
+#include "screens/FrmLoading.h"
 #include "screens/Hint.h"
 #include "screens/MsgBox.h"
 #include "screens/OldNames.h"
@@ -25,10 +28,20 @@ namespace {
 constexpr int kLetters = 14;
 constexpr int kSideWidth = 150;  // of the places beside the files
 
+constexpr int kPatience = 300;  // milliseconds between looks whether a window is in sight
+
+bool IsInSight(const QWidget& window) {
+  const QWidget* const box = QApplication::activeModalWidget();
+  return window.isVisible() && (box == nullptr || box == window.window()) && !BusyNotice::Lives();
+}
+
 // The answer may come when the window that asked is gone.
 OpenFailed Telling(Skin& skin, QWidget* parent, const QString& what) {
   return [&skin, what, window = QPointer<QWidget>(parent)] {
-    Tell(skin, window, skin.Text(99), kNoProgramWords.Before(skin) + '\n' + what);
+    if (!window) return;
+    WhenInSight(window, [&skin, what, window] {
+      Tell(skin, window, skin.Text(99), kNoProgramWords.Before(skin) + '\n' + what);
+    });
   };
 }
 
@@ -58,6 +71,11 @@ QString FolderWithin(const QString& folder) {
 }
 
 }  // namespace
+
+void WhenInSight(QWidget* window, std::function<void()> say) {
+  if (IsInSight(*window)) return say();
+  QTimer::singleShot(kPatience, window, [window, say] { WhenInSight(window, say); });
+}
 
 void OpenFileOrTell(Skin& skin, QWidget* parent, const QString& path) {
   OpenFile(path, Telling(skin, parent, ShownPath(path)));

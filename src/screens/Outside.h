@@ -3,6 +3,7 @@
 #include <QString>
 #include <QStringList>
 #include <QUrl>
+#include <functional>
 
 class QFileDialog;
 class QWidget;
@@ -13,6 +14,10 @@ class Skin;
 struct Paths;
 
 // What lies outside of the game, with a message when it is not to be had.
+
+// Says something that was long in coming, over the window that it is about: as soon as that shows and nothing
+// stands before it. A box over another screen would stop whatever goes on there.
+void WhenInSight(QWidget* window, std::function<void()> say);
 
 // Opens a file with the desktop's program for it.
 void OpenFileOrTell(Skin& skin, QWidget* parent, const QString& path);

@@ -34,6 +34,9 @@ inline constexpr StartWords kNoWords{"caption.dialog.no", "Ne"};
 inline constexpr StartWords kOkWords{"caption.dialog.ok", "OK"};
 inline constexpr StartWords kCancelWords{"caption.dialog.close", "Zrušit"};
 inline constexpr StartWords kRetryWords{"caption.dialog.retry", "Zkusit znovu"};
+inline constexpr StartWords kElsewhereWords{"caption.dialog.elsewhere", "Uložit jinam"};
+inline constexpr StartWords kLaterWords{"caption.dialog.later", "Později"};
+inline constexpr StartWords kLeaveWords{"caption.dialog.leave", "Skončit bez nich"};
 
 // Of the buttons above the play picture.
 inline constexpr StartWords kRestartWords{"caption.game.restart", "Znovu od začátku"};
@@ -70,6 +73,18 @@ inline constexpr StartWords kSoundLongWords{"caption.error.soundlong",
                                             "Příliš dlouhé zvuky skinu byly vynechány:"};
 inline constexpr StartWords kSoundBrokenWords{"caption.error.soundbroken",
                                               "Zvuky skinu, které nelze přečíst, byly vynechány:"};
+
+// Of a record that was not stored, or would take another one's place.
+inline constexpr StartWords kNotKeptWords{"caption.record.unstored", "Záznam není uložen (U)"};
+inline constexpr StartWords kAtRiskWords{"caption.record.atrisk",
+                                         "Tyto záznamy nejsou uloženy. Když hra skončí, budou pryč."};
+inline constexpr StartWords kOtherCaveWords{"caption.record.other",
+                                            "Ve stejném souboru je záznam jiné komnaty. Přepsat ho novým?"};
+
+// Of files from outside.
+inline constexpr StartWords kWaitsWords{"caption.outside.waits", "Tento soubor počká, až tu skončíš."};
+inline constexpr StartWords kEndRunWords{"caption.outside.endrun",
+                                         "Tento soubor přišel zvenčí. Ukončit hru a otevřít ho?"};
 
 // Of the box that asks for a file.
 inline constexpr StartWords kLookInWords{"caption.file.folder", "Složka:"};

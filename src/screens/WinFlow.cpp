@@ -1,25 +1,20 @@
 #include "screens/WinFlow.h"
 
 #include <QApplication>
-#include <filesystem>
-#include <system_error>
 
+#include "data/CaveO.h"
 #include "data/Files.h"
 #include "data/RecordFile.h"
 #include "platform/PathText.h"
 #include "screens/FrmAnalyze.h"
 #include "screens/FrmPoSt.h"
-#include "screens/MsgBox.h"
-#include "screens/StartWords.h"
-#include "screens/Wording.h"
+#include "screens/RecordKeeper.h"
 #include "skin/Shown.h"
-#include "skin/Skin.h"
 
 namespace zorik {
 namespace {
 
 constexpr int kFirstSeconds = 3;
-constexpr int kTitle = 99;  // place in the language table
 
 RunKind KindOf(const Hra& hra) {
   if (hra.ReplayPlaying) return RunKind::Replay;
@@ -28,19 +23,17 @@ RunKind KindOf(const Hra& hra) {
 
 }  // namespace
 
-WinFlow::WinFlow(Skin& skin, const Paths& paths, FrmPoSt& frmPoSt, FrmAnalyze& frmAnalyze)
-    : skin_(skin), paths_(paths), frmPoSt_(frmPoSt), frmAnalyze_(frmAnalyze) {
+WinFlow::WinFlow(const Paths& paths, FrmPoSt& frmPoSt, FrmAnalyze& frmAnalyze, RecordKeeper& keeper)
+    : paths_(paths), frmPoSt_(frmPoSt), frmAnalyze_(frmAnalyze), keeper_(keeper) {
   connect(&frmAnalyze_, &FrmAnalyze::Closed, this, &WinFlow::OnClosed);
 }
 
-void WinFlow::RunWon(Hra& hra) {
+void WinFlow::RunWon(Hra& hra, const RecordSlot& slot) {
   if (!hra.Win || Busy()) return;
   const WinResult& win = *hra.Win;
   kind_ = KindOf(hra);
   nobody_ = hra.PlayerName == kNobody;
-  score_ = win.Score;
-  record_ = SaveRecord(hra, score_);
-  testPath_ = ResolvePath(paths_.TestRecordsPath + "/" + FileSystemName(TestRecordFileName(hra.CaveName)));
+  run_ = {kind_ == RunKind::Test ? TestSlot(hra) : slot, win.Score, SaveRecord(hra, win.Score)};
   frmAnalyze_.SetScore(Shown(ScoreBreakdown(hra, win)), win.BaseScore, win.BonusCave);
 
   emit HideGame();
@@ -54,19 +47,32 @@ void WinFlow::RunWon(Hra& hra) {
   frmAnalyze_.Open();
 }
 
+RecordSlot WinFlow::TestSlot(const Hra& hra) const {
+  const std::string name = FileSystemName(TestRecordFileName(hra.CaveName));
+  return {ResolvePath(paths_.TestRecordsPath + "/" + name),
+          hra.CollectionName,
+          hra.CaveName,
+          std::string(WithoutMarker(hra.CaveText)),
+          {}};
+}
+
 void WinFlow::OnClosed() {
   if (step_ == Step::Idle) return;
   ShowNext();
   if (step_ == Step::First) {
-    StoreWin();
+    if (keeper_.MayReplace(run_, &frmPoSt_)) keeper_.Store(run_, &frmPoSt_);
     step_ = Step::Last;
     frmAnalyze_.ClearCountdown();
     frmAnalyze_.Open();
     return;
   }
+  if (kind_ == RunKind::Test) keeper_.Store(run_, QApplication::activeWindow());
+  Finish();
+}
+
+void WinFlow::Finish() {
+  if (kind_ == RunKind::Play) frmPoSt_.Prosel(run_.Slot, frmAnalyze_.Total(), frmAnalyze_.BonusVisible());
   step_ = Step::Idle;
-  if (kind_ == RunKind::Test) StoreTest();
-  if (kind_ == RunKind::Play) frmPoSt_.Prosel(frmAnalyze_.Total(), frmAnalyze_.BonusVisible());
   emit Finished();
 }
 
@@ -80,26 +86,6 @@ void WinFlow::ShowNext() {
     frmPoSt_.show();
     frmPoSt_.activateWindow();
   }
-}
-
-void WinFlow::StoreWin() {
-  const bool store =
-      frmPoSt_.JeLepsi(score_) || Ask(skin_, &frmPoSt_, wording::kQuestion, wording::kOverwrite);
-  if (!store) return;
-  const Result<Done> stored = frmPoSt_.StoreRecord(record_);
-  if (!stored) TellFailure(frmPoSt_.RecordPath());
-}
-
-void WinFlow::StoreTest() {
-  std::error_code error;
-  std::filesystem::create_directories(paths_.TestRecordsPath, error);
-  const Result<Done> stored = WriteWhole(testPath_, record_);
-  if (!stored) TellFailure(testPath_);
-}
-
-void WinFlow::TellFailure(const std::string& path) {
-  QWidget* const here = kind_ == RunKind::Test ? QApplication::activeWindow() : &frmPoSt_;
-  Tell(skin_, here, skin_.Text(kTitle), kNotStoredWords.Before(skin_) + "\r\n" + ShownPath(path));
 }
 
 }  // namespace zorik

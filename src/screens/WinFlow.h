@@ -1,17 +1,16 @@
 #pragma once
 
 #include <QObject>
-#include <QString>
-#include <string>
 
 #include "core/Hra.h"
+#include "data/RecordSlot.h"
 #include "platform/Paths.h"
 
 namespace zorik {
 
 class FrmAnalyze;
 class FrmPoSt;
-class Skin;
+class RecordKeeper;
 
 // What follows a won run: its score is shown, its record is stored, and the player is led on. A run in play
 // shows the score twice, first for a few seconds and then, when its record is stored, until the player has
@@ -20,12 +19,13 @@ class WinFlow : public QObject {
   Q_OBJECT
 
  public:
-  WinFlow(Skin& skin, const Paths& paths, FrmPoSt& frmPoSt, FrmAnalyze& frmAnalyze);
+  WinFlow(const Paths& paths, FrmPoSt& frmPoSt, FrmAnalyze& frmAnalyze, RecordKeeper& keeper);
 
-  // To be called when a run is won, with the machine as it is at that moment.
-  void RunWon(Hra& hra);
+  // To be called when a run is won, with the machine as it is at that moment and with the place for the
+  // record, as it was when the run started. Only a run in play uses that.
+  void RunWon(Hra& hra, const RecordSlot& slot);
 
-  // Whether the score of a run is still on show.
+  // Whether the player has not been led on yet from the score of a run.
   bool Busy() const { return step_ != Step::Idle; }
 
  signals:
@@ -42,21 +42,18 @@ class WinFlow : public QObject {
 
   void OnClosed();
   void ShowNext();
-  void StoreWin();
-  void StoreTest();
-  void TellFailure(const std::string& path);
+  RecordSlot TestSlot(const Hra& hra) const;
+  void Finish();
 
-  Skin& skin_;
   Paths paths_;
   FrmPoSt& frmPoSt_;
   FrmAnalyze& frmAnalyze_;
+  RecordKeeper& keeper_;
 
   Step step_ = Step::Idle;
   RunKind kind_ = RunKind::Play;
   bool nobody_ = false;  // a record from outside: no player is there to be led back to
-  int score_ = 0;        // what is stored
-  std::string record_;
-  std::string testPath_;
+  WonRun run_;
 };
 
 }  // namespace zorik

@@ -8,6 +8,7 @@ namespace zorik {
 namespace wording {
 
 inline constexpr const char* kNoFolder = "Složku hry nelze vytvořit.";
+inline constexpr const char* kNoAnswer = "Zorík už běží, ale neodpovídá.";
 inline constexpr const char* kOverwrite =
     "Při minulém hraní této komnaty jsi získal více bodů. Přepsat starý záznam novým?";
 inline constexpr const char* kQuestion = "Dotaz";

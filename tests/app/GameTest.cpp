@@ -10,7 +10,9 @@
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 #include <future>
+#include <thread>
 
 #include "app/Game.h"
 #include "data/Files.h"
@@ -78,7 +80,9 @@ class GameTest : public testing::Test {
   void Begin() {
     Paths paths = folder.Paths();
     paths.ShippedSkins = ZORIK_BUILT_SKINS;
-    game = std::make_unique<Game>(paths, settings);
+    game.reset();
+    inbox = std::make_unique<Inbox>(InboxPlace(folder.Root()));
+    game = std::make_unique<Game>(paths, settings, *inbox);
     game->Begin();
     ASSERT_TRUE(Wait(Shows<FrmStart2>));
   }
@@ -134,6 +138,7 @@ class GameTest : public testing::Test {
 
   Folder folder;
   Settings settings{.Speed = 2, .SpeedR = 5, .Sound = false};
+  std::unique_ptr<Inbox> inbox;
   std::unique_ptr<Game> game;
 };
 
@@ -510,10 +515,30 @@ class GameFromOutside : public GameEditors {
  protected:
   void SetUp() override { GameTest::SetUp(); }
 
+  std::future<bool> HandOverLater(const QString& name) const {
+    const QString place = InboxPlace(folder.Root());
+    return std::async(std::launch::async, [=] { return HandOver(name, place); });
+  }
+
+  void Beta() const { folder.Collection("b.zk", "Beta", {OneStepCave("Jina")}); }
+  QString BetaPath() const { return QString::fromStdString(folder.Root() + "/Caves/b.zk"); }
+  static bool BetaIsOpen() { return Shows<FrmPoSt>() && Screen<FrmPoSt>()->CollectionName() == "Beta"; }
+
+  static QWidget* Sign() {
+    for (QWidget* const widget : QApplication::topLevelWidgets()) {
+      if (widget->objectName() == "waitSign" && widget->isVisible()) return widget;
+    }
+    return nullptr;
+  }
+  static bool SignNames(const QString& file) {
+    const auto* const sign = dynamic_cast<QLabel*>(Sign());
+    return sign != nullptr && sign->text().contains(file);
+  }
+
   // From another thread, as the game must be free to take it.
   bool HandOverMeanwhile(const std::string& path) const {
     const QString name = QString::fromStdString(folder.Root() + "/" + path);
-    auto done = std::async(std::launch::async, [&] { return HandOver(name); });
+    auto done = HandOverLater(name);
     while (done.wait_for(std::chrono::milliseconds(0)) != std::future_status::ready) QTest::qWait(5);
     return done.get();
   }
@@ -536,12 +561,125 @@ TEST_F(GameFromOutside, ACollectionMayStartTheGame) {
   EXPECT_FALSE(qEnvironmentVariableIsSet(kOpenVariable)) << "what the game starts does not inherit it";
 }
 
-TEST_F(GameFromOutside, ACollectionEndsTheRunThatIsPlayed) {
+TEST_F(GameFromOutside, ACollectionEndsTheRunThatIsPlayedWhenThePlayerLikes) {
   PlayCave();
-  folder.Collection("b.zk", "Beta", {OneStepCave("Jedna")});
+  Beta();
+  const DialogScript script = {[](QWidget& box) {
+    EXPECT_TRUE(Shows<HraWindow>() && !Shows<FrmStart2>()) << "the box belongs to the game";
+    EXPECT_FALSE(Screen<HraWindow>()->Ticking());
+    EXPECT_TRUE(box.findChild<QLabel*>("lblText")->text().startsWith("b.zk\n"));
+    QTest::keyClick(&box, Qt::Key_Y);
+  }};
   ASSERT_TRUE(HandOverMeanwhile("Caves/b.zk"));
-  ASSERT_TRUE(Wait([] { return Shows<FrmPoSt>() && Screen<FrmPoSt>()->CollectionName() == "Beta"; }));
+  ASSERT_TRUE(Wait(BetaIsOpen));
   EXPECT_FALSE(Shows<HraWindow>() || Shows<FrmStart2>());
+}
+
+TEST_F(GameFromOutside, ACollectionWaitsForTheEndOfARunThatThePlayerGoesOnWith) {
+  PlayCave();
+  Beta();
+  {
+    const DialogScript script = {test::Press(Qt::Key_N)};
+    ASSERT_TRUE(HandOverMeanwhile("Caves/b.zk"));
+    QTest::qWait(600);
+  }
+  EXPECT_TRUE(Shows<HraWindow>());
+  EXPECT_TRUE(Screen<HraWindow>()->Ticking());
+  Close(Screen<HraWindow>());
+  EXPECT_TRUE(Wait(BetaIsOpen));
+}
+
+TEST_F(GameFromOutside, ACollectionSaysInATestRunThatItWaits) {
+  Enter();
+  TestRun();
+  Beta();
+  ASSERT_TRUE(HandOverMeanwhile("Caves/b.zk"));
+  EXPECT_TRUE(Wait([] { return SignNames("b.zk"); }));
+  EXPECT_TRUE(Shows<HraWindow>());
+  EXPECT_TRUE(Screen<HraWindow>()->Ticking());
+  EXPECT_FALSE(Shows<FrmStart2>());
+  Close(Screen<HraWindow>());
+  ASSERT_TRUE(Wait(Shows<FrmMain>));
+  Leave();
+  EXPECT_TRUE(Wait(BetaIsOpen));
+}
+
+TEST_F(GameFromOutside, ACollectionSaysBehindABoxThatItWaits) {
+  OpenCollection();
+  Beta();
+  {
+    const DialogScript script = {[this](QWidget& box) {
+      ASSERT_TRUE(HandOverMeanwhile("Caves/b.zk"));
+      EXPECT_TRUE(Wait([] { return SignNames("b.zk"); }));
+      QTest::qWait(300);
+      EXPECT_TRUE(Shows<FrmPoSt>() && !Shows<FrmStart2>()) << "the box is over its own screen";
+      EXPECT_EQ(Screen<FrmPoSt>()->CollectionName(), "Alfa");
+      QTest::keyClick(&box, Qt::Key_Return);
+    }};
+    Press(Screen<FrmPoSt>(), Qt::Key_F1);  // there is no help here, which is told
+  }
+  EXPECT_TRUE(Wait(BetaIsOpen));
+}
+
+TEST_F(GameFromOutside, ACollectionDoesNotGiveTheHiddenGameAway) {
+  PlayCave();
+  Press(Screen<HraWindow>(), Qt::Key_F12);
+  ASSERT_TRUE(Wait(Shows<HideAway>));
+  Beta();
+  ASSERT_TRUE(HandOverMeanwhile("Caves/b.zk"));
+  QTest::qWait(600);
+  EXPECT_TRUE(Shows<HideAway>());
+  EXPECT_FALSE(Shows<FrmStart2>() || Shows<FrmPoSt>() || Shows<HraWindow>() || Sign() != nullptr);
+  const DialogScript script = {test::Press(Qt::Key_Y)};
+  Close(Screen<HideAway>());
+  EXPECT_TRUE(Wait(BetaIsOpen));
+}
+
+// The busy notice lets in what comes from outside.
+TEST_F(GameFromOutside, ACollectionThatComesWhileACaveIsLoadedDoesNotGetItsWin) {
+  OpenCollection();
+  Beta();
+  QTest::qWait(1);
+  auto done = HandOverLater(BetaPath());
+  std::this_thread::sleep_for(std::chrono::milliseconds(200));
+  {
+    const DialogScript script = {test::Press(Qt::Key_N)};
+    QTest::keyClick(Screen<FrmPoSt>(), Qt::Key_Return);
+    EXPECT_EQ(Screen<FrmPoSt>()->CollectionName(), "Alfa");
+    ASSERT_TRUE(Wait([&] { return done.wait_for(std::chrono::seconds(0)) == std::future_status::ready; }));
+    QTest::qWait(600);
+  }
+  ASSERT_TRUE(Shows<HraWindow>());
+  Press(Screen<HraWindow>(), Qt::Key_Right);
+  ReadScores();
+  EXPECT_TRUE(ReadWhole(RecordPath()));
+  EXPECT_FALSE(ReadWhole(folder.Root() + "/Players/Ada/Beta - Jina.zkr"));
+  EXPECT_TRUE(Wait(BetaIsOpen));
+}
+
+TEST_F(GameFromOutside, FilesThatComeTogetherAreOpenedOneAfterTheOther) {
+  Beta();
+  folder.Collection("c.zk", "Gama", {OneStepCave("Jina")});
+  const DialogScript script = {[this](QWidget& dialog) {
+    ASSERT_TRUE(HandOverMeanwhile("Caves/b.zk"));
+    ASSERT_TRUE(HandOverMeanwhile("Caves/c.zk"));
+    QTest::qWait(300);
+    EXPECT_FALSE(Shows<FrmPoSt>());
+    QTest::keyClick(&dialog, Qt::Key_Escape);
+  }};
+  Click(Screen<FrmStart2>(), "addplayer");
+  EXPECT_TRUE(Wait(BetaIsOpen));
+  EXPECT_TRUE(Wait([] { return Screen<FrmPoSt>()->CollectionName() == "Gama"; }));
+}
+
+TEST_F(GameFromOutside, AnotherStartBringsAMinimisedGameBack) {
+  PlayCave();
+  Screen<HraWindow>()->showMinimized();
+  ASSERT_FALSE(Screen<HraWindow>()->Ticking());
+  auto done = HandOverLater(QString());
+  ASSERT_TRUE(Wait([] { return Screen<HraWindow>()->Ticking(); }));
+  EXPECT_FALSE(Screen<HraWindow>()->isMinimized());
+  EXPECT_TRUE(Shows<HraWindow>() && !Shows<FrmStart2>());
 }
 
 TEST_F(GameFromOutside, ACollectionWaitsUntilTheScoreIsRead) {
@@ -586,6 +724,100 @@ TEST_F(GameFromOutside, ACollectionWaitsUntilTheEditorsAreLeft) {
   Leave();
   ASSERT_TRUE(Wait(Shows<FrmPoSt>));
   EXPECT_EQ(Screen<FrmPoSt>()->CollectionName(), "Beta");
+}
+
+// Wins that cannot be stored, as a file stands in the place of the player's folder.
+class GameUnstored : public GameTest {
+ protected:
+  std::string PlayerFolder() const { return folder.Root() + "/Players/Ada"; }
+  void Spoil() const {
+    std::filesystem::remove_all(PlayerFolder());
+    ASSERT_TRUE(WriteWhole(PlayerFolder(), "no folder"));
+  }
+  void Mend() const {
+    std::filesystem::remove(PlayerFolder());
+    std::filesystem::create_directories(PlayerFolder());
+  }
+  static bool Stored(std::size_t row) {
+    return Screen<FrmPoSt>()->findChild<CaveList*>()->Rows()[row].stored;
+  }
+
+  // Wins the selected cave, and leaves its record for later.
+  void WinForLater() const {
+    Press(Screen<FrmPoSt>(), Qt::Key_Return);
+    ASSERT_TRUE(Wait(Shows<HraWindow>));
+    Press(Screen<HraWindow>(), Qt::Key_Right);
+    ASSERT_TRUE(Wait(Shows<FrmAnalyze>));
+    {
+      const DialogScript script = {test::Press(Qt::Key_L)};
+      Press(Screen<FrmAnalyze>(), Qt::Key_Return);
+    }
+    ReadScores();
+  }
+};
+
+TEST_F(GameUnstored, AreMarkedInTheListAndStoredByTheSameQuestion) {
+  OpenCollection();
+  Spoil();
+  WinForLater();
+  EXPECT_FALSE(Stored(0));
+  EXPECT_TRUE(Stored(1));
+  Press(Screen<FrmPoSt>(), Qt::Key_Up);
+  const DialogScript script = {[this](QWidget& box) {
+    Mend();
+    QTest::keyClick(&box, Qt::Key_Return);
+  }};
+  Press(Screen<FrmPoSt>(), Qt::Key_U);
+  EXPECT_TRUE(ReadWhole(RecordPath()));
+  EXPECT_TRUE(Stored(0));
+}
+
+TEST_F(GameUnstored, OfTwoCavesAreStoredWhenTheListIsOpenedAnew) {
+  OpenCollection();
+  Spoil();
+  WinForLater();
+  WinForLater();
+  EXPECT_FALSE(Stored(0) || Stored(1));
+  Mend();
+  Press(Screen<FrmPoSt>(), Qt::Key_Escape);
+  ASSERT_TRUE(Wait(Shows<FrmStart2>));
+  OpenCollection();
+  EXPECT_TRUE(Stored(0) && Stored(1));
+  EXPECT_TRUE(ReadWhole(RecordPath()));
+  EXPECT_TRUE(ReadWhole(PlayerFolder() + "/Alfa - Druha.zkr"));
+}
+
+TEST_F(GameUnstored, KeepTheGameFromEndingUnasked) {
+  OpenCollection();
+  Spoil();
+  WinForLater();
+  Press(Screen<FrmPoSt>(), Qt::Key_Escape);
+  ASSERT_TRUE(Wait(Shows<FrmStart2>));
+  {
+    const DialogScript script = {[](QWidget& box) {
+      EXPECT_TRUE(box.findChild<QLabel*>("lblText")->text().contains("Alfa - Jedna"));
+      QTest::keyClick(&box, Qt::Key_Escape);
+    }};
+    Close(Screen<FrmStart2>());
+  }
+  EXPECT_TRUE(Shows<FrmStart2>());
+  const DialogScript script = {test::Press(Qt::Key_Q)};
+  Close(Screen<FrmStart2>());
+  EXPECT_FALSE(Shows<FrmStart2>());
+}
+
+TEST_F(GameTest, EndsWithTheDesktopsSessionFromWithinARun) {
+  PlayCave();
+  constexpr int kStillThere = 7;
+  QTimer::singleShot(0, qApp, [] {
+    QEvent end(QEvent::Quit);  // that is how the desktop tells it
+    QApplication::sendEvent(qApp, &end);
+  });
+  QTimer patience;
+  patience.callOnTimeout([] { QCoreApplication::exit(kStillThere); });
+  patience.start(2000);
+  EXPECT_EQ(QApplication::exec(), 0);
+  EXPECT_FALSE(Shows<HraWindow>() || Shows<FrmPoSt>() || Shows<FrmStart2>());
 }
 
 }  // namespace

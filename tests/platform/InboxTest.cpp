@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <QDir>
 #include <QEventLoop>
@@ -10,9 +12,12 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
+#include <csignal>
 #include <cstdlib>
 #include <future>
 #include <memory>
+#include <utility>
+#include <vector>
 
 #include "platform/Inbox.h"
 #include "platform/PathText.h"
@@ -25,7 +30,8 @@ constexpr int kPatience = 5000;
 class InboxTest : public testing::Test {
  protected:
   void Open() {
-    inbox_ = std::make_unique<Inbox>([this](const QString& path) { arrived_.push_back(path); }, Place());
+    inbox_ = std::make_unique<Inbox>(Place());
+    inbox_->Deliver([this](const QString& path) { arrived_.push_back(path); });
   }
 
   QString Place() const { return folder_.filePath("socket"); }
@@ -62,12 +68,118 @@ TEST_F(InboxTest, NobodyTakesAPathWithoutAGame) {
 
 TEST_F(InboxTest, OnlyTheFirstOfTwoGamesListens) {
   Open();
+  EXPECT_FALSE(inbox_->Taken());
   QStringList others;
-  const Inbox second([&](const QString& path) { others.push_back(path); }, Place());
+  Inbox second(Place());
+  second.Deliver([&](const QString& path) { others.push_back(path); });
+  EXPECT_TRUE(second.Taken());
   EXPECT_FALSE(second.Listening());
   EXPECT_TRUE(HandOverMeanwhile("/a.zk"));
   EXPECT_TRUE(Arrived(1));
   EXPECT_TRUE(others.isEmpty());
+}
+
+TEST_F(InboxTest, LeavesItsPlaceToTheNextGame) {
+  Open();
+  inbox_.reset();
+  Open();
+  EXPECT_FALSE(inbox_->Taken());
+  EXPECT_TRUE(HandOverMeanwhile("/a.zk"));
+}
+
+TEST_F(InboxTest, TakesTheWishToSeeTheGameForAnEmptyPath) {
+  Open();
+  EXPECT_TRUE(HandOverMeanwhile(""));
+  EXPECT_TRUE(Arrived(1));
+  EXPECT_EQ(arrived_, QStringList{""});
+}
+
+TEST_F(InboxTest, KeepsWhatComesBeforeAnybodyIsThereToBeTold) {
+  inbox_ = std::make_unique<Inbox>(Place());
+  EXPECT_TRUE(HandOverMeanwhile("/a.zk"));
+  QTest::qWait(50);
+  inbox_->Deliver([this](const QString& path) { arrived_.push_back(path); });
+  EXPECT_TRUE(Arrived(1));
+  EXPECT_EQ(arrived_, QStringList{"/a.zk"});
+}
+
+TEST_F(InboxTest, AGameWithoutARuntimeFolderGoesOnByItself) {
+  const Inbox inbox(folder_.filePath("neni/socket"));
+  EXPECT_FALSE(inbox.Taken());
+  EXPECT_FALSE(inbox.Listening());
+}
+
+TEST_F(InboxTest, HasAPlaceForEachHomeHoweverTheWayToItIsWritten) {
+  const std::string home = folder_.path().toStdString();
+  ASSERT_TRUE(QDir(folder_.path()).mkpath("a/b"));
+  ASSERT_TRUE(QFile::link(folder_.filePath("a"), folder_.filePath("odkaz")));
+  EXPECT_EQ(InboxPlace(home + "/a"), InboxPlace(home + "/a/b/.."));
+  EXPECT_EQ(InboxPlace(home + "/a"), InboxPlace(home + "/odkaz"));
+  EXPECT_NE(InboxPlace(home + "/a"), InboxPlace(home + "/b"));
+}
+
+// Another process with the inbox of this place: it says over a pipe whether it listens, and lives until it
+// is told to end.
+class OtherGame {
+ public:
+  explicit OtherGame(const QString& place) {
+    int answer[2];
+    EXPECT_EQ(pipe(answer), 0);
+    answer_ = answer[0];
+    process_ = fork();
+    if (process_ == 0) {
+      const Inbox inbox(place);
+      const char listens = inbox.Listening() && !inbox.Taken() ? '+' : '-';
+      if (write(answer[1], &listens, 1) == 1) pause();
+      _exit(0);
+    }
+    close(answer[1]);
+  }
+  ~OtherGame() {
+    Kill();
+    close(answer_);
+  }
+  OtherGame(const OtherGame&) = delete;
+  OtherGame& operator=(const OtherGame&) = delete;
+
+  bool Listens() const {
+    char answer = 0;
+    return read(answer_, &answer, 1) == 1 && answer == '+';
+  }
+
+  void Kill() {
+    if (process_ <= 0) return;
+    kill(process_, SIGKILL);
+    waitpid(std::exchange(process_, 0), nullptr, 0);
+  }
+
+ private:
+  pid_t process_ = 0;
+  int answer_ = -1;
+};
+
+TEST_F(InboxTest, TakesThePlaceOfAGameThatWasKilled) {
+  {
+    OtherGame other(Place());
+    ASSERT_TRUE(other.Listens());
+    EXPECT_TRUE(Inbox(Place()).Taken());
+    other.Kill();
+  }
+  ASSERT_TRUE(QFileInfo::exists(Place())) << "it could not take its socket away";
+  Open();
+  EXPECT_FALSE(inbox_->Taken());
+  EXPECT_TRUE(inbox_->Listening());
+  EXPECT_TRUE(HandOverMeanwhile("/a.zk"));
+}
+
+TEST_F(InboxTest, OneOfManyGamesThatStartAtTheSameMomentListens) {
+  for (int round = 0; round < 10; ++round) {
+    std::vector<std::unique_ptr<OtherGame>> games;
+    for (int i = 0; i < 6; ++i) games.push_back(std::make_unique<OtherGame>(Place()));
+    int listening = 0;
+    for (const auto& game : games) listening += game->Listens() ? 1 : 0;
+    EXPECT_EQ(listening, 1) << "round " << round << "; the killed ones of the last round are in the way";
+  }
 }
 
 TEST_F(InboxTest, TakesThePlaceOfAGameThatCrashed) {
@@ -133,14 +245,13 @@ TEST_F(InboxTest, TurnsAwayWhoSaysNothingOrTooMuch) {
 
 TEST_F(InboxTest, MayBeAnsweredByADialog) {
   bool over = false;
-  const Inbox inbox(
-      [&](const QString&) {
-        QEventLoop dialog;
-        QTimer::singleShot(100, &dialog, &QEventLoop::quit);
-        dialog.exec();
-        over = true;
-      },
-      Place());
+  Inbox inbox(Place());
+  inbox.Deliver([&](const QString&) {
+    QEventLoop dialog;
+    QTimer::singleShot(100, &dialog, &QEventLoop::quit);
+    dialog.exec();
+    over = true;
+  });
   EXPECT_TRUE(HandOverMeanwhile("/a.zk"));
   EXPECT_TRUE(QTest::qWaitFor([&] { return over; }, kPatience));
   EXPECT_TRUE(HandOverMeanwhile("/b.zk"));
@@ -166,9 +277,11 @@ class DownloaderTest : public InboxTest {
     game.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     runtime_ = qgetenv("XDG_RUNTIME_DIR");
     qputenv("XDG_RUNTIME_DIR", folder_.path().toUtf8());
+    qputenv("ZORIK_HOME", folder_.filePath("domov").toUtf8());
   }
   ~DownloaderTest() override {
     if (!runtime_.isEmpty()) qputenv("XDG_RUNTIME_DIR", runtime_);
+    qunsetenv("ZORIK_HOME");
   }
 
   // Answers the exit code.
@@ -195,7 +308,8 @@ class DownloaderTest : public InboxTest {
 };
 
 TEST_F(DownloaderTest, HandsTheAbsolutePathToTheRunningGame) {
-  const Inbox game([this](const QString& path) { arrived_.push_back(path); });
+  Inbox game(InboxPlace(folder_.filePath("domov").toStdString()));
+  game.Deliver([this](const QString& path) { arrived_.push_back(path); });
   ASSERT_TRUE(game.Listening());
   EXPECT_EQ(Run({"kůň s mezerou.zk"}), 0);
   EXPECT_EQ(Run({"/jinde/x.zkr"}), 0);
@@ -203,6 +317,25 @@ TEST_F(DownloaderTest, HandsTheAbsolutePathToTheRunningGame) {
   EXPECT_TRUE(Arrived(3));
   EXPECT_EQ(arrived_, (QStringList{folder_.filePath("kůň s mezerou.zk"), "/jinde/x.zkr", "/jinde/a b.zk"}));
   EXPECT_FALSE(QFileInfo::exists(folder_.filePath("started")));
+}
+
+TEST_F(DownloaderTest, HandsNothingToTheGameOfAnotherHome) {
+  Inbox game(InboxPlace(folder_.filePath("jinde").toStdString()));
+  game.Deliver([this](const QString& path) { arrived_.push_back(path); });
+  ASSERT_TRUE(game.Listening());
+  EXPECT_EQ(Run({"x.zk"}), 0);
+  EXPECT_EQ(Started(), folder_.filePath("x.zk"));
+  EXPECT_TRUE(arrived_.isEmpty());
+}
+
+// As a game does that is built with its skins beside it.
+TEST_F(DownloaderTest, FindsTheHomeOfTheGameBesideIt) {
+  qunsetenv("ZORIK_HOME");
+  ASSERT_TRUE(QDir(folder_.path()).mkpath("Skins"));
+  Inbox game(InboxPlace(folder_.path().toStdString()));
+  game.Deliver([this](const QString& path) { arrived_.push_back(path); });
+  EXPECT_EQ(Run({"/x.zk"}), 0);
+  EXPECT_TRUE(Arrived(1));
 }
 
 TEST_F(DownloaderTest, StartsTheGameWhenNoneRuns) {

@@ -6,12 +6,14 @@
 #include <QTextEdit>
 
 #include "screens/CaveList.h"
+#include "screens/DialogScript.h"
 #include "screens/FrmPoSt.h"
 #include "screens/PostScreen.h"
 
 namespace zorik {
 namespace {
 
+using test::DialogScript;
 using test::InDialog;
 
 class FrmPoStTest : public testing::Test, public test::PostScreen {
@@ -166,7 +168,7 @@ TEST_F(FrmPoStTest, ShowsTheBonusSignOfABonusCaveThatIsOpen) {
   EXPECT_FALSE(Shown("imgBonus"));
   ClickRow(2);
   EXPECT_FALSE(Shown("imgBonus")) << "its name is not shown yet";
-  window->Prosel(5, false);
+  window->Prosel(window->Slot(), 5, false);
   ClickRow(2);
   EXPECT_TRUE(Shown("imgBonus"));
   ClickRow(3);
@@ -176,7 +178,7 @@ TEST_F(FrmPoStTest, ShowsTheBonusSignOfABonusCaveThatIsOpen) {
 TEST_F(FrmPoStTest, SolvesAWonCaveOpensTheNextAndSelectsIt) {
   Caves(3);
   Open();
-  window->Prosel(150, false);
+  window->Prosel(window->Slot(), 150, false);
   EXPECT_EQ(List().TextColour(1), Key("solvcolor"));
   EXPECT_EQ(Score(1), 150);
   EXPECT_EQ(Row(2), "c2");
@@ -192,7 +194,7 @@ TEST_F(FrmPoStTest, CongratulatesWhenTheLastCaveIsSolved) {
   Caves(1);
   Open();
   EXPECT_FALSE(Shown("congratulation"));
-  window->Prosel(42, false);
+  window->Prosel(window->Slot(), 42, false);
   EXPECT_TRUE(Shown("congratulation"));
   EXPECT_EQ(List().Selected(), 1);
   for (const bool byKey : {false, true}) {
@@ -216,7 +218,7 @@ TEST_F(FrmPoStTest, CongratulatesWithoutALastBonusCaveOnceThatIsOpen) {
   Collection({"a", "bonus"});
   Open();
   EXPECT_FALSE(Shown("congratulation"));
-  window->Prosel(1, false);
+  window->Prosel(window->Slot(), 1, false);
   EXPECT_TRUE(Shown("congratulation"));
 }
 
@@ -441,12 +443,12 @@ TEST_F(FrmPoStTest, GoesOnWithACollectionThatVanishes) {
   Press(Qt::Key_Space);
   ASSERT_EQ(played.size(), 1);
   EXPECT_EQ(played.front().front().toByteArray().toStdString(), caves[0] + "---01");
-  window->Prosel(5, false);
+  window->Prosel(window->Slot(), 5, false);
   EXPECT_EQ(List().Selected(), 2);
 }
 
 TEST_F(FrmPoStTest, StaysHiddenWhenItsFirstCollectionCannotBeOpened) {
-  window = std::make_unique<FrmPoSt>(skin, folder.Paths());
+  window = std::make_unique<FrmPoSt>(skin, folder.Paths(), unstored);
   EXPECT_TRUE(window->LoadColl("/nowhere/a.zk", "Žofie"));
   EXPECT_FALSE(window->isVisible());
 }
@@ -454,10 +456,72 @@ TEST_F(FrmPoStTest, StaysHiddenWhenItsFirstCollectionCannotBeOpened) {
 TEST_F(FrmPoStTest, ReadsTheRecordsAnewWhenACollectionIsOpenedAgain) {
   Caves(2);
   Open();
-  window->Prosel(70, false);
+  window->Prosel(window->Slot(), 70, false);
   EXPECT_EQ(Score(1), 70);
   ASSERT_FALSE(window->LoadColl(CollectionPath(), "Žofie"));
   EXPECT_EQ(Score(1), 0) << "there is no record of that win";
+  EXPECT_EQ(List().Selected(), 1);
+}
+
+// The desktop may find out only when a cave is played.
+TEST_F(FrmPoStTest, TellsThatNoProgramTookTheLetterAsSoonAsItShowsAgain) {
+  Caves(1);
+  Open();
+  OpenFailed failed;
+  LetterOpeners openers;
+  openers.file = [&](const QString&, const OpenFailed& told) { failed = told; };
+  window = std::make_unique<FrmPoSt>(skin, folder.Paths(), unstored, openers);
+  EXPECT_FALSE(window->LoadColl(CollectionPath(), "Žofie"));
+  Press(Qt::Key_S);
+  window->hide();
+  {
+    const DialogScript nothing = {};
+    failed();
+    QTest::qWait(400);
+  }
+  window->show();
+  const DialogScript script = {test::Press(Qt::Key_Return)};
+  QTest::qWait(700);
+}
+
+TEST_F(FrmPoStTest, CountsAWinThatCouldNotBeStoredAndMarksIt) {
+  Caves(3);
+  Open();
+  unstored.Keep({window->Slot(), 70, "the record"});
+  EXPECT_FALSE(window->LoadColl(CollectionPath(), "Žofie"));
+  EXPECT_EQ(Score(1), 70);
+  EXPECT_EQ(Text("lblTotal"), "00070");
+  EXPECT_EQ(Row(2), "c2") << "it is open";
+  EXPECT_FALSE(List().Rows()[0].stored);
+  EXPECT_TRUE(List().Rows()[1].stored);
+  EXPECT_EQ(Text("lblRecord"), "Sada - c1.zkr\nZáznam není uložen (U)");
+
+  QSignalSpy wanted(window.get(), &FrmPoSt::StoreWanted);
+  Press(Qt::Key_U);
+  QTest::mouseClick(&Label("lblRecord"), Qt::LeftButton);
+  EXPECT_EQ(wanted.size(), 2);
+  ClickRow(2);
+  Press(Qt::Key_U);
+  EXPECT_EQ(wanted.size(), 2) << "there is nothing to be stored";
+}
+
+TEST_F(FrmPoStTest, CountsAnotherPlayersUnstoredWinForNobodyElse) {
+  Caves(2);
+  Open();
+  unstored.Keep({window->Slot(), 70, "the record"});
+  EXPECT_FALSE(window->LoadColl(CollectionPath(), "Adam"));
+  EXPECT_EQ(Score(1), 0);
+  EXPECT_TRUE(List().Rows()[0].stored);
+}
+
+TEST_F(FrmPoStTest, TakesNoWinOfACaveThatItDoesNotHave) {
+  Caves(2);
+  Open();
+  const RecordSlot slot = window->Slot();
+  Collection({"a", "b"});
+  EXPECT_FALSE(window->LoadColl(CollectionPath(), "Žofie"));
+  window->Prosel(slot, 70, false);
+  EXPECT_EQ(Score(1), 0);
   EXPECT_EQ(List().Selected(), 1);
 }
 
@@ -468,7 +532,7 @@ TEST_F(FrmPoStTest, KeepsEachPlayersRecordsApart) {
   EXPECT_EQ(Score(1), 10);
   ASSERT_FALSE(window->LoadColl(CollectionPath(), "Adam"));
   EXPECT_EQ(Score(1), 0);
-  EXPECT_EQ(window->RecordPath(), folder.Root() + "/Players/Adam/Sada - c1.zkr");
+  EXPECT_EQ(window->Slot().Path, folder.Root() + "/Players/Adam/Sada - c1.zkr");
 }
 
 TEST_F(FrmPoStTest, SpeaksTheLanguageOfTheSkin) {

@@ -107,7 +107,7 @@ class PostScreen : public PostHome {
       openedLinks.push_back(link.toString(QUrl::FullyEncoded));
       if (nothingOpens) failed();
     };
-    window = std::make_unique<FrmPoSt>(skin, folder.Paths(), openers);
+    window = std::make_unique<FrmPoSt>(skin, folder.Paths(), unstored, openers);
     const auto message = window->LoadColl(CollectionPath(), "Žofie");
     ASSERT_FALSE(message) << message->toStdString();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(window.get()));
@@ -120,6 +120,7 @@ class PostScreen : public PostHome {
   void Press(Qt::Key key) const { QTest::keyClick(window.get(), key); }
   void Click(const char* name) const { QTest::mouseClick(&Button(name), Qt::LeftButton); }
 
+  UnstoredWins unstored;
   std::unique_ptr<FrmPoSt> window;
   QStringList openedFiles;
   QStringList openedLinks;

@@ -271,28 +271,6 @@ TEST_F(StartOutside, FilesFromTheDesktopGoByTheirKind) {
   EXPECT_TRUE(QTest::qWaitFor([this] { return opened_->count() == 1; }));
   EXPECT_EQ(played_->at(0), QVariantList{At("jinde/Zaznam.ZKR")});
   EXPECT_EQ(opened_->at(0), (QVariantList{At("Caves/a.zk"), "Adam"}));
-  QTest::qWait(600);
-}
-
-TEST_F(StartOutside, AFileFromTheDesktopWaitsForTheDialogThatIsOpen) {
-  folder_.File("jinde/x.zkr", "record");
-  const DialogScript script = {[this](QWidget& dialog) {
-    start_->OpenFromOutside(At("jinde/x.zkr"));
-    QTest::qWait(300);
-    EXPECT_EQ(played_->count(), 0);
-    QTest::keyClick(&dialog, Qt::Key_Escape);
-  }};
-  Click("addplayer");
-  EXPECT_TRUE(QTest::qWaitFor([this] { return played_->count() == 1; }));
-}
-
-TEST_F(StartOutside, AFileFromTheDesktopWaitsWhileAnotherScreenIsThere) {
-  start_->hide();
-  start_->OpenFromOutside(At("Caves/a.zk"));
-  QTest::qWait(300);
-  EXPECT_EQ(opened_->count(), 0);
-  start_->show();
-  EXPECT_TRUE(QTest::qWaitFor([this] { return opened_->count() == 1; }));
 }
 
 TEST_F(StartOutside, HelpIsOpenedByTheDesktop) {

@@ -1,10 +1,13 @@
 #include <gtest/gtest.h>
 
+#include <QFileDialog>
 #include <QLabel>
 #include <QSignalSpy>
 
+#include "screens/DialogScript.h"
 #include "screens/FrmAnalyze.h"
 #include "screens/PostScreen.h"
+#include "screens/RecordKeeper.h"
 #include "screens/WinFlow.h"
 #include "support/Scene.h"
 
@@ -30,7 +33,7 @@ class WinFlowTest : public testing::Test, public test::PostScreen {
     analyze_.reset();
     Open();
     analyze_ = std::make_unique<FrmAnalyze>(skin, window.get());
-    flow_ = std::make_unique<WinFlow>(skin, folder.Paths(), *window, *analyze_);
+    flow_ = std::make_unique<WinFlow>(folder.Paths(), *window, *analyze_, keeper_);
     for (const auto& [name, signal] : std::initializer_list<std::pair<const char*, void (WinFlow::*)()>>{
              {"hide", &WinFlow::HideGame},
              {"start", &WinFlow::ShowStart},
@@ -59,13 +62,14 @@ class WinFlowTest : public testing::Test, public test::PostScreen {
   void Win(int cave, RunKind kind = RunKind::Play, const QString& player = "Žofie") {
     Hra hra = Won(cave, kind, player);
     points_ = hra.Win->BaseScore;
-    flow_->RunWon(hra);
+    flow_->RunWon(hra, window->Slot());
   }
 
   QString Seconds() const { return analyze_->findChild<QLabel*>("Label4")->text(); }
   void CloseScore() { QTest::keyClick(analyze_.get(), Qt::Key_Return); }
   bool Stored(int cave) const { return std::filesystem::exists(RecordPath(cave)); }
 
+  RecordKeeper keeper_{skin, unstored};
   std::unique_ptr<FrmAnalyze> analyze_;
   std::unique_ptr<WinFlow> flow_;
   QStringList events_;
@@ -175,7 +179,7 @@ TEST_F(WinFlowTest, AsksBeforeItReplacesABetterRecordThatAnotherGameHasStoredMea
   EXPECT_EQ(ReadRecordHead(lines).Score, 700);
 }
 
-TEST_F(WinFlowTest, ReplacesARecordOfAnotherCaveOrOfGarbageWithoutAQuestion) {
+TEST_F(WinFlowTest, ReplacesGarbageInThePlaceOfARecordWithoutAQuestion) {
   for (const char* bytes : {"garbage", "", "\r\n\r\n\r\n"}) {
     Collection({"a", "b"});
     ASSERT_TRUE(WriteWhole(RecordPath(1), bytes));
@@ -214,7 +218,7 @@ TEST_F(WinFlowTest, TellsWhenTheRecordCannotBeWrittenAndGoesOn) {
   QString text;
   const InDialog message([&](QWidget& box) {
     text = box.findChild<QLabel*>("lblText")->text().simplified();
-    QTest::keyClick(&box, Qt::Key_Return);
+    QTest::keyClick(&box, Qt::Key_Escape);
   });
   CloseScore();
   EXPECT_TRUE(message.Opened());
@@ -224,6 +228,208 @@ TEST_F(WinFlowTest, TellsWhenTheRecordCannotBeWrittenAndGoesOn) {
   CloseScore();
   EXPECT_EQ(Text("lblTotal").toInt(), points_);
   EXPECT_EQ(Text("lblCaveName"), "b") << "the win is not lost as long as the game runs";
+}
+
+TEST_F(WinFlowTest, ReplacesTheRecordOfWhatACaveWasBeforeItWasChangedWithoutAQuestion) {
+  Collection({"a"});
+  Record(1, 700);
+  caves[0] = test::OneStepCave("a", 51);
+  folder.Collection("a.zk", "Sada", caves);
+  Begin();
+  Win(1);
+  const InDialog question([](QWidget& box) { box.close(); });
+  CloseScore();
+  EXPECT_FALSE(question.Opened());
+  RecordLines lines(*ReadWhole(RecordPath(1)));
+  EXPECT_EQ(ReadRecordHead(lines).CaveText, caves[0] + "---00");
+}
+
+// The names of both caves are "ab" as soon as they are those of files.
+TEST_F(WinFlowTest, AsksBeforeItReplacesTheRecordOfAnotherCaveThatSharesItsFile) {
+  for (const bool yes : {false, true}) {
+    Collection({"a?b", "a:b"});
+    Record(2, 5);
+    Begin();
+    const std::string old = *ReadWhole(RecordPath(1));
+    Win(1);
+    QString text;
+    const InDialog question([&](QWidget& box) {
+      text = box.findChild<QLabel*>("lblText")->text();
+      QTest::keyClick(&box, yes ? Qt::Key_Y : Qt::Key_N);
+    });
+    CloseScore();
+    EXPECT_TRUE(question.Opened());
+    EXPECT_EQ(text.simplified(), "Ve stejném souboru je záznam jiné komnaty. Přepsat ho novým? Sada - a:b");
+    EXPECT_EQ(*ReadWhole(RecordPath(1)) != old, yes);
+    CloseScore();
+  }
+}
+
+TEST_F(WinFlowTest, AsksBeforeItReplacesTheRecordOfAnotherCaveOfTheSameName) {
+  Collection({"a", "a"});
+  caves[1] = test::OneStepCave("a", 51);
+  folder.Collection("a.zk", "Sada", caves);
+  Record(2, 5);
+  Begin();
+  Win(1);
+  const InDialog question([](QWidget& box) { QTest::keyClick(&box, Qt::Key_N); });
+  CloseScore();
+  EXPECT_TRUE(question.Opened());
+  RecordLines lines(*ReadWhole(RecordPath(1)));
+  EXPECT_EQ(ReadRecordHead(lines).CaveText, caves[1] + "---00");
+}
+
+TEST_F(WinFlowTest, StoresAWinInTheCaveThatItWasStartedIn) {
+  Start({"a", "b"});
+  Hra hra = Won(1);
+  const RecordSlot slot = window->Slot();
+  const std::string path = RecordPath(1);
+  Collection({"c", "d"});
+  EXPECT_FALSE(window->LoadColl(CollectionPath(), "Žofie"));
+  flow_->RunWon(hra, slot);
+  CloseScore();
+  CloseScore();
+  EXPECT_TRUE(std::filesystem::exists(path));
+  EXPECT_FALSE(Stored(1)) << "of the collection that is open by now";
+  EXPECT_EQ(Text("lblTotal"), "00000");
+}
+
+// Wins that cannot be stored, as a file stands in the place of the player's folder.
+class WinFlowUnstored : public WinFlowTest {
+ protected:
+  void SetUp() override {
+    Start({"a", "b"});
+    Spoil();
+  }
+
+  void Spoil() const {
+    std::filesystem::remove_all(PlayerFolder());
+    ASSERT_TRUE(WriteWhole(PlayerFolder(), "no folder"));
+  }
+  void Mend() const {
+    std::filesystem::remove(PlayerFolder());
+    std::filesystem::create_directories(PlayerFolder());
+  }
+
+  void WinAndAnswer(const test::DialogScript::Act& answer) {
+    Win(1);
+    const test::DialogScript script = {answer};
+    CloseScore();
+  }
+};
+
+TEST_F(WinFlowUnstored, AreKeptForLater) {
+  WinAndAnswer(test::Press(Qt::Key_L));
+  CloseScore();
+  ASSERT_EQ(unstored.All().size(), 1U);
+  EXPECT_EQ(unstored.All()[0].Run.Score, points_);
+  Mend();
+  unstored.StoreAll();
+  EXPECT_TRUE(Stored(1));
+  EXPECT_TRUE(unstored.All().empty());
+}
+
+TEST_F(WinFlowUnstored, AreTriedAgainAsOftenAsThePlayerLikes) {
+  Win(1);
+  const auto again = test::Press(Qt::Key_A);
+  const test::DialogScript script = {again, again, [&](QWidget& box) {
+                                       Mend();
+                                       again(box);
+                                     }};
+  CloseScore();
+  EXPECT_TRUE(Stored(1));
+  EXPECT_TRUE(unstored.All().empty());
+}
+
+TEST_F(WinFlowUnstored, AreSavedElsewhereAndStillKept) {
+  const QString place = QString::fromStdString(folder.Root() + "/jinde.zkr");
+  Win(1);
+  {
+    const test::DialogScript script = {test::Press(Qt::Key_S), [&](QWidget& dialog) {
+                                         auto& box = dynamic_cast<QFileDialog&>(dialog);
+                                         box.selectFile(place);
+                                         static_cast<QDialog&>(box).accept();
+                                       }};
+    CloseScore();
+  }
+  CloseScore();
+  RecordLines lines(*ReadWhole(place.toStdString()));
+  EXPECT_EQ(ReadRecordHead(lines).Score, points_);
+  EXPECT_EQ(unstored.All().size(), 1U) << "it is not among the player's records yet";
+  EXPECT_TRUE(unstored.AtRisk().empty());
+  const InDialog question([](QWidget& box) { box.close(); });
+  EXPECT_TRUE(keeper_.MayEnd(window.get()));
+  EXPECT_FALSE(question.Opened());
+}
+
+TEST_F(WinFlowUnstored, OfTwoCavesAreBothKept) {
+  WinAndAnswer(test::Press(Qt::Key_L));
+  CloseScore();
+  ASSERT_EQ(Text("lblCaveName"), "b");
+  Hra hra = Won(2);
+  flow_->RunWon(hra, window->Slot());
+  {
+    const test::DialogScript script = {test::Press(Qt::Key_L)};
+    CloseScore();
+  }
+  CloseScore();
+  EXPECT_EQ(unstored.All().size(), 2U);
+  Mend();
+  EXPECT_TRUE(keeper_.MayEnd(window.get()));
+  EXPECT_TRUE(Stored(1));
+  EXPECT_TRUE(Stored(2));
+}
+
+TEST_F(WinFlowUnstored, AreComparedWithTheNextWinOfTheirCave) {
+  WonRun better{window->Slot(), kPoints + 1, "the better record"};
+  unstored.Keep(better);
+  Win(1);
+  {
+    const test::DialogScript script = {[](QWidget& box) {
+      EXPECT_TRUE(box.findChild<QLabel*>("lblText")->text().startsWith("Při minulém hraní"));
+      QTest::keyClick(&box, Qt::Key_N);
+    }};
+    CloseScore();
+  }
+  CloseScore();
+  ASSERT_EQ(unstored.All().size(), 1U);
+  EXPECT_EQ(unstored.All()[0].Run.Bytes, better.Bytes);
+}
+
+TEST_F(WinFlowUnstored, AreNamedBeforeTheGameEnds) {
+  WinAndAnswer(test::Press(Qt::Key_L));
+  CloseScore();
+  const auto box = [](Qt::Key key) {
+    return [key](QWidget& dialog) {
+      EXPECT_TRUE(dialog.findChild<QLabel*>("lblText")->text().endsWith("\nSada - a"));
+      QTest::keyClick(&dialog, key);
+    };
+  };
+  {
+    const test::DialogScript script = {box(Qt::Key_A), box(Qt::Key_Escape)};
+    EXPECT_FALSE(keeper_.MayEnd(window.get())) << "trying again did not help, and Esc stays";
+  }
+  {
+    const test::DialogScript script = {box(Qt::Key_Q)};
+    EXPECT_TRUE(keeper_.MayEnd(window.get()));
+  }
+  const test::DialogScript script = {[&](QWidget& dialog) {
+    Mend();
+    QTest::keyClick(&dialog, Qt::Key_Return);
+  }};
+  EXPECT_TRUE(keeper_.MayEnd(window.get()));
+  EXPECT_TRUE(Stored(1));
+}
+
+TEST_F(WinFlowUnstored, NeverTakeThePlaceOfAnotherCaveUnasked) {
+  Mend();
+  Collection({"a?b", "a:b"});
+  Record(2, 5);
+  EXPECT_FALSE(window->LoadColl(CollectionPath(), "Žofie"));
+  unstored.Keep({window->Slot(), 70, "the record"});
+  unstored.StoreAll();
+  EXPECT_EQ(unstored.All().size(), 1U);
+  EXPECT_NE(*ReadWhole(RecordPath(2)), "the record");
 }
 
 TEST_F(WinFlowTest, ShowsTheScoreOfAReplayOnceAndStoresNothing) {
@@ -272,7 +478,7 @@ TEST_F(WinFlowTest, TellsWhenATestCannotBeStored) {
   QString text;
   const InDialog message([&](QWidget& box) {
     text = box.findChild<QLabel*>("lblText")->text().simplified();
-    QTest::keyClick(&box, Qt::Key_Return);
+    QTest::keyClick(&box, Qt::Key_Escape);
   });
   CloseScore();
   EXPECT_TRUE(message.Opened());
@@ -295,7 +501,7 @@ TEST_F(WinFlowTest, NeedsTheMachineNoLongerOnceItHasStarted) {
   Start({"a", "b"});
   {
     Hra hra = Won(1);
-    flow_->RunWon(hra);
+    flow_->RunWon(hra, window->Slot());
     ASSERT_FALSE(PaintCave(hra, caves[1] + "---02", RunKind::Play));
   }
   CloseScore();

@@ -1,4 +1,4 @@
-#include "editors/SaveBox.h"
+#include "screens/SaveBox.h"
 
 #include <QFileDialog>
 #include <QFileInfo>

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "data/RecordSlot.h"
+
+class QString;
+class QWidget;
+
+namespace zorik {
+
+class Skin;
+
+// Brings the records of won runs onto the disk. One that cannot be stored is kept in memory, and the player
+// may try again, save it elsewhere or leave it for later. The windows are those that the boxes stand over.
+class RecordKeeper {
+ public:
+  RecordKeeper(Skin& skin, UnstoredWins& wins) : skin_(skin), wins_(wins) {}
+
+  // Whether a win may take the place of what is known of its cave, and of what its file holds; the player is
+  // asked where either is better left alone.
+  bool MayReplace(const WonRun& run, QWidget* parent);
+
+  // Stores a win, and with it what could not be stored before.
+  void Store(const WonRun& run, QWidget* parent);
+
+  // The same question again for a win of this cave that is still kept.
+  void OfferAgain(const RecordSlot& slot, QWidget* parent);
+
+  // Whether the program may end: nothing is kept that would be lost, or the player leaves it.
+  bool MayEnd(QWidget* parent);
+
+ private:
+  bool MayReplaceOthers(const WonRun& run, QWidget* parent);
+  void Offer(const WonRun& run, QWidget* parent);
+  void Try(const WonRun& run, QWidget* parent);
+  bool SaveElsewhere(const WonRun& run, QWidget* parent);
+  QString ProposedPath(const WonRun& run) const;
+
+  Skin& skin_;
+  UnstoredWins& wins_;
+};
+
+}  // namespace zorik

@@ -1,0 +1,50 @@
+#include "screens/WaitSign.h"
+
+#include <QApplication>
+#include <QScreen>
+
+#include "screens/ShowText.h"
+#include "screens/SkinWindow.h"
+#include "screens/Tones.h"
+#include "skin/GameFont.h"
+
+namespace zorik {
+namespace {
+
+constexpr int kShownFor = 4000;  // milliseconds
+constexpr int kLetters = 16;
+constexpr int kPadding = 16;
+constexpr int kLineWidth = 420;
+constexpr int kTop = 60;  // below the upper edge of the screen
+constexpr qsizetype kMostCharacters = 400;
+
+}  // namespace
+
+WaitSign::WaitSign()
+    : QLabel(nullptr, Qt::ToolTip | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint |
+                          Qt::WindowDoesNotAcceptFocus | Qt::WindowTransparentForInput) {
+  setObjectName("waitSign");
+  setAttribute(Qt::WA_ShowWithoutActivating);
+  setTextFormat(Qt::PlainText);
+  setAlignment(Qt::AlignCenter);
+  setFont(GameFont(kLetters));
+  setMargin(kPadding);
+  setAutoFillBackground(true);
+  setPalette(PaletteOf(TonesOf(kPlainGround)));
+  timer_.setSingleShot(true);
+  timer_.setInterval(kShownFor);
+  timer_.callOnTimeout(this, &QWidget::hide);
+}
+
+void WaitSign::Say(const QString& text) {
+  setText(WrapText(text.left(kMostCharacters), fontMetrics(), kLineWidth).lines.join('\n'));
+  adjustSize();
+  const QWidget* const window = QApplication::activeWindow();
+  const QRect area = (window == nullptr ? screen() : window->screen())->availableGeometry();
+  move(area.center().x() - width() / 2, area.top() + kTop);
+  show();
+  raise();
+  timer_.start();
+}
+
+}  // namespace zorik

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QLabel>
+#include <QTimer>
+
+namespace zorik {
+
+// A remark that comes up above everything for a few seconds. It takes neither the focus nor the pointer, so
+// that whatever goes on below it goes on.
+class WaitSign : public QLabel {
+ public:
+  WaitSign();
+
+  void Say(const QString& text);
+
+ private:
+  QTimer timer_;
+};
+
+}  // namespace zorik
