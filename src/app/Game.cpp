@@ -127,7 +127,7 @@ void Game::ConnectEditors() {
   connect(&frmSada_, &FrmSada::EditCave, this, &Game::EditCave);
   connect(&frmSada_, &FrmSada::Closed, this, [this] {
     ShowStart();
-    frmStart2_.SelectFile(QString::fromStdString(frmSada_.Sada().FileName()));
+    frmStart2_.SelectFile(PathText(frmSada_.Sada().FileName()));
   });
   connect(&frmMain_, &FrmMain::Done, this,
           [this](const std::string& text) { frmSada_.CaveDone(QByteArray::fromStdString(text)); });

@@ -346,7 +346,7 @@ bool FrmPoSt::IsStored(int number) const {
 void FrmPoSt::ShowRecord(bool solved) {
   const bool stored = IsStored(selection_->Selected());
   const QString name = Shown(selection_->RecordName());
-  const QString path = QString::fromStdString(selection_->RecordPath());
+  const QString path = PathText(selection_->RecordPath());
   const QColor hover = skin_.Colour("select.collauthor.hovercolor", kPlainText);
   lblRecord_->SetLink(stored ? QColor() : hover, stored && solved ? path : QString());
   lblRecord_->SetText(!solved ? QString() : stored ? name : name + '\n' + kNotKeptWords.In(skin_));

@@ -331,7 +331,7 @@ TEST_F(WinFlowUnstored, AreKeptForLater) {
 
 TEST_F(WinFlowUnstored, AreTriedAgainAsOftenAsThePlayerLikes) {
   Win(1);
-  const auto again = test::Press(Qt::Key_A);
+  const auto again = test::Press(Qt::Key_R);
   const test::DialogScript script = {again, again, [&](QWidget& box) {
                                        Mend();
                                        again(box);
@@ -406,7 +406,7 @@ TEST_F(WinFlowUnstored, AreNamedBeforeTheGameEnds) {
     };
   };
   {
-    const test::DialogScript script = {box(Qt::Key_A), box(Qt::Key_Escape)};
+    const test::DialogScript script = {box(Qt::Key_R), box(Qt::Key_Escape)};
     EXPECT_FALSE(keeper_.MayEnd(window.get())) << "trying again did not help, and Esc stays";
   }
   {
