@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <array>
-#include <optional>
+#include <chrono>
 #include <utility>
 
 namespace zorik {
@@ -38,6 +38,53 @@ bool IsCommand(int key) {
          std::find(kCommands.begin(), kCommands.end(), key) != kCommands.end();
 }
 
+bool IsModifier(int key) {
+  return key == kKeyShift || key == kKeyCtrl || key == kKeySpace;
+}
+
+bool IsArrow(int key) {
+  return key >= kKeyLeft && key <= kKeyDown;
+}
+
+// These mean something else together with a key of action.
+bool HeedsModifiers(int key) {
+  return IsArrow(key) || key == kKeyTab || key == kKeyR;
+}
+
+constexpr int kNoRank = 5;
+
+// Where a tick reads a key: the unit is changed before it steps, and S and A are for the step after that.
+int Rank(int key) {
+  if (key == kKeyTab) return 0;
+  if (key >= kKeyPad0 && key <= kKeyPad9) return 1;
+  if (IsArrow(key)) return 2;
+  if (key == kKeyS) return 3;
+  return key == kKeyA ? 4 : kNoRank;
+}
+
+struct ModifierRow {
+  Qt::KeyboardModifier flag;
+  int meaning;
+  int key;
+};
+constexpr std::array kModifiers{ModifierRow{Qt::ShiftModifier, Qt::Key_Shift, kKeyShift},
+                                ModifierRow{Qt::ControlModifier, Qt::Key_Control, kKeyCtrl}};
+
+// Where a key lies of which no place is known.
+std::uint64_t PlaceByMeaning(int key) {
+  return std::uint64_t{1} << 32U | static_cast<std::uint32_t>(key);
+}
+
+// A hand that lets go of a chord does not lift all fingers at once.
+constexpr std::int64_t kLinger = 150;  // milliseconds
+// Nobody wants to see what he pressed longer ago.
+constexpr std::size_t kMostTurns = 3;
+
+std::int64_t SteadyMilliseconds() {
+  using std::chrono::milliseconds, std::chrono::steady_clock;
+  return std::chrono::duration_cast<milliseconds>(steady_clock::now().time_since_epoch()).count();
+}
+
 }  // namespace
 
 int GameKey(const QKeyEvent& event) {
@@ -50,39 +97,148 @@ int GameKey(const QKeyEvent& event) {
   return row == kKeys.end() ? -1 : row->second;
 }
 
-std::uint64_t Keyboard::PlaceOf(const QKeyEvent& event) {
-  constexpr std::uint64_t kByMeaning = std::uint64_t{1} << 32U;  // events that nobody's finger made
+std::uint64_t PlaceOfKey(const QKeyEvent& event) {
   if (event.nativeScanCode() != 0) return event.nativeScanCode();
-  const int key = event.key() == Qt::Key_Backtab ? static_cast<int>(Qt::Key_Tab) : event.key();
-  return kByMeaning | static_cast<std::uint32_t>(key);
+  return PlaceByMeaning(event.key() == Qt::Key_Backtab ? static_cast<int>(Qt::Key_Tab) : event.key());
+}
+
+bool Keyboard::Turn::Heeds() const {
+  for (int key = 0; key < 256; ++key) {
+    if (keys[static_cast<std::size_t>(key)] && HeedsModifiers(key)) return true;
+  }
+  return false;
+}
+
+// Keys of action that go down one after the other count as one chord until another key makes use of them.
+bool Keyboard::Turn::Takes(int key, const KeySet& with) const {
+  const int its = Rank(key);
+  const bool again = its == rank && keys[static_cast<std::size_t>(key)];
+  if (its != kNoRank && its <= rank && !again) return false;
+  if (!HeedsModifiers(key) || !modifiers || *modifiers == with) return true;
+  return !Heeds() && (*modifiers & ~with).none();
+}
+
+Keyboard::Keyboard(Clock clock) : clock_(clock ? std::move(clock) : SteadyMilliseconds) {}
+
+// Some desktops send the repeats of a held key as if it had been let go and pressed anew in the same moment.
+bool Keyboard::GoesOn(const QKeyEvent& event) {
+  const std::uint64_t place = PlaceOfKey(event);
+  if (held_.contains(place)) return true;
+  return event.timestamp() != 0 && released_ && released_->place == place &&
+         released_->time == event.timestamp();
+}
+
+bool Keyboard::Waits(int key) const {
+  return std::any_of(turns_.begin(), turns_.end(),
+                     [key](const Turn& turn) { return turn.keys[static_cast<std::size_t>(key)]; });
+}
+
+Keyboard::KeySet Keyboard::Modifiers() const {
+  KeySet down;
+  for (const auto& [place, key] : held_) {
+    if (IsModifier(key)) down.set(static_cast<std::size_t>(key));
+  }
+  return down;
+}
+
+Keyboard::Turn& Keyboard::NewTurn() {
+  if (turns_.size() == kMostTurns) turns_.pop_front();
+  return turns_.emplace_back();
 }
 
 void Keyboard::Press(const QKeyEvent& event) {
   const int key = GameKey(event);
   if (key < 0) return;
   if (IsCommand(key)) {
-    tapped_.set(static_cast<std::size_t>(key));
+    if (!event.isAutoRepeat() || !Waits(key)) PressOther(key, event);
     return;
   }
   if (event.isAutoRepeat()) return;
-  held_[PlaceOf(event)] = key;
-  tapped_.set(static_cast<std::size_t>(key));
+  const bool goesOn = GoesOn(event);
+  held_[PlaceOfKey(event)] = key;
+  if (goesOn) return;
+  if (IsModifier(key)) {
+    PressModifier(key);
+  } else {
+    PressOther(key, event);
+  }
+}
+
+// A key of action that comes a little later than the arrow, which is still held and not read yet, is meant
+// for it; a press that is over stays what it was.
+void Keyboard::PressModifier(int key) {
+  if (chord_) chord_->until.reset();
+  const auto place = static_cast<std::size_t>(key);
+  const bool late = !turns_.empty() && turns_.back().Heeds();
+  if (late && chord_ && turns_.back().keys[static_cast<std::size_t>(chord_->key)]) {
+    turns_.back().modifiers->set(place);
+    chord_->with.set(place);
+    return;
+  }
+  Turn& turn = late || turns_.empty() ? NewTurn() : turns_.back();
+  turn.modifiers = turn.modifiers.value_or(KeySet()) | Modifiers();
+}
+
+// Of a key that has been down since another window had the keys, only the next press tells.
+void Keyboard::Recall(const QKeyEvent& event) {
+  for (const ModifierRow& row : kModifiers) {
+    if (event.modifiers().testFlag(row.flag) && !Modifiers()[static_cast<std::size_t>(row.key)])
+      held_[PlaceByMeaning(row.meaning)] = row.key;
+  }
+}
+
+void Keyboard::PressOther(int key, const QKeyEvent& event) {
+  Recall(event);
+  const KeySet with = Modifiers();
+  Turn& turn = !turns_.empty() && turns_.back().Takes(key, with) ? turns_.back() : NewTurn();
+  turn.keys.set(static_cast<std::size_t>(key));
+  if (Rank(key) != kNoRank) turn.rank = Rank(key);
+  if (HeedsModifiers(key)) turn.modifiers = with;
+  if (IsArrow(key)) chord_ = Chord{PlaceOfKey(event), key, with, std::nullopt};
 }
 
 void Keyboard::Release(const QKeyEvent& event) {
-  if (!event.isAutoRepeat()) held_.erase(PlaceOf(event));
+  if (event.isAutoRepeat()) return;
+  const std::uint64_t place = PlaceOfKey(event);
+  released_ = Released{place, event.timestamp()};
+  held_.erase(place);
+  if (IsModifier(GameKey(event))) held_.erase(PlaceByMeaning(event.key()));
+  if (chord_ && chord_->place == place) chord_.reset();
+  EndChord();
+}
+
+// The arrow of a chord that is still down acts for a moment longer, and does not lead into what lies there.
+void Keyboard::EndChord() {
+  if (chord_ && !chord_->until && chord_->with.any() && (chord_->with & Modifiers()).none())
+    chord_->until = clock_() + kLinger;
+}
+
+Keyboard::KeySet Keyboard::Lingering() {
+  if (!chord_ || !chord_->until) return {};
+  if (clock_() < *chord_->until) return chord_->with;
+  chord_.reset();
+  return {};
 }
 
 void Keyboard::ReleaseAll() {
   held_.clear();
-  tapped_.reset();
+  turns_.clear();
+  chord_.reset();
+  released_.reset();
 }
 
 KeySnapshot Keyboard::Take() {
+  Turn turn;
+  if (!turns_.empty()) {
+    turn = turns_.front();
+    turns_.pop_front();
+  }
   KeySnapshot keys;
-  keys.down = tapped_;
-  for (const auto& [place, key] : held_) keys.down.set(static_cast<std::size_t>(key));
-  tapped_.reset();
+  keys.down = turn.keys;
+  for (const auto& [place, key] : held_) {
+    if (!IsModifier(key) && !Waits(key)) keys.down.set(static_cast<std::size_t>(key));
+  }
+  keys.down |= turn.modifiers ? *turn.modifiers : Modifiers() | Lingering();
   return keys;
 }
 

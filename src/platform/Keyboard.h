@@ -3,7 +3,10 @@
 #include <QKeyEvent>
 #include <bitset>
 #include <cstdint>
+#include <deque>
+#include <functional>
 #include <map>
+#include <optional>
 
 #include "core/Keys.h"
 
@@ -13,11 +16,22 @@ namespace zorik {
 // are those of the numeric keypad; its arrows, with the number lock off, are arrows.
 int GameKey(const QKeyEvent& event);
 
+// A key is known again by its place on the keyboard: what it means may change with other keys while it is
+// held.
+std::uint64_t PlaceOfKey(const QKeyEvent& event);
+
 // Gathers key events into one snapshot for each tick. A key that is held, or was tapped since the last tick,
 // is down. Keys that give commands are down once for each press and each repeat; a repeat of any other key
 // means nothing.
+// The keys of action that are held when a key goes down belong to that press and come with it, however soon
+// they are up again. What was pressed later and would turn an earlier press into something else waits for the
+// next tick.
 class Keyboard {
  public:
+  using Clock = std::function<std::int64_t()>;  // milliseconds
+
+  explicit Keyboard(Clock clock = {});
+
   void Press(const QKeyEvent& event);
   void Release(const QKeyEvent& event);
 
@@ -28,12 +42,46 @@ class Keyboard {
   KeySnapshot Take();
 
  private:
-  // A key is known again by its place on the keyboard: what it means may change with other keys while it is
-  // held.
-  static std::uint64_t PlaceOf(const QKeyEvent& event);
+  using KeySet = std::bitset<256>;
 
+  // What goes down in one tick.
+  struct Turn {
+    KeySet keys;                      // without those of action
+    std::optional<KeySet> modifiers;  // keys of action that belong to the presses, once that matters
+    int rank = -1;                    // of the last key, in the order in which a tick reads them
+
+    bool Heeds() const;  // holds a press that is another one with another key of action
+    bool Takes(int key, const KeySet& with) const;
+  };
+
+  // An arrow that went down together with keys of action.
+  struct Chord {
+    std::uint64_t place;
+    int key;
+    KeySet with;
+    std::optional<std::int64_t> until;  // once these have been let go
+  };
+
+  bool GoesOn(const QKeyEvent& event);
+  bool Waits(int key) const;
+  KeySet Modifiers() const;
+  Turn& NewTurn();
+  void Recall(const QKeyEvent& event);
+  void PressModifier(int key);
+  void PressOther(int key, const QKeyEvent& event);
+  void EndChord();
+  KeySet Lingering();
+
+  struct Released {
+    std::uint64_t place;
+    std::uint64_t time;
+  };
+
+  Clock clock_;
   std::map<std::uint64_t, int> held_;  // game key by place
-  std::bitset<256> tapped_;            // since the last tick
+  std::deque<Turn> turns_;             // since the last tick
+  std::optional<Chord> chord_;
+  std::optional<Released> released_;  // the last
 };
 
 }  // namespace zorik

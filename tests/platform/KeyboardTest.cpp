@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <map>
 #include <vector>
 
 #include "platform/Keyboard.h"
@@ -160,6 +162,220 @@ TEST(Keyboard, KnowsTheKeysOfAction) {
 TEST(Keyboard, DisregardsAllOtherKeys) {
   Keyboard keyboard;
   for (const int key : {Qt::Key_Q, Qt::Key_Return, Qt::Key_F1, Qt::Key_Clear}) keyboard.Press(Pressed(key));
+  EXPECT_EQ(Down(keyboard.Take()), Codes{});
+}
+
+// What a hand does, and when, in milliseconds.
+struct Move {
+  int at;
+  bool down;
+  Qt::Key key;
+  Qt::KeyboardModifiers modifiers;  // as they were before
+};
+
+// The snapshots of a keyboard that is asked in a beat while a hand moves.
+std::vector<Codes> Heard(std::vector<Move> moves, int interval, int phase) {
+  std::int64_t now = 0;
+  Keyboard keyboard([&now] { return now; });
+  std::vector<Codes> heard;
+  std::stable_sort(moves.begin(), moves.end(), [](const Move& a, const Move& b) { return a.at < b.at; });
+  auto next = moves.begin();
+  for (; now < 1500; ++now) {
+    for (; next != moves.end() && next->at == now; ++next) {
+      if (next->down) {
+        keyboard.Press(Pressed(next->key, next->modifiers));
+      } else {
+        keyboard.Release(Released(next->key, next->modifiers));
+      }
+    }
+    if ((now + phase) % interval == 0) heard.push_back(Down(keyboard.Take()));
+  }
+  return heard;
+}
+
+bool Has(const Codes& codes, int key) {
+  return std::find(codes.begin(), codes.end(), key) != codes.end();
+}
+
+// Every interval of play, and every fifth place of the beat in which a hand may begin.
+template <class Check>
+void AtEverySpeed(const Check& check) {
+  for (int interval = 17; interval <= 181; interval = interval == 17 ? 21 : interval + 20) {
+    for (int phase = 0; phase < interval; phase += 5) check(interval, phase);
+  }
+}
+
+constexpr int kHolds[] = {5, 20, 40, 60, 100, 150};
+
+TEST(Keyboard, RestartsOnceForEveryCtrlAndRHoweverShortEitherIs) {
+  AtEverySpeed([](int interval, int phase) {
+    for (const int hold : kHolds) {
+      for (const int ctrlUp : {1, hold / 2, hold, hold + 60}) {
+        const auto heard = Heard({{100, true, Qt::Key_Control, {}},
+                                  {160, true, Qt::Key_R, Qt::ControlModifier},
+                                  {160 + ctrlUp, false, Qt::Key_Control, Qt::ControlModifier},
+                                  {160 + hold, false, Qt::Key_R, {}}},
+                                 interval, phase);
+        const auto restarts = std::count_if(heard.begin(), heard.end(), [](const Codes& codes) {
+          return Has(codes, kKeyR) && Has(codes, kKeyCtrl);
+        });
+        EXPECT_EQ(restarts, 1) << interval << ' ' << phase << ' ' << hold << ' ' << ctrlUp;
+      }
+    }
+  });
+}
+
+TEST(Keyboard, ActsAndNeverWalksForAnArrowThatWentDownWithAKeyOfAction) {
+  const std::map<Qt::Key, Qt::KeyboardModifiers> modifiers{
+      {Qt::Key_Shift, Qt::ShiftModifier}, {Qt::Key_Control, Qt::ControlModifier}, {Qt::Key_Space, {}}};
+  AtEverySpeed([&modifiers](int interval, int phase) {
+    for (const auto& [key, flag] : modifiers) {
+      for (const int hold : kHolds) {
+        for (const int up : {1, hold / 2, hold, hold + 60}) {
+          const auto heard = Heard({{100, true, key, {}},
+                                    {160, true, Qt::Key_Right, flag},
+                                    {160 + up, false, key, flag},
+                                    {160 + hold, false, Qt::Key_Right, {}}},
+                                   interval, phase);
+          int acts = 0;
+          for (const Codes& codes : heard) {
+            if (!Has(codes, kKeyRight)) continue;
+            ++acts;
+            EXPECT_EQ(codes.size(), 2U) << "walked: " << interval << ' ' << phase << ' ' << hold << ' ' << up;
+          }
+          EXPECT_GE(acts, 1) << "lost: " << interval << ' ' << phase << ' ' << hold << ' ' << up;
+        }
+      }
+    }
+  });
+}
+
+TEST(Keyboard, StepsBackForShiftAndTabHoweverSoonShiftIsUp) {
+  AtEverySpeed([](int interval, int phase) {
+    for (const int hold : kHolds) {
+      const auto heard = Heard({{100, true, Qt::Key_Shift, {}},
+                                {130, true, Qt::Key_Backtab, Qt::ShiftModifier},
+                                {131, false, Qt::Key_Shift, Qt::ShiftModifier},
+                                {130 + hold, false, Qt::Key_Tab, {}}},
+                               interval, phase);
+      std::vector<Codes> tabs;
+      std::copy_if(heard.begin(), heard.end(), std::back_inserter(tabs),
+                   [](const Codes& codes) { return Has(codes, kKeyTab); });
+      EXPECT_EQ(tabs, (std::vector<Codes>{{kKeyTab, kKeyShift}})) << interval << ' ' << phase << ' ' << hold;
+    }
+  });
+}
+
+TEST(Keyboard, WalksForAPressThatWasOverBeforeShiftWentDown) {
+  AtEverySpeed([](int interval, int phase) {
+    const auto heard = Heard({{100, true, Qt::Key_Right, {}},
+                              {120, false, Qt::Key_Right, {}},
+                              {125, true, Qt::Key_Shift, {}},
+                              {130, true, Qt::Key_Down, Qt::ShiftModifier},
+                              {140, false, Qt::Key_Down, Qt::ShiftModifier},
+                              {145, false, Qt::Key_Shift, Qt::ShiftModifier}},
+                             interval, phase);
+    int walks = 0;
+    int acts = 0;
+    for (const Codes& codes : heard) {
+      if (codes.empty()) continue;
+      EXPECT_TRUE(codes == Codes{kKeyRight} || codes == Codes{kKeyShift} ||
+                  codes == (Codes{kKeyShift, kKeyDown}))
+          << interval << ' ' << phase;
+      walks += Has(codes, kKeyRight) ? 1 : 0;
+      acts += Has(codes, kKeyDown) ? 1 : 0;
+    }
+    EXPECT_GE(walks, 1) << interval << ' ' << phase;
+    EXPECT_GE(acts, 1) << interval << ' ' << phase;
+  });
+}
+
+TEST(Keyboard, LosesNoneOfTwoArrowsThatAreTappedOneAfterTheOther) {
+  AtEverySpeed([](int interval, int phase) {
+    const auto heard = Heard({{100, true, Qt::Key_Right, {}},
+                              {110, false, Qt::Key_Right, {}},
+                              {120, true, Qt::Key_Left, {}},
+                              {130, false, Qt::Key_Left, {}}},
+                             interval, phase);
+    std::vector<int> steps;
+    for (const Codes& codes : heard) steps.insert(steps.end(), codes.begin(), codes.end());
+    EXPECT_EQ(steps, (Codes{kKeyRight, kKeyLeft})) << interval << ' ' << phase;
+  });
+}
+
+TEST(Keyboard, KeepsTheOrderOfKeysThatATickReadsInAnother) {
+  const std::vector<std::pair<Qt::Key, Qt::Key>> pairs{
+      {Qt::Key_S, Qt::Key_Right}, {Qt::Key_A, Qt::Key_S}, {Qt::Key_Right, Qt::Key_Tab}};
+  for (const auto& [first, second] : pairs) {
+    const auto heard = Heard(
+        {{10, true, first, {}}, {20, false, first, {}}, {30, true, second, {}}, {40, false, second, {}}}, 100,
+        0);
+    ASSERT_GE(heard.size(), 3U);
+    EXPECT_EQ(heard[1], Codes{GameKey(Pressed(first))});
+    EXPECT_EQ(heard[2], Codes{GameKey(Pressed(second))});
+  }
+}
+
+TEST(Keyboard, WalksWithAnArrowThatIsHeldAMomentAfterShiftWasLetGo) {
+  std::int64_t now = 0;
+  Keyboard keyboard([&now] { return now; });
+  keyboard.Press(Pressed(Qt::Key_Shift));
+  keyboard.Press(Pressed(Qt::Key_Right, Qt::ShiftModifier));
+  EXPECT_EQ(Down(keyboard.Take()), (Codes{kKeyShift, kKeyRight}));
+  now = 1000;
+  keyboard.Release(Released(Qt::Key_Shift, Qt::ShiftModifier));
+  now = 1149;
+  EXPECT_EQ(Down(keyboard.Take()), (Codes{kKeyShift, kKeyRight}));
+  now = 1150;
+  EXPECT_EQ(Down(keyboard.Take()), Codes{kKeyRight});
+}
+
+TEST(Keyboard, WalksAtOnceWithAnotherArrowAfterShiftWasLetGo) {
+  std::int64_t now = 0;
+  Keyboard keyboard([&now] { return now; });
+  keyboard.Press(Pressed(Qt::Key_Shift));
+  keyboard.Press(Pressed(Qt::Key_Right, Qt::ShiftModifier));
+  keyboard.Take();
+  keyboard.Release(Released(Qt::Key_Shift, Qt::ShiftModifier));
+  keyboard.Press(Pressed(Qt::Key_Up));
+  EXPECT_EQ(Down(keyboard.Take()), (Codes{kKeyUp, kKeyRight}));
+}
+
+TEST(Keyboard, KnowsShiftThatWentDownInAnotherWindow) {
+  Keyboard keyboard;
+  keyboard.Press(AtPlace(QEvent::KeyPress, 114, Qt::Key_Right, Qt::ShiftModifier));
+  EXPECT_EQ(Down(keyboard.Take()), (Codes{kKeyShift, kKeyRight}));
+  EXPECT_EQ(Down(keyboard.Take()), (Codes{kKeyShift, kKeyRight}));
+  keyboard.Release(AtPlace(QEvent::KeyRelease, 114, Qt::Key_Right, Qt::ShiftModifier));
+  keyboard.Release(AtPlace(QEvent::KeyRelease, 50, Qt::Key_Shift, Qt::ShiftModifier));
+  EXPECT_EQ(Down(keyboard.Take()), Codes{});
+}
+
+TEST(Keyboard, HoldsAKeyOnWhoseRepeatsDoNotCallThemselvesRepeats) {
+  Keyboard keyboard;
+  keyboard.Press(Pressed(Qt::Key_S));
+  keyboard.Take();
+  for (quint64 time = 600; time < 800; time += 40) {
+    QKeyEvent up = Released(Qt::Key_S);
+    QKeyEvent down = Pressed(Qt::Key_S);
+    up.setTimestamp(time);
+    down.setTimestamp(time);
+    keyboard.Release(up);
+    keyboard.Press(down);
+  }
+  keyboard.Press(Pressed(Qt::Key_Left));
+  EXPECT_EQ(Down(keyboard.Take()), (Codes{kKeyLeft, kKeyS})) << "nothing but the arrow is new";
+}
+
+TEST(Keyboard, IsNeverMoreThanAFewTicksBehindTheHand) {
+  Keyboard keyboard;
+  for (int i = 0; i < 20; ++i) {
+    for (const Qt::Key key : {Qt::Key_Left, Qt::Key_Right}) {
+      keyboard.Press(Pressed(key));
+      keyboard.Release(Released(key));
+    }
+  }
+  for (int i = 0; i < 3; ++i) EXPECT_FALSE(Down(keyboard.Take()).empty());
   EXPECT_EQ(Down(keyboard.Take()), Codes{});
 }
 
