@@ -10,7 +10,15 @@ class Skin;
 
 // The set of buttons of a message box. The last two are for what could not be stored: try again, save it
 // elsewhere, or leave it for later; when the game is about to end, stay in it or leave without.
-enum class MsgButtons { Ok = 0, OkCancel = 1, YesNo = 2, YesNoCancel = 3, RetryCancel = 5, NotStored, NotStoredAtEnd };
+enum class MsgButtons {
+  Ok = 0,
+  OkCancel = 1,
+  YesNo = 2,
+  YesNoCancel = 3,
+  RetryCancel = 5,
+  NotStored,
+  NotStoredAtEnd
+};
 
 // The picture beside the text. OfSet is the one that belongs to the set of buttons: none for OK alone,
 // Exclamation with cancel, Question for yes and no.

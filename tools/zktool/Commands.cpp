@@ -231,7 +231,9 @@ Exit PrintHelp(std::ostream& out) {
 }
 
 Exit PrintHelp(const Command& command, std::ostream& out) {
-  out << "usage: " << UsageOf(command) << "\n\n" << command.summary << "\n\n" << command.details << "\n"
+  out << "usage: " << UsageOf(command) << "\n\n"
+      << command.summary << "\n\n"
+      << command.details << "\n"
       << "The exit codes are listed by zktool --help.\n";
   return Exit::Fine;
 }
