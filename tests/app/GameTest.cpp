@@ -341,7 +341,7 @@ TEST_F(GameTest, OffersTheCavesThatCameWithTheGameAndListsThemAtOnce) {
   paths.CavesPath = folder.Root();
   paths.ShippedCaves = shipped.Root() + "/Caves";
   game.reset();
-  game = std::make_unique<Game>(paths, settings);
+  game = std::make_unique<Game>(paths, settings, *inbox);
   const DialogScript script = {test::Press(Qt::Key_Return)};
   game->Begin();
   ASSERT_TRUE(Wait(Shows<FrmStart2>));

@@ -345,7 +345,8 @@ TEST_F(DownloaderTest, StartsTheGameWhenNoneRuns) {
 
 // A shell hands over any bytes; the toolkit's own start of a program does not.
 TEST_F(DownloaderTest, HandsOverNamesThatAreNoUtf8) {
-  const Inbox game([this](const QString& path) { arrived_.push_back(path); });
+  Inbox game(InboxPlace(folder_.filePath("domov").toStdString()));
+  game.Deliver([this](const QString& path) { arrived_.push_back(path); });
   ASSERT_TRUE(game.Listening());
   const QByteArray program = folder_.filePath("downloader").toUtf8();
   const auto run = [&](const QByteArray& file) {
