@@ -113,7 +113,7 @@ Warnings, with file and line, tell what can be packed but is seldom meant: a let
 number that the game cannot use (slime above 8, colouring above 14, time below 5, the times of magic wall and
 amoeba outside 1 to 150 in a cave that has them), a cave larger than 100 x 60, dogs that are missing or stand
 there twice, no finish, fewer gems than the finish needs where nothing in the cave makes more, an open cave
-that there is none of, a line that would be read as a cave.
+that there is none of, a line that is read as a cave and holds none.
 
   --strict  take these for failures: nothing is written
 )";

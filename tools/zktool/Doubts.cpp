@@ -178,13 +178,9 @@ class MainFile {
     doubts_.push_back(FailureAt(kMainFile, line, message).message);
   }
 
-  static bool IsPlainLine(const ReadableEntry& entry) {
-    return entry.key == "line" || entry.key == "congratulation";
-  }
-
   int CaveCount() const {
     return static_cast<int>(std::count_if(entries_.begin(), entries_.end(), [](const ReadableEntry& entry) {
-      return entry.key == "cave" || (IsPlainLine(entry) && EndsWithMarker(entry.Text()));
+      return entry.key == "cave" || (entry.key == "line" && EndsWithMarker(entry.Text()));
     }));
   }
 
@@ -204,9 +200,7 @@ class MainFile {
   void Lines() {
     for (const ReadableEntry& entry : entries_) {
       const std::string text = entry.Text();
-      if (!IsPlainLine(entry) || !EndsWithMarker(text)) continue;
-      if (entry.key == "congratulation")
-        Add(entry.number, "a congratulation that ends in \"---\" and two more characters is read as a cave");
+      if (entry.key != "line" || !EndsWithMarker(text)) continue;
       const Result<CaveRecord> cave = ParseCaveText(text);
       if (!cave) Add(entry.number, "the game cannot open the collection with this cave: " + cave.Message());
     }
