@@ -62,6 +62,7 @@ FrmSLang::FrmSLang(Skin& skin, Settings& settings, QWidget* parent)
   Command2_->setObjectName("Command2");
   Command2_->setDefault(true);
   Combo1_->setMinimumWidth(kLeastWidth);
+  Combo1_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
 
   auto* const rows = new QVBoxLayout(this);
   rows->setContentsMargins(kMargin, kMargin, kMargin, kMargin);

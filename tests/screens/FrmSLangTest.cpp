@@ -54,6 +54,12 @@ TEST_F(FrmSLangTest, ListsEveryFolderOnceAndSelectsThePresentSkin) {
   EXPECT_EQ(Combo1().currentText(), "Default");
 }
 
+TEST_F(FrmSLangTest, StaysOnTheScreenHoweverLongTheNameOfASkinIs) {
+  skin_.File("../../" + std::string(200, 'x') + "/Menu/readme.txt", "nothing for the game");
+  FrmSLang window(skin_.Skin(), settings_, nullptr);
+  EXPECT_LT(window.sizeHint().width(), 400);
+}
+
 TEST_F(FrmSLangTest, AChoiceCountsAtOnce) {
   const QSignalSpy changed(window_.get(), &FrmSLang::SkinChanged);
   EXPECT_EQ(Button("Command1").text(), "O skinu...");
