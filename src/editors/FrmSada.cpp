@@ -187,7 +187,7 @@ void FrmSada::TellSaved(const SadaModel::SaveReport& report) {
 
 QString FrmSada::AskWhereElse(const QString& path) {
   const QString question =
-      kNotStoredWords.Before(skin_) + '\n' + ShownPath(path) + "\n\n" + kStillHereWords.In(skin_);
+      kNotStoredWords.In(skin_) + '\n' + ShownPath(path) + "\n\n" + kStillHereWords.In(skin_);
   switch (SkinMsgBox(skin_, this, question, MsgButtons::YesNoCancel, MsgIcon::Exclamation, skin_.Text(99))) {
     case MsgResult::Yes:
       return path;
@@ -205,7 +205,7 @@ bool FrmSada::FitsFile() {
   const QString lengths =
       FillMarks(kTooLongWords.In(skin_), QString::number(tooLong->length), QString::number(tooLong->most));
   Tell(skin_, this, skin_.Text(99),
-       kNotStoredWords.Before(skin_) + '\n' + skin_.Text(LabelOf(tooLong->text)) + ": " + lengths);
+       kNotStoredWords.In(skin_) + '\n' + skin_.Text(LabelOf(tooLong->text)) + ": " + lengths);
   boxes_->Box(tooLong->text)->setFocus();
   return false;
 }

@@ -35,7 +35,7 @@ QString BringIn(Skin& skin, QWidget& window, const QString& path, const std::str
   if (!agrees(kCopyQuestion)) return path;
   const auto copy = CopyColl(PathBytes(path), folder);
   if (!copy) {
-    Tell(skin, &window, skin.Text(kFaultTitle), kNotStoredWords.Before(skin) + '\n' + ShownPath(folder));
+    Tell(skin, &window, skin.Text(kFaultTitle), kNotStoredWords.In(skin) + '\n' + ShownPath(folder));
     return path;
   }
   if (agrees(kDeleteQuestion) && !PutAway(path)) {

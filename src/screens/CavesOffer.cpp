@@ -31,7 +31,7 @@ QString NamesOf(const Paths& paths, const std::vector<std::string>& files) {
 }
 
 void TellNotStored(Skin& skin, const std::string& path) {
-  Tell(skin, nullptr, skin.Text(kTitle), kNotStoredWords.Before(skin) + '\n' + ShownPath(path));
+  Tell(skin, nullptr, skin.Text(kTitle), kNotStoredWords.In(skin) + '\n' + ShownPath(path));
 }
 
 }  // namespace
@@ -40,7 +40,7 @@ void OfferCaves(Skin& skin, Paths& paths) {
   if (!paths.CavesFailure.empty()) return TellNotStored(skin, paths.CavesFailure);
   const std::vector<std::string> lacking = LackingCaves(paths);
   if (lacking.empty()) return;
-  const QString question = kLackingWords.Before(skin) + '\n' + NamesOf(paths, lacking) + kAgainWords.In(skin);
+  const QString question = kLackingWords.In(skin) + '\n' + NamesOf(paths, lacking) + kAgainWords.In(skin);
   if (!Ask(skin, nullptr, skin.Text(kTitle), question)) {
     // Where this cannot be kept the question comes again.
     static_cast<void>(DeclineCaves(paths, lacking));

@@ -376,7 +376,7 @@ void FrmPoSt::Congratulate() {
 void FrmPoSt::ClickedSend() {
   const Result<std::string> mail = WriteMail(selection_->Collection(), selection_->PlayerFolder());
   if (!mail) {
-    Say(kNotStoredWords.Before(skin_) + "\r\n" + ShownPath(selection_->PlayerFolder() + "/temp.eml"));
+    Say(kNotStoredWords.In(skin_) + "\r\n" + ShownPath(selection_->PlayerFolder() + "/temp.eml"));
     return;
   }
   const QString path = PathText(*mail);

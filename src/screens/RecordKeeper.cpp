@@ -64,7 +64,7 @@ void RecordKeeper::OfferAgain(const RecordSlot& slot, QWidget* parent) {
 }
 
 void RecordKeeper::Offer(const WonRun& run, QWidget* parent) {
-  const QString text = kNotStoredWords.Before(skin_) + '\n' + ShownPath(run.Slot.Path);
+  const QString text = kNotStoredWords.In(skin_) + '\n' + ShownPath(run.Slot.Path);
   while (wins_.Find(run.Slot) != nullptr) {
     switch (SkinMsgBox(skin_, parent, text, MsgButtons::NotStored, MsgIcon::OfSet, skin_.Text(kTitle))) {
       case MsgResult::Retry:
@@ -88,7 +88,7 @@ bool RecordKeeper::SaveElsewhere(const WonRun& run, QWidget* parent) {
       skin_, parent, {kElsewhereWords.In(skin_), skin_.Text(kRecordKind), "zkr", ProposedPath(run)});
   if (path.isEmpty()) return false;
   if (!WriteWhole(PathBytes(path), run.Bytes)) {
-    Tell(skin_, parent, skin_.Text(kTitle), kNotStoredWords.Before(skin_) + '\n' + ShownPath(path));
+    Tell(skin_, parent, skin_.Text(kTitle), kNotStoredWords.In(skin_) + '\n' + ShownPath(path));
     return false;
   }
   wins_.SavedElsewhere(run.Slot);
