@@ -39,9 +39,11 @@ void OutsideFiles::Next() {
 
 void OutsideFiles::Welcomed(File& file, Welcome welcome) {
   if (welcome == Welcome::Opens) return Open();
-  if (welcome != Welcome::AsksToEndTheRun || file.refused) return;
+  if (welcome != Welcome::AsksToEndTheRun) return;
+  if (file.refused) return SayThatTheyWait();  // one question in a run is enough
   if (screens_.askToEndRun(file.path)) return Open();
   file.refused = true;
+  file.told = true;
 }
 
 void OutsideFiles::Open() {

@@ -30,7 +30,11 @@ WaitSign::WaitSign()
   setFont(GameFont(kLetters));
   setMargin(kPadding);
   setAutoFillBackground(true);
-  setPalette(PaletteOf(TonesOf(kPlainGround)));
+  const Tones tones = TonesOf(kPlainGround);
+  QPalette colours = palette();
+  colours.setColor(QPalette::Window, tones.ground);
+  colours.setColor(QPalette::WindowText, tones.text);
+  setPalette(colours);
   timer_.setSingleShot(true);
   timer_.setInterval(kShownFor);
   timer_.callOnTimeout(this, &QWidget::hide);

@@ -583,10 +583,14 @@ TEST_F(GameFromOutside, ACollectionWaitsForTheEndOfARunThatThePlayerGoesOnWith) 
     ASSERT_TRUE(HandOverMeanwhile("Caves/b.zk"));
     QTest::qWait(600);
   }
+  folder.Collection("c.zk", "Gama", {OneStepCave("Jina")});
+  ASSERT_TRUE(HandOverMeanwhile("Caves/c.zk"));
+  EXPECT_TRUE(Wait([] { return SignNames("c.zk"); })) << "and is not asked about";
   EXPECT_TRUE(Shows<HraWindow>());
   EXPECT_TRUE(Screen<HraWindow>()->Ticking());
   Close(Screen<HraWindow>());
   EXPECT_TRUE(Wait(BetaIsOpen));
+  EXPECT_TRUE(Wait([] { return Screen<FrmPoSt>()->CollectionName() == "Gama"; }));
 }
 
 TEST_F(GameFromOutside, ACollectionSaysInATestRunThatItWaits) {
