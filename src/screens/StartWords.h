@@ -50,17 +50,17 @@ inline constexpr StartWords kSkinStaysWords{"caption.error.skinstays", "Skin zů
 inline constexpr StartWords kSkinDefaultWords{"caption.error.skindefault",
                                               "Hra má proto tentokrát výchozí skin."};
 inline constexpr StartWords kSkinHeldWords{"caption.error.skinheld",
-                                           "Tato čísla skinu přesahují obrazovku a byla upravena:"};
+                                           "Tato čísla skinu přesahují obrazovku a byla upravena."};
 inline constexpr StartWords kSkinManyWords{"caption.error.skinmany",
-                                           "Skin má příliš mnoho údajů. Vynecháno jich bylo:"};
+                                           "Skin má příliš mnoho údajů; tolik jich bylo vynecháno."};
 inline constexpr StartWords kPictureLargeWords{"caption.error.picturelarge",
-                                               "Příliš velké obrázky skinu byly vynechány:"};
+                                               "Příliš velké obrázky skinu byly vynechány."};
 inline constexpr StartWords kPictureBrokenWords{"caption.error.picturebroken",
-                                                "Obrázky skinu, které nelze přečíst, byly vynechány:"};
+                                                "Obrázky skinu, které nelze přečíst, byly vynechány."};
 inline constexpr StartWords kSoundLongWords{"caption.error.soundlong",
-                                            "Příliš dlouhé zvuky skinu byly vynechány:"};
+                                            "Příliš dlouhé zvuky skinu byly vynechány."};
 inline constexpr StartWords kSoundBrokenWords{"caption.error.soundbroken",
-                                              "Zvuky skinu, které nelze přečíst, byly vynechány:"};
+                                              "Zvuky skinu, které nelze přečíst, byly vynechány."};
 
 // Of the box that asks for a file.
 inline constexpr StartWords kLookInWords{"caption.file.folder", "Složka:"};
