@@ -21,7 +21,7 @@ namespace {
 constexpr int kSecond = 1000;  // milliseconds
 constexpr QSize kPlainSize(520, 220);
 
-// What the skin gives no place for.
+// What older skins give no place for.
 constexpr QRect kLineBox(40, 80, 440, 36);
 constexpr QRect kTotalBox(185, 126, 150, 40);
 constexpr QRect kSecondsBox(318, 171, 40, 32);
@@ -75,7 +75,6 @@ FrmAnalyze::FrmAnalyze(Skin& skin, QWidget* parent)
       ok_(new SkinButton(this)) {
   setModal(true);
   Image1_->setObjectName("Image1");
-  Image1_->move(kBonusPlace);
   ok_->setObjectName("ok");
   Label3_->setFont(GameFont(kTotalLetters));
   Label4_->setFont(GameFont(kSecondsLetters));
@@ -90,17 +89,24 @@ void FrmAnalyze::SkinIt() {
   SetTitle(*this, kProgramTitle);
   SetWindowPicture(skin_, Surface(), *this, "score", kPlainSize);
   const QImage picture = skin_.Picture("score.image");
-  SetColour(Label2_, TextOn(picture, kLineBox));
-  SetColour(Label3_, TextOn(picture, kTotalBox));
-  SetColour(Label4_, TextOn(picture, kSecondsBox));
+  const auto place = [&](QLabel* label, const char* key, const QRect& otherwise) {
+    label->setGeometry(BoxOf(skin_, key, otherwise));
+    SetColour(label, TextOn(picture, label->geometry()));
+  };
+  place(Label2_, "score.line", kLineBox);
+  place(Label3_, "score.total", kTotalBox);
+  place(Label4_, "score.seconds", kSecondsBox);
+  Label2_->setFont(LineFont(Label2_->text(), Label2_->width() - 2 * kPadding));
   Image1_->SetPicture(skin_.Picture("select.bonus.image"));
+  Image1_->move(BoxOf(skin_, "score.bonus", QRect(kBonusPlace, QSize())).topLeft());
   PlaceButton(skin_, *ok_, "score.ok", kOkWords.In(skin_));
 }
 
 void FrmAnalyze::SetScore(const QString& line, int total, bool bonus) {
   total_ = total;
   bonus_ = bonus;
-  Label2_->setFont(LineFont(line, kLineBox.width() - 2 * kPadding));
+  const QRect box = BoxOf(skin_, "score.line", kLineBox);
+  Label2_->setFont(LineFont(line, box.width() - 2 * kPadding));
   Label2_->setText(line);
   Label3_->setText(QString::fromStdString(FiveDigits(total)));
   Image1_->setVisible(bonus);

@@ -38,7 +38,7 @@ constexpr int kTotalLetters = 20;
 constexpr int kCaveLetters = 17;
 constexpr int kSmallLetters = 12;
 
-// What the skin gives no place for.
+// What older skins give no place for.
 constexpr QRect kRestBox(26, 504, 374, 18);
 constexpr QRect kRecordBox(420, 416, 314, 34);
 constexpr int kMargin = 24;
@@ -201,17 +201,20 @@ void FrmPoSt::PlaceCave() {
                         Sideways(table.SkinAlign("select.cavename.alignment")), kCaveLetters);
   lblCaveName_->setGeometry(LineBox("select.cavename", kCaveLetters + kGap, width() - kMargin));
 
+  const QRect record = BoxOf(skin_, "select.record", kRecordBox);
   const int top = table.SkinInt("select.cavedescription.top");
-  const int bottom = Below(top, {bonusTop, kRecordBox.top(), height()});
+  const int bottom = Below(top, {bonusTop, record.top(), height()});
   lblCaveDescription_->SetLook(skin_.Colour("select.cavedescription.textcolor", kPlainText),
                                Sideways(table.SkinAlign("select.cavedescription.alignment")), kTextLetters);
   lblCaveDescription_->setGeometry(table.SkinInt("select.cavedescription.left"), top,
                                    table.SkinInt("select.cavedescription.width"), bottom - top);
 
-  lblRecord_->SetLook(kPlainText, Qt::AlignLeft, kSmallLetters);
-  lblRecord_->setGeometry(kRecordBox);
-  lblRest_->SetLook(kPlainText, Qt::AlignLeft | Qt::AlignVCenter, kSmallLetters);
-  lblRest_->setGeometry(kRestBox);
+  lblRecord_->SetLook(skin_.Colour("select.record.textcolor", kPlainText),
+                      Sideways(table.SkinAlign("select.record.alignment")), kSmallLetters);
+  lblRecord_->setGeometry(record);
+  lblRest_->SetLook(skin_.Colour("select.rest.textcolor", kPlainText),
+                    Sideways(table.SkinAlign("select.rest.alignment")) | Qt::AlignVCenter, kSmallLetters);
+  lblRest_->setGeometry(BoxOf(skin_, "select.rest", kRestBox));
 
   imgBonus_->SetPicture(skin_.Picture("select.bonus.image"));
   imgBonus_->move(table.SkinInt("select.bonus.left"), bonusTop);
@@ -287,7 +290,7 @@ void FrmPoSt::ShowAuthor() {
 }
 
 void FrmPoSt::FillRows() {
-  const QString closed = skin_.Caption("select.caves.canttext");
+  const QString closed = skin_.Caption("select.caves.canttext").replace('\n', ' ');
   std::vector<CaveList::Row> rows;
   for (int i = 1; i <= selection_->CaveCount(); ++i) {
     const CaveState state = selection_->State(i);

@@ -444,17 +444,21 @@ bool FrmStart2::focusNextPrevChild(bool next) {
 
 void FrmStart2::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
-  painter.setPen(kVersionInk);
+  const QString words = InLines(skin_.Caption("version.text"), kMostInCaption);
+  const int lines = static_cast<int>(words.count('\n')) + 1;
+  const int top = height() - kVersionRise - (lines - 1) * kVersionHeight;
+  painter.setPen(skin_.Colour("version.textcolor", kVersionInk));
   painter.setFont(GameFont(kVersionLetters));
-  painter.drawText(QRect(0, height() - kVersionRise, width(), kVersionHeight), Qt::AlignCenter,
-                   OneLine(skin_.Caption("version.text"), kMostInCaption));
+  painter.drawText(BoxOf(skin_, "version", QRect(0, top, width(), lines * kVersionHeight)), Qt::AlignCenter,
+                   words);
   emit Painted();
 }
 
-// Another window may have changed the folders meanwhile.
+// The folders, and the files of pictures, may have changed meanwhile.
 void FrmStart2::showEvent(QShowEvent* event) {
   SkinWindow::showEvent(event);
   if (event->spontaneous() || !loaded_) return;
+  SkinIt();
   FindColls();
   ListPlayers();
 }

@@ -10,8 +10,7 @@ namespace {
 
 constexpr int kBelowRam = 1;  // between the picture and the bar below
 constexpr int kApart = 4;     // between the buttons
-constexpr int kButton = 40;
-constexpr int kRightOfButtons = (kTopBar - kButton) / 2;
+constexpr int kButton = 40;   // but the one that begins anew is as high as the bar
 constexpr int kStripHeight = 29;
 
 // The panels as the picture of the bar has them, each without its icon.
@@ -53,20 +52,20 @@ GameLayout LayOut(QSize window, qreal scale) {
 }
 
 TopBarLayout LayOutTopBar(int width, bool label1, int stripWidth) {
-  const int needed = kPanelsEnd + (label1 ? 3 : 2) * (kButton + kApart) + stripWidth + kRightOfButtons;
+  const int needed = kPanelsEnd + kTopBar + kApart + (label1 ? 2 : 1) * (kButton + kApart) + stripWidth;
   const qreal scale = std::min(1.0, static_cast<qreal>(width) / needed);
   const auto scaled = [scale](int units) { return static_cast<int>(units * scale); };
   TopBarLayout layout;
   layout.scale = scale;
   layout.panelsEnd = scaled(kPanelsEnd);
-  int right = width - scaled(kRightOfButtons);
+  int right = width;
   const auto place = [&](int size, int height) {
     const QSize small(scaled(size), scaled(height));
     const QRect rect(QPoint(right - small.width(), (kTopBar - small.height()) / 2), small);
     right = rect.left() - scaled(kApart);
     return rect;
   };
-  layout.picRestart = place(kButton, kButton);
+  layout.picRestart = place(kTopBar, kTopBar);
   layout.Command4 = place(kButton, kButton);
   if (label1) layout.Label1 = place(kButton, kButton);
   if (stripWidth > 0) layout.psi = place(stripWidth, kStripHeight);

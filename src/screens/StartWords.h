@@ -62,17 +62,17 @@ inline constexpr StartWords kSkinStaysWords{"caption.error.skinstays", "Skin zů
 inline constexpr StartWords kSkinDefaultWords{"caption.error.skindefault",
                                               "Hra má proto tentokrát výchozí skin."};
 inline constexpr StartWords kSkinHeldWords{"caption.error.skinheld",
-                                           "Tato čísla skinu přesahují obrazovku a byla upravena:"};
+                                           "Tato čísla skinu přesahují obrazovku a byla upravena."};
 inline constexpr StartWords kSkinManyWords{"caption.error.skinmany",
-                                           "Skin má příliš mnoho údajů. Vynecháno jich bylo:"};
+                                           "Skin má příliš mnoho údajů; tolik jich bylo vynecháno."};
 inline constexpr StartWords kPictureLargeWords{"caption.error.picturelarge",
-                                               "Příliš velké obrázky skinu byly vynechány:"};
+                                               "Příliš velké obrázky skinu byly vynechány."};
 inline constexpr StartWords kPictureBrokenWords{"caption.error.picturebroken",
-                                                "Obrázky skinu, které nelze přečíst, byly vynechány:"};
+                                                "Obrázky skinu, které nelze přečíst, byly vynechány."};
 inline constexpr StartWords kSoundLongWords{"caption.error.soundlong",
-                                            "Příliš dlouhé zvuky skinu byly vynechány:"};
+                                            "Příliš dlouhé zvuky skinu byly vynechány."};
 inline constexpr StartWords kSoundBrokenWords{"caption.error.soundbroken",
-                                              "Zvuky skinu, které nelze přečíst, byly vynechány:"};
+                                              "Zvuky skinu, které nelze přečíst, byly vynechány."};
 
 // Of a record that was not stored, or would take another one's place.
 inline constexpr StartWords kNotKeptWords{"caption.record.unstored", "Záznam není uložen (U)"};

@@ -5,7 +5,6 @@
 #include <QComboBox>
 #include <QFileDialog>
 #include <QLabel>
-#include <QRegularExpression>
 #include <QSettings>
 #include <QStandardPaths>
 #include <QTemporaryDir>
@@ -347,68 +346,6 @@ TEST_F(GameTest, OffersTheCavesThatCameWithTheGameAndListsThemAtOnce) {
   ASSERT_TRUE(Wait(Shows<FrmStart2>));
   EXPECT_EQ(Screen<FrmStart2>()->findChild<LabelList*>("lblCColl")->Labels(), QStringList{"Beta"});
   OpenCollection();
-}
-
-// A skin of the player's own is stored that cannot be worn.
-class GameFaultySkin : public GameTest {
- protected:
-  void SetUp() override {
-    folder.File("Skins/Vadny/Menu/skindata.txt", "start:\r\nclose.left=abc\r\n");
-    StoreSkin("Vadny");
-    settings.Skin = "Vadny";
-  }
-  void TearDown() override { StoreSkin("Default"); }
-
-  // The message about a value, by the end of the start.
-  static QString Told(const std::string& file, const QString& outcome) {
-    return "V údajích skinu je něco, čemu nelze rozumět.\nstart.close.left\n" + QString::fromStdString(file) +
-           outcome;
-  }
-  static DialogScript::Act Read(const QString& text) {
-    return [text](QWidget& dialog) {
-      const auto blanks = QRegularExpression("\\s");
-      const QString said = dialog.findChild<QLabel*>("lblText")->text();
-      EXPECT_EQ(QString(said).remove(blanks), QString(text).remove(blanks));
-      QTest::keyClick(&dialog, Qt::Key_Return);
-    };
-  }
-};
-
-TEST_F(GameFaultySkin, GivesWayToTheDefaultSkinForThisStartAndThePaletteIsAtHand) {
-  {
-    const DialogScript script = {Read(
-        Told(folder.Root() + "/Skins/Vadny/Menu/skindata.txt", "\nHra má proto tentokrát výchozí skin."))};
-    GameTest::SetUp();
-  }
-  EXPECT_EQ(FindSett().Skin, "Vadny") << "it may be mended by the next start";
-  const auto* const finger = Screen<FrmStart2>()->findChild<QWidget*>("fingerPlay");
-  EXPECT_TRUE(Wait([&] { return finger->toolTip() == "Hrát"; }));
-  const DialogScript script = {[](QWidget& dialog) {
-    auto& combo = *dialog.findChild<QComboBox*>("Combo1");
-    EXPECT_EQ(combo.currentText(), "Vadny");
-    combo.setCurrentText("Default");
-    QTest::keyClick(&dialog, Qt::Key_Escape);
-  }};
-  Click(Screen<FrmStart2>(), "changeskin");
-  EXPECT_EQ(FindSett().Skin, "Default");
-}
-
-TEST_F(GameFaultySkin, EndsTheProgramIfItIsTheDefaultSkin) {
-  folder.File("Skins/Default/Menu/skindata.txt", "start:\r\nclose.left=abc\r\n");
-  const auto start = [this] {
-    const DialogScript script = {Read(Told(folder.Root() + "/Skins/Default/Menu/skindata.txt", QString()))};
-    GameTest::SetUp();
-  };
-  EXPECT_EXIT(start(), testing::ExitedWithCode(EXIT_FAILURE), "");
-}
-
-TEST_F(GameFaultySkin, TellsOfPicturesThatItCannotRead) {
-  folder.File("Skins/Vadny/Menu/skindata.txt", "");
-  folder.File("Skins/Vadny/Menu/palm.bmp", "nothing of use");
-  const DialogScript script = {Read("Obrázky skinu, které nelze přečíst, byly vynechány:\n" +
-                                    QString::fromStdString(folder.Root()) + "/Skins/Vadny/Menu/palm.bmp")};
-  GameTest::SetUp();
-  EXPECT_GT(Screen<FrmStart2>()->width(), 700) << "the default skin's palm";
 }
 
 // In the editors, on the first cave of the collection.

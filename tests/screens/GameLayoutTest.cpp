@@ -86,7 +86,7 @@ TEST(GameLayout, BearsAWindowOfNoSize) {
 
 TEST(TopBarLayout, HasTheRestartAtTheRightAndTheOthersFourApart) {
   const TopBarLayout layout = LayOutTopBar(1000, true, 100);
-  EXPECT_LE(layout.picRestart.right(), 1000);
+  EXPECT_EQ(layout.picRestart, QRect(956, 0, 44, 44)) << "as high as the bar, at its end";
   EXPECT_EQ(layout.Command4.right() + 1 + 4, layout.picRestart.left());
   EXPECT_EQ(layout.Label1.right() + 1 + 4, layout.Command4.left());
   EXPECT_EQ(layout.psi.right() + 1 + 4, layout.Label1.left());
@@ -104,13 +104,14 @@ TEST(TopBarLayout, HasNoStripWithoutUnits) {
 }
 
 TEST(TopBarLayout, IsSmallerAsAWholeWhereThereIsNoRoom) {
-  // 420 for the panels, 3 x 44 for the buttons, 2 right of them, 246 for the strip: 800
-  const TopBarLayout layout = LayOutTopBar(600, true, 246);
+  // 420 for the panels, 2 x 44 and 48 for the buttons, 244 for the strip: 800
+  const TopBarLayout layout = LayOutTopBar(600, true, 244);
   EXPECT_EQ(layout.scale, 0.75);
-  EXPECT_EQ(layout.psi.size(), QSize(184, 21));  // of 246 x 29
-  EXPECT_EQ(layout.picRestart.size(), QSize(30, 30));
+  EXPECT_EQ(layout.psi.size(), QSize(183, 21));  // of 244 x 29
+  EXPECT_EQ(layout.picRestart.size(), QSize(33, 33));
+  EXPECT_EQ(layout.Command4.size(), QSize(30, 30));
   EXPECT_EQ(layout.panelsEnd, 315);
-  EXPECT_EQ(LayOutTopBar(800, true, 246).scale, 1);
+  EXPECT_EQ(LayOutTopBar(800, true, 244).scale, 1);
 }
 
 // Everything that may lie in a bar of this width, the strip of all units too, has its own place.

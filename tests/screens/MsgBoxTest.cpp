@@ -89,6 +89,7 @@ TEST_F(MsgBoxTest, ShowsTheButtonsOfEachSet) {
       {MsgButtons::OkCancel, {"ok", "close"}},
       {MsgButtons::YesNo, {"yes", "no"}},
       {MsgButtons::YesNoCancel, {"yes", "no", "close"}},
+      {MsgButtons::RetryCancel, {"retry", "close"}},
       {kBeyond, {"ok"}},
   };
   for (const auto& [buttons, names] : sets) {
@@ -167,7 +168,9 @@ TEST_P(MsgBoxKeyTest, PressesAButtonThatIsShown) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Letters, MsgBoxKeyTest,
-                         testing::Values(KeyRow{MsgButtons::YesNoCancel, Qt::Key_Y, MsgResult::Yes},
+                         testing::Values(KeyRow{MsgButtons::RetryCancel, Qt::Key_R, MsgResult::Retry},
+                                         KeyRow{MsgButtons::RetryCancel, Qt::Key_C, MsgResult::Cancel},
+                                         KeyRow{MsgButtons::YesNoCancel, Qt::Key_Y, MsgResult::Yes},
                                          KeyRow{MsgButtons::YesNoCancel, Qt::Key_N, MsgResult::No},
                                          KeyRow{MsgButtons::YesNoCancel, Qt::Key_C, MsgResult::Cancel},
                                          KeyRow{MsgButtons::YesNoCancel, Qt::Key_O, {}},
@@ -180,13 +183,15 @@ INSTANTIATE_TEST_SUITE_P(Letters, MsgBoxKeyTest,
                                          KeyRow{MsgButtons::Ok, Qt::Key_Space, {}}));
 
 INSTANTIATE_TEST_SUITE_P(Enter, MsgBoxKeyTest,
-                         testing::Values(KeyRow{MsgButtons::Ok, Qt::Key_Return, MsgResult::Ok},
+                         testing::Values(KeyRow{MsgButtons::RetryCancel, Qt::Key_Return, MsgResult::Retry},
+                                         KeyRow{MsgButtons::Ok, Qt::Key_Return, MsgResult::Ok},
                                          KeyRow{MsgButtons::OkCancel, Qt::Key_Enter, MsgResult::Ok},
                                          KeyRow{MsgButtons::YesNo, Qt::Key_Return, MsgResult::Yes},
                                          KeyRow{MsgButtons::YesNoCancel, Qt::Key_Enter, MsgResult::Yes}));
 
 INSTANTIATE_TEST_SUITE_P(Esc, MsgBoxKeyTest,
-                         testing::Values(KeyRow{MsgButtons::Ok, Qt::Key_Escape, {}},
+                         testing::Values(KeyRow{MsgButtons::RetryCancel, Qt::Key_Escape, MsgResult::Cancel},
+                                          KeyRow{MsgButtons::Ok, Qt::Key_Escape, {}},
                                          KeyRow{MsgButtons::OkCancel, Qt::Key_Escape, MsgResult::Cancel},
                                          KeyRow{MsgButtons::YesNo, Qt::Key_Escape, MsgResult::No},
                                          KeyRow{MsgButtons::YesNoCancel, Qt::Key_Escape, MsgResult::No}));

@@ -39,6 +39,7 @@ SkinKeys KeysOfPlainAuthor();
 SkinKeys KeysOfSettings();
 SkinKeys KeysOfQuestion();
 SkinKeys KeysOfNotice();
+SkinKeys KeysOfRetry();
 SkinKeys KeysOfCongratulation(const QString& box);
 SkinKeys KeysOfNewPlayer();
 SkinKeys KeysOfScore();

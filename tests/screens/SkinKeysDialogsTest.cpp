@@ -30,6 +30,14 @@ SkinKeys KeysOfPicture(const std::string& key) {
           {key + ".height", "222", WindowHeight, "222"}};
 }
 
+// A label of the score window.
+SkinKeys KeysOfScoreLabel(const std::string& key, const QString& name) {
+  return {{key + ".left", "31", Left(name), "31"},
+          {key + ".top", "43", Top(name), "43"},
+          {key + ".width", "111", Width(name), "111"},
+          {key + ".height", "57", Height(name), "57"}};
+}
+
 // A field of text.
 SkinKeys KeysOfField(const std::string& key, const QString& name) {
   return {{key + ".left", "31", Left(name), "31"},
@@ -41,6 +49,10 @@ SkinKeys KeysOfField(const std::string& key, const QString& name) {
 }
 
 }  // namespace
+
+SkinKeys KeysOfRetry() {
+  return KeyOfImage("dialog.retry.image", "retry");
+}
 
 SkinKeys KeysOfSettings() {
   return KeyOfImage("settings.ok.image", "ok") + KeyOfImage("settings.close.image", "close") +
@@ -86,7 +98,10 @@ SkinKeys KeysOfNewPlayer() {
 SkinKeys KeysOfScore() {
   return SkinKeys{{"score.image", "small", WindowWidth, "300"},
                   {"score.image", "ground", Pixel({6, 6}), KeyHome::GroundColour().name()}} +
-         KeysOfButton("score.ok", "ok");
+         KeysOfButton("score.ok", "ok") + KeysOfScoreLabel("score.line", "Label2") +
+         KeysOfScoreLabel("score.total", "Label3") + KeysOfScoreLabel("score.seconds", "Label4") +
+         SkinKeys{{"score.bonus.left", "61", Left("Image1"), "61"},
+                  {"score.bonus.top", "73", Top("Image1"), "73"}};
 }
 
 SkinKeys KeysOfSkinWindow() {
@@ -124,6 +139,7 @@ TEST(SkinKeysOfTheMessageBox, HaveTheirEffect) {
   };
   test::CheckKeys(home, test::KeysOfQuestion(), box(MsgButtons::YesNoCancel));
   test::CheckKeys(home, test::KeysOfNotice(), box(MsgButtons::Ok));
+  test::CheckKeys(home, test::KeysOfRetry(), box(MsgButtons::RetryCancel));
 }
 
 TEST(SkinKeysOfTheCongratulation, HaveTheirEffectOnWhoReadsIt) {

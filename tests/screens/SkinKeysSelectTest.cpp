@@ -75,6 +75,24 @@ SkinKeys KeysOfBox(const std::string& key, const QString& name) {
           {key + ".alignment", "center", SideOf(name), "centre"}};
 }
 
+SkinKeys KeysOfRest() {
+  return KeysOfBox("select.rest", "lblRest") +
+         SkinKeys{{"select.rest.height", "57", Height("lblRest"), "57"},
+                  {"select.rest.textcolor", "FF00A0", Ink("lblRest", kInk), "yes"}};
+}
+
+SkinKeys KeysOfRecord() {
+  const std::string key = "select.record.";
+  const auto seen = [](const Sight& sight) { return On(kSolved, sight); };
+  return {{key + "left", "61", Left("lblRecord"), "61"},
+          {key + "top", "73", Top("lblRecord"), "73"},
+          {key + "width", "211", Width("lblRecord"), "211"},
+          {key + "height", "57", Height("lblRecord"), "57"},
+          {key + "alignment", "right", seen(SideOf("lblRecord")), "right"},
+          {key + "alignment", "center", seen(SideOf("lblRecord")), "centre"},
+          {key + "textcolor", "FF00A0", seen(Ink("lblRecord", kInk)), "yes"}};
+}
+
 SkinKeys KeysOfCaves() {
   const QString list = "CaveList";
   const std::string key = "select.caves.";
@@ -122,7 +140,8 @@ SkinKeys KeysOfSelection() {
          KeysOfBox("select.cavedescription", "lblCaveDescription") + KeysOfButton("select.replay", "replay") +
          KeysOfButton("select.play", "play") + KeysOfButton("select.congratulation", "congratulation") +
          KeysOfButton("select.send", "send") + KeysOfButton("select.vscroll", "vscroll") +
-         KeysOfButton("select.close", "close") + KeysOfButton("select.help", "help") + KeysOfCaves();
+         KeysOfButton("select.close", "close") + KeysOfButton("select.help", "help") + KeysOfRest() +
+         KeysOfRecord() + KeysOfCaves();
 }
 
 SkinKeys KeysOfPlainAuthor() {

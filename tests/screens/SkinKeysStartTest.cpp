@@ -79,6 +79,24 @@ QString VersionWidth(QWidget& window) {
   return (last - first) / kMagnified > 100 ? "long" : "short";
 }
 
+// The middle of what is written of the version, which is in a colour that nothing else has.
+constexpr const char* kVersionInk = "version.textcolor=FF00A0";
+QPoint VersionMiddle(QWidget& window) {
+  const QImage image = window.grab().toImage();
+  QRect written;
+  for (int y = 0; y < image.height(); ++y) {
+    for (int x = 0; x < image.width(); ++x) {
+      const QColor colour = image.pixelColor(x, y);
+      const bool ink = colour.red() > 180 && colour.green() < 110 && colour.blue() > 110;
+      if (ink) written |= QRect(x, y, 1, 1);
+    }
+  }
+  return written.center();
+}
+Sight VersionAt(QPoint place) {
+  return [place](QWidget& window) { return YesNo((VersionMiddle(window) - place).manhattanLength() < 5); };
+}
+
 }  // namespace
 
 SkinKeys KeysOfStart() {
@@ -110,6 +128,12 @@ SkinKeys KeysOfStart() {
              {"start.fingerEditor.text", "Vpřed", HintOf("fingerEditor"), "Vpřed"},
              {"version.text", "", VersionWidth, "none"},
              {"version.text", "Verze, která má velmi dlouhé jméno", VersionWidth, "long"},
+             {"version.textcolor", "FF00A0", VersionAt({360, 501}), "yes"},
+             {"version.left", "100", VersionAt({460, 501}), "yes", {kVersionInk}},
+             {"version.width", "100", VersionAt({50, 501}), "yes", {kVersionInk}},
+             {"version.top", "50", VersionAt({360, 56}), "yes", {kVersionInk}},
+             {"version.height", "100", VersionAt({360, 100}), "yes", {kVersionInk, "version.top=50"}},
+             {"version.text", "Zorík#2", VersionAt({360, 495}), "yes", {kVersionInk}},
          };
 }
 

@@ -5,6 +5,7 @@ namespace {
 
 using test::FingerBox;
 using test::Press;
+using test::Strips;
 
 class StartSkin : public test::StartScreen {
  protected:
@@ -174,6 +175,13 @@ TEST_F(StartSkin, WhateverNumbersItHasThePaletteIsAtHand) {
     EXPECT_TRUE(start_->rect().contains(Colls().geometry()));
     EXPECT_TRUE(start_->rect().contains(Plrs().geometry()));
   }
+}
+
+TEST_F(StartSkin, APictureWhoseFileHasChangedIsSeenWhenTheScreenComesBack) {
+  start_->hide();
+  skin_.Picture("small", Strips({Qt::cyan, Qt::green, Qt::blue}, {20, 20}));
+  start_->show();
+  EXPECT_EQ(Find<QWidget>("close").grab().toImage().pixelColor(10, 10), QColor(Qt::cyan));
 }
 
 TEST_F(StartSkin, AnotherSkinIsPutOnAtOnce) {
