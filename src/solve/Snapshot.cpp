@@ -39,6 +39,7 @@ Snapshots::Snapshots(const Hra& begin) : grids_(begin), luck_(begin.Luck) {}
 Snapshots::Snapshot Snapshots::Keep(const Hra& run) const {
   Snapshot kept;
   kept.facts = run;
+  kept.score = run.Score;
   kept.facts.RecordText.clear();
   kept.facts.RecordText.shrink_to_fit();
   KeepLines<Grids>(run, grids_, 0, kept);
@@ -48,6 +49,7 @@ Snapshots::Snapshot Snapshots::Keep(const Hra& run) const {
 
 void Snapshots::Restore(Hra& run, const Snapshot& snapshot) const {
   static_cast<RunFacts&>(run) = snapshot.facts;
+  run.Score = snapshot.score;
   static_cast<Grids&>(run) = grids_;
   run.Luck = luck_;
   const std::uint64_t* words = snapshot.words.data();

@@ -13,6 +13,7 @@ class Snapshots {
   // A run at one moment. The record so far is not in it: a plan that is played again makes it anew.
   struct Snapshot {
     RunFacts facts;
+    int score = 0;
     std::vector<std::uint16_t> lines;  // of the grids and of the chance, those that differ
     std::vector<std::uint64_t> words;  // kWords for each
   };
