@@ -44,8 +44,8 @@ struct WinResult {
   int Score = 0;      // what is stored, 0 to 99999
 };
 
-// All that lives as long as one run. Set-up replaces it as a whole, so nothing leaks from run to run.
-struct RunState : Grids {
+// What a run knows beside its grids.
+struct RunFacts {
   // The cave
   std::string CaveName;
   int CaveWidth = 0, CaveHeight = 0;  // cells
@@ -110,6 +110,9 @@ struct RunState : Grids {
   bool SensorsListen = false;
   std::optional<WinResult> Win;
 };
+
+// All that lives as long as one run. Set-up replaces it as a whole, so nothing leaks from run to run.
+struct RunState : Grids, RunFacts {};
 
 enum class TickEnd { Running, Won, RecordOver, Restarted };
 

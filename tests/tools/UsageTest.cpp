@@ -11,8 +11,8 @@
 namespace zorik::test {
 namespace {
 
-const std::vector<std::string> kNames{"run",   "replay", "verify",   "diff",     "unpack",    "pack",
-                                      "fetch", "new",    "progress", "scramble", "unscramble"};
+const std::vector<std::string> kNames{"run",   "replay", "verify",   "diff",     "unpack",     "pack",
+                                      "fetch", "new",    "progress", "scramble", "unscramble", "solve"};
 
 // Scripts know the exits by their numbers and words; neither may change.
 const std::vector<std::pair<Exit, const char*>> kWords{
@@ -22,6 +22,7 @@ const std::vector<std::pair<Exit, const char*>> kWords{
     {static_cast<Exit>(6), "bad-keys"},      {static_cast<Exit>(7), "bad-collection"},
     {static_cast<Exit>(8), "bad-text"},      {static_cast<Exit>(9), "bad-trace"},
     {static_cast<Exit>(10), "no-such-cave"}, {static_cast<Exit>(11), "failed"},
+    {static_cast<Exit>(12), "impossible"},
 };
 
 std::string RowOf(Exit exit, const char* word) {

@@ -32,6 +32,8 @@ constexpr std::array<Option, 2> kReplayOptions{{{"--grid"}, {"--ticks", true}}};
 constexpr std::array<Option, 2> kVerifyOptions{{{"--json"}, {"--collection", true}}};
 constexpr std::array<Option, 1> kUnpackOptions{{{"--force"}}};
 constexpr std::array<Option, 1> kPackOptions{{{"--strict"}}};
+constexpr std::array<Option, 5> kSolveOptions{
+    {{"--seconds", true}, {"--shorten", true}, {"--seed", true}, {"--jobs", true}, {"--record", true}}};
 
 constexpr std::string_view kRunDetails =
     R"(The cave file holds a plain cave text (zktool fetch, zktool new), all its bytes. Line t of the key file
@@ -146,7 +148,27 @@ such and are then no longer to be told from the ends of lines; to edit collectio
 that is not scrambled gives rubbish, never a failure.
 )";
 
-constexpr std::array<Command, 11> kCommands{{
+constexpr std::string_view kSolveDetails =
+    R"(Of a collection every cave is tried; any other file is taken for a plain cave text (zktool fetch). The
+search plays the game itself: chance is never chosen, it follows from the seed and from what is done, so what
+is found is a run that a player could have made.
+
+  --seconds S   for each cave, 60 if not given; it ends then, found or not
+  --shorten S   how much of that goes into a shorter way once one is known, 5 if not given
+  --seed N      start of the game's chance, and of the search's, 0 if not given
+  --jobs J      so many caves at a time, or so many searches for a single cave
+  --record OUT  write the record of the win into this file; of a collection into a folder, as NN.zkr
+
+For each cave a line, in a collection behind its number:
+  won length=<ticks of the run> score=<points> seconds=<until a way was found> ticks=<tried until then> NAME
+  not found in S s, gems=<most that were collected>/<needed> ticks=<tried> NAME
+  impossible: REASON; NAME
+  bad-cave: REASON
+Not found does not mean that there is no way; impossible does: no dog, no finish, steel all around, or fewer
+gems than are needed and nothing that makes any. The exit code is that of the worst line.
+)";
+
+constexpr std::array<Command, 12> kCommands{{
     {"run",
      "--cave FILE --keys FILE [--seed N] [--ticks T] [--record OUT.zkr] [--record-always] [--grid]",
      "Plays a cave with the keys of a script and prints the trace.",
@@ -212,6 +234,13 @@ constexpr std::array<Command, 11> kCommands{{
      {},
      {0, 0},
      UnscrambleCommand},
+    {"solve",
+     "CAVE-OR-COLLECTION [--seconds S] [--shorten S] [--seed N] [--jobs J] [--record OUT]",
+     "Looks for ways to win caves.",
+     kSolveDetails,
+     kSolveOptions,
+     {1, 1},
+     SolveCommand},
 }};
 
 std::string UsageOf(const Command& command) {

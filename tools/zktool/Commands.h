@@ -24,5 +24,6 @@ Exit NewCommand(const CommandLine& line, Console& console);
 Exit ProgressCommand(const CommandLine& line, Console& console);
 Exit ScrambleCommand(const CommandLine& line, Console& console);
 Exit UnscrambleCommand(const CommandLine& line, Console& console);
+Exit SolveCommand(const CommandLine& line, Console& console);
 
 }  // namespace zorik

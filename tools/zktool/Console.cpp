@@ -13,9 +13,9 @@ struct ExitRow {
   std::string_view meaning;
 };
 
-constexpr std::array<ExitRow, 12> kExits{{
+constexpr std::array<ExitRow, 13> kExits{{
     {Exit::Fine, "fine", "all went well"},
-    {Exit::No, "no", "a check said no: verify, diff"},
+    {Exit::No, "no", "a check said no: verify, diff, solve"},
     {Exit::Usage, "usage", "the command line is wrong"},
     {Exit::CannotRead, "cannot-read", "a file or folder cannot be read"},
     {Exit::CannotWrite, "cannot-write", "a file, a folder or the output cannot be written"},
@@ -26,6 +26,7 @@ constexpr std::array<ExitRow, 12> kExits{{
     {Exit::BadTrace, "bad-trace", "a saved trace holds a line that is none of a trace"},
     {Exit::NoSuchCave, "no-such-cave", "the collection has no cave of this number"},
     {Exit::Failed, "failed", "the system gave no more memory or threads"},
+    {Exit::Impossible, "impossible", "a cave can certainly not be won"},
 }};
 
 }  // namespace

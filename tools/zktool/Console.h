@@ -26,6 +26,7 @@ enum class Exit : int {
   BadTrace = 9,
   NoSuchCave = 10,
   Failed = 11,
+  Impossible = 12,
 };
 
 // The table of all ends, a line each: code, word, meaning.

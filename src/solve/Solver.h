@@ -1,0 +1,48 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <limits>
+#include <memory>
+#include <optional>
+
+#include "core/Hra.h"
+#include "solve/Move.h"
+#include "solve/Search.h"
+
+namespace zorik {
+
+// Several searches of one cave in turn: two that go on for ever, one patient and one in haste, and a third
+// that begins anew again and again, since luck at the beginning decides a lot.
+class Solver {
+ public:
+  // begin: a run at its start, with its chance seeded, which is the chance of the plan.
+  Solver(const Hra& begin, std::uint64_t seed);
+
+  // Goes on for about so many ticks. True when a plan was found.
+  bool Go(std::uint64_t ticks);
+
+  // Forgets the plan that was found: from now on only plans of fewer ticks count.
+  void SetBound(int ticks);
+
+  std::uint64_t Ticks() const { return ticks_; }
+  int MostGems() const { return mostGems_; }
+  const std::optional<Plan>& Found() const { return found_; }
+
+ private:
+  static constexpr std::size_t kArms = 3;
+
+  void BeginAnew(std::size_t arm);
+
+  Hra begin_;
+  Chance chance_;
+  std::array<std::unique_ptr<Search>, kArms> arms_;
+  int bound_ = std::numeric_limits<int>::max();
+  std::size_t turn_ = 0;
+  std::uint64_t rounds_ = 0;
+  std::uint64_t ticks_ = 0;
+  int mostGems_ = 0;
+  std::optional<Plan> found_;
+};
+
+}  // namespace zorik

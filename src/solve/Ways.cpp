@@ -1,0 +1,85 @@
+#include "solve/Ways.h"
+
+#include <algorithm>
+
+#include "core/Machine.h"
+
+namespace zorik {
+namespace {
+
+constexpr std::array<Step, 4> kSteps{kLeft, kUp, kRight, kDown};
+constexpr int kPushedBox = 3;      // what a push costs, in steps
+constexpr int kPushedBoulder = 6;  // it moves at one try of four
+
+}  // namespace
+
+bool CanEnter(const Hra& run, Cell c) {
+  const std::uint8_t state = run.FieldState(c);
+  switch (run.Field(c)) {
+    case kSpace:
+    case kDirt:
+    case kGem:
+    case kKeyRed:
+    case kKeyGreen:
+    case kKeyBlue:
+    case kCatKey:
+      return state != kFalling && state != kRounded;
+    case kFinish:
+      return run.ExitOpen;
+    default:
+      return false;
+  }
+}
+
+int Ways::Price(const Hra& run, Cell to, Step step) const {
+  if (CanEnter(run, to)) return 1;
+  if (run.Field(to + step) != kSpace) return kNever;
+  if (run.Field(to) == kBox) return kPushedBox;
+  const bool boulder = run.Field(to) == kBoulder && run.FieldState(to) == kResting && step.dy == 0;
+  return boulder ? kPushedBoulder : kNever;
+}
+
+void Ways::Offer(Cell c, int cost, std::uint8_t direction) {
+  if (cost >= cost_[c.place()]) return;
+  cost_[c.place()] = cost;
+  by_[c.place()] = direction;
+  due_[static_cast<std::size_t>(cost) % kBuckets].push_back(c);
+}
+
+void Ways::Find(const Hra& run, Cell from, std::uint32_t roughness, Chance& chance) {
+  cost_.fill(kNever);
+  for (auto& bucket : due_) bucket.clear();
+  reached_.clear();
+  from_ = from;
+  Offer(from, 0, 0);
+  int empty = 0;
+  for (int cost = 0; empty < static_cast<int>(kBuckets); ++cost) {
+    std::vector<Cell>& bucket = due_[static_cast<std::size_t>(cost) % kBuckets];
+    empty = bucket.empty() ? empty + 1 : 0;
+    while (!bucket.empty()) {
+      const Cell c = bucket.back();
+      bucket.pop_back();
+      if (cost_[c.place()] != cost) continue;
+      reached_.push_back(c);
+      for (std::uint8_t direction = 0; direction < 4; ++direction) {
+        const Step step = kSteps[direction];
+        const int price = Price(run, c + step, step);
+        if (price >= kNever) continue;
+        Offer(c + step, cost + price + (roughness > 0 ? static_cast<int>(chance.Below(roughness + 1)) : 0),
+              direction);
+      }
+    }
+  }
+}
+
+std::vector<std::uint8_t> Ways::To(Cell c) const {
+  std::vector<std::uint8_t> way;
+  while (c != from_) {
+    way.push_back(by_[c.place()]);
+    c = c - kSteps[by_[c.place()]];
+  }
+  std::reverse(way.begin(), way.end());
+  return way;
+}
+
+}  // namespace zorik

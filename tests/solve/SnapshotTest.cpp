@@ -1,0 +1,42 @@
+#include <gtest/gtest.h>
+
+#include "solve/Move.h"
+#include "solve/Snapshot.h"
+#include "support/RandomCave.h"
+#include "support/Scene.h"
+#include "trace/Trace.h"
+
+namespace zorik::test {
+namespace {
+
+TEST(Snapshot, OfARunGoesOnAsTheRunDid) {
+  const Picture picture{"WWWWWWWWWWWW", "W1;;R;D;FF.W", "W;;;;;;;...W", "W;A;D;U.;;;W",
+                        "W;;;XXX;;;;W", "W;R;;;;;;;;T", "WWWWWWWWWWWW"};
+  Hra run = Play(picture, {.needed = 3});
+  const Snapshots snapshots(run);
+  Chance keys(5);
+  const auto pass = [&keys](Hra& hra, int ticks) {
+    std::string trace;
+    for (int i = 0; i < ticks; ++i) {
+      Tick(hra, KeysOf(static_cast<Move>(keys.Below(9))));
+      trace += TickLine(hra) + "\n";
+    }
+    return trace;
+  };
+  pass(run, 37);
+  const auto kept = snapshots.Keep(run);
+  const Chance then = keys;
+  const std::string first = pass(run, 200);
+  keys = then;
+  snapshots.Restore(run, kept);
+  EXPECT_EQ(pass(run, 200), first);
+}
+
+TEST(Snapshot, OfABeginningTakesLittle) {
+  const Hra run = Play({"WWWWWWWWWWWW", "W1;;R;D;FF.W", "WWWWWWWWWWWW"});
+  const Snapshots snapshots(run);
+  EXPECT_LT(Snapshots::SizeOf(snapshots.Keep(run)), sizeof(RunFacts) + 200);
+}
+
+}  // namespace
+}  // namespace zorik::test

@@ -1,0 +1,82 @@
+#include <gtest/gtest.h>
+
+#include "data/Collection.h"
+#include "support/Scene.h"
+#include "tools/Tool.h"
+
+namespace zorik::test {
+namespace {
+
+std::string Hopeless() {
+  return CaveTextOf({"WWWWWW", "W1DW;T", "WWWWWW"}, {.needed = 1, .name = "Hopeless"});
+}
+
+// Nothing proves it, but the second gem lies where no dog comes.
+std::string Vain() {
+  return CaveTextOf({"WWWWWWWW", "W1D;X.XT", "W;;;XDXW", "W;;;XXXU", "WWWWWWWW"},
+                    {.needed = 60, .name = "Vain"});
+}
+
+std::string Collection(const std::vector<std::string>& caves) {
+  EditedCollection collection;
+  collection.Name = "sada";
+  collection.Author = "n\xECkdo";
+  collection.CaveList = caves;
+  Chance decoration;
+  return *BuildCollection(collection, decoration);
+}
+
+class Solve : public ::testing::Test {
+ protected:
+  Folder folder;
+};
+
+TEST_F(Solve, WritesARecordThatVerifies) {
+  const std::string cave = folder.Write("cave", ShortCave());
+  const std::string record = folder.In("win.zkr");
+  const Told told = Zktool({"solve", cave, "--shorten", "0.1", "--record", record});
+  EXPECT_EQ(told.exit, Exit::Fine) << told.err;
+  EXPECT_EQ(told.out.substr(0, 23), "won length=4 score=106 ") << told.out;
+  const Told verdict = Zktool({"verify", record});
+  EXPECT_EQ(verdict.exit, Exit::Fine);
+  EXPECT_EQ(verdict.out.substr(0, 14), "won score=106 ");
+}
+
+TEST_F(Solve, OfACollectionTellsEachCaveAndTheWorstEnd) {
+  const std::string collection = folder.Write("sada.zk", Collection({ShortCave(), Hopeless()}));
+  const Told told =
+      Zktool({"solve", collection, "--shorten", "0", "--jobs", "2", "--record", folder.In("records")});
+  EXPECT_EQ(told.exit, Exit::Impossible) << told.err;
+  const std::vector<std::string> lines = LinesOf(told.out);
+  ASSERT_EQ(lines.size(), 2U);
+  EXPECT_EQ(lines[0].substr(0, 7), " 1 won ");
+  EXPECT_EQ(lines[1], " 2 impossible: steel stands between the dogs and the finish; Hopeless");
+  EXPECT_EQ(Zktool({"verify", folder.In("records/01.zkr")}).exit, Exit::Fine);
+  EXPECT_EQ(BytesOf(folder.In("records/02.zkr")), "(no file)");
+}
+
+TEST_F(Solve, SaysThatItFoundNothingAndWritesNothing) {
+  const std::string cave = folder.Write("cave", Vain());
+  const Told told = Zktool({"solve", cave, "--seconds", "0.2", "--record", folder.In("win.zkr")});
+  EXPECT_EQ(told.exit, Exit::No);
+  EXPECT_EQ(told.out.substr(0, 22), "not found in 0.2 s, ge") << told.out;
+  EXPECT_EQ(BytesOf(folder.In("win.zkr")), "(no file)");
+}
+
+TEST_F(Solve, TellsWhatIsNoCave) {
+  const Told told = Zktool({"solve", folder.Write("cave", "rubbish")});
+  EXPECT_EQ(told.exit, Exit::BadCave);
+  EXPECT_EQ(told.out.substr(0, 10), "bad-cave: ");
+  EXPECT_EQ(Zktool({"solve", folder.In("none")}).exit, Exit::CannotRead);
+}
+
+TEST_F(Solve, RefusesNumbersThatMakeNoSense) {
+  const std::string cave = folder.Write("cave", ShortCave());
+  for (const char* const jobs : {"0", "257", "-1", "two"})
+    EXPECT_EQ(Zktool({"solve", cave, "--jobs", jobs}).exit, Exit::Usage) << jobs;
+  for (const char* const seconds : {"-1", "x", "nan", "1e999"})
+    EXPECT_EQ(Zktool({"solve", cave, "--seconds", seconds}).exit, Exit::Usage) << seconds;
+}
+
+}  // namespace
+}  // namespace zorik::test
