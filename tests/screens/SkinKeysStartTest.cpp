@@ -79,9 +79,9 @@ QString VersionWidth(QWidget& window) {
   return (last - first) / kMagnified > 100 ? "long" : "short";
 }
 
-// The middle of what is written of the version, which is in a colour that nothing else has.
+// Where the version is written, which is in a colour that nothing else has.
 constexpr const char* kVersionInk = "version.textcolor=FF00A0";
-QPoint VersionMiddle(QWidget& window) {
+QRect VersionPlace(QWidget& window) {
   const QImage image = window.grab().toImage();
   QRect written;
   for (int y = 0; y < image.height(); ++y) {
@@ -91,10 +91,15 @@ QPoint VersionMiddle(QWidget& window) {
       if (ink) written |= QRect(x, y, 1, 1);
     }
   }
-  return written.center();
+  return written;
+}
+QString VersionLines(QWidget& window) {
+  return VersionPlace(window).height() < 14 ? "one" : "two";
 }
 Sight VersionAt(QPoint place) {
-  return [place](QWidget& window) { return YesNo((VersionMiddle(window) - place).manhattanLength() < 5); };
+  return [place](QWidget& window) {
+    return YesNo((VersionPlace(window).center() - place).manhattanLength() < 5);
+  };
 }
 
 }  // namespace
@@ -133,7 +138,7 @@ SkinKeys KeysOfStart() {
              {"version.width", "100", VersionAt({50, 501}), "yes", {kVersionInk}},
              {"version.top", "50", VersionAt({360, 56}), "yes", {kVersionInk}},
              {"version.height", "100", VersionAt({360, 100}), "yes", {kVersionInk, "version.top=50"}},
-             {"version.text", "Zorík#2", VersionAt({360, 495}), "yes", {kVersionInk}},
+             {"version.text", "Zorík#2", VersionLines, "two", {kVersionInk}},
          };
 }
 
