@@ -75,6 +75,7 @@ TEST_F(FrmAboutTest, OpensThePageAboutTheProgram) {
 
 TEST_F(FrmAboutTest, TellsThatNothingOpensALink) {
   Open("x");
+  window_->show();
   const test::DesktopStandIn desktop(4);
   const DialogScript script = {Box("Zorík", "Program pro tento soubor nebyl nalezen:\nhttps://example.org/")};
   emit Words().linkActivated("https://example.org/");

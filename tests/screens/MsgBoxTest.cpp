@@ -81,7 +81,7 @@ class MsgBoxTest : public testing::Test {
   bool stayed_ = false;
 };
 
-const MsgButtons kBeyond = static_cast<MsgButtons>(4);
+const MsgButtons kBeyond = static_cast<MsgButtons>(static_cast<int>(MsgButtons::NotStoredAtEnd) + 1);
 
 TEST_F(MsgBoxTest, ShowsTheButtonsOfEachSet) {
   const std::vector<std::pair<MsgButtons, QStringList>> sets = {
@@ -90,6 +90,8 @@ TEST_F(MsgBoxTest, ShowsTheButtonsOfEachSet) {
       {MsgButtons::YesNo, {"yes", "no"}},
       {MsgButtons::YesNoCancel, {"yes", "no", "close"}},
       {MsgButtons::RetryCancel, {"retry", "close"}},
+      {MsgButtons::NotStored, {"retry", "elsewhere", "later"}},
+      {MsgButtons::NotStoredAtEnd, {"retry", "elsewhere", "leave", "close"}},
       {kBeyond, {"ok"}},
   };
   for (const auto& [buttons, names] : sets) {
@@ -99,13 +101,29 @@ TEST_F(MsgBoxTest, ShowsTheButtonsOfEachSet) {
 
 TEST_F(MsgBoxTest, HasTheIconOfItsSet) {
   const std::vector<std::pair<MsgButtons, std::optional<QColor>>> sets = {
-      {MsgButtons::Ok, std::nullopt}, {MsgButtons::OkCancel, kExclamation},
-      {MsgButtons::YesNo, kQuestion}, {MsgButtons::YesNoCancel, kQuestion},
+      {MsgButtons::Ok, std::nullopt},
+      {MsgButtons::OkCancel, kExclamation},
+      {MsgButtons::YesNo, kQuestion},
+      {MsgButtons::YesNoCancel, kQuestion},
+      {MsgButtons::NotStored, kExclamation},
+      {MsgButtons::NotStoredAtEnd, kExclamation},
       {kBeyond, std::nullopt},
   };
   for (const auto& [buttons, colour] : sets) {
     Open(buttons, [&colour = colour](QWidget& dialog) { EXPECT_EQ(Icon(dialog), colour); });
   }
+}
+
+TEST_F(MsgBoxTest, OfWhatIsNotStoredLosesNothingByEnterOrEsc) {
+  const auto answer = [this](MsgButtons buttons, Qt::Key key) {
+    return Open(buttons, [key](QWidget& dialog) { QTest::keyClick(&dialog, key); });
+  };
+  EXPECT_EQ(answer(MsgButtons::NotStored, Qt::Key_Return), MsgResult::Retry);
+  EXPECT_EQ(answer(MsgButtons::NotStored, Qt::Key_Escape), MsgResult::Later);
+  EXPECT_EQ(answer(MsgButtons::NotStored, Qt::Key_S), MsgResult::Elsewhere);
+  EXPECT_EQ(answer(MsgButtons::NotStoredAtEnd, Qt::Key_Return), MsgResult::Retry);
+  EXPECT_EQ(answer(MsgButtons::NotStoredAtEnd, Qt::Key_Escape), MsgResult::Cancel);
+  EXPECT_EQ(answer(MsgButtons::NotStoredAtEnd, Qt::Key_Q), MsgResult::Leave);
 }
 
 TEST_F(MsgBoxTest, HasTheIconThatIsAskedFor) {

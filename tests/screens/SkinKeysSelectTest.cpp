@@ -160,7 +160,8 @@ void CheckSelection(const test::SkinKeys& keys, const QString& mail) {
   home.Collection(names, mail);
   home.Record(1, 10);
   home.Record(2, 20, "Jiný");
-  FrmPoSt window(home.skin, home.folder.Paths());
+  const UnstoredWins none;
+  FrmPoSt window(home.skin, home.folder.Paths(), none);
   ASSERT_FALSE(window.LoadColl(home.CollectionPath(), "Žofie"));
   test::CheckKeys(home, keys, [&](const auto& look) {
     window.SkinIt();
