@@ -50,7 +50,7 @@ TEST_F(Rows, StandFourteenApartInsideTheFrame) {
 }
 
 TEST_F(Rows, TellANameThatIsTooLongAsItIsWritten) {
-  const QString name = "<img src=\"/dev/zero\"> jméno, které se do řádku nevejde";
+  const QString name = "<img src=\"/dev/null\"> jméno, které se do řádku nevejde";
   list_.SetLabels({name});
   const QPoint place = list_.PlaceOf(0).center();
   QHelpEvent event(QEvent::ToolTip, place, list_.mapToGlobal(place));
