@@ -24,6 +24,8 @@ class PictureFinder {
   // The path of a picture: of the skin and the scheme, of the skin, then the same of the default skin; within
   // one folder .jpg goes before .bmp before .gif. A picture that is nowhere gives error.bmp.
   std::string GetSchPicPath(std::string_view name) const;
+  // Whether the picture is anywhere.
+  bool Has(std::string_view name) const { return GetSchPicPath(name) != errorPicture_; }
 
  private:
   // The files of a folder, found without regard to letter case.

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <system_error>
+#include <utility>
 #include <vector>
 
 #include "data/Cp1250.h"
@@ -38,6 +39,11 @@ constexpr std::array<Stem, kSoundCount> kStems{{
     {15, "adeath"},
     {9, "magicwall", true},
 }};
+
+bool IsLoop(int n) {
+  return std::any_of(kStems.begin(), kStems.end(),
+                     [n](const Stem& stem) { return stem.number == n && stem.looping; });
+}
 
 std::string SoundFolder(const SkinPlaces& places, const std::string& skin) {
   return places.SkinsPath + "/" + skin + "/Sound/";
@@ -124,8 +130,7 @@ Result<Done> Sounds::InicializaceZvuku(const SkinPlaces& places) {
 }
 
 // The count can lead beyond the last variant, or to a number that no file has: then nothing sounds.
-void Sounds::PZvuk(int n) {
-  if (!on_) return;
+void Sounds::Play(int n) {
   const Sound& sound = sounds_[static_cast<std::size_t>(n)];
   const std::size_t pick = rnd_.Below(static_cast<std::uint32_t>(sound.count));
   if (pick >= sound.variants.size()) return;
@@ -133,7 +138,21 @@ void Sounds::PZvuk(int n) {
   if (variant.kind == SoundKind::Wave) device_.DSPlay(variant.buffer);
 }
 
+void Sounds::PZvuk(int n) {
+  if (IsLoop(n)) loops_.set(static_cast<std::size_t>(n));
+  if (on_) Play(n);
+}
+
+void Sounds::Switch(bool on) {
+  if (std::exchange(on_, on) == on) return;
+  if (!on) return Silence();
+  for (int n = 0; n < kSoundCount; ++n) {
+    if (loops_[static_cast<std::size_t>(n)]) Play(n);
+  }
+}
+
 void Sounds::PZvukStop(int n) {
+  loops_.reset(static_cast<std::size_t>(n));
   const Sound& sound = sounds_[static_cast<std::size_t>(n)];
   for (int v = 0; v < std::min(sound.count, kVariants); ++v) {
     const Variant& variant = sound.variants[static_cast<std::size_t>(v)];
@@ -151,6 +170,11 @@ std::string Sounds::PZvukTime(int seconds) const {
 }
 
 void Sounds::StopAll() {
+  loops_.reset();
+  Silence();
+}
+
+void Sounds::Silence() {
   for (const Sound& sound : sounds_) {
     for (const Variant& variant : sound.variants) device_.DSStop(variant.buffer);
   }

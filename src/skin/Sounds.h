@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <bitset>
 #include <cstddef>
 #include <cstdint>
 #include <map>
@@ -35,6 +36,8 @@ class Sounds {
 
   // Whether sounds are wanted; without that nothing starts, but all can be stopped.
   void SetSound(bool on) { on_ = on; }
+  // The same in the middle of a run: all falls silent, or what goes on and on is heard again.
+  void Switch(bool on);
 
   // Plays sound n, 0 to 15; one that sounds starts anew.
   void PZvuk(int n);
@@ -60,6 +63,8 @@ class Sounds {
     std::array<Variant, kVariants> variants{};  // number 1 first
   };
 
+  void Play(int n);
+  void Silence();
   void LoadSounds(int number, std::string_view stem, bool looping, const std::array<SoundFiles, 2>& folders);
 
   DSound& device_;
@@ -67,6 +72,7 @@ class Sounds {
   std::array<Sound, kSoundCount> sounds_{};
   Chance rnd_;
   bool on_ = true;
+  std::bitset<kSoundCount> loops_;  // that were started and not stopped, heard or not
 };
 
 }  // namespace zorik
