@@ -90,6 +90,7 @@ void Game::ConnectScreens() {
   connect(&hra_, &HraWindow::EndRequested, this, &Game::EndGame);
   connect(&hra_, &HraWindow::OtherKey, this, [this](int key) {
     if (key == Qt::Key_Escape && hra_.Machine().ReplayPlaying) EndGame();
+    if (key == Qt::Key_F1) ShowHelpOfGame();
   });
   connect(&winFlow_, &WinFlow::HideGame, &hra_, &QWidget::hide);
   connect(&winFlow_, &WinFlow::ShowStart, this, &Game::ShowStart);
@@ -223,6 +224,12 @@ void Game::EndGame() {
   }
 }
 
+// The help opens beside the game, which waits as long as its player reads.
+void Game::ShowHelpOfGame() {
+  OpenFileOrTell(skin_, &hra_, HelpPage(paths_, skin_, "help.html"));
+  if (hra_.Ticking()) hra_.PauseRun();
+}
+
 // A score is read in peace, and work in an editor goes on: the file is opened when the start screen is next.
 void Game::OpenFromOutside(const QString& path) {
   if (winFlow_.Busy()) {
@@ -241,7 +248,7 @@ void Game::ReSkin() {
 }
 
 void Game::EndProgram() {
-  StoreMaximized(hra_.windowState().testFlag(Qt::WindowMaximized) && !hra_.isMinimized());
+  StoreMaximized(hra_.Maximised() && !hra_.isMinimized());
   QCoreApplication::quit();
 }
 

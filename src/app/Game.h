@@ -16,6 +16,7 @@
 #include "screens/FrmLoading.h"
 #include "screens/FrmPoSt.h"
 #include "screens/FrmStart2.h"
+#include "screens/HeldKeys.h"
 #include "screens/HraWindow.h"
 #include "screens/WinFlow.h"
 #include "skin/Skin.h"
@@ -48,10 +49,12 @@ class Game : public QObject {
   void TestRun(const std::string& caveText);
   void ShowEditor();
   void EndGame();
+  void ShowHelpOfGame();
   void OpenFromOutside(const QString& path);
   void ReSkin();
   void EndProgram();
 
+  HeldKeys heldKeys_;
   Paths paths_;
   Settings settings_;
   Skin skin_;

@@ -52,8 +52,9 @@ GameLayout LayOut(QSize window, qreal scale) {
   return layout;
 }
 
-TopBarLayout LayOutTopBar(int width, bool label1, int stripWidth) {
-  const int needed = kPanelsEnd + (label1 ? 3 : 2) * (kButton + kApart) + stripWidth + kRightOfButtons;
+TopBarLayout LayOutTopBar(int width, bool label1, int stripWidth, bool leave) {
+  const int buttons = 2 + (label1 ? 1 : 0) + (leave ? 1 : 0);
+  const int needed = kPanelsEnd + buttons * (kButton + kApart) + stripWidth + kRightOfButtons;
   const qreal scale = std::min(1.0, static_cast<qreal>(width) / needed);
   const auto scaled = [scale](int units) { return static_cast<int>(units * scale); };
   TopBarLayout layout;
@@ -66,6 +67,7 @@ TopBarLayout LayOutTopBar(int width, bool label1, int stripWidth) {
     right = rect.left() - scaled(kApart);
     return rect;
   };
+  if (leave) layout.leave = place(kButton, kButton);
   layout.picRestart = place(kButton, kButton);
   layout.Command4 = place(kButton, kButton);
   if (label1) layout.Label1 = place(kButton, kButton);
