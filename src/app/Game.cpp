@@ -112,6 +112,7 @@ void Game::ConnectScreens() {
   connect(&hra_, &HraWindow::EndRequested, this, &Game::EndGame);
   connect(&hra_, &HraWindow::OtherKey, this, [this](int key) {
     if (key == Qt::Key_Escape && hra_.Machine().ReplayPlaying) EndGame();
+    if (key == Qt::Key_F1) ShowHelpOfGame();
   });
   connect(&winFlow_, &WinFlow::HideGame, &hra_, &QWidget::hide);
   connect(&winFlow_, &WinFlow::ShowStart, this, &Game::ShowStart);
@@ -291,6 +292,12 @@ void Game::CameFromOutside(const QString& path) {
   files_.Add(path);
 }
 
+// The help opens beside the game, which waits as long as its player reads.
+void Game::ShowHelpOfGame() {
+  OpenFileOrTell(skin_, &hra_, HelpPage(paths_, skin_, "help.html"));
+  if (hra_.Ticking()) hra_.PauseRun();
+}
+
 void Game::OpenFromOutside(const QString& path) {
   if (hra_.isVisible()) EndGame();
   ShowStart();
@@ -317,7 +324,7 @@ void Game::ReSkin() {
 
 void Game::EndProgram() {
   if (!keeper_.MayEnd(&frmStart2_)) return;
-  StoreMaximized(hra_.windowState().testFlag(Qt::WindowMaximized) && !hra_.isMinimized());
+  StoreMaximized(hra_.Maximised() && !hra_.isMinimized());
   frmStart2_.hide();  // a window that shows would be asked whether it agrees
   QCoreApplication::quit();
 }

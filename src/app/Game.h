@@ -17,6 +17,7 @@
 #include "screens/FrmLoading.h"
 #include "screens/FrmPoSt.h"
 #include "screens/FrmStart2.h"
+#include "screens/HeldKeys.h"
 #include "screens/HraWindow.h"
 #include "screens/RecordKeeper.h"
 #include "screens/WinFlow.h"
@@ -60,11 +61,13 @@ class Game : public QObject {
   OutsideScreens ScreensForFiles();
   OnScreen WhatShows() const;
   void CameFromOutside(const QString& path);
+  void ShowHelpOfGame();
   void OpenFromOutside(const QString& path);
   void ShowUp();
   void ReSkin();
   void EndProgram();
 
+  HeldKeys heldKeys_;
   Paths paths_;
   Settings settings_;
   Skin skin_;

@@ -14,13 +14,17 @@ struct JoyInfo {
 };
 
 // Turns the axes of a stick into the directions of the arrow keys. There is nothing to calibrate: where the
-// axes are when the stick is first read counts as the centre.
+// axes are when the stick is first read counts as the centre, unless it is pushed by then. What was pushed
+// and let go between two ticks counts for the next one.
 class JoyStick {
  public:
-  // The stick is there; its axes now are the centre.
+  // The stick is there; its axes now are the centre. One outside of the middle third is pushed: its centre
+  // is the middle.
   void JoyInit(const JoyInfo& info);
-  // The stick's latest state. While it cannot be read, the last one stands.
-  void Read(const JoyInfo& info) { info_ = info; }
+  // The stick's latest state, as often as it changes. While it cannot be read, the last one stands.
+  void Read(const JoyInfo& info);
+  // What was let go by now is forgotten, and what is held was not pressed just now.
+  void Forget();
 
   // 1 left, 2 up, 3 right, 4 down, 0 none. Meant to be asked once a tick, since it counts how long each
   // direction has been pushed: the one that was pushed last wins, and two that were pushed in the same tick
@@ -28,16 +32,25 @@ class JoyStick {
   // side; sensitivity is above 0.
   int JoyDirection(int sensitivity);
 
-  // The button word, 0 to 3.
-  int JoyButtons() const { return static_cast<int>(info_.buttons & 3U); }
+  // The button word, 0 to 3, asked once a tick as well. The first button counts for as long as it is held, as
+  // the keys of action do; the second once for each press, together with what the first one was then.
+  int JoyButtons();
 
  private:
+  static constexpr unsigned kFirst = 1;
+  static constexpr unsigned kSecond = 2;
+
   static constexpr int kNotPushed = 1000;
   static constexpr int kLongest = kNotPushed - 1;
 
-  std::array<bool, 4> Pushed(int sensitivity) const;
+  std::array<bool, 4> Pushed() const;
+  std::array<bool, 4> PushedOrTapped() const;
 
   JoyInfo info_;
+  int sensitivity_ = 2;
+  std::array<bool, 4> tapped_{};  // directions that were entered since the last tick
+  unsigned first_ = 0;            // the first button's tap since then
+  unsigned chord_ = 0;            // what the second button was pressed with, and itself
   int JoyCentreX_ = 0;
   int JoyCentreY_ = 0;
   std::array<int, 4> JoyHeld_{kNotPushed, kNotPushed, kNotPushed,

@@ -33,6 +33,7 @@ QRegion Outline() {
   return outline + QRect(QPoint(0, 9), QPoint(200, 28));
 }
 
+// A key that is let go is heard: it does nothing, and who counts it as held would wait for it for ever.
 bool FromPlayer(const QEvent& event) {
   switch (event.type()) {
     case QEvent::MouseButtonPress:
@@ -40,7 +41,6 @@ bool FromPlayer(const QEvent& event) {
     case QEvent::MouseButtonDblClick:
     case QEvent::Wheel:
     case QEvent::KeyPress:
-    case QEvent::KeyRelease:
     case QEvent::Shortcut:
     case QEvent::ShortcutOverride:
     case QEvent::TouchBegin:

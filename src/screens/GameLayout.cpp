@@ -51,8 +51,9 @@ GameLayout LayOut(QSize window, qreal scale) {
   return layout;
 }
 
-TopBarLayout LayOutTopBar(int width, bool label1, int stripWidth) {
-  const int needed = kPanelsEnd + kTopBar + kApart + (label1 ? 2 : 1) * (kButton + kApart) + stripWidth;
+TopBarLayout LayOutTopBar(int width, bool label1, int stripWidth, bool leave) {
+  const int buttons = 1 + (label1 ? 1 : 0) + (leave ? 1 : 0);
+  const int needed = kPanelsEnd + kTopBar + kApart + buttons * (kButton + kApart) + stripWidth;
   const qreal scale = std::min(1.0, static_cast<qreal>(width) / needed);
   const auto scaled = [scale](int units) { return static_cast<int>(units * scale); };
   TopBarLayout layout;
@@ -65,6 +66,7 @@ TopBarLayout LayOutTopBar(int width, bool label1, int stripWidth) {
     right = rect.left() - scaled(kApart);
     return rect;
   };
+  if (leave) layout.leave = place(kButton, kButton);
   layout.picRestart = place(kTopBar, kTopBar);
   layout.Command4 = place(kButton, kButton);
   if (label1) layout.Label1 = place(kButton, kButton);

@@ -23,11 +23,12 @@ struct GameLayout {
 GameLayout LayOut(QSize window, qreal scale);
 
 // What lies in the bar above, in its own coordinates, its height being kTopBar: at the right the buttons, of
-// which Label1 shows only in a replay and a test run, and the strip of units left of them; at the left the
-// panels of the figures.
+// which Label1 shows only in a replay and a test run and the one that leaves the cave only where the window
+// has no frame to do so, and the strip of units left of them; at the left the panels of the figures.
 struct TopBarLayout {
   qreal scale = 1;    // of all that lies in it, below 1 where it would not find room otherwise
   int panelsEnd = 0;  // where the part of its picture with the panels ends
+  QRect leave;
   QRect picRestart;
   QRect Command4;
   QRect Label1;
@@ -42,6 +43,6 @@ inline constexpr int kPanelsEnd = 420;
 
 // For a bar of this width. stripWidth is the width of the strip of units, 0 without one. In a bar that is too
 // narrow for all of it everything is smaller.
-TopBarLayout LayOutTopBar(int width, bool label1, int stripWidth);
+TopBarLayout LayOutTopBar(int width, bool label1, int stripWidth, bool leave = false);
 
 }  // namespace zorik

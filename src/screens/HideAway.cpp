@@ -2,8 +2,10 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QIcon>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QPixmap>
 #include <algorithm>
 
 #include "core/Keys.h"
@@ -14,6 +16,9 @@ namespace {
 
 constexpr std::array<int, 5> kSequence{'Z', 'O', 'R', 'I', 'K'};
 constexpr std::array<int, 4> kNeutral{kKeyLeft, kKeyUp, kKeyRight, kKeyDown};
+
+constexpr QColor kHeadColour(0xE4, 0xE4, 0xE4);
+constexpr QColor kLineColour(0xC4, 0xC4, 0xC4);
 
 constexpr QSize kSize(420, 260);
 constexpr int kRow = 20;
@@ -35,6 +40,26 @@ int CodeOf(const QKeyEvent& event) {
   }
 }
 
+// A grey table that nobody looks at twice, as large as title bars and task lists ask for.
+QIcon DullIcon() {
+  QIcon icon;
+  for (const int size : {16, 24, 32, 48, 64, 128}) {
+    QPixmap sheet(size, size);
+    sheet.fill(Qt::white);
+    QPainter painter(&sheet);
+    painter.fillRect(0, 0, size, size / 4, kHeadColour);
+    painter.fillRect(0, 0, size / 4, size, kHeadColour);
+    painter.setPen(kLineColour.darker());
+    for (int i = 0; i < 4; ++i) {
+      painter.drawLine(0, i * size / 4, size, i * size / 4);
+      painter.drawLine(i * size / 4, 0, i * size / 4, size);
+    }
+    painter.drawRect(0, 0, size - 1, size - 1);
+    icon.addPixmap(sheet);
+  }
+  return icon;
+}
+
 }  // namespace
 
 bool HideAwaySequence::Press(int key) {
@@ -48,7 +73,7 @@ bool HideAwaySequence::Press(int key) {
 HideAway::HideAway() {
   setObjectName("hideAway");
   setAttribute(Qt::WA_OpaquePaintEvent);
-  SetTitle(*this, QString(QChar(0x2014)));
+  setWindowIcon(DullIcon());
   resize(kSize);
 }
 
@@ -65,9 +90,9 @@ void HideAway::closeEvent(QCloseEvent* event) {
 void HideAway::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   painter.fillRect(rect(), Qt::white);
-  painter.fillRect(0, 0, width(), kRow, QColor(0xE4, 0xE4, 0xE4));
-  painter.fillRect(0, 0, kHead, height(), QColor(0xE4, 0xE4, 0xE4));
-  painter.setPen(QColor(0xC4, 0xC4, 0xC4));
+  painter.fillRect(0, 0, width(), kRow, kHeadColour);
+  painter.fillRect(0, 0, kHead, height(), kHeadColour);
+  painter.setPen(kLineColour);
   for (int y = kRow; y < height(); y += kRow) painter.drawLine(0, y, width(), y);
   for (int x = kHead; x < width(); x += kColumn) painter.drawLine(x, 0, x, height());
   painter.setPen(QColor(0x50, 0x50, 0x50));

@@ -24,6 +24,7 @@ namespace {
 
 constexpr QSize kSmallest(480, 320);
 constexpr QSize kUsual(39 * 24, 23 * 24 + kTopBar + kBottomBar);
+constexpr int kBelowBar = 8;      // the message strip
 constexpr int kFlashAtLeast = 5;  // milliseconds
 
 QColor ToColour(Colour colour) {
@@ -65,6 +66,7 @@ HraWindow::HraWindow(Skin& skin, DSound& sound, Settings& settings)
   connect(topBar_, &TopBar::RestartClicked, this, &HraWindow::RestartClicked);
   connect(topBar_, &TopBar::SettingsClicked, this, &HraWindow::EditSettings);
   connect(topBar_, &TopBar::ViewClicked, this, &HraWindow::ToggleView);
+  connect(topBar_, &TopBar::LeaveClicked, this, &HraWindow::EndRequested);
   connect(hideAway_.get(), &HideAway::Found, this, &HraWindow::ComeBack);
 }
 
@@ -90,7 +92,9 @@ std::optional<Failure> HraWindow::StartRecord(const std::string& bytes) {
 
 void HraWindow::StartTicking() {
   running_ = true;
-  keyboard_.ReleaseAll();
+  ListenToPad();
+  ReleaseKeys();
+  topBar_->PulseRestart(false);
   UpdateCaption();
   SetInterval();
   DrawView();
@@ -116,9 +120,10 @@ void HraWindow::SetInterval() {
 
 void HraWindow::OnTick() {
   KeySnapshot keys = keyboard_.Take();
-  if (settings_.Joystick) {
-    if (!joyPad_) joyPad_.emplace();
+  if (joyPad_ && isActiveWindow()) {
     joyPad_->Sample(keys);
+  } else if (joyPad_) {
+    joyPad_->Forget();
   }
   requests_.clear();
   const TickEnd end = Tick(hra_, keys);
@@ -126,16 +131,44 @@ void HraWindow::OnTick() {
   AfterTick(end);
 }
 
+// The pad's centre is read when it is looked for: before anybody pushes it in play.
+void HraWindow::ListenToPad() {
+  if (!settings_.Joystick) {
+    joyPad_.reset();
+  } else if (!joyPad_) {
+    joyPad_.emplace();
+  }
+}
+
+void HraWindow::ReleaseKeys() {
+  keyboard_.ReleaseAll();
+  if (joyPad_) joyPad_->Forget();
+}
+
+// The run goes on, but nobody can bring it to an end any more.
+bool HraWindow::NothingHelps() const {
+  const auto* const end = hra_.Dog.begin() + hra_.DogCount + 1;
+  const bool alive = std::any_of(hra_.Dog.begin(), end, [](const Unit& unit) { return unit.Alive; });
+  return !alive || hra_.Elapsed >= hra_.TimeLimit * kTicksPerSecond;
+}
+
+void HraWindow::RecordEnds() {
+  strip_->ShowNotice(kRecordEndWords.In(skin_), ToColour(Colour::White));
+  topBar_->PulseRestart(true);
+  emit RecordOver();
+}
+
 void HraWindow::AfterTick(TickEnd end) {
   const std::vector<Request> requests = std::exchange(requests_, {});
   for (const Request request : requests) Act(request);
   if (end == TickEnd::Restarted) UpdateCaption();
+  topBar_->PulseRestart(end == TickEnd::Running && NothingHelps());
   if (end != TickEnd::Won && end != TickEnd::RecordOver) return;
   Stop();
   if (end == TickEnd::Won) {
     emit RunWon();
   } else {
-    emit RecordOver();
+    RecordEnds();
   }
 }
 
@@ -158,9 +191,7 @@ void HraWindow::ShowFlash() {
 void HraWindow::Act(Request request) {
   switch (request) {
     case Request::Pause:
-      sounds_.PauseAll();
-      WithDialog([this] { Tell(skin_, this, skin_.Text(99), skin_.Text(97)); });
-      sounds_.ResumeAll();
+      PauseRun();
       break;
     case Request::IdleQuestion:
       WithDialog([this] { Ask(skin_, this, skin_.Text(100), skin_.Text(98)); });
@@ -180,6 +211,12 @@ void HraWindow::Act(Request request) {
   }
 }
 
+void HraWindow::PauseRun() {
+  sounds_.PauseAll();
+  WithDialog([this] { Tell(skin_, this, skin_.Text(99), skin_.Text(97), Qt::Key_P); });
+  sounds_.ResumeAll();
+}
+
 // The controls
 
 void HraWindow::ChangeSpeed(int delta) {
@@ -196,7 +233,7 @@ void HraWindow::ToggleView() {
 }
 
 void HraWindow::RestartClicked() {
-  keyboard_.ReleaseAll();
+  ReleaseKeys();
   RestartCave(hra_);
   StartTicking();
 }
@@ -209,6 +246,7 @@ void HraWindow::EditSettings() {
   sounds_.SetVolume(settings_.Volume);
   sounds_.SwitchLoops(settings_.Loops);
   sounds_.Switch(settings_.Sound);
+  ListenToPad();
   SetInterval();
   if (settings_.NoSurprise != shown) RepaintHiddenThings();
 }
@@ -226,11 +264,11 @@ void HraWindow::RepaintHiddenThings() {
 
 void HraWindow::WithDialog(const std::function<void()>& dialog) {
   tmrHra_.stop();
-  keyboard_.ReleaseAll();
+  ReleaseKeys();
   ++dialogs_;
   dialog();
   --dialogs_;
-  keyboard_.ReleaseAll();
+  ReleaseKeys();
   if (running_ && !paused_ && dialogs_ == 0) tmrHra_.start();
 }
 
@@ -239,19 +277,20 @@ void HraWindow::WithDialog(const std::function<void()>& dialog) {
 void HraWindow::Pause() {
   if (std::exchange(paused_, true)) return;
   tmrHra_.stop();
-  keyboard_.ReleaseAll();
+  ReleaseKeys();
   sounds_.PauseAll();
 }
 
 void HraWindow::Resume() {
   if (!std::exchange(paused_, false)) return;
   sounds_.ResumeAll();
-  keyboard_.ReleaseAll();
+  ReleaseKeys();
   if (running_ && dialogs_ == 0) tmrHra_.start();
 }
 
 void HraWindow::Hide() {
   Pause();
+  hideAway_->setWindowTitle(kTableWords.In(skin_));
   hideAway_->show();
   hideAway_->activateWindow();
   hide();
@@ -285,8 +324,9 @@ void HraWindow::CaveOpens() {
 
 void HraWindow::ShowDecoration() {
   const Decoration& around = painter_.Around();
-  topBar_->SetPictures(around.Border1, around.Restart, around.Settings);
-  topBar_->SetTips(kRestartWords.In(skin_), kSettingsWords.In(skin_), kViewWords.In(skin_));
+  topBar_->SetPictures(around.Border1, around.Restart, around.Settings, around.Leave);
+  topBar_->SetTips(kRestartWords.In(skin_), kSettingsWords.In(skin_), kViewWords.In(skin_),
+                   kLeaveWords.In(skin_));
   imOk2_->SetPicture(around.Border2);
   bar_ = around.Bar;
   update();
@@ -363,12 +403,17 @@ void HraWindow::keyPressEvent(QKeyEvent* event) {
     return;
   }
   if (event->isAutoRepeat()) return;
-  if (event->key() == Qt::Key_F11) {
-    setWindowState(windowState() ^ Qt::WindowFullScreen);
-    return;
-  }
+  if (event->key() == Qt::Key_F11) return SetFullScreen(!isFullScreen());
+  if (event->key() == Qt::Key_Escape && isFullScreen()) return SetFullScreen(false);
   if (event->key() == Qt::Key_F2) return EditSettings();
   emit OtherKey(event->key());
+}
+
+// A window that was hidden while it filled the screen does not know any more what it was before.
+void HraWindow::SetFullScreen(bool full) {
+  if (full) maximised_ = isMaximized();
+  const Qt::WindowStates before = maximised_ ? Qt::WindowMaximized : Qt::WindowNoState;
+  setWindowState(full ? before | Qt::WindowFullScreen : before);
 }
 
 void HraWindow::keyReleaseEvent(QKeyEvent* event) {
@@ -376,7 +421,7 @@ void HraWindow::keyReleaseEvent(QKeyEvent* event) {
 }
 
 void HraWindow::focusOutEvent(QFocusEvent* event) {
-  keyboard_.ReleaseAll();
+  ReleaseKeys();
   QWidget::focusOutEvent(event);
 }
 
@@ -400,13 +445,14 @@ void HraWindow::Arrange() {
   topBar_->setGeometry(layout.imOk1);
   ram_->setGeometry(layout.ram);
   imOk2_->setGeometry(layout.imOk2);
-  strip_->Centre();
+  strip_->SetTop(layout.imOk1.bottom() + 1 + kBelowBar);
   if (pctBlesk_->isVisible()) pctBlesk_->setGeometry(rect());
   DrawView();
 }
 
 // Coming back from being minimised starts only what that has stopped.
 void HraWindow::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::WindowStateChange) topBar_->ShowLeave(isFullScreen());
   if (event->type() == QEvent::WindowStateChange && !hideAway_->isVisible()) {
     if (isMinimized()) {
       Pause();

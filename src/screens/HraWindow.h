@@ -47,6 +47,9 @@ class HraWindow : public QWidget, private Stage {
   // The run is over: it stands still and keeps silent.
   void Stop();
 
+  // The player's own pause, until he ends it.
+  void PauseRun();
+
   // Shows a dialog; the game stands still meanwhile and starts with no key held.
   void WithDialog(const std::function<void()>& dialog);
 
@@ -59,6 +62,8 @@ class HraWindow : public QWidget, private Stage {
   bool Ticking() const { return tmrHra_.isActive(); }
   int Interval() const { return tmrHra_.interval(); }  // milliseconds between two ticks
   const HideAway& Hidden() const { return *hideAway_; }
+  // Whether it is maximised, or will be when it fills the screen no more.
+  bool Maximised() const { return isFullScreen() ? maximised_ : isMaximized(); }
 
  signals:
   void RunWon();
@@ -99,6 +104,11 @@ class HraWindow : public QWidget, private Stage {
   void StartTicking();
   void OnTick();
   void AfterTick(TickEnd end);
+  bool NothingHelps() const;
+  void RecordEnds();
+  void ReleaseKeys();
+  void ListenToPad();
+  void SetFullScreen(bool full);
   void DrawView();
   void Arrange();
   void ScreenChanged();
@@ -124,12 +134,13 @@ class HraWindow : public QWidget, private Stage {
   Hra hra_;
 
   Keyboard keyboard_;
-  std::optional<JoyPad> joyPad_;  // looked for when it is first asked
+  std::optional<JoyPad> joyPad_;  // while the settings want it
   std::vector<Request> requests_;
   bool flash_ = false;
-  bool paused_ = false;   // minimised or hidden, and the timer stopped for that
-  bool running_ = false;  // a run is on: the timer runs unless a dialog or a pause stops it
-  int dialogs_ = 0;       // that are open
+  bool paused_ = false;     // minimised or hidden, and the timer stopped for that
+  bool running_ = false;    // a run is on: the timer runs unless a dialog or a pause stops it
+  int dialogs_ = 0;         // that are open
+  bool maximised_ = false;  // before it filled the screen
 
   QImage bar_;  // around the play picture
   TopBar* topBar_;

@@ -11,8 +11,7 @@ namespace zorik {
 namespace {
 
 constexpr int kShownFor = 3000;  // milliseconds
-constexpr int kTop = 18;
-constexpr int kPadding = 30;  // at both sides
+constexpr int kPadding = 30;     // at both sides
 constexpr int kHeight = 40;
 constexpr int kLetters = 20;
 constexpr int kMostCharacters = 400;  // a remark in a record may be of any length
@@ -39,6 +38,16 @@ void MessageStrip::ShowMessage(const QString& text, QColor colour) {
   if (!tmrMsg_.isActive()) tmrMsg_.start();
 }
 
+void MessageStrip::ShowNotice(const QString& text, QColor colour) {
+  ShowMessage(text, colour);
+  tmrMsg_.stop();
+}
+
+void MessageStrip::SetTop(int top) {
+  top_ = top;
+  Centre();
+}
+
 void MessageStrip::Clear() {
   tmrMsg_.stop();
   hide();
@@ -51,7 +60,7 @@ void MessageStrip::Centre() {
   lines_ = WrapText(text_, metrics, std::max(1, room), std::max(1, most));
   const int width = lines_.width + 2 * kPadding;
   const int more = static_cast<int>(lines_.lines.size()) - 1;
-  setGeometry((parentWidget()->width() - width) / 2, kTop, width, kHeight + more * metrics.lineSpacing());
+  setGeometry((parentWidget()->width() - width) / 2, top_, width, kHeight + more * metrics.lineSpacing());
 }
 
 void MessageStrip::paintEvent(QPaintEvent* /*event*/) {

@@ -20,6 +20,10 @@ class MessageStrip : public QWidget {
   void ShowMessage(const QString& text, QColor colour);
   // Nothing is shown any more, and the next message has its three seconds.
   void Clear();
+  // A message that stays until it is cleared or replaced.
+  void ShowNotice(const QString& text, QColor colour);
+  // How far below its parent's top the strip lies.
+  void SetTop(int top);
   // Puts the strip in the middle of its parent's width, in which it finds room.
   void Centre();
 
@@ -32,6 +36,7 @@ class MessageStrip : public QWidget {
  private:
   QString text_;
   WrappedText lines_;
+  int top_ = 0;
   QColor colour_;
   QTimer tmrMsg_;
 };

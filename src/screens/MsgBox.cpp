@@ -111,6 +111,9 @@ class FrmDialog : public SkinDialog {
 
   MsgResult Result() const { return result_; }
 
+  // One more key for OK.
+  void SetOkKey(Qt::Key key) { okKey_ = key; }
+
  protected:
   void OnEnter() override { Press(shown_.front()); }
   void OnEsc() override;
@@ -133,6 +136,7 @@ class FrmDialog : public SkinDialog {
   Skin& skin_;
   std::vector<MsgResult> shown_;
   MsgResult result_;
+  Qt::Key okKey_ = Qt::Key_unknown;
   QLabel* lblTitle_;
   QLabel* lblText_;
   QLabel* imgIcon_;
@@ -203,7 +207,8 @@ void FrmDialog::Press(MsgResult result) {
 void FrmDialog::keyPressEvent(QKeyEvent* event) {
   const bool command = (event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) != 0;
   for (const ButtonRow& row : kButtons) {
-    if (event->key() != row.key || command || event->isAutoRepeat()) continue;
+    const bool its = event->key() == row.key || (row.result == MsgResult::Ok && event->key() == okKey_);
+    if (!its || command || event->isAutoRepeat()) continue;
     Press(row.result);
     return;
   }
@@ -269,19 +274,25 @@ void FrmDialog::ShowText(const QString& title, const QString& text, MsgIcon icon
   PlaceButtons(height() - bottom + kGap);
 }
 
-}  // namespace
-
-MsgResult SkinMsgBox(Skin& skin, QWidget* parent, const QString& prompt, MsgButtons buttons, MsgIcon icon,
-                     const QString& title) {
+MsgResult Open(Skin& skin, QWidget* parent, const QString& prompt, MsgButtons buttons, MsgIcon icon,
+               const QString& title, Qt::Key okKey) {
   FrmDialog dialog(skin, parent, buttons);
+  dialog.SetOkKey(okKey);
   dialog.ShowText(title.isEmpty() ? QString(kProgramTitle) : title, prompt,
                   icon == MsgIcon::OfSet ? IconOf(buttons) : icon);
   dialog.exec();
   return dialog.Result();
 }
 
-void Tell(Skin& skin, QWidget* parent, const QString& title, const QString& text) {
-  SkinMsgBox(skin, parent, text, MsgButtons::Ok, MsgIcon::OfSet, title);
+}  // namespace
+
+MsgResult SkinMsgBox(Skin& skin, QWidget* parent, const QString& prompt, MsgButtons buttons, MsgIcon icon,
+                     const QString& title) {
+  return Open(skin, parent, prompt, buttons, icon, title, Qt::Key_unknown);
+}
+
+void Tell(Skin& skin, QWidget* parent, const QString& title, const QString& text, Qt::Key key) {
+  Open(skin, parent, text, MsgButtons::Ok, MsgIcon::OfSet, title, key);
 }
 
 bool AskRetry(Skin& skin, QWidget* parent, const QString& title, const QString& text) {

@@ -32,8 +32,9 @@ enum class MsgResult { Ok = 1, Cancel = 2, Retry = 4, Yes = 6, No = 7, Elsewhere
 MsgResult SkinMsgBox(Skin& skin, QWidget* parent, const QString& prompt, MsgButtons buttons = MsgButtons::Ok,
                      MsgIcon icon = MsgIcon::OfSet, const QString& title = QString());
 
-// A message with OK.
-void Tell(Skin& skin, QWidget* parent, const QString& title, const QString& text);
+// A message with OK. The key, if there is one, presses OK, too.
+void Tell(Skin& skin, QWidget* parent, const QString& title, const QString& text,
+          Qt::Key key = Qt::Key_unknown);
 
 // A question with yes and no; true for yes.
 bool Ask(Skin& skin, QWidget* parent, const QString& title, const QString& text);

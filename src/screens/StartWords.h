@@ -39,9 +39,14 @@ inline constexpr StartWords kLaterWords{"caption.dialog.later", "Později"};
 inline constexpr StartWords kLeaveWords{"caption.dialog.leave", "Skončit bez nich"};
 
 // Of the buttons above the play picture.
-inline constexpr StartWords kRestartWords{"caption.game.restart", "Znovu od začátku"};
+inline constexpr StartWords kRestartWords{"caption.game.restart", "Znovu od začátku (Ctrl+R)"};
 inline constexpr StartWords kSettingsWords{"settings.text", "Nastavení"};
 inline constexpr StartWords kViewWords{"caption.game.view", "Celá komnata, nebo jen okolí"};
+inline constexpr StartWords kLeaveWords{"caption.game.leave", "Opustit komnatu"};
+
+// What else the game window says.
+inline constexpr StartWords kRecordEndWords{"caption.game.recordend", "Záznam tu končí a do cíle nedošel."};
+inline constexpr StartWords kTableWords{"caption.game.table", "Tabulka"};
 
 // Messages; what is meant stands behind those that end in a colon.
 inline constexpr StartWords kNoCollectionWords{"caption.error.nocollection", "Nenašla se žádná sada komnat."};

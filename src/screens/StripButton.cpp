@@ -2,6 +2,8 @@
 
 #include <QMouseEvent>
 #include <QPainter>
+#include <cmath>
+#include <numbers>
 #include <utility>
 
 #include "skin/GameFont.h"
@@ -10,6 +12,9 @@ namespace zorik {
 namespace {
 
 constexpr qreal kRound = 10;
+constexpr int kPulseStep = 40;   // milliseconds
+constexpr int kPulseSteps = 24;  // from one glow to the next
+constexpr int kGlow = 170;       // alpha
 
 // A plate for a letter, in the manner of the pictures.
 void PaintPlate(QPainter& painter, const QRect& place) {
@@ -27,6 +32,22 @@ StripButton::StripButton(QWidget* parent) : QWidget(parent) {
   setFocusPolicy(Qt::NoFocus);
   setAttribute(Qt::WA_Hover);
   setCursor(Qt::PointingHandCursor);
+  pulse_.setInterval(kPulseStep);
+  pulse_.callOnTimeout([this] {
+    pulseStep_ = (pulseStep_ + 1) % kPulseSteps;
+    update();
+  });
+}
+
+void StripButton::SetPulse(bool pulses) {
+  if (pulses == Pulses()) return;
+  pulseStep_ = 0;
+  if (pulses) {
+    pulse_.start();
+  } else {
+    pulse_.stop();
+  }
+  update();
 }
 
 void StripButton::SetPicture(const QImage& picture) {
@@ -76,6 +97,10 @@ QImage StripButton::Face() const {
     painter.drawText(rect(), Qt::AlignCenter, caption_);
   }
   painter.setCompositionMode(QPainter::CompositionMode_SourceAtop);
+  if (Pulses()) {
+    const double wave = (1 - std::cos(2 * std::numbers::pi * pulseStep_ / kPulseSteps)) / 2;
+    painter.fillRect(rect(), QColor(255, 244, 150, static_cast<int>(kGlow * wave)));
+  }
   if (pressed_) {
     painter.fillRect(rect(), QColor(0, 0, 0, 70));
   } else if (underMouse()) {

@@ -2,6 +2,7 @@
 
 #include <QImage>
 #include <QString>
+#include <QTimer>
 #include <QWidget>
 
 namespace zorik {
@@ -20,6 +21,10 @@ class StripButton : public QWidget {
   void SetCaption(const QString& caption);
   const QString& Caption() const { return caption_; }
 
+  // It glows and fades in turn, to be found.
+  void SetPulse(bool pulses);
+  bool Pulses() const { return pulse_.isActive(); }
+
  signals:
   void Clicked();
 
@@ -35,6 +40,8 @@ class StripButton : public QWidget {
   QImage picture_;
   QString caption_;
   bool pressed_ = false;  // with the pointer inside
+  QTimer pulse_;
+  int pulseStep_ = 0;
 };
 
 }  // namespace zorik

@@ -14,6 +14,7 @@ namespace {
 
 constexpr int kFigures = 23;  // height of the letters
 constexpr int kLastSeconds = 10;
+constexpr qreal kPlateRound = 5;
 constexpr QColor kPlain(0xF4, 0xEA, 0xD4);
 constexpr QColor kFaint(0xA8, 0xA0, 0x94);
 constexpr QColor kLate(0xFF, 0x7A, 0x5A);
@@ -38,30 +39,39 @@ TopBar::TopBar(QWidget* parent)
     : QWidget(parent),
       picRestart_(new StripButton(this)),
       Command4_(new StripButton(this)),
-      Label1_(new StripButton(this)) {
+      Label1_(new StripButton(this)),
+      leave_(new StripButton(this)) {
   setFocusPolicy(Qt::NoFocus);
   setAttribute(Qt::WA_OpaquePaintEvent);
   picRestart_->setObjectName("picRestart");
   Command4_->setObjectName("Command4");
   Label1_->setObjectName("Label1");
   Label1_->hide();
+  leave_->setObjectName("leave");
+  leave_->SetCaption(QString(QChar(0xD7)));
+  leave_->hide();
   connect(picRestart_, &StripButton::Clicked, this, &TopBar::RestartClicked);
   connect(Command4_, &StripButton::Clicked, this, &TopBar::SettingsClicked);
   connect(Label1_, &StripButton::Clicked, this, &TopBar::ViewClicked);
+  connect(leave_, &StripButton::Clicked, this, &TopBar::LeaveClicked);
   SetScrollView(true);
 }
 
-void TopBar::SetPictures(const QImage& border1, const QImage& restart, const QImage& settings) {
+void TopBar::SetPictures(const QImage& border1, const QImage& restart, const QImage& settings,
+                         const QImage& leave) {
   border1_ = border1;
   picRestart_->SetPicture(restart);
   Command4_->SetPicture(settings);
+  leave_->SetPicture(leave);
   update();
 }
 
-void TopBar::SetTips(const QString& restart, const QString& settings, const QString& view) {
+void TopBar::SetTips(const QString& restart, const QString& settings, const QString& view,
+                     const QString& leave) {
   SetHint(*picRestart_, restart);
   SetHint(*Command4_, settings);
   SetHint(*Label1_, view);
+  SetHint(*leave_, leave);
 }
 
 void TopBar::Change(int& number, int value) {
@@ -101,6 +111,19 @@ void TopBar::ShowLabel1(bool visible) {
   Arrange();
 }
 
+void TopBar::ShowLeave(bool visible) {
+  leave_->setVisible(visible);
+  Arrange();
+}
+
+void TopBar::PulseRestart(bool pulses) {
+  picRestart_->SetPulse(pulses);
+}
+
+bool TopBar::RestartPulses() const {
+  return picRestart_->Pulses();
+}
+
 void TopBar::SetScrollView(bool scrolls) {
   Label1_->SetCaption(QString(scrolls ? QChar(0xB1) : QChar(0xA8)));
 }
@@ -122,7 +145,8 @@ void TopBar::DrawDogN(int n, int state) {
 }
 
 void TopBar::Arrange() {
-  layout_ = LayOutTopBar(width(), !Label1_->isHidden(), units_ ? psi_.Width() : 0);
+  layout_ = LayOutTopBar(width(), !Label1_->isHidden(), units_ ? psi_.Width() : 0, !leave_->isHidden());
+  leave_->setGeometry(layout_.leave);
   picRestart_->setGeometry(layout_.picRestart);
   Command4_->setGeometry(layout_.Command4);
   Label1_->setGeometry(layout_.Label1);
@@ -154,6 +178,11 @@ void TopBar::paintEvent(QPaintEvent* /*event*/) {
   Write(painter, layout_.gems, end, " / " + Figures(needed_, 3), kFaint);
   Write(painter, layout_.value, layout_.value.left(), ValueText(), kPlain);
   if (layout_.psi.isEmpty()) return;
+  // The numbers have the scheme's colour, which can be as dark as the bar.
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(kUnitPlate);
+  painter.drawRoundedRect(layout_.psi, kPlateRound, kPlateRound);
   painter.translate(layout_.psi.topLeft());
   painter.scale(layout_.scale, layout_.scale);
   psi_.Paint(painter, QPoint());

@@ -18,10 +18,10 @@ class TopBar : public QWidget {
  public:
   explicit TopBar(QWidget* parent);
 
-  void SetPictures(const QImage& border1, const QImage& restart, const QImage& settings);
+  void SetPictures(const QImage& border1, const QImage& restart, const QImage& settings, const QImage& leave);
 
   // What the buttons say under the pointer.
-  void SetTips(const QString& restart, const QString& settings, const QString& view);
+  void SetTips(const QString& restart, const QString& settings, const QString& view, const QString& leave);
 
   void SetClock(int seconds);
   void SetGems(int collected);
@@ -31,6 +31,13 @@ class TopBar : public QWidget {
   // Label1 shows in a replay and a test run, and tells whether the view scrolls.
   void ShowLabel1(bool visible);
   void SetScrollView(bool scrolls);
+
+  // The button that leaves the cave.
+  void ShowLeave(bool visible);
+
+  // Nothing but the restart can help: its button pulses.
+  void PulseRestart(bool pulses);
+  bool RestartPulses() const;
 
   // The strip for units 0 to dogCount in a hue of 0 to 359 degrees; all slots are empty at first.
   void ShowUnits(int dogCount, int hue);
@@ -48,6 +55,7 @@ class TopBar : public QWidget {
   void RestartClicked();
   void SettingsClicked();
   void ViewClicked();
+  void LeaveClicked();
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
@@ -68,6 +76,7 @@ class TopBar : public QWidget {
   StripButton* picRestart_;
   StripButton* Command4_;
   StripButton* Label1_;
+  StripButton* leave_;
 };
 
 }  // namespace zorik

@@ -18,4 +18,7 @@ inline constexpr const char* kQuestion = "Dotaz";
 // What lies around the play picture.
 inline constexpr QColor kBarColour(0x14, 0x0F, 0x1A);
 
+// What the numbers of the units stand on.
+inline constexpr QColor kUnitPlate(0xF4, 0xEA, 0xD4);
+
 }  // namespace zorik

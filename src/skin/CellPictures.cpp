@@ -91,6 +91,14 @@ void CellPictures::Open(const Hra& hra) {
   placing_ = true;
 }
 
+void CellPictures::Placed(const Hra& hra) {
+  placing_ = false;
+  if (hra.TeleportActive) return;
+  ForEachCell(hra, [this, &hra](Cell c) {
+    if (At(c.x(), c.y()).Pic == kSetTeleport) Change(hra, c.x(), c.y());
+  });
+}
+
 std::optional<std::size_t> CellPictures::Place(int x, int y) {
   if (x < -1 || x >= kColumns - 1 || y < -1 || y >= kRows - 1) return std::nullopt;
   return static_cast<std::size_t>((y + 1) * kColumns + x + 1);

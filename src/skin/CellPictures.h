@@ -46,8 +46,8 @@ class CellPictures {
 
   // A cave is about to be set up: all cells are empty space.
   void Open(const Hra& hra);
-  // Its cells are placed.
-  void Placed() { placing_ = false; }
+  // Its cells are placed. A pad of a teleport that has no other pad is none, and shows no more.
+  void Placed(const Hra& hra);
 
   // Chooses the picture of a cell anew. A cell outside of the table and one that was left in this tick keep
   // what they have.

@@ -25,6 +25,8 @@ class PictureFinder {
   // in the player's own folder first; within one folder .jpg goes before .bmp before .gif. A picture that is
   // nowhere gives error.bmp.
   std::string GetSchPicPath(std::string_view name) const;
+  // Whether the picture is anywhere.
+  bool Has(std::string_view name) const { return GetSchPicPath(name) != errorPicture_; }
 
   // Where a picture was found.
   struct Found {

@@ -63,6 +63,7 @@ class BoxReader : public QObject {
     const auto* const text = box == nullptr ? nullptr : box->findChild<QLabel*>("lblText");
     if (text == nullptr) return;
     said.push_back(text->text());
+    QTest::keyRelease(box, Qt::Key_Return);  // the finger whose press has opened the box
     QTest::keyClick(box, Qt::Key_Return);
   }
 };

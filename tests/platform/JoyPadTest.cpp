@@ -4,49 +4,18 @@
 #include <utility>
 
 #include "platform/JoyPad.h"
+#include "support/VirtualPad.h"
 
 namespace zorik {
 namespace {
+
+using test::VirtualPad;
 
 constexpr Sint16 kLeast = -32768;
 constexpr Sint16 kMost = 32767;
 
 // What a tick hears of the pad: its direction and its buttons.
 using Heard = std::pair<int, int>;
-
-// A pad with two axes, four buttons and a hat that is made of nothing.
-class VirtualPad {
- public:
-  VirtualPad() : index_(SDL_JoystickAttachVirtual(SDL_JOYSTICK_TYPE_GAMECONTROLLER, 2, 4, 1)) {
-    EXPECT_GE(index_, 0) << SDL_GetError();
-    joystick_ = SDL_JoystickOpen(index_);
-    Axes(0, 0);
-  }
-  ~VirtualPad() {
-    SDL_JoystickClose(joystick_);
-    SDL_JoystickDetachVirtual(index_);
-  }
-  VirtualPad(const VirtualPad&) = delete;
-  VirtualPad& operator=(const VirtualPad&) = delete;
-
-  void Axes(Sint16 x, Sint16 y) {
-    SDL_JoystickSetVirtualAxis(joystick_, 0, x);
-    SDL_JoystickSetVirtualAxis(joystick_, 1, y);
-    SDL_JoystickUpdate();
-  }
-  void Hat(Uint8 value) {
-    SDL_JoystickSetVirtualHat(joystick_, 0, value);
-    SDL_JoystickUpdate();
-  }
-  void Button(int button, bool down) {
-    SDL_JoystickSetVirtualButton(joystick_, button, down ? 1 : 0);
-    SDL_JoystickUpdate();
-  }
-
- private:
-  int index_;
-  SDL_Joystick* joystick_ = nullptr;
-};
 
 class JoyPadTest : public testing::Test {
  protected:
@@ -112,9 +81,9 @@ TEST_F(JoyPadTest, HasItsCentreWhereTheAxesAreWhenAHatIsPushedAtFirst) {
 
 TEST_F(JoyPadTest, TakesWhereItStandsAtFirstForTheCentre) {
   VirtualPad pad;
-  pad.Axes(-12768, 0);  // 20000 of 65535
+  pad.Axes(-8768, 0);  // 24000 of 65535
   EXPECT_EQ(Sample(), Heard(0, 0));
-  pad.Axes(-22769, 0);  // 9999, below a half of it
+  pad.Axes(-20769, 0);  // 11999, below a half of it
   EXPECT_EQ(Sample(), Heard(1, 0));
 }
 
@@ -125,8 +94,93 @@ TEST_F(JoyPadTest, KnowsTwoButtons) {
   pad.Button(1, true);
   EXPECT_EQ(Sample(), Heard(0, 3));
   pad.Button(0, false);
+  pad.Button(1, false);
   pad.Button(2, true);
+  EXPECT_EQ(Sample(), Heard(0, 0));
+  pad.Button(1, true);
   EXPECT_EQ(Sample(), Heard(0, 2));
+}
+
+TEST_F(JoyPadTest, CountsTheSecondButtonOnceForEachPressAndTheFirstForAsLongAsItIsHeld) {
+  VirtualPad pad;
+  EXPECT_EQ(Sample(), Heard(0, 0));
+  pad.Button(0, true);
+  pad.Button(1, true);
+  EXPECT_EQ(Sample(), Heard(0, 3));
+  EXPECT_EQ(Sample(), Heard(0, 1));
+  pad.Button(1, false);
+  pad.Button(0, false);
+  EXPECT_EQ(Sample(), Heard(0, 0));
+}
+
+TEST_F(JoyPadTest, KeepsWhatIsPushedAndLetGoBetweenTwoTicks) {
+  VirtualPad pad;
+  EXPECT_EQ(Sample(), Heard(0, 0));
+  pad.Axes(kLeast, 0);
+  pad.Axes(0, 0);
+  EXPECT_EQ(Sample(), Heard(1, 0));
+  EXPECT_EQ(Sample(), Heard(0, 0));
+  pad.Hat(SDL_HAT_DOWN);
+  pad.Hat(SDL_HAT_CENTERED);
+  EXPECT_EQ(Sample(), Heard(4, 0));
+  EXPECT_EQ(Sample(), Heard(0, 0));
+  for (const int button : {0, 1}) {
+    pad.Button(button, true);
+    pad.Button(button, false);
+    EXPECT_EQ(Sample(), Heard(0, 1 << button));
+    EXPECT_EQ(Sample(), Heard(0, 0));
+  }
+}
+
+TEST_F(JoyPadTest, TakesTheFirstButtonWithThePressOfTheSecondHoweverSoonItIsUp) {
+  VirtualPad pad;
+  EXPECT_EQ(Sample(), Heard(0, 0));
+  pad.Button(0, true);
+  pad.Button(1, true);
+  pad.Button(0, false);
+  pad.Button(1, false);
+  EXPECT_EQ(Sample(), Heard(0, 3));
+  EXPECT_EQ(Sample(), Heard(0, 0));
+  pad.Button(1, true);
+  pad.Button(0, true);
+  pad.Button(0, false);
+  EXPECT_EQ(Sample(), Heard(0, 2));
+  EXPECT_EQ(Sample(), Heard(0, 1));
+}
+
+TEST_F(JoyPadTest, ForgetsWhatWasPushedForAnotherWindow) {
+  VirtualPad pad;
+  EXPECT_EQ(Sample(), Heard(0, 0));
+  pad.Axes(kLeast, 0);
+  pad.Axes(0, 0);
+  pad.Button(1, true);
+  pad_.Forget();
+  EXPECT_EQ(Sample(), Heard(0, 0));
+}
+
+TEST(JoyPad, HasItsCentreInTheMiddleWhenTheStickIsPushedByThen) {
+  VirtualPad pad;
+  pad.Axes(kLeast, kMost);
+  JoyPad late;
+  KeySnapshot keys;
+  pad.Axes(0, 0);
+  late.Forget();
+  late.Sample(keys);
+  EXPECT_EQ(keys.joyDirection, 0) << "at rest, whatever was pushed when it was first read";
+  pad.Axes(kMost, 0);
+  late.Sample(keys);
+  EXPECT_EQ(keys.joyDirection, 3);
+}
+
+TEST(JoyPad, ReadsItsCentreWhenItIsMadeAndNotWhenItIsFirstAsked) {
+  VirtualPad pad;
+  JoyPad early;
+  pad.Axes(-10000, 0);
+  KeySnapshot keys;
+  early.Sample(keys);
+  pad.Axes(-16385, 0);
+  early.Sample(keys);
+  EXPECT_EQ(keys.joyDirection, 1);
 }
 
 TEST_F(JoyPadTest, MayBePluggedInAndOutWhileTheGameRuns) {

@@ -59,12 +59,44 @@ TEST(JoyStick, HasADeadZoneOfHalfTheCentresValue) {
 
 TEST(JoyStick, TakesWhereItWasFirstReadForTheCentre) {
   JoyStick stick;
-  stick.JoyInit({20000, 40000, 0});
+  stick.JoyInit({24000, 40000, 0});
   EXPECT_EQ(stick.JoyDirection(2), 0);
-  EXPECT_EQ(DirectionAt(stick, 9999, 40000), 1);
-  EXPECT_EQ(DirectionAt(stick, 30001, 40000), 3);
-  EXPECT_EQ(DirectionAt(stick, 20000, 19999), 2);
-  EXPECT_EQ(DirectionAt(stick, 20000, 60001), 4);
+  EXPECT_EQ(DirectionAt(stick, 11999, 40000), 1);
+  EXPECT_EQ(DirectionAt(stick, 36001, 40000), 3);
+  EXPECT_EQ(DirectionAt(stick, 24000, 19999), 2);
+  EXPECT_EQ(DirectionAt(stick, 24000, 60001), 4);
+}
+
+TEST(JoyStick, TakesTheMiddleForTheCentreOfAnAxisThatWasFirstReadOutsideOfTheMiddleThird) {
+  for (const int pushed : {0, 21844, 43691, kEnd}) {
+    JoyStick stick;
+    stick.JoyInit({pushed, kMiddle, 0});
+    EXPECT_EQ(DirectionAt(stick, kMiddle, kMiddle), 0) << pushed;
+    EXPECT_EQ(DirectionAt(stick, kMiddle / 2, kMiddle), 0) << pushed;
+    EXPECT_EQ(DirectionAt(stick, kMiddle / 2 - 1, kMiddle), 1) << pushed;
+  }
+  for (const int rests : {21845, 43690}) {
+    JoyStick stick;
+    stick.JoyInit({kMiddle, rests, 0});
+    EXPECT_EQ(DirectionAt(stick, kMiddle, (rests + 1) / 2), 0) << rests;
+    EXPECT_EQ(DirectionAt(stick, kMiddle, (rests + 1) / 2 - 1), 2) << rests;
+  }
+}
+
+TEST(JoyStick, StopsWhereItIsLetGoHoweverSlowlyItGoesBack) {
+  JoyStick stick = Stick();
+  EXPECT_EQ(DirectionAt(stick, kEnd, kMiddle), 3);
+  stick.Read({55000, kMiddle, 0});
+  stick.Read({40000, kMiddle, 0});
+  EXPECT_EQ(DirectionAt(stick, kMiddle, kMiddle), 0);
+}
+
+TEST(JoyStick, CountsAPushThatIsOverForOneTick) {
+  JoyStick stick = Stick();
+  stick.Read({0, kMiddle, 0});
+  stick.Read(kRest);
+  EXPECT_EQ(stick.JoyDirection(2), 1);
+  EXPECT_EQ(stick.JoyDirection(2), 0);
 }
 
 TEST(JoyStick, ThatIsMoreSensitiveHasASmallerDeadZone) {
@@ -92,6 +124,8 @@ TEST(JoyStick, KnowsTwoButtons) {
   JoyStick stick = Stick();
   stick.Read({kMiddle, kMiddle, 0xFE});
   EXPECT_EQ(stick.JoyButtons(), 2);
+  stick.Read({kMiddle, kMiddle, 0xFD});
+  EXPECT_EQ(stick.JoyButtons(), 1);
   stick.Read({kMiddle, kMiddle, 0xFF});
   EXPECT_EQ(stick.JoyButtons(), 3);
   stick.Read({kMiddle, kMiddle, 0xFC});

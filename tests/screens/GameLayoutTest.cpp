@@ -99,6 +99,13 @@ TEST(TopBarLayout, PutsTheStripBesideCommand4InPlay) {
   EXPECT_EQ(layout.psi.right() + 1 + 4, layout.Command4.left());
 }
 
+TEST(TopBarLayout, HasTheWayOutAtTheRightOfAllWhereItShows) {
+  const TopBarLayout layout = LayOutTopBar(1000, false, 100, true);
+  EXPECT_EQ(layout.leave, LayOutTopBar(1000, false, 100).picRestart);
+  EXPECT_EQ(layout.picRestart.right() + 1 + 4, layout.leave.left());
+  EXPECT_TRUE(LayOutTopBar(1000, false, 100).leave.isEmpty());
+}
+
 TEST(TopBarLayout, HasNoStripWithoutUnits) {
   EXPECT_TRUE(LayOutTopBar(1000, false, 0).psi.isEmpty());
 }
@@ -116,9 +123,9 @@ TEST(TopBarLayout, IsSmallerAsAWholeWhereThereIsNoRoom) {
 
 // Everything that may lie in a bar of this width, the strip of all units too, has its own place.
 void ExpectAllInPlace(int width) {
-  const TopBarLayout layout = LayOutTopBar(width, true, 330);
-  const std::array<QRect, 7> places{layout.clock,  layout.gems,     layout.value,     layout.psi,
-                                    layout.Label1, layout.Command4, layout.picRestart};
+  const TopBarLayout layout = LayOutTopBar(width, true, 330, true);
+  const std::array<QRect, 8> places{layout.clock,  layout.gems,     layout.value,      layout.psi,
+                                    layout.Label1, layout.Command4, layout.picRestart, layout.leave};
   for (std::size_t i = 0; i < places.size(); ++i) {
     EXPECT_FALSE(places[i].isEmpty()) << width << ": " << i;
     EXPECT_TRUE(QRect(0, 0, width, 44).contains(places[i])) << width << ": " << i;

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <QApplication>
+#include <QIcon>
 #include <QTest>
 
 #include "core/Keys.h"
@@ -52,6 +54,21 @@ TEST(HideAway, TellsOfTheNameThatIsTypedIntoIt) {
   EXPECT_EQ(found, 0);
   QTest::keyClick(&window, Qt::Key_K);
   EXPECT_EQ(found, 1);
+}
+
+TEST(HideAway, HasADullIconOfItsOwn) {
+  QPixmap dog(32, 32);
+  dog.fill(Qt::red);
+  QApplication::setWindowIcon(dog);
+  const HideAway window;
+  const QImage icon = window.windowIcon().pixmap(32, 32).toImage();
+  QApplication::setWindowIcon(QIcon());
+  ASSERT_EQ(icon.size(), QSize(32, 32));
+  for (int y = 0; y < 32; ++y) {
+    for (int x = 0; x < 32; ++x) {
+      EXPECT_EQ(icon.pixelColor(x, y).saturation(), 0) << "grey, at " << x << ", " << y;
+    }
+  }
 }
 
 TEST(HideAway, TellsOfItsClosingAndStays) {

@@ -1,5 +1,6 @@
 #include <QSignalSpy>
 
+#include "screens/DialogScript.h"
 #include "screens/HraScreen.h"
 
 namespace zorik {
@@ -113,6 +114,19 @@ TEST_F(HraWindowInputTest, HoldsNoKeyAfterThePause) {
   EXPECT_EQ(Dog(), place);
 }
 
+TEST_F(HraWindowInputTest, EndsThePauseThatPBeganWithP) {
+  Open(Corridor());
+  bool ended = false;
+  const test::DialogScript script = {[&ended](QWidget& box) {
+    QTest::keyClick(&box, Qt::Key_P);
+    ended = !box.isVisible();
+    if (!ended) box.close();
+  }};
+  QTest::keyClick(window.get(), Qt::Key_P);
+  EXPECT_TRUE(TicksPass(2));
+  EXPECT_TRUE(ended);
+}
+
 TEST_F(HraWindowInputTest, AsksAnIdlePlayerWhetherHeIsThere) {
   settings.Speed = 1;
   Open(Corridor());
@@ -131,6 +145,7 @@ TEST_F(HraWindowInputTest, HidesBehindATableWithF12AndComesBackWithTheDogsName) 
   ASSERT_TRUE(Wait([&] { return !window->isVisible(); }));
   EXPECT_TRUE(window->Hidden().isVisible());
   EXPECT_FALSE(window->Ticking());
+  EXPECT_EQ(window->Hidden().windowTitle(), "Tabulka");
   auto* const table = const_cast<HideAway*>(&window->Hidden());
   for (const Qt::Key key : {Qt::Key_Z, Qt::Key_O, Qt::Key_R, Qt::Key_I, Qt::Key_K}) {
     QTest::keyClick(table, key);

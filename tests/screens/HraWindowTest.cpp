@@ -205,6 +205,55 @@ TEST_F(HraWindowTest, TellsOfARecordThatIsOver) {
   EXPECT_TRUE(Wait([&] { return over.count() == 1; }));
 }
 
+TEST_F(HraWindowTest, SaysThatARecordEndsShortOfTheFinishUntilItIsPlayedAgain) {
+  Show();
+  ASSERT_FALSE(window->StartRecord(test::RecordOf(Corridor(), {{}, {}, {}})));
+  ASSERT_TRUE(Wait([&] { return !window->Ticking(); }));
+  EXPECT_TRUE(window->Bar().RestartPulses());
+  QTest::qWait(3100);  // longer than a message stands
+  EXPECT_TRUE(window->Message().isVisible());
+  EXPECT_EQ(window->Message().Text(), "Záznam tu končí a do cíle nedošel.");
+  Click("picRestart");
+  EXPECT_NE(window->Message().Text(), "Záznam tu končí a do cíle nedošel.");
+  EXPECT_TRUE(window->Ticking());
+  EXPECT_FALSE(window->Bar().RestartPulses());
+}
+
+TEST_F(HraWindowTest, PulsesItsRestartButtonWhenNoUnitLivesAndWritesNothingOfIt) {
+  Open({"WWWWW", "WR..W", "W1..W", "WWWWW"});
+  ASSERT_TRUE(TicksPass(2));
+  EXPECT_FALSE(window->Bar().RestartPulses());
+  window->Machine().SetField(Dog(), kSpace);
+  ASSERT_TRUE(Wait([&] { return window->Bar().RestartPulses(); }));
+  const std::string record = window->Machine().RecordText;
+  ASSERT_TRUE(TicksPass(5));
+  EXPECT_TRUE(window->Bar().RestartPulses());
+  EXPECT_TRUE(window->Machine().RecordText.starts_with(record));
+  Click("picRestart");
+  EXPECT_FALSE(window->Bar().RestartPulses());
+  ASSERT_TRUE(TicksPass(2));
+  EXPECT_FALSE(window->Bar().RestartPulses());
+}
+
+TEST_F(HraWindowTest, PulsesItsRestartButtonWhenTheTimeIsUp) {
+  Open(Corridor());
+  ASSERT_TRUE(TicksPass(1));
+  window->Machine().Elapsed = window->Machine().TimeLimit * kTicksPerSecond - 3;
+  EXPECT_FALSE(window->Bar().RestartPulses());
+  EXPECT_TRUE(Wait([&] { return window->Bar().RestartPulses(); }));
+  EXPECT_GE(window->Machine().Elapsed, window->Machine().TimeLimit * kTicksPerSecond);
+}
+
+TEST_F(HraWindowTest, ShowsItsMessagesBelowTheBarInEverySize) {
+  Open(Corridor());
+  for (const QSize size : {QSize(480, 320), QSize(640, 400), QSize(936, 616), QSize(1300, 500)}) {
+    window->resize(size);
+    ASSERT_TRUE(Wait([&] { return window->size() == size; }));
+    EXPECT_GT(window->Message().y(), window->Bar().geometry().bottom()) << size.width();
+    EXPECT_LT(window->Message().y(), window->Bar().geometry().bottom() + 20) << size.width();
+  }
+}
+
 TEST_F(HraWindowTest, SaysWhyACaveCannotBePlayedAndKeepsTheRun) {
   Open(Corridor());
   EXPECT_TRUE(window->Start("", RunKind::Play));
@@ -266,9 +315,10 @@ TEST_F(HraWindowTest, OpensTheSettingsByKeyToo) {
 TEST_F(HraWindowTest, HasButtonsWithTheirWordsAsTooltips) {
   Open(Corridor());
   const auto tip = [this](const char* button) { return window->findChild<StripButton*>(button)->toolTip(); };
-  EXPECT_EQ(tip("picRestart"), "Znovu od začátku");
+  EXPECT_EQ(tip("picRestart"), "Znovu od začátku (Ctrl+R)");
   EXPECT_EQ(tip("Command4"), "Nastavení");
   EXPECT_EQ(tip("Label1"), "Celá komnata, nebo jen okolí");
+  EXPECT_EQ(tip("leave"), "Opustit komnatu");
 }
 
 TEST_F(HraWindowTest, DoesNotStartWhatStoodStillBeforeTheSettings) {
@@ -354,16 +404,6 @@ TEST_F(HraWindowTest, FitsIntoTheSmallestScreenAtTheLargestScale) {
   // 1024 x 768 with two pixels to a unit, below a caption
   EXPECT_LE(window->minimumWidth(), 512);
   EXPECT_LE(window->minimumHeight(), 384 - 40);
-}
-
-TEST_F(HraWindowTest, FillsTheScreenWithF11AndGoesBack) {
-  Open(Corridor());
-  QTest::keyClick(window.get(), Qt::Key_F11);
-  EXPECT_TRUE(window->windowState().testFlag(Qt::WindowFullScreen));
-  EXPECT_TRUE(TicksPass(2));
-  QTest::keyClick(window.get(), Qt::Key_F11);
-  EXPECT_FALSE(window->windowState().testFlag(Qt::WindowFullScreen));
-  EXPECT_TRUE(TicksPass(2));
 }
 
 TEST_F(HraWindowTest, KeepsPaceWithTheScreenThatItIsMovedTo) {

@@ -52,7 +52,8 @@ TEST_F(MessageStripTest, StaysInTheWindowHoweverManyLinesATextHas) {
   EXPECT_EQ(strip_.Text(), "<b>a</b> b");
 }
 
-TEST_F(MessageStripTest, LiesInTheMiddle18FromTheTop) {
+TEST_F(MessageStripTest, LiesInTheMiddleAsFarFromTheTopAsIsAsked) {
+  strip_.SetTop(18);
   strip_.ShowMessage("Haf!", Qt::white);
   EXPECT_EQ(strip_.y(), 18);
   EXPECT_EQ(strip_.x(), (900 - strip_.width()) / 2);
@@ -60,6 +61,16 @@ TEST_F(MessageStripTest, LiesInTheMiddle18FromTheTop) {
   parent_.resize(700, 500);
   strip_.Centre();
   EXPECT_EQ(strip_.x(), (700 - strip_.width()) / 2);
+}
+
+TEST_F(MessageStripTest, StaysWithANoticeUntilTheNextMessage) {
+  strip_.ShowMessage("Haf!", Qt::white);
+  strip_.ShowNotice("Konec.", Qt::white);
+  QTest::qWait(kShownFor + 100);
+  EXPECT_FALSE(strip_.isHidden());
+  EXPECT_EQ(strip_.Text(), "Konec.");
+  strip_.ShowMessage("Haf!", Qt::white);
+  EXPECT_GE(StandsFor(), kShownFor - 100);
 }
 
 TEST_F(MessageStripTest, WritesInTheGivenColour) {

@@ -2,9 +2,12 @@
 
 #include <QSignalSpy>
 #include <QTest>
+#include <algorithm>
+#include <cmath>
 
 #include "screens/StripButton.h"
 #include "screens/TopBar.h"
+#include "skin/HslColor.h"
 
 namespace zorik {
 namespace {
@@ -54,7 +57,7 @@ TEST(TopBar, HasButtonsThatDoNothingWhenThePointerHasSlidOff) {
 
 TEST(TopBar, HasButtonsThatNeverTakeTheFocus) {
   TopBar bar(nullptr);
-  for (const char* name : {"picRestart", "Command4", "Label1"}) {
+  for (const char* name : {"picRestart", "Command4", "Label1", "leave"}) {
     EXPECT_EQ(Button(bar, name)->focusPolicy(), Qt::NoFocus) << name;
   }
 }
@@ -94,6 +97,53 @@ TEST(TopBar, HasAStripOfUnitsWhenTheyAreShown) {
   EXPECT_NE(bar.grab(bar.Places().psi).toImage(), empty);
   bar.HideUnits();
   EXPECT_TRUE(bar.Places().psi.isEmpty());
+}
+
+// How well two colours read on each other: 1 not at all, 21 at best.
+double Contrast(const QColor& one, const QColor& other) {
+  const auto light = [](const QColor& colour) {
+    const auto linear = [](double c) {
+      return c <= 0.03928 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
+           0.0722 * linear(colour.blueF());
+  };
+  const double a = light(one) + 0.05;
+  const double b = light(other) + 0.05;
+  return std::max(a, b) / std::min(a, b);
+}
+
+TEST(TopBar, PutsTheNumbersOfTheUnitsOnAGroundOnWhichTheyReadWellInEveryScheme) {
+  // Hues of the schemes; how light the outer line of a number is that is steered, waits, is dead.
+  for (const int hue : {300, 120, 340, 230, 60}) {
+    TopBar bar(nullptr);
+    bar.resize(1000, kTopBar);
+    bar.ShowUnits(3, hue);
+    const QRect psi = bar.Places().psi;
+    const QImage ground = bar.grab(psi).toImage();
+    for (const int lightness : {31, 0, 0}) {
+      const std::uint32_t colour = HslColor(hue, 255, lightness);
+      const QColor outline(static_cast<int>(colour & 255U), static_cast<int>(colour >> 8U & 255U),
+                           static_cast<int>(colour >> 16U & 255U));
+      for (const int x : {6, ground.width() / 2, ground.width() - 7}) {
+        EXPECT_GE(Contrast(outline, ground.pixelColor(x, ground.height() / 2)), 4.5) << hue << ' ' << x;
+      }
+    }
+  }
+}
+
+TEST(TopBar, HasARestartThatGlowsAndFadesWhileItPulses) {
+  TopBar bar(nullptr);
+  bar.resize(1000, kTopBar);
+  bar.show();
+  StripButton* const button = Button(bar, "picRestart");
+  const QImage still = button->grab().toImage();
+  bar.PulseRestart(true);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return button->grab().toImage() != still; }));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return button->grab().toImage() == still; })) << "it fades in turn";
+  bar.PulseRestart(false);
+  QTest::qWait(100);
+  EXPECT_EQ(button->grab().toImage(), still);
 }
 
 }  // namespace

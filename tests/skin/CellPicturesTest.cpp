@@ -280,6 +280,17 @@ TEST(CellPictures, ShowThePlatesBesideThePadsFromTheStart) {
   EXPECT_EQ(cave.At(1, 1), Of(kSpace)) << "the entrance at rest";
 }
 
+TEST(CellPictures, ShowNoPlateBesideALostPad) {
+  Pictured entrance({"1..", ".S.", ".W."}, {}, 1);
+  ASSERT_FALSE(entrance.hra.TeleportActive);
+  EXPECT_EQ(entrance.At(1, 2), Of(kSteel));
+  EXPECT_EQ(entrance.At(1, 1), Of(kSpace));
+  Pictured exit({"1..", ".W.", ".S."}, {}, 1);
+  ASSERT_FALSE(exit.hra.TeleportActive);
+  EXPECT_EQ(exit.At(1, 1), Of(kSteel));
+  EXPECT_EQ(exit.At(1, 2), Of(kSpace));
+}
+
 TEST(CellPictures, ForgetALostPadAtTheNextRepaint) {
   Pictured cave({"1..", ".S.", ".W."}, {}, 1);
   ASSERT_FALSE(cave.hra.TeleportActive);

@@ -44,6 +44,12 @@ TEST_F(DecorationTest, ThatIsMissingIsTheErrorPicture) {
   EXPECT_EQ(Load().Bar.pixel(0, 0), kError);
 }
 
+TEST_F(DecorationTest, HasAPictureOfTheWayOutOnlyWhereASkinHasOne) {
+  EXPECT_TRUE(Load().Leave.isNull());
+  Paint("Default/Game/Leave.bmp", kGreen);
+  EXPECT_EQ(Load().Leave.pixel(0, 0), kGreen);
+}
+
 TEST_F(DecorationTest, KeepsItsBlackExceptOnButtons) {
   Paint("Default/Game/Bar.bmp", kBlack);
   Paint("Default/Game/Restart.bmp", kBlack);

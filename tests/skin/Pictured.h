@@ -30,7 +30,7 @@ class Pictured : public Stage {
   void CaveOpens() override { pictures.Open(hra); }
   void CellChanged(int x, int y) override { pictures.Change(hra, x, y); }
   void View(bool jump) override {
-    if (jump) pictures.Placed();
+    if (jump) pictures.Placed(hra);
   }
 
   CellPicture At(int x, int y) const { return pictures.At(x, y); }

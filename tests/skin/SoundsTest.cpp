@@ -319,6 +319,29 @@ TEST_F(SoundsSilent, ThatAreMutedStaySoWhenAllOthersAreSwitchedOn) {
   EXPECT_EQ(Playing().size(), 1U);
 }
 
+TEST_F(SoundsSilent, ThatGoOnAreHeardAgainWhenSoundIsSwitchedOn) {
+  for (const char* name : {"amoeba", "amoeba2", "magicwall", "magicwall2", "dirt", "dirt2"})
+    Wave("Default/Sound/" + std::string(name) + ".wav");
+  sounds_.SetSound(false);
+  Load();
+  sounds_.PZvuk(kAmoebaSound);
+  sounds_.PZvuk(kDirtSound);
+  ASSERT_EQ(Playing(), Names());
+  sounds_.Switch(true);
+  EXPECT_EQ(Playing().size(), 1U) << "a sound that is short is over";
+  sounds_.PZvuk(kMagicWallSound);
+  ASSERT_EQ(Playing().size(), 2U);
+  sounds_.Switch(false);
+  EXPECT_EQ(Playing(), Names());
+  sounds_.PZvukStop(kAmoebaSound);
+  sounds_.Switch(true);
+  EXPECT_EQ(Playing().size(), 1U) << "what was stopped meanwhile stays so";
+  sounds_.StopAll();
+  sounds_.Switch(false);
+  sounds_.Switch(true);
+  EXPECT_EQ(Playing(), Names());
+}
+
 TEST_F(SoundsSilent, AreStoppedInAllTheirVariantsAndNoOthers) {
   for (const char* name : {"amoeba", "amoeba2", "amoeba3", "dirt", "dirt2"})
     Wave("Default/Sound/" + std::string(name) + ".wav");

@@ -252,7 +252,7 @@ TEST(DefaultPictures, HoldEveryTileSetOfTheGame) {
 
 TEST(DefaultPictures, HoldNothingInASchemeButWhatDiffers) {
   for (const char* scheme : kOtherSchemes) {
-    std::vector<std::string> found, expected;
+    std::vector<std::string> found, expected{"Border1.bmp"};
     for (const auto& entry : fs::directory_iterator(kGame + scheme)) {
       found.push_back(entry.path().filename().string());
     }
@@ -389,11 +389,30 @@ TEST(DefaultPictures, HaveEdgesOfTheEarthThatFitTogether) {
   }
 }
 
+TEST(DefaultPictures, ShowAGemOfTheSchemesColourInTheBar) {
+  // The middle facet of both gems; the rest of the bar is the same in all schemes.
+  constexpr QPoint kInBar(146, 23), kInTile(47, 40);
+  constexpr QRect kGemInBar(130, 6, 32, 32);
+  const auto withoutGem = [&kGemInBar](QImage bar) {
+    QPainter(&bar).fillRect(kGemInBar, Qt::black);
+    return bar;
+  };
+  const QImage classic = Read(kGame + "Border1.bmp");
+  EXPECT_EQ(classic.pixelColor(kInBar), QColor(0x4C, 0xC0, 0xEE));
+  for (const char* scheme : kOtherSchemes) {
+    const QImage bar = Read(kGame + scheme + "/Border1.bmp");
+    const QImage gem = Read(kGame + scheme + "/Gem.bmp");
+    EXPECT_EQ(bar.pixelColor(kInBar), gem.pixelColor(kInTile)) << scheme;
+    EXPECT_EQ(withoutGem(bar), withoutGem(classic)) << scheme;
+  }
+}
+
 TEST(DefaultPictures, DecorateTheWindow) {
   EXPECT_EQ(Read(kGame + "Border1.bmp").size(), QSize(1600, 44));
   EXPECT_EQ(Read(kGame + "Border2.bmp").size(), QSize(1600, 20));
   EXPECT_EQ(Read(kGame + "Bar.bmp").size(), QSize(1600, 1000));
   EXPECT_EQ(Read(kGame + "Restart.bmp").size(), QSize(40, 40));
+  EXPECT_EQ(Read(kGame + "Leave.bmp").size(), QSize(40, 40));
   for (const char* name : {"Border1", "Border2", "Bar"}) {
     const QImage image = Read(kGame + name + ".bmp");
     EXPECT_EQ(CountPixels(image, IsOpaque), image.width() * image.height()) << name;

@@ -1,0 +1,139 @@
+#include <QSignalSpy>
+
+#include "screens/HraScreen.h"
+#include "support/VirtualPad.h"
+
+namespace zorik {
+namespace {
+
+using test::Answers;
+using test::Corridor;
+using test::VirtualPad;
+using test::Wait;
+
+// The window on a desktop: the whole screen, pads, other windows.
+class HraWindowDesktopTest : public test::HraScreen {
+ protected:
+  void OpenWithPad() {
+    settings.Joystick = true;
+    Open(Corridor());
+    window->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+  }
+
+  bool FillsTheScreen() const { return window->windowState().testFlag(Qt::WindowFullScreen); }
+};
+
+// The whole screen
+
+TEST_F(HraWindowDesktopTest, FillsTheScreenWithF11AndGoesBack) {
+  Open(Corridor());
+  QTest::keyClick(window.get(), Qt::Key_F11);
+  EXPECT_TRUE(FillsTheScreen());
+  EXPECT_TRUE(TicksPass(2));
+  QTest::keyClick(window.get(), Qt::Key_F11);
+  EXPECT_FALSE(FillsTheScreen());
+  EXPECT_TRUE(TicksPass(2));
+}
+
+TEST_F(HraWindowDesktopTest, IsMaximisedAgainAlsoAfterItWasHiddenWhileItFilledTheScreen) {
+  Open(Corridor());
+  window->setWindowState(Qt::WindowMaximized);
+  QTest::keyClick(window.get(), Qt::Key_F11);
+  window->hide();
+  window->setWindowState(Qt::WindowFullScreen);  // what a desktop leaves of it
+  window->show();
+  EXPECT_TRUE(window->Maximised());
+  QTest::keyClick(window.get(), Qt::Key_F11);
+  EXPECT_EQ(window->windowState(), Qt::WindowMaximized);
+  EXPECT_TRUE(window->Maximised());
+}
+
+TEST_F(HraWindowDesktopTest, HasTheSizeOfBeforeWhenItWasNotMaximised) {
+  Open(Corridor());
+  ASSERT_EQ(window->windowState(), Qt::WindowNoState);
+  QTest::keyClick(window.get(), Qt::Key_F11);
+  EXPECT_FALSE(window->Maximised());
+  QTest::keyClick(window.get(), Qt::Key_F11);
+  EXPECT_EQ(window->windowState(), Qt::WindowNoState);
+}
+
+TEST_F(HraWindowDesktopTest, FillsTheScreenNoMoreAfterEscAndHandsOnTheNextEsc) {
+  Open(Corridor());
+  QSignalSpy others(window.get(), &HraWindow::OtherKey);
+  QTest::keyClick(window.get(), Qt::Key_F11);
+  QTest::keyClick(window.get(), Qt::Key_Escape);
+  EXPECT_FALSE(FillsTheScreen());
+  EXPECT_EQ(others.count(), 0);
+  QTest::keyClick(window.get(), Qt::Key_Escape);
+  ASSERT_EQ(others.count(), 1);
+  EXPECT_EQ(others[0][0].toInt(), Qt::Key_Escape);
+}
+
+TEST_F(HraWindowDesktopTest, HasAButtonThatLeavesTheCaveWhileItFillsTheScreen) {
+  Open(Corridor());
+  EXPECT_FALSE(Shows("leave"));
+  QTest::keyClick(window.get(), Qt::Key_F11);
+  ASSERT_TRUE(Wait([&] { return Shows("leave"); }));
+  QSignalSpy leaving(window.get(), &HraWindow::EndRequested);
+  Click("leave");
+  EXPECT_EQ(leaving.count(), 1);
+  QTest::keyClick(window.get(), Qt::Key_F11);
+  EXPECT_TRUE(Wait([&] { return !Shows("leave"); }));
+}
+
+// The pad
+
+TEST_F(HraWindowDesktopTest, IsSteeredByThePadWhileItHasTheFocus) {
+  VirtualPad pad;
+  OpenWithPad();
+  pad.Axes(32767, 0);
+  EXPECT_TRUE(Wait([&] { return Dog() == Cell(10, 1); }));
+}
+
+TEST_F(HraWindowDesktopTest, IsNotSteeredByThePadWhileAnotherWindowHasTheFocus) {
+  VirtualPad pad;
+  OpenWithPad();
+  QWidget other;
+  other.show();
+  other.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+  pad.Axes(32767, 0);
+  ASSERT_TRUE(TicksPass(5));
+  EXPECT_EQ(Dog(), Cell(1, 1));
+  pad.Axes(0, 0);
+  window->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+  ASSERT_TRUE(TicksPass(5));
+  EXPECT_EQ(Dog(), Cell(1, 1)) << "what was pushed for the other window is forgotten";
+}
+
+TEST_F(HraWindowDesktopTest, StandsStillForAStickThatWasPushedWhenTheCaveOpenedAndIsLetGo) {
+  VirtualPad pad;
+  pad.Axes(-32768, 0);
+  OpenWithPad();
+  pad.Axes(0, 0);
+  ASSERT_TRUE(TicksPass(6));
+  EXPECT_EQ(Dog(), Cell(1, 1));
+  QTest::keyPress(window.get(), Qt::Key_Right);
+  EXPECT_TRUE(Wait([&] { return Dog() == Cell(10, 1); }));
+}
+
+TEST_F(HraWindowDesktopTest, ReadsThePadsCentreWhenTheSettingIsSwitchedOn) {
+  VirtualPad pad;
+  pad.Axes(8000, 0);
+  Open(Corridor());
+  window->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+  EditSettings([](QWidget& dialog) {
+    QTest::mouseClick(dialog.findChild<QWidget*>("check3"), Qt::LeftButton);
+    QTest::keyClick(&dialog, Qt::Key_Return);
+  });
+  ASSERT_TRUE(settings.Joystick);
+  pad.Axes(17000, 0);  // beyond the middle's dead zone, and not beyond this one's
+  ASSERT_TRUE(TicksPass(5));
+  EXPECT_EQ(Dog(), Cell(1, 1));
+}
+
+}  // namespace
+}  // namespace zorik
