@@ -446,11 +446,11 @@ void FrmStart2::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   const QString words = InLines(skin_.Caption("version.text"), kMostInCaption);
   const int lines = static_cast<int>(words.count('\n')) + 1;
-  const int top = height() - kVersionRise - (lines - 1) * kVersionHeight;
   painter.setPen(skin_.Colour("version.textcolor", kVersionInk));
   painter.setFont(GameFont(kVersionLetters));
-  painter.drawText(BoxOf(skin_, "version", QRect(0, top, width(), lines * kVersionHeight)), Qt::AlignCenter,
-                   words);
+  painter.drawText(
+      BoxOf(skin_, "version", QRect(0, height() - kVersionRise, width(), lines * kVersionHeight)),
+      Qt::AlignCenter, words);
   emit Painted();
 }
 

@@ -9,7 +9,6 @@
 #include <algorithm>
 
 #include "core/Keys.h"
-#include "screens/PlainText.h"
 
 namespace zorik {
 namespace {

@@ -290,7 +290,7 @@ void HraWindow::Resume() {
 
 void HraWindow::Hide() {
   Pause();
-  hideAway_->setWindowTitle(kTableWords.In(skin_));
+  SetTitle(*hideAway_, kTableWords.In(skin_));
   hideAway_->show();
   hideAway_->activateWindow();
   hide();

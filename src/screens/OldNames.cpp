@@ -10,6 +10,7 @@
 #include "data/Cp1250.h"
 #include "data/Folders.h"
 #include "platform/PathText.h"
+#include "screens/PlainText.h"
 #include "screens/StartWords.h"
 
 namespace zorik {
@@ -43,11 +44,11 @@ std::vector<std::string> OldNamesIn(const std::string& folder, const std::string
 OldNames::OldNames(QFileDialog& box, const Skin& skin) {
   auto* const rows = qobject_cast<QGridLayout*>(box.layout());
   if (rows == nullptr) return;
-  auto* const words = new QLabel(kOldNamesWords.In(skin), &box);
+  auto* const words = NewLabel(&box);
+  words->setText(InMenu(kOldNamesWords.In(skin)));
   auto* const list = new QListWidget(&box);
   list->setObjectName("oldNames");
   list->setMaximumHeight(kRowsShown * list->fontMetrics().height() + 2 * list->frameWidth());
-  words->setTextFormat(Qt::PlainText);
   words->setBuddy(list);
   rows->addWidget(words, rows->rowCount(), 0, 1, -1);
   rows->addWidget(list, rows->rowCount(), 0, 1, -1);

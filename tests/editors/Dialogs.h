@@ -31,7 +31,7 @@ class Dialogs : public QObject {
     return *this;
   }
 
-  // Presses a button of a message box: "yes", "no", "ok" or "close".
+  // Presses a button of a message box: "yes", "no", "ok", "retry" or "close".
   Dialogs& Press(const QString& button) {
     return Then([button](QWidget& dialog) {
       auto* const found = dialog.findChild<SkinButton*>(button);

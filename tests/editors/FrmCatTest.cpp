@@ -417,7 +417,7 @@ TEST_F(FrmCatTest, ShowsATokenTwiceThatTheFileHasTwice) {
 TEST_F(FrmCatTest, AsksAgainForAFileThatIsInNoSkin) {
   test::TestSkin skin;
   skin.Wear();
-  dialogs_.Press("no");
+  dialogs_.Press("close");
   const auto program = EditIn(skin.Skin(), "*A-A/Z", [this] {
     EXPECT_EQ(Lines(), QStringList());
     EXPECT_FALSE(Button("Command1").isEnabled() || Button("Command3").isEnabled());

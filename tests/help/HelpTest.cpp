@@ -15,7 +15,8 @@
 namespace {
 
 const QString kHelp = ZORIK_HELP;
-const QStringList kPages{"help.html", "pravidla.html", "editovat.html", "prispet.html", "oprogramu.html"};
+const QStringList kPages{"help.html",    "pravidla.html",  "editovat.html",
+                         "prispet.html", "oprogramu.html", "vzhledy.html"};
 
 // A page by its path below the folder of the help, and what it says.
 struct Page {
@@ -279,6 +280,7 @@ TEST(Help, EditingCallsObjectsAndPropertiesAsTheEditorDoes) {
   }
 }
 
+<<<<<<< HEAD
 TEST(Help, SaysInBothLanguagesThatAnExplosionSparesSteelAlone) {
   EXPECT_TRUE(Read("pravidla.html").Text.contains("Zničí všechno kromě oceli, tedy i cíl"));
   EXPECT_TRUE(
@@ -314,6 +316,32 @@ TEST(Help, QuotesAsItsLanguageDoes) {
     EXPECT_FALSE(Body(name).isEmpty());
     EXPECT_FALSE(Body(name).contains(notCzech)) << name.toStdString();
     EXPECT_FALSE(Body("en/" + name).contains(notEnglish)) << name.toStdString();
+=======
+// What stands in marks of code in a part of the page for skin makers, up to the next heading.
+QSet<QString> ToldToSkinMakers(const QString& heading) {
+  QFile file(QString(ZORIK_DOCS) + "/skins.md");
+  EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+  const QString part =
+      QString::fromUtf8(file.readAll()).section('\n' + heading + '\n', 1).section("\n#", 0, 0);
+  QSet<QString> words;
+  const QRegularExpression code("`([^`]+)`");
+  for (const QString& line : part.split('\n')) {
+    if (!line.startsWith("| `")) continue;
+    for (auto found = code.globalMatch(line); found.hasNext();) words << found.next().captured(1);
+  }
+  return words;
+}
+
+TEST(Help, TellsSkinMakersOfEveryKeyAndTile) {
+  const QSet<QString> words = ToldToSkinMakers("### Keys") + ToldToSkinMakers("## Tiles");
+  EXPECT_GT(words.size(), 80);
+  for (const char* const path : {"vzhledy.html", "en/vzhledy.html"}) {
+    const QString text = ' ' + Read(path).Text + ' ';
+    for (const QString& word : words) {
+      const QRegularExpression whole("(?<![\\w.])" + QRegularExpression::escape(word) + "(?![\\w.])");
+      EXPECT_TRUE(text.contains(whole)) << path << ": " << word.toStdString();
+    }
+>>>>>>> h-skins
   }
 }
 

@@ -5,6 +5,7 @@
 
 #include "screens/DialogScript.h"
 #include "screens/FrmAbout.h"
+#include "screens/Outside.h"
 #include "screens/TestSkin.h"
 #include "support/DesktopStandIn.h"
 
@@ -105,6 +106,37 @@ TEST_F(FrmAboutTest, OkEnterAndEscCloseIt) {
   for (int i = 0; i < 3; ++i) {
     window_->exec();
     EXPECT_FALSE(window_->isVisible());
+  }
+}
+
+TEST_F(FrmAboutTest, APageIsThePlayersOwnOrElseTheInstallations) {
+  const test::Folder shipped;
+  Paths paths = folder_.Paths();
+  paths.ShippedHelp = shipped.Root() + "/Help";
+  const auto page = [&] {
+    return HelpPage(paths, skin_.Skin(), "help.html").remove(QString::fromStdString(folder_.Root()));
+  };
+  skin_.Data("help.folder=en\n");
+  skin_.Wear();
+  const QString other = QString::fromStdString(paths.ShippedHelp);
+  EXPECT_EQ(page(), other + "/help.html") << "the one that is missed";
+  shipped.File("Help/help.html", "");
+  EXPECT_EQ(page(), other + "/help.html");
+  folder_.File("Help/help.html", "");
+  EXPECT_EQ(page(), "/Help/help.html");
+  shipped.File("Help/en/help.html", "");
+  EXPECT_EQ(page(), other + "/en/help.html") << "the language counts more";
+  folder_.File("Help/en/help.html", "");
+  EXPECT_EQ(page(), "/Help/en/help.html");
+}
+
+TEST_F(FrmAboutTest, NoSkinLeadsTheHelpOutOfItsFolder) {
+  folder_.File("help.html", "");
+  folder_.File("Help/help.html", "");
+  for (const char* const folder : {"..", "../.", "en/../.."}) {
+    skin_.Data("help.folder=" + std::string(folder) + "\n");
+    skin_.Wear();
+    EXPECT_EQ(HelpPage(folder_.Paths(), skin_.Skin(), "help.html"), Page("help.html")) << folder;
   }
 }
 
