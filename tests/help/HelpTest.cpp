@@ -280,7 +280,6 @@ TEST(Help, EditingCallsObjectsAndPropertiesAsTheEditorDoes) {
   }
 }
 
-<<<<<<< HEAD
 TEST(Help, SaysInBothLanguagesThatAnExplosionSparesSteelAlone) {
   EXPECT_TRUE(Read("pravidla.html").Text.contains("Zničí všechno kromě oceli, tedy i cíl"));
   EXPECT_TRUE(
@@ -316,7 +315,9 @@ TEST(Help, QuotesAsItsLanguageDoes) {
     EXPECT_FALSE(Body(name).isEmpty());
     EXPECT_FALSE(Body(name).contains(notCzech)) << name.toStdString();
     EXPECT_FALSE(Body("en/" + name).contains(notEnglish)) << name.toStdString();
-=======
+  }
+}
+
 // What stands in marks of code in a part of the page for skin makers, up to the next heading.
 QSet<QString> ToldToSkinMakers(const QString& heading) {
   QFile file(QString(ZORIK_DOCS) + "/skins.md");
@@ -341,7 +342,6 @@ TEST(Help, TellsSkinMakersOfEveryKeyAndTile) {
       const QRegularExpression whole("(?<![\\w.])" + QRegularExpression::escape(word) + "(?![\\w.])");
       EXPECT_TRUE(text.contains(whole)) << path << ": " << word.toStdString();
     }
->>>>>>> h-skins
   }
 }
 
