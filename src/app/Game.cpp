@@ -226,8 +226,9 @@ void Game::EndGame() {
 
 // The help opens beside the game, which waits as long as its player reads.
 void Game::ShowHelpOfGame() {
-  OpenFileOrTell(skin_, &hra_, HelpPage(paths_, skin_, "help.html"));
-  if (hra_.Ticking()) hra_.PauseRun();
+  const bool runs = hra_.Ticking();
+  hra_.WithDialog([this] { OpenFileOrTell(skin_, &hra_, HelpPage(paths_, skin_, "help.html")); });
+  if (runs) hra_.PauseRun();
 }
 
 // A score is read in peace, and work in an editor goes on: the file is opened when the start screen is next.
