@@ -294,8 +294,9 @@ void Game::CameFromOutside(const QString& path) {
 
 // The help opens beside the game, which waits as long as its player reads.
 void Game::ShowHelpOfGame() {
-  OpenFileOrTell(skin_, &hra_, HelpPage(paths_, skin_, "help.html"));
-  if (hra_.Ticking()) hra_.PauseRun();
+  const bool runs = hra_.Ticking();
+  hra_.WithDialog([this] { OpenFileOrTell(skin_, &hra_, HelpPage(paths_, skin_, "help.html")); });
+  if (runs) hra_.PauseRun();
 }
 
 void Game::OpenFromOutside(const QString& path) {
