@@ -56,7 +56,7 @@ void MessageStrip::Clear() {
 void MessageStrip::Centre() {
   const QFontMetrics metrics(font());
   const int room = parentWidget()->width() - 2 * kPadding;
-  const int most = (parentWidget()->height() - kTop - kHeight) / metrics.lineSpacing();
+  const int most = (parentWidget()->height() - top_ - kHeight) / metrics.lineSpacing();
   lines_ = WrapText(text_, metrics, std::max(1, room), std::max(1, most));
   const int width = lines_.width + 2 * kPadding;
   const int more = static_cast<int>(lines_.lines.size()) - 1;

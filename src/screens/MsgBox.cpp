@@ -43,7 +43,7 @@ constexpr std::array kButtons = {
     ButtonRow{MsgResult::Retry, Qt::Key_R, "retry", kRetryWords},
     ButtonRow{MsgResult::Elsewhere, Qt::Key_S, "elsewhere", kElsewhereWords},
     ButtonRow{MsgResult::Later, Qt::Key_L, "later", kLaterWords},
-    ButtonRow{MsgResult::Leave, Qt::Key_Q, "leave", kLeaveWords},
+    ButtonRow{MsgResult::Leave, Qt::Key_Q, "leave", kLeaveWithoutWords},
     ButtonRow{MsgResult::Cancel, Qt::Key_C, "close", kCancelWords},
 };
 

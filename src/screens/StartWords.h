@@ -36,7 +36,7 @@ inline constexpr StartWords kCancelWords{"caption.dialog.close", "Zrušit"};
 inline constexpr StartWords kRetryWords{"caption.dialog.retry", "Zkusit znovu"};
 inline constexpr StartWords kElsewhereWords{"caption.dialog.elsewhere", "Uložit jinam"};
 inline constexpr StartWords kLaterWords{"caption.dialog.later", "Později"};
-inline constexpr StartWords kLeaveWords{"caption.dialog.leave", "Skončit bez nich"};
+inline constexpr StartWords kLeaveWithoutWords{"caption.dialog.leave", "Skončit bez nich"};
 
 // Of the buttons above the play picture.
 inline constexpr StartWords kRestartWords{"caption.game.restart", "Znovu od začátku (Ctrl+R)"};

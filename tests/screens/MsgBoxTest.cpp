@@ -209,7 +209,7 @@ INSTANTIATE_TEST_SUITE_P(Enter, MsgBoxKeyTest,
 
 INSTANTIATE_TEST_SUITE_P(Esc, MsgBoxKeyTest,
                          testing::Values(KeyRow{MsgButtons::RetryCancel, Qt::Key_Escape, MsgResult::Cancel},
-                                          KeyRow{MsgButtons::Ok, Qt::Key_Escape, {}},
+                                         KeyRow{MsgButtons::Ok, Qt::Key_Escape, {}},
                                          KeyRow{MsgButtons::OkCancel, Qt::Key_Escape, MsgResult::Cancel},
                                          KeyRow{MsgButtons::YesNo, Qt::Key_Escape, MsgResult::No},
                                          KeyRow{MsgButtons::YesNoCancel, Qt::Key_Escape, MsgResult::No}));
