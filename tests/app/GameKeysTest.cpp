@@ -44,7 +44,8 @@ class GameKeysTest : public testing::Test {
     std::filesystem::create_directories(folder.Root() + "/Players/Ada");
     Paths paths = folder.Paths();
     paths.SkinsPath = ZORIK_BUILT_SKINS;
-    game = std::make_unique<Game>(paths, settings);
+    inbox = std::make_unique<Inbox>(InboxPlace(folder.Root()));
+    game = std::make_unique<Game>(paths, settings, *inbox);
     game->Begin();
     ASSERT_TRUE(Wait(Shows<FrmStart2>));
     QTest::qWait(1);
@@ -80,6 +81,7 @@ class GameKeysTest : public testing::Test {
 
   Folder folder;
   Settings settings{.Speed = 2, .SpeedR = 5, .Sound = false};
+  std::unique_ptr<Inbox> inbox;
   std::unique_ptr<Game> game;
 };
 
