@@ -30,11 +30,10 @@ namespace {
 constexpr QSize kUsualSize(740, 400);
 
 constexpr StartWords kTitleWords{"caption.sada.title", "Zoríkův editor sady komnat"};
-constexpr StartWords kKeptWords{"caption.sada.kept", "Původní poškozený soubor zůstal vedle pod jménem"};
-constexpr StartWords kLeftOutWords{"caption.sada.leftout",
+constexpr StartWords kKeptWords{"caption.error.kept", "Původní poškozený soubor zůstal vedle pod jménem"};
+constexpr StartWords kLeftOutWords{"caption.error.leftout",
                                    "Gratulace by se četla jako komnata, v souboru proto není."};
-constexpr StartWords kStillHereWords{
-    "caption.sada.again", "Sada zatím zůstává v paměti. Zkusit to znovu? „Ne“ nabídne uložit ji jinam."};
+constexpr StartWords kStillHereWords{"caption.error.stillhere", "Sada zatím zůstává v paměti."};
 constexpr StartWords kLikeCaveWords{"caption.error.congrat",
                                     "Gratulace nesmí končit třemi pomlčkami a dvěma dalšími znaky."};
 constexpr StartWords kTooLongWords{"caption.error.length", "znaků ?1?, vejde se ?2?."};
@@ -188,10 +187,10 @@ void FrmSada::TellSaved(const SadaModel::SaveReport& report) {
 QString FrmSada::AskWhereElse(const QString& path) {
   const QString question =
       kNotStoredWords.In(skin_) + '\n' + ShownPath(path) + "\n\n" + kStillHereWords.In(skin_);
-  switch (SkinMsgBox(skin_, this, question, MsgButtons::YesNoCancel, MsgIcon::Exclamation, skin_.Text(99))) {
-    case MsgResult::Yes:
+  switch (SkinMsgBox(skin_, this, question, MsgButtons::NotStored, MsgIcon::OfSet, skin_.Text(99))) {
+    case MsgResult::Retry:
       return path;
-    case MsgResult::No:
+    case MsgResult::Elsewhere:
       return AskForPath();
     default:
       return QString();

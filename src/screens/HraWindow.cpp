@@ -392,7 +392,7 @@ void HraWindow::UpdateCaption() {
     const std::string player = nobody ? std::string() : ToUtf8(hra_.PlayerName);
     caption += QString::fromStdString(BlankJoin(skin_.Words().At(place), player));
   }
-  SetTitle(*this, caption);
+  SetTitle(*this, QString::fromStdString(WithoutControls(caption.toStdString())));
 }
 
 // The window's events

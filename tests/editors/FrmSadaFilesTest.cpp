@@ -170,9 +170,9 @@ TEST_F(FrmSadaFilesTest, TriesAgainToSaveUntilItSucceeds) {
   TypeName("Jinak");
   const std::string caves = folder.Root() + "/Caves";
   std::filesystem::rename(caves, caves + "x");
-  dialogs.Press("yes").Then([caves](QWidget& dialog) {
+  dialogs.Press("retry").Then([caves](QWidget& dialog) {
     std::filesystem::rename(caves + "x", caves);
-    QTest::keyClick(&dialog, Qt::Key_Y);
+    QTest::keyClick(&dialog, Qt::Key_R);
   });
   Key(Qt::Key_S, Qt::ControlModifier);
   EXPECT_EQ(dialogs.said.size(), 2);
@@ -185,10 +185,10 @@ TEST_F(FrmSadaFilesTest, SavesElsewhereWhatCannotBeSavedWhereItWas) {
   TypeName("Jinak");
   std::filesystem::remove(Path("a.zk"));
   std::filesystem::create_directory(Path("a.zk"));
-  dialogs.Press("no").Cancel();
+  dialogs.Press("elsewhere").Cancel();
   Key(Qt::Key_S, Qt::ControlModifier);
   EXPECT_TRUE(window->isWindowModified());
-  dialogs.Press("yes").Press("no").Type(Path("neni/b.zk")).Press("no").Type(Path("b.zk"));
+  dialogs.Press("yes").Press("elsewhere").Type(Path("neni/b.zk")).Press("elsewhere").Type(Path("b.zk"));
   window->close();
   EXPECT_EQ(closed, 1);
   EXPECT_EQ(Lines("b.zk").front(), "FJinakA");
@@ -366,9 +366,9 @@ TEST_F(FrmSadaFilesTest, SpeaksTheLanguageOfTheSkin) {
        "Something in the collection's file is not right (the numbers are its lines): No cave was found, the "
        "collection has a new one. When you first save, the old file stays beside the new one."},
       {"Closed collection",
-       "The author has closed this collection, it cannot be edited. A new empty collection is opened."},
+       "The author has closed this collection; it cannot be edited. A new, empty collection will be opened."},
       {"Unsaved changes", "The collection “New collection” has changed. Save the changes?"},
-      {"Zorík", "The file could not be saved. Author: 191 characters, the most is 190."},
+      {"Zorík", "The file could not be saved. Author: 191 characters; there is room for 190."},
       {"Delete cave", "Really delete the cave 'New small cave' from this collection?"},
   };
   ASSERT_EQ(dialogs.said.size(), static_cast<int>(wanted.size()));

@@ -112,6 +112,7 @@ TEST_F(SettingsTest, AStoreThatIsGarbageGivesTheDefaults) {
 
 TEST_F(SettingsTest, ArePlainlyMissingWhereAPipeIsInTheirPlace) {
   const QString file = IniStore("Zorik2").fileName();
+  ASSERT_TRUE(QDir().mkpath(QFileInfo(file).path()));
   for (const QString& pipe : {file, file + ".lock"}) {
     QFile::remove(pipe);
     ASSERT_EQ(mkfifo(QFile::encodeName(pipe), 0666), 0);

@@ -548,7 +548,7 @@ TEST_F(FrmPoStTest, SpeaksTheLanguageOfTheSkin) {
   EXPECT_EQ(Button("congratulation").toolTip(), "Read the congratulation");
   EXPECT_EQ(Button("send").toolTip(), "Send the records by e-mail");
   ClickRow(3);
-  EXPECT_EQ(Text("lblCaveDescription"), "First you have to solve the cave:\r\nc1");
+  EXPECT_EQ(Text("lblCaveDescription"), "First you have to solve this cave:\r\nc1");
 }
 
 TEST_F(FrmPoStTest, ShowsOddLettersAsTheyAre) {
