@@ -143,8 +143,7 @@ TEST_F(FrmSadaFilesTest, LosesNothingWhenTheFileAskedForCannotBeWritten) {
     dialogs.Press("yes").Press("later");
     i == 0 ? Key(Qt::Key_O, Qt::ControlModifier) : static_cast<void>(window->close());
     EXPECT_EQ(dialogs.said.last().toStdString(),
-              "Soubor se nepodařilo uložit. " + Path("a.zk") +
-                  " Sada zatím zůstává v paměti.");
+              "Soubor se nepodařilo uložit. " + Path("a.zk") + " Sada zatím zůstává v paměti.");
     EXPECT_EQ(Box("Text3").text(), "Jinak");
     EXPECT_EQ(Rows(), (Names{"*Nová malá komnata", "*A"}));
     EXPECT_TRUE(window->isWindowModified());
