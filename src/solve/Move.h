@@ -14,7 +14,6 @@ inline constexpr Move kWait = 0;
 inline constexpr Move kStepBase = 1;    // + 0 left, 1 up, 2 right, 3 down
 inline constexpr Move kActBase = 5;     // likewise
 inline constexpr Move kChooseBase = 9;  // + the number of the unit
-inline constexpr Move kMoves = 19;
 
 // What is done tick by tick from the start of a run.
 using Plan = std::vector<Move>;

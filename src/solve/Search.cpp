@@ -1,7 +1,6 @@
 #include "solve/Search.h"
 
 #include <algorithm>
-#include <cmath>
 
 #include "core/Machine.h"
 

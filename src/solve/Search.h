@@ -3,7 +3,6 @@
 #include <cstdint>
 #include <limits>
 #include <map>
-#include <memory>
 #include <optional>
 #include <unordered_map>
 #include <vector>

@@ -60,7 +60,7 @@ class Shortener {
         plan.resize(i + 1);
         return true;
       }
-      if (i % kApart == 0 && !AnyDogLives(run_)) return false;
+      if (i % kApart == 0 && (!AnyDogLives(run_) || enough_())) return false;
     }
     return false;
   }

@@ -8,8 +8,8 @@
 namespace zorik {
 
 // Takes out of a plan that wins what it wins without, until nothing is left to take out or the caller has
-// enough, which is asked before each of thousands of tries. begin: the run at its start, with the chance with
-// which the plan wins.
+// enough, which is asked many times in each of thousands of tries. begin: the run at its start, with the
+// chance with which the plan wins.
 Plan Shorten(const Hra& begin, Plan plan, const std::function<bool()>& enough);
 
 }  // namespace zorik

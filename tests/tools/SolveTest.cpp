@@ -70,6 +70,24 @@ TEST_F(Solve, TellsWhatIsNoCave) {
   EXPECT_EQ(Zktool({"solve", folder.In("none")}).exit, Exit::CannotRead);
 }
 
+TEST_F(Solve, TellsItsSecondsAsTheyWereGivenAlsoBehindAWin) {
+  const std::string collection = folder.Write("sada.zk", Collection({ShortCave(), Vain()}));
+  const Told told = Zktool({"solve", collection, "--seconds", "1.125", "--shorten", "0"});
+  const std::vector<std::string> lines = LinesOf(told.out);
+  ASSERT_EQ(lines.size(), 2U);
+  EXPECT_EQ(lines[0].substr(0, 7), " 1 won ");
+  EXPECT_EQ(lines[1].substr(0, 26), " 2 not found in 1.125 s, g");
+}
+
+TEST_F(Solve, RefusesACollectionWithoutCaves) {
+  const std::string whole = Collection({ShortCave()});
+  std::size_t end = 0;
+  for (int line = 0; line < 3; ++line) end = whole.find('\n', end) + 1;
+  const Told told = Zktool({"solve", folder.Write("sada.zk", whole.substr(0, end))});
+  EXPECT_EQ(told.exit, Exit::BadCollection);
+  EXPECT_EQ(told.out, "");
+}
+
 TEST_F(Solve, RefusesNumbersThatMakeNoSense) {
   const std::string cave = folder.Write("cave", ShortCave());
   for (const char* const jobs : {"0", "257", "-1", "two"})

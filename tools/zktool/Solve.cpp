@@ -6,7 +6,6 @@
 #include <filesystem>
 #include <iomanip>
 #include <memory>
-#include <mutex>
 #include <ostream>
 #include <sstream>
 #include <thread>
@@ -27,8 +26,8 @@ using Clock = std::chrono::steady_clock;
 
 constexpr std::string_view kPlayer = "hrac";
 constexpr std::string_view kCollection = "sada";
-constexpr double kLongest = 86'400;      // seconds
-constexpr std::uint64_t kSlice = 5'000;  // ticks between two looks at the clock
+constexpr double kLongest = 86'400;    // seconds
+constexpr std::uint64_t kSlice = 200;  // ticks between two looks at the clock
 
 struct Task {
   int number = 0;  // of the cave in its collection, 0 for a cave text
@@ -101,7 +100,7 @@ Solved Solve(const Task& task, const Terms& terms, int lanes) {
     solved.reason = failure->message;
     return solved;
   }
-  solved.name = ToUtf8(begin->CaveName);
+  solved.name = WithoutControls(ToUtf8(begin->CaveName));
   solved.needed = begin->GemsNeeded;
   if (const auto reason = WhyImpossible(*begin)) {
     solved.outcome = Outcome::Impossible;
@@ -173,8 +172,9 @@ Exit TellOutcome(const Task& task, const Terms& terms, const Solved& solved, Con
     case Outcome::Won:
       return TellWon(task, terms, solved, console);
     case Outcome::NotFound:
-      console.out << "not found in " << std::defaultfloat << terms.seconds << " s, gems=" << solved.gems
-                  << "/" << solved.needed << " ticks=" << solved.ticks << " " << solved.name << "\n";
+      console.out << "not found in " << std::defaultfloat << std::setprecision(6) << terms.seconds
+                  << " s, gems=" << solved.gems << "/" << solved.needed << " ticks=" << solved.ticks << " "
+                  << solved.name << "\n";
       return Exit::No;
     case Outcome::Impossible:
       console.out << "impossible: " << solved.reason << "; " << solved.name << "\n";
@@ -274,9 +274,10 @@ Result<Terms> ReadTerms(const CommandLine& line) {
 Exit SolveCommand(const CommandLine& line, Console& console) {
   const Result<Terms> terms = ReadTerms(line);
   if (!terms) return Fail(console, Exit::Usage, terms.Message());
-  const Result<std::string> bytes = ReadWhole(line.operands[0]);
+  const Result<std::string> bytes = ReadStream(line.operands[0]);
   if (!bytes) return Fail(console, Exit::CannotRead, bytes.Message());
   const std::vector<Task> tasks = TasksOf(*bytes);
+  if (tasks.empty()) return Fail(console, Exit::BadCollection, "the collection has no cave");
   const std::vector<Solved> solved = SolveAll(tasks, *terms, console);
   Exit worst = Exit::Fine;
   for (std::size_t i = 0; i < tasks.size(); ++i) {
