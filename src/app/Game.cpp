@@ -14,7 +14,6 @@
 #include "screens/Outside.h"
 #include "screens/SkinFlaws.h"
 #include "screens/StartWords.h"
-#include "screens/Wording.h"
 #include "skin/Shown.h"
 
 namespace zorik {
@@ -267,7 +266,8 @@ OutsideScreens Game::ScreensForFiles() {
     bool yes = false;
     ShowUp();
     hra_.WithDialog([&] {
-      yes = Ask(skin_, &hra_, skin_.Text(99), QFileInfo(path).fileName() + "\n" + kEndRunWords.In(skin_));
+      yes = Ask(skin_, &hra_, skin_.Text(99),
+                ShownPath(QFileInfo(path).fileName()) + "\n" + kEndRunWords.In(skin_));
     });
     return yes;
   };

@@ -2,7 +2,6 @@
 
 #include <QCollator>
 #include <QComboBox>
-#include <QDir>
 #include <QHBoxLayout>
 #include <QLocale>
 #include <QPushButton>
@@ -11,6 +10,8 @@
 #include <algorithm>
 
 #include "data/Cp1250.h"
+#include "data/Folders.h"
+#include "platform/PathText.h"
 #include "screens/MsgBox.h"
 #include "screens/PlainText.h"
 #include "screens/SkinFlaws.h"
@@ -26,15 +27,16 @@ constexpr int kMargin = 18;
 constexpr int kLeastWidth = 280;
 
 bool SameSkin(const QString& a, const QString& b) {
-  return FoldFileName(a.toStdString()) == FoldFileName(b.toStdString());
+  return FoldFileName(PathBytes(a)) == FoldFileName(PathBytes(b));
 }
 
 // The folders below those of the skins, each name once; the default skin goes first.
 QStringList SkinNames(const SkinPlaces& places) {
   QStringList names;
   for (const std::string& root : SkinRoots(places)) {
-    const QDir folder(QString::fromStdString(root));
-    for (const QString& name : folder.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
+    for (const std::string& folder : FoldersIn(root)) {
+      if (!IsUtf8(folder)) continue;  // the settings could not keep such a name
+      const QString name = PathText(folder);
       const bool known = std::any_of(names.begin(), names.end(),
                                      [&](const QString& other) { return SameSkin(other, name); });
       if (!known) names.push_back(name);

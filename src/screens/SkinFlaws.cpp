@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 
+#include "platform/PathText.h"
 #include "screens/MsgBox.h"
 #include "screens/StartWords.h"
 #include "skin/Skin.h"
@@ -39,7 +40,7 @@ QStringList LinesOf(const SkinFlaws& flaws, SkinFlaw::Kind kind) {
   int named = 0;
   for (const SkinFlaw& flaw : flaws) {
     if (flaw.kind != kind) continue;
-    const QString next = QString::fromStdString(flaw.file);
+    const QString next = ShownPath(flaw.file);
     if (next != file) nameFile();
     file = next;
     if (++named > kMostNamed) {
