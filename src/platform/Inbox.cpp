@@ -28,7 +28,9 @@ constexpr int kNameLetters = 16;
 
 QString InboxPlace(const std::string& home) {
   std::error_code error;
-  const std::filesystem::path whole = std::filesystem::weakly_canonical(home, error);
+  // A folder that is not there yet has the name by which it will be known once it is.
+  const std::filesystem::path below = std::filesystem::absolute(home, error) / "zorik.socket";
+  const std::filesystem::path whole = std::filesystem::weakly_canonical(below, error);
   const QByteArray name = QByteArray::fromStdString(error ? home : whole.string());
   const QByteArray hash = QCryptographicHash::hash(name, QCryptographicHash::Sha256).toHex();
   return QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation) + "/zorik-" +
