@@ -1,6 +1,5 @@
 #include "data/CollectionFaults.h"
 
-#include <optional>
 #include <string>
 
 #include "data/CaveO.h"

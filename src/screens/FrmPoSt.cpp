@@ -7,7 +7,6 @@
 #include <filesystem>
 #include <system_error>
 
-#include "data/Cp1250.h"
 #include "data/Files.h"
 #include "data/MailFile.h"
 #include "data/RecordFile.h"

@@ -5,7 +5,6 @@
 #include "data/CaveO.h"
 #include "data/Files.h"
 #include "data/RecordFile.h"
-#include "platform/PathText.h"
 #include "screens/FrmAnalyze.h"
 #include "screens/FrmPoSt.h"
 #include "screens/RecordKeeper.h"

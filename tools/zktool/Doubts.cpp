@@ -10,7 +10,6 @@
 #include "core/Hra.h"
 #include "core/Objects.h"
 #include "data/CaveO.h"
-#include "data/Collection.h"
 #include "data/Cp1250.h"
 #include "data/ReadableText.h"
 
