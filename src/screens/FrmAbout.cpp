@@ -21,6 +21,7 @@ constexpr int kMargin = 24;
 constexpr int kGap = 16;
 constexpr int kLineWidth = 560;
 constexpr int kMostLines = 20;
+constexpr const char* kPageLink = "page";  // its path may hold what a link cannot
 
 // As many lines of a text as a screen has room for.
 QString InRoom(const QString& text, const QFont& letters) {
@@ -59,8 +60,10 @@ FrmAbout::FrmAbout(Skin& skin, const Paths& paths, QWidget* parent)
   lblText_->setTextFormat(Qt::RichText);
   lblText_->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
   lblText_->setAlignment(Qt::AlignCenter);
-  connect(lblText_, &QLabel::linkActivated, this,
-          [this](const QString& link) { OpenLinkOrTell(skin_, this, QUrl(link)); });
+  connect(lblText_, &QLabel::linkActivated, this, [this](const QString& link) {
+    if (link == kPageLink) return OpenFileOrTell(skin_, this, page_);
+    OpenLinkOrTell(skin_, this, QUrl(link));
+  });
   connect(ok_, &SkinButton::clicked, this, &FrmAbout::OnEnter);
   LayOut();
   SkinIt();
@@ -81,10 +84,9 @@ void FrmAbout::SkinIt() {
   setPalette(PaletteOf(tones));
   setFont(GameFont(kLetters));
   SetTitle(*this, skin_.Text(99));
-  const QString page = QString::fromUtf8(QUrl::fromLocalFile(page_).toEncoded());
-  lblText_->setText(WithLinks(InRoom(skin_.Text(199), font()), tones.mark) + "<br><br>" +
-                    LinkTo(page.toHtmlEscaped(),
-                           OneLine(kProgramWords.In(skin_), kMostInCaption).toHtmlEscaped(), tones.mark));
+  lblText_->setText(
+      WithLinks(InRoom(skin_.Text(199), font()), tones.mark) + "<br><br>" +
+      LinkTo(kPageLink, OneLine(kProgramWords.In(skin_), kMostInCaption).toHtmlEscaped(), tones.mark));
   ok_->setObjectName("ok");
   ok_->SetPicture(skin_.Picture("dialog.ok.image"));
   ok_->SetWords(kOkWords.In(skin_));

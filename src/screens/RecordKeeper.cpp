@@ -45,7 +45,7 @@ bool RecordKeeper::MayReplaceOthers(const WonRun& run, QWidget* parent) {
   const StandingRecord standing = ReadStanding(run.Slot);
   if (standing.Of != StandingRecord::Kind::AnotherCave) return true;
   const QString other = Shown(standing.CollectionName) + " - " + Shown(standing.CaveName);
-  return Ask(skin_, parent, wording::kQuestion, kOtherCaveWords.In(skin_) + '\n' + other);
+  return Ask(skin_, parent, skin_.Text(kTitle), kOtherCaveWords.In(skin_) + '\n' + other);
 }
 
 void RecordKeeper::Store(const WonRun& run, QWidget* parent) {

@@ -6,9 +6,8 @@
 namespace zorik {
 namespace {
 
-constexpr std::uint64_t kSlice = 20'000;                     // ticks of a turn
-constexpr std::uint64_t kShortest = 100'000;                 // ticks of the shortest search that begins anew
-constexpr std::size_t kMostBytes = std::size_t{192} << 20U;  // of an archive
+constexpr std::uint64_t kSlice = 20'000;      // ticks of a turn
+constexpr std::uint64_t kShortest = 100'000;  // ticks of the shortest search that begins anew
 constexpr std::array<Temper, 4> kTempers{{{0, 3}, {40, 3}, {0, 5}, {20, 2}}};
 
 // 1, 1, 2, 1, 1, 2, 4, ...: Luby's series, which wastes little whatever length is needed.
@@ -21,7 +20,8 @@ std::uint64_t Luby(std::uint64_t i) {
 
 }  // namespace
 
-Solver::Solver(const Hra& begin, std::uint64_t seed) : begin_(begin), chance_(seed) {
+Solver::Solver(const Hra& begin, std::uint64_t seed, std::size_t mostBytes)
+    : begin_(begin), mostBytes_(mostBytes / kArms), chance_(seed) {
   for (std::size_t arm = 0; arm < kArms; ++arm) BeginAnew(arm);
 }
 
@@ -50,7 +50,7 @@ bool Solver::Go(std::uint64_t ticks) {
     ticks_ += search.Ticks() - before;
     mostGems_ = std::max(mostGems_, search.MostGems());
     const bool last = arm == kArms - 1;
-    if (search.Bytes() > kMostBytes || (last && search.Ticks() >= Luby(rounds_) * kShortest)) BeginAnew(arm);
+    if (search.Bytes() > mostBytes_ || (last && search.Ticks() >= Luby(rounds_) * kShortest)) BeginAnew(arm);
   }
   return found_.has_value();
 }

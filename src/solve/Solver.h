@@ -16,8 +16,9 @@ namespace zorik {
 // that begins anew again and again, since luck at the beginning decides a lot.
 class Solver {
  public:
-  // begin: a run at its start, with its chance seeded, which is the chance of the plan.
-  Solver(const Hra& begin, std::uint64_t seed);
+  // begin: a run at its start, with its chance seeded, which is the chance of the plan. mostBytes: of memory,
+  // about; a search that needs more begins anew.
+  Solver(const Hra& begin, std::uint64_t seed, std::size_t mostBytes = std::size_t{512} << 20U);
 
   // Goes on for about so many ticks. True when a plan was found.
   bool Go(std::uint64_t ticks);
@@ -35,6 +36,7 @@ class Solver {
   void BeginAnew(std::size_t arm);
 
   Hra begin_;
+  std::size_t mostBytes_;  // of an archive
   Chance chance_;
   std::array<std::unique_ptr<Search>, kArms> arms_;
   int bound_ = std::numeric_limits<int>::max();

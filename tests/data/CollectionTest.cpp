@@ -124,7 +124,7 @@ TEST(BuildCollection, RefusesANameOrAuthorAbove190Characters) {
 }
 
 TEST(BuildCollection, WritesNoCongratulationThatWouldBeReadAsACave) {
-  for (const int count : {2, 99}) {
+  for (const std::size_t count : {2U, 99U}) {
     EditedCollection collection = WithCaves(count);
     for (const std::string& like : {collection.CaveList.back() + "---02", std::string("abc---X4")}) {
       collection.CongratulationText = like;

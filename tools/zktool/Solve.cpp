@@ -3,9 +3,12 @@
 #include <algorithm>
 #include <atomic>
 #include <chrono>
+#include <exception>
 #include <filesystem>
+#include <functional>
 #include <iomanip>
 #include <memory>
+#include <mutex>
 #include <ostream>
 #include <sstream>
 #include <thread>
@@ -28,6 +31,8 @@ constexpr std::string_view kPlayer = "hrac";
 constexpr std::string_view kCollection = "sada";
 constexpr double kLongest = 86'400;    // seconds
 constexpr std::uint64_t kSlice = 200;  // ticks between two looks at the clock
+// What all searches together may take, and what each may take in any case.
+constexpr std::size_t kMostBytes = std::size_t{1} << 30U, kLeastBytes = std::size_t{32} << 20U;
 
 struct Task {
   int number = 0;  // of the cave in its collection, 0 for a cave text
@@ -59,12 +64,38 @@ double Since(Clock::time_point start) {
   return std::chrono::duration<double>(Clock::now() - start).count();
 }
 
+// Runs work(0), work(1) and so on, each on a thread of its own. What one of them throws is thrown here when
+// all are done.
+void RunAll(std::size_t count, const std::function<void(std::size_t)>& work) {
+  std::mutex lock;
+  std::exception_ptr thrown;
+  {
+    std::vector<std::jthread> threads;
+    for (std::size_t i = 0; i < count; ++i) {
+      threads.emplace_back([&, i] {
+        try {
+          work(i);
+        } catch (...) {
+          const std::scoped_lock held(lock);
+          thrown = std::current_exception();
+        }
+      });
+    }
+  }
+  if (thrown) std::rethrow_exception(thrown);
+}
+
+std::size_t BytesForOne(const Terms& terms) {
+  return std::max(kLeastBytes, kMostBytes / static_cast<std::size_t>(terms.jobs));
+}
+
 // Looks for one plan; several threads may do so with seeds of their own, and the first ends the others.
-bool Look(const Hra& begin, std::uint64_t seed, double seconds, std::atomic<bool>& found, Solved& solved) {
+bool Look(const Hra& begin, std::uint64_t seed, const Terms& terms, std::atomic<bool>& found,
+          Solved& solved) {
   const auto start = Clock::now();
-  const auto solver = std::make_unique<Solver>(begin, seed);
+  const auto solver = std::make_unique<Solver>(begin, seed, BytesForOne(terms));
   bool mine = false;
-  while (!found && Since(start) < seconds) {
+  while (!found && Since(start) < terms.seconds) {
     if (!solver->Go(kSlice)) continue;
     mine = !found.exchange(true);
     break;
@@ -77,11 +108,11 @@ bool Look(const Hra& begin, std::uint64_t seed, double seconds, std::atomic<bool
 }
 
 // Takes out what is not needed, then looks for shorter ways as long as there is time.
-Plan MakeShort(const Hra& begin, Plan plan, std::uint64_t seed, double seconds) {
+Plan MakeShort(const Hra& begin, Plan plan, const Terms& terms, double seconds) {
   const auto start = Clock::now();
   const auto enough = [&] { return Since(start) >= seconds; };
   plan = Shorten(begin, std::move(plan), enough);
-  const auto solver = std::make_unique<Solver>(begin, ~seed);
+  const auto solver = std::make_unique<Solver>(begin, ~terms.seed, BytesForOne(terms));
   while (!enough()) {
     solver->SetBound(static_cast<int>(plan.size()));
     while (!enough() && !solver->Go(kSlice)) continue;
@@ -109,21 +140,15 @@ Solved Solve(const Task& task, const Terms& terms, int lanes) {
   }
   std::atomic<bool> found = false;
   std::vector<Solved> tried(static_cast<std::size_t>(lanes), solved);
-  {
-    std::vector<std::jthread> threads;
-    for (std::size_t lane = 0; lane < tried.size(); ++lane) {
-      threads.emplace_back([&, lane] {
-        if (Look(*begin, terms.seed * 1000 + lane, terms.seconds, found, tried[lane]))
-          tried[lane].outcome = Outcome::Won;
-      });
-    }
-  }
+  RunAll(tried.size(), [&](std::size_t lane) {
+    if (Look(*begin, terms.seed * 1000 + lane, terms, found, tried[lane])) tried[lane].outcome = Outcome::Won;
+  });
   solved = *std::max_element(tried.begin(), tried.end(), [](const Solved& a, const Solved& b) {
     return std::pair(a.outcome == Outcome::Won, a.gems) < std::pair(b.outcome == Outcome::Won, b.gems);
   });
   if (solved.outcome != Outcome::Won) return solved;
   const double left = std::min(terms.shortening, terms.seconds - solved.seconds);
-  solved.plan = MakeShort(*begin, std::move(solved.plan), terms.seed, left);
+  solved.plan = MakeShort(*begin, std::move(solved.plan), terms, left);
   return solved;
 }
 
@@ -218,16 +243,12 @@ std::vector<Solved> SolveAll(const std::vector<Task>& tasks, const Terms& terms,
   Ticker ticker(tasks.size(), console);
   const auto jobs = static_cast<std::size_t>(terms.jobs);
   const int lanes = tasks.size() == 1 ? terms.jobs : 1;
-  std::vector<std::jthread> threads;
-  for (std::size_t job = 0; job < std::min(jobs, tasks.size()); ++job) {
-    threads.emplace_back([&] {
-      for (std::size_t i = next++; i < tasks.size(); i = next++) {
-        solved[i] = Solve(tasks[i], terms, lanes);
-        ticker.CaveDone();
-      }
-    });
-  }
-  threads.clear();
+  RunAll(std::min(jobs, tasks.size()), [&](std::size_t) {
+    for (std::size_t i = next++; i < tasks.size(); i = next++) {
+      solved[i] = Solve(tasks[i], terms, lanes);
+      ticker.CaveDone();
+    }
+  });
   return solved;
 }
 
