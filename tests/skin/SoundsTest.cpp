@@ -518,5 +518,25 @@ TEST_F(SoundsHeard, OfMagicWallAmoebaAndBackgroundLoopAndNoOther) {
   }
 }
 
+// Half the way to the left is a quarter as loud.
+TEST_F(SoundsHeard, AreAsLoudAsTheVolumeSays) {
+  for (const char* name : {"amoeba", "amoeba2"})
+    Wave("Default/Sound/" + std::string(name) + ".wav", Samples(2 * 1000, 2000));
+  for (const auto& [volume, loudness] : {std::pair(10, 2000), {5, 500}, {0, 0}, {99, 2000}, {-1, 0}}) {
+    {
+      DSound device;
+      Sounds sounds(device);
+      ASSERT_TRUE(sounds.InicializaceZvuku(places_));
+      sounds.SetVolume(volume);
+      sounds.PZvuk(kAmoebaSound);
+      ASSERT_TRUE(disk_.Await(5000));
+    }
+    const std::vector<int> heard = disk_.HeardLeft();
+    const auto so = std::count_if(heard.begin(), heard.end(),
+                                  [wanted = loudness](int sample) { return std::abs(sample - wanted) < 2; });
+    EXPECT_GT(so, 2500) << volume;
+  }
+}
+
 }  // namespace
 }  // namespace zorik
