@@ -165,6 +165,7 @@ void FrmStart2::SkinPalm() {
   SkinLists();
   SkinButtons();
   ShowScrollButtons();
+  Surface().Shape();
   update();
 }
 

@@ -12,6 +12,8 @@
 namespace zorik {
 namespace {
 
+constexpr std::uint64_t kLongestPause = 250;  // milliseconds between two repeats of a held key
+
 // These belong to other keys and do nothing in any window.
 bool IsModifierKey(int key) {
   constexpr std::array kKeys{Qt::Key_Shift, Qt::Key_Control, Qt::Key_Alt, Qt::Key_AltGr, Qt::Key_Meta};
@@ -45,14 +47,23 @@ HeldKeys::Hold HeldKeys::Found(const QKeyEvent& event, const QObject* window) co
   return goesOn ? released_->hold : Hold{window};
 }
 
+// The release of a key can get lost between two windows, one that goes and one that comes. What does not call
+// itself a repeat, and comes when none has come for a while, is a press of its own.
+bool HeldKeys::IsPressAnew(const QKeyEvent& event, const Hold& hold) {
+  if (event.isAutoRepeat()) return false;
+  const bool timed = event.timestamp() != 0 && hold.last != 0;
+  return !hold.sure || (timed && event.timestamp() > hold.last + kLongestPause);
+}
+
 bool HeldKeys::Stale(const QKeyEvent& event, const QObject* window) {
   const auto [found, fresh] = held_.try_emplace(PlaceOfKey(event));
   Hold& hold = found->second;
   if (fresh) {
     hold = Found(event, window);
-  } else if (!hold.sure && !event.isAutoRepeat()) {
+  } else if (IsPressAnew(event, hold)) {
     hold = Hold{window};
   }
+  hold.last = event.timestamp();
   return hold.window != window;
 }
 

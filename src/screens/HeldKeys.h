@@ -23,8 +23,9 @@ class HeldKeys : public QObject {
 
  private:
   struct Hold {
-    const QObject* window;  // in which the key went down; none when that is gone
-    bool sure = true;       // that the key has not been let go elsewhere
+    const QObject* window;   // in which the key went down; none when that is gone
+    bool sure = true;        // that the key has not been let go elsewhere
+    std::uint64_t last = 0;  // when it was heard of, milliseconds of the desktop; 0 where that is not known
   };
   struct Released {
     std::uint64_t place;
@@ -34,6 +35,7 @@ class HeldKeys : public QObject {
 
   // Whether the press means nothing to the window.
   bool Stale(const QKeyEvent& event, const QObject* window);
+  static bool IsPressAnew(const QKeyEvent& event, const Hold& hold);
   Hold Found(const QKeyEvent& event, const QObject* window) const;
   void LetGo(const QKeyEvent& event);
   void Forget(const QObject* window);

@@ -9,6 +9,7 @@
 #include <algorithm>
 
 #include "screens/SeenPart.h"
+#include "screens/SkinButton.h"
 #include "screens/Tones.h"
 
 namespace zorik {
@@ -72,7 +73,6 @@ void SkinSurface::Draw(QPainter& painter) const {
   painter.drawRoundedRect(QRectF(window_->rect()).adjusted(inset, inset, -inset, -inset), kCorner, kCorner);
 }
 
-// A window that is not seen gets its shape when it is.
 void SkinSurface::Shape() {
   if (!window_->isVisible()) return;
   QImage drawn = picture_;
@@ -82,7 +82,12 @@ void SkinSurface::Shape() {
     QPainter painter(&drawn);
     Draw(painter);
   }
-  window_->setMask(SeenPart(drawn, kSeen));
+  QRegion shape = SeenPart(drawn, kSeen);
+  for (const SkinButton* const button : window_->findChildren<SkinButton*>(Qt::FindDirectChildrenOnly)) {
+    const QRect place = button->geometry();
+    if (button->isVisibleTo(window_) && !shape.contains(place.center())) shape += place;
+  }
+  window_->setMask(shape);
 }
 
 void SkinSurface::Drag(const QMouseEvent& event) {

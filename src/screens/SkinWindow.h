@@ -34,12 +34,15 @@ class SkinSurface : public QObject {
   // Paints the window in one colour, with a thin border and round corners, in the size that it has.
   void SetColour(QColor colour);
 
+  // Gives the window its shape anew, when its buttons have been placed: one that a skin has placed outside of
+  // the picture is seen all the same. A window that is not seen gets its shape when it is.
+  void Shape();
+
  protected:
   bool eventFilter(QObject* object, QEvent* event) override;
 
  private:
   void Draw(QPainter& painter) const;
-  void Shape();
   void Drag(const QMouseEvent& event);
 
   QWidget* window_;

@@ -73,6 +73,18 @@ TEST_F(HeldKeysTest, MeanNothingWhenTheirRepeatsLookLikePressesOfTheSameMoment) 
   EXPECT_EQ(other_.presses, 1);
 }
 
+// A window that goes can take the release with it.
+TEST_F(HeldKeysTest, WhoseReleaseWasLostMeanSomethingWhenTheyArePressedAgain) {
+  Send(one_, QEvent::KeyPress, false, 100);
+  one_.hide();
+  for (quint64 time = 140; time < 300; time += 40) Send(other_, QEvent::KeyPress, false, time);
+  EXPECT_EQ(other_.presses, 0) << "so fast no finger is";
+  Send(other_, QEvent::KeyPress, true, 900);
+  EXPECT_EQ(other_.presses, 0) << "it calls itself a repeat";
+  Send(other_, QEvent::KeyPress, false, 1400);
+  EXPECT_EQ(other_.presses, 1);
+}
+
 TEST_F(HeldKeysTest, MeanNothingToAWindowThatWasHiddenMeanwhile) {
   Send(one_, QEvent::KeyPress);
   one_.hide();

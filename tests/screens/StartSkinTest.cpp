@@ -1,3 +1,5 @@
+#include <QPainter>
+
 #include "screens/StartScreen.h"
 
 namespace zorik {
@@ -150,6 +152,20 @@ TEST_F(StartSkin, TheLitPalmShowsWithinTheShapeOfTheOther) {
   EXPECT_EQ(start_->size(), test::kPalm);
   EXPECT_FALSE(start_->mask().contains(QPoint(1, 1)));
   EXPECT_EQ(At(QPoint(320, 250)), QColor(10, 200, 10));
+}
+
+TEST_F(StartSkin, AButtonOutsideOfThePalmIsSeenAllTheSame) {
+  QImage cut = test::Palm(QColor(200, 180, 150));
+  QPainter(&cut).fillRect(0, 100, 60, 160, Qt::black);
+  skin_.Picture("cut", cut);
+  const QPoint outside(30, 210);
+  With({{"start.palm.image", "cut"}});
+  ASSERT_FALSE(start_->mask().contains(outside));
+  With({{"start.palm.image", "cut"}, {"start.changeskin.left", "20"}, {"start.changeskin.top", "200"}});
+  ASSERT_TRUE(Find<QWidget>("changeskin").geometry().contains(outside));
+  EXPECT_TRUE(start_->mask().contains(outside));
+  With({{"start.palm.image", "cut"}});
+  EXPECT_FALSE(start_->mask().contains(outside));
 }
 
 TEST_F(StartSkin, WhateverNumbersItHasThePaletteIsAtHand) {
