@@ -5,50 +5,21 @@
 #include <QTest>
 #include <filesystem>
 
-#include "app/Game.h"
+#include "app/GameScreens.h"
 #include "data/Files.h"
 #include "screens/CaveList.h"
 #include "screens/Folder.h"
 #include "support/DesktopStandIn.h"
 
-namespace zorik {
+namespace zorik::test {
 namespace {
 
-using test::Folder;
-using test::OneStepCave;
-
-template <class Window>
-Window* Screen() {
-  for (QWidget* const widget : QApplication::topLevelWidgets()) {
-    if (auto* const window = dynamic_cast<Window*>(widget)) return window;
-  }
-  return nullptr;
-}
-
-template <class Window>
-bool Shows() {
-  const auto* const window = Screen<Window>();
-  return window != nullptr && window->isVisible();
-}
-
-template <class Condition>
-bool Wait(Condition condition) {
-  return QTest::qWaitFor(condition, 10000);
-}
-
 // The whole program, whose player keeps a finger on a key.
-class GameKeysTest : public testing::Test {
+class GameKeysTest : public GameTest {
  protected:
   void SetUp() override {
-    folder.Collection("a.zk", "Alfa", {OneStepCave("Jedna"), OneStepCave("Druha")});
-    std::filesystem::create_directories(folder.Root() + "/Players/Ada");
-    Paths paths = folder.Paths();
-    paths.SkinsPath = ZORIK_BUILT_SKINS;
-    inbox = std::make_unique<Inbox>(InboxPlace(folder.Root()));
-    game = std::make_unique<Game>(paths, settings, *inbox);
-    game->Begin();
-    ASSERT_TRUE(Wait(Shows<FrmStart2>));
-    QTest::qWait(1);
+    GameTest::SetUp();
+    QTest::qWait(1);  // until the notice is gone
   }
 
   static void Down(QWidget* window, Qt::Key key, bool repeat = false) {
@@ -78,11 +49,6 @@ class GameKeysTest : public testing::Test {
     ASSERT_TRUE(Wait(Shows<HraWindow>));
     QTest::qWait(1);  // until the notice is gone
   }
-
-  Folder folder;
-  Settings settings{.Speed = 2, .SpeedR = 5, .Sound = false};
-  std::unique_ptr<Inbox> inbox;
-  std::unique_ptr<Game> game;
 };
 
 TEST_F(GameKeysTest, OpensTheCavesAndNoCaveForEnterThatIsHeld) {
@@ -133,7 +99,7 @@ TEST_F(GameKeysTest, DoesNotAskForAPauseAgainForPThatIsHeldWhenItEndedOne) {
 TEST_F(GameKeysTest, OpensTheHelpWithF1WhileTheRunWaits) {
   folder.File("Help/help.html", "<p>");
   PlayCave();
-  const test::DesktopStandIn desktop(0);
+  const DesktopStandIn desktop(0);
   bool waits = false;
   QString said;
   QTimer::singleShot(50, [&] {
@@ -151,4 +117,4 @@ TEST_F(GameKeysTest, OpensTheHelpWithF1WhileTheRunWaits) {
 }
 
 }  // namespace
-}  // namespace zorik
+}  // namespace zorik::test
