@@ -16,7 +16,7 @@ struct SaveWish {
   QString path;    // the file that is proposed
 };
 
-// Lets the author choose a file to be written; empty when he does not. A file that is there already is taken
+// Lets the player choose a file to be written; empty when he does not. A file that is there already is taken
 // only after a question.
 QString AskForNewFile(Skin& skin, QWidget* parent, const SaveWish& wish);
 

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QScreen>
 
+#include "screens/PlainText.h"
 #include "screens/ShowText.h"
 #include "screens/SkinWindow.h"
 #include "screens/Tones.h"
@@ -41,7 +42,7 @@ WaitSign::WaitSign()
 }
 
 void WaitSign::Say(const QString& text) {
-  setText(WrapText(text.left(kMostCharacters), fontMetrics(), kLineWidth).lines.join('\n'));
+  setText(WrapText(InLines(text, kMostCharacters), fontMetrics(), kLineWidth).lines.join('\n'));
   adjustSize();
   const QWidget* const window = QApplication::activeWindow();
   const QRect area = (window == nullptr ? screen() : window->screen())->availableGeometry();
