@@ -67,6 +67,14 @@ expect "500 lines" 0 "" "$here/lengths.sh" "$tree"
 echo "// one more" >>"$tree/src/rules/Long.cpp"
 expect "501 lines" 1 "src/rules/Long.cpp: 501 lines" "$here/lengths.sh" "$tree"
 
+sound_tree
+mkdir -p "$tree/tests/rules"
+touch "$tree/tests/rules/SlimeTest.cpp"
+printf '[{\n  "file": "%s"\n}]\n' "$tree/tests/rules/SlimeTest.cpp" >"$tree/commands.json"
+expect "a compiled test" 0 "" "$here/compiled.sh" "$tree" "$tree/commands.json"
+touch "$tree/tests/rules/FlyTest.cpp"
+expect "a forgotten test" 1 "tests/rules/FlyTest.cpp: no program is built of it" "$here/compiled.sh" "$tree" "$tree/commands.json"
+
 # markup FILE LINE USE: this one line more in the sound tree is found, with its place and what to use.
 markup() {
   sound_tree
