@@ -1,3 +1,5 @@
+// What goes on by itself at the start of a tick: the running magic wall, the number of the tick, the finish
+// that opens and glows.
 #include "core/Scans.h"
 
 namespace zorik {

@@ -1,3 +1,4 @@
+// The input of a tick: the player's keys, which go into the record, or what the record holds in their place.
 #include <algorithm>
 
 #include "core/Machine.h"

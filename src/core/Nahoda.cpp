@@ -1,3 +1,4 @@
+// Chance that touches the game. In play it is drawn and goes into the record, a replay reads it there.
 #include <algorithm>
 
 #include "core/Machine.h"

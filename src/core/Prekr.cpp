@@ -1,3 +1,4 @@
+// What belongs to the repainting of a cell: the pose of an idle dog, and the sensors beside it that notice.
 #include "core/Machine.h"
 #include "core/Rules.h"
 

@@ -1,3 +1,4 @@
+// The win: what a run is worth when the steered dog stands in the open finish.
 #include <algorithm>
 #include <cstdio>
 

@@ -1,3 +1,4 @@
+// The change of the steered unit, to the next one that lives or to one of a given number.
 #include "core/Machine.h"
 
 namespace zorik {

@@ -1,3 +1,4 @@
+// All about the cave text: how a cave is written as one text, read from it, and known in a collection's line.
 #pragma once
 
 #include <array>

@@ -103,6 +103,40 @@ markup src/editors/Cave.cpp '  setWindowTitle(name);' SetTitle
 markup src/screens/Start.cpp '  path = QFileDialog::getOpenFileName(this);' AskForFile
 expect "no sources" 2 "there is no src" "$here/markup.sh" "$scratch"
 
+# names WHAT STATUS TEXT: the table of names is found to be so.
+names() { expect "$1" "$2" "$3" "$here/names.sh" "$tree"; }
+table_of_names() {
+  sound_tree
+  mkdir -p "$tree/docs"
+  printf '# Names\n\n| Name | Meaning | Where |\n|---|---|---|\n| `Hra` | the game | `core/Hra.h` |\n' >"$tree/docs/names.md"
+  printf '| `Kocka` | the cat, `she` | `core/Hra.h`, `rules/Kocka.cpp` |\n' >>"$tree/docs/names.md"
+  printf '#pragma once\nstruct Hra;\n\n// The game.\nstruct Hra {};\n\n// The cat.\nvoid Kocka(Hra& hra);\n' >"$tree/src/core/Hra.h"
+  printf '// The cat.\n#include "core/Hra.h"\nvoid Kocka(Hra&) {}\n' >"$tree/src/rules/Kocka.cpp"
+}
+table_of_names
+names "a table of names" 0 ""
+sed -i 's/Kocka/Macka/' "$tree/src/core/Hra.h"
+names "a name that has gone" 1 "Kocka: src/core/Hra.h knows no such name"
+table_of_names
+sed -i 's/Kocka/KockaEvent/' "$tree/src/core/Hra.h"
+names "a part of a name" 1 "Kocka: src/core/Hra.h knows no such name"
+table_of_names
+rm "$tree/src/rules/Kocka.cpp"
+names "a file that has gone" 1 "Kocka: there is no file src/rules/Kocka.cpp"
+table_of_names
+echo '| `Dopad` | impact | `core/Hra.h` |' >>"$tree/docs/names.md"
+names "a name out of its place" 1 "Dopad does not stand in its place, behind kocka"
+table_of_names
+sed -i 1d "$tree/src/rules/Kocka.cpp"
+names "a file without a head" 1 "src/rules/Kocka.cpp: does not say what it is"
+table_of_names
+sed -i 's|^// The game.$||' "$tree/src/core/Hra.h"
+names "a class without a word" 1 "src/core/Hra.h: does not say what it is"
+table_of_names
+sed -i '/^| `/d' "$tree/docs/names.md"
+names "an empty table" 1 "tells of no name"
+expect "no table" 2 "there is no docs/names.md" "$here/names.sh" "$scratch"
+
 compile() { "$cxx" -x c++ - "$@"; }
 cd "$scratch"
 compile -shared -fPIC -o libSDL2-sample.so <<<'int sample() { return 0; }'
