@@ -34,7 +34,18 @@ endfunction()
 skin_text(Default/Menu/skindata.txt)
 skin_text(Default/Menu/catdata.txt)
 
-# English is the default skin with other words.
-foreach(text cestina skindata catdata)
-  skin_text(English/Menu/${text}.txt)
+# All other skins, and a language is one: they hold what is different from the default skin. Drawings and texts are
+# made as its own are, finished pictures and sounds are copied.
+file(GLOB_RECURSE others RELATIVE ${CMAKE_CURRENT_SOURCE_DIR} CONFIGURE_DEPENDS *.txt *.svg *.bmp *.jpg *.gif *.wav)
+list(FILTER others EXCLUDE REGEX "^Default/")
+list(FILTER others INCLUDE REGEX "/(Menu|Game|Sound)/")
+foreach(other ${others})
+  if(other MATCHES "[.]txt$")
+    skin_text(${other})
+  elseif(other MATCHES "[.]svg$")
+    string(REGEX REPLACE "[.]svg$" "" name ${other})
+    skin_picture(${CMAKE_CURRENT_SOURCE_DIR}/${other} ${name})
+  else()
+    configure_file(${other} ${SKINS_OUT}/${other} COPYONLY)
+  endif()
 endforeach()

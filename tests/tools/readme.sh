@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # What README says about collections as text, done to the letter: its two examples are written into files, and its
-# commands of zktool are obeyed one after another.
+# commands of zktool are obeyed one after another, and its table names every command.
 # usage: readme.sh ZKTOOL README, in a folder where it may write.
 set -euo pipefail
 tool=$(realpath "$1") readme=$(realpath "$2")
@@ -32,3 +32,8 @@ diff -r before my-caves || { echo "The author's files are not what they were."; 
 cmp strict.zk build/release/src/app/Caves/my-caves.zk
 "$tool" pack my-caves-again again.zk
 cmp strict.zk again.zk
+
+# Its table of commands leaves none out.
+for name in $("$tool" --help | sed -nE 's/^  ([a-z]+) .*/\1/p'); do
+  grep -qE "^\|.*\`$name\`.*\|" "$readme" || { echo "README does not tell of zktool $name."; exit 1; }
+done
