@@ -1,5 +1,5 @@
-// What goes on by itself at the start of a tick: the running magic wall, the number of the tick, the finish
-// that opens and glows.
+// Animace, what time alone changes: the first step of a tick. The magic wall runs out, the finish opens and
+// glows.
 #include "core/Scans.h"
 
 namespace zorik {

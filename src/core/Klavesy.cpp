@@ -1,4 +1,5 @@
-// The input of a tick: the player's keys, which go into the record, or what the record holds in their place.
+// Klavesy, the keys: what a player holds becomes the input of the tick and goes into the record; in a replay
+// the input comes from there.
 #include <algorithm>
 
 #include "core/Machine.h"

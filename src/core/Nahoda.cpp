@@ -1,4 +1,4 @@
-// Chance that touches the game. In play it is drawn and goes into the record, a replay reads it there.
+// Nahoda, chance: drawn in play and written into the record, read from there in a replay.
 #include <algorithm>
 
 #include "core/Machine.h"

@@ -1,4 +1,5 @@
-// What belongs to the repainting of a cell: the pose of an idle dog, and the sensors beside it that notice.
+// PREKR, repainting a cell: the two parts of it that are rules, the pose of an idle dog and what sensors
+// hear. The rest stands in Machine.h.
 #include "core/Machine.h"
 #include "core/Rules.h"
 

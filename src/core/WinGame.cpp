@@ -1,4 +1,4 @@
-// The win: what a run is worth when the steered dog stands in the open finish.
+// WinGame: what a won run is worth.
 #include <algorithm>
 #include <cstdio>
 

@@ -1,4 +1,4 @@
-// The change of the steered unit, to the next one that lives or to one of a given number.
+// ZmenitPsa, changing the dog: which unit the player steers, by its number or by a step to the next.
 #include "core/Machine.h"
 
 namespace zorik {
