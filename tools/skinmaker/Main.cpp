@@ -1,5 +1,5 @@
 // skinmaker picture IN.png OUT.bmp   a 32-bit bitmap with alpha channel
-// skinmaker text IN.txt OUT.txt      UTF-8 into Windows-1250 with line ends as the game writes them
+// skinmaker text IN.txt OUT.txt      UTF-8 of any editor into Windows-1250, lines ended by CR LF
 
 #include <QImage>
 #include <cstdint>
@@ -62,10 +62,14 @@ Result<std::string> Bitmap(const std::string& path) {
 Result<std::string> CzechText(const std::string& path) {
   const Result<std::string> utf8 = zorik::ReadWhole(path);
   if (!utf8) return utf8;
-  const std::optional<std::string> text = zorik::FromUtf8(*utf8);
+  constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
+  std::string_view marked = *utf8;
+  if (marked.starts_with(kUtf8Mark)) marked.remove_prefix(kUtf8Mark.size());
+  const std::optional<std::string> text = zorik::FromUtf8(marked);
   if (!text) return Failure{path + " is no UTF-8 or holds a character that Windows-1250 lacks"};
   std::string bytes;
   for (const char character : *text) {
+    if (character == '\r') continue;
     if (character == '\n') bytes += '\r';
     bytes += character;
   }
