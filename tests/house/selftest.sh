@@ -75,34 +75,6 @@ expect "a compiled test" 0 "" "$here/compiled.sh" "$tree" "$tree/commands.json"
 touch "$tree/tests/rules/FlyTest.cpp"
 expect "a forgotten test" 1 "tests/rules/FlyTest.cpp: no program is built of it" "$here/compiled.sh" "$tree" "$tree/commands.json"
 
-# markup FILE LINE USE: this one line more in the sound tree is found, with its place and what to use.
-markup() {
-  sound_tree
-  mkdir -p "$tree/${1%/*}"
-  printf '%s\n' "$2" >>"$tree/$1"
-  expect "$1 with $2" 1 "$1:$(wc -l <"$tree/$1"): could take a text for markup or a sign of the toolkit; use $3" \
-    "$here/markup.sh" "$tree"
-}
-
-sound_tree
-printf 'widget.setToolTip(text);\nQToolTip::showText(place, text);\n' >"$tree/src/screens/Hint.cpp"
-printf 'auto* label = new QLabel(parent);\nlabel->setTextFormat(Qt::PlainText);\n' >"$tree/src/screens/PlainText.cpp"
-printf 'QToolTip::hideText();\nvoid Show(QLabel* label);\nQPlainTextEdit* box;\n' >"$tree/src/screens/Other.cpp"
-expect "markup in its places" 0 "" "$here/markup.sh" "$tree"
-markup src/screens/Start.cpp '  button->setToolTip(name);' SetHint
-markup src/editors/Cave.cpp '  QToolTip::showText(place, name);' ShowHint
-markup src/app/Main.cpp 'QMessageBox::warning(nullptr, title, name);' 'Tell and Ask'
-markup src/editors/Cave.h '  QLabel name_;' NewLabel
-markup src/editors/Cave.cpp '  name_ = new QLabel(this);' NewLabel
-markup src/screens/Hint.cpp '  name_ = new QLabel(this);' NewLabel
-markup src/editors/Cave.cpp '  label->setTextFormat(Qt::RichText);' NewLabel
-markup src/editors/Cave.cpp '  box->setHtml(name);' 'plain text'
-markup src/editors/Cave.cpp '  QTextEdit* box_;' QPlainTextEdit
-markup src/editors/Cave.cpp '  text = name.toHtmlEscaped();' 'SetHint or NewLabel'
-markup src/editors/Cave.cpp '  setWindowTitle(name);' SetTitle
-markup src/screens/Start.cpp '  path = QFileDialog::getOpenFileName(this);' AskForFile
-expect "no sources" 2 "there is no src" "$here/markup.sh" "$scratch"
-
 # names WHAT STATUS TEXT: the table of names is found to be so.
 names() { expect "$1" "$2" "$3" "$here/names.sh" "$tree"; }
 table_of_names() {
@@ -136,6 +108,34 @@ table_of_names
 sed -i '/^| `/d' "$tree/docs/names.md"
 names "an empty table" 1 "tells of no name"
 expect "no table" 2 "there is no docs/names.md" "$here/names.sh" "$scratch"
+
+# markup FILE LINE USE: this one line more in the sound tree is found, with its place and what to use.
+markup() {
+  sound_tree
+  mkdir -p "$tree/${1%/*}"
+  printf '%s\n' "$2" >>"$tree/$1"
+  expect "$1 with $2" 1 "$1:$(wc -l <"$tree/$1"): could take a text for markup or a sign of the toolkit; use $3" \
+    "$here/markup.sh" "$tree"
+}
+
+sound_tree
+printf 'widget.setToolTip(text);\nQToolTip::showText(place, text);\n' >"$tree/src/screens/Hint.cpp"
+printf 'auto* label = new QLabel(parent);\nlabel->setTextFormat(Qt::PlainText);\n' >"$tree/src/screens/PlainText.cpp"
+printf 'QToolTip::hideText();\nvoid Show(QLabel* label);\nQPlainTextEdit* box;\n' >"$tree/src/screens/Other.cpp"
+expect "markup in its places" 0 "" "$here/markup.sh" "$tree"
+markup src/screens/Start.cpp '  button->setToolTip(name);' SetHint
+markup src/editors/Cave.cpp '  QToolTip::showText(place, name);' ShowHint
+markup src/app/Main.cpp 'QMessageBox::warning(nullptr, title, name);' 'Tell and Ask'
+markup src/editors/Cave.h '  QLabel name_;' NewLabel
+markup src/editors/Cave.cpp '  name_ = new QLabel(this);' NewLabel
+markup src/screens/Hint.cpp '  name_ = new QLabel(this);' NewLabel
+markup src/editors/Cave.cpp '  label->setTextFormat(Qt::RichText);' NewLabel
+markup src/editors/Cave.cpp '  box->setHtml(name);' 'plain text'
+markup src/editors/Cave.cpp '  QTextEdit* box_;' QPlainTextEdit
+markup src/editors/Cave.cpp '  text = name.toHtmlEscaped();' 'SetHint or NewLabel'
+markup src/editors/Cave.cpp '  setWindowTitle(name);' SetTitle
+markup src/screens/Start.cpp '  path = QFileDialog::getOpenFileName(this);' AskForFile
+expect "no sources" 2 "there is no src" "$here/markup.sh" "$scratch"
 
 compile() { "$cxx" -x c++ - "$@"; }
 cd "$scratch"
