@@ -76,7 +76,7 @@ enum class TextId {
   Rest = 78,
   OneCave = 79,       // the word for one
   FewCaves = 80,      // for two to four
-  ManyCaves = 81,     // for more, and for none in a collection
+  ManyCaves = 81,     // for more
   SubjectStart = 82,  // of a letter with records, then the collection's name, then the end
   SubjectEnd = 83,
   SolveFirst = 84,
