@@ -40,7 +40,7 @@ Game::Game(const Paths& paths, const Settings& settings, Inbox& inbox)
       files_(skin_, ScreensForFiles()),
       inbox_(inbox) {
   skin_.SetRetry([this](const std::string& question) {
-    return AskRetry(skin_, nullptr, skin_.Text(99), QString::fromStdString(question));
+    return AskRetry(skin_, nullptr, skin_.Text(TextId::Program), QString::fromStdString(question));
   });
   hra_.setWindowState(Qt::WindowMaximized);
   ConnectScreens();
@@ -171,7 +171,7 @@ void Game::OpenCollection(const QString& path, const QString& player) {
     return;
   }
   ShowStart();
-  zorik::Tell(skin_, &frmStart2_, skin_.Text(99), *failure);
+  zorik::Tell(skin_, &frmStart2_, skin_.Text(TextId::Program), *failure);
 }
 
 void Game::PlayCave(const QByteArray& caveText) {
@@ -187,7 +187,7 @@ void Game::PlayCave(const QByteArray& caveText) {
   }
   if (!failure) return;
   ShowPoSt();
-  zorik::Tell(skin_, &frmPoSt_, skin_.Text(99), kNoCaveWords.In(skin_));
+  zorik::Tell(skin_, &frmPoSt_, skin_.Text(TextId::Program), kNoCaveWords.In(skin_));
 }
 
 void Game::PlayRecord(const QString& path, const std::string& player) {
@@ -204,15 +204,17 @@ void Game::PlayRecord(const QString& path, const std::string& player) {
   if (!started) {
     hra_.hide();
     from->show();
-    zorik::Tell(skin_, from, skin_.Text(99), kNoRecordWords.Before(skin_) + "\n" + ShownPath(path));
+    zorik::Tell(skin_, from, skin_.Text(TextId::Program),
+                kNoRecordWords.Before(skin_) + "\n" + ShownPath(path));
     return;
   }
   from->hide();
   const Hra& machine = hra_.Machine();
   if (machine.RecordPlayer == machine.PlayerName) return;
   hra_.WithDialog([&] {
-    zorik::Tell(skin_, &hra_, skin_.Text(99),
-                Shown(machine.RecordPlayer) + "  " + skin_.Text(106) + "\n" + skin_.Text(107));
+    zorik::Tell(skin_, &hra_, skin_.Text(TextId::Program),
+                Shown(machine.RecordPlayer) + "  " + skin_.Text(TextId::RecordedBy) + "\n" +
+                    skin_.Text(TextId::RecordWillPlay));
   });
 }
 
@@ -222,7 +224,7 @@ void Game::EditCave(const QByteArray& caveText) {
   if (start == FrmMain::Start::Editing) return;
   frmSada_.CaveDone(caveText);
   if (start == FrmMain::Start::Unreadable)
-    zorik::Tell(skin_, &frmSada_, skin_.Text(99), kNoCaveWords.In(skin_));
+    zorik::Tell(skin_, &frmSada_, skin_.Text(TextId::Program), kNoCaveWords.In(skin_));
 }
 
 // A test run plays for the player of the start screen, or for nobody, who has no name.
@@ -232,7 +234,7 @@ void Game::TestRun(const std::string& caveText) {
   ShowGame();
   if (!hra_.Start(caveText, RunKind::Test)) return;
   ShowEditor();
-  zorik::Tell(skin_, &frmMain_, skin_.Text(99), kNoCaveWords.In(skin_));
+  zorik::Tell(skin_, &frmMain_, skin_.Text(TextId::Program), kNoCaveWords.In(skin_));
 }
 
 void Game::ShowEditor() {
@@ -266,7 +268,7 @@ OutsideScreens Game::ScreensForFiles() {
     bool yes = false;
     ShowUp();
     hra_.WithDialog([&] {
-      yes = Ask(skin_, &hra_, skin_.Text(99),
+      yes = Ask(skin_, &hra_, skin_.Text(TextId::Program),
                 ShownPath(QFileInfo(path).fileName()) + "\n" + kEndRunWords.In(skin_));
     });
     return yes;

@@ -15,6 +15,7 @@ constexpr HeadlessWords kCzech{
     .PictureIs = "Poslední okamžik je na obrázku ?1?",
     .NotStored = "Soubor se nepodařilo uložit.",
     .NoFolder = "Složku hry nelze vytvořit.",
+    .NoAnswer = "Zorík už běží, ale neodpovídá.",
 };
 
 constexpr HeadlessWords kEnglish{
@@ -27,6 +28,7 @@ constexpr HeadlessWords kEnglish{
     .PictureIs = "The last moment is in the picture ?1?",
     .NotStored = "The file could not be saved.",
     .NoFolder = "The game's folder cannot be made.",
+    .NoAnswer = "Zorík is running already, but does not answer.",
 };
 
 // "C.UTF-8" says no more about a language than "C" does.

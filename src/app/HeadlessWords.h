@@ -4,7 +4,8 @@
 
 namespace zorik {
 
-// What the game says on a terminal, where no skin tells the language. ?1? and ?2? are filled in.
+// What the game says before a skin tells the language, or where none does, on a terminal. ?1? and ?2? are
+// filled in.
 struct HeadlessWords {
   std::string_view NoDisplay;
   std::string_view NoRecord;
@@ -15,6 +16,7 @@ struct HeadlessWords {
   std::string_view PictureIs;  // ?1? = its path
   std::string_view NotStored;
   std::string_view NoFolder;  // of the game, that could be made
+  std::string_view NoAnswer;  // of a game that runs already
 };
 
 // In the language of the desktop, by the first of these variables of the surroundings that is not empty:

@@ -15,7 +15,6 @@
 #include "platform/Paths.h"
 #include "platform/Settings.h"
 #include "screens/MsgBox.h"
-#include "screens/Wording.h"
 
 namespace {
 
@@ -46,7 +45,7 @@ zorik::Result<zorik::Paths> MoveIn(const zorik::Surroundings& surroundings) {
 // One game is enough for one home folder: it takes what this one was started for, and shows itself.
 int ShowOther(const QString& place) {
   if (zorik::HandOverPatiently(zorik::TakeFileFromStart(), place)) return EXIT_SUCCESS;
-  return GiveUp(zorik::wording::kNoAnswer);
+  return GiveUp(std::string(zorik::WordsOfDesktop().NoAnswer));
 }
 
 int Play(const zorik::Surroundings& surroundings) {
@@ -54,7 +53,7 @@ int Play(const zorik::Surroundings& surroundings) {
   zorik::Inbox inbox(place);
   if (inbox.Taken()) return ShowOther(place);
   const zorik::Result<zorik::Paths> paths = MoveIn(surroundings);
-  if (!paths) return GiveUp(std::string(zorik::wording::kNoFolder) + "\n" + paths.Message());
+  if (!paths) return GiveUp(std::string(zorik::WordsOfDesktop().NoFolder) + "\n" + paths.Message());
   QApplication::setQuitOnLastWindowClosed(false);
   QApplication::setWindowIcon(QIcon(":/zorik.png"));
   QGuiApplication::setDesktopFileName("zorik");

@@ -10,9 +10,9 @@ void RunMagicWall(Hra& hra) {
   if (hra.MagicState != kMagicRunning) return;
   if (hra.Elapsed - hra.MagicStart > hra.MagicTime * kTicksPerSecond) {
     hra.MagicState = kMagicSpent;
-    hra.stage().ShowMessage(104, Colour::Yellow);
+    hra.stage().ShowMessage(TextId::MagicWallSpent, Colour::Yellow);
     KockaEvent(hra, 'D');
-    hra.stage().PZvukStop(9);
+    hra.stage().PZvukStop(SoundId::MagicWall);
   }
   ForEachCell(hra, [&hra](Cell c) {
     if (hra.FieldState(c) == kFlat) PREKR(hra, c);
@@ -25,8 +25,8 @@ void OpenExit(Hra& hra) {
   hra.ExitOpen = true;
   hra.GemValue = hra.GemValueAfter;
   hra.stage().Label(LabelId::Value, hra.GemValue);
-  hra.stage().ShowMessage(105, Colour::White);
-  hra.stage().PZvuk(8);
+  hra.stage().ShowMessage(TextId::FinishOpen, Colour::White);
+  hra.stage().PZvuk(SoundId::ExitOpen);
   KockaEvent(hra, 'B');
 }
 

@@ -40,7 +40,7 @@ struct AmoebaList {
 };
 void FindAmoebaRoom(const Hra& hra, Cell c, AmoebaList& list);
 void GrowAmoeba(Hra& hra, const AmoebaList& list);
-int SettleAmoeba(Hra& hra, Cell c, int& cells);
+std::optional<SoundId> SettleAmoeba(Hra& hra, Cell c, int& cells);
 void HurryAmoeba(Hra& hra);
 
 // Walls.cpp: the walls that grow.
@@ -53,7 +53,7 @@ void Slime(Hra& hra, Cell c);
 // Sensor.cpp: sets off the idle sensors beside a cell; one tick of a sensor's countdown, answers a sound or
 // 0.
 void TestCidla(Hra& hra, Cell c);
-int CountSensor(Hra& hra, Cell c);
+std::optional<SoundId> CountSensor(Hra& hra, Cell c);
 
 // Monsters.cpp: one step of a firefly, butterfly, fly or dragonfly; what its contact does at the tick's end.
 void Potvory(Hra& hra, Cell c);

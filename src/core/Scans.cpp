@@ -91,10 +91,10 @@ void EndMove(Hra& hra, Cell c) {
 // What the closing scan gathers.
 struct Closing {
   int amoebaCells = 0;
-  int sound = 0;
+  std::optional<SoundId> sound;
 
-  void Due(int number) {
-    if (number != 0) sound = number;
+  void Due(std::optional<SoundId> due) {
+    if (due) sound = due;
   }
 };
 
@@ -143,7 +143,7 @@ void ObjectScan(Hra& hra, AmoebaList& room) {
   ForEachDue(hra, acting, [&](Cell c) { Act(hra, c, room); });
 }
 
-int ClosingScan(Hra& hra) {
+std::optional<SoundId> ClosingScan(Hra& hra) {
   Closing closing;
   const auto settling = [&hra](std::size_t place) {
     return [&hra, place] { return hra.Settling().From(place) | hra.Moved().From(place); };

@@ -1,7 +1,10 @@
 #pragma once
 
+#include <optional>
+
 #include "core/Machine.h"
 #include "core/Rules.h"
+#include "core/SoundId.h"
 
 namespace zorik {
 
@@ -17,7 +20,7 @@ void ExplosionScan(Hra& hra);
 void ObjectScan(Hra& hra, AmoebaList& room);
 
 // Ends what the tick has begun: headings, vacated cells, contacts, the end of amoeba. Answers the one sound
-// that is due after it, 0 for none.
-int ClosingScan(Hra& hra);
+// that is due after it, if there is one.
+std::optional<SoundId> ClosingScan(Hra& hra);
 
 }  // namespace zorik

@@ -140,14 +140,14 @@ void ChooseFirstUnit(Hra& hra) {
   hra.MultiDog = hra.DogCount != 1 || hra.Dog[0].Alive;
   hra.ActiveDog = FirstUnit(hra);
   if (!hra.MultiDog) {
-    hra.stage().ShowMessage(89, Colour::White);
+    hra.stage().ShowMessage(TextId::LeadDog, Colour::White);
     return;
   }
   for (int n = 0; n <= hra.DogCount; ++n) {
     if (hra.Dog[static_cast<std::size_t>(n)].Alive) hra.stage().DrawDogN(n, n == 1 ? 0 : 1);
   }
   ZmenitPsa(hra, 0);
-  hra.stage().ShowMessage(hra.DogCount < 5 ? 90 : 91, Colour::White, hra.DogCount);
+  hra.stage().ShowMessage(hra.DogCount < 5 ? TextId::FewDogs : TextId::ManyDogs, Colour::White, hra.DogCount);
 }
 
 }  // namespace
@@ -178,7 +178,7 @@ void StartRun(Hra& hra, std::string caveText, const CaveRecord& cave, RunKind ki
   Frame(hra);
   PlaceCells(hra, cave);
   if (hra.CatPresent) hra.CatProgram = cave.Script;
-  if (hra.Count(kAmoeba) > 0) hra.stage().PZvuk(13);
+  if (hra.Count(kAmoeba) > 0) hra.stage().PZvuk(SoundId::Amoeba);
   ChooseFirstUnit(hra);
   hra.stage().View(true);
 }

@@ -4,6 +4,9 @@
 #include <optional>
 #include <string_view>
 
+#include "core/SoundId.h"
+#include "core/TextId.h"
+
 namespace zorik {
 
 struct WinResult;
@@ -28,14 +31,14 @@ class Stage {
   virtual void CaveOpens() {}
   // The picture of the cell may have changed; x and y run from -2, since the frame counts too.
   virtual void CellChanged(int /*x*/, int /*y*/) {}
-  // Plays sound n (0 to 15), starts it anew if it sounds.
-  virtual void PZvuk(int /*n*/) {}
-  virtual void PZvukStop(int /*n*/) {}
+  // Plays a sound, starts it anew if it sounds.
+  virtual void PZvuk(SoundId) {}
+  virtual void PZvukStop(SoundId) {}
   virtual void StopSounds() {}
   // The clock shows one of its last ten seconds.
   virtual void PZvukTime(int /*seconds*/) {}
-  // Text by its place in the language table; places 90 and 91 tell of a number of dogs.
-  virtual void ShowMessage(int /*text*/, Colour, int /*dogs*/ = 0) {}
+  // A text of the language table; FewDogs and ManyDogs tell of a number of dogs.
+  virtual void ShowMessage(TextId, Colour, int /*dogs*/ = 0) {}
   // A remark that somebody wrote into a record, as bytes.
   virtual void ShowRemark(std::string_view /*text*/, Colour) {}
   virtual void Label(LabelId, int /*value*/) {}

@@ -141,7 +141,7 @@ TickEnd Tick(Hra& hra, const KeySnapshot& keys) {
   CheckDogs(hra);
   StepUnit(hra);
   IdleUnit(hra);
-  if (const int sound = ClosingScan(hra)) hra.stage().PZvuk(sound);
+  if (const std::optional<SoundId> sound = ClosingScan(hra)) hra.stage().PZvuk(*sound);
   RunClock(hra);
   HurryAmoeba(hra);
   ShowRemark(hra);

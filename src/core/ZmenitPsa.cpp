@@ -56,7 +56,7 @@ void ZmenitPsa(Hra& hra, int selector) {
   RepaintUnit(hra, hra.ActiveDog);
   hra.stage().DrawDogN(hra.ActiveDog, 0);
   hra.DogIdleTicks = 0;
-  if (hra.ActiveDog != old) hra.stage().PZvuk(7);
+  if (hra.ActiveDog != old) hra.stage().PZvuk(SoundId::Dog);
 }
 
 }  // namespace zorik

@@ -26,7 +26,7 @@ std::vector<Correction> SizesCut(const CaveRecord& before, const CaveRecord& aft
     const int was = FormalityOf(before).Number(side);
     const int now = FormalityOf(after).Number(side);
     if (was == now) continue;
-    const int label = kNumberRows[static_cast<std::size_t>(side)].label;
+    const TextId label = kNumberRows[static_cast<std::size_t>(side)].label;
     report.push_back({.label = label, .limit = now, .was = std::to_string(was)});
   }
   return report;
@@ -38,11 +38,11 @@ Correction WithOld(Correction line, const CaveRecord& cave, const Formality& now
   for (const NumberRow& row : kNumberRows) {
     if (row.label == line.label) line.was = std::to_string(before.Number(row.number));
   }
-  if (line.label == kLabelOfName) {
+  if (line.label == TextId::Name) {
     line.was = before.Name;
     line.text = now.Name;
   }
-  if (line.label == kLabelOfDescription) {
+  if (line.label == TextId::Description) {
     line.was = before.Description;
     line.text = now.Description;
   }
@@ -78,10 +78,10 @@ std::vector<Correction> CaveModel::Enter(const CaveRecord& cave) {
   std::vector<Correction> report = SizesCut(cave, state_.cave);
   for (Correction& line : Correct(formality)) report.push_back(WithOld(std::move(line), cave, formality));
   const int firstDogs = NumberDogs();
-  if (firstDogs > 1) report.push_back({.label = kLabelOfDog, .limit = 1, .was = std::to_string(firstDogs)});
+  if (firstDogs > 1) report.push_back({.label = TextId::Dog, .limit = 1, .was = std::to_string(firstDogs)});
   const auto& alike = kColourings[formality.Colouring].alike;
   if (std::find(alike.begin(), alike.end(), cave.Colouring) == alike.end()) {
-    report.push_back({.label = kLabelOfColouring, .entry = kColourings[formality.Colouring].caption});
+    report.push_back({.label = TextId::Colouring, .entry = kColourings[formality.Colouring].caption});
     report.back().wasEntry = CaptionOfColouring(cave.Colouring);
   }
   TakeProperties(formality);
@@ -118,12 +118,12 @@ int CaveModel::NumberDogs() {
 // What nobody was told of stays as it was in the text.
 Result<std::string> CaveModel::Untouched(const CaveRecord& cave,
                                          const std::vector<Correction>& report) const {
-  const auto told = [&](int label) {
+  const auto told = [&](TextId label) {
     return std::any_of(report.begin(), report.end(), [=](const auto& line) { return line.label == label; });
   };
   CaveRecord untouched = state_.cave;
-  if (!told(kLabelOfColouring)) untouched.Colouring = cave.Colouring;
-  const int width = told(kLabelOfDog) ? 0 : std::min(cave.Width, untouched.Width);
+  if (!told(TextId::Colouring)) untouched.Colouring = cave.Colouring;
+  const int width = told(TextId::Dog) ? 0 : std::min(cave.Width, untouched.Width);
   ForEachCell(width, std::min(cave.Height, untouched.Height), [&](int x, int y) {
     untouched.Cells[static_cast<std::size_t>(x)][static_cast<std::size_t>(y)] = Letter(cave, x, y);
   });

@@ -10,24 +10,22 @@
 namespace zorik {
 namespace {
 
-constexpr StartWords kHeadWords{"caption.fault.head",
-                                "V souboru sady není něco v pořádku (čísla jsou jeho řádky)"};
-constexpr StartWords kEndWords{"caption.fault.end",
-                               "Při prvním uložení zůstane původní soubor vedle nového."};
+constexpr StartWords kHeadWords{"caption.fault.head"};
+constexpr StartWords kEndWords{"caption.fault.end"};
 
 struct FaultRow {
   CollectionFault fault;
   StartWords words;
 };
 constexpr std::array<FaultRow, 8> kFaults{{
-    {CollectionFault::UnreadableCave, {"caption.fault.cave", "Vynechána komnata, kterou nelze přečíst"}},
-    {CollectionFault::Marker, {"caption.fault.marker", "Vynechána komnata s poškozeným číslem"}},
-    {CollectionFault::NoCave, {"caption.fault.line", "Vynechán řádek, který není komnata"}},
-    {CollectionFault::TooMany, {"caption.fault.many", "Vynechána komnata, která se do sady nevejde"}},
-    {CollectionFault::Letters, {"caption.fault.letters", "V řádku jsou znaky, které tam nepatří"}},
-    {CollectionFault::CutLine, {"caption.fault.cut", "Soubor končí uprostřed řádku"}},
-    {CollectionFault::NoCongratulation, {"caption.fault.congrat", "Místo gratulace je na konci komnata"}},
-    {CollectionFault::NoCaves, {"caption.fault.none", "Žádná komnata se nenašla, sada má jednu novou."}},
+    {CollectionFault::UnreadableCave, {"caption.fault.cave"}},
+    {CollectionFault::Marker, {"caption.fault.marker"}},
+    {CollectionFault::NoCave, {"caption.fault.line"}},
+    {CollectionFault::TooMany, {"caption.fault.many"}},
+    {CollectionFault::Letters, {"caption.fault.letters"}},
+    {CollectionFault::CutLine, {"caption.fault.cut"}},
+    {CollectionFault::NoCongratulation, {"caption.fault.congrat"}},
+    {CollectionFault::NoCaves, {"caption.fault.none"}},
 }};
 
 constexpr qsizetype kMostLines = 20;  // that are named of a fault

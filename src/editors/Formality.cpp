@@ -23,7 +23,7 @@ T As(int value) {
   return static_cast<T>(value);
 }
 
-void CorrectText(std::string& text, int label, std::vector<Correction>& report) {
+void CorrectText(std::string& text, TextId label, std::vector<Correction>& report) {
   std::string clean = SuperReplace(text);
   if (clean == text || clean.size() > kHighestNumber) return;
   text = std::move(clean);
@@ -41,7 +41,7 @@ std::size_t EntryOfColouring(int colouring) {
   return row == kColourings.end() ? 0 : static_cast<std::size_t>(row - kColourings.begin());
 }
 
-std::optional<int> CaptionOfColouring(int colouring) {
+std::optional<TextId> CaptionOfColouring(int colouring) {
   for (const ColouringRow& row : kColourings) {
     if (std::find(row.alike.begin(), row.alike.end(), colouring) != row.alike.end()) return row.caption;
   }
@@ -80,21 +80,21 @@ std::vector<Correction> Correct(Formality& formality) {
     value = limited;
     report.push_back({.label = row.label, .limit = limited});
   }
-  CorrectText(formality.Name, kLabelOfName, report);
-  CorrectText(formality.Description, kLabelOfDescription, report);
+  CorrectText(formality.Name, TextId::Name, report);
+  CorrectText(formality.Description, TextId::Description, report);
   return report;
 }
 
-std::optional<int> LabelWithoutRoom(const CaveRecord& cave) {
+std::optional<TextId> LabelWithoutRoom(const CaveRecord& cave) {
   struct Row {
-    int label;
+    TextId label;
     std::size_t size;
     std::size_t most;
   };
   const auto size = [](int number) { return static_cast<std::size_t>(std::max(number, 0)); };
   const std::array<Row, 4> rows{{
-      {kLabelOfName, cave.Name.size(), kHighestNumber},
-      {kLabelOfDescription, cave.Description.size(), kHighestNumber},
+      {TextId::Name, cave.Name.size(), kHighestNumber},
+      {TextId::Description, cave.Description.size(), kHighestNumber},
       {kNumberRows[static_cast<std::size_t>(CaveNumber::Time)].label, size(cave.Time), kHighestPair},
       {kNumberRows[static_cast<std::size_t>(CaveNumber::GemsNeeded)].label, size(cave.GemsNeeded),
        kHighestPair},

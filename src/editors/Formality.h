@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "core/TextId.h"
 #include "data/CaveO.h"
 
 namespace zorik {
@@ -30,26 +31,22 @@ inline constexpr std::size_t kCaveNumbers = 9;
 struct NumberRow {
   CaveNumber number;
   const char* control;  // name of its box
-  int label;            // place of its label in the language table
-  int digits;           // that can be typed
+  TextId label;
+  int digits;  // that can be typed
   int lower;
   int upper;
 };
 inline constexpr std::array<NumberRow, kCaveNumbers> kNumberRows{{
-    {CaveNumber::Width, "Text1", 119, 2, 5, 100},
-    {CaveNumber::Height, "Text2", 120, 2, 5, 60},
-    {CaveNumber::Time, "Text5", 121, 3, 5, INT_MAX},
-    {CaveNumber::GemsNeeded, "Text6", 122, 3, 0, INT_MAX},
-    {CaveNumber::PointsBefore, "Text9", 123, 2, 0, INT_MAX},
-    {CaveNumber::PointsAfter, "Text10", 124, 2, 0, INT_MAX},
-    {CaveNumber::MagicWallTime, "Text7", 125, 3, 1, 150},
-    {CaveNumber::AmoebaTime, "Text8", 126, 3, 1, 150},
-    {CaveNumber::SlimePermeability, "Text11", 127, 1, 0, 8},
+    {CaveNumber::Width, "Text1", TextId::CaveWidth, 2, 5, 100},
+    {CaveNumber::Height, "Text2", TextId::CaveHeight, 2, 5, 60},
+    {CaveNumber::Time, "Text5", TextId::TotalTime, 3, 5, INT_MAX},
+    {CaveNumber::GemsNeeded, "Text6", TextId::GemsNeeded, 3, 0, INT_MAX},
+    {CaveNumber::PointsBefore, "Text9", TextId::PointsBefore, 2, 0, INT_MAX},
+    {CaveNumber::PointsAfter, "Text10", TextId::PointsAfter, 2, 0, INT_MAX},
+    {CaveNumber::MagicWallTime, "Text7", TextId::MagicWallTime, 3, 1, 150},
+    {CaveNumber::AmoebaTime, "Text8", TextId::AmoebaTime, 3, 1, 150},
+    {CaveNumber::SlimePermeability, "Text11", TextId::SlimePermeability, 1, 0, 8},
 }};
-inline constexpr int kLabelOfName = 117;
-inline constexpr int kLabelOfDescription = 118;
-inline constexpr int kLabelOfColouring = 128;
-inline constexpr int kLabelOfDog = 58;
 
 // An entry of the list of colourings: the number that it stands for in the cave, and all numbers that the
 // game takes for the same.
@@ -57,14 +54,14 @@ struct ColouringRow {
   int number;
   std::string_view scheme;
   std::array<int, 3> alike;
-  int caption;  // place in the language table
+  TextId caption;
 };
 inline constexpr std::array<ColouringRow, 5> kColourings{{
-    {4, "Classic", {3, 4, 9}, 181},
-    {10, "Cold", {2, 5, 10}, 182},
-    {11, "Hot", {0, 8, 11}, 183},
-    {12, "Natural", {6, 7, 12}, 184},
-    {13, "Mystery", {1, 13, 14}, 185},
+    {4, "Classic", {3, 4, 9}, TextId::Classic},
+    {10, "Cold", {2, 5, 10}, TextId::Cold},
+    {11, "Hot", {0, 8, 11}, TextId::Hot},
+    {12, "Natural", {6, 7, 12}, TextId::Natural},
+    {13, "Mystery", {1, 13, 14}, TextId::Mystery},
 }};
 
 // The entry that shows a colouring. The numbers below 10 all go by the first one, though the game knows
@@ -73,7 +70,7 @@ std::size_t EntryOfColouring(int colouring);
 
 // The caption of the colours that the game gives to a colouring; nothing for a number that no cave should
 // have.
-std::optional<int> CaptionOfColouring(int colouring);
+std::optional<TextId> CaptionOfColouring(int colouring);
 
 // A cave's properties as the dialog holds them; texts are bytes in Windows-1250.
 struct Formality {
@@ -93,13 +90,13 @@ void TakeFormality(const Formality& formality, CaveRecord& cave);
 
 // A line of the report on what was wrong.
 struct Correction {
-  int label = 0;               // place in the language table
-  std::optional<int> limit{};  // that the value has now
-  std::optional<int> entry{};  // place of the entry that is chosen now
+  TextId label{};
+  std::optional<int> limit{};     // that the value has now
+  std::optional<TextId> entry{};  // that is chosen now
   // What opening a cave has to tell besides; empty when there is nothing to tell.
-  std::string was{};              // the old number or text
-  std::optional<int> wasEntry{};  // place of the entry that the game goes by
-  std::string text{};             // the new text
+  std::string was{};                 // the old number or text
+  std::optional<TextId> wasEntry{};  // that the game goes by
+  std::string text{};                // the new text
 
   bool operator==(const Correction&) const = default;
 };
@@ -108,8 +105,8 @@ struct Correction {
 // for when it is clean stays as it is.
 std::vector<Correction> Correct(Formality& formality);
 
-// The label of a property that a cave text has no room for, as a place in the language table.
-std::optional<int> LabelWithoutRoom(const CaveRecord& cave);
+// The label of a property that a cave text has no room for.
+std::optional<TextId> LabelWithoutRoom(const CaveRecord& cave);
 
 // When an amoeba turns to stone.
 struct Petrifying {

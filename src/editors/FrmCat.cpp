@@ -20,17 +20,15 @@
 namespace zorik {
 namespace {
 
-constexpr StartWords kDeleteWords{"caption.cat.delete", "Smazat"};
-constexpr StartWords kInsertWords{"caption.cat.insert", "Vložit"};
-constexpr StartWords kSwapWords{"caption.cat.swap", "Prohodit"};
-constexpr StartWords kCatOkWords{"caption.cat.ok", "OK"};
-constexpr StartWords kDeleteHint{"caption.cat.delete.hint", "Smaže vybraný příkaz (Delete)"};
-constexpr StartWords kInsertHint{"caption.cat.insert.hint",
-                                 "Vloží příkaz před vybraný řádek (Enter, dvojklik)"};
-constexpr StartWords kSwapHint{"caption.cat.swap.hint",
-                               "Prohodí v seznamu vybraný řádek s dalším; program se nezmění"};
-constexpr StartWords kScriptWords{"caption.cat.program", "Program kočky"};
-constexpr StartWords kCommandWords{"caption.cat.commands", "Příkazy pro kočku"};
+constexpr StartWords kDeleteWords{"caption.cat.delete"};
+constexpr StartWords kInsertWords{"caption.cat.insert"};
+constexpr StartWords kSwapWords{"caption.cat.swap"};
+constexpr StartWords kCatOkWords{"caption.cat.ok"};
+constexpr StartWords kDeleteHint{"caption.cat.delete.hint"};
+constexpr StartWords kInsertHint{"caption.cat.insert.hint"};
+constexpr StartWords kSwapHint{"caption.cat.swap.hint"};
+constexpr StartWords kScriptWords{"caption.cat.program"};
+constexpr StartWords kCommandWords{"caption.cat.commands"};
 
 constexpr int kFirstCommand = 9;  // is selected at the beginning
 constexpr QSize kUsualSize(660, 460);
@@ -38,8 +36,9 @@ constexpr QSize kUsualSize(660, 460);
 // What the skins say about the cat's language; nothing when the author gives up the search for the file.
 CatData FindCatData(Skin& skin, QWidget* parent) {
   if (skin.Places().SkinsPath.empty()) return {};
-  const std::string path = SkinDataPath(skin.Places(), "menu\\catdata", [&](const std::string& question) {
-    return AskRetry(skin, parent, skin.Text(99), QString::fromStdString(question));
+  const std::string path = SkinDataPath(skin.Places(), "menu\\catdata", [&](const std::string& name) {
+    const std::string question = skin.QuestionOfFile(name);
+    return AskRetry(skin, parent, skin.Text(TextId::Program), QString::fromStdString(question));
   });
   if (path.empty()) return {};
   const Result<std::string> bytes = ReadWhole(path);

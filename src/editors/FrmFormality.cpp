@@ -27,11 +27,13 @@ namespace {
 
 // The buttons, Command1 to Command8.
 enum CommandPlace : std::size_t { kOk, kCancel, kBonus, kGems, kTimePoints, kWhatThen, kSlime, kPetrifying };
-constexpr std::array<int, 8> kCaptions{0, 186, 187, 188, 189, 190, 191, 192};  // the first has a key
+// Of all but the first.
+constexpr std::array kCaptions{TextId::CancelButton,       TextId::BonusButton,    TextId::GemsButton,
+                               TextId::TimeToPointsButton, TextId::WhatThenButton, TextId::SlimeButton,
+                               TextId::PetrifyingButton};
 
-constexpr StartWords kOpenChangedWords{"caption.form.changed",
-                                       "Otevřít komnatu s těmito změnami? Jinak zůstane, jak je."};
-constexpr StartWords kWasWords{"caption.form.was", "bylo ?1?"};
+constexpr StartWords kOpenChangedWords{"caption.form.changed"};
+constexpr StartWords kWasWords{"caption.form.was"};
 
 constexpr qsizetype kShownText = 80;         // letters of a text in a message
 constexpr qsizetype kBeforeDifference = 20;  // of these in front of what has changed
@@ -45,7 +47,7 @@ bool HasGaps(const QString& text) {
   return !FromUtf8(text.normalized(QString::NormalizationForm_C).toStdString());
 }
 
-void ReportGaps(const QString& text, int label, std::vector<Correction>& report) {
+void ReportGaps(const QString& text, TextId label, std::vector<Correction>& report) {
   const Correction line{.label = label};
   if (HasGaps(text) && std::find(report.begin(), report.end(), line) == report.end()) report.push_back(line);
 }
@@ -67,7 +69,7 @@ QString LineOf(const Skin& skin, const Correction& line) {
   if (line.limit) text += " = " + QString::number(*line.limit);
   if (line.entry) text += " = " + skin.Text(*line.entry);
   QString was = line.wasEntry ? skin.Text(*line.wasEntry) : ToBox(line.was);
-  const bool isText = line.label == kLabelOfName || line.label == kLabelOfDescription;
+  const bool isText = line.label == TextId::Name || line.label == TextId::Description;
   if (isText && !line.was.empty()) {
     text += " = \"" + PartOf(line.text, line.was) + '"';
     was = '"' + PartOf(line.was, line.text) + '"';
@@ -78,7 +80,7 @@ QString LineOf(const Skin& skin, const Correction& line) {
 QString WarningOf(const Skin& skin, const std::vector<Correction>& report) {
   QStringList lines;
   for (const Correction& line : report) lines << LineOf(skin, line);
-  return "\n" + skin.Text(133) + "\n" + lines.join('\n');
+  return "\n" + skin.Text(TextId::Corrected) + "\n" + lines.join('\n');
 }
 
 int LettersWidth(const QWidget& widget, int letters) {
@@ -137,8 +139,8 @@ void FrmFormality::AddButtons() {
   on(kCancel, [this] { reject(); });
   on(kBonus, [this] { AskBonus(); });
   on(kGems, [this] { AskGems(); });
-  on(kTimePoints, [this] { Answer(138, skin_.Text(139)); });
-  on(kWhatThen, [this] { Answer(140, skin_.Text(141)); });
+  on(kTimePoints, [this] { Answer(TextId::TimeAndPointsTitle, skin_.Text(TextId::TimeAndPoints)); });
+  on(kWhatThen, [this] { Answer(TextId::WhatThenTitle, skin_.Text(TextId::WhatThen)); });
   on(kSlime, [this] { AskSlime(); });
   on(kPetrifying, [this] { AskPetrifying(); });
 }
@@ -199,18 +201,18 @@ void FrmFormality::OrderTabs() {
 }
 
 void FrmFormality::SetLWEd() {
-  SetTitle(*this, skin_.Text(70));
-  const auto label = [this](QLabel& control, int place) {
-    control.setText("- " + InMenu(skin_.Text(place)));
+  SetTitle(*this, skin_.Text(TextId::CaveProperties));
+  const auto label = [this](QLabel& control, TextId text) {
+    control.setText("- " + InMenu(skin_.Text(text)));
   };
-  label(*lblName_, kLabelOfName);
-  label(*lblDescription_, kLabelOfDescription);
-  label(*lblColouring_, kLabelOfColouring);
+  label(*lblName_, TextId::Name);
+  label(*lblDescription_, TextId::Description);
+  label(*lblColouring_, TextId::Colouring);
   for (const NumberRow& row : kNumberRows)
     label(*lblNumbers_[static_cast<std::size_t>(row.number)], row.label);
-  commands_[kOk]->setText(InMenu(skin_.Caption("caption.form.ok", "OK")));
+  commands_[kOk]->setText(InMenu(skin_.Caption("caption.form.ok")));
   for (std::size_t i = kCancel; i < commands_.size(); ++i)
-    commands_[i]->setText(InMenu(skin_.Text(kCaptions[i])));
+    commands_[i]->setText(InMenu(skin_.Text(kCaptions[i - kCancel])));
   const int chosen = colouring_->currentIndex();
   colouring_->clear();
   for (const ColouringRow& row : kColourings)
@@ -275,8 +277,8 @@ void FrmFormality::Confirm() {
   Formality values = Values();
   const Formality typed = values;
   std::vector<Correction> report = Correct(values);
-  ReportGaps(name_->text(), kLabelOfName, report);
-  ReportGaps(WholeText(*description_->document()), kLabelOfDescription, report);
+  ReportGaps(name_->text(), TextId::Name, report);
+  ReportGaps(WholeText(*description_->document()), TextId::Description, report);
   for (const NumberRow& row : kNumberRows) {
     const int value = values.Number(row.number);
     if (value != typed.Number(row.number)) Box(row.number).setText(QString::number(value));
@@ -289,12 +291,12 @@ void FrmFormality::Confirm() {
 }
 
 void FrmFormality::Warn(Skin& skin, QWidget* parent, const std::vector<Correction>& report) {
-  Tell(skin, parent, skin.Text(180), WarningOf(skin, report));
+  Tell(skin, parent, skin.Text(TextId::Warning), WarningOf(skin, report));
 }
 
 bool FrmFormality::AskToOpen(Skin& skin, QWidget* parent, const std::vector<Correction>& report) {
   const QString question = kOpenChangedWords.In(skin);
-  return Ask(skin, parent, skin.Text(180), WarningOf(skin, report) + "\n\n" + question);
+  return Ask(skin, parent, skin.Text(TextId::Warning), WarningOf(skin, report) + "\n\n" + question);
 }
 
 void FrmFormality::done(int result) {
@@ -315,32 +317,34 @@ void FrmFormality::keyPressEvent(QKeyEvent* event) {
 
 // Answers
 
-void FrmFormality::Answer(int title, const QString& text) {
+void FrmFormality::Answer(TextId title, const QString& text) {
   Tell(skin_, this, skin_.Text(title), text);
 }
 
 void FrmFormality::AskBonus() {
-  QString text = skin_.Text(135);
+  QString text = skin_.Text(TextId::BonusText);
   const QString name = name_->text();
   if (JeBonus(FromUtf8WithGaps(name.toStdString())))
-    text += "\n" + FillMarks(skin_.Text(136), name, QString());
-  Answer(134, text);
+    text += "\n" + FillMarks(skin_.Text(TextId::BonusThisCave), name, QString());
+  Answer(TextId::BonusTitle, text);
 }
 
 void FrmFormality::AskGems() {
-  const std::string text = BlankJoin(skin_.Words().At(137), std::to_string(cave_.SpoctiDrh()));
+  const std::string text = BlankJoin(skin_.Words().At(TextId::GemsInCave), std::to_string(cave_.SpoctiDrh()));
   Tell(skin_, this, QString(), QString::fromStdString(text));
 }
 
 void FrmFormality::AskSlime() {
   const int permeability = Number(CaveNumber::SlimePermeability);
   QString text = ":-)";
-  if (permeability == 0) text = skin_.Text(144);
-  if (permeability == 8) text = skin_.Text(145);
+  if (permeability == 0) text = skin_.Text(TextId::SlimeNothing);
+  if (permeability == 8) text = skin_.Text(TextId::SlimeAll);
   if (permeability > 0 && permeability < 8) {
-    text = QString("%1 1:%2.").arg(skin_.Text(143).trimmed(), QString::number(SlimeOdds(permeability)));
+    text = QString("%1 1:%2.")
+               .arg(skin_.Text(TextId::SlimeOdds).trimmed(), QString::number(SlimeOdds(permeability)));
   }
-  const std::string title = BlankJoin(skin_.Words().At(142), std::to_string(permeability) + "?");
+  const std::string title =
+      BlankJoin(skin_.Words().At(TextId::SlimeTitle), std::to_string(permeability) + "?");
   Tell(skin_, this, QString::fromStdString(title), text);
 }
 
@@ -348,8 +352,8 @@ void FrmFormality::AskPetrifying() {
   const Petrifying answer = ComputePetrifying(Number(CaveNumber::Width), Number(CaveNumber::Height),
                                               cave_.NuOfOb('A'), Number(CaveNumber::AmoebaTime));
   const std::string text =
-      WithNumber(WithNumber(skin_.Words().At(147), " ?1?", answer.cells), " ?2?", answer.time);
-  Answer(146, QString::fromStdString(text));
+      WithNumber(WithNumber(skin_.Words().At(TextId::Petrifying), " ?1?", answer.cells), " ?2?", answer.time);
+  Answer(TextId::PetrifyingTitle, QString::fromStdString(text));
 }
 
 }  // namespace zorik

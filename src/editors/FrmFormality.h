@@ -66,7 +66,7 @@ class FrmFormality : public QDialog {
   void Confirm();
   int Number(CaveNumber number) const;
   QLineEdit& Box(CaveNumber number) const { return *numbers_[static_cast<std::size_t>(number)]; }
-  void Answer(int title, const QString& text);
+  void Answer(TextId title, const QString& text);
 
   void AskBonus();
   void AskGems();

@@ -40,8 +40,6 @@ constexpr std::array<FirstTool, 3> kFirstTools{{
     {ToolButton::Middle, 3},
 }};
 
-constexpr const char* kNoRoom = "Údaj „?1?“ je na soubor příliš dlouhý. Zkraťte jej, prosím.";
-
 }  // namespace
 
 FrmMain::FrmMain(Skin& skin, CatEditor editCat, std::uint64_t seed, QWidget* parent)
@@ -138,27 +136,27 @@ void FrmMain::MakeStatusBar() {
 // Texts and tiles
 
 void FrmMain::SetLW() {
-  SetTitle(*this, skin_.Text(198));
+  SetTitle(*this, skin_.Text(TextId::CaveEditor));
   for (const Caption& caption : captions_) {
-    caption.action->setText(InMenu(skin_.Caption(std::string("caption.") + caption.key, caption.words)));
+    caption.action->setText(InMenu(skin_.Caption(caption.key)));
   }
-  const auto name = [this](LabelPlace place, const char* key, const char* words) {
-    labels_[place]->setText(" " + InMenu(skin_.Caption(key, words)) + " ");
+  const auto name = [this](LabelPlace place, const char* key) {
+    labels_[place]->setText(" " + InMenu(skin_.Caption(key)) + " ");
     labels_[place]->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
   };
-  name(kEditLabel, "caption.main.edit", "Úpravy");
-  name(kPropsLabel, "caption.main.props", "Vlastnosti");
-  name(kTestLabel, "caption.main.test", "Odzkoušet");
-  const QString cat = skin_.Caption("caption.main.cat", "Program kočky");
-  const QString dogs = skin_.Caption("caption.main.dogs", "Výběr Zoríka");
+  name(kEditLabel, "caption.main.edit");
+  name(kPropsLabel, "caption.main.props");
+  name(kTestLabel, "caption.main.test");
+  const QString cat = skin_.Caption("caption.main.cat");
+  const QString dogs = skin_.Caption("caption.main.dogs");
   SetHint(*labels_[kCatButton], cat);
   labels_[kCatButton]->setAccessibleName(cat);
   SetHint(*labels_[kDogButton], dogs);
   labels_[kDogButton]->setAccessibleName(dogs);
-  const QString amoebas = skin_.Caption("caption.main.amoeba", "Počet buněk améby");
+  const QString amoebas = skin_.Caption("caption.main.amoeba");
   SetHint(*imgAmoeba_, amoebas);
   SetHint(*lblAmoebas_, amoebas);
-  const QString dog = InMenu(skin_.Caption("caption.main.dog", "Zorík"));
+  const QString dog = InMenu(skin_.Caption("caption.main.dog"));
   const auto actions = dogs_->actions();
   for (int n = 1; n <= kDogs; ++n) actions[n - 1]->setText(dog + " " + QString::number(n));
   frmFormality_->SetLWEd();
@@ -248,9 +246,9 @@ void FrmMain::ComeBack() {
 std::optional<std::string> FrmMain::BuiltText() {
   Result<std::string> text = model_.Text();
   if (text) return *std::move(text);
-  const QString field = skin_.Text(LabelWithoutRoom(model_.Cave()).value_or(kLabelOfName));
-  Tell(skin_, this, skin_.Text(180),
-       FillMarks(skin_.Caption("caption.main.noroom", kNoRoom), field, QString()));
+  const QString field = skin_.Text(LabelWithoutRoom(model_.Cave()).value_or(TextId::Name));
+  Tell(skin_, this, skin_.Text(TextId::Warning),
+       FillMarks(skin_.Caption("caption.main.noroom"), field, QString()));
   return std::nullopt;
 }
 
@@ -358,9 +356,10 @@ void FrmMain::EditScript() {
 void FrmMain::Test() {
   model_.EndStroke();
   if (const auto missing = model_.MissingDog()) {
-    const std::string text = *missing == 0 ? skin_.Words().At(178)
-                                           : BlankJoin(skin_.Words().At(179), std::to_string(*missing)) + ".";
-    Tell(skin_, this, skin_.Text(177), QString::fromStdString(text));
+    const std::string text =
+        *missing == 0 ? skin_.Words().At(TextId::NoDog)
+                      : BlankJoin(skin_.Words().At(TextId::MissingDog), std::to_string(*missing)) + ".";
+    Tell(skin_, this, skin_.Text(TextId::CannotTest), QString::fromStdString(text));
     return;
   }
   const auto text = BuiltText();

@@ -68,9 +68,9 @@ class FrmMain : public QMainWindow {
   void closeEvent(QCloseEvent* event) override;
 
  private:
-  // An item of a menu: its caption comes from a key of the skin or falls back to the given words.
-  QAction* Add(QMenu* menu, const char* name, const char* key, const char* words,
-               const QKeySequence& shortcut, std::function<void()> act);
+  // An item of a menu: its caption comes from a key of the skin.
+  QAction* Add(QMenu* menu, const char* name, const char* key, const QKeySequence& shortcut,
+               std::function<void()> act);
   void MakeMenus();
   void MakeEditMenu();
   void MakeCaveMenu();
@@ -129,7 +129,6 @@ class FrmMain : public QMainWindow {
   struct Caption {
     QAction* action;
     const char* key;
-    const char* words;
   };
   std::vector<Caption> captions_;
   QMenu* mnuEd_ = nullptr;

@@ -29,20 +29,20 @@ namespace {
 
 constexpr QSize kUsualSize(740, 400);
 
-constexpr StartWords kTitleWords{"caption.sada.title", "Zoríkův editor sady komnat"};
-constexpr StartWords kKeptWords{"caption.error.kept", "Původní poškozený soubor zůstal vedle pod jménem"};
-constexpr StartWords kLeftOutWords{"caption.error.leftout",
-                                   "Gratulace by se četla jako komnata, v souboru proto není."};
-constexpr StartWords kStillHereWords{"caption.error.stillhere", "Sada zatím zůstává v paměti."};
-constexpr StartWords kLikeCaveWords{"caption.error.congrat",
-                                    "Gratulace nesmí končit třemi pomlčkami a dvěma dalšími znaky."};
-constexpr StartWords kTooLongWords{"caption.error.length", "znaků ?1?, vejde se ?2?."};
+constexpr StartWords kTitleWords{"caption.sada.title"};
+constexpr StartWords kKeptWords{"caption.error.kept"};
+constexpr StartWords kLeftOutWords{"caption.error.leftout"};
+constexpr StartWords kStillHereWords{"caption.error.stillhere"};
+constexpr StartWords kLikeCaveWords{"caption.error.congrat"};
+constexpr StartWords kTooLongWords{"caption.error.length"};
 
 }  // namespace
 
 SadaWords FrmSada::WordsOf(const Skin& skin) {
-  const auto text = [&skin](int place) { return FromUtf8WithGaps(skin.Words().At(place)); };
-  return {text(52), text(54), {text(196), text(195), text(53)}};
+  const auto text = [&skin](TextId id) { return FromUtf8WithGaps(skin.Words().At(id)); };
+  return {text(TextId::NewCollection),
+          text(TextId::NewCongratulation),
+          {text(TextId::NewSmallCave), text(TextId::NewLargeCave), text(TextId::NoDescription)}};
 }
 
 FrmSada::FrmSada(Skin& skin, const Paths& paths)
@@ -110,7 +110,8 @@ void FrmSada::mnuNew_Click() {
 void FrmSada::mnuOpen_Click() {
   if (!AskToSave()) return;
   const QString folder = QFileInfo(ProposedPath()).absolutePath();
-  const QString path = AskForFile(skin_, this, skin_.Text(55), folder, {skin_.Text(56) + " (*.zk)"});
+  const QString path = AskForFile(skin_, this, skin_.Text(TextId::OpenCollectionTitle), folder,
+                                  {skin_.Text(TextId::CollectionKind) + " (*.zk)"});
   if (!path.isEmpty()) OpenColl(path);
 }
 
@@ -120,7 +121,7 @@ void FrmSada::OpenColl(const QString& path) {
     return sada_.Open(PathBytes(path));
   }();
   if (!report) {
-    Tell(skin_, this, skin_.Text(99), kNotOpenedWords.Before(skin_) + '\n' + ShownPath(path));
+    Tell(skin_, this, skin_.Text(TextId::Program), kNotOpenedWords.Before(skin_) + '\n' + ShownPath(path));
     return;
   }
   if (report->Closed) {
@@ -130,12 +131,13 @@ void FrmSada::OpenColl(const QString& path) {
   }
   boxes_->Load();
   AfterChange();
-  if (!report->Faults.empty()) Tell(skin_, this, skin_.Text(99), FaultsInWords(skin_, report->Faults));
+  if (!report->Faults.empty())
+    Tell(skin_, this, skin_.Text(TextId::Program), FaultsInWords(skin_, report->Faults));
 }
 
 void FrmSada::TellClosed() {
-  boxes_->Cover(skin_.Text(43));
-  Tell(skin_, this, skin_.Text(44), skin_.Text(45));
+  boxes_->Cover(skin_.Text(TextId::Closed));
+  Tell(skin_, this, skin_.Text(TextId::ClosedTitle), skin_.Text(TextId::ClosedText));
 }
 
 bool FrmSada::mnuSave_Click() {
@@ -149,7 +151,9 @@ bool FrmSada::mnuSaveAs_Click() {
 }
 
 QString FrmSada::AskForPath() {
-  return AskForNewFile(skin_, this, {skin_.Text(57), skin_.Text(56), "zk", ProposedPath()});
+  return AskForNewFile(
+      skin_, this,
+      {skin_.Text(TextId::SaveCollectionTitle), skin_.Text(TextId::CollectionKind), "zk", ProposedPath()});
 }
 
 QString FrmSada::ProposedPath() const {
@@ -181,13 +185,14 @@ void FrmSada::TellSaved(const SadaModel::SaveReport& report) {
   QStringList lines;
   if (!report.KeptAs.empty()) lines << kKeptWords.Before(skin_) + '\n' + ShownPath(report.KeptAs);
   if (report.CongratulationLeftOut) lines << kLeftOutWords.In(skin_);
-  if (!lines.isEmpty()) Tell(skin_, this, skin_.Text(99), lines.join("\n\n"));
+  if (!lines.isEmpty()) Tell(skin_, this, skin_.Text(TextId::Program), lines.join("\n\n"));
 }
 
 QString FrmSada::AskWhereElse(const QString& path) {
   const QString question =
       kNotStoredWords.In(skin_) + '\n' + ShownPath(path) + "\n\n" + kStillHereWords.In(skin_);
-  switch (SkinMsgBox(skin_, this, question, MsgButtons::NotStored, MsgIcon::OfSet, skin_.Text(99))) {
+  switch (
+      SkinMsgBox(skin_, this, question, MsgButtons::NotStored, MsgIcon::OfSet, skin_.Text(TextId::Program))) {
     case MsgResult::Retry:
       return path;
     case MsgResult::Elsewhere:
@@ -203,7 +208,7 @@ bool FrmSada::FitsFile() {
   if (!tooLong) return true;
   const QString lengths =
       FillMarks(kTooLongWords.In(skin_), QString::number(tooLong->length), QString::number(tooLong->most));
-  Tell(skin_, this, skin_.Text(99),
+  Tell(skin_, this, skin_.Text(TextId::Program),
        kNotStoredWords.In(skin_) + '\n' + skin_.Text(LabelOf(tooLong->text)) + ": " + lengths);
   boxes_->Box(tooLong->text)->setFocus();
   return false;
@@ -211,8 +216,10 @@ bool FrmSada::FitsFile() {
 
 bool FrmSada::AskToSave() {
   if (!sada_.Chg()) return true;
-  const QString question = FillMarks(skin_.Text(46), ToBox(sada_.Text(SadaText::Name)), QString());
-  switch (SkinMsgBox(skin_, this, question, MsgButtons::YesNoCancel, MsgIcon::OfSet, skin_.Text(47))) {
+  const QString question =
+      FillMarks(skin_.Text(TextId::SaveChanges), ToBox(sada_.Text(SadaText::Name)), QString());
+  switch (SkinMsgBox(skin_, this, question, MsgButtons::YesNoCancel, MsgIcon::OfSet,
+                     skin_.Text(TextId::SaveChangesTitle))) {
     case MsgResult::Yes:
       return mnuSave_Click();
     case MsgResult::No:
@@ -248,8 +255,9 @@ void FrmSada::mnuEdit_Click() {
 void FrmSada::mnuDelete_Click() {
   if (sada_.ListCount() == 1) return;
   const QString name = ToBox(sada_.Name(sada_.ListSelected()));
-  const QString question = skin_.Text(49).trimmed() + " '" + name + "' " + skin_.Text(50).trimmed();
-  if (!Ask(skin_, this, skin_.Text(51), question)) return;
+  const QString question = skin_.Text(TextId::DeleteCave).trimmed() + " '" + name + "' " +
+                           skin_.Text(TextId::DeleteCaveEnd).trimmed();
+  if (!Ask(skin_, this, skin_.Text(TextId::DeleteCaveTitle), question)) return;
   sada_.Delete();
   AfterChange();
 }
@@ -267,7 +275,7 @@ void FrmSada::mnuGratulace_Click() {
     text = AsKept(QString(*edited).replace("\r\n", "\n"));
     if (text == before) return;
     if (!EndsWithMarker(FromBox(text))) break;
-    Tell(skin_, this, skin_.Text(99), kLikeCaveWords.In(skin_));
+    Tell(skin_, this, skin_.Text(TextId::Program), kLikeCaveWords.In(skin_));
   }
   sada_.SetCongratulation(FromBox(text));
   UpdateTitle();

@@ -58,10 +58,10 @@ class FrmSada : public QMainWindow {
  private:
   static SadaWords WordsOf(const Skin& skin);
 
-  // An item of a menu: its caption is a key of the skin or falls back to the given words.
-  QAction* Add(QMenu& menu, const char* name, const char* key, const char* words, const QString& shortcut,
+  // An item of a menu: its caption is a key of the skin.
+  QAction* Add(QMenu& menu, const char* name, const char* key, const QString& shortcut,
                std::function<void()> act);
-  QMenu* AddMenu(const char* name, const char* key, const char* words);
+  QMenu* AddMenu(const char* name, const char* key);
   void MakeMenus();
   void MakeFileMenu();
   void MakeCaveMenu();
@@ -109,7 +109,6 @@ class FrmSada : public QMainWindow {
   struct Caption {
     QAction* action;
     const char* key;
-    const char* words;
   };
   std::vector<Caption> captions_;
   QAction* mnuPaste_ = nullptr;

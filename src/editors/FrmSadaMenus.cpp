@@ -24,16 +24,15 @@ namespace {
 struct PageRow {
   const char* name;
   const char* key;
-  const char* words;
   const char* page;
   const char* shortcut;
 };
 constexpr std::array<PageRow, 5> kPages{{
-    {"mnuHelp(0)", "help.program", "O programu", "oprogramu.html", ""},
-    {"mnuHelp(1)", "help.rules", "Pravidla", "pravidla.html", ""},
-    {"mnuHelp(2)", "help.contribute", "Přispět", "prispet.html", ""},
-    {"mnuHelp(3)", "help.editing", "Editování", "editovat.html", ""},
-    {"mnuHelp(4)", "help.index", "Obsah", "help.html", "F1"},
+    {"mnuHelp(0)", "caption.sada.help.program", "oprogramu.html", ""},
+    {"mnuHelp(1)", "caption.sada.help.rules", "pravidla.html", ""},
+    {"mnuHelp(2)", "caption.sada.help.contribute", "prispet.html", ""},
+    {"mnuHelp(3)", "caption.sada.help.editing", "editovat.html", ""},
+    {"mnuHelp(4)", "caption.sada.help.index", "help.html", "F1"},
 }};
 
 // Where the makers of the game are to be found, if the skin tells.
@@ -57,27 +56,27 @@ constexpr std::array<IconRow, 7> kIcons{{
 constexpr int kGap = 16;
 
 // The word for so many caves.
-int PlaceOfCaves(int count) {
-  if (count == 1) return 79;
-  return count < 5 ? 80 : 81;
+TextId WordOfCaves(int count) {
+  if (count == 1) return TextId::OneCave;
+  return count < 5 ? TextId::FewCaves : TextId::ManyCaves;
 }
 
 }  // namespace
 
-QAction* FrmSada::Add(QMenu& menu, const char* name, const char* key, const char* words,
-                      const QString& shortcut, std::function<void()> act) {
+QAction* FrmSada::Add(QMenu& menu, const char* name, const char* key, const QString& shortcut,
+                      std::function<void()> act) {
   QAction* const action = menu.addAction(QString());
   action->setObjectName(name);
   action->setShortcut(QKeySequence(shortcut));
   connect(action, &QAction::triggered, this, std::move(act));
-  captions_.push_back({action, key, words});
+  captions_.push_back({action, key});
   return action;
 }
 
-QMenu* FrmSada::AddMenu(const char* name, const char* key, const char* words) {
+QMenu* FrmSada::AddMenu(const char* name, const char* key) {
   QMenu* const menu = menuBar()->addMenu(QString());
   menu->setObjectName(name);
-  captions_.push_back({menu->menuAction(), key, words});
+  captions_.push_back({menu->menuAction(), key});
   return menu;
 }
 
@@ -88,20 +87,20 @@ void FrmSada::MakeMenus() {
 }
 
 void FrmSada::MakeFileMenu() {
-  QMenu& menu = *AddMenu("mnuFile", "menu.file", "Soubor");
-  Add(menu, "mnuNew", "new", "Nová", "Ctrl+N", [this] { mnuNew_Click(); });
-  Add(menu, "mnuOpen", "open", "Otevřít", "Ctrl+O", [this] { mnuOpen_Click(); });
+  QMenu& menu = *AddMenu("mnuFile", "caption.sada.menu.file");
+  Add(menu, "mnuNew", "caption.sada.new", "Ctrl+N", [this] { mnuNew_Click(); });
+  Add(menu, "mnuOpen", "caption.sada.open", "Ctrl+O", [this] { mnuOpen_Click(); });
   menu.addSeparator();
-  Add(menu, "mnuSave", "save", "Uložit", "Ctrl+S", [this] { mnuSave_Click(); });
-  Add(menu, "mnuSaveAs", "saveas", "Uložit jako", "", [this] { mnuSaveAs_Click(); });
+  Add(menu, "mnuSave", "caption.sada.save", "Ctrl+S", [this] { mnuSave_Click(); });
+  Add(menu, "mnuSaveAs", "caption.sada.saveas", "", [this] { mnuSaveAs_Click(); });
   menu.addSeparator();
-  Add(menu, "mnuGratulace", "congrat", "Gratulace při výhře", "Ctrl+G", [this] { mnuGratulace_Click(); });
+  Add(menu, "mnuGratulace", "caption.sada.congrat", "Ctrl+G", [this] { mnuGratulace_Click(); });
   menu.addSeparator();
-  Add(menu, "mnuClose", "close", "Zavřít", "", [this] { close(); });
+  Add(menu, "mnuClose", "caption.sada.close", "", [this] { close(); });
 }
 
 void FrmSada::MakeCaveMenu() {
-  mnuCave_ = AddMenu("mnuCave", "menu.cave", "Komnata");
+  mnuCave_ = AddMenu("mnuCave", "caption.sada.menu.cave");
   const auto change = [this](auto act) {
     return [this, act] {
       act(sada_);
@@ -111,44 +110,44 @@ void FrmSada::MakeCaveMenu() {
   QMenu& menu = *mnuCave_;
   mnuAdd_ = menu.addMenu(QString());
   mnuAdd_->menuAction()->setObjectName("mnuAdd");
-  captions_.push_back({mnuAdd_->menuAction(), "menu.add", "Přidat"});
-  Add(*mnuAdd_, "mnuAdd(0)", "small", "Malou", "F3",
+  captions_.push_back({mnuAdd_->menuAction(), "caption.sada.menu.add"});
+  Add(*mnuAdd_, "mnuAdd(0)", "caption.sada.small", "F3",
       change([](SadaModel& sada) { sada.AddCave(NewCaveSize::Small); }));
-  Add(*mnuAdd_, "mnuAdd(1)", "large", "Velkou", "",
+  Add(*mnuAdd_, "mnuAdd(1)", "caption.sada.large", "",
       change([](SadaModel& sada) { sada.AddCave(NewCaveSize::Large); }));
-  Add(menu, "mnuEdit", "edit", "Editovat", "F4", [this] { mnuEdit_Click(); });
+  Add(menu, "mnuEdit", "caption.sada.edit", "F4", [this] { mnuEdit_Click(); });
   menu.addSeparator();
-  Add(menu, "mnuCopy", "copy", "Zkopírovat do schránky", "Ctrl+Ins", [this] {
+  Add(menu, "mnuCopy", "caption.sada.copy", "Ctrl+Ins", [this] {
     sada_.Copy();
     UpdateActions();
   });
-  mnuPaste_ = Add(menu, "mnuPaste", "paste", "Vložit ze schránky", "Shift+Ins",
-                  change([](SadaModel& sada) { sada.Paste(); }));
+  mnuPaste_ =
+      Add(menu, "mnuPaste", "caption.sada.paste", "Shift+Ins", change([](SadaModel& sada) { sada.Paste(); }));
   menu.addSeparator();
-  mnuUp_ = Add(menu, "mnuUp", "up", "Nahoru", "F5", change([](SadaModel& sada) { sada.Up(); }));
-  mnuDown_ = Add(menu, "mnuDown", "down", "Dolu", "F6", change([](SadaModel& sada) { sada.Down(); }));
-  mnuMark_ = Add(menu, "mnuMark", "mark", "Otevřená od začátku", "",
+  mnuUp_ = Add(menu, "mnuUp", "caption.sada.up", "F5", change([](SadaModel& sada) { sada.Up(); }));
+  mnuDown_ = Add(menu, "mnuDown", "caption.sada.down", "F6", change([](SadaModel& sada) { sada.Down(); }));
+  mnuMark_ = Add(menu, "mnuMark", "caption.sada.mark", "",
                  change([](SadaModel& sada) { sada.ToggleOpen(sada.ListSelected()); }));
   mnuMark_->setCheckable(true);
   menu.addSeparator();
-  mnuDelete_ = Add(menu, "mnuDelete", "delete", "Vymazat", "F8", [this] { mnuDelete_Click(); });
+  mnuDelete_ = Add(menu, "mnuDelete", "caption.sada.delete", "F8", [this] { mnuDelete_Click(); });
 }
 
 void FrmSada::MakeHelpMenu() {
-  QMenu& menu = *AddMenu("mnuHelp", "menu.help", "Nápověda");
+  QMenu& menu = *AddMenu("mnuHelp", "caption.sada.menu.help");
   for (const PageRow& row : kPages) {
-    Add(menu, row.name, row.key, row.words, row.shortcut, [this, &row] { ShowPage(row.page); });
+    Add(menu, row.name, row.key, row.shortcut, [this, &row] { ShowPage(row.page); });
   }
   menu.addSeparator();
   MakeLinks(menu);
-  Add(menu, "mnuAbout", "help.about", "O hře", "", [this] { FrmAbout(skin_, paths_, this).exec(); });
+  Add(menu, "mnuAbout", "caption.sada.help.about", "", [this] { FrmAbout(skin_, paths_, this).exec(); });
 }
 
 void FrmSada::MakeLinks(QMenu& menu) {
-  web_ = Add(menu, "mnuWeb", "help.web", "Stránky hry", "", [this] {
+  web_ = Add(menu, "mnuWeb", "caption.sada.help.web", "", [this] {
     OpenLinkOrTell(skin_, this, QUrl(QString::fromStdString(skin_.Data().SkinText(kWeb))));
   });
-  mail_ = Add(menu, "mnuMail", "help.mail", "Napsat tvůrcům", "", [this] {
+  mail_ = Add(menu, "mnuMail", "caption.sada.help.mail", "", [this] {
     const QString address = QString::fromStdString(skin_.Data().SkinText(kMail));
     OpenLinkOrTell(skin_, this, MailLink(address, kProgramTitle));
   });
@@ -211,9 +210,9 @@ QWidget* FrmSada::MakeListSide() {
 void FrmSada::SetLWEd() {
   sada_.SetWords(WordsOf(skin_));
   boxes_->SetLWEd(skin_);
-  list_->SetMarkHint(skin_.Text(71));
+  list_->SetMarkHint(skin_.Text(TextId::MarkHint));
   for (const Caption& caption : captions_) {
-    const QString words = skin_.Caption(std::string("caption.sada.") + caption.key, caption.words);
+    const QString words = skin_.Caption(caption.key);
     caption.action->setText(InMenu(words));
     const QString keys = caption.action->shortcut().toString(QKeySequence::NativeText);
     SetHint(*caption.action, keys.isEmpty() ? words : words + " (" + keys + ')');
@@ -233,7 +232,7 @@ void FrmSada::UpdateActions() {
   mnuMark_->setEnabled(selected > 1);
   mnuMark_->setChecked(sada_.IsOpen(selected));
   const int count = sada_.ListCount();
-  lblCount_->setText(QString::number(count) + ' ' + OneLine(skin_.Text(PlaceOfCaves(count)), kMostInCaption));
+  lblCount_->setText(QString::number(count) + ' ' + OneLine(skin_.Text(WordOfCaves(count)), kMostInCaption));
 }
 
 }  // namespace zorik

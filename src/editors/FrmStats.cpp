@@ -44,7 +44,7 @@ QTableWidgetItem* Item(const QString& text) {
 }  // namespace
 
 QString NameOfTool(const Skin& skin, int palette, int dog) {
-  const QString name = skin.Text(ObjectOfTool(palette)->tooltip);
+  const QString name = skin.Text(static_cast<TextId>(ObjectOfTool(palette)->tooltip));
   if (palette != kDogTool) return name;
   const QString number = QString::number(dog);
   return name.contains("?1?") ? FillMarks(name, number, QString()) : name + " " + number;
@@ -58,7 +58,7 @@ QString NameOfLetter(const Skin& skin, char letter) {
 
 FrmStats::FrmStats(Skin& skin, const CaveModel& cave, EditTiles& tiles, QWidget* parent) : QDialog(parent) {
   setObjectName("frmStats");
-  SetTitle(*this, skin.Caption("caption.main.stats", "Statistika"));
+  SetTitle(*this, skin.Caption("caption.main.stats"));
   auto* const table = new QTableWidget(0, 3, this);
   table->setObjectName("lstStats");
   table->horizontalHeader()->hide();
@@ -86,7 +86,7 @@ FrmStats::FrmStats(Skin& skin, const CaveModel& cave, EditTiles& tiles, QWidget*
   table->horizontalHeader()->setSectionResizeMode(1, QHeaderView::Stretch);
   auto* const buttons = new QDialogButtonBox(this);
   auto* const shut =
-      buttons->addButton(InMenu(skin.Caption("caption.sada.close", "Zavřít")), QDialogButtonBox::RejectRole);
+      buttons->addButton(InMenu(skin.Caption("caption.sada.close")), QDialogButtonBox::RejectRole);
   connect(shut, &QPushButton::clicked, this, &QDialog::reject);
   shut->setFocus();
   auto* const rows = new QVBoxLayout(this);

@@ -18,7 +18,6 @@ namespace zorik {
 namespace {
 
 constexpr int kBodyDigits = 5;
-constexpr int kBodyLabel = 74;
 constexpr int kDescriptionLines = 5;
 constexpr int kNameLetters = 26;  // at least to be seen of a text
 
@@ -29,8 +28,9 @@ std::size_t KeptLength(const QString& text) {
 
 }  // namespace
 
-int LabelOf(SadaText text) {
-  constexpr std::array kLabels{129, 130, 131, 132};
+TextId LabelOf(SadaText text) {
+  constexpr std::array kLabels{TextId::CollectionName, TextId::Author, TextId::Mail,
+                               TextId::CollectionDescription};
   return kLabels[static_cast<std::size_t>(text)];
 }
 
@@ -157,7 +157,7 @@ void SadaBoxes::LayOut() {
 void SadaBoxes::SetLWEd(const Skin& skin) {
   for (std::size_t i = 0; i < labels_.size(); ++i) {
     const bool body = i + 1 == labels_.size();
-    const QString words = skin.Text(body ? kBodyLabel : LabelOf(static_cast<SadaText>(i)));
+    const QString words = skin.Text(body ? TextId::PointsAtStart : LabelOf(static_cast<SadaText>(i)));
     labels_[i]->setText(InMenu(words));
     SetHint(*labels_[i]->buddy(), words);
   }

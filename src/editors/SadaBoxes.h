@@ -5,6 +5,7 @@
 #include <QWidget>
 #include <array>
 
+#include "core/TextId.h"
 #include "editors/SadaModel.h"
 
 class QLabel;
@@ -94,6 +95,6 @@ class SadaBoxes : public QWidget {
 };
 
 // The place in the language table of the label of a text.
-int LabelOf(SadaText text);
+TextId LabelOf(SadaText text);
 
 }  // namespace zorik

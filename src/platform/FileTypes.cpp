@@ -5,10 +5,14 @@
 #include <QProcess>
 #include <QStandardPaths>
 #include <array>
+#include <cstdlib>
 #include <filesystem>
 #include <system_error>
 
+#include "data/Cp1250.h"
 #include "data/Files.h"
+#include "platform/FolderAlias.h"
+#include "platform/PathText.h"
 #include "platform/Settings.h"
 
 namespace zorik {
@@ -121,12 +125,20 @@ void TellDesktop(const QString& dataHome) {
   Run("xdg-mime", arguments);
 }
 
+// The toolkit tells another folder where the name is no UTF-8.
+std::string DataHomeOr(const QString& told) {
+  const char* const variable = std::getenv("XDG_DATA_HOME");
+  const std::string own = variable != nullptr && *variable == '/' ? std::string(variable)
+                                                                  : PathBytes(HomeText()) + "/.local/share";
+  return IsUtf8(own) ? told.toStdString() : own;
+}
+
 }  // namespace
 
 FileTypes FileTypesHere(const std::string& collectionWords, const std::string& recordWords) {
   FileTypes types;
   QStringList folders = QStandardPaths::standardLocations(QStandardPaths::GenericDataLocation);
-  if (!folders.isEmpty()) types.DataHome = folders.takeFirst().toStdString();
+  if (!folders.isEmpty()) types.DataHome = DataHomeOr(folders.takeFirst());
   for (const QString& folder : folders) types.DataFolders.push_back(folder.toStdString());
   types.ProgramFolder = QCoreApplication::applicationDirPath().toStdString();
   types.CollectionWords = collectionWords;
@@ -158,7 +170,9 @@ std::string OpenerEntry(const std::string& programFolder) {
 
 bool WriteFileTypes(const FileTypes& types) {
   std::error_code error;
-  const bool helper = fs::exists(fs::path(types.ProgramFolder) / kHelper, error);
+  // An entry of the desktop can hold no path that is not UTF-8.
+  const bool helper =
+      IsUtf8(types.ProgramFolder) && fs::exists(fs::path(types.ProgramFolder) / kHelper, error);
   if (types.DataHome.empty() || !helper || SystemHasThem(types.DataFolders)) return false;
   const fs::path home = types.DataHome;
   const bool entry = Put(home / kEntry, OpenerEntry(types.ProgramFolder));
@@ -170,7 +184,7 @@ void RegExt(const std::string& collectionWords, const std::string& recordWords) 
   const FileTypes types = FileTypesHere(collectionWords, recordWords);
   StorePath(QString::fromStdString(types.ProgramFolder));
   if (!WriteFileTypes(types)) return;
-  TellDesktop(QString::fromStdString(types.DataHome));
+  TellDesktop(FolderAlias(types.DataHome));
 }
 
 }  // namespace zorik

@@ -6,12 +6,23 @@
 #include <QFileInfo>
 #include <QLockFile>
 #include <QSettings>
+#include <filesystem>
+#include <system_error>
+
+#include "data/Cp1250.h"
+#include "platform/FolderAlias.h"
 
 namespace zorik {
 
 // Where this user's stores lie. The names tell the toolkit's own way to them, and of no file that it would
 // read.
 inline QString StoreFolder() {
+  const std::string config = ConfigFolder();
+  if (!IsUtf8(config)) {
+    std::error_code error;
+    std::filesystem::create_directories(config + "/Ortvan", error);
+    return FolderAlias(config + "/Ortvan");
+  }
   const QSettings other(QSettings::IniFormat, QSettings::UserScope, "Ortvan.none", "none");
   return QFileInfo(QFileInfo(other.fileName()).path()).path() + "/Ortvan";
 }

@@ -14,19 +14,19 @@ bool HasRoom(const Hra& hra, Cell c) {
 void Petrify(Hra& hra, Cell c, std::uint16_t code) {
   hra.SetObject(c, code, kResting);
   PREKR(hra, c);
-  hra.stage().PZvukStop(13);
+  hra.stage().PZvukStop(SoundId::Amoeba);
 }
 
 void Enclosed(Hra& hra) {
   if (hra.AmoebaState == kAmoebaEnclosed) return;
-  hra.stage().ShowMessage(101, Colour::Green);
+  hra.stage().ShowMessage(TextId::AmoebaEnclosed, Colour::Green);
   KockaEvent(hra, 'F');
   hra.AmoebaState = kAmoebaEnclosed;
 }
 
 void TooBig(Hra& hra) {
   hra.AmoebaState = kAmoebaTooBig;
-  hra.stage().ShowMessage(102, Colour::Green);
+  hra.stage().ShowMessage(TextId::AmoebaTooBig, Colour::Green);
   KockaEvent(hra, 'E');
 }
 
@@ -54,17 +54,17 @@ void GrowAmoeba(Hra& hra, const AmoebaList& list) {
       TestCidla(hra, c);
     }
   }
-  if (hra.AmoebaRoom == 0 && hra.PrevAmoebaRoom != 0) hra.stage().PZvukStop(13);
+  if (hra.AmoebaRoom == 0 && hra.PrevAmoebaRoom != 0) hra.stage().PZvukStop(SoundId::Amoeba);
   hra.PrevAmoebaRoom = hra.AmoebaRoom;
 }
 
-int SettleAmoeba(Hra& hra, Cell c, int& cells) {
-  int sound = 0;
+std::optional<SoundId> SettleAmoeba(Hra& hra, Cell c, int& cells) {
+  std::optional<SoundId> sound;
   PREKR(hra, c);
   if (hra.AmoebaState != kAmoebaTooBig) {
     if (hra.AmoebaRoom == 0) {
       Petrify(hra, c, kGem);
-      sound = 12;
+      sound = SoundId::AmoebaEnclosed;
       Enclosed(hra);
     }
     ++cells;
@@ -72,7 +72,7 @@ int SettleAmoeba(Hra& hra, Cell c, int& cells) {
   }
   if (hra.AmoebaState == kAmoebaTooBig) {
     Petrify(hra, c, kBoulder);
-    sound = 15;
+    sound = SoundId::AmoebaDead;
   }
   return sound;
 }
@@ -81,7 +81,7 @@ void HurryAmoeba(Hra& hra) {
   const bool late = hra.Elapsed / kTicksPerSecond >= hra.AmoebaTime - 1;
   if (!late || hra.AmoebaState != kAmoebaSlow || hra.AmoebaRoom == 0) return;
   hra.AmoebaState = kAmoebaFast;
-  hra.stage().ShowMessage(103, Colour::Green);
+  hra.stage().ShowMessage(TextId::AmoebaFast, Colour::Green);
 }
 
 }  // namespace zorik

@@ -48,7 +48,7 @@ void Collect(Hra& hra, Cell target) {
     hra.stage().Label(LabelId::Gems, hra.GemsCollected);
     hra.Score = static_cast<int>(
         std::min<std::int64_t>(std::int64_t{hra.Score} + hra.GemValue, std::numeric_limits<int>::max()));
-    hra.stage().PZvuk(2);
+    hra.stage().PZvuk(SoundId::CollectGem);
   }
   SpapanZamek(hra, target);
   hra.SetFieldState(target, kFlat);
@@ -67,7 +67,7 @@ void Snap(Hra& hra, Cell target) {
 
 // The cell in which the dog ends.
 Cell Go(Hra& hra, Cell old, Cell target) {
-  if (hra.Field(target) == kDirt) hra.stage().PZvuk(0);
+  if (hra.Field(target) == kDirt) hra.stage().PZvuk(SoundId::Dirt);
   if (Blocks(hra, target)) return old;
   Collect(hra, target);
   if (hra.KeyAction != 0) {

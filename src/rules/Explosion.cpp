@@ -71,7 +71,7 @@ void LightBomb(Hra& hra, Cell c) {
 }
 
 void Exploze(Hra& hra, Cell c) {
-  hra.stage().PZvuk(5);
+  hra.stage().PZvuk(SoundId::Explosion);
   const Kind kind = KindOf(hra.Field(c));
   if (IsLitBomb(hra, c)) hra.SetField(c, kSpace);
   for (const Step row : {kUp, Step{}, kDown}) {

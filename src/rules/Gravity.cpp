@@ -42,8 +42,8 @@ void Rest(Hra& hra, Cell c) {
 void WakeMagicWall(Hra& hra) {
   hra.MagicState = kMagicRunning;
   hra.MagicStart = hra.Elapsed;
-  hra.stage().ShowMessage(96, Colour::Yellow);
-  hra.stage().PZvuk(9);
+  hra.stage().ShowMessage(TextId::MagicWallWakes, Colour::Yellow);
+  hra.stage().PZvuk(SoundId::MagicWall);
   KockaEvent(hra, 'C');
 }
 

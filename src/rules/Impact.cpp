@@ -20,8 +20,8 @@ bool DiesOfImpact(std::uint16_t code) {
   }
 }
 
-int LandingSound(std::uint16_t code) {
-  return code == kGem || IsOneOf(code, kKeyRed, kKeyBlue) ? 1 : 3;
+SoundId LandingSound(std::uint16_t code) {
+  return code == kGem || IsOneOf(code, kKeyRed, kKeyBlue) ? SoundId::FallGem : SoundId::Boulder;
 }
 
 }  // namespace
@@ -35,7 +35,7 @@ void Dopad(Hra& hra, Cell c) {
   } else if (thing == kBox && flat) {
     LightBomb(hra, hit);
   } else if (thing == kBrick && flat) {
-    hra.stage().PZvuk(1);
+    hra.stage().PZvuk(SoundId::FallGem);
   } else {
     hra.stage().PZvuk(LandingSound(hra.Field(c)));
   }

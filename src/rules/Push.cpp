@@ -18,12 +18,12 @@ Push PushBox(Hra& hra, Cell target, Step& step, bool mayTurn) {
   if (hra.Field(target + step) != kSpace) {
     if (!mayTurn) return Push::None;
     step = -step;
-    hra.stage().PZvuk(6);
+    hra.stage().PZvuk(SoundId::BoxPush);
     done = Push::Swapped;
   }
   MoveOn(hra, target, target + step);
   PREKR(hra, target + step);
-  hra.stage().PZvuk(6);
+  hra.stage().PZvuk(SoundId::BoxPush);
   return done;
 }
 
@@ -35,7 +35,7 @@ bool PushBoulder(Hra& hra, Cell target, Step step, State markedOver) {
   const bool flatFloor = hra.FieldState(goal + kDown) == kFlat;
   if (flatFloor == (markedOver == kFlat)) hra.SetFieldMoved(goal, true);
   PREKR(hra, goal);
-  hra.stage().PZvuk(4);
+  hra.stage().PZvuk(SoundId::BoulderPush);
   return true;
 }
 

@@ -17,18 +17,18 @@ void TestCidla(Hra& hra, Cell c) {
   }
 }
 
-int CountSensor(Hra& hra, Cell c) {
-  if (hra.FieldMark(c) <= 1) return 0;
+std::optional<SoundId> CountSensor(Hra& hra, Cell c) {
+  if (hra.FieldMark(c) <= 1) return std::nullopt;
   const int mark = hra.FieldMark(c) + 1;
   hra.SetFieldMark(c, static_cast<std::uint8_t>(mark));
   if (mark == kEnd) {
     hra.SetField(c, kExplosion);
     hra.SetFieldMark(c, kLastFlame);
-    hra.stage().PZvuk(14);
-    return 0;
+    hra.stage().PZvuk(SoundId::SensorOut);
+    return std::nullopt;
   }
   if (mark % 2 == 0) PREKR(hra, c);
-  return mark % 4 == 0 ? 11 : 0;
+  return mark % 4 == 0 ? std::optional(SoundId::Sensor) : std::nullopt;
 }
 
 }  // namespace zorik

@@ -13,12 +13,6 @@
 namespace zorik {
 namespace {
 
-// Places in the language table.
-constexpr int kCopyQuestion = 112;
-constexpr int kDeleteQuestion = 113;
-constexpr int kTitle = 194;
-constexpr int kFaultTitle = 99;
-
 bool PutAway(const QString& path) {
   std::error_code error;
   return MoveToTrash(path) || std::filesystem::remove(PathBytes(path), error);
@@ -29,17 +23,17 @@ bool PutAway(const QString& path) {
 QString BringIn(Skin& skin, QWidget& window, const QString& path, const std::string& folder) {
   if (LiesIn(PathBytes(path), folder)) return path;
   const QString what = "\n\n" + CollName(PathBytes(path)) + '\n' + ShownPath(path);
-  const auto agrees = [&](int question) {
-    return Ask(skin, &window, skin.Text(kTitle), skin.Text(question) + what);
+  const auto agrees = [&](TextId question) {
+    return Ask(skin, &window, skin.Text(TextId::FromOutside), skin.Text(question) + what);
   };
-  if (!agrees(kCopyQuestion)) return path;
+  if (!agrees(TextId::CopyCollection)) return path;
   const auto copy = CopyColl(PathBytes(path), folder);
   if (!copy) {
-    Tell(skin, &window, skin.Text(kFaultTitle), kNotStoredWords.In(skin) + '\n' + ShownPath(folder));
+    Tell(skin, &window, skin.Text(TextId::Program), kNotStoredWords.In(skin) + '\n' + ShownPath(folder));
     return path;
   }
-  if (agrees(kDeleteQuestion) && !PutAway(path)) {
-    Tell(skin, &window, skin.Text(kFaultTitle), kNotDeletedWords.Before(skin) + '\n' + ShownPath(path));
+  if (agrees(TextId::DeleteOriginal) && !PutAway(path)) {
+    Tell(skin, &window, skin.Text(TextId::Program), kNotDeletedWords.Before(skin) + '\n' + ShownPath(path));
   }
   return PathText(*copy);
 }

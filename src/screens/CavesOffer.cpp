@@ -15,11 +15,8 @@
 namespace zorik {
 namespace {
 
-constexpr StartWords kLackingWords{"caption.caves.lacking",
-                                   "Z komnat, které přišly s hrou, tu tyto sady nejsou, nebo nejsou celé."};
-constexpr StartWords kAgainWords{"caption.caves.again", "Má je hra přinést znovu?"};
-
-constexpr int kTitle = 99;  // place in the language table
+constexpr StartWords kLackingWords{"caption.caves.lacking"};
+constexpr StartWords kAgainWords{"caption.caves.again"};
 
 // What the collections of these files are called, a line each.
 QString NamesOf(const Paths& paths, const std::vector<std::string>& files) {
@@ -31,7 +28,7 @@ QString NamesOf(const Paths& paths, const std::vector<std::string>& files) {
 }
 
 void TellNotStored(Skin& skin, const std::string& path) {
-  Tell(skin, nullptr, skin.Text(kTitle), kNotStoredWords.In(skin) + '\n' + ShownPath(path));
+  Tell(skin, nullptr, skin.Text(TextId::Program), kNotStoredWords.In(skin) + '\n' + ShownPath(path));
 }
 
 }  // namespace
@@ -41,7 +38,7 @@ void OfferCaves(Skin& skin, Paths& paths) {
   const std::vector<std::string> lacking = LackingCaves(paths);
   if (lacking.empty()) return;
   const QString question = kLackingWords.In(skin) + '\n' + NamesOf(paths, lacking) + kAgainWords.In(skin);
-  if (!Ask(skin, nullptr, skin.Text(kTitle), question)) {
+  if (!Ask(skin, nullptr, skin.Text(TextId::Program), question)) {
     // Where this cannot be kept the question comes again.
     static_cast<void>(DeclineCaves(paths, lacking));
     return;

@@ -83,9 +83,9 @@ void FrmAbout::SkinIt() {
   Surface().SetColour(tones.ground);
   setPalette(PaletteOf(tones));
   setFont(GameFont(kLetters));
-  SetTitle(*this, skin_.Text(99));
+  SetTitle(*this, skin_.Text(TextId::Program));
   lblText_->setText(
-      WithLinks(InRoom(skin_.Text(199), font()), tones.mark) + "<br><br>" +
+      WithLinks(InRoom(skin_.Text(TextId::About), font()), tones.mark) + "<br><br>" +
       LinkTo(kPageLink, OneLine(kProgramWords.In(skin_), kMostInCaption).toHtmlEscaped(), tones.mark));
   ok_->setObjectName("ok");
   ok_->SetPicture(skin_.Picture("dialog.ok.image"));

@@ -51,7 +51,7 @@ FrmDialog2::FrmDialog2(Skin& skin, QWidget* parent)
 }
 
 void FrmDialog2::SkinIt() {
-  SetTitle(*this, skin_.Caption("congratulation.text"));
+  SetTitle(*this, skin_.Said("congratulation.text"));
   SetWindowPicture(skin_, Surface(), *this, "congratulation", kPlainSize);
   QPalette colours = palette();
   colours.setColor(QPalette::Base, skin_.Colour("congratulation.congrat.color", Qt::white));

@@ -37,7 +37,7 @@ FrmDialog3::FrmDialog3(Skin& skin, QWidget* parent)
 }
 
 void FrmDialog3::SkinIt() {
-  const QString caption = OneLine(skin_.Caption("addplayer.text", "Nový hráč"), kMostInCaption);
+  const QString caption = OneLine(skin_.Caption("addplayer.text"), kMostInCaption);
   SetTitle(*this, caption);
   Text1_->setAccessibleName(caption);
   Text1_->setPlaceholderText(caption);

@@ -45,24 +45,6 @@ constexpr int kGap = 8;
 constexpr int kTotalSign = 44;   // room for a sign in front of the total
 constexpr int kTotalWidth = 66;  // five digits; more of them are smaller
 
-// Places in the language table.
-enum Place : int {
-  kPlayHint = 0,
-  kReplayHint = 1,
-  kCongratulationHint = 73,
-  kSendHint = 76,
-  kAuthorHint = 77,
-  kRestText = 78,
-  kRestOne = 79,
-  kRestFew = 80,
-  kRestMany = 81,
-  kSubjectStart = 82,
-  kSubjectEnd = 83,
-  kSolveFirst = 84,
-  kTitle = 99,
-  kWindowTitle = 108,
-};
-
 Qt::Alignment Sideways(SkinData::Align align) {
   switch (align) {
     case SkinData::Align::Right:
@@ -77,7 +59,7 @@ Qt::Alignment Sideways(SkinData::Align align) {
 // The word that Czech has for so many caves.
 QString RestWord(const Skin& skin, int rest) {
   if (rest <= 0) return {};
-  return skin.Text(rest == 1 ? kRestOne : rest <= 4 ? kRestFew : kRestMany);
+  return skin.Text(rest == 1 ? TextId::OneCave : rest <= 4 ? TextId::FewCaves : TextId::ManyCaves);
 }
 
 // A button that the skin gives no place is never seen.
@@ -220,10 +202,10 @@ void FrmPoSt::PlaceCave() {
 }
 
 void FrmPoSt::SkinButtons() {
-  PlaceButton(skin_, *replay_, "select.replay", skin_.Text(kReplayHint));
-  PlaceButton(skin_, *play_, "select.play", skin_.Text(kPlayHint));
-  PlaceButton(skin_, *congratulation_, "select.congratulation", skin_.Text(kCongratulationHint));
-  PlaceButton(skin_, *send_, "select.send", skin_.Text(kSendHint));
+  PlaceButton(skin_, *replay_, "select.replay", skin_.Text(TextId::PlayRecord));
+  PlaceButton(skin_, *play_, "select.play", skin_.Text(TextId::PlayCave));
+  PlaceButton(skin_, *congratulation_, "select.congratulation", skin_.Text(TextId::ReadCongratulation));
+  PlaceButton(skin_, *send_, "select.send", skin_.Text(TextId::SendRecords));
   PlaceButton(skin_, *vscroll_, "select.vscroll", QString());
   PlaceButton(skin_, *close_, "select.close", kCloseWords.In(skin_));
   PlaceButton(skin_, *help_, "select.help", kHelpWords.In(skin_));
@@ -238,7 +220,7 @@ void FrmPoSt::SkinIt() {
 }
 
 void FrmPoSt::SetLWPost() {
-  SetTitle(*this, skin_.Text(kWindowTitle));
+  SetTitle(*this, skin_.Text(TextId::CaveSelection));
   SkinButtons();
   if (selection_) ShowColl();
 }
@@ -282,14 +264,14 @@ void FrmPoSt::ShowAuthor() {
       Sideways(skin_.Data().SkinAlign("select.collauthor.alignment")), kTextLetters);
   if (link) {
     Label3_->SetLink(skin_.Colour("select.collauthor.hovercolor", kPlainText),
-                     '"' + Shown(collection.AuthorMail) + '"' + skin_.Text(kAuthorHint));
+                     '"' + Shown(collection.AuthorMail) + '"' + skin_.Text(TextId::WriteToAuthor));
   } else {
     Label3_->SetLink(QColor(), QString());
   }
 }
 
 void FrmPoSt::FillRows() {
-  const QString closed = skin_.Caption("select.caves.canttext").replace('\n', ' ');
+  const QString closed = skin_.Said("select.caves.canttext").replace('\n', ' ');
   std::vector<CaveList::Row> rows;
   for (int i = 1; i <= selection_->CaveCount(); ++i) {
     const CaveState state = selection_->State(i);
@@ -302,7 +284,8 @@ void FrmPoSt::FillRows() {
 
 void FrmPoSt::CelkSkore() {
   const int rest = selection_->Rest();
-  lblRest_->SetText(skin_.Text(kRestText) + ' ' + QString::number(rest) + ' ' + RestWord(skin_, rest) + '.');
+  lblRest_->SetText(skin_.Text(TextId::Rest) + ' ' + QString::number(rest) + ' ' + RestWord(skin_, rest) +
+                    '.');
   ShowTotal();
   Show(*congratulation_, rest == 0);
 }
@@ -337,7 +320,7 @@ void FrmPoSt::ShowCave() {
   }
   const int before = selection_->OpenCaveBefore(number);
   const QString name = before == 0 ? QString() : Shown(selection_->Cave(before).Record.Name);
-  lblCaveDescription_->SetText(skin_.Text(kSolveFirst) + "\r\n" + name);
+  lblCaveDescription_->SetText(skin_.Text(TextId::SolveFirst) + "\r\n" + name);
 }
 
 bool FrmPoSt::IsStored(int number) const {
@@ -388,8 +371,8 @@ void FrmPoSt::ClickedSend() {
 void FrmPoSt::ClickedAuthor() {
   const PlayedCollection& collection = selection_->Collection();
   const QString address = Shown(collection.AuthorMail);
-  const QString subject =
-      skin_.Text(kSubjectStart) + " '" + Shown(collection.Name) + "' " + skin_.Text(kSubjectEnd);
+  const QString subject = skin_.Text(TextId::SubjectStart) + " '" + Shown(collection.Name) + "' " +
+                          skin_.Text(TextId::SubjectEnd);
   openers_.link(MailLink(address, subject), TellNoProgram(address));
 }
 
@@ -402,7 +385,7 @@ OpenFailed FrmPoSt::TellNoProgram(const QString& target) {
 }
 
 void FrmPoSt::Say(const QString& text) {
-  Tell(skin_, this, skin_.Text(kTitle), text);
+  Tell(skin_, this, skin_.Text(TextId::Program), text);
 }
 
 // The cave that a key moves to; the present one for any other key.

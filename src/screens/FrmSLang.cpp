@@ -117,13 +117,13 @@ void FrmSLang::Choose(const QString& name) {
   SetLW();
   emit SkinChanged();
   settings_.Skin = name;
-  if (!StoreSkin(name)) Tell(skin_, this, skin_.Text(99), kNotStoredWords.In(skin_));
+  if (!StoreSkin(name)) Tell(skin_, this, skin_.Text(TextId::Program), kNotStoredWords.In(skin_));
   TellFlaws(skin_, this, worn.flaws);
 }
 
 void FrmSLang::TellAuthor() {
-  SkinMsgBox(skin_, this, skin_.Caption("skin.author.text"), MsgButtons::Ok, MsgIcon::Information,
-             skin_.Text(99));
+  SkinMsgBox(skin_, this, skin_.Said("skin.author.text"), MsgButtons::Ok, MsgIcon::Information,
+             skin_.Text(TextId::Program));
 }
 
 }  // namespace zorik

@@ -29,14 +29,10 @@ constexpr int Turned(int value) {
   return kSlowest + kFastest - value;
 }
 
-// The last ones are missing in older skins.
 constexpr std::array<StartWords, 3> kScaleWords{
-    {{"settings.speed.text", ""}, {"settings.speedreplay.text", ""}, {"settings.volume.text", "Hlasitost"}}};
+    {{"settings.speed.text"}, {"settings.speedreplay.text"}, {"settings.volume.text"}}};
 constexpr std::array<StartWords, 4> kCheckWords{
-    {{"settings.check1.text", ""},
-     {"settings.check2.text", ""},
-     {"settings.check3.text", ""},
-     {"settings.check4.text", "Trvalé zvuky: améba, kouzelná zeď"}}};
+    {{"settings.check1.text"}, {"settings.check2.text"}, {"settings.check3.text"}, {"settings.check4.text"}}};
 
 // From the top: what goes on and on stands below all sounds.
 constexpr std::array<std::size_t, 4> kCheckOrder{0, 1, 3, 2};
@@ -152,7 +148,8 @@ bool FrmSettings::Edit(Settings& settings) {
   settings.SpeedR = Turned(scales_[1]->value());
   settings.Volume = scales_[2]->value();
   settings.Loops = checks_[3]->isChecked();
-  if (!StoreSett(settings)) Tell(skin_, parentWidget(), skin_.Text(99), kNotStoredWords.In(skin_));
+  if (!StoreSett(settings))
+    Tell(skin_, parentWidget(), skin_.Text(TextId::Program), kNotStoredWords.In(skin_));
   return true;
 }
 

@@ -11,6 +11,7 @@
 #include "data/Files.h"
 #include "data/PlayerName.h"
 #include "platform/FileTypes.h"
+#include "platform/FolderAlias.h"
 #include "platform/PathText.h"
 #include "screens/BringIn.h"
 #include "screens/FingerButton.h"
@@ -48,14 +49,13 @@ struct FingerRow {
   const char* name;
   const char* image;
   const char* text;
-  const char* otherwise;
 };
 
 constexpr std::array kFingers = {
-    FingerRow{"fingerPlay", "start.fingerPlay.image", "start.fingerPlay.text", "Hrát"},
-    FingerRow{"fingerRePlay", "start.fingerrePlay.image", "start.fingerReplay.text", "Záznam"},
-    FingerRow{"fingerEditor", "start.fingereditor.image", "start.fingerEditor.text", "Editor"},
-    FingerRow{"finger4", "start.finger4.image", "", ""},
+    FingerRow{"fingerPlay", "start.fingerPlay.image", "start.fingerPlay.text"},
+    FingerRow{"fingerRePlay", "start.fingerrePlay.image", "start.fingerReplay.text"},
+    FingerRow{"fingerEditor", "start.fingereditor.image", "start.fingerEditor.text"},
+    FingerRow{"finger4", "start.finger4.image", ""},
 };
 
 QString FilterOf(const QString& words, const char* pattern) {
@@ -141,9 +141,9 @@ void FrmStart2::FrmLoad() {
     new ToolkitWords(skin_, this);
   };
   connect(this, &FrmStart2::Painted, this, rest, kOnceAndLater);
-  RegExt(skin_.Text(56).toStdString(), skin_.Text(109).toStdString());
+  RegExt(skin_.Text(TextId::CollectionKind).toStdString(), skin_.Text(TextId::RecordKind).toStdString());
   FindColls();
-  watcher_.addPath(QString::fromStdString(paths_.CavesPath));
+  watcher_.addPath(FolderAlias(paths_.CavesPath));
   ListPlayers();
   move(screen()->availableGeometry().center() - rect().center());
   show();
@@ -174,8 +174,8 @@ void FrmStart2::SkinButtons() {
   PlaceButton(skin_, *help_, "start.help", kHelpWords.In(skin_));
   PlaceButton(skin_, *vscroll_, "start.vscroll", QString());
   PlaceButton(skin_, *hscroll_, "start.hscroll", QString());
-  PlaceButton(skin_, *play_, "start.play", skin_.Caption(kFingers[0].text, kFingers[0].otherwise));
-  PlaceButton(skin_, *addplayer_, "start.addplayer", skin_.Text(114));
+  PlaceButton(skin_, *play_, "start.play", skin_.Caption(kFingers[0].text));
+  PlaceButton(skin_, *addplayer_, "start.addplayer", skin_.Text(TextId::NewPlayer));
   PlaceButton(skin_, *changeskin_, "start.changeskin", kChangeSkinWords.In(skin_));
 }
 
@@ -195,7 +195,7 @@ void FrmStart2::SkinFingers() {
     const FingerRow& row = kFingers[i];
     fingers_[i]->SetOverlay(skin_.Picture(row.image));
     const bool listed = static_cast<Mode>(i) != Mode::File;
-    fingers_[i]->SetWords(listed ? skin_.Caption(row.text, row.otherwise) : skin_.Text(111));
+    fingers_[i]->SetWords(listed ? skin_.Caption(row.text) : skin_.Text(TextId::CollectionFromFile));
   }
 }
 
@@ -336,14 +336,15 @@ void FrmStart2::AskForRecord() {
   // The folder of test runs may have come since the start.
   const bool tested = std::filesystem::is_directory(paths_.TestRecordsPath, error);
   const QString others = PathText(tested ? paths_.TestRecordsPath : paths_.RecordsPath);
-  AnotherRepl(AskForFile(skin_, this, skin_.Text(110), known ? own : others,
-                         {FilterOf(skin_.Text(109), kRecordFilter)}));
+  AnotherRepl(AskForFile(skin_, this, skin_.Text(TextId::RecordFromFile), known ? own : others,
+                         {FilterOf(skin_.Text(TextId::RecordKind), kRecordFilter)}));
 }
 
 void FrmStart2::AskForAnyFile() {
   const QString path =
-      AskForFile(skin_, this, skin_.Text(111), PathText(paths_.CavesPath),
-                 {FilterOf(skin_.Text(111), kCollFilter), FilterOf(skin_.Text(109), kRecordFilter)});
+      AskForFile(skin_, this, skin_.Text(TextId::CollectionFromFile), PathText(paths_.CavesPath),
+                 {FilterOf(skin_.Text(TextId::CollectionFromFile), kCollFilter),
+                  FilterOf(skin_.Text(TextId::RecordKind), kRecordFilter)});
   if (!path.isEmpty()) OpenByKind(path);
 }
 
@@ -383,13 +384,14 @@ void FrmStart2::NewPlayer() {
   if (name.empty()) return;
   const QString shown = Shown(name);
   const auto added = AddPlayer(paths_.PlayersPath, name);
-  const auto words = [&](int place) { return skin_.Text(place).replace("?1?", shown); };
-  if (added == Added::Yes) Tell(skin_, this, skin_.Text(114), words(115));
-  if (added == Added::ThereAlready) Tell(skin_, this, skin_.Text(48), words(116));
+  const auto words = [&](TextId text) { return skin_.Text(text).replace("?1?", shown); };
+  if (added == Added::Yes) Tell(skin_, this, skin_.Text(TextId::NewPlayer), words(TextId::PlayerAdded));
+  if (added == Added::ThereAlready)
+    Tell(skin_, this, skin_.Text(TextId::PlayerNotAddedTitle), words(TextId::PlayerNotAdded));
   // Another name, as the second line advises, would not help.
   if (added == Added::NotWritten) {
-    Tell(skin_, this, skin_.Text(48),
-         words(116).section('\r', 0, 0) + '\n' + kFolderWords.Before(skin_) + '\n' +
+    Tell(skin_, this, skin_.Text(TextId::PlayerNotAddedTitle),
+         words(TextId::PlayerNotAdded).section('\r', 0, 0) + '\n' + kFolderWords.Before(skin_) + '\n' +
              ShownPath(paths_.PlayersPath));
   }
   FindPlrs();
@@ -410,7 +412,7 @@ void FrmStart2::Help() {
 }
 
 void FrmStart2::TellOf(const QString& words, const QString& path) {
-  Tell(skin_, this, skin_.Text(99), path.isEmpty() ? words : words + '\n' + ShownPath(path));
+  Tell(skin_, this, skin_.Text(TextId::Program), path.isEmpty() ? words : words + '\n' + ShownPath(path));
 }
 
 void FrmStart2::keyPressEvent(QKeyEvent* event) {
@@ -445,7 +447,7 @@ bool FrmStart2::focusNextPrevChild(bool next) {
 
 void FrmStart2::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
-  const QString words = InLines(skin_.Caption("version.text"), kMostInCaption);
+  const QString words = InLines(skin_.Said("version.text"), kMostInCaption);
   const int lines = static_cast<int>(words.count('\n')) + 1;
   painter.setPen(skin_.Colour("version.textcolor", kVersionInk));
   painter.setFont(GameFont(kVersionLetters));

@@ -12,11 +12,11 @@
 
 #include "core/Machine.h"
 #include "data/Cp1250.h"
+#include "screens/BarColours.h"
 #include "screens/FrmSettings.h"
 #include "screens/MsgBox.h"
 #include "screens/PlainText.h"
 #include "screens/StartWords.h"
-#include "screens/Wording.h"
 #include "skin/Shown.h"
 
 namespace zorik {
@@ -194,7 +194,8 @@ void HraWindow::Act(Request request) {
       PauseRun();
       break;
     case Request::IdleQuestion:
-      WithDialog([this] { Ask(skin_, this, skin_.Text(100), skin_.Text(98)); });
+      WithDialog(
+          [this] { Ask(skin_, this, skin_.Text(TextId::IdleTitle), skin_.Text(TextId::IdleQuestion)); });
       break;
     case Request::HideAway:
       Hide();
@@ -213,7 +214,8 @@ void HraWindow::Act(Request request) {
 
 void HraWindow::PauseRun() {
   sounds_.PauseAll();
-  WithDialog([this] { Tell(skin_, this, skin_.Text(99), skin_.Text(97), Qt::Key_P); });
+  WithDialog(
+      [this] { Tell(skin_, this, skin_.Text(TextId::Program), skin_.Text(TextId::Paused), Qt::Key_P); });
   sounds_.ResumeAll();
 }
 
@@ -340,10 +342,10 @@ void HraWindow::View(bool jump) {
   painter_.View(hra_, jump);
 }
 
-void HraWindow::ShowMessage(int text, Colour colour, int dogs) {
+void HraWindow::ShowMessage(TextId text, Colour colour, int dogs) {
   std::string shown = skin_.Words().At(text);
-  if (text == 90) shown = WithNumber(shown, " 2-4", dogs);
-  if (text == 91) shown = WithNumber(shown, " 5-9", dogs);
+  if (text == TextId::FewDogs) shown = WithNumber(shown, " 2-4", dogs);
+  if (text == TextId::ManyDogs) shown = WithNumber(shown, " 5-9", dogs);
   strip_->ShowMessage(QString::fromStdString(shown), ToColour(colour));
 }
 
@@ -386,11 +388,13 @@ void HraWindow::UpdateCaption() {
   caption += Shown(hra_.CaveName) + "   ...";
   const bool nobody = hra_.PlayerName == kNobody;
   if (hra_.ReplayPlaying && nobody) {
-    caption += skin_.Text(92);
+    caption += skin_.Text(TextId::PlayingRecord);
   } else {
-    const int place = hra_.EditorRun ? 95 : hra_.ReplayPlaying ? 93 : 94;
+    const TextId what = hra_.EditorRun       ? TextId::TestedBy
+                        : hra_.ReplayPlaying ? TextId::RecordForPlayer
+                                             : TextId::PlayedBy;
     const std::string player = nobody ? std::string() : ToUtf8(hra_.PlayerName);
-    caption += QString::fromStdString(BlankJoin(skin_.Words().At(place), player));
+    caption += QString::fromStdString(BlankJoin(skin_.Words().At(what), player));
   }
   SetTitle(*this, QString::fromStdString(WithoutControls(caption.toStdString())));
 }

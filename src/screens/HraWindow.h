@@ -88,11 +88,11 @@ class HraWindow : public QWidget, private Stage {
   // The stage
   void CaveOpens() override;
   void CellChanged(int x, int y) override;
-  void PZvuk(int n) override { sounds_.PZvuk(n); }
-  void PZvukStop(int n) override { sounds_.PZvukStop(n); }
+  void PZvuk(SoundId sound) override { sounds_.PZvuk(sound); }
+  void PZvukStop(SoundId sound) override { sounds_.PZvukStop(sound); }
   void StopSounds() override { sounds_.StopAll(); }
   void PZvukTime(int seconds) override { sounds_.PZvukTime(seconds); }
-  void ShowMessage(int text, Colour colour, int dogs) override;
+  void ShowMessage(TextId text, Colour colour, int dogs) override;
   void ShowRemark(std::string_view text, Colour colour) override;
   void Label(LabelId label, int value) override;
   void DrawDogN(int n, int state) override;

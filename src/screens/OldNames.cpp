@@ -16,7 +16,7 @@
 namespace zorik {
 namespace {
 
-constexpr StartWords kOldNamesWords{"caption.file.old", "Jména ve starém kódování:"};
+constexpr StartWords kOldNamesWords{"caption.file.old"};
 constexpr int kRowsShown = 4;
 
 // ".zk" of "Collections (*.zk)".
@@ -45,7 +45,7 @@ OldNames::OldNames(QFileDialog& box, const Skin& skin) {
   auto* const rows = qobject_cast<QGridLayout*>(box.layout());
   if (rows == nullptr) return;
   auto* const words = NewLabel(&box);
-  words->setText(InMenu(kOldNamesWords.In(skin)));
+  words->setText(InMenu(kOldNamesWords.Before(skin)));
   auto* const list = new QListWidget(&box);
   list->setObjectName("oldNames");
   list->setMaximumHeight(kRowsShown * list->fontMetrics().height() + 2 * list->frameWidth());

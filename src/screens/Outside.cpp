@@ -11,6 +11,7 @@
 #include <system_error>
 
 #include "data/Files.h"
+#include "platform/FolderAlias.h"
 #include "platform/PathText.h"
 #include "platform/Paths.h"
 #include "platform/Shell.h"
@@ -40,7 +41,7 @@ OpenFailed Telling(Skin& skin, QWidget* parent, const QString& what) {
   return [&skin, what, window = QPointer<QWidget>(parent)] {
     if (!window) return;
     WhenInSight(window, [&skin, what, window] {
-      Tell(skin, window, skin.Text(99), kNoProgramWords.Before(skin) + '\n' + what);
+      Tell(skin, window, skin.Text(TextId::Program), kNoProgramWords.Before(skin) + '\n' + what);
     });
   };
 }
@@ -88,7 +89,7 @@ void OpenLinkOrTell(Skin& skin, QWidget* parent, const QUrl& link) {
 QString HelpPage(const Paths& paths, const Skin& skin, const QString& name) {
   QStringList folders = {PathText(paths.HelpPath)};
   if (!paths.ShippedHelp.empty()) folders.push_back(PathText(paths.ShippedHelp));
-  for (const QString& within : {FolderWithin(skin.Caption("help.folder")) + '/' + name, name}) {
+  for (const QString& within : {FolderWithin(skin.Said("help.folder")) + '/' + name, name}) {
     for (const QString& folder : folders) {
       const QString page = QDir::cleanPath(folder + '/' + within);
       if (IsReadableFile(PathBytes(page))) return page;
@@ -110,7 +111,7 @@ void PrepareFileBox(QFileDialog& box, const Skin& skin, const QString& words) {
   box.setLabelText(QFileDialog::Accept, InMenu(words));
   box.setLabelText(QFileDialog::Reject, InMenu(kCancelWords.In(skin)));
   box.setSidebarUrls(
-      {QUrl::fromLocalFile(box.directory().absolutePath()), QUrl::fromLocalFile(QDir::homePath())});
+      {QUrl::fromLocalFile(box.directory().absolutePath()), QUrl::fromLocalFile(FolderForBox(HomeText()))});
   // Its own buttons have words that no skin tells.
   for (QToolButton* const button : box.findChildren<QToolButton*>()) SetHint(*button, QString());
   for (const char* const name : {"newFolderButton", "detailModeButton", "listModeButton"}) {

@@ -2,7 +2,7 @@
 
 #include <QPainter>
 
-#include "screens/Wording.h"
+#include "screens/BarColours.h"
 
 namespace zorik {
 

@@ -3,7 +3,7 @@
 #include <QPainter>
 #include <cmath>
 
-#include "screens/Wording.h"
+#include "screens/BarColours.h"
 
 namespace zorik {
 

@@ -1,24 +1,21 @@
 #include "screens/RecordKeeper.h"
 
-#include <QDir>
 #include <QFileInfo>
 #include <QString>
 #include <vector>
 
 #include "data/Files.h"
+#include "platform/FolderAlias.h"
 #include "platform/PathText.h"
 #include "screens/MsgBox.h"
 #include "screens/SaveBox.h"
 #include "screens/StartWords.h"
-#include "screens/Wording.h"
 #include "skin/Shown.h"
 #include "skin/Skin.h"
 
 namespace zorik {
 namespace {
 
-constexpr int kTitle = 99;  // places in the language table
-constexpr int kRecordKind = 109;
 constexpr std::size_t kMostNamed = 12;  // of the records that a box lists
 
 QString PathOf(const WonRun& run) {
@@ -38,14 +35,14 @@ QString ListOf(const std::vector<WonRun>& runs) {
 bool RecordKeeper::MayReplace(const WonRun& run, QWidget* parent) {
   if (!MayReplaceOthers(run, parent)) return false;
   return BestScore(run.Slot, ReadStanding(run.Slot), wins_) <= run.Score ||
-         Ask(skin_, parent, wording::kQuestion, wording::kOverwrite);
+         Ask(skin_, parent, kBetterTitle.In(skin_), kBetterWords.In(skin_));
 }
 
 bool RecordKeeper::MayReplaceOthers(const WonRun& run, QWidget* parent) {
   const StandingRecord standing = ReadStanding(run.Slot);
   if (standing.Of != StandingRecord::Kind::AnotherCave) return true;
   const QString other = Shown(standing.CollectionName) + " - " + Shown(standing.CaveName);
-  return Ask(skin_, parent, skin_.Text(kTitle), kOtherCaveWords.In(skin_) + '\n' + other);
+  return Ask(skin_, parent, skin_.Text(TextId::Program), kOtherCaveWords.In(skin_) + '\n' + other);
 }
 
 void RecordKeeper::Store(const WonRun& run, QWidget* parent) {
@@ -66,7 +63,8 @@ void RecordKeeper::OfferAgain(const RecordSlot& slot, QWidget* parent) {
 void RecordKeeper::Offer(const WonRun& run, QWidget* parent) {
   const QString text = kNotStoredWords.In(skin_) + '\n' + ShownPath(run.Slot.Path);
   while (wins_.Find(run.Slot) != nullptr) {
-    switch (SkinMsgBox(skin_, parent, text, MsgButtons::NotStored, MsgIcon::OfSet, skin_.Text(kTitle))) {
+    switch (
+        SkinMsgBox(skin_, parent, text, MsgButtons::NotStored, MsgIcon::OfSet, skin_.Text(TextId::Program))) {
       case MsgResult::Retry:
         Try(run, parent);
         break;
@@ -85,10 +83,10 @@ void RecordKeeper::Try(const WonRun& run, QWidget* parent) {
 
 bool RecordKeeper::SaveElsewhere(const WonRun& run, QWidget* parent) {
   const QString path = AskForNewFile(
-      skin_, parent, {kElsewhereWords.In(skin_), skin_.Text(kRecordKind), "zkr", ProposedPath(run)});
+      skin_, parent, {kElsewhereWords.In(skin_), skin_.Text(TextId::RecordKind), "zkr", ProposedPath(run)});
   if (path.isEmpty()) return false;
   if (!WriteWhole(PathBytes(path), run.Bytes)) {
-    Tell(skin_, parent, skin_.Text(kTitle), kNotStoredWords.In(skin_) + '\n' + ShownPath(path));
+    Tell(skin_, parent, skin_.Text(TextId::Program), kNotStoredWords.In(skin_) + '\n' + ShownPath(path));
     return false;
   }
   wins_.SavedElsewhere(run.Slot);
@@ -97,14 +95,14 @@ bool RecordKeeper::SaveElsewhere(const WonRun& run, QWidget* parent) {
 
 // The record's own folder has just failed.
 QString RecordKeeper::ProposedPath(const WonRun& run) const {
-  return QDir::homePath() + '/' + QFileInfo(PathOf(run)).fileName();
+  return HomeText() + '/' + QFileInfo(PathOf(run)).fileName();
 }
 
 bool RecordKeeper::MayEnd(QWidget* parent) {
   wins_.StoreAll();
   for (std::vector<WonRun> runs = wins_.AtRisk(); !runs.empty(); runs = wins_.AtRisk()) {
     switch (SkinMsgBox(skin_, parent, kAtRiskWords.In(skin_) + ListOf(runs), MsgButtons::NotStoredAtEnd,
-                       MsgIcon::OfSet, skin_.Text(kTitle))) {
+                       MsgIcon::OfSet, skin_.Text(TextId::Program))) {
       case MsgResult::Retry:
         for (const WonRun& run : runs) Try(run, parent);
         break;

@@ -16,8 +16,8 @@
 namespace zorik {
 namespace {
 
-constexpr StartWords kSaveWords{"caption.sada.save", "Uložit"};
-constexpr StartWords kReplaceWords{"caption.sada.replace", "Tento soubor už existuje. Přepsat ho?"};
+constexpr StartWords kSaveWords{"caption.sada.save"};
+constexpr StartWords kReplaceWords{"caption.sada.replace"};
 
 // It looks like the box that asks for a file to open.
 void Prepare(QFileDialog& box, const Skin& skin, const SaveWish& wish) {

@@ -69,7 +69,7 @@ void TellFlaws(Skin& skin, QWidget* parent, const SkinFlaws& flaws, const QStrin
     lines += LinesOf(flaws, row.kind);
   }
   if (!outcome.isEmpty()) lines.push_back(outcome);
-  Tell(skin, parent, skin.Text(99), lines.join('\n'));
+  Tell(skin, parent, skin.Text(TextId::Program), lines.join('\n'));
 }
 
 }  // namespace zorik

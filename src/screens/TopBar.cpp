@@ -4,9 +4,9 @@
 #include <algorithm>
 #include <utility>
 
+#include "screens/BarColours.h"
 #include "screens/Hint.h"
 #include "screens/StripButton.h"
-#include "screens/Wording.h"
 #include "skin/GameFont.h"
 
 namespace zorik {

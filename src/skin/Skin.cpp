@@ -42,19 +42,30 @@ Worn Skin::Wear(const SkinPlaces& places) {
   data_ = std::move(data);
   pictures_.clear();
   givenUp_.clear();
-  const auto retry = [this](const std::string& question) { return AskRetry(question); };
+  const auto retry = [this](const std::string& name) { return AskRetry(QuestionOfFile(name)); };
   if (!LoadLanguage(places_, texts_, retry)) flaws.push_back({SkinFlaw::Kind::ShortLanguage, {}, {}});
   AddFileFlaws(places_, flaws);
   return {true, std::move(flaws)};
 }
 
-QString Skin::Text(int place) const {
-  return QString::fromStdString(texts_.At(place));
+QString Skin::Text(TextId text) const {
+  return QString::fromStdString(texts_.At(text));
 }
 
-QString Skin::Caption(std::string_view key, const char* otherwise) const {
-  const std::string text = data_.SkinText(key);
-  return text.empty() ? QString::fromUtf8(otherwise) : QString::fromStdString(text).replace('\r', '\n');
+QString Skin::Caption(std::string_view key) const {
+  return QString::fromStdString(data_.SkinWords(key)).replace('\r', '\n');
+}
+
+QString Skin::Said(std::string_view key) const {
+  return QString::fromStdString(data_.SkinText(key)).replace('\r', '\n');
+}
+
+std::string Skin::QuestionOfPicture(const std::string& searched) const {
+  return WithText(data_.SkinWords("caption.error.nopicture"), "?1?", searched);
+}
+
+std::string Skin::QuestionOfFile(const std::string& name) const {
+  return WithText(data_.SkinWords("caption.error.nofile"), "?1?", name);
 }
 
 QColor Skin::Colour(std::string_view key, QColor otherwise) const {
@@ -83,9 +94,9 @@ QImage Skin::MenuPicture(const std::string& name) {
     picture = ReadKept(path);
     return !picture.isNull();
   };
-  const auto retry = [&](const std::string& question) {
+  const auto retry = [&](const std::string& searched) {
     if (asking_ || givenUp_.contains(name)) return false;
-    if (AskRetry(question)) return true;
+    if (AskRetry(QuestionOfPicture(searched))) return true;
     givenUp_.insert(name);
     return false;
   };

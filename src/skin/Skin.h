@@ -53,12 +53,19 @@ class Skin {
   const SkinData& Data() const { return data_; }
   const Texts& Words() const { return texts_; }
 
-  // The text at a place of the language table; its line breaks are CR LF.
-  QString Text(int place) const;
+  // A text of the language table; its line breaks are CR LF.
+  QString Text(TextId text) const;
 
-  // The text of a key of the table, or the other one when the key is absent; its line breaks are those of a
-  // control, LF.
-  QString Caption(std::string_view key, const char* otherwise = "") const;
+  // The text of a key of the table, or that of the default skin when the key is absent; its line breaks are
+  // those of a control, LF.
+  QString Caption(std::string_view key) const;
+
+  // The same for what a skin may leave out: empty when the key is absent.
+  QString Said(std::string_view key) const;
+
+  // The questions about a picture and about a text file that are in no skin.
+  std::string QuestionOfPicture(const std::string& searched) const;
+  std::string QuestionOfFile(const std::string& name) const;
 
   // The colour of a key, or the other one when the key is absent.
   QColor Colour(std::string_view key, QColor otherwise = Qt::black) const;

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "data/Files.h"
+#include "skin/DefaultWords.h"
 #include "skin/SkinKeys.h"
 
 namespace zorik {
@@ -17,6 +18,12 @@ constexpr int kAbsent = -1;
 // What is read in a skin lies in its folders.
 bool LeadsUp(const std::filesystem::path& path) {
   return std::find(path.begin(), path.end(), "..") != path.end();
+}
+
+std::string WithBreaks(std::string_view value) {
+  std::string text(value);
+  std::replace(text.begin(), text.end(), '#', '\r');
+  return text;
 }
 
 // The path of a file of a skin, whose separators are those of its makers.
@@ -57,13 +64,13 @@ std::string FirstTable(const std::vector<std::string>& folders) {
   return {};
 }
 
-using Retry = std::function<bool(const std::string& question)>;
+using Retry = std::function<bool(const std::string& missing)>;
 
 std::string FindOrAsk(const SkinPlaces& places, std::string_view name, const Extensions& extensions,
-                      const std::string& question, const Retry& retry, const Usable& usable) {
+                      const std::string& missing, const Retry& retry, const Usable& usable) {
   for (;;) {
     if (auto path = FindFile(places, name, extensions, usable)) return *path;
-    if (!retry || !retry(question)) return {};
+    if (!retry || !retry(missing)) return {};
   }
 }
 
@@ -114,9 +121,12 @@ std::string_view SkinData::Value(std::string_view key) const {
 }
 
 std::string SkinData::SkinText(std::string_view key) const {
-  std::string text(Value(key));
-  std::replace(text.begin(), text.end(), '#', '\r');
-  return text;
+  return WithBreaks(Value(key));
+}
+
+std::string SkinData::SkinWords(std::string_view key) const {
+  const std::string_view own = Value(key);
+  return WithBreaks(own.empty() ? DefaultWords(key) : own);
 }
 
 int SkinData::SkinInt(std::string_view key) const {
@@ -137,13 +147,11 @@ SkinData::Align SkinData::SkinAlign(std::string_view key) const {
 std::string SkinPicPath(const SkinPlaces& places, std::string_view name, const Retry& retry,
                         const Usable& usable) {
   const std::string searched = places.SkinsPath + "/" + places.Skin + "/" + std::string(name);
-  return FindOrAsk(places, name, {".jpg", ".bmp", ".gif"},
-                   "Loading skin picture '" + searched + "' failed. Try again?", retry, usable);
+  return FindOrAsk(places, name, {".jpg", ".bmp", ".gif"}, searched, retry, usable);
 }
 
 std::string SkinDataPath(const SkinPlaces& places, std::string_view name, const Retry& retry) {
-  return FindOrAsk(places, name, {".txt"}, "Loading data file '" + std::string(name) + "' failed. Try again?",
-                   retry, [](const std::string&) { return true; });
+  return FindOrAsk(places, name, {".txt"}, std::string(name), retry, [](const std::string&) { return true; });
 }
 
 }  // namespace zorik

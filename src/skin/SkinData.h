@@ -29,6 +29,10 @@ class SkinData {
   // The text of a key, empty when absent; "#" stands for a line break, the character 13.
   std::string SkinText(std::string_view key) const;
 
+  // The same for words that no window can do without: where the key is absent, those of the default skin as
+  // the program was built with it.
+  std::string SkinWords(std::string_view key) const;
+
   // The number of a key, 16 bits, whole and decimal; -1 when absent.
   int SkinInt(std::string_view key) const;
 
@@ -47,15 +51,15 @@ class SkinData {
 };
 
 // The picture of a menu with this name, which has no extension: of the skin, then of the default skin; .jpg
-// goes before .bmp before .gif. One that is of no use is passed over. When there is none, retry is asked with
-// the question to put to the player; the search goes on as long as it answers true, else the path is empty.
+// goes before .bmp before .gif. One that is of no use is passed over. When there is none, retry is asked, and
+// told what was searched for; the search goes on as long as it answers true, else the path is empty.
 std::string SkinPicPath(
     const SkinPlaces& places, std::string_view name,
-    const std::function<bool(const std::string& question)>& retry,
+    const std::function<bool(const std::string& searched)>& retry,
     const std::function<bool(const std::string& path)>& usable = [](const std::string&) { return true; });
 
 // The same for a text file, ".txt".
 std::string SkinDataPath(const SkinPlaces& places, std::string_view name,
-                         const std::function<bool(const std::string& question)>& retry);
+                         const std::function<bool(const std::string& name)>& retry);
 
 }  // namespace zorik

@@ -16,34 +16,38 @@ namespace {
 namespace fs = std::filesystem;
 
 struct Stem {
-  int number;
+  SoundId id;
   std::string_view name;
   bool looping = false;
 };
 
 // In the order in which they are loaded. Nothing ever starts the sound of the background.
 constexpr std::array<Stem, kSoundCount> kStems{{
-    {0, "dirt"},
-    {1, "fallgem"},
-    {2, "collectgem"},
-    {3, "boulder"},
-    {4, "boulderpush"},
-    {5, "explosion"},
-    {6, "boxpush"},
-    {8, "exitopen"},
-    {10, "back", true},
-    {7, "dog"},
-    {11, "sensor"},
-    {12, "asuffocate"},
-    {13, "amoeba", true},
-    {14, "sensorout"},
-    {15, "adeath"},
-    {9, "magicwall", true},
+    {SoundId::Dirt, "dirt"},
+    {SoundId::FallGem, "fallgem"},
+    {SoundId::CollectGem, "collectgem"},
+    {SoundId::Boulder, "boulder"},
+    {SoundId::BoulderPush, "boulderpush"},
+    {SoundId::Explosion, "explosion"},
+    {SoundId::BoxPush, "boxpush"},
+    {SoundId::ExitOpen, "exitopen"},
+    {SoundId::Back, "back", true},
+    {SoundId::Dog, "dog"},
+    {SoundId::Sensor, "sensor"},
+    {SoundId::AmoebaEnclosed, "asuffocate"},
+    {SoundId::Amoeba, "amoeba", true},
+    {SoundId::SensorOut, "sensorout"},
+    {SoundId::AmoebaDead, "adeath"},
+    {SoundId::MagicWall, "magicwall", true},
 }};
 
-bool IsLoop(int n) {
+constexpr std::size_t PlaceOf(SoundId id) {
+  return static_cast<std::size_t>(id);
+}
+
+bool IsLoop(SoundId id) {
   return std::any_of(kStems.begin(), kStems.end(),
-                     [n](const Stem& stem) { return stem.number == n && stem.looping; });
+                     [id](const Stem& stem) { return stem.id == id && stem.looping; });
 }
 
 // Adds the files of a folder whose names are new. Of those that differ in letter case only, the one in lower
@@ -120,12 +124,12 @@ void AddSoundFlaws(const std::vector<std::string>& folders, SkinFlaws& flaws) {
 
 Sounds::Sounds(DSound& device, std::uint64_t seed) : device_(device), rnd_(seed) {}
 
-void Sounds::LoadSounds(int number, std::string_view stem, bool looping,
+void Sounds::LoadSounds(SoundId id, std::string_view stem, bool looping,
                         const std::array<SoundFiles, 2>& folders) {
   Search search;
   search.LookInto(folders[0], stem);
   if (search.count <= 1) search.LookInto(folders[1], stem);
-  Sound& sound = sounds_[static_cast<std::size_t>(number)];
+  Sound& sound = sounds_[PlaceOf(id)];
   sound.count = search.count;
   for (std::size_t v = 0; v < kVariants; ++v) {
     Variant& variant = sound.variants[v];
@@ -145,23 +149,23 @@ Result<Done> Sounds::InicializaceZvuku(const SkinPlaces& places) {
   const Result<Done> opened = device_.DSInit();
   if (!opened) return opened;
   const std::array<SoundFiles, 2> folders{FilesOf(places, places.Skin), FilesOf(places, kDefaultSkin)};
-  for (const Stem& stem : kStems) LoadSounds(stem.number, stem.name, stem.looping, folders);
+  for (const Stem& stem : kStems) LoadSounds(stem.id, stem.name, stem.looping, folders);
   return Done{};
 }
 
 // The count can lead beyond the last variant, or to a number that no file has: then nothing sounds.
-void Sounds::Play(int n) {
-  const Sound& sound = sounds_[static_cast<std::size_t>(n)];
+void Sounds::Play(SoundId id) {
+  const Sound& sound = sounds_[PlaceOf(id)];
   const std::size_t pick = rnd_.Below(static_cast<std::uint32_t>(sound.count));
   if (pick >= sound.variants.size()) return;
   const Variant& variant = sound.variants[pick];
   if (variant.kind == SoundKind::Wave) device_.DSPlay(variant.buffer);
 }
 
-void Sounds::PZvuk(int n) {
-  const bool loop = IsLoop(n);
-  if (loop) loops_.set(static_cast<std::size_t>(n));
-  if (on_ && (loopsOn_ || !loop)) Play(n);
+void Sounds::PZvuk(SoundId sound) {
+  const bool loop = IsLoop(sound);
+  if (loop) loops_.set(PlaceOf(sound));
+  if (on_ && (loopsOn_ || !loop)) Play(sound);
 }
 
 void Sounds::Switch(bool on) {
@@ -174,13 +178,13 @@ void Sounds::SwitchLoops(bool on) {
   if (std::exchange(loopsOn_, on) == on || !on_) return;
   if (on) return PlayLoops();
   for (const Stem& stem : kStems) {
-    if (stem.looping) Halt(stem.number);
+    if (stem.looping) Halt(stem.id);
   }
 }
 
 void Sounds::PlayLoops() {
-  for (int n = 0; n < kSoundCount; ++n) {
-    if (loops_[static_cast<std::size_t>(n)]) Play(n);
+  for (std::size_t place = 0; place < kSoundCount; ++place) {
+    if (loops_[place]) Play(static_cast<SoundId>(place));
   }
 }
 
@@ -190,13 +194,13 @@ void Sounds::SetVolume(int volume) {
   device_.DSSetVolume(part * part);
 }
 
-void Sounds::PZvukStop(int n) {
-  loops_.reset(static_cast<std::size_t>(n));
-  Halt(n);
+void Sounds::PZvukStop(SoundId sound) {
+  loops_.reset(PlaceOf(sound));
+  Halt(sound);
 }
 
-void Sounds::Halt(int n) {
-  const Sound& sound = sounds_[static_cast<std::size_t>(n)];
+void Sounds::Halt(SoundId id) {
+  const Sound& sound = sounds_[PlaceOf(id)];
   for (int v = 0; v < std::min(sound.count, kVariants); ++v) {
     const Variant& variant = sound.variants[static_cast<std::size_t>(v)];
     if (variant.kind == SoundKind::Wave) device_.DSStop(variant.buffer);

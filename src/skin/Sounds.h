@@ -9,6 +9,7 @@
 #include <string_view>
 #include <vector>
 
+#include "core/SoundId.h"
 #include "data/Chance.h"
 #include "data/Result.h"
 #include "platform/DSound.h"
@@ -18,7 +19,6 @@
 
 namespace zorik {
 
-inline constexpr int kSoundCount = 16;
 inline constexpr int kVariants = 9;
 
 enum class SoundKind : std::uint8_t { None = 0, Wave = 1, Midi = 2 };
@@ -52,9 +52,9 @@ class Sounds {
   // How loud all of them are, 0 to 10.
   void SetVolume(int volume);
 
-  // Plays sound n, 0 to 15; one that sounds starts anew.
-  void PZvuk(int n);
-  void PZvukStop(int n);
+  // Plays a sound; one that sounds starts anew.
+  void PZvuk(SoundId sound);
+  void PZvukStop(SoundId sound);
   // Makes the name of the sound for one of the last seconds, and plays nothing: the seconds are silent. Empty
   // while sounds are not wanted.
   std::string PZvukTime(int seconds) const;
@@ -64,7 +64,7 @@ class Sounds {
   void ResumeAll() { device_.DSResumeAll(); }
 
   // Recordings that were found in the one folder or the two, 0 to 10.
-  int SoundCount(int n) const { return sounds_[static_cast<std::size_t>(n)].count; }
+  int SoundCount(SoundId sound) const { return sounds_[static_cast<std::size_t>(sound)].count; }
 
  private:
   struct Variant {
@@ -76,11 +76,11 @@ class Sounds {
     std::array<Variant, kVariants> variants{};  // number 1 first
   };
 
-  void Play(int n);
+  void Play(SoundId id);
   void PlayLoops();
-  void Halt(int n);
+  void Halt(SoundId id);
   void Silence();
-  void LoadSounds(int number, std::string_view stem, bool looping, const std::array<SoundFiles, 2>& folders);
+  void LoadSounds(SoundId id, std::string_view stem, bool looping, const std::array<SoundFiles, 2>& folders);
 
   DSound& device_;
   SkinPlaces places_;

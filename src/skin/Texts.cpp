@@ -34,14 +34,14 @@ bool Texts::LoadTexts(std::string_view bytes) {
   return complete;
 }
 
-const std::string& Texts::At(int place) const {
+const std::string& Texts::At(TextId text) const {
   static const std::string kNone;
-  const auto index = static_cast<std::size_t>(place);
+  const auto index = static_cast<std::size_t>(text);
   return index < texts_.size() ? texts_[index] : kNone;
 }
 
 bool LoadLanguage(const SkinPlaces& places, Texts& texts,
-                  const std::function<bool(const std::string& question)>& retry) {
+                  const std::function<bool(const std::string& name)>& retry) {
   const auto bytes = ReadWhole(SkinDataPath(places, "menu\\cestina", retry));
   return texts.LoadTexts(bytes ? std::string_view(*bytes) : std::string_view());
 }

@@ -5,13 +5,12 @@
 #include <string>
 #include <string_view>
 
+#include "core/TextId.h"
 #include "skin/SkinPlaces.h"
 
 namespace zorik {
 
-inline constexpr std::size_t kTextCount = 200;
-
-// The language table. The rest of the game knows its texts by their places, 0 to 199.
+// The language table. A text stands in it at the place that its number tells.
 class Texts {
  public:
   // Reads a language file: two lines of head, then a text a line, in which "#" stands for a line break.
@@ -19,8 +18,8 @@ class Texts {
   // too short; the places that it lacks are empty then.
   bool LoadTexts(std::string_view bytes);
 
-  // The text at a place, UTF-8; empty when there is none.
-  const std::string& At(int place) const;
+  // A text, UTF-8; empty when it is not there.
+  const std::string& At(TextId text) const;
 
  private:
   std::array<std::string, kTextCount> texts_;
@@ -30,7 +29,7 @@ class Texts {
 // as for every text file. False when the file is missing, cannot be read or is too short; the places that it
 // lacks are empty then.
 bool LoadLanguage(const SkinPlaces& places, Texts& texts,
-                  const std::function<bool(const std::string& question)>& retry = {});
+                  const std::function<bool(const std::string& name)>& retry = {});
 
 // Puts a number, with one blank in front of it, in place of a mark that includes its own blank.
 std::string WithNumber(std::string text, std::string_view mark, int number);

@@ -197,19 +197,19 @@ void PlainEndOfMove(Hra& hra, Cell c) {
   PREKR(hra, c);
 }
 
-int PlainClosingScan(Hra& hra) {
+std::optional<SoundId> PlainClosingScan(Hra& hra) {
   int cells = 0;
-  int sound = 0;
+  std::optional<SoundId> sound;
   ForEachCell(hra, [&](Cell c) {
     if (hra.Field(c) == kSlime || hra.Field(c) == kFlea) PREKR(hra, c);
     if (hra.Field(c) == kSensor) {
-      const int due = CountSensor(hra, c);
-      if (due != 0) sound = due;
+      const std::optional<SoundId> due = CountSensor(hra, c);
+      if (due) sound = due;
     }
     hra.SetFieldMoved(c, false);
     if (hra.Field(c) == kAmoeba) {
-      const int due = SettleAmoeba(hra, c, cells);
-      if (due != 0) sound = due;
+      const std::optional<SoundId> due = SettleAmoeba(hra, c, cells);
+      if (due) sound = due;
     }
     PlainEndOfMove(hra, c);
     if (hra.Field(c) == kVacated) {

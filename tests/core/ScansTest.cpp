@@ -250,17 +250,17 @@ TEST(ASensor, IsRepaintedAtEvenCountsAndSoundsAtEveryFourth) {
   for (int mark = 2; mark <= 28; ++mark) {
     Cave cave({"1.G"});
     cave.hra.SetFieldMark({2, 0}, static_cast<std::uint8_t>(mark));
-    const int sound = ClosingScan(cave.hra);
+    const std::optional<SoundId> sound = ClosingScan(cave.hra);
     EXPECT_EQ(cave.hra.FieldMark({2, 0}), mark + 1);
     EXPECT_EQ(cave.diary.Count("cell 2,0"), (mark + 1) % 2 == 0 ? 1 : 0) << mark;
-    EXPECT_EQ(sound, (mark + 1) % 4 == 0 ? 11 : 0) << mark;
+    EXPECT_EQ(sound, (mark + 1) % 4 == 0 ? std::optional(SoundId::Sensor) : std::nullopt) << mark;
   }
 }
 
 TEST(ASensor, AtThirtyBecomesAShortExplosionWithItsSoundAndNoRepaint) {
   Cave cave({"1.G"});
   cave.hra.SetFieldMark({2, 0}, 29);
-  EXPECT_EQ(ClosingScan(cave.hra), 0);
+  EXPECT_EQ(ClosingScan(cave.hra), std::nullopt);
   EXPECT_EQ(cave.hra.Field({2, 0}), kExplosion);
   EXPECT_EQ(cave.hra.FieldMark({2, 0}), 5);
   EXPECT_EQ(cave.diary.entries, Entries{"sound 14"});
@@ -388,16 +388,16 @@ TEST(ABombLitInTheClosingScan, GoesOffInTheNextTickIfTheScanHasStillToPassItAndO
 TEST(TheClosingScan, AnswersTheLastSoundThatWasDue) {
   Cave sensorLast({"A.1G"});
   sensorLast.hra.SetFieldMark({3, 0}, 3);
-  EXPECT_EQ(ClosingScan(sensorLast.hra), 11);
+  EXPECT_EQ(ClosingScan(sensorLast.hra), SoundId::Sensor);
   Cave amoebaLast({"G.1A", "....", "....", "...."});
   amoebaLast.hra.SetFieldMark({0, 0}, 3);
-  EXPECT_EQ(ClosingScan(amoebaLast.hra), 12);
+  EXPECT_EQ(ClosingScan(amoebaLast.hra), SoundId::AmoebaEnclosed);
 }
 
 TEST(AnEnclosedAmoeba, BecomesGemsWithAMessageAndAnEventOnce) {
   Cave cave({"WWWWWWW", "WAWAW1W", "WWWWWWW"}, {.script = "*A/Z*F-N"});
   cave.hra.AmoebaRoom = 0;
-  EXPECT_EQ(ClosingScan(cave.hra), 12);
+  EXPECT_EQ(ClosingScan(cave.hra), SoundId::AmoebaEnclosed);
   EXPECT_EQ(Drawn(cave.hra)[1], "WDWDW1W");
   EXPECT_EQ(cave.hra.FieldState({1, 1}), 2);
   EXPECT_EQ(cave.hra.AmoebaState, kAmoebaEnclosed);
@@ -409,7 +409,7 @@ TEST(ATooLargeAmoeba, TurnsToBouldersFromTheCellOnThatReachesTheLimitAndTheRestI
   // 11 x 2 cells: the limit of 5/22 is 5 cells.
   Cave cave({"AAAAAA....1", ";;;;;;WWWWW"});
   cave.hra.AmoebaRoom = 6;
-  EXPECT_EQ(ClosingScan(cave.hra), 15);
+  EXPECT_EQ(ClosingScan(cave.hra), SoundId::AmoebaDead);
   EXPECT_EQ(Drawn(cave.hra)[0], "AAAARR....1");
   EXPECT_EQ(cave.hra.FieldState({4, 0}), 2);
   EXPECT_EQ(cave.hra.AmoebaState, kAmoebaTooBig);
@@ -422,7 +422,7 @@ TEST(ATooLargeAmoeba, TurnsToBouldersFromTheCellOnThatReachesTheLimitAndTheRestI
 TEST(AnAmoeba, OneCellBelowTheLimitLivesOn) {
   Cave cave({"AAAA......1", ";;;;;;WWWWW"});
   cave.hra.AmoebaRoom = 6;
-  EXPECT_EQ(ClosingScan(cave.hra), 0);
+  EXPECT_EQ(ClosingScan(cave.hra), std::nullopt);
   EXPECT_EQ(Drawn(cave.hra)[0], "AAAA......1");
 }
 

@@ -287,7 +287,7 @@ class Poses : public Stage {
     entries.push_back(std::to_string(x) + "," + std::to_string(y) + " " + std::to_string(hra_.DogPose) + " " +
                       std::to_string(hra_.ActiveDog) + " " + std::to_string(hra_.Elapsed));
   }
-  void ShowMessage(int, Colour, int) override { entries.push_back("message"); }
+  void ShowMessage(TextId, Colour, int) override { entries.push_back("message"); }
 
   Entries entries;
 

@@ -36,9 +36,9 @@ TEST(CaveModelOpening, CutsACaveTo80By50AndTellsBothSizesFirst) {
   CaveModel model;
   const auto report = model.OpenCave(CaveTextOf(picture, numbers));
   ASSERT_TRUE(report);
-  EXPECT_EQ(*report, (std::vector<Correction>{{.label = 119, .limit = 80, .was = "100"},
-                                              {.label = 120, .limit = 50, .was = "60"},
-                                              {.label = 121, .limit = 5, .was = "3"}}));
+  EXPECT_EQ(*report, (std::vector<Correction>{{.label = TextId::CaveWidth, .limit = 80, .was = "100"},
+                                              {.label = TextId::CaveHeight, .limit = 50, .was = "60"},
+                                              {.label = TextId::TotalTime, .limit = 5, .was = "3"}}));
   EXPECT_EQ(model.Width(), 80);
   EXPECT_EQ(model.Height(), 50);
   EXPECT_EQ(model.SpoctiDrh(), 80 * 50 - 1);
@@ -51,8 +51,8 @@ TEST(CaveModelOpening, EnlargesASmallCaveTo5By5WithEmptySpace) {
   CaveModel model;
   const auto report = model.OpenCave(CaveTextOf({"1;", ";;", ";;"}));
   ASSERT_TRUE(report);
-  EXPECT_EQ(*report, (std::vector<Correction>{{.label = 119, .limit = 5, .was = "2"},
-                                              {.label = 120, .limit = 5, .was = "3"}}));
+  EXPECT_EQ(*report, (std::vector<Correction>{{.label = TextId::CaveWidth, .limit = 5, .was = "2"},
+                                              {.label = TextId::CaveHeight, .limit = 5, .was = "3"}}));
   const Picture enlarged = {"1;...", ";;...", ";;...", ".....", "....."};
   EXPECT_EQ(LettersOf(model), enlarged);
   EXPECT_EQ(*model.Text(), CaveTextOf(enlarged));
@@ -74,9 +74,9 @@ TEST(CaveModelOpening, PutsPropertiesRightAtOpeningAndTells) {
   CaveModel model;
   const auto report = model.OpenCave(CaveTextOf(kFive, numbers));
   ASSERT_TRUE(report);
-  EXPECT_EQ(*report, (std::vector<Correction>{{.label = 121, .limit = 5, .was = "3"},
-                                              {.label = 127, .limit = 8, .was = "9"},
-                                              {.label = 117, .was = "zorik", .text = "Zor\xEDk"}}));
+  EXPECT_EQ(*report, (std::vector<Correction>{{.label = TextId::TotalTime, .limit = 5, .was = "3"},
+                                              {.label = TextId::SlimePermeability, .limit = 8, .was = "9"},
+                                              {.label = TextId::Name, .was = "zorik", .text = "Zor\xEDk"}}));
   EXPECT_EQ(model.Cave().SlimePermeability, 8);
   EXPECT_EQ(model.Cave().Name, "Zor\xEDk");
   EXPECT_FALSE(model.CanUndo());
@@ -86,11 +86,13 @@ TEST(CaveModelOpening, MakesAColouringTheNumberOfItsEntryAndTellsWhenTheColoursC
   struct Row {
     int before;
     int after;
-    int old;  // caption of the colours that are lost
+    std::optional<TextId> old;  // caption of the colours that are lost
   };
-  constexpr Row kRows[] = {{0, 4, 183}, {1, 4, 185}, {2, 4, 182}, {3, 4, 0},   {4, 4, 0},
-                           {5, 4, 182}, {6, 4, 184}, {7, 4, 184}, {8, 4, 183}, {9, 4, 0},
-                           {10, 10, 0}, {11, 11, 0}, {12, 12, 0}, {13, 13, 0}, {14, 13, 0}};
+  constexpr Row kRows[] = {{0, 4, TextId::Hot},     {1, 4, TextId::Mystery}, {2, 4, TextId::Cold},
+                           {3, 4, std::nullopt},    {4, 4, std::nullopt},    {5, 4, TextId::Cold},
+                           {6, 4, TextId::Natural}, {7, 4, TextId::Natural}, {8, 4, TextId::Hot},
+                           {9, 4, std::nullopt},    {10, 10, std::nullopt},  {11, 11, std::nullopt},
+                           {12, 12, std::nullopt},  {13, 13, std::nullopt},  {14, 13, std::nullopt}};
   for (const Row& row : kRows) {
     test::Numbers numbers;
     numbers.colouring = row.before;
@@ -98,8 +100,9 @@ TEST(CaveModelOpening, MakesAColouringTheNumberOfItsEntryAndTellsWhenTheColoursC
     const auto report = model.OpenCave(CaveTextOf(kFive, numbers));
     ASSERT_TRUE(report);
     EXPECT_EQ(model.Cave().Colouring, row.after);
-    const std::vector<Correction> told{{.label = 128, .entry = 181, .wasEntry = row.old}};
-    EXPECT_EQ(*report, row.old != 0 ? told : std::vector<Correction>{}) << row.before;
+    const std::vector<Correction> told{
+        {.label = TextId::Colouring, .entry = TextId::Classic, .wasEntry = row.old}};
+    EXPECT_EQ(*report, row.old ? told : std::vector<Correction>{}) << row.before;
   }
 }
 
@@ -138,7 +141,7 @@ TEST(CaveModelOpening, LeavesTheLastOfSeveralFirstDogsWhenOneHasNoNumberAndTells
     CaveModel model;
     const auto report = model.OpenCave(CaveTextOf(row.before));
     ASSERT_TRUE(report);
-    EXPECT_EQ(*report, (std::vector<Correction>{{.label = 58, .limit = 1, .was = row.count}}));
+    EXPECT_EQ(*report, (std::vector<Correction>{{.label = TextId::Dog, .limit = 1, .was = row.count}}));
     EXPECT_EQ(LettersOf(model), row.after);
     EXPECT_EQ(*model.Text(), CaveTextOf(row.after));
   }

@@ -278,7 +278,7 @@ TEST(CaveModel, HasNoTextWhenTheDescriptionIsTooLong) {
   formality.Description = std::string(191, 'X');
   model.SetProperties(formality);
   EXPECT_FALSE(model.Text());
-  EXPECT_EQ(LabelWithoutRoom(model.Cave()), 118);
+  EXPECT_EQ(LabelWithoutRoom(model.Cave()), TextId::Description);
 }
 
 TEST(CaveModel, KeepsTheScript) {

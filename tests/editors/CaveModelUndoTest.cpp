@@ -90,7 +90,8 @@ TEST(CaveModelUndo, LetsARestorePutThingsRightOnceMore) {
   numbers.permeability = 9;
   CaveModel model;
   ASSERT_TRUE(model.OpenCave(CaveTextOf(kCave, numbers)));
-  EXPECT_EQ(model.Restore(), (std::vector<Correction>{{.label = 127, .limit = 8, .was = "9"}}));
+  EXPECT_EQ(model.Restore(),
+            (std::vector<Correction>{{.label = TextId::SlimePermeability, .limit = 8, .was = "9"}}));
   EXPECT_EQ(model.Cave().SlimePermeability, 8);
   EXPECT_FALSE(model.CanUndo()) << "nothing had been changed";
 }

@@ -32,25 +32,25 @@ TEST(Formality, PutsEachNumberWithinItsLimits) {
     CaveNumber number;
     int value;
     int limit;
-    int label;
+    TextId label;
   };
   constexpr Row kRows[] = {
-      {CaveNumber::Width, 4, 5, 119},
-      {CaveNumber::Width, 101, 100, 119},
-      {CaveNumber::Height, 0, 5, 120},
-      {CaveNumber::Height, 61, 60, 120},
-      {CaveNumber::Time, 4, 5, 121},
-      {CaveNumber::MagicWallTime, 0, 1, 125},
-      {CaveNumber::MagicWallTime, 151, 150, 125},
-      {CaveNumber::AmoebaTime, 0, 1, 126},
-      {CaveNumber::AmoebaTime, 151, 150, 126},
-      {CaveNumber::SlimePermeability, 9, 8, 127},
+      {CaveNumber::Width, 4, 5, TextId::CaveWidth},
+      {CaveNumber::Width, 101, 100, TextId::CaveWidth},
+      {CaveNumber::Height, 0, 5, TextId::CaveHeight},
+      {CaveNumber::Height, 61, 60, TextId::CaveHeight},
+      {CaveNumber::Time, 4, 5, TextId::TotalTime},
+      {CaveNumber::MagicWallTime, 0, 1, TextId::MagicWallTime},
+      {CaveNumber::MagicWallTime, 151, 150, TextId::MagicWallTime},
+      {CaveNumber::AmoebaTime, 0, 1, TextId::AmoebaTime},
+      {CaveNumber::AmoebaTime, 151, 150, TextId::AmoebaTime},
+      {CaveNumber::SlimePermeability, 9, 8, TextId::SlimePermeability},
   };
   for (const Row& row : kRows) {
     Formality formality = With(row.number, row.value);
     const auto report = Correct(formality);
     EXPECT_EQ(formality.Number(row.number), row.limit);
-    ASSERT_EQ(report.size(), 1U) << row.label;
+    ASSERT_EQ(report.size(), 1U) << static_cast<int>(row.label);
     EXPECT_EQ(report[0], (Correction{.label = row.label, .limit = row.limit}));
   }
 }
@@ -92,15 +92,17 @@ TEST(Formality, ReportsNumbersInTheirOrderAndThenTheTexts) {
   formality.Description += ' ';
   formality.Numbers.fill(0);
   formality.Numbers[static_cast<std::size_t>(CaveNumber::SlimePermeability)] = 9;
-  std::vector<int> labels;
+  std::vector<TextId> labels;
   for (const Correction& line : Correct(formality)) labels.push_back(line.label);
-  EXPECT_EQ(labels, (std::vector<int>{119, 120, 121, 125, 126, 127, 117, 118}));
+  EXPECT_EQ(labels,
+            (std::vector{TextId::CaveWidth, TextId::CaveHeight, TextId::TotalTime, TextId::MagicWallTime,
+                         TextId::AmoebaTime, TextId::SlimePermeability, TextId::Name, TextId::Description}));
 }
 
 TEST(Formality, ReportsATextOfWhichOnlyTheFirstLetterChanged) {
   Formality formality = Good();
   formality.Description = "popis";
-  EXPECT_EQ(Correct(formality), (std::vector<Correction>{{.label = 118}}));
+  EXPECT_EQ(Correct(formality), (std::vector<Correction>{{.label = TextId::Description}}));
   EXPECT_EQ(formality.Description, "Popis");
 }
 
@@ -154,13 +156,13 @@ TEST(Formality, NamesThePropertyThatAFileHasNoRoomFor) {
   cave.GemsNeeded = 1909;
   EXPECT_EQ(LabelWithoutRoom(cave), std::nullopt);
   cave.GemsNeeded = 1910;
-  EXPECT_EQ(LabelWithoutRoom(cave), 122);
+  EXPECT_EQ(LabelWithoutRoom(cave), TextId::GemsNeeded);
   cave.Time = 1910;
-  EXPECT_EQ(LabelWithoutRoom(cave), 121);
+  EXPECT_EQ(LabelWithoutRoom(cave), TextId::TotalTime);
   cave.Description += 'x';
-  EXPECT_EQ(LabelWithoutRoom(cave), 118);
+  EXPECT_EQ(LabelWithoutRoom(cave), TextId::Description);
   cave.Name += 'x';
-  EXPECT_EQ(LabelWithoutRoom(cave), 117);
+  EXPECT_EQ(LabelWithoutRoom(cave), TextId::Name);
 }
 
 // 30 x 20 x 5 / 22 is 136.4: 137 cells. In 60 s the amoeba gains 18 cells, the other 118 take 0.4 s each.

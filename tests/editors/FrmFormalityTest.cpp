@@ -235,7 +235,8 @@ TEST_F(FrmFormalityTest, WarnsInLinesOfTheirOwn) {
     InDialogNamed box("", [&said](QWidget& it) {
       if (auto* const text = it.findChild<QLabel*>("lblText")) said = text->text();
     });
-    FrmFormality::Warn(skin, window.get(), {{.label = 119, .limit = 5}, {.label = 117}});
+    FrmFormality::Warn(skin, window.get(),
+                       {{.label = TextId::CaveWidth, .limit = 5}, {.label = TextId::Name}});
   }
   EXPECT_EQ(said, "\nTyto údaje byly opraveny:\nŠířka komnaty = 5\nNázev");
 }

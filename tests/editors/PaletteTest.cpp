@@ -97,8 +97,9 @@ TEST_F(PaletteTest, NamesEachTileByItsPlaceInTheLanguage) {
     int place = 10;
     for (int palette = 0; palette < kPaletteEnd; ++palette) {
       if (palette == kPaletteGap || palette == kDogTool) continue;
-      ASSERT_FALSE(skin.Text(place).isEmpty());
-      EXPECT_EQ(TooltipOf(palette), skin.Text(place++)) << palette;
+      const QString name = skin.Text(static_cast<TextId>(place++));
+      ASSERT_FALSE(name.isEmpty());
+      EXPECT_EQ(TooltipOf(palette), name) << palette;
     }
     EXPECT_EQ(place, 43);
   }

@@ -39,7 +39,7 @@ CaveRecord AnyCave(Chance& chance) {
   return cave;
 }
 
-bool IsTold(const std::vector<Correction>& report, int label) {
+bool IsTold(const std::vector<Correction>& report, TextId label) {
   return std::any_of(report.begin(), report.end(),
                      [label](const Correction& line) { return line.label == label; });
 }
@@ -51,11 +51,11 @@ void ExpectOnlyTold(const CaveRecord& before, const CaveRecord& after,
   for (const NumberRow& row : kNumberRows) {
     EXPECT_EQ(was.Number(row.number) != is.Number(row.number), IsTold(report, row.label)) << row.control;
   }
-  EXPECT_EQ(before.Name != after.Name, IsTold(report, kLabelOfName));
-  EXPECT_EQ(before.Description != after.Description, IsTold(report, kLabelOfDescription));
-  EXPECT_EQ(before.Colouring != after.Colouring, IsTold(report, kLabelOfColouring));
+  EXPECT_EQ(before.Name != after.Name, IsTold(report, TextId::Name));
+  EXPECT_EQ(before.Description != after.Description, IsTold(report, TextId::Description));
+  EXPECT_EQ(before.Colouring != after.Colouring, IsTold(report, TextId::Colouring));
   EXPECT_EQ(before.Script, after.Script);
-  if (IsTold(report, kLabelOfDog)) return;
+  if (IsTold(report, TextId::Dog)) return;
   for (std::size_t x = 0; x < std::min(before.Width, after.Width); ++x) {
     for (std::size_t y = 0; y < std::min(before.Height, after.Height); ++y) {
       EXPECT_EQ(before.Cells[x][y], after.Cells[x][y]);

@@ -137,6 +137,61 @@ markup src/editors/Cave.cpp '  setWindowTitle(name);' SetTitle
 markup src/screens/Start.cpp '  path = QFileDialog::getOpenFileName(this);' AskForFile
 expect "no sources" 2 "there is no src" "$here/markup.sh" "$scratch"
 
+captions_tree() {
+  sound_tree
+  mkdir -p "$tree"/{skins/{Default,English}/Menu,docs,help/en}
+  printf 'constexpr StartWords kYes{"caption.dialog.yes"};\nskin.Caption("caption.loading");\n' >"$tree/src/screens/Words.h"
+  for skin in Default English; do
+    printf 'start:\nclose.left=1\ncaption:\ndialog.yes=Ano\nloading=A=B\nhelp:\nfolder=en\n' >"$tree/skins/$skin/Menu/skindata.txt"
+  done
+  printf '### Keys\n| `other` |\n### caption:\n\n| Keys | What for |\n| `loading`, `dialog.yes` | not `this` |\n' >"$tree/docs/skins.md"
+  for page in help/vzhledy.html help/en/vzhledy.html; do
+    printf '<tr><td><code>other</code></td></tr>\n<h2 id="captions">W</h2>\n<tr><td><code>loading</code>, <code>dialog.yes</code></td><td><code>this</code></td></tr>\n' >"$tree/$page"
+  done
+}
+
+# captions FILE WHAT COMMAND...: after this change to the sound tree the fault is found in the file.
+captions() {
+  captions_tree
+  (cd "$tree" && "${@:3}")
+  expect "captions after ${*:3}" 1 "$1: $2" "$here/captions.sh" "$tree"
+}
+
+captions_tree
+expect "captions in their places" 0 "" "$here/captions.sh" "$tree"
+for skin in Default English; do
+  captions "skins/$skin/Menu/skindata.txt" 'loading is missing' sed -i '/^loading/d' "skins/$skin/Menu/skindata.txt"
+  captions "skins/$skin/Menu/skindata.txt" 'loading is there twice' sed -i 's/^loading.*/&\n&/' "skins/$skin/Menu/skindata.txt"
+  captions "skins/$skin/Menu/skindata.txt" 'nobody asks for old' sed -i 's/^loading.*/&\nold=x/' "skins/$skin/Menu/skindata.txt"
+  captions "skins/$skin/Menu/skindata.txt" 'loading is missing' sed -i 's/^caption:/words:/' "skins/$skin/Menu/skindata.txt"
+done
+captions docs/skins.md 'dialog.yes is missing' sed -i 's/, `dialog.yes`//' docs/skins.md
+captions docs/skins.md 'nobody asks for old' sed -i 's/`loading`/&, `old`/' docs/skins.md
+for page in help/vzhledy.html help/en/vzhledy.html; do
+  captions "$page" 'dialog.yes is missing' sed -i 's/, <code>dialog.yes<.code>//' "$page"
+  captions "$page" 'nobody asks for old' sed -i 's/<code>loading/<code>old<\/code>&/' "$page"
+done
+captions src 'the key caption.dialog. is put together' sed -i 's/"caption.dialog.yes"/std::string("caption.dialog.") + name/' src/screens/Words.h
+captions skins/English/Menu/skindata.txt 'dialog.no is missing' sed -i 's/"caption.dialog.yes"/& "caption.dialog.no"/' src/screens/Words.h
+expect "no captions" 2 "nobody asks for a caption" "$here/captions.sh" "$scratch"
+
+# czech FILE LINE: this one line more in the sound tree is found, with its place.
+czech() {
+  sound_tree
+  printf '%s\n' "$2" >>"$tree/$1"
+  expect "$1 with $2" 1 "$1:$(wc -l <"$tree/$1"): " "$here/czech.sh" "$tree"
+}
+
+sound_tree
+printf 'constexpr auto kWords = "Složku nelze vytvořit.";\n' >"$tree/src/app/HeadlessWords.cpp"
+printf '%s\n' '// "žluťoučký" kůň' 'Say("Zorík"); // kůň' 'Say("http://x"); // "kůň"' "Say('\"'); // ůň" 'Say("„?1?“ × 2 …");' >"$tree/src/screens/Other.cpp"
+expect "Czech in its places" 0 "" "$here/czech.sh" "$tree"
+czech src/screens/Other.cpp 'Say("Složka");'
+czech src/screens/Other.cpp 'Say("http://x/ů");'
+czech src/core/Hra.h 'Say("a \" b", "ň"); // c'
+czech src/app/Main.cpp 'Say("Zorík už běží");'
+expect "no sources" 2 "there is no src" "$here/czech.sh" "$scratch"
+
 compile() { "$cxx" -x c++ - "$@"; }
 cd "$scratch"
 compile -shared -fPIC -o libSDL2-sample.so <<<'int sample() { return 0; }'

@@ -257,11 +257,11 @@ TEST(AmoebaEnd, TheEnclosingSoundWaitsForTheEndOfTheClosingScan) {
   Hra hra = Play({"1WWWW", "WAWWS", "WWWWW"}, {}, &diary);
   diary.Clear();
   int cells = 0;
-  EXPECT_EQ(SettleAmoeba(hra, {1, 1}, cells), 12);
+  EXPECT_EQ(SettleAmoeba(hra, {1, 1}, cells), SoundId::AmoebaEnclosed);
   EXPECT_EQ(cells, 1);
   EXPECT_FALSE(diary.Has("sound 12"));
   Put(hra, 1, 1, 'A');
-  EXPECT_EQ(ClosingScan(hra), 12);
+  EXPECT_EQ(ClosingScan(hra), SoundId::AmoebaEnclosed);
   EXPECT_FALSE(diary.Has("sound 12"));
 }
 
@@ -328,7 +328,7 @@ TEST(AmoebaEnd, EnclosedAndTooBigInOneScanGoesGemThenBoulderAndRaisesFThenE) {
   EXPECT_EQ(diary.Count("cell 5,0"), 3);  // as amoeba, as gem, as boulder
   EXPECT_EQ(hra.CatPC, 5);
   EXPECT_EQ(hra.AmoebaState, kAmoebaTooBig);
-  EXPECT_EQ(SoundsOf(diary), (std::vector<int>{15}));
+  EXPECT_EQ(SoundsOf(diary), (std::vector<SoundId>{SoundId::AmoebaDead}));
 }
 
 TEST(AmoebaEnd, FIsRaisedAlsoWhenEFollowsInTheSameScan) {

@@ -8,7 +8,7 @@
 namespace zorik::test {
 namespace {
 
-using Sounds = std::vector<int>;
+using Sounds = std::vector<SoundId>;
 
 const std::string kStands = "*A/Z";
 const std::string kStepRight = "*A-B/Z";
@@ -346,7 +346,7 @@ TEST(Cat, PushesABoxOrABombIntoAFreeCellWithAnyDraw) {
         EXPECT_EQ(hra.Field(box), kCat);
         EXPECT_EQ(hra.FieldState(box), kFlat);
         EXPECT_EQ(hra.Field({2, 2}), kSpace);
-        EXPECT_EQ(SoundsOf(diary), Sounds{6});
+        EXPECT_EQ(SoundsOf(diary), Sounds{SoundId::BoxPush});
         const Cell pushed = box + way.way;
         EXPECT_TRUE(diary.Has("cell " + std::to_string(pushed.x()) + "," + std::to_string(pushed.y())));
       }
@@ -369,7 +369,7 @@ TEST(Cat, ChangesPlacesWithABlockedBoxInOneDrawOfFour) {
       EXPECT_EQ(CatCell(hra), Cell(chance == 1 ? 1 : 0, 0));
       EXPECT_EQ(hra.Field(CatCell(hra)), kCat);
       EXPECT_EQ(hra.FieldState(CatCell(hra)), kFlat);
-      EXPECT_EQ(SoundsOf(diary), chance == 1 ? (Sounds{6, 6}) : Sounds{});
+      EXPECT_EQ(SoundsOf(diary), chance == 1 ? (Sounds{SoundId::BoxPush, SoundId::BoxPush}) : Sounds{});
       EXPECT_EQ(diary.Count("cell 0,0"), 1);  // as the box in it, or as the cat that stayed
     }
   }
@@ -414,7 +414,7 @@ TEST(Cat, PushesARestingBoulderSidewaysInOneDrawOfFour) {
     diary.Clear();
     LetAct(right, {chance});
     EXPECT_EQ(Drawn(right), chance == 1 ? (Picture{".JR"}) : (Picture{"JR."}));
-    EXPECT_EQ(SoundsOf(diary), chance == 1 ? Sounds{4} : Sounds{});
+    EXPECT_EQ(SoundsOf(diary), chance == 1 ? Sounds{SoundId::BoulderPush} : Sounds{});
     EXPECT_EQ(diary.Has("cell 2,0"), chance == 1);
     Hra left = Play({".RJ"}, {.script = "*A-A"});
     LetAct(left, {chance});

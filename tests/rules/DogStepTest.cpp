@@ -8,7 +8,7 @@
 namespace zorik::test {
 namespace {
 
-using Sounds = std::vector<int>;
+using Sounds = std::vector<SoundId>;
 
 constexpr std::array<int, 4> kDirections{kKeyLeft, kKeyUp, kKeyRight, kKeyDown};
 
@@ -213,7 +213,7 @@ TEST(DogStep, DigsDirtWithASoundAlsoAtArmsLength) {
     diary.Clear();
     StepDog(hra, kKeyRight, 2, action);
     EXPECT_EQ(Drawn(hra), action == 0 ? (Picture{".1"}) : (Picture{"1."}));
-    EXPECT_EQ(SoundsOf(diary), Sounds{0});
+    EXPECT_EQ(SoundsOf(diary), Sounds{SoundId::Dirt});
   }
 }
 
@@ -232,7 +232,7 @@ TEST(DogStep, CollectsAGemAlsoAtArmsLengthWhereTheDogStaysInItsCell) {
     EXPECT_EQ(hra.GemsCollected, 5);
     EXPECT_EQ(hra.Score, 107);
     EXPECT_EQ(diary.Count("gems 5"), 1);
-    EXPECT_EQ(SoundsOf(diary), Sounds{2});
+    EXPECT_EQ(SoundsOf(diary), Sounds{SoundId::CollectGem});
     EXPECT_TRUE(diary.Has("cell 1,0"));
   }
 }
@@ -277,7 +277,7 @@ TEST(DogStep, WalkingIntoALivingDogChangesToItInOneStepOfFour) {
       EXPECT_EQ(hra.ActiveDog, chance == 1 ? 2 : 1);
       // The change ends the step: the new dog faces us, and the old one does not turn.
       EXPECT_EQ(hra.DogPose, chance == 1 ? 0 : kKeyRight);
-      EXPECT_EQ(SoundsOf(diary), chance == 1 ? Sounds{7} : Sounds{});
+      EXPECT_EQ(SoundsOf(diary), chance == 1 ? Sounds{SoundId::Dog} : Sounds{});
       EXPECT_EQ(diary.Has("dog 2 0"), chance == 1);
     }
   }

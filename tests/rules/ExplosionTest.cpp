@@ -5,7 +5,7 @@
 namespace zorik::test {
 namespace {
 
-using Sounds = std::vector<int>;
+using Sounds = std::vector<SoundId>;
 
 // Lets the explosion scan of so many ticks run.
 void BurnOn(Hra& hra, int ticks) {
@@ -24,7 +24,7 @@ TEST(Explosion, FillsTheBlockOfThreeByThreeAroundItsCentreWithOneSound) {
                             ".xxx.",
                             ".....",
                         }));
-  EXPECT_EQ(SoundsOf(diary), Sounds{5});
+  EXPECT_EQ(SoundsOf(diary), Sounds{SoundId::Explosion});
   EXPECT_EQ(diary.entries.front(), "sound 5");
   EXPECT_EQ(diary.Count("cell*"), 9);
 }

@@ -5,7 +5,7 @@
 namespace zorik::test {
 namespace {
 
-using Sounds = std::vector<int>;
+using Sounds = std::vector<SoundId>;
 
 // Objects of state 0, so nothing rolls off them.
 constexpr std::string_view kFlatThings = ";W1TMAIEVSLFUCNGJ:";
@@ -197,7 +197,7 @@ TEST(Gravity, AFallingObjectThatLandsOnSomethingRoundedSoundsAndRollsOnInTheSame
     NewGravitace(hra, {1, 0});
     EXPECT_EQ(Drawn(hra), scene.after);
     // The sound of a gem: it is still in its cell when it strikes.
-    EXPECT_EQ(SoundsOf(diary), Sounds{1});
+    EXPECT_EQ(SoundsOf(diary), Sounds{SoundId::FallGem});
   }
 }
 
@@ -212,7 +212,7 @@ TEST(Gravity, AFallingObjectThatLandsOnSomethingFlatComesToRestAndNeverRolls) {
     EXPECT_EQ(hra.Field({1, 0}), kBoulder);
     EXPECT_EQ(hra.FieldState({1, 0}), kResting);
     EXPECT_FALSE(hra.FieldMoved({1, 0}));
-    EXPECT_EQ(SoundsOf(diary), Sounds{3});
+    EXPECT_EQ(SoundsOf(diary), Sounds{SoundId::Boulder});
   }
 }
 
@@ -268,13 +268,13 @@ TEST(Gravity, EachLandingOnTheWayDownASlopeSounds) {
   Pass(hra, 2);
   EXPECT_EQ(SoundsOf(diary), Sounds{});
   Pass(hra);  // off the second brick
-  EXPECT_EQ(SoundsOf(diary), Sounds{3});
+  EXPECT_EQ(SoundsOf(diary), Sounds{SoundId::Boulder});
   Pass(hra);
-  EXPECT_EQ(SoundsOf(diary), Sounds{3});
+  EXPECT_EQ(SoundsOf(diary), Sounds{SoundId::Boulder});
   Pass(hra);  // on steel
-  EXPECT_EQ(SoundsOf(diary), (Sounds{3, 3}));
+  EXPECT_EQ(SoundsOf(diary), (Sounds{SoundId::Boulder, SoundId::Boulder}));
   Pass(hra, 3);
-  EXPECT_EQ(SoundsOf(diary), (Sounds{3, 3}));
+  EXPECT_EQ(SoundsOf(diary), (Sounds{SoundId::Boulder, SoundId::Boulder}));
   EXPECT_EQ(Drawn(hra), (Picture{
                             "W...W",
                             "WX..W",
@@ -323,7 +323,7 @@ TEST(Gravity, AnObjectThatFallsIntoTheMouthOfASplitterLandsFirst) {
   diary.Clear();
   NewGravitace(hra, {1, 0});
   EXPECT_EQ(Drawn(hra), (Picture{"...", "WEW", "r.r"}));
-  EXPECT_EQ(SoundsOf(diary), Sounds{3});
+  EXPECT_EQ(SoundsOf(diary), Sounds{SoundId::Boulder});
 }
 
 TEST(Gravity, AnObjectAtRestGoesThroughTheSplitterWithoutASound) {

@@ -5,7 +5,7 @@
 namespace zorik::test {
 namespace {
 
-using Sounds = std::vector<int>;
+using Sounds = std::vector<SoundId>;
 
 // Lets the thing with the letter of its own in the middle of a hall be struck by another.
 struct Struck {
@@ -29,7 +29,7 @@ TEST(Impact, KillsEveryMonsterTheDogTheFleaAndTheCatWithAnExplosionOfTheThingTha
     Struck scene('R', hit);
     EXPECT_EQ(Drawn(scene.hra), (Picture{"...", "xxx", "xxx", "xxx"}));
     EXPECT_EQ(scene.hra.FieldMark({1, 2}), mark);
-    EXPECT_EQ(SoundsOf(scene.diary), Sounds{5});  // and none of a landing
+    EXPECT_EQ(SoundsOf(scene.diary), Sounds{SoundId::Explosion});  // and none of a landing
   }
 }
 
@@ -78,20 +78,20 @@ TEST(Impact, ABombThatWasStruckGoesOffInTheNextObjectScanOnly) {
   EXPECT_EQ(SoundsOf(diary), Sounds{});
   Pass(hra);
   EXPECT_EQ(Drawn(hra), (Picture{"...", "xxx", "xxx", "xxx"}));
-  EXPECT_EQ(SoundsOf(diary), Sounds{5});
+  EXPECT_EQ(SoundsOf(diary), Sounds{SoundId::Explosion});
 }
 
 TEST(Impact, ABoxStopsAFallWithoutHarm) {
   Struck scene('R', 'K');
   EXPECT_EQ(Drawn(scene.hra), (Picture{"...", ".r.", ".K.", "..."}));
   EXPECT_EQ(scene.hra.FieldState({1, 2}), kRounded);
-  EXPECT_EQ(SoundsOf(scene.diary), Sounds{3});
+  EXPECT_EQ(SoundsOf(scene.diary), Sounds{SoundId::Boulder});
 }
 
 TEST(Impact, AMagicWallGivesTheSoundOfAGemWhateverFell) {
   for (const char falling : std::string_view("RD!@#$")) {
     SCOPED_TRACE(falling);
-    EXPECT_EQ(SoundsOf(Struck(falling, 'M').diary), Sounds{1});
+    EXPECT_EQ(SoundsOf(Struck(falling, 'M').diary), Sounds{SoundId::FallGem});
   }
 }
 
@@ -101,7 +101,7 @@ TEST(Impact, TheEmptiedCellOverAMagicWallSoundsLikeAGemThoughABoulderFell) {
   hra.MagicState = kMagicRunning;
   diary.Clear();
   NewGravitace(hra, {0, 0});
-  EXPECT_EQ(SoundsOf(diary), Sounds{1});
+  EXPECT_EQ(SoundsOf(diary), Sounds{SoundId::FallGem});
 }
 
 TEST(Impact, OnAllElseGemsAndKeysTinkleAndTheOthersThud) {
@@ -121,7 +121,7 @@ TEST(Impact, OnTheFrameOfTheCaveOnlySounds) {
   Hra hra = Live({"r"}, {}, &diary);
   diary.Clear();
   Dopad(hra, {0, 0});
-  EXPECT_EQ(SoundsOf(diary), Sounds{3});
+  EXPECT_EQ(SoundsOf(diary), Sounds{SoundId::Boulder});
   EXPECT_EQ(hra.Field({0, 1}), kSteel);
 }
 

@@ -5,7 +5,7 @@
 namespace zorik::test {
 namespace {
 
-using Sounds = std::vector<int>;
+using Sounds = std::vector<SoundId>;
 
 constexpr int kPlaceOfC = 5;  // in the program below: where the cat goes on when a magic wall wakes
 const std::string kCatProgram = "*A-M*B-M*C-M*D-M/Z";
@@ -22,7 +22,7 @@ TEST(MagicWall, AGemOnADormantMagicWallWakesItAndComesOutTwoCellsBelowAsAFalling
   EXPECT_EQ(hra.MagicStart, 37);
   EXPECT_EQ(hra.CatPC, kPlaceOfC);
   EXPECT_EQ(diary.Count("message 96 yellow"), 1);
-  EXPECT_EQ(SoundsOf(diary), (Sounds{9, 1}));
+  EXPECT_EQ(SoundsOf(diary), (Sounds{SoundId::MagicWall, SoundId::FallGem}));
   EXPECT_TRUE(diary.Has("cell 0,0"));
   EXPECT_TRUE(diary.Has("cell 0,2"));
 }
@@ -39,7 +39,7 @@ TEST(MagicWall, ARunningMagicWallWorksOnWithoutWakingAgain) {
   EXPECT_EQ(hra.MagicStart, 20);
   EXPECT_EQ(hra.CatPC, 1);
   EXPECT_EQ(diary.Count("message*"), 0);
-  EXPECT_EQ(SoundsOf(diary), Sounds{1});
+  EXPECT_EQ(SoundsOf(diary), Sounds{SoundId::FallGem});
 }
 
 TEST(MagicWall, OnAWorkingMagicWallBouldersAndGemsTurnIntoEachOtherAndAllElseIntoGems) {

@@ -6,7 +6,7 @@
 namespace zorik::test {
 namespace {
 
-using Sounds = std::vector<int>;
+using Sounds = std::vector<SoundId>;
 
 constexpr std::array<int, 4> kDirections{kKeyLeft, kKeyUp, kKeyRight, kKeyDown};
 
@@ -38,7 +38,7 @@ TEST(PushBox, ScrapesOnceAndRepaintsTheBoxInItsNewCell) {
   Hra hra = PlayBack({"1K."}, {}, {}, &diary);
   diary.Clear();
   StepDog(hra, kKeyRight, 2);
-  EXPECT_EQ(SoundsOf(diary), Sounds{6});
+  EXPECT_EQ(SoundsOf(diary), Sounds{SoundId::BoxPush});
   EXPECT_TRUE(diary.Has("cell 2,0"));
 }
 
@@ -49,7 +49,7 @@ TEST(PushBox, WorksAtArmsLength) {
   StepDog(hra, kKeyRight, 2, 1);
   EXPECT_EQ(Drawn(hra), (Picture{"1.K"}));
   EXPECT_EQ(hra.FieldState({1, 0}), kFlat);
-  EXPECT_EQ(SoundsOf(diary), Sounds{6});
+  EXPECT_EQ(SoundsOf(diary), Sounds{SoundId::BoxPush});
 }
 
 TEST(PushBox, WithAWallBehindStopsTheDogInThreeStepsOfFour) {
@@ -77,7 +77,7 @@ TEST(PushBox, WithAWallBehindChangesPlacesWithTheDogInOneStepOfFourAndDoesNotHar
     EXPECT_EQ(hra.FieldState({1, 0}), kFlat);
     EXPECT_TRUE(hra.Dog[1].Alive);
     EXPECT_EQ(hra.Dog[1].x, 1);
-    EXPECT_EQ(SoundsOf(diary), (Sounds{6, 6}));
+    EXPECT_EQ(SoundsOf(diary), (Sounds{SoundId::BoxPush, SoundId::BoxPush}));
   }
 }
 
@@ -137,7 +137,7 @@ TEST(PushBoulder, SidewaysWithOneDrawOfFourOnly) {
     diary.Clear();
     StepDog(right, kKeyRight, chance);
     EXPECT_EQ(Drawn(right), chance == 1 ? (Picture{".1R"}) : (Picture{"1R."}));
-    EXPECT_EQ(SoundsOf(diary), chance == 1 ? Sounds{4} : Sounds{});
+    EXPECT_EQ(SoundsOf(diary), chance == 1 ? Sounds{SoundId::BoulderPush} : Sounds{});
     EXPECT_EQ(diary.Has("cell 2,0"), chance == 1);
     Hra left = PlayBack({".R1"}, {});
     StepDog(left, kKeyLeft, chance);

@@ -109,7 +109,7 @@ TEST(Sensor, AtItsEndSoundsAtOnceAndIsNotRepaintedInThatTick) {
   Hra hra = Play({"1XXXX", "XXXXX", "XXGXS", "XXXXX"}, {}, &diary);
   hra.SetFieldMark(kSensorCell, 29);
   diary.Clear();
-  EXPECT_EQ(ClosingScan(hra), 0);
+  EXPECT_EQ(ClosingScan(hra), std::nullopt);
   EXPECT_EQ(diary.entries, (std::vector<std::string>{"sound 14", "cell 4,2"}));
 }
 
@@ -119,7 +119,7 @@ TEST(Sensor, IsRepaintedAtEvenCountsAndTicksAtEveryFourth) {
     Hra hra = Play(kAlone, {}, &diary);
     hra.SetFieldMark(kSensorCell, static_cast<std::uint8_t>(mark));
     diary.Clear();
-    EXPECT_EQ(ClosingScan(hra), (mark + 1) % 4 == 0 ? 11 : 0) << mark;
+    EXPECT_EQ(ClosingScan(hra), (mark + 1) % 4 == 0 ? std::optional(SoundId::Sensor) : std::nullopt) << mark;
     EXPECT_EQ(diary.Count("cell 2,2"), (mark + 1) % 2 == 0 ? 1 : 0) << mark;
     EXPECT_FALSE(diary.Has("sound*"));
   }
@@ -132,20 +132,20 @@ TEST(Sensor, SoundsOnceHoweverManyCount) {
   hra.SetFieldMark({3, 2}, 11);
   diary.Clear();
   Pass(hra);
-  EXPECT_EQ(SoundsOf(diary), (std::vector<int>{11}));
+  EXPECT_EQ(SoundsOf(diary), (std::vector<SoundId>{SoundId::Sensor}));
 }
 
 TEST(Sensor, TheLastOneThatTheScanMeetsChoosesTheSound) {
   // An enclosed amoeba before and behind a sensor that ticks.
   Hra before = Play({"1WWWW", "WWWWW", "WAWGW", "WWWWW"});
   before.SetFieldMark({3, 2}, 7);
-  EXPECT_EQ(ClosingScan(before), 11);
+  EXPECT_EQ(ClosingScan(before), SoundId::Sensor);
   Hra behind = Play({"1WWWW", "WWWWW", "WGWAW", "WWWWW"});
   behind.SetFieldMark({1, 2}, 7);
-  EXPECT_EQ(ClosingScan(behind), 12);
+  EXPECT_EQ(ClosingScan(behind), SoundId::AmoebaEnclosed);
   Hra quiet = Play({"1WWWW", "WWWWW", "WAWGW", "WWWWW"});
   quiet.SetFieldMark({3, 2}, 8);
-  EXPECT_EQ(ClosingScan(quiet), 12);
+  EXPECT_EQ(ClosingScan(quiet), SoundId::AmoebaEnclosed);
 }
 
 TEST(Sensor, WithAmoebaAllRoundThatGrewBeforeTheCaveBeganIsNotArmed) {

@@ -358,7 +358,7 @@ TEST(Teleport, WithOneDogNothingChanges) {
   Pass(hra, kCallsOfARide);
   EXPECT_EQ(hra.ActiveDog, 1);
   EXPECT_EQ(hra.Dog[1].x, 3);
-  EXPECT_EQ(SoundsOf(diary), std::vector<int>{});
+  EXPECT_EQ(SoundsOf(diary), std::vector<SoundId>{});
 }
 
 }  // namespace

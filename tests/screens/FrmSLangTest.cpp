@@ -66,7 +66,7 @@ TEST_F(FrmSLangTest, AChoiceCountsAtOnce) {
   EXPECT_EQ(Button("Command2").text(), "Zavřít");
   Combo1().setCurrentText("English");
   EXPECT_EQ(skin_.Skin().Places().Skin, "English");
-  EXPECT_EQ(skin_.Skin().Text(99), "Zorik in English");
+  EXPECT_EQ(skin_.Skin().Text(TextId::Program), "Zorik in English");
   EXPECT_EQ(Button("Command1").text(), "About the skin...");
   EXPECT_EQ(Button("Command2").text(), "Close");
   EXPECT_EQ(changed.count(), 1);
@@ -85,7 +85,7 @@ TEST_F(FrmSLangTest, ASkinWithoutFilesFallsBackWithoutAWord) {
   const DialogScript script = {};
   Combo1().setCurrentText("Prazdny");
   QTest::qWait(20);
-  EXPECT_EQ(skin_.Skin().Text(99), "Zorík");
+  EXPECT_EQ(skin_.Skin().Text(TextId::Program), "Zorík");
   EXPECT_EQ(FindSett().Skin, "Prazdny");
 }
 
@@ -125,7 +125,7 @@ TEST_F(FrmSLangTest, ASkinThatCannotBeWornIsToldAndChangesNothing) {
   }
   EXPECT_EQ(changed.count(), 1);
   EXPECT_EQ(Combo1().currentText(), "English");
-  EXPECT_EQ(skin_.Skin().Text(99), "Zorik in English");
+  EXPECT_EQ(skin_.Skin().Text(TextId::Program), "Zorik in English");
   EXPECT_EQ(settings_.Skin, "English");
   EXPECT_EQ(FindSett().Skin, "English");
 }

@@ -162,7 +162,8 @@ TEST_F(HraWindowTest, HasAStripOfUnitsForSeveralDogs) {
 
 TEST_F(HraWindowTest, TellsOfManyDogsInOtherWords) {
   Open({"WWWWWWWW", "W1.2345W", "WWWWWWWW"});
-  EXPECT_EQ(window->Message().Text(), QString::fromStdString(WithNumber(skin.Words().At(91), " 5-9", 5)));
+  EXPECT_EQ(window->Message().Text(),
+            QString::fromStdString(WithNumber(skin.Words().At(TextId::ManyDogs), " 5-9", 5)));
   EXPECT_TRUE(window->Message().Text().contains(" 5"));
 }
 

@@ -257,8 +257,7 @@ TEST_F(SkinDataTest, AMissingMenuPictureIsAskedForUntilThePlayerGivesUp) {
   places_.Skin = "Mine";
   EXPECT_EQ(SkinPicPath(places_, "menu\\palm", Retry(2)), "");
   ASSERT_EQ(questions_.size(), 3U);
-  EXPECT_EQ(questions_[0],
-            "Loading skin picture '" + places_.SkinsPath + "/Mine/menu\\palm' failed. Try again?");
+  EXPECT_EQ(questions_[0], places_.SkinsPath + "/Mine/menu\\palm");
 }
 
 TEST_F(SkinDataTest, AMenuPictureThatComesMeanwhileIsFoundOnRetry) {
@@ -279,7 +278,7 @@ TEST_F(SkinDataTest, ATextFileOfTheSkinGoesBeforeTheDefaultSkins) {
 
 TEST_F(SkinDataTest, AMissingTextFileIsAskedForByItsName) {
   EXPECT_EQ(SkinDataPath(places_, "menu\\catdata", Retry(0)), "");
-  EXPECT_EQ(questions_, std::vector<std::string>{"Loading data file 'menu\\catdata' failed. Try again?"});
+  EXPECT_EQ(questions_, std::vector<std::string>{"menu\\catdata"});
 }
 
 }  // namespace

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 #include "data/Files.h"
 #include "screens/TestSkin.h"
 #include "skin/Skin.h"
@@ -40,8 +42,9 @@ class SkinTest : public testing::Test {
 
 TEST(NoSkin, HasNoTextsAndNoPictures) {
   Skin none;
-  EXPECT_EQ(none.Text(99), "");
-  EXPECT_EQ(none.Caption("settings.text", "Nastavení"), "Nastavení");
+  EXPECT_EQ(none.Text(TextId::Program), "");
+  EXPECT_EQ(none.Caption("settings.text"), "Nastavení") << "these words are in the program";
+  EXPECT_EQ(none.Said("version.text"), "");
   EXPECT_EQ(none.Colour("dialog.color", Qt::green), QColor(Qt::green));
   EXPECT_TRUE(none.Picture("dialog.ok.image").isNull());
   EXPECT_TRUE(none.MenuPicture("ok").isNull());
@@ -49,9 +52,9 @@ TEST(NoSkin, HasNoTextsAndNoPictures) {
 
 TEST_F(SkinTest, ReadsItsTextsTableAndPictures) {
   skin_.Wear();
-  EXPECT_EQ(skin_.Skin().Text(99), "99\r\n");
+  EXPECT_EQ(skin_.Skin().Text(TextId::Program), "99\r\n");
   EXPECT_EQ(skin_.Skin().Colour("dialog.color", Qt::green), QColor(0x10, 0x20, 0x30));
-  EXPECT_EQ(skin_.Skin().Caption("dialog.ok.image", "other"), "ok");
+  EXPECT_EQ(skin_.Skin().Said("dialog.ok.image"), "ok");
   EXPECT_EQ(skin_.Skin().Picture("dialog.ok.image").pixelColor(2, 2), QColor(Qt::red));
 }
 
@@ -59,8 +62,8 @@ TEST_F(SkinTest, TellsWhetherItsTextsAreComplete) {
   EXPECT_TRUE(skin_.Skin().Wear(skin_.Places()));
   skin_.File("cestina.txt", Language(199));
   EXPECT_FALSE(skin_.Skin().Wear(skin_.Places()));
-  EXPECT_EQ(skin_.Skin().Text(198), "198\r\n");
-  EXPECT_EQ(skin_.Skin().Text(199), "");
+  EXPECT_EQ(skin_.Skin().Text(TextId::CaveEditor), "198\r\n");
+  EXPECT_EQ(skin_.Skin().Text(TextId::About), "");
 }
 
 TEST_F(SkinTest, AsksOnceForAPictureThatIsNowhere) {
@@ -70,7 +73,35 @@ TEST_F(SkinTest, AsksOnceForAPictureThatIsNowhere) {
   EXPECT_TRUE(skin_.Skin().Picture("dialog.no.image").isNull());
   EXPECT_TRUE(skin_.Skin().Picture("dialog.no.image").isNull());
   ASSERT_EQ(questions_.size(), 1U);
-  EXPECT_NE(questions_.front().find("nowhere' failed. Try again?"), std::string::npos) << questions_.front();
+  EXPECT_EQ(questions_.front(), "Obrázek skinu „" + skin_.Places().SkinsPath +
+                                    "/Default/menu\\nowhere“ se nepodařilo načíst. Zkusit to znovu?");
+}
+
+TEST_F(SkinTest, AsksInItsOwnLanguage) {
+  skin_.Data(
+      "caption:\nerror.nopicture=Loading skin picture '?1?' failed. Try again?\nerror.nofile=Where is ?1?\n");
+  AnswerYes(0);
+  skin_.Wear();
+  skin_.Skin().MenuPicture("nowhere");
+  ASSERT_EQ(questions_.size(), 1U);
+  EXPECT_EQ(questions_[0], "Loading skin picture '" + skin_.Places().SkinsPath +
+                               "/Default/menu\\nowhere' failed. Try again?");
+  EXPECT_EQ(skin_.Skin().QuestionOfFile("menu\\catdata"), "Where is menu\\catdata");
+}
+
+TEST_F(SkinTest, AsksForItsLanguageFileInTheWordsOfItsTable) {
+  AnswerYes(0);
+  skin_.Data("caption:\nerror.nofile=Where is ?1?\n");
+  SkinPlaces other{skin_.Places().SkinsPath + "/../Others"};
+  skin_.Skin().Wear(other);
+  EXPECT_EQ(questions_, std::vector<std::string>{
+                            "Soubor s údaji „menu\\cestina“ se nepodařilo načíst. Zkusit to znovu?"});
+  skin_.File("../../Mine/Menu/skindata.txt", "caption:\nerror.nofile=Where is ?1?\n");
+  std::filesystem::remove(skin_.Places().SkinsPath + "/Default/Menu/cestina.txt");
+  other = skin_.Places();
+  other.Skin = "Mine";
+  skin_.Skin().Wear(other);
+  EXPECT_EQ(questions_.back(), "Where is menu\\cestina");
 }
 
 TEST_F(SkinTest, LooksAgainWhenItIsToldTo) {
@@ -193,14 +224,14 @@ TEST_F(SkinTest, StaysAsItWasWhenAnotherCannotBeWorn) {
   EXPECT_EQ(worn.flaws[0].what, "dialog.color");
   EXPECT_EQ(skin_.Skin().Places().Skin, "Default");
   EXPECT_EQ(skin_.Skin().Colour("dialog.color", Qt::green), QColor(0x10, 0x20, 0x30));
-  EXPECT_EQ(skin_.Skin().Caption("dialog.ok.image"), "ok");
-  EXPECT_EQ(skin_.Skin().Text(0), "0\r\n");
+  EXPECT_EQ(skin_.Skin().Said("dialog.ok.image"), "ok");
+  EXPECT_EQ(skin_.Skin().Text(TextId::PlayCave), "0\r\n");
 }
 
 TEST_F(SkinTest, BreaksACaptionWhereAControlDoes) {
   skin_.Data("skin.author.text=one#two\n");
   skin_.Wear();
-  EXPECT_EQ(skin_.Skin().Caption("skin.author.text"), "one\ntwo");
+  EXPECT_EQ(skin_.Skin().Said("skin.author.text"), "one\ntwo");
 }
 
 }  // namespace

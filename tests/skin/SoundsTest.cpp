@@ -26,14 +26,12 @@ using test::WaveFileOf;
 
 using Names = std::set<std::string>;
 
-enum Number {
-  kDirtSound,
-  kFallGemSound,
-  kExplosionSound = 5,
-  kMagicWallSound = 9,
-  kBackSound,
-  kAmoebaSound = 13
-};
+// All of them, in the order of their numbers.
+std::vector<SoundId> AllSounds() {
+  std::vector<SoundId> sounds;
+  for (std::size_t place = 0; place < kSoundCount; ++place) sounds.push_back(static_cast<SoundId>(place));
+  return sounds;
+}
 
 // A folder of skins.
 class SoundsTest : public testing::Test {
@@ -66,10 +64,10 @@ class SoundsSilent : public SoundsTest {
   Names Playing() const { return In(device_, State::Playing); }
 
   // How often each file is picked, an empty name standing for none; every pick is stopped again.
-  std::map<std::string, int> Picks(int number, int times) {
+  std::map<std::string, int> Picks(SoundId sound, int times) {
     std::map<std::string, int> picks;
     for (int i = 0; i < times; ++i) {
-      sounds_.PZvuk(number);
+      sounds_.PZvuk(sound);
       const Names playing = Playing();
       EXPECT_LE(playing.size(), 1U);
       ++picks[playing.empty() ? "" : *playing.begin()];
@@ -90,10 +88,10 @@ class SoundsHeard : public SoundsTest {
 
 TEST_F(SoundsSilent, WithoutAFileHaveACountOfZeroAndStaySilent) {
   Load();
-  for (int number = 0; number < kSoundCount; ++number) {
-    EXPECT_EQ(sounds_.SoundCount(number), 0);
-    EXPECT_EQ(Picks(number, 5), (std::map<std::string, int>{{"", 5}}));
-    sounds_.PZvukStop(number);
+  for (const SoundId sound : AllSounds()) {
+    EXPECT_EQ(sounds_.SoundCount(sound), 0);
+    EXPECT_EQ(Picks(sound, 5), (std::map<std::string, int>{{"", 5}}));
+    sounds_.PZvukStop(sound);
   }
 }
 
@@ -104,7 +102,7 @@ TEST_F(SoundsSilent, WithTwoFilesInTheSkinLeaveTheDefaultsAlone) {
   Wave("Default/Sound/dirt.wav");
   Wave("Default/Sound/dirt3.wav");
   Load();
-  EXPECT_EQ(sounds_.SoundCount(kDirtSound), 2);
+  EXPECT_EQ(sounds_.SoundCount(SoundId::Dirt), 2);
   EXPECT_EQ(Loaded(), (Names{"Mine/Sound/dirt.wav", "Mine/Sound/dirt2.wav"}));
 }
 
@@ -112,7 +110,7 @@ TEST_F(SoundsSilent, WithTwoFilesPlayEachAboutHalfTheTime) {
   Wave("Default/Sound/dirt.wav");
   Wave("Default/Sound/dirt2.wav");
   Load();
-  const auto picks = Picks(kDirtSound, 400);
+  const auto picks = Picks(SoundId::Dirt, 400);
   ASSERT_EQ(picks.size(), 2U);
   for (const auto& [file, times] : picks) EXPECT_NEAR(times, 200, 50) << file;
 }
@@ -123,9 +121,9 @@ TEST_F(SoundsSilent, WithASingleFileInTheSkinTakeTheDefaultsInItsPlaceAndCountOn
   Wave("Default/Sound/dirt.wav");
   Wave("Default/Sound/dirt2.wav");
   Load();
-  EXPECT_EQ(sounds_.SoundCount(kDirtSound), 3);
+  EXPECT_EQ(sounds_.SoundCount(SoundId::Dirt), 3);
   EXPECT_EQ(Loaded(), (Names{"Default/Sound/dirt.wav", "Default/Sound/dirt2.wav"}));
-  const auto picks = Picks(kDirtSound, 300);
+  const auto picks = Picks(SoundId::Dirt, 300);
   ASSERT_EQ(picks.size(), 3U);
   EXPECT_NEAR(picks.at(""), 100, 40) << "the third of three has no file";
 }
@@ -135,15 +133,15 @@ TEST_F(SoundsSilent, WithASingleLaterFileInTheSkinLoseItToTheDefaults) {
   Wave("Mine/Sound/dirt3.wav");
   Wave("Default/Sound/dirt.wav");
   Load();
-  EXPECT_EQ(sounds_.SoundCount(kDirtSound), 2);
+  EXPECT_EQ(sounds_.SoundCount(SoundId::Dirt), 2);
   EXPECT_EQ(Loaded(), (Names{"Default/Sound/dirt.wav"}));
 }
 
 TEST_F(SoundsSilent, WithASingleFileInTheDefaultSkinCountItTwiceAndAreSilentHalfTheTime) {
   Wave("Default/Sound/dirt.wav");
   Load();
-  EXPECT_EQ(sounds_.SoundCount(kDirtSound), 2);
-  const auto picks = Picks(kDirtSound, 400);
+  EXPECT_EQ(sounds_.SoundCount(SoundId::Dirt), 2);
+  const auto picks = Picks(SoundId::Dirt, 400);
   ASSERT_EQ(picks.size(), 2U);
   EXPECT_NEAR(picks.at(""), 200, 50);
 }
@@ -155,9 +153,9 @@ TEST_F(SoundsSilent, CountTenWhenNineJoinASingleOneAndTheTenthIsSilent) {
   for (int v = 2; v <= 9; ++v) Wave("Default/Sound/dirt" + std::to_string(v) + ".wav");
   Wave("Default/Sound/dirt10.wav");
   Load();
-  EXPECT_EQ(sounds_.SoundCount(kDirtSound), 10);
+  EXPECT_EQ(sounds_.SoundCount(SoundId::Dirt), 10);
   EXPECT_EQ(Loaded().size(), 9U);
-  const auto picks = Picks(kDirtSound, 500);
+  const auto picks = Picks(SoundId::Dirt, 500);
   EXPECT_EQ(picks.size(), 10U);
   EXPECT_GT(picks.at(""), 0);
 }
@@ -166,8 +164,8 @@ TEST_F(SoundsSilent, WithAGapInTheNumbersAreSilentThereAndNeverReachTheLast) {
   Wave("Default/Sound/dirt.wav");
   Wave("Default/Sound/dirt3.wav");
   Load();
-  EXPECT_EQ(sounds_.SoundCount(kDirtSound), 2);
-  const auto picks = Picks(kDirtSound, 400);
+  EXPECT_EQ(sounds_.SoundCount(SoundId::Dirt), 2);
+  const auto picks = Picks(SoundId::Dirt, 400);
   ASSERT_EQ(picks.size(), 2U);
   EXPECT_NEAR(picks.at(""), 200, 50);
   EXPECT_NEAR(picks.at("Default/Sound/dirt.wav"), 200, 50);
@@ -177,8 +175,8 @@ TEST_F(SoundsSilent, CountAMidiFileAsAVariantThatIsSilent) {
   folder_.Write("Skins/Default/Sound/dirt.mid", "MThd");
   Wave("Default/Sound/dirt2.wav");
   Load();
-  EXPECT_EQ(sounds_.SoundCount(kDirtSound), 2);
-  const auto picks = Picks(kDirtSound, 400);
+  EXPECT_EQ(sounds_.SoundCount(SoundId::Dirt), 2);
+  const auto picks = Picks(SoundId::Dirt, 400);
   ASSERT_EQ(picks.size(), 2U);
   EXPECT_NEAR(picks.at(""), 200, 50);
 }
@@ -188,7 +186,7 @@ TEST_F(SoundsSilent, TakeAWaveBeforeAMidiFileOfTheSameName) {
   Wave("Default/Sound/dirt.wav");
   Wave("Default/Sound/dirt2.wav");
   Load();
-  EXPECT_EQ(sounds_.SoundCount(kDirtSound), 2);
+  EXPECT_EQ(sounds_.SoundCount(SoundId::Dirt), 2);
   EXPECT_EQ(Loaded(), (Names{"Default/Sound/dirt.wav", "Default/Sound/dirt2.wav"}));
 }
 
@@ -196,8 +194,8 @@ TEST_F(SoundsSilent, CountABrokenFileAsAVariantThatIsSilent) {
   folder_.Write("Skins/Default/Sound/dirt.wav", "RIFF and no more");
   Wave("Default/Sound/dirt2.wav");
   Load();
-  EXPECT_EQ(sounds_.SoundCount(kDirtSound), 2);
-  EXPECT_EQ(Picks(kDirtSound, 100).size(), 2U);
+  EXPECT_EQ(sounds_.SoundCount(SoundId::Dirt), 2);
+  EXPECT_EQ(Picks(SoundId::Dirt, 100).size(), 2U);
 }
 
 TEST_F(SoundsSilent, CareForNoLetterCaseAndForNoFolderOfThatName) {
@@ -205,7 +203,7 @@ TEST_F(SoundsSilent, CareForNoLetterCaseAndForNoFolderOfThatName) {
   Wave("default/SOUND/DIRT2.wav");
   fs::create_directories(folder_.At("Skins/default/SOUND/dirt3.wav"));
   Load();
-  EXPECT_EQ(sounds_.SoundCount(kDirtSound), 2);
+  EXPECT_EQ(sounds_.SoundCount(SoundId::Dirt), 2);
   EXPECT_EQ(Loaded(), (Names{"default/SOUND/Dirt.WAV", "default/SOUND/DIRT2.wav"}));
 }
 
@@ -228,9 +226,9 @@ TEST_F(SoundsSilent, HaveTheirGivenStems) {
     Wave("Default/Sound/" + stem + "2.wav");
   }
   Load();
-  for (int number = 0; number < kSoundCount; ++number) {
-    const std::string path = "Default/Sound/" + stems[static_cast<std::size_t>(number)];
-    const auto picks = Picks(number, 30);
+  for (const SoundId sound : AllSounds()) {
+    const std::string path = "Default/Sound/" + stems[static_cast<std::size_t>(sound)];
+    const auto picks = Picks(sound, 30);
     EXPECT_EQ(picks.size(), 2U);
     EXPECT_TRUE(picks.contains(path + ".wav") && picks.contains(path + "2.wav")) << path;
   }
@@ -245,7 +243,7 @@ TEST_F(SoundsSilent, AreLoadedInTheGivenOrder) {
     Wave("Default/Sound/" + stem + "2.wav");
   }
   Load();
-  for (int handle = 0; handle < 2 * kSoundCount; ++handle) {
+  for (int handle = 0; handle < 2 * static_cast<int>(kSoundCount); ++handle) {
     const std::string& stem = order[static_cast<std::size_t>(handle / 2)];
     EXPECT_EQ(device_.FileOf(handle),
               places_.SkinsPath + "/Default/Sound/" + stem + (handle % 2 == 0 ? "" : "2") + ".wav");
@@ -257,20 +255,20 @@ TEST_F(SoundsSilent, SwitchedOffAreLoadedButDoNotPlay) {
   Wave("Default/Sound/dirt2.wav");
   sounds_.SetSound(false);
   Load();
-  EXPECT_EQ(sounds_.SoundCount(kDirtSound), 2);
-  EXPECT_EQ(Picks(kDirtSound, 20), (std::map<std::string, int>{{"", 20}}));
+  EXPECT_EQ(sounds_.SoundCount(SoundId::Dirt), 2);
+  EXPECT_EQ(Picks(SoundId::Dirt, 20), (std::map<std::string, int>{{"", 20}}));
   sounds_.SetSound(true);
-  EXPECT_EQ(Picks(kDirtSound, 20).size(), 2U);
+  EXPECT_EQ(Picks(SoundId::Dirt, 20).size(), 2U);
 }
 
 TEST_F(SoundsSilent, SwitchedOffCanStillBeStopped) {
   Wave("Default/Sound/amoeba.wav");
   Wave("Default/Sound/amoeba2.wav");
   Load();
-  sounds_.PZvuk(kAmoebaSound);
+  sounds_.PZvuk(SoundId::Amoeba);
   ASSERT_EQ(Playing().size(), 1U);
   sounds_.SetSound(false);
-  sounds_.PZvukStop(kAmoebaSound);
+  sounds_.PZvukStop(SoundId::Amoeba);
   EXPECT_EQ(Playing(), Names());
 }
 
@@ -278,14 +276,14 @@ TEST_F(SoundsSilent, ThatGoOnAndOnAreMutedByThemselves) {
   for (const char* name : {"amoeba", "amoeba2", "dirt", "dirt2"})
     Wave("Default/Sound/" + std::string(name) + ".wav");
   Load();
-  sounds_.PZvuk(kAmoebaSound);
-  sounds_.PZvuk(kDirtSound);
+  sounds_.PZvuk(SoundId::Amoeba);
+  sounds_.PZvuk(SoundId::Dirt);
   ASSERT_EQ(Playing().size(), 2U);
   sounds_.SwitchLoops(false);
   ASSERT_EQ(Playing().size(), 1U);
   EXPECT_EQ(Playing().begin()->substr(0, 18), "Default/Sound/dirt");
   sounds_.StopAll();
-  sounds_.PZvuk(kAmoebaSound);
+  sounds_.PZvuk(SoundId::Amoeba);
   EXPECT_EQ(Playing(), Names()) << "nor do they start";
 }
 
@@ -294,9 +292,9 @@ TEST_F(SoundsSilent, ThatWereMutedAreHeardAgainWhereTheyStillGoOn) {
     Wave("Default/Sound/" + std::string(name) + ".wav");
   Load();
   sounds_.SetLoops(false);
-  sounds_.PZvuk(kAmoebaSound);
-  sounds_.PZvuk(kMagicWallSound);
-  sounds_.PZvukStop(kMagicWallSound);
+  sounds_.PZvuk(SoundId::Amoeba);
+  sounds_.PZvuk(SoundId::MagicWall);
+  sounds_.PZvukStop(SoundId::MagicWall);
   sounds_.SwitchLoops(true);
   ASSERT_EQ(Playing().size(), 1U);
   EXPECT_EQ(Playing().begin()->substr(0, 20), "Default/Sound/amoeba");
@@ -308,7 +306,7 @@ TEST_F(SoundsSilent, ThatAreMutedStaySoWhenAllOthersAreSwitchedOn) {
   for (const char* name : {"amoeba", "amoeba2"}) Wave("Default/Sound/" + std::string(name) + ".wav");
   Load();
   sounds_.SetSound(false);
-  sounds_.PZvuk(kAmoebaSound);
+  sounds_.PZvuk(SoundId::Amoeba);
   sounds_.SwitchLoops(false);
   sounds_.Switch(true);
   EXPECT_EQ(Playing(), Names());
@@ -324,16 +322,16 @@ TEST_F(SoundsSilent, ThatGoOnAreHeardAgainWhenSoundIsSwitchedOn) {
     Wave("Default/Sound/" + std::string(name) + ".wav");
   sounds_.SetSound(false);
   Load();
-  sounds_.PZvuk(kAmoebaSound);
-  sounds_.PZvuk(kDirtSound);
+  sounds_.PZvuk(SoundId::Amoeba);
+  sounds_.PZvuk(SoundId::Dirt);
   ASSERT_EQ(Playing(), Names());
   sounds_.Switch(true);
   EXPECT_EQ(Playing().size(), 1U) << "a sound that is short is over";
-  sounds_.PZvuk(kMagicWallSound);
+  sounds_.PZvuk(SoundId::MagicWall);
   ASSERT_EQ(Playing().size(), 2U);
   sounds_.Switch(false);
   EXPECT_EQ(Playing(), Names());
-  sounds_.PZvukStop(kAmoebaSound);
+  sounds_.PZvukStop(SoundId::Amoeba);
   sounds_.Switch(true);
   EXPECT_EQ(Playing().size(), 1U) << "what was stopped meanwhile stays so";
   sounds_.StopAll();
@@ -346,11 +344,11 @@ TEST_F(SoundsSilent, AreStoppedInAllTheirVariantsAndNoOthers) {
   for (const char* name : {"amoeba", "amoeba2", "amoeba3", "dirt", "dirt2"})
     Wave("Default/Sound/" + std::string(name) + ".wav");
   Load();
-  for (int i = 0; i < 50; ++i) sounds_.PZvuk(kAmoebaSound);
+  for (int i = 0; i < 50; ++i) sounds_.PZvuk(SoundId::Amoeba);
   ASSERT_EQ(Playing().size(), 3U);
-  sounds_.PZvuk(kDirtSound);
+  sounds_.PZvuk(SoundId::Dirt);
   ASSERT_EQ(Playing().size(), 4U);
-  sounds_.PZvukStop(kAmoebaSound);
+  sounds_.PZvukStop(SoundId::Amoeba);
   EXPECT_EQ(Playing().size(), 1U);
   sounds_.StopAll();
   EXPECT_EQ(Playing(), Names());
@@ -360,12 +358,12 @@ TEST_F(SoundsSilent, ThatPlayGoOnWhenTheSameSkinIsLoadedAgain) {
   Wave("Default/Sound/amoeba.wav");
   Wave("Default/Sound/amoeba2.wav");
   Load();
-  sounds_.PZvuk(kAmoebaSound);
+  sounds_.PZvuk(SoundId::Amoeba);
   const Names playing = Playing();
   ASSERT_EQ(playing.size(), 1U);
   Load();
   EXPECT_EQ(Playing(), playing);
-  EXPECT_EQ(sounds_.SoundCount(kAmoebaSound), 2);
+  EXPECT_EQ(sounds_.SoundCount(SoundId::Amoeba), 2);
 }
 
 TEST_F(SoundsSilent, OfAnotherSkinReplaceThoseOfTheOld) {
@@ -375,7 +373,7 @@ TEST_F(SoundsSilent, OfAnotherSkinReplaceThoseOfTheOld) {
   }
   Wave("Default/Sound/amoeba3.wav");
   Load();
-  sounds_.PZvuk(kAmoebaSound);
+  sounds_.PZvuk(SoundId::Amoeba);
   places_.Skin = "Mine";
   Load();
   EXPECT_EQ(Playing(), Names());
@@ -388,7 +386,7 @@ TEST_F(SoundsSilent, WhoseFilesAreGoneAreForgotten) {
   Load();
   fs::remove_all(folder_.At("Skins"));
   Load();
-  EXPECT_EQ(sounds_.SoundCount(kDirtSound), 0);
+  EXPECT_EQ(sounds_.SoundCount(SoundId::Dirt), 0);
   EXPECT_EQ(Loaded(), Names());
 }
 
@@ -435,7 +433,7 @@ TEST_F(SoundsSilent, PauseTogetherAndGoOnTogether) {
   Wave("Default/Sound/amoeba.wav");
   Wave("Default/Sound/amoeba2.wav");
   Load();
-  sounds_.PZvuk(kAmoebaSound);
+  sounds_.PZvuk(SoundId::Amoeba);
   const Names playing = Playing();
   sounds_.PauseAll();
   EXPECT_EQ(In(device_, State::Paused), playing);
@@ -450,8 +448,8 @@ TEST_F(SoundsTest, WithoutAnyDriverFailInTheGivenWordsAndStaySilent) {
   const Result<Done> opened = sounds.InicializaceZvuku(places_);
   ASSERT_FALSE(opened);
   EXPECT_EQ(opened.Message(), "Unable to initialize DirectSound.");
-  sounds.PZvuk(kDirtSound);
-  sounds.PZvukStop(kDirtSound);
+  sounds.PZvuk(SoundId::Dirt);
+  sounds.PZvukStop(SoundId::Dirt);
   sounds.PauseAll();
 }
 
@@ -465,7 +463,7 @@ TEST_F(SoundsTest, OfOneSeedArePickedAlike) {
     ASSERT_TRUE(sounds.InicializaceZvuku(places_));
     runs.emplace_back();
     for (int i = 0; i < 30; ++i) {
-      sounds.PZvuk(kDirtSound);
+      sounds.PZvuk(SoundId::Dirt);
       runs.back().push_back(In(device, State::Playing));
       sounds.StopAll();
     }
@@ -483,7 +481,7 @@ TEST_F(SoundsHeard, SwitchedOffAreSilence) {
     Sounds sounds(device);
     sounds.SetSound(false);
     ASSERT_TRUE(sounds.InicializaceZvuku(places_));
-    for (int i = 0; i < 20; ++i) sounds.PZvuk(kDirtSound);
+    for (int i = 0; i < 20; ++i) sounds.PZvuk(SoundId::Dirt);
     ASSERT_TRUE(disk_.Await(3000));
   }
   heard = disk_.Heard();
@@ -492,28 +490,28 @@ TEST_F(SoundsHeard, SwitchedOffAreSilence) {
 }
 
 TEST_F(SoundsHeard, OfMagicWallAmoebaAndBackgroundLoopAndNoOther) {
-  const std::map<int, std::string> stems{{kDirtSound, "dirt"},
-                                         {kExplosionSound, "explosion"},
-                                         {kMagicWallSound, "magicwall"},
-                                         {kBackSound, "back"},
-                                         {kAmoebaSound, "amoeba"}};
-  for (const auto& [number, stem] : stems) {
+  const std::map<SoundId, std::string> stems{{SoundId::Dirt, "dirt"},
+                                             {SoundId::Explosion, "explosion"},
+                                             {SoundId::MagicWall, "magicwall"},
+                                             {SoundId::Back, "back"},
+                                             {SoundId::Amoeba, "amoeba"}};
+  for (const auto& [sound, stem] : stems) {
     const Samples steady(2 * 1000, 2000);
     Wave("Default/Sound/" + stem + ".wav", steady);
     Wave("Default/Sound/" + stem + "2.wav", steady);
   }
-  for (const auto& [number, stem] : stems) {
+  for (const auto& [sound, stem] : stems) {
     SCOPED_TRACE(stem);
     {
       DSound device;
       Sounds sounds(device);
       ASSERT_TRUE(sounds.InicializaceZvuku(places_));
-      sounds.PZvuk(number);
+      sounds.PZvuk(sound);
       ASSERT_TRUE(disk_.Await(5000));
     }
     const std::vector<int> heard = disk_.HeardLeft();
     const auto sounding = std::count(heard.begin(), heard.end(), 2000);
-    const bool loops = number == kMagicWallSound || number == kBackSound || number == kAmoebaSound;
+    const bool loops = sound == SoundId::MagicWall || sound == SoundId::Back || sound == SoundId::Amoeba;
     EXPECT_TRUE(loops ? sounding > 2500 : sounding == 1000) << sounding;
   }
 }
@@ -528,7 +526,7 @@ TEST_F(SoundsHeard, AreAsLoudAsTheVolumeSays) {
       Sounds sounds(device);
       ASSERT_TRUE(sounds.InicializaceZvuku(places_));
       sounds.SetVolume(volume);
-      sounds.PZvuk(kAmoebaSound);
+      sounds.PZvuk(SoundId::Amoeba);
       ASSERT_TRUE(disk_.Await(5000));
     }
     const std::vector<int> heard = disk_.HeardLeft();

@@ -14,47 +14,52 @@ std::string LanguageFile(int lines, const std::string& lineEnd = "\r\n") {
   return bytes;
 }
 
+// By the place, as skins know it.
+const std::string& TextAt(const Texts& texts, int place) {
+  return texts.At(static_cast<TextId>(place));
+}
+
 TEST(Texts, BeginBehindTwoLinesOfHead) {
   Texts texts;
   EXPECT_TRUE(texts.LoadTexts(LanguageFile(200)));
-  EXPECT_EQ(texts.At(0), "text 0");
-  EXPECT_EQ(texts.At(199), "text 199");
+  EXPECT_EQ(TextAt(texts, 0), "text 0");
+  EXPECT_EQ(TextAt(texts, 199), "text 199");
 }
 
 TEST(Texts, AlsoComeFromLinesThatEndInALineFeedAlone) {
   Texts texts;
   EXPECT_TRUE(texts.LoadTexts(LanguageFile(200, "\n")));
-  EXPECT_EQ(texts.At(199), "text 199");
+  EXPECT_EQ(TextAt(texts, 199), "text 199");
 }
 
 TEST(Texts, BreakTheirLinesAtANumberSign) {
   Texts texts;
   texts.LoadTexts("\n\none#two##three\n");
-  EXPECT_EQ(texts.At(0), "one\r\ntwo\r\n\r\nthree");
+  EXPECT_EQ(TextAt(texts, 0), "one\r\ntwo\r\n\r\nthree");
 }
 
 TEST(Texts, AreWindows1250UnlessTheFileIsMarkedAsUtf8) {
   Texts texts;
   texts.LoadTexts("\n\nZor\xEDk \xE8\n");
-  EXPECT_EQ(texts.At(0), "Zorík č");
+  EXPECT_EQ(TextAt(texts, 0), "Zorík č");
   texts.LoadTexts("\xEF\xBB\xBF\n\nZorík č\n");
-  EXPECT_EQ(texts.At(0), "Zorík č");
+  EXPECT_EQ(TextAt(texts, 0), "Zorík č");
 }
 
 TEST(Texts, ThatAFileLacksAreEmpty) {
   Texts texts;
   texts.LoadTexts(LanguageFile(200));
   EXPECT_FALSE(texts.LoadTexts(LanguageFile(199)));
-  EXPECT_EQ(texts.At(198), "text 198");
-  EXPECT_EQ(texts.At(199), "");
+  EXPECT_EQ(TextAt(texts, 198), "text 198");
+  EXPECT_EQ(TextAt(texts, 199), "");
   EXPECT_FALSE(texts.LoadTexts(""));
-  EXPECT_EQ(texts.At(0), "");
+  EXPECT_EQ(TextAt(texts, 0), "");
 }
 
 TEST(Texts, AreEmptyAtPlacesThatDoNotExist) {
   const Texts texts;
-  EXPECT_EQ(texts.At(-1), "");
-  EXPECT_EQ(texts.At(200), "");
+  EXPECT_EQ(TextAt(texts, -1), "");
+  EXPECT_EQ(TextAt(texts, 200), "");
 }
 
 class LanguageTest : public test::SkinFolder {};
@@ -64,10 +69,10 @@ TEST_F(LanguageTest, OfTheSkinGoesBeforeTheDefaultSkins) {
   Touch("Default/Menu/cestina.txt", LanguageFile(200));
   Texts texts;
   EXPECT_TRUE(LoadLanguage(places_, texts));
-  EXPECT_EQ(texts.At(7), "text 7");
+  EXPECT_EQ(TextAt(texts, 7), "text 7");
   Touch("Mine/Menu/cestina.txt", "\r\n\r\nmine\r\n" + LanguageFile(200));
   EXPECT_TRUE(LoadLanguage(places_, texts));
-  EXPECT_EQ(texts.At(0), "mine");
+  EXPECT_EQ(TextAt(texts, 0), "mine");
 }
 
 TEST_F(LanguageTest, ThatIsTooShortIsNotMadeUpForByTheDefaultSkins) {
@@ -76,20 +81,20 @@ TEST_F(LanguageTest, ThatIsTooShortIsNotMadeUpForByTheDefaultSkins) {
   Touch("Mine/Menu/cestina.txt", LanguageFile(3));
   Texts texts;
   EXPECT_FALSE(LoadLanguage(places_, texts));
-  EXPECT_EQ(texts.At(2), "text 2");
-  EXPECT_EQ(texts.At(3), "");
+  EXPECT_EQ(TextAt(texts, 2), "text 2");
+  EXPECT_EQ(TextAt(texts, 3), "");
 }
 
 TEST_F(LanguageTest, ThatIsMissingIsAskedForAndLeavesNoTexts) {
   Texts texts;
   texts.LoadTexts(LanguageFile(200));
   std::string asked;
-  EXPECT_FALSE(LoadLanguage(places_, texts, [&](const std::string& question) {
-    asked = question;
+  EXPECT_FALSE(LoadLanguage(places_, texts, [&](const std::string& name) {
+    asked = name;
     return false;
   }));
-  EXPECT_EQ(asked, "Loading data file 'menu\\cestina' failed. Try again?");
-  EXPECT_EQ(texts.At(0), "");
+  EXPECT_EQ(asked, "menu\\cestina");
+  EXPECT_EQ(TextAt(texts, 0), "");
 }
 
 TEST(Texts, TakeANumberWithOneBlankInFront) {
@@ -114,11 +119,11 @@ TEST(Texts, OfTheDefaultSkinAreCompleteAndInWindows1250) {
   Texts texts;
   EXPECT_TRUE(texts.LoadTexts(*bytes));
   int used = 0;
-  for (int place = 0; place < 200; ++place) used += texts.At(place).empty() ? 0 : 1;
+  for (int place = 0; place < 200; ++place) used += TextAt(texts, place).empty() ? 0 : 1;
   EXPECT_EQ(used, 147);
-  EXPECT_EQ(texts.At(0), "Hrát komnatu");
-  EXPECT_EQ(texts.At(89), "Doveď Zoríka do cíle!");
-  EXPECT_EQ(texts.At(196), "Nová malá komnata");
+  EXPECT_EQ(TextAt(texts, 0), "Hrát komnatu");
+  EXPECT_EQ(TextAt(texts, 89), "Doveď Zoríka do cíle!");
+  EXPECT_EQ(TextAt(texts, 196), "Nová malá komnata");
 }
 
 }  // namespace

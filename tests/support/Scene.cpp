@@ -150,9 +150,9 @@ void Diary::CellChanged(int x, int y) {
   Note("cell " + std::to_string(x) + "," + std::to_string(y));
 }
 
-void Diary::ShowMessage(int text, Colour colour, int dogs) {
-  Note("message " + std::to_string(text) + " " + ColourName(colour) +
-       (text == 90 || text == 91 ? " " + std::to_string(dogs) : ""));
+void Diary::ShowMessage(TextId text, Colour colour, int dogs) {
+  Note("message " + std::to_string(static_cast<int>(text)) + " " + ColourName(colour) +
+       (text == TextId::FewDogs || text == TextId::ManyDogs ? " " + std::to_string(dogs) : ""));
 }
 
 void Diary::ShowRemark(std::string_view text, Colour colour) {
@@ -225,10 +225,10 @@ void StepDog(Hra& hra, int direction, int chance, int action) {
   PohybH(hra);
 }
 
-std::vector<int> SoundsOf(const Diary& diary) {
-  std::vector<int> sounds;
+std::vector<SoundId> SoundsOf(const Diary& diary) {
+  std::vector<SoundId> sounds;
   for (const std::string& entry : diary.entries) {
-    if (entry.starts_with("sound ")) sounds.push_back(std::stoi(entry.substr(6)));
+    if (entry.starts_with("sound ")) sounds.push_back(static_cast<SoundId>(std::stoi(entry.substr(6))));
   }
   return sounds;
 }

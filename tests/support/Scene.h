@@ -76,11 +76,11 @@ class Diary : public Stage {
  public:
   void CaveOpens() override { Note("opens"); }
   void CellChanged(int x, int y) override;
-  void PZvuk(int n) override { Note("sound " + std::to_string(n)); }
-  void PZvukStop(int n) override { Note("stop " + std::to_string(n)); }
+  void PZvuk(SoundId sound) override { Note("sound " + std::to_string(static_cast<int>(sound))); }
+  void PZvukStop(SoundId sound) override { Note("stop " + std::to_string(static_cast<int>(sound))); }
   void StopSounds() override { Note("stopall"); }
   void PZvukTime(int seconds) override { Note("time " + std::to_string(seconds)); }
-  void ShowMessage(int text, Colour colour, int dogs) override;
+  void ShowMessage(TextId text, Colour colour, int dogs) override;
   void ShowRemark(std::string_view text, Colour colour) override;
   void Label(LabelId label, int value) override;
   void DrawDogN(int n, int state) override;
@@ -110,7 +110,7 @@ Hra Live(const Picture& picture, const Numbers& numbers = {}, Stage* stage = nul
 void StepDog(Hra& hra, int direction, int chance, int action = 0);
 
 // The numbers of the sounds in a diary, in their order.
-std::vector<int> SoundsOf(const Diary& diary);
+std::vector<SoundId> SoundsOf(const Diary& diary);
 
 // Lets chance answer what the test says, one outcome for each draw, when a rule is called by itself.
 void Foretell(Hra& hra, std::initializer_list<int> outcomes);

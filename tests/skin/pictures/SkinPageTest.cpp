@@ -74,6 +74,13 @@ std::set<std::string> KeysOfThePage() {
         EXPECT_TRUE(keys.insert(name + "." + ending).second) << name << "." << ending;
     }
   }
+  for (const std::string& line : Part("### caption:")) {
+    if (!line.starts_with("| `")) continue;
+    const std::vector<std::string> cells = Cells(line);
+    EXPECT_FALSE(cells[1].empty()) << line;
+    for (const std::string& name : Words(cells[0]))
+      EXPECT_TRUE(keys.insert("caption." + name).second) << name;
+  }
   return keys;
 }
 
@@ -158,13 +165,13 @@ TEST_F(ExampleSkin, ChangesColoursWordsAndAButton) {
   plain.Wear({ZORIK_SKINS});
   skin_.Wear(places_);
   EXPECT_EQ(skin_.Colour("dialog.color"), QColor(0x40, 0x10, 0x18));
-  EXPECT_EQ(skin_.Caption("version.text"), "Zorík 2\nv granátovém");
+  EXPECT_EQ(skin_.Said("version.text"), "Zorík 2\nv granátovém");
   EXPECT_EQ(skin_.Caption("caption.loading"), "Vydrž...");
   EXPECT_NE(skin_.Picture("dialog.ok.image"), plain.Picture("dialog.ok.image"));
   EXPECT_EQ(skin_.Picture("dialog.ok.image").size(), QSize(240, 32));
   EXPECT_EQ(skin_.Picture("dialog.yes.image"), plain.Picture("dialog.yes.image"))
       << "what it lacks is Default's";
-  EXPECT_EQ(skin_.Text(99), plain.Text(99));
+  EXPECT_EQ(skin_.Text(TextId::Program), plain.Text(TextId::Program));
 }
 
 TEST_F(ExampleSkin, ChangesATileInAllSchemesAndOneInHotCaves) {
