@@ -313,7 +313,8 @@ TEST_F(SkinFiles, HoldTheSamePlacesOfTheLanguageTableInBothLanguages) {
     ASSERT_TRUE(texts->LoadTexts(*ReadWhole(ZORIK_SKINS "/" + path)));
   }
   for (int place = 0; place < 200; ++place)
-    EXPECT_EQ(czech.At(place).empty(), english.At(place).empty()) << place;
+    EXPECT_EQ(czech.At(static_cast<TextId>(place)).empty(), english.At(static_cast<TextId>(place)).empty())
+        << place;
 }
 
 TEST_F(SkinFiles, HoldTheSameGapsForNamesAndNumbersInBothLanguages) {
@@ -322,8 +323,8 @@ TEST_F(SkinFiles, HoldTheSameGapsForNamesAndNumbersInBothLanguages) {
   ASSERT_TRUE(english.LoadTexts(*ReadWhole(ZORIK_SKINS "/English/Menu/cestina.txt")));
   for (int place = 0; place < 200; ++place) {
     for (const char* gap : {"?1?", "?2?", " 2-4", " 5-9", "$P"}) {
-      EXPECT_EQ(czech.At(place).find(gap) == std::string::npos,
-                english.At(place).find(gap) == std::string::npos)
+      EXPECT_EQ(czech.At(static_cast<TextId>(place)).find(gap) == std::string::npos,
+                english.At(static_cast<TextId>(place)).find(gap) == std::string::npos)
           << place << gap;
     }
   }
