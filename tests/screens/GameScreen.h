@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QSet>
 #include <QTest>
+#include <QTimer>
 #include <functional>
 #include <memory>
 
@@ -20,8 +21,18 @@ namespace zorik::test {
 
 inline constexpr int kPatience = 20000;  // milliseconds
 
+// A box that opens meanwhile, and that nobody answers, would hold a wait for ever: it is closed when the time
+// is up.
 template <class Condition>
 bool Wait(Condition condition) {
+  QTimer late;
+  late.callOnTimeout([] {
+    QWidget* const box = QApplication::activeModalWidget();
+    if (box == nullptr) return;
+    ADD_FAILURE() << "a box that nobody answers: " << box->windowTitle().toStdString();
+    box->close();
+  });
+  late.start(kPatience);
   return QTest::qWaitFor(condition, kPatience);
 }
 
