@@ -6,7 +6,7 @@
 #include <deque>
 #include <functional>
 
-#include "app/Welcome.h"
+#include "flow/Welcome.h"
 #include "screens/WaitSign.h"
 
 namespace zorik {

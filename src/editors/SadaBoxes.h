@@ -5,7 +5,7 @@
 #include <QWidget>
 #include <array>
 
-#include "editors/SadaModel.h"
+#include "flow/SadaModel.h"
 
 class QLabel;
 
