@@ -262,16 +262,22 @@ void Game::StoreAgain() {
 // What comes from outside
 
 OutsideScreens Game::ScreensForFiles() {
-  const auto ask = [this](const QString& path) {
+  const auto ask = [this](QWidget* window, const QString& path, const StartWords& question) {
+    return Ask(skin_, window, skin_.Text(99),
+               ShownPath(QFileInfo(path).fileName()) + "\n" + question.In(skin_));
+  };
+  const auto askToEndRun = [this, ask](const QString& path) {
     bool yes = false;
     ShowUp();
-    hra_.WithDialog([&] {
-      yes = Ask(skin_, &hra_, skin_.Text(99),
-                ShownPath(QFileInfo(path).fileName()) + "\n" + kEndRunWords.In(skin_));
-    });
+    hra_.WithDialog([&] { yes = ask(&hra_, path, kEndRunWords); });
     return yes;
   };
-  return {[this] { return WhatShows(); }, ask, [this](const QString& path) { OpenFromOutside(path); }};
+  const auto askToOpen = [this, ask](const QString& path) {
+    QWidget* const here = frmPoSt_.isVisible() ? static_cast<QWidget*>(&frmPoSt_) : &frmStart2_;
+    return ask(here, path, kOpenNowWords);
+  };
+  return {[this] { return WhatShows(); }, askToEndRun, askToOpen,
+          [this](const QString& path) { OpenFromOutside(path); }};
 }
 
 OnScreen Game::WhatShows() const {

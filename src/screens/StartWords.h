@@ -89,7 +89,10 @@ inline constexpr StartWords kOtherCaveWords{"caption.record.other",
 // Of files from outside.
 inline constexpr StartWords kWaitsWords{"caption.outside.waits", "Tento soubor počká, až tu skončíš."};
 inline constexpr StartWords kEndRunWords{"caption.outside.endrun",
-                                         "Tento soubor přišel zvenčí. Ukončit hru a otevřít ho?"};
+                                         "Tento soubor přišel zvenčí. Ukončit hru a otevřít ho? "
+                                         "Jinak počká, až hra skončí."};
+inline constexpr StartWords kOpenNowWords{"caption.outside.open",
+                                          "Tento soubor čekal, až hra skončí. Otevřít ho?"};
 
 // Of the box that asks for a file.
 inline constexpr StartWords kLookInWords{"caption.file.folder", "Složka:"};

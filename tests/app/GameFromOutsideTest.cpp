@@ -20,6 +20,10 @@ class GameFromOutside : public GameEditors {
     return Screen<FrmPoSt>()->findChild<SkinLabel*>("Label4")->Text() == collection;
   }
   static bool BetaIsOpen() { return Shows<FrmPoSt>() && IsOpen("Beta"); }
+  // What is asked after a run about a file that has waited for its end.
+  static QString OfferOf(const QString& file) {
+    return file + "\nTento soubor čekal, až hra skončí. Otevřít ho?";
+  }
 
   static QWidget* Sign() {
     for (QWidget* const widget : QApplication::topLevelWidgets()) {
@@ -76,7 +80,11 @@ TEST_F(GameFromOutside, ACollectionWaitsForTheEndOfARunThatThePlayerGoesOnWith) 
   PlayCave();
   Beta();
   {
-    const DialogScript script = {test::Press(Qt::Key_N)};
+    const DialogScript script = {[](QWidget& box) {
+      EXPECT_TRUE(
+          box.findChild<QLabel*>("lblText")->text().simplified().endsWith("Jinak počká, až hra skončí."));
+      QTest::keyClick(&box, Qt::Key_N);
+    }};
     ASSERT_TRUE(HandOverMeanwhile("Caves/b.zk"));
     QTest::qWait(600);
   }
@@ -85,9 +93,35 @@ TEST_F(GameFromOutside, ACollectionWaitsForTheEndOfARunThatThePlayerGoesOnWith) 
   EXPECT_TRUE(Wait([] { return SignNames("c.zk"); })) << "and is not asked about";
   EXPECT_TRUE(Shows<HraWindow>());
   EXPECT_TRUE(Screen<HraWindow>()->Ticking());
+  const BoxReader reader(Qt::Key_Y);
   Close(Screen<HraWindow>());
   EXPECT_TRUE(Wait(BetaIsOpen));
   EXPECT_TRUE(Wait([] { return IsOpen("Gama"); }));
+  EXPECT_EQ(reader.said, QStringList({OfferOf("b.zk"), OfferOf("c.zk")}));
+}
+
+TEST_F(GameFromOutside, ACollectionThatIsRefusedTwiceLeavesThePlayerAmongHisCaves) {
+  PlayCave();
+  Beta();
+  {
+    const DialogScript script = {test::Press(Qt::Key_N)};
+    ASSERT_TRUE(HandOverMeanwhile("Caves/b.zk"));
+    QTest::qWait(600);
+  }
+  {
+    const BoxReader reader(Qt::Key_N);
+    Press(Screen<HraWindow>(), Qt::Key_Right);
+    ReadScores();
+    QTest::qWait(600);
+    EXPECT_EQ(reader.said, QStringList({OfferOf("b.zk")}));
+  }
+  EXPECT_TRUE(Shows<FrmPoSt>() && !Shows<FrmStart2>() && IsOpen("Alfa"));
+  EXPECT_TRUE(ReadWhole(RecordPath()));
+  const DialogScript nothing = {};
+  Press(Screen<FrmPoSt>(), Qt::Key_Return);
+  ASSERT_TRUE(Wait(Shows<HraWindow>));
+  QTest::qWait(600);
+  EXPECT_TRUE(Screen<HraWindow>()->Ticking()) << "and is never asked about again";
 }
 
 TEST_F(GameFromOutside, ACollectionSaysInATestRunThatItWaits) {
@@ -151,6 +185,7 @@ TEST_F(GameFromOutside, ACollectionThatComesWhileACaveIsLoadedDoesNotGetItsWin) 
     QTest::qWait(600);
   }
   ASSERT_TRUE(Shows<HraWindow>());
+  const BoxReader reader(Qt::Key_Y);
   Press(Screen<HraWindow>(), Qt::Key_Right);
   ReadScores();
   EXPECT_TRUE(ReadWhole(RecordPath()));
