@@ -3,10 +3,10 @@
 #include <QApplication>
 #include <QFileInfo>
 #include <cstdlib>
+#include <optional>
 #include <random>
 
 #include "core/Hra.h"
-#include "data/Files.h"
 #include "editors/FrmCat.h"
 #include "platform/PathText.h"
 #include "screens/CavesOffer.h"
@@ -26,17 +26,18 @@ constexpr auto kOnceAndLater =
 Game::Game(const Paths& paths, const Settings& settings, Inbox& inbox)
     : paths_(paths),
       settings_(settings),
-      keeper_(skin_, wins_),
       frmLoading_(skin_),
       frmStart2_(skin_, paths_, settings_),
-      frmPoSt_(skin_, paths_, wins_),
-      frmAnalyze_(skin_, &frmPoSt_),
       hra_(skin_, sound_, settings_),
-      frmSada_(skin_, paths_),
+      flow_(hra_.Machine(), {paths_.PlayersPath, paths_.TestRecordsPath}, std::random_device()()),
+      keeper_(skin_, flow_),
+      frmPoSt_(skin_, flow_),
+      frmAnalyze_(skin_, &frmPoSt_),
+      frmSada_(skin_, paths_, flow_.Sada()),
       frmMain_(
           skin_, [this](const std::string& script) { return FrmCat(skin_, &frmMain_).Edit(script); },
           std::random_device()()),
-      winFlow_(paths_, frmPoSt_, frmAnalyze_, keeper_),
+      winFlow_(flow_, frmPoSt_, frmAnalyze_, keeper_),
       files_(skin_, ScreensForFiles()),
       inbox_(inbox) {
   skin_.SetRetry([this](const std::string& question) {
@@ -97,20 +98,19 @@ Worn Game::WearBehindNotice(const SkinPlaces& places) {
 
 void Game::ConnectScreens() {
   connect(&frmStart2_, &FrmStart2::OpenCollection, this, &Game::OpenCollection);
-  connect(&frmStart2_, &FrmStart2::PlayRecord, this,
-          [this](const QString& path) { PlayRecord(path, kNobody); });
+  connect(&frmStart2_, &FrmStart2::PlayRecord, this, &Game::PlayRecordFile);
   connect(&frmStart2_, &FrmStart2::SkinChanged, this, &Game::ReSkin);
   connect(&frmStart2_, &FrmStart2::Quit, this, &Game::EndProgram);
   connect(&frmPoSt_, &FrmPoSt::PlayCave, this, &Game::PlayCave);
-  connect(&frmPoSt_, &FrmPoSt::PlayRecord, this, [this](const QString& path) { PlayRecord(path, player_); });
+  connect(&frmPoSt_, &FrmPoSt::PlayRecord, this, &Game::PlayRecord);
   connect(&frmPoSt_, &FrmPoSt::StoreWanted, this, &Game::StoreAgain);
   connect(&frmPoSt_, &FrmPoSt::Back, this, &Game::ShowStart);
   connect(&frmPoSt_, &FrmPoSt::HelpWanted, this,
           [this] { OpenFileOrTell(skin_, &frmPoSt_, HelpPage(paths_, skin_, "help.html")); });
-  connect(&hra_, &HraWindow::RunWon, this, [this] { winFlow_.RunWon(hra_.Machine(), slot_); });
+  connect(&hra_, &HraWindow::RunWon, &winFlow_, &WinFlow::RunWon);
   connect(&hra_, &HraWindow::EndRequested, this, &Game::EndGame);
   connect(&hra_, &HraWindow::OtherKey, this, [this](int key) {
-    if (key == Qt::Key_Escape && hra_.Machine().ReplayPlaying) EndGame();
+    if (key == Qt::Key_Escape && flow_.Kind() == RunKind::Replay) EndGame();
     if (key == Qt::Key_F1) ShowHelpOfGame();
   });
   connect(&winFlow_, &WinFlow::HideGame, &hra_, &QWidget::hide);
@@ -120,17 +120,17 @@ void Game::ConnectScreens() {
 }
 
 void Game::ConnectEditors() {
-  connect(&frmStart2_, &FrmStart2::EditCollection, this, [this](const QString& path) {
+  connect(&frmStart2_, &FrmStart2::EditCollection, this, [this](const QString& path, const QString& player) {
+    flow_.BeginEditing(PathBytes(player));
     frmSada_.Open(path);
     frmStart2_.hide();
   });
   connect(&frmSada_, &FrmSada::EditCave, this, &Game::EditCave);
   connect(&frmSada_, &FrmSada::Closed, this, [this] {
     ShowStart();
-    frmStart2_.SelectFile(PathText(frmSada_.Sada().FileName()));
+    frmStart2_.SelectFile(PathText(flow_.Sada().FileName()));
   });
-  connect(&frmMain_, &FrmMain::Done, this,
-          [this](const std::string& text) { frmSada_.CaveDone(QByteArray::fromStdString(text)); });
+  connect(&frmMain_, &FrmMain::Done, &frmSada_, &FrmSada::CaveDone);
   connect(&frmMain_, &FrmMain::TestRun, this, &Game::TestRun);
 }
 
@@ -162,65 +162,66 @@ void Game::OpenCollection(const QString& path, const QString& player) {
   std::optional<QString> failure;
   {
     const BusyNotice notice(frmLoading_);
-    wins_.StoreAll();
     failure = frmPoSt_.LoadColl(path, player);
     if (!failure) frmStart2_.hide();
   }
-  if (!failure) {
-    player_ = PlayerOfFolder(player);
-    return;
-  }
+  if (!failure) return;
   ShowStart();
   zorik::Tell(skin_, &frmStart2_, skin_.Text(TextId::Program), *failure);
 }
 
-void Game::PlayCave(const QByteArray& caveText) {
-  slot_ = frmPoSt_.Slot();
-  hra_.SetPlayer(player_);
-  hra_.SetCollection(frmPoSt_.CollectionName());
-  std::optional<Failure> failure;
+// Shows the game window and takes a step of the flow that starts a run; false when none could be started.
+bool Game::Begun(const std::function<Result<Done>()>& step) {
+  ShowGame();
+  if (!step()) return false;
+  hra_.StartTicking();
+  return true;
+}
+
+void Game::PlayCave() {
+  bool begun = false;
   {
     const BusyNotice notice(frmLoading_);
-    ShowGame();
-    failure = hra_.Start(caveText.toStdString(), RunKind::Play);
-    if (!failure) frmPoSt_.hide();
+    begun = Begun([this] { return flow_.Start(); });
+    if (begun) frmPoSt_.hide();
   }
-  if (!failure) return;
+  if (begun) return;
   ShowPoSt();
   zorik::Tell(skin_, &frmPoSt_, skin_.Text(TextId::Program), kNoCaveWords.In(skin_));
 }
 
-void Game::PlayRecord(const QString& path, const std::string& player) {
-  QWidget* const from = frmPoSt_.isVisible() ? static_cast<QWidget*>(&frmPoSt_) : &frmStart2_;
-  hra_.SetPlayer(player);
-  hra_.SetCollection({});
-  const Result<std::string> bytes = ReadWhole(PathBytes(path));
-  bool started = false;
-  if (bytes) {
+void Game::PlayRecord() {
+  ReplayWith([this] { return flow_.ReplayChosen(); }, frmPoSt_, flow_.Caves().RecordPath());
+}
+
+void Game::PlayRecordFile(const QString& path) {
+  ReplayWith([&] { return flow_.ReplayFile(PathBytes(path)); }, frmStart2_, PathBytes(path));
+}
+
+void Game::ReplayWith(const std::function<Result<Done>()>& step, QWidget& from, const std::string& path) {
+  bool begun = false;
+  {
     const BusyNotice notice(frmLoading_);
-    ShowGame();
-    started = !hra_.StartRecord(*bytes);
+    begun = Begun(step);
   }
-  if (!started) {
+  if (!begun) {
     hra_.hide();
-    from->show();
-    zorik::Tell(skin_, from, skin_.Text(TextId::Program),
-                kNoRecordWords.Before(skin_) + "\n" + ShownPath(path));
+    from.show();
+    zorik::Tell(skin_, &from, skin_.Text(TextId::Program), kNoRecordWords.Before(skin_) + "\n" + ShownPath(path));
     return;
   }
-  from->hide();
-  const Hra& machine = hra_.Machine();
-  if (machine.RecordPlayer == machine.PlayerName) return;
+  from.hide();
+  const std::optional<std::string> other = flow_.MadeByAnother();
+  if (!other) return;
   hra_.WithDialog([&] {
     zorik::Tell(skin_, &hra_, skin_.Text(TextId::Program),
-                Shown(machine.RecordPlayer) + "  " + skin_.Text(TextId::RecordedBy) + "\n" +
-                    skin_.Text(TextId::RecordWillPlay));
+                Shown(*other) + "  " + skin_.Text(TextId::RecordedBy) + "\n" + skin_.Text(TextId::RecordWillPlay));
   });
 }
 
 // A cave that cannot be edited, or is not to be changed by that, stays as it is.
-void Game::EditCave(const QByteArray& caveText) {
-  const FrmMain::Start start = frmMain_.Edit(caveText.toStdString());
+void Game::EditCave(const std::string& caveText) {
+  const FrmMain::Start start = frmMain_.Edit(caveText);
   if (start == FrmMain::Start::Editing) return;
   frmSada_.CaveDone(caveText);
   if (start == FrmMain::Start::Unreadable)
@@ -229,10 +230,7 @@ void Game::EditCave(const QByteArray& caveText) {
 
 // A test run plays for the player of the start screen, or for nobody, who has no name.
 void Game::TestRun(const std::string& caveText) {
-  hra_.SetPlayer(PlayerOfFolder(frmStart2_.Player()));
-  hra_.SetCollection(frmSada_.Sada().Text(SadaText::Name));
-  ShowGame();
-  if (!hra_.Start(caveText, RunKind::Test)) return;
+  if (Begun([&] { return flow_.TestRun(caveText); })) return;
   ShowEditor();
   zorik::Tell(skin_, &frmMain_, skin_.Text(TextId::Program), kNoCaveWords.In(skin_));
 }
@@ -242,38 +240,44 @@ void Game::ShowEditor() {
   hra_.hide();
 }
 
-// Leaves the game window for the screen that the run came from; what was not won is gone.
+// Leaves the game window for the screen that the run came from.
 void Game::EndGame() {
-  if (winFlow_.Busy()) return;
+  if (flow_.Busy()) return;
   hra_.Stop();
-  zorik::EndGame(hra_.Machine());
-  if (hra_.Machine().EditorRun) {
-    ShowEditor();
-  } else if (hra_.Machine().PlayerName == kNobody) {
-    ShowStart();
-  } else {
-    ShowPoSt();
+  switch (flow_.Leave()) {
+    case WayBack::Start:
+      return ShowStart();
+    case WayBack::Selection:
+      return ShowPoSt();
+    case WayBack::Editor:
+      return ShowEditor();
   }
 }
 
 void Game::StoreAgain() {
-  keeper_.OfferAgain(frmPoSt_.Slot(), &frmPoSt_);
+  keeper_.OfferAgain(flow_.ChosenSlot(), &frmPoSt_);
   frmPoSt_.SetLWPost();
 }
 
 // What comes from outside
 
 OutsideScreens Game::ScreensForFiles() {
-  const auto ask = [this](const QString& path) {
+  const auto ask = [this](QWidget* window, const QString& path, const StartWords& question) {
+    return Ask(skin_, window, skin_.Text(TextId::Program),
+               ShownPath(QFileInfo(path).fileName()) + "\n" + question.In(skin_));
+  };
+  const auto askToEndRun = [this, ask](const QString& path) {
     bool yes = false;
     ShowUp();
-    hra_.WithDialog([&] {
-      yes = Ask(skin_, &hra_, skin_.Text(TextId::Program),
-                ShownPath(QFileInfo(path).fileName()) + "\n" + kEndRunWords.In(skin_));
-    });
+    hra_.WithDialog([&] { yes = ask(&hra_, path, kEndRunWords); });
     return yes;
   };
-  return {[this] { return WhatShows(); }, ask, [this](const QString& path) { OpenFromOutside(path); }};
+  const auto askToOpen = [this, ask](const QString& path) {
+    QWidget* const here = frmPoSt_.isVisible() ? static_cast<QWidget*>(&frmPoSt_) : &frmStart2_;
+    return ask(here, path, kOpenNowWords);
+  };
+  return {[this] { return WhatShows(); }, askToEndRun, askToOpen,
+          [this](const QString& path) { OpenFromOutside(path); }};
 }
 
 OnScreen Game::WhatShows() const {
@@ -281,9 +285,9 @@ OnScreen Game::WhatShows() const {
   screen.Notice = BusyNotice::Lives();
   screen.Hidden = hra_.Hidden().isVisible();
   screen.Box = QApplication::activeModalWidget() != nullptr || QApplication::activePopupWidget() != nullptr;
-  screen.Score = winFlow_.Busy();
+  screen.Score = flow_.Busy();
   screen.Editors =
-      frmSada_.isVisible() || frmMain_.isVisible() || (hra_.isVisible() && hra_.Machine().EditorRun);
+      frmSada_.isVisible() || frmMain_.isVisible() || (hra_.isVisible() && flow_.Kind() == RunKind::Test);
   screen.Run = hra_.isVisible();
   return screen;
 }

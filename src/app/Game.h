@@ -2,13 +2,13 @@
 
 #include <QObject>
 #include <QString>
-#include <optional>
+#include <functional>
 #include <string>
 
 #include "app/OutsideFiles.h"
-#include "data/RecordSlot.h"
 #include "editors/FrmMain.h"
 #include "editors/FrmSada.h"
+#include "flow/Flow.h"
 #include "platform/DSound.h"
 #include "platform/Inbox.h"
 #include "platform/Paths.h"
@@ -51,9 +51,12 @@ class Game : public QObject {
   void ShowPoSt();
   void ShowGame();
   void OpenCollection(const QString& path, const QString& player);
-  void PlayCave(const QByteArray& caveText);
-  void PlayRecord(const QString& path, const std::string& player);
-  void EditCave(const QByteArray& caveText);
+  void PlayCave();
+  void PlayRecord();
+  void PlayRecordFile(const QString& path);
+  void ReplayWith(const std::function<Result<Done>()>& step, QWidget& from, const std::string& path);
+  bool Begun(const std::function<Result<Done>()>& step);
+  void EditCave(const std::string& caveText);
   void TestRun(const std::string& caveText);
   void ShowEditor();
   void EndGame();
@@ -72,16 +75,14 @@ class Game : public QObject {
   Settings settings_;
   Skin skin_;
   DSound sound_;
-  std::string player_;  // Windows-1250
-  RecordSlot slot_;     // of the run that is played, since its start
-  UnstoredWins wins_;
-  RecordKeeper keeper_;
 
   FrmLoading frmLoading_;
   FrmStart2 frmStart2_;
+  HraWindow hra_;
+  Flow flow_;
+  RecordKeeper keeper_;
   FrmPoSt frmPoSt_;
   FrmAnalyze frmAnalyze_;
-  HraWindow hra_;
   FrmSada frmSada_;
   FrmMain frmMain_;
   WinFlow winFlow_;

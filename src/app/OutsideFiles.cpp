@@ -37,19 +37,30 @@ void OutsideFiles::Next() {
   if (!waiting_.empty()) timer_.start();
 }
 
-void OutsideFiles::Welcomed(File& file, Welcome welcome) {
-  if (welcome == Welcome::Opens) return Open();
+void OutsideFiles::Welcomed(const File& file, Welcome welcome) {
+  if (welcome == Welcome::Opens && file.afterRun) return Offer();
+  if (welcome == Welcome::Opens) return screens_.open(TakeFirst());
   if (welcome != Welcome::AsksToEndTheRun) return;
-  if (file.refused) return SayThatTheyWait();  // one question in a run is enough
-  if (screens_.askToEndRun(file.path)) return Open();
-  file.refused = true;
-  file.told = true;
+  if (!file.afterRun && screens_.askToEndRun(file.path)) return screens_.open(TakeFirst());
+  LetAllWait();
 }
 
-void OutsideFiles::Open() {
+void OutsideFiles::Offer() {
+  const QString path = TakeFirst();
+  if (screens_.askToOpen(path)) screens_.open(path);
+}
+
+QString OutsideFiles::TakeFirst() {
   const QString path = waiting_.front().path;
   waiting_.pop_front();
-  screens_.open(path);
+  return path;
+}
+
+// One question in a run is enough. The file that it was about needs no sign.
+void OutsideFiles::LetAllWait() {
+  waiting_.front().told = true;
+  for (File& file : waiting_) file.afterRun = true;
+  SayThatTheyWait();
 }
 
 void OutsideFiles::SayThatTheyWait() {

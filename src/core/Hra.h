@@ -16,6 +16,8 @@
 
 namespace zorik {
 
+struct PlayedCave;
+
 inline constexpr int kMaxWidth = 100;
 inline constexpr int kMaxHeight = 60;
 inline constexpr int kUnits = 10;           // the swarm, number 0, and nine dogs
@@ -122,8 +124,10 @@ enum class RunKind { Play, Replay, Test };  // Test: from the cave editor
 struct Hra : RunState {
   explicit Hra(std::uint64_t seed = 0) : Luck(seed), Decoration(~seed) {}
 
-  bool ReplayPlaying = false;
-  bool EditorRun = false;
+  RunKind Kind = RunKind::Play;  // of the run, or of the last one
+  bool ReplayPlaying() const { return Kind == RunKind::Replay; }
+  bool EditorRun() const { return Kind == RunKind::Test; }
+
   bool Recording = false;
   int Score = 0;  // sum of gem values; goes nowhere, and back to 0 when a replay starts
   std::string Scheme = "Classic";
@@ -152,9 +156,9 @@ struct Hra : RunState {
 // comes back and nothing has changed.
 std::optional<Failure> PaintCave(Hra& hra, std::string_view caveText, RunKind kind);
 
-// Starts a run in play of a cave of a collection file (or of "*1", "*2", the new caves); fails as PaintCave
+// Starts a run in play of a cave that a collection holds, which has been read already; fails as PaintCave
 // does.
-std::optional<Failure> OpenCave(Hra& hra, const std::string& source, int number);
+std::optional<Failure> OpenCave(Hra& hra, const PlayedCave& cave);
 
 // Starts the playback of a record, given as the bytes of its file; fails as PaintCave does.
 std::optional<Failure> Replay(Hra& hra, std::string bytes);

@@ -26,7 +26,7 @@ int ReadBack(Hra& hra) {
 }  // namespace
 
 int Nahoda(Hra& hra, int range) {
-  if (hra.ReplayPlaying) return ReadBack(hra);
+  if (hra.ReplayPlaying()) return ReadBack(hra);
   const int limited = std::clamp(range, 0, kLargestRange);
   const int outcome = static_cast<int>(hra.Luck.Below(static_cast<std::uint32_t>(limited))) + 1;
   Store(hra, outcome);

@@ -34,7 +34,7 @@ void ChoosePose(Hra& hra, Cell c) {
   const int n = DogIn(hra, c);
   if (n != 0 && n != hra.ActiveDog) return;
   IdlePose(hra);
-  if (hra.DogIdleTicks != kTicksToQuestion || hra.ClockShown == 0 || hra.ReplayPlaying) return;
+  if (hra.DogIdleTicks != kTicksToQuestion || hra.ClockShown == 0 || hra.ReplayPlaying()) return;
   hra.DogIdleTicks = 0;
   hra.stage().Post(Request::IdleQuestion);
 }

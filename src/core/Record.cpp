@@ -24,16 +24,16 @@ std::optional<Failure> Replay(Hra& hra, std::string bytes) {
 }
 
 void RestartCave(Hra& hra) {
-  if (hra.ReplayPlaying) {
+  if (hra.ReplayPlaying()) {
     PlayFromStart(hra, RecordLines(hra.WholeRecord));
   } else {
-    PaintCave(hra, hra.CaveText, hra.EditorRun ? RunKind::Test : RunKind::Play);
+    PaintCave(hra, hra.CaveText, hra.Kind);
   }
 }
 
 std::string SaveRecord(Hra& hra, int score) {
-  if (!hra.Recording || hra.ReplayPlaying) return {};
-  const std::string player = hra.EditorRun ? std::string() : hra.PlayerName;
+  if (!hra.Recording || hra.ReplayPlaying()) return {};
+  const std::string player = hra.EditorRun() ? std::string() : hra.PlayerName;
   return BuildRecordHead(hra.CollectionName, score, player, hra.Decoration) + hra.RecordText;
 }
 

@@ -150,16 +150,20 @@ void ChooseFirstUnit(Hra& hra) {
   hra.stage().ShowMessage(hra.DogCount < 5 ? TextId::FewDogs : TextId::ManyDogs, Colour::White, hra.DogCount);
 }
 
+std::optional<Failure> Unplayable(std::string_view text, const CaveRecord& cave) {
+  if (text.empty()) return Failure{"the cave is empty: its text was not found"};
+  if (cave.Width <= kMaxWidth && cave.Height <= kMaxHeight) return std::nullopt;
+  return Failure{"the cave has " + std::to_string(cave.Width) + " x " + std::to_string(cave.Height) +
+                 " cells, the largest that can be played has " + std::to_string(kMaxWidth) + " x " +
+                 std::to_string(kMaxHeight)};
+}
+
 }  // namespace
 
 Result<CaveRecord> ReadCave(std::string_view caveText) {
-  if (caveText.empty()) return Failure{"the cave is empty: its text was not found"};
   Result<CaveRecord> cave = ParseCaveText(caveText);
-  if (cave && (cave->Width > kMaxWidth || cave->Height > kMaxHeight)) {
-    return Failure{"the cave has " + std::to_string(cave->Width) + " x " + std::to_string(cave->Height) +
-                   " cells, the largest that can be played has " + std::to_string(kMaxWidth) + " x " +
-                   std::to_string(kMaxHeight)};
-  }
+  if (!cave) return cave;
+  if (auto failure = Unplayable(caveText, *cave)) return *failure;
   return cave;
 }
 
@@ -167,9 +171,8 @@ void StartRun(Hra& hra, std::string caveText, const CaveRecord& cave, RunKind ki
   hra.stage().StopSounds();
   static_cast<RunState&>(hra) = RunState();
   hra.CaveText = std::move(caveText);
-  hra.ReplayPlaying = kind == RunKind::Replay;
-  hra.EditorRun = kind == RunKind::Test;
-  if (!hra.ReplayPlaying) hra.Recording = true;
+  hra.Kind = kind;
+  if (!hra.ReplayPlaying()) hra.Recording = true;
   if (hra.Recording) hra.RecordText = ScrambleText(hra.CaveText, hra.Decoration) + "\r\n";
 
   CopyRecord(hra, cave);
@@ -190,10 +193,10 @@ std::optional<Failure> PaintCave(Hra& hra, std::string_view caveText, RunKind ki
   return std::nullopt;
 }
 
-std::optional<Failure> OpenCave(Hra& hra, const std::string& source, int number) {
-  const Result<std::string> text = FetchCaveText(source, number);
-  if (!text) return Failure{text.Message()};
-  return PaintCave(hra, *text, RunKind::Play);
+std::optional<Failure> OpenCave(Hra& hra, const PlayedCave& cave) {
+  if (auto failure = Unplayable(cave.Text, cave.Record)) return failure;
+  StartRun(hra, cave.Text, cave.Record, RunKind::Play);
+  return std::nullopt;
 }
 
 void EndGame(Hra& hra) {

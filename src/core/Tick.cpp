@@ -10,7 +10,7 @@ namespace {
 
 // False when the tick ends here.
 bool NextRecordLine(Hra& hra, TickEnd& end) {
-  if (!hra.ReplayPlaying) return true;
+  if (!hra.ReplayPlaying()) return true;
   if (hra.Record.AtEnd()) {
     end = TickEnd::RecordOver;
     return false;
@@ -27,7 +27,7 @@ void Input(Hra& hra, const KeySnapshot& keys) {
   hra.KeyDirection = 0;
   hra.KeyAction = 0;
   if (hra.Elapsed >= hra.TimeLimit * kTicksPerSecond || hra.TeleportDogBusy) return;
-  if (hra.ReplayPlaying) {
+  if (hra.ReplayPlaying()) {
     ReadInput(hra);
   } else {
     Klavesy(hra, keys);
@@ -85,7 +85,7 @@ void RunClock(Hra& hra) {
 
 // What nobody asked for in a line is a remark that somebody wrote into the record.
 void ShowRemark(Hra& hra) {
-  if (!hra.ReplayPlaying || hra.RecordLine.empty()) return;
+  if (!hra.ReplayPlaying() || hra.RecordLine.empty()) return;
   hra.stage().ShowRemark(UnscrambleText(hra.RecordLine), Colour::Cyan);
 }
 
@@ -113,7 +113,7 @@ void CommandKeys(const Hra& hra, const KeySnapshot& keys) {
 
 // The last line of a won run has no end.
 void EndRecordLine(Hra& hra) {
-  if (hra.Recording && !hra.ReplayPlaying && !hra.Win) hra.RecordText += "\r\n";
+  if (hra.Recording && !hra.ReplayPlaying() && !hra.Win) hra.RecordText += "\r\n";
 }
 
 void World(Hra& hra) {
@@ -152,7 +152,7 @@ TickEnd Tick(Hra& hra, const KeySnapshot& keys) {
     RestartCave(hra);
     end = TickEnd::Restarted;
   }
-  if (keys.Down(kKeyC) && !hra.Win && (hra.ReplayPlaying || hra.EditorRun))
+  if (keys.Down(kKeyC) && !hra.Win && (hra.ReplayPlaying() || hra.EditorRun()))
     hra.stage().Post(Request::ViewToggle);
   Shimmer(hra);
   CommandKeys(hra, keys);

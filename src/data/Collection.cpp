@@ -240,7 +240,7 @@ Result<std::string> NewCaveText(NewCaveSize size, const NewCaveTexts& texts) {
 Result<std::string> FetchCaveText(const std::string& source, int number, const NewCaveTexts& texts) {
   if (source == "*2") return NewCaveText(NewCaveSize::Large, texts);
   if (source == "*1") return NewCaveText(NewCaveSize::Small, texts);
-  const Result<std::string> bytes = ReadWhole(source);
+  const Result<std::string> bytes = ReadStream(source);
   if (!bytes) return bytes;
   return FindCaveText(*bytes, number);
 }

@@ -38,4 +38,8 @@ std::string PlayerName(std::string_view typed) {
   return std::string(WithoutEnd(WithoutFront(name, kBlanksAndDots), kBlanks));
 }
 
+std::string PlayerOfFolder(std::string_view folder) {
+  return IsUtf8(folder) ? FromUtf8WithGaps(folder) : std::string(folder);
+}
+
 }  // namespace zorik

@@ -17,4 +17,7 @@ std::string StripNameChars(std::string_view text);
 // player's folder, are dropped.
 std::string PlayerName(std::string_view typed);
 
+// The name, in Windows-1250, of the player whose folder has this name: UTF-8, or as an old archive left it.
+std::string PlayerOfFolder(std::string_view folder);
+
 }  // namespace zorik

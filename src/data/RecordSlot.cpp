@@ -83,10 +83,10 @@ std::vector<WonRun> UnstoredWins::AtRisk() const {
   return runs;
 }
 
-int BestScore(const RecordSlot& slot, const StandingRecord& standing, const UnstoredWins& wins) {
-  const int stored = standing.Of == StandingRecord::Kind::ThisCave ? standing.Score : 0;
-  const WonRun* const kept = wins.Find(slot);
-  return kept == nullptr ? stored : kept->Score;
+bool JeLepsi(const WonRun& run, const UnstoredWins& wins) {
+  if (const WonRun* const kept = wins.Find(run.Slot)) return kept->Score <= run.Score;
+  const StandingRecord standing = ReadStanding(run.Slot);
+  return standing.Of != StandingRecord::Kind::ThisCave || standing.Score <= run.Score;
 }
 
 }  // namespace zorik

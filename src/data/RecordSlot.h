@@ -77,8 +77,9 @@ class UnstoredWins {
   std::vector<Kept> kept_;
 };
 
-// The best score that this player's record of the cave is known to have, on the disk or kept in memory; 0 for
-// none.
-int BestScore(const RecordSlot& slot, const StandingRecord& standing, const UnstoredWins& wins);
+// Whether a win is at least as good as the player's record of its cave. That is the one that is kept in
+// memory, or else the one on the disk: the list may show a worse run, and another running game may have
+// stored a better one.
+bool JeLepsi(const WonRun& run, const UnstoredWins& wins);
 
 }  // namespace zorik

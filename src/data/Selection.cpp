@@ -1,6 +1,5 @@
 #include "data/Selection.h"
 
-#include <algorithm>
 #include <utility>
 
 #include "data/Cp1250.h"
@@ -47,26 +46,13 @@ int Selection::OpenCaveBefore(int number) const {
   return before;
 }
 
-bool Selection::JeLepsi(int score) const {
-  return BestScore(Slot(selected_), ReadStanding(Slot(selected_)), {}) <= score;
-}
-
-Result<Done> Selection::StoreRecord(const std::string& bytes) const {
-  return StoreRun({Slot(selected_), 0, bytes});
-}
-
-void Selection::Prosel(int total, bool bonus) {
-  Solve(selected_, std::min(total + (bonus ? kBonusPoints : 0), kHighestScore));
-  Select(selected_ + 1);
-  CelkSkore(collection_, progress_);
-}
-
-bool Selection::Prosel(const RecordSlot& slot, int total, bool bonus) {
+void Selection::Prosel(const RecordSlot& slot, int score) {
   const int number = CaveOf(slot);
-  if (number == 0) return false;
+  if (number == 0) return;
+  Solve(number, score);
   Select(number);
-  Prosel(total, bonus);
-  return true;
+  Select(number + 1);
+  CelkSkore(collection_, progress_);
 }
 
 void Selection::Count(const UnstoredWins& wins) {

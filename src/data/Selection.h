@@ -36,20 +36,10 @@ class Selection {
   // The last cave before this one that is open and not solved; 0 for none.
   int OpenCaveBefore(int number) const;
 
-  // Whether a score is at least as good as that of the record of the selected cave. That is the one on the
-  // disk: the list may show a worse run, and another running game may have stored a better one.
-  bool JeLepsi(int score) const;
-
-  // Replaces the record of the selected cave as a whole. A failure changes nothing.
-  Result<Done> StoreRecord(const std::string& bytes) const;
-
-  // The selected cave has just been won: it is solved by this player, the caves behind it open up to the
-  // first one that is no bonus cave, and the next cave is selected.
-  void Prosel(int total, bool bonus);
-
-  // The same for the cave of a run that was won, wherever the player stands by now. False when this
-  // collection has no such cave.
-  bool Prosel(const RecordSlot& slot, int total, bool bonus);
+  // The cave of this slot has been won, wherever the player stands by now: it is solved by this player with
+  // the score that is stored, the caves behind it open up to the first one that is no bonus cave, and the
+  // next cave is selected. Nothing happens when this collection has no such cave.
+  void Prosel(const RecordSlot& slot, int score);
 
   // Counts wins that could not be stored as the records that they will be.
   void Count(const UnstoredWins& wins);
@@ -64,6 +54,7 @@ class Selection {
   // The cave that a slot is of; 0 when it is none of this collection or not for this player.
   int CaveOf(const RecordSlot& slot) const;
 
+  const std::string& Player() const { return player_; }
   const std::string& PlayerFolder() const { return playerFolder_; }
 
   // What the player reads when no cave is left; "$P" has become his points.

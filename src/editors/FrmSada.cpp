@@ -4,7 +4,6 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QMenu>
-#include <QRandomGenerator>
 #include <QUrl>
 
 #include "data/Cp1250.h"
@@ -45,12 +44,11 @@ SadaWords FrmSada::WordsOf(const Skin& skin) {
           {text(TextId::NewSmallCave), text(TextId::NewLargeCave), text(TextId::NoDescription)}};
 }
 
-FrmSada::FrmSada(Skin& skin, const Paths& paths)
-    : skin_(skin),
-      paths_(paths),
-      sada_(WordsOf(skin), QRandomGenerator::system()->generate64()),
-      frmLoading_(skin) {
+FrmSada::FrmSada(Skin& skin, const Paths& paths, SadaModel& sada)
+    : skin_(skin), paths_(paths), sada_(sada), frmLoading_(skin) {
   setObjectName("frmSada");
+  sada_.SetWords(WordsOf(skin));
+  sada_.New();
   MakeMenus();
   LayOut();
   SetLWEd();
@@ -72,9 +70,9 @@ void FrmSada::Open(const QString& path) {
   boxes_->Begin();
 }
 
-void FrmSada::CaveDone(const QByteArray& text) {
+void FrmSada::CaveDone(const std::string& text) {
   editing_ = false;
-  sada_.SetSelected(text.toStdString());
+  sada_.SetSelected(text);
   AfterChange();
   show();
   raise();
@@ -248,7 +246,8 @@ void FrmSada::mnuEdit_Click() {
   sada_.SetChg();
   UpdateTitle();
   editing_ = true;
-  emit EditCave(QByteArray::fromStdString(sada_.Cave(sada_.ListSelected())));
+  const std::string cave = sada_.Cave(sada_.ListSelected());
+  emit EditCave(cave);
   if (editing_) hide();
 }
 

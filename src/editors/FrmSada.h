@@ -1,11 +1,11 @@
 #pragma once
 
-#include <QByteArray>
 #include <QMainWindow>
 #include <functional>
+#include <string>
 #include <vector>
 
-#include "editors/SadaModel.h"
+#include "flow/SadaModel.h"
 #include "platform/Paths.h"
 #include "screens/FrmLoading.h"
 
@@ -24,7 +24,7 @@ class FrmSada : public QMainWindow {
   Q_OBJECT
 
  public:
-  FrmSada(Skin& skin, const Paths& paths);
+  FrmSada(Skin& skin, const Paths& paths, SadaModel& sada);
 
   // For folders that have come since the editor was made.
   void SetPaths(const Paths& paths) { paths_ = paths; }
@@ -34,7 +34,7 @@ class FrmSada : public QMainWindow {
   void Open(const QString& path);
 
   // The cave editor is done: stores the cave in the selected row and shows the window again.
-  void CaveDone(const QByteArray& text);
+  void CaveDone(const std::string& text);
 
   // Puts the skin's texts on all controls.
   void SetLWEd();
@@ -44,7 +44,7 @@ class FrmSada : public QMainWindow {
  signals:
   // The selected cave is to be edited. The window goes when this returns, unless CaveDone was called
   // meanwhile, and comes back with CaveDone.
-  void EditCave(const QByteArray& text);
+  void EditCave(const std::string& text);
   // The editor was closed.
   void Closed();
 
@@ -99,7 +99,7 @@ class FrmSada : public QMainWindow {
 
   Skin& skin_;
   Paths paths_;
-  SadaModel sada_;
+  SadaModel& sada_;
   FrmLoading frmLoading_;
   bool editing_ = false;  // a cave is with the cave editor
   SadaBoxes* boxes_ = nullptr;

@@ -6,7 +6,7 @@
 #include <array>
 
 #include "core/TextId.h"
-#include "editors/SadaModel.h"
+#include "flow/SadaModel.h"
 
 class QLabel;
 

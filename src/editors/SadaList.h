@@ -2,7 +2,7 @@
 
 #include <QAbstractScrollArea>
 
-#include "editors/SadaModel.h"
+#include "flow/SadaModel.h"
 
 class QHelpEvent;
 

@@ -65,9 +65,4 @@ QString ShownPath(const QString& text) {
   return ShownPath(PathBytes(text));
 }
 
-std::string PlayerOfFolder(const QString& folder) {
-  const std::string name = PathBytes(folder);
-  return IsUtf8(name) ? FromUtf8WithGaps(name) : name;
-}
-
 }  // namespace zorik

@@ -20,7 +20,4 @@ std::string PathBytes(const QString& text);
 QString ShownPath(const QString& text);
 QString ShownPath(std::string_view path);
 
-// The name, in Windows-1250, of the player whose folder this is.
-std::string PlayerOfFolder(const QString& folder);
-
 }  // namespace zorik

@@ -73,7 +73,7 @@ void OpenLocks(Hra& hra, std::uint16_t key) {
     if (hra.Field(c) == lock) locks.cells[static_cast<std::size_t>(locks.count++)] = c;
   });
   const int share = keys > 0 ? locks.count / keys : 0;
-  if (hra.ReplayPlaying) {
+  if (hra.ReplayPlaying()) {
     OpenByRecord(hra, lock, share, OpenedBy(key));
   } else {
     OpenByChance(hra, locks, share, OpenedBy(key));

@@ -103,8 +103,6 @@ void FrmAnalyze::SkinIt() {
 }
 
 void FrmAnalyze::SetScore(const QString& line, int total, bool bonus) {
-  total_ = total;
-  bonus_ = bonus;
   const QRect box = BoxOf(skin_, "score.line", kLineBox);
   Label2_->setFont(LineFont(line, box.width() - 2 * kPadding));
   Label2_->setText(line);

@@ -23,9 +23,6 @@ class FrmAnalyze : public SkinDialog {
   // What it shows: the line, the total without a bonus, and whether there is one.
   void SetScore(const QString& line, int total, bool bonus);
 
-  int Total() const { return total_; }
-  bool BonusVisible() const { return bonus_; }
-
   // Lets it close by itself after so many seconds.
   void NastavCas(int seconds);
 
@@ -50,8 +47,6 @@ class FrmAnalyze : public SkinDialog {
   void Close();
 
   Skin& skin_;
-  int total_ = 0;
-  bool bonus_ = false;
   int Countdown_ = 0;  // seconds left
   QTimer Timer1_{this};
 

@@ -4,12 +4,10 @@
 #include <QPointer>
 #include <QScreen>
 #include <algorithm>
-#include <filesystem>
-#include <system_error>
 
-#include "data/Files.h"
 #include "data/MailFile.h"
 #include "data/RecordFile.h"
+#include "flow/Flow.h"
 #include "platform/PathText.h"
 #include "screens/CaveList.h"
 #include "screens/FrmDialog2.h"
@@ -78,8 +76,8 @@ int Below(int top, std::initializer_list<int> others) {
 
 }  // namespace
 
-FrmPoSt::FrmPoSt(Skin& skin, const Paths& paths, const UnstoredWins& unstored, LetterOpeners openers)
-    : skin_(skin), paths_(paths), unstored_(unstored), openers_(std::move(openers)) {
+FrmPoSt::FrmPoSt(Skin& skin, Flow& flow, LetterOpeners openers)
+    : skin_(skin), flow_(flow), openers_(std::move(openers)) {
   setFocusPolicy(Qt::StrongFocus);
   Build();
   SkinIt();
@@ -121,7 +119,7 @@ void FrmPoSt::Build() {
   connect(lblRecord_, &SkinLabel::LinkClicked, this, &FrmPoSt::StoreWanted);
   connect(list_, &CaveList::CaveClicked, this, &FrmPoSt::SelectCave);
   connect(list_, &CaveList::CaveDoubleClicked, this, &FrmPoSt::ClickedStart);
-  connect(replay_, &SkinButton::clicked, this, &FrmPoSt::Replay);
+  connect(replay_, &SkinButton::clicked, this, &FrmPoSt::PlayRecord);
   connect(play_, &SkinButton::clicked, this, &FrmPoSt::ClickedStart);
   connect(congratulation_, &SkinButton::clicked, this, &FrmPoSt::Congratulate);
   connect(send_, &SkinButton::clicked, this, &FrmPoSt::ClickedSend);
@@ -222,15 +220,12 @@ void FrmPoSt::SkinIt() {
 void FrmPoSt::SetLWPost() {
   SetTitle(*this, skin_.Text(TextId::CaveSelection));
   SkinButtons();
-  if (selection_) ShowColl();
+  if (flow_.IsOpen()) ShowColl();
 }
 
 std::optional<QString> FrmPoSt::LoadColl(const QString& path, const QString& player) {
-  const std::string name = PlayerOfFolder(player);
-  Result<Selection> selection = Selection::LoadColl(PathBytes(path), name, FolderOf(player));
-  if (!selection) return kNotOpenedWords.Before(skin_) + "\r\n" + ShownPath(path);
-  selection_ = std::move(*selection);
-  selection_->Count(unstored_);
+  if (!flow_.OpenCollection(PathBytes(path), PathBytes(player)))
+    return kNotOpenedWords.Before(skin_) + "\r\n" + ShownPath(path);
   SkinIt();
   if (!testAttribute(Qt::WA_Moved)) move(screen()->availableGeometry().center() - rect().center());
   show();
@@ -238,25 +233,25 @@ std::optional<QString> FrmPoSt::LoadColl(const QString& path, const QString& pla
   return std::nullopt;
 }
 
-// The very folder that the start screen lists, or the one that a player of this name gets.
-std::string FrmPoSt::FolderOf(const QString& player) const {
-  const std::string listed = paths_.PlayersPath + "/" + PathBytes(player);
-  std::error_code error;
-  if (std::filesystem::is_directory(listed, error)) return listed;
-  return ResolvePath(paths_.PlayersPath + "/" + FileSystemName(PlayerOfFolder(player)));
+const Selection& FrmPoSt::Caves() const {
+  return flow_.Caves();
 }
 
 void FrmPoSt::ShowColl() {
-  Label4_->SetText(Shown(selection_->Collection().Name));
-  lblDescription_->SetText(Shown(selection_->Collection().Description));
+  Label4_->SetText(Shown(Caves().Collection().Name));
+  lblDescription_->SetText(Shown(Caves().Collection().Description));
   ShowAuthor();
+  ShowCaves();
+}
+
+void FrmPoSt::ShowCaves() {
   FillRows();
   CelkSkore();
-  SelectCave(selection_->Selected());
+  SelectCave(Caves().Selected());
 }
 
 void FrmPoSt::ShowAuthor() {
-  const PlayedCollection& collection = selection_->Collection();
+  const PlayedCollection& collection = Caves().Collection();
   const bool link = !collection.AuthorMail.empty();
   Label3_->SetText(QString("© ") + Shown(collection.Author));
   Label3_->SetLook(
@@ -273,25 +268,24 @@ void FrmPoSt::ShowAuthor() {
 void FrmPoSt::FillRows() {
   const QString closed = skin_.Said("select.caves.canttext").replace('\n', ' ');
   std::vector<CaveList::Row> rows;
-  for (int i = 1; i <= selection_->CaveCount(); ++i) {
-    const CaveState state = selection_->State(i);
-    const QString name = state == CaveState::Closed ? closed : Shown(selection_->Cave(i).Record.Name);
-    rows.push_back({name, selection_->Score(i), state, IsStored(i)});
+  for (int i = 1; i <= Caves().CaveCount(); ++i) {
+    const CaveState state = Caves().State(i);
+    const QString name = state == CaveState::Closed ? closed : Shown(Caves().Cave(i).Record.Name);
+    rows.push_back({name, Caves().Score(i), state, flow_.IsStored(i)});
   }
   list_->SetRows(std::move(rows));
   Show(*vscroll_, list_->Range() > 0);
 }
 
 void FrmPoSt::CelkSkore() {
-  const int rest = selection_->Rest();
-  lblRest_->SetText(skin_.Text(TextId::Rest) + ' ' + QString::number(rest) + ' ' + RestWord(skin_, rest) +
-                    '.');
+  const int rest = Caves().Rest();
+  lblRest_->SetText(skin_.Text(TextId::Rest) + ' ' + QString::number(rest) + ' ' + RestWord(skin_, rest) + '.');
   ShowTotal();
   Show(*congratulation_, rest == 0);
 }
 
 void FrmPoSt::ShowTotal() {
-  const QString total = QString::fromStdString(FiveDigits(selection_->Total()));
+  const QString total = QString::fromStdString(FiveDigits(Caves().Total()));
   int letters = kTotalLetters;
   while (letters > 1 && QFontMetrics(GameFont(letters)).horizontalAdvance(total) > kTotalWidth) --letters;
   lblTotal_->SetLook(skin_.Colour("select.score.textcolor", kPlainText), Qt::AlignLeft, letters);
@@ -299,14 +293,14 @@ void FrmPoSt::ShowTotal() {
 }
 
 void FrmPoSt::SelectCave(int number) {
-  selection_->Select(number);
-  list_->Select(selection_->Selected());
+  flow_.Choose(number);
+  list_->Select(Caves().Selected());
   ShowCave();
 }
 
 void FrmPoSt::ShowCave() {
-  const int number = selection_->Selected();
-  const CaveState state = selection_->State(number);
+  const int number = Caves().Selected();
+  const CaveState state = Caves().State(number);
   const bool solved = state == CaveState::Solved || state == CaveState::SolvedByOther;
   const QString& rowName = list_->Rows()[static_cast<std::size_t>(number - 1)].name;
   Show(*replay_, solved);
@@ -315,53 +309,36 @@ void FrmPoSt::ShowCave() {
   lblCaveName_->SetText(rowName);
   ShowRecord(solved);
   if (state != CaveState::Closed) {
-    lblCaveDescription_->SetText(Shown(selection_->Cave(number).Record.Description));
+    lblCaveDescription_->SetText(Shown(Caves().Cave(number).Record.Description));
     return;
   }
-  const int before = selection_->OpenCaveBefore(number);
-  const QString name = before == 0 ? QString() : Shown(selection_->Cave(before).Record.Name);
+  const int before = Caves().OpenCaveBefore(number);
+  const QString name = before == 0 ? QString() : Shown(Caves().Cave(before).Record.Name);
   lblCaveDescription_->SetText(skin_.Text(TextId::SolveFirst) + "\r\n" + name);
-}
-
-bool FrmPoSt::IsStored(int number) const {
-  return unstored_.All().empty() || unstored_.Find(selection_->Slot(number)) == nullptr;
 }
 
 // What is not stored yet can be, by a click.
 void FrmPoSt::ShowRecord(bool solved) {
-  const bool stored = IsStored(selection_->Selected());
-  const QString name = Shown(selection_->RecordName());
-  const QString path = PathText(selection_->RecordPath());
+  const bool stored = flow_.IsStored(Caves().Selected());
+  const QString name = Shown(Caves().RecordName());
+  const QString path = PathText(Caves().RecordPath());
   const QColor hover = skin_.Colour("select.collauthor.hovercolor", kPlainText);
   lblRecord_->SetLink(stored ? QColor() : hover, stored && solved ? path : QString());
   lblRecord_->SetText(!solved ? QString() : stored ? name : name + '\n' + kNotKeptWords.In(skin_));
 }
 
-void FrmPoSt::Prosel(const RecordSlot& slot, int total, bool bonusVisible) {
-  if (!selection_ || !selection_->Prosel(slot, total, bonusVisible)) return;
-  FillRows();
-  SelectCave(selection_->Selected());
-  CelkSkore();
-}
-
 void FrmPoSt::ClickedStart() {
-  if (selection_->State(selection_->Selected()) == CaveState::Closed) return;
-  const std::string& text = selection_->Cave(selection_->Selected()).Text;
-  emit PlayCave(QByteArray::fromStdString(text));
-}
-
-void FrmPoSt::Replay() {
-  emit PlayRecord(PathText(selection_->RecordPath()));
+  if (flow_.MayStart()) emit PlayCave();
 }
 
 void FrmPoSt::Congratulate() {
-  FrmDialog2(skin_, this).ShowG(Shown(selection_->Congratulation()));
+  FrmDialog2(skin_, this).ShowG(Shown(Caves().Congratulation()));
 }
 
 void FrmPoSt::ClickedSend() {
-  const Result<std::string> mail = WriteMail(selection_->Collection(), selection_->PlayerFolder());
+  const Result<std::string> mail = WriteMail(Caves().Collection(), Caves().PlayerFolder());
   if (!mail) {
-    Say(kNotStoredWords.In(skin_) + "\r\n" + ShownPath(selection_->PlayerFolder() + "/temp.eml"));
+    Say(kNotStoredWords.In(skin_) + "\r\n" + ShownPath(Caves().PlayerFolder() + "/temp.eml"));
     return;
   }
   const QString path = PathText(*mail);
@@ -369,7 +346,7 @@ void FrmPoSt::ClickedSend() {
 }
 
 void FrmPoSt::ClickedAuthor() {
-  const PlayedCollection& collection = selection_->Collection();
+  const PlayedCollection& collection = Caves().Collection();
   const QString address = Shown(collection.AuthorMail);
   const QString subject = skin_.Text(TextId::SubjectStart) + " '" + Shown(collection.Name) + "' " +
                           skin_.Text(TextId::SubjectEnd);
@@ -390,7 +367,7 @@ void FrmPoSt::Say(const QString& text) {
 
 // The cave that a key moves to; the present one for any other key.
 int FrmPoSt::SelectedBy(int key) const {
-  const int now = selection_->Selected();
+  const int now = Caves().Selected();
   switch (key) {
     case Qt::Key_Up:
       return now - 1;
@@ -399,11 +376,11 @@ int FrmPoSt::SelectedBy(int key) const {
     case Qt::Key_PageUp:
       return std::max(1, now - list_->Page());
     case Qt::Key_PageDown:
-      return std::min(selection_->CaveCount(), now + list_->Page());
+      return std::min(Caves().CaveCount(), now + list_->Page());
     case Qt::Key_Home:
       return 1;
     case Qt::Key_End:
-      return selection_->CaveCount();
+      return Caves().CaveCount();
     default:
       return now;
   }
@@ -433,7 +410,7 @@ bool FrmPoSt::Command(int key) {
       if (Label3_->IsLink()) ClickedAuthor();
       return Label3_->IsLink();
     case Qt::Key_U:
-      if (!IsStored(selection_->Selected())) emit StoreWanted();
+      if (!flow_.IsStored(Caves().Selected())) emit StoreWanted();
       return true;
     case Qt::Key_F1:
       button = help_;
@@ -451,12 +428,12 @@ bool FrmPoSt::Command(int key) {
 
 void FrmPoSt::keyPressEvent(QKeyEvent* event) {
   const bool chord = (event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) != 0;
-  if (!selection_ || chord) {
+  if (!flow_.IsOpen() || chord) {
     event->ignore();
     return;
   }
   const int number = SelectedBy(event->key());
-  if (number != selection_->Selected()) {
+  if (number != Caves().Selected()) {
     SelectCave(number);
     return;
   }

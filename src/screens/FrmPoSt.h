@@ -1,20 +1,19 @@
 #pragma once
 
-#include <QByteArray>
 #include <QString>
 #include <functional>
 #include <optional>
 #include <string>
 
-#include "data/Selection.h"
-#include "platform/Paths.h"
 #include "platform/Shell.h"
 #include "screens/SkinWindow.h"
 
 namespace zorik {
 
 class CaveList;
+class Flow;
 class ScrollButton;
+class Selection;
 class Skin;
 class SkinButton;
 class SkinLabel;
@@ -27,14 +26,13 @@ struct LetterOpeners {
 };
 
 // The screen on which a player chooses a cave of a collection: the list of the caves, what is to be known of
-// the selected one, and the ways from there. It stays as it is while a cave is played; who plays it tells of
-// a win by Prosel.
+// the selected one, and the ways from there. All that it shows stands in the flow.
 class FrmPoSt : public SkinWindow {
   Q_OBJECT
 
  public:
   // Wins that could not be stored count like records, and have a mark.
-  FrmPoSt(Skin& skin, const Paths& paths, const UnstoredWins& unstored, LetterOpeners openers = {});
+  FrmPoSt(Skin& skin, Flow& flow, LetterOpeners openers = {});
 
   // Opens a collection for a player and shows the screen. When the collection cannot be opened, the answer is
   // a message for the player, and nothing has changed.
@@ -46,21 +44,16 @@ class FrmPoSt : public SkinWindow {
 
   // The rest needs a collection that is open.
 
-  // Name of the collection, for the game.
-  const std::string& CollectionName() const { return selection_->Collection().Name; }
-
-  // Where a run of the selected cave will keep its record.
-  RecordSlot Slot() const { return selection_->Slot(selection_->Selected()); }
-
-  // The cave of this slot has been won, with this total in the score window and its bonus sign shown or not.
-  void Prosel(const RecordSlot& slot, int total, bool bonusVisible);
+  // Shows the caves as they are by now: one of them may have been won.
+  void ShowCaves();
 
   // Asks for the selected cave to be played (also to be played again), if it is open.
   void ClickedStart();
 
  signals:
-  void PlayCave(const QByteArray& caveText);  // Windows-1250
-  void PlayRecord(const QString& path);
+  // The selected cave is to be played, or its record.
+  void PlayCave();
+  void PlayRecord();
   // The selected cave's win, which could not be stored, is to be stored after all.
   void StoreWanted();
   void Back();
@@ -78,7 +71,6 @@ class FrmPoSt : public SkinWindow {
   void SkinButtons();
   QRect LineBox(const std::string& key, int height, int right) const;
 
-  std::string FolderOf(const QString& player) const;
   void ShowColl();
   void ShowAuthor();
   void FillRows();
@@ -87,11 +79,10 @@ class FrmPoSt : public SkinWindow {
   void SelectCave(int number);
   void ShowCave();
   void ShowRecord(bool solved);
-  bool IsStored(int number) const;
+  const Selection& Caves() const;
   bool Command(int key);
   int SelectedBy(int key) const;
 
-  void Replay();
   void Congratulate();
   void ClickedSend();
   void ClickedAuthor();
@@ -99,10 +90,8 @@ class FrmPoSt : public SkinWindow {
   void Say(const QString& text);
 
   Skin& skin_;
-  Paths paths_;
-  const UnstoredWins& unstored_;
+  Flow& flow_;
   LetterOpeners openers_;
-  std::optional<Selection> selection_;
 
   SkinLabel* Label4_;  // name of the collection
   SkinLabel* Label3_;  // its author

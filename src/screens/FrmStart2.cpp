@@ -312,7 +312,7 @@ void FrmStart2::OpenSelected() {
 
 void FrmStart2::EditSelected() {
   const QString path = SelectedPath();
-  if (path.isEmpty() || IsThere(path)) emit EditCollection(path);
+  if (path.isEmpty() || IsThere(path)) emit EditCollection(path, Player());
 }
 
 void FrmStart2::OpenPath(const QString& path) {

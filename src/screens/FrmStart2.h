@@ -40,7 +40,6 @@ class FrmStart2 : public SkinWindow {
 
   // The selected player; empty when there is none.
   QString Player() const;
-  Mode ChosenMode() const { return mode_; }
 
  public slots:
   // Prepares the screen and shows it; when there is no player, one is asked for next. Once in the program's
@@ -73,7 +72,7 @@ class FrmStart2 : public SkinWindow {
   void Painted();
   void OpenCollection(const QString& path, const QString& player);
   void PlayRecord(const QString& path);
-  void EditCollection(const QString& path);  // empty: a new one
+  void EditCollection(const QString& path, const QString& player);  // empty: a new one, nobody
   void SkinChanged();
   void Quit();
 

@@ -70,26 +70,6 @@ HraWindow::HraWindow(Skin& skin, DSound& sound, Settings& settings)
   connect(hideAway_.get(), &HideAway::Found, this, &HraWindow::ComeBack);
 }
 
-void HraWindow::SetPlayer(const std::string& player) {
-  hra_.PlayerName = player;
-}
-
-void HraWindow::SetCollection(const std::string& collection) {
-  hra_.CollectionName = collection;
-}
-
-std::optional<Failure> HraWindow::Start(const std::string& caveText, RunKind kind) {
-  if (auto failure = PaintCave(hra_, caveText, kind)) return failure;
-  StartTicking();
-  return std::nullopt;
-}
-
-std::optional<Failure> HraWindow::StartRecord(const std::string& bytes) {
-  if (auto failure = Replay(hra_, bytes)) return failure;
-  StartTicking();
-  return std::nullopt;
-}
-
 void HraWindow::StartTicking() {
   running_ = true;
   ListenToPad();
@@ -111,7 +91,7 @@ void HraWindow::Stop() {
 
 // At its fastest the game shows every tick, so there are no more ticks than the screen has pictures.
 void HraWindow::SetInterval() {
-  const int wanted = TimerInterval(hra_.ReplayPlaying ? settings_.SpeedR : settings_.Speed);
+  const int wanted = TimerInterval(hra_.ReplayPlaying() ? settings_.SpeedR : settings_.Speed);
   const qreal rate = std::max(1.0, screen()->refreshRate());
   tmrHra_.setInterval(std::max(wanted, static_cast<int>(std::ceil(1000 / rate))));
 }
@@ -222,7 +202,7 @@ void HraWindow::PauseRun() {
 // The controls
 
 void HraWindow::ChangeSpeed(int delta) {
-  int& speed = hra_.ReplayPlaying ? settings_.SpeedR : settings_.Speed;
+  int& speed = hra_.ReplayPlaying() ? settings_.SpeedR : settings_.Speed;
   speed = ZmenRychlost(speed, delta);
   StoreSett(settings_);
   SetInterval();
@@ -319,8 +299,8 @@ void HraWindow::CaveOpens() {
   ShowDecoration();
   topBar_->HideUnits();
   // The view toggle starts as whether this is a replay; in play the view scrolls whatever it says.
-  painter_.SetScrollView(!hra_.EditorRun);
-  topBar_->ShowLabel1(hra_.ReplayPlaying || hra_.EditorRun);
+  painter_.SetScrollView(!hra_.EditorRun());
+  topBar_->ShowLabel1(hra_.ReplayPlaying() || hra_.EditorRun());
   topBar_->SetScrollView(painter_.ScrollView());
 }
 
@@ -384,15 +364,15 @@ std::optional<std::uint64_t> HraWindow::Reseed() {
 
 void HraWindow::UpdateCaption() {
   QString caption = QString(kProgramTitle) + " - ";
-  if (!hra_.EditorRun && !hra_.CollectionName.empty()) caption += Shown(hra_.CollectionName) + " - ";
+  if (!hra_.EditorRun() && !hra_.CollectionName.empty()) caption += Shown(hra_.CollectionName) + " - ";
   caption += Shown(hra_.CaveName) + "   ...";
   const bool nobody = hra_.PlayerName == kNobody;
-  if (hra_.ReplayPlaying && nobody) {
+  if (hra_.ReplayPlaying() && nobody) {
     caption += skin_.Text(TextId::PlayingRecord);
   } else {
-    const TextId what = hra_.EditorRun       ? TextId::TestedBy
-                        : hra_.ReplayPlaying ? TextId::RecordForPlayer
-                                             : TextId::PlayedBy;
+    const TextId what = hra_.EditorRun()       ? TextId::TestedBy
+                        : hra_.ReplayPlaying() ? TextId::RecordForPlayer
+                                               : TextId::PlayedBy;
     const std::string player = nobody ? std::string() : ToUtf8(hra_.PlayerName);
     caption += QString::fromStdString(BlankJoin(skin_.Words().At(what), player));
   }

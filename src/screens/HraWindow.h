@@ -33,16 +33,8 @@ class HraWindow : public QWidget, private Stage {
   // Settings are changed and stored by the window's own controls, too.
   HraWindow(Skin& skin, DSound& sound, Settings& settings);
 
-  // Starts a run of a cave text, in play or in a test. The answer is the reason why it cannot be played; then
-  // nothing has changed.
-  std::optional<Failure> Start(const std::string& caveText, RunKind kind);
-
-  // Starts the playback of the bytes of a record, likewise.
-  std::optional<Failure> StartRecord(const std::string& bytes);
-
-  // Whose run it is and of which collection, in Windows-1250; "/" is nobody.
-  void SetPlayer(const std::string& player);
-  void SetCollection(const std::string& collection);
+  // Lets time go on in the run that has just been started on its machine.
+  void StartTicking();
 
   // The run is over: it stands still and keeps silent.
   void Stop();
@@ -101,7 +93,6 @@ class HraWindow : public QWidget, private Stage {
   void Post(Request request) override { requests_.push_back(request); }
   std::optional<std::uint64_t> Reseed() override;
 
-  void StartTicking();
   void OnTick();
   void AfterTick(TickEnd end);
   bool NothingHelps() const;

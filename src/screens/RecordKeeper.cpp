@@ -2,10 +2,11 @@
 
 #include <QFileInfo>
 #include <QString>
+#include <optional>
 #include <vector>
 
-#include "data/Files.h"
 #include "platform/FolderAlias.h"
+#include "flow/Flow.h"
 #include "platform/PathText.h"
 #include "screens/MsgBox.h"
 #include "screens/SaveBox.h"
@@ -34,37 +35,29 @@ QString ListOf(const std::vector<WonRun>& runs) {
 
 bool RecordKeeper::MayReplace(const WonRun& run, QWidget* parent) {
   if (!MayReplaceOthers(run, parent)) return false;
-  return BestScore(run.Slot, ReadStanding(run.Slot), wins_) <= run.Score ||
-         Ask(skin_, parent, kBetterTitle.In(skin_), kBetterWords.In(skin_));
+  return flow_.JeLepsi(run) || Ask(skin_, parent, kBetterTitle.In(skin_), kBetterWords.In(skin_));
 }
 
 bool RecordKeeper::MayReplaceOthers(const WonRun& run, QWidget* parent) {
-  const StandingRecord standing = ReadStanding(run.Slot);
-  if (standing.Of != StandingRecord::Kind::AnotherCave) return true;
-  const QString other = Shown(standing.CollectionName) + " - " + Shown(standing.CaveName);
+  const std::optional<StandingRecord> standing = flow_.OtherCave(run);
+  if (!standing) return true;
+  const QString other = Shown(standing->CollectionName) + " - " + Shown(standing->CaveName);
   return Ask(skin_, parent, skin_.Text(TextId::Program), kOtherCaveWords.In(skin_) + '\n' + other);
 }
 
 void RecordKeeper::Store(const WonRun& run, QWidget* parent) {
-  if (StoreRun(run)) {
-    wins_.Drop(run.Slot);
-    wins_.StoreAll();
-    return;
-  }
-  wins_.Keep(run);
-  Offer(run, parent);
+  if (!flow_.Store(run)) Offer(run, parent);
 }
 
 void RecordKeeper::OfferAgain(const RecordSlot& slot, QWidget* parent) {
-  const WonRun* const run = wins_.Find(slot);
+  const WonRun* const run = flow_.Unstored().Find(slot);
   if (run != nullptr) Offer(WonRun(*run), parent);
 }
 
 void RecordKeeper::Offer(const WonRun& run, QWidget* parent) {
   const QString text = kNotStoredWords.In(skin_) + '\n' + ShownPath(run.Slot.Path);
-  while (wins_.Find(run.Slot) != nullptr) {
-    switch (
-        SkinMsgBox(skin_, parent, text, MsgButtons::NotStored, MsgIcon::OfSet, skin_.Text(TextId::Program))) {
+  while (flow_.Unstored().Find(run.Slot) != nullptr) {
+    switch (SkinMsgBox(skin_, parent, text, MsgButtons::NotStored, MsgIcon::OfSet, skin_.Text(TextId::Program))) {
       case MsgResult::Retry:
         Try(run, parent);
         break;
@@ -78,19 +71,16 @@ void RecordKeeper::Offer(const WonRun& run, QWidget* parent) {
 }
 
 void RecordKeeper::Try(const WonRun& run, QWidget* parent) {
-  if (MayReplaceOthers(run, parent) && StoreRun(run)) wins_.Drop(run.Slot);
+  if (MayReplaceOthers(run, parent)) flow_.StoreKept(run);
 }
 
 bool RecordKeeper::SaveElsewhere(const WonRun& run, QWidget* parent) {
   const QString path = AskForNewFile(
       skin_, parent, {kElsewhereWords.In(skin_), skin_.Text(TextId::RecordKind), "zkr", ProposedPath(run)});
   if (path.isEmpty()) return false;
-  if (!WriteWhole(PathBytes(path), run.Bytes)) {
-    Tell(skin_, parent, skin_.Text(TextId::Program), kNotStoredWords.In(skin_) + '\n' + ShownPath(path));
-    return false;
-  }
-  wins_.SavedElsewhere(run.Slot);
-  return true;
+  if (flow_.StoreElsewhere(run, PathBytes(path))) return true;
+  Tell(skin_, parent, skin_.Text(TextId::Program), kNotStoredWords.In(skin_) + '\n' + ShownPath(path));
+  return false;
 }
 
 // The record's own folder has just failed.
@@ -99,8 +89,9 @@ QString RecordKeeper::ProposedPath(const WonRun& run) const {
 }
 
 bool RecordKeeper::MayEnd(QWidget* parent) {
-  wins_.StoreAll();
-  for (std::vector<WonRun> runs = wins_.AtRisk(); !runs.empty(); runs = wins_.AtRisk()) {
+  UnstoredWins& wins = flow_.Unstored();
+  wins.StoreAll();
+  for (std::vector<WonRun> runs = wins.AtRisk(); !runs.empty(); runs = wins.AtRisk()) {
     switch (SkinMsgBox(skin_, parent, kAtRiskWords.In(skin_) + ListOf(runs), MsgButtons::NotStoredAtEnd,
                        MsgIcon::OfSet, skin_.Text(TextId::Program))) {
       case MsgResult::Retry:

@@ -7,13 +7,15 @@ class QWidget;
 
 namespace zorik {
 
+class Flow;
 class Skin;
 
-// Brings the records of won runs onto the disk. One that cannot be stored is kept in memory, and the player
-// may try again, save it elsewhere or leave it for later. The windows are those that the boxes stand over.
+// What the player is asked on the way of a won run's record to the disk. One that cannot be stored is kept in
+// memory, and he may try again, save it elsewhere or leave it for later. The windows are those that the boxes
+// stand over.
 class RecordKeeper {
  public:
-  RecordKeeper(Skin& skin, UnstoredWins& wins) : skin_(skin), wins_(wins) {}
+  RecordKeeper(Skin& skin, Flow& flow) : skin_(skin), flow_(flow) {}
 
   // Whether a win may take the place of what is known of its cave, and of what its file holds; the player is
   // asked where either is better left alone.
@@ -36,7 +38,7 @@ class RecordKeeper {
   QString ProposedPath(const WonRun& run) const;
 
   Skin& skin_;
-  UnstoredWins& wins_;
+  Flow& flow_;
 };
 
 }  // namespace zorik

@@ -78,6 +78,7 @@ inline constexpr StartWords kOtherCaveWords{"caption.record.other"};
 // Of files from outside.
 inline constexpr StartWords kWaitsWords{"caption.outside.waits"};
 inline constexpr StartWords kEndRunWords{"caption.outside.endrun"};
+inline constexpr StartWords kOpenNowWords{"caption.outside.open"};
 
 // Of the box that asks for a file.
 inline constexpr StartWords kLookInWords{"caption.file.folder"};

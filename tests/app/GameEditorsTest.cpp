@@ -40,7 +40,7 @@ TEST_F(GameEditors, LeaveACaveAsItIsThatTheAuthorWillNotHaveChanged) {
 
 TEST_F(GameEditors, TryACaveAndComeBackWhenTheGameWindowIsClosed) {
   TestRun();
-  EXPECT_TRUE(Screen<HraWindow>()->Machine().EditorRun);
+  EXPECT_TRUE(Screen<HraWindow>()->Machine().EditorRun());
   EXPECT_EQ(Screen<HraWindow>()->windowTitle(), "Zorík - Jedna   ...zkouší Ada");
   Close(Screen<HraWindow>());
   EXPECT_TRUE(Wait(Shows<FrmMain>));

@@ -47,10 +47,10 @@ bool Wait(Condition condition) {
   return QTest::qWaitFor(condition, kPatience);
 }
 
-// Reads every message box, and closes it with Enter.
+// Reads every message box, and answers it with this key.
 class BoxReader : public QObject {
  public:
-  BoxReader() { startTimer(10); }
+  explicit BoxReader(Qt::Key answer = Qt::Key_Return) : answer_(answer) { startTimer(10); }
 
   QStringList said;
 
@@ -60,9 +60,12 @@ class BoxReader : public QObject {
     const auto* const text = box == nullptr ? nullptr : box->findChild<QLabel*>("lblText");
     if (text == nullptr) return;
     said.push_back(text->text());
-    QTest::keyRelease(box, Qt::Key_Return);  // the finger whose press has opened the box
-    QTest::keyClick(box, Qt::Key_Return);
+    QTest::keyRelease(box, answer_);  // the finger whose press has opened the box
+    QTest::keyClick(box, answer_);
   }
+
+ private:
+  Qt::Key answer_;
 };
 
 // The whole program on a folder with a collection of two caves and a player, walked through by keys.

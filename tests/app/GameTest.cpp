@@ -189,7 +189,7 @@ TEST_F(GameTest, PlaysCollectionsForPlayersWhoseNamesAreNoUtf8) {
   Press(Screen<FrmPoSt>(), Qt::Key_Up);
   Press(Screen<FrmPoSt>(), Qt::Key_Z);
   ASSERT_TRUE(Wait(Shows<HraWindow>));
-  EXPECT_TRUE(Screen<HraWindow>()->Machine().ReplayPlaying);
+  EXPECT_TRUE(Screen<HraWindow>()->Machine().ReplayPlaying());
   EXPECT_EQ(Screen<HraWindow>()->windowTitle().section("...", 1), "záznam pro hráče Hráč");
 }
 

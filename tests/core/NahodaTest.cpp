@@ -88,7 +88,7 @@ TEST(PseudoNahoda, WritesWhatNahodaReadsBackAsOneMore) {
     PseudoNahoda(hra, value);
     ASSERT_EQ(hra.RecordText.size(), 1U);
     EXPECT_EQ(static_cast<unsigned char>(hra.RecordText[0]), value + 1 + 65);
-    hra.ReplayPlaying = true;
+    hra.Kind = RunKind::Replay;
     hra.RecordLine = hra.RecordText;
     EXPECT_EQ(Nahoda(hra, 3) - 1, value);
   }

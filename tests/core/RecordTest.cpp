@@ -69,7 +69,7 @@ TEST(AReplay, TakesCollectionPlayerAndCaveFromTheRecord) {
   hra.CollectionName = "jina";
   hra.Score = 77;
   ASSERT_FALSE(Replay(hra, RecordOf({"1.D"}, {{.before = {9}}}, {.name = "Jmeno"})));
-  EXPECT_TRUE(hra.ReplayPlaying);
+  EXPECT_TRUE(hra.ReplayPlaying());
   EXPECT_EQ(hra.CollectionName, "sada");
   EXPECT_EQ(hra.RecordPlayer, "hrac");
   EXPECT_EQ(hra.PlayerName, "divak");
@@ -106,7 +106,7 @@ TEST(AReplay, OfARecordWhoseCaveDoesNotParseFailsAndChangesNothing) {
     const auto failure = Replay(hra, bytes);
     ASSERT_TRUE(failure);
     EXPECT_FALSE(failure->message.empty());
-    EXPECT_FALSE(hra.ReplayPlaying);
+    EXPECT_FALSE(hra.ReplayPlaying());
     EXPECT_EQ(Drawn(hra)[0], ".1.");
     EXPECT_EQ(hra.CollectionName, "sada");
   }
@@ -153,7 +153,7 @@ TEST(AReplay, RestartsFromItsTopWithCtrlAndR) {
   KeySnapshot keys;
   keys.down.set(kKeyR).set(kKeyCtrl);
   EXPECT_EQ(Tick(hra, keys), TickEnd::Restarted);
-  EXPECT_TRUE(hra.ReplayPlaying);
+  EXPECT_TRUE(hra.ReplayPlaying());
   EXPECT_EQ(hra.Score, 0);
   EXPECT_EQ(hra.RecordPlayer, "hrac");
   Pass(hra);
@@ -198,8 +198,8 @@ TEST(ARunInPlay, RestartsWithAFreshRecordAndKeepsItsScore) {
   EXPECT_EQ(hra.Ticks, 0);
   EXPECT_EQ(hra.Score, 10);
   EXPECT_EQ(LinesOf(hra.RecordText).size(), 1U);
-  EXPECT_FALSE(hra.ReplayPlaying);
-  EXPECT_FALSE(hra.EditorRun);
+  EXPECT_FALSE(hra.ReplayPlaying());
+  EXPECT_FALSE(hra.EditorRun());
 }
 
 TEST(ATestRun, RestartsAsATestRun) {
@@ -207,7 +207,7 @@ TEST(ATestRun, RestartsAsATestRun) {
   ASSERT_FALSE(PaintCave(hra, CaveTextOf({"1.."}), RunKind::Test));
   Pass(hra, 2, "R");
   RestartCave(hra);
-  EXPECT_TRUE(hra.EditorRun);
+  EXPECT_TRUE(hra.EditorRun());
   EXPECT_EQ(Drawn(hra)[0], "1..");
 }
 

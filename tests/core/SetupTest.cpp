@@ -26,14 +26,14 @@ TEST(ARunInPlay, RecordsAndAReplayKeepsTheFlagOfTheRunBeforeIt) {
   Hra hra;
   Paint(hra, {"1"}, {}, RunKind::Replay);
   EXPECT_FALSE(hra.Recording);
-  EXPECT_TRUE(hra.ReplayPlaying);
+  EXPECT_TRUE(hra.ReplayPlaying());
   Paint(hra, {"1"}, {}, RunKind::Test);
   EXPECT_TRUE(hra.Recording);
-  EXPECT_TRUE(hra.EditorRun);
-  EXPECT_FALSE(hra.ReplayPlaying);
+  EXPECT_TRUE(hra.EditorRun());
+  EXPECT_FALSE(hra.ReplayPlaying());
   Paint(hra, {"1"}, {}, RunKind::Replay);
   EXPECT_TRUE(hra.Recording);
-  EXPECT_FALSE(hra.EditorRun);
+  EXPECT_FALSE(hra.EditorRun());
 }
 
 TEST(TheRecord, StartsWithTheScrambledCaveAndALineEnd) {
@@ -73,7 +73,7 @@ TEST_P(ACaveThatCannotBePlayed, IsRefusedWithAReasonAndLeavesTheRunThatThereIs) 
   EXPECT_FALSE(failure->message.empty());
   EXPECT_EQ(Drawn(hra), before);
   EXPECT_EQ(hra.RecordText, record);
-  EXPECT_FALSE(hra.ReplayPlaying);
+  EXPECT_FALSE(hra.ReplayPlaying());
   EXPECT_EQ(hra.Ticks, 1);
   EXPECT_EQ(diary.entries, Entries{});
 }

@@ -175,41 +175,40 @@ TEST(FetchCaveText, FailsAtAFileThatCannotBeRead) {
   EXPECT_NE(text.Message().find(path), std::string::npos);
 }
 
-// A collection with one cave, in a file of its own.
-std::string FileWithOneCave() {
-  std::string path = testing::TempDir() + "zorik-open.zk";
-  EXPECT_TRUE(WriteWhole(path, CollectionFile({CaveText("a") + "---07", "Konec"})));
-  return path;
+// The only cave of a collection, as the selection has read it.
+PlayedCave OnlyCave() {
+  return ReadForPlay(CollectionFile({CaveText("a") + "---07", "Konec"}))->Caves[0];
 }
 
-TEST(OpenCave, StartsTheCaveWithThatMarkerInPlay) {
+TEST(OpenCave, StartsTheCaveWithItsMarkerInPlay) {
   Hra hra;
-  hra.ReplayPlaying = hra.EditorRun = true;
-  ASSERT_FALSE(OpenCave(hra, FileWithOneCave(), 7));
+  hra.Kind = RunKind::Replay;
+  ASSERT_FALSE(OpenCave(hra, OnlyCave()));
   EXPECT_EQ(hra.CaveText, CaveText("a") + "---07");
   EXPECT_EQ(hra.CaveName, "a");
-  EXPECT_FALSE(hra.ReplayPlaying);
-  EXPECT_FALSE(hra.EditorRun);
+  EXPECT_EQ(hra.CaveWidth, 3);
+  EXPECT_EQ(hra.Kind, RunKind::Play);
   EXPECT_TRUE(hra.Recording);
 }
 
-TEST(OpenCave, OfANumberInNoLineStartsNothing) {
+TEST(OpenCave, OfALostCaveStartsNothing) {
   Hra hra;
-  ASSERT_FALSE(OpenCave(hra, "*1", 0));
-  const auto lost = OpenCave(hra, FileWithOneCave(), 1);
+  ASSERT_FALSE(OpenCave(hra, OnlyCave()));
+  const auto lost = OpenCave(hra, {});
   ASSERT_TRUE(lost);
   EXPECT_FALSE(lost->message.empty());
-  EXPECT_EQ(hra.CaveText, *NewCaveText(NewCaveSize::Small));
+  EXPECT_EQ(hra.CaveName, "a");
 }
 
-TEST(OpenCave, OfAFileThatIsNotThereStartsNothingAndNamesIt) {
+TEST(OpenCave, OfACaveThatIsTooLargeStartsNothingAndTellsItsSize) {
   Hra hra;
-  ASSERT_FALSE(OpenCave(hra, "*1", 0));
-  const std::string path = testing::TempDir() + "zorik-no-such-file.zk";
-  const auto failure = OpenCave(hra, path, 1);
+  ASSERT_FALSE(OpenCave(hra, OnlyCave()));
+  PlayedCave large = OnlyCave();
+  large.Record.Width = 101;
+  const auto failure = OpenCave(hra, large);
   ASSERT_TRUE(failure);
-  EXPECT_NE(failure->message.find(path), std::string::npos);
-  EXPECT_EQ(hra.CaveText, *NewCaveText(NewCaveSize::Small));
+  EXPECT_NE(failure->message.find("101 x 2"), std::string::npos) << failure->message;
+  EXPECT_EQ(hra.CaveWidth, 3);
 }
 
 }  // namespace

@@ -73,5 +73,10 @@ TEST(PlayerName, ForgetsSeparatorsOfAPath) {
   EXPECT_EQ(PlayerName("a?b*"), "ab");
 }
 
+TEST(PlayerOfFolder, IsTheNameInWindows1250HoweverTheFolderIsWritten) {
+  EXPECT_EQ(PlayerOfFolder("Hráč"), "Hr\xE1\xE8");
+  EXPECT_EQ(PlayerOfFolder("Hr\xE1\xE8"), "Hr\xE1\xE8");
+}
+
 }  // namespace
 }  // namespace zorik

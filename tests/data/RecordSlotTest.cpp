@@ -118,11 +118,13 @@ TEST_F(RecordSlotTest, KeepsOneWinOfACave) {
 
 TEST_F(RecordSlotTest, ComparesAScoreWithTheOneThatIsKept) {
   UnstoredWins wins;
-  const StandingRecord standing = With(Record("Sada", slot_.CaveText, 123));
-  EXPECT_EQ(BestScore(slot_, standing, wins), 123);
-  EXPECT_EQ(BestScore(slot_, {}, wins), 0);
+  EXPECT_TRUE(JeLepsi({slot_, 0, {}}, wins)) << "than none";
+  With(Record("Sada", slot_.CaveText, 123));
+  EXPECT_FALSE(JeLepsi({slot_, 122, {}}, wins));
+  EXPECT_TRUE(JeLepsi({slot_, 123, {}}, wins));
   wins.Keep({slot_, 60, "one"});
-  EXPECT_EQ(BestScore(slot_, standing, wins), 60) << "the player has let it take the other's place";
+  EXPECT_TRUE(JeLepsi({slot_, 60, {}}, wins)) << "the player has let it take the other's place";
+  EXPECT_FALSE(JeLepsi({slot_, 59, {}}, wins));
 }
 
 }  // namespace

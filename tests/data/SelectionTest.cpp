@@ -61,6 +61,18 @@ class SelectionTest : public testing::Test {
     return *selection;
   }
 
+  // A run of the selected cave.
+  static WonRun Run(const Selection& selection, int score, const std::string& bytes = {}) {
+    return {selection.Slot(selection.Selected()), score, bytes};
+  }
+  static bool Beats(const Selection& selection, int score) { return JeLepsi(Run(selection, score), {}); }
+  static Result<Done> Store(const Selection& selection, const std::string& bytes) {
+    return StoreRun(Run(selection, 0, bytes));
+  }
+  static void Win(Selection& selection, int score) {
+    selection.Prosel(selection.Slot(selection.Selected()), score);
+  }
+
   // The states of all caves as digits.
   static std::string States(const Selection& selection) {
     std::string digits;
@@ -128,26 +140,26 @@ TEST_F(SelectionTest, TakesAScoreForBetterWhenItIsEqual) {
   Write({"a"});
   Record("a", 123);
   const Selection selection = Open();
-  EXPECT_FALSE(selection.JeLepsi(122));
-  EXPECT_TRUE(selection.JeLepsi(123));
-  EXPECT_TRUE(selection.JeLepsi(124));
+  EXPECT_FALSE(Beats(selection, 122));
+  EXPECT_TRUE(Beats(selection, 123));
+  EXPECT_TRUE(Beats(selection, 124));
 }
 
 TEST_F(SelectionTest, TakesAnyScoreForBetterThanNone) {
   Write({"a"});
-  EXPECT_TRUE(Open().JeLepsi(0));
+  EXPECT_TRUE(Beats(Open(), 0));
 }
 
 TEST_F(SelectionTest, ComparesWithAnotherPlayersRecordToo) {
   Write({"a"});
   Record("a", 50, "Jin\xFD");
-  EXPECT_FALSE(Open().JeLepsi(49));
+  EXPECT_FALSE(Beats(Open(), 49));
 }
 
 TEST_F(SelectionTest, SolvesTheWonCaveOpensTheNextAndGoesThere) {
   Write({"a", "b", "c"});
   Selection selection = Open();
-  selection.Prosel(77, false);
+  Win(selection, 77);
   EXPECT_EQ(States(selection), "210");
   EXPECT_EQ(selection.Score(1), 77);
   EXPECT_EQ(selection.Total(), 77);
@@ -155,25 +167,11 @@ TEST_F(SelectionTest, SolvesTheWonCaveOpensTheNextAndGoesThere) {
   EXPECT_EQ(selection.Selected(), 2);
 }
 
-TEST_F(SelectionTest, AddsTheBonusToTheScoreOfABonusCave) {
-  Write({"a"});
-  Selection selection = Open();
-  selection.Prosel(77, true);
-  EXPECT_EQ(selection.Score(1), 577);
-}
-
-TEST_F(SelectionTest, HoldsAScoreToFiveDigits) {
-  Write({"a"});
-  Selection selection = Open();
-  selection.Prosel(99800, true);
-  EXPECT_EQ(selection.Score(1), 99999);
-}
-
 TEST_F(SelectionTest, StaysAtTheLastCave) {
   Write({"a", "b"});
   Selection selection = Open();
-  selection.Prosel(1, false);
-  selection.Prosel(2, false);
+  Win(selection, 1);
+  Win(selection, 2);
   EXPECT_EQ(selection.Selected(), 2);
   EXPECT_EQ(States(selection), "22");
   EXPECT_EQ(selection.Rest(), 0);
@@ -182,7 +180,7 @@ TEST_F(SelectionTest, StaysAtTheLastCave) {
 TEST_F(SelectionTest, OpensBonusCavesInARowAndTheCaveBehindThem) {
   Write({"a", "Bonus 1", "bonus 2", "d", "e"});
   Selection selection = Open();
-  selection.Prosel(1, false);
+  Win(selection, 1);
   EXPECT_EQ(States(selection), "21110");
   EXPECT_EQ(selection.Rest(), 2) << "open bonus caves count as done";
 }
@@ -191,7 +189,7 @@ TEST_F(SelectionTest, OpensNothingBehindACaveThatIsOpenAlready) {
   Write({"a", "Bonus", "c"}, "Konec", "AB");
   Selection selection = Open();
   ASSERT_EQ(States(selection), "111") << "the open bonus cave opens the next";
-  selection.Prosel(1, false);
+  Win(selection, 1);
   EXPECT_EQ(States(selection), "211");
 }
 
@@ -200,7 +198,7 @@ TEST_F(SelectionTest, MakesAnotherPlayersCaveOnesOwnByWinningIt) {
   Record("a", 50, "Jin\xFD");
   Selection selection = Open();
   ASSERT_EQ(States(selection), "31");
-  selection.Prosel(40, false);
+  Win(selection, 40);
   EXPECT_EQ(States(selection), "21");
   EXPECT_EQ(selection.Score(1), 40);
 }
@@ -213,7 +211,7 @@ TEST_F(SelectionTest, ManagesNinetyNineCavesToTheEnd) {
   Selection selection = Open();
   EXPECT_EQ(selection.State(99), CaveState::Solved);
   selection.Select(99);
-  selection.Prosel(10, false);
+  Win(selection, 10);
   EXPECT_EQ(selection.Selected(), 99);
   EXPECT_EQ(selection.Score(99), 10);
 }
@@ -236,7 +234,7 @@ TEST_F(SelectionTest, FindsARecordWhateverItsLetterCase) {
 TEST_F(SelectionTest, FindsTheRecordThatItHasStoredWhenItIsOpenedAgain) {
   Write({"a", "b"});
   Selection selection = Open();
-  ASSERT_TRUE(selection.StoreRecord(RecordOf("a", 33)));
+  ASSERT_TRUE(Store(selection, RecordOf("a", 33)));
   const Selection again = Open();
   EXPECT_EQ(States(again), "21");
   EXPECT_EQ(again.Score(1), 33);
@@ -246,7 +244,7 @@ TEST_F(SelectionTest, MakesThePlayersFolderAnewForARecord) {
   Write({"a"});
   Selection selection = Open();
   fs::remove_all(Folder());
-  ASSERT_TRUE(selection.StoreRecord(RecordOf("a", 33)));
+  ASSERT_TRUE(Store(selection, RecordOf("a", 33)));
   EXPECT_TRUE(fs::exists(selection.RecordPath()));
 }
 
@@ -254,26 +252,26 @@ TEST_F(SelectionTest, ComparesWithTheStoredRecordAlsoWhenTheListShowsAWorseRun) 
   Write({"a"});
   Record("a", 100);
   Selection selection = Open();
-  selection.Prosel(60, false);
+  Win(selection, 60);
   EXPECT_EQ(selection.Score(1), 60);
-  EXPECT_FALSE(selection.JeLepsi(99)) << "the better record is still on the disk";
+  EXPECT_FALSE(Beats(selection, 99)) << "the better record is still on the disk";
 }
 
 TEST_F(SelectionTest, ComparesWithTheRecordThatWasStoredLast) {
   Write({"a"});
   Record("a", 100);
   Selection selection = Open();
-  ASSERT_TRUE(selection.StoreRecord(RecordOf("a", 60)));
-  EXPECT_TRUE(selection.JeLepsi(60));
-  EXPECT_FALSE(selection.JeLepsi(59));
+  ASSERT_TRUE(Store(selection, RecordOf("a", 60)));
+  EXPECT_TRUE(Beats(selection, 60));
+  EXPECT_FALSE(Beats(selection, 59));
 }
 
 TEST_F(SelectionTest, ComparesWithTheRecordThatAnotherRunningGameHasStoredMeanwhile) {
   Write({"a", "b"});
   Selection selection = Open();
   Record("a", 500);
-  EXPECT_FALSE(selection.JeLepsi(499));
-  EXPECT_TRUE(selection.JeLepsi(500));
+  EXPECT_FALSE(Beats(selection, 499));
+  EXPECT_TRUE(Beats(selection, 500));
   EXPECT_EQ(States(selection), "10") << "the list stays as it is until the collection is opened again";
 }
 
@@ -288,14 +286,14 @@ TEST_F(SelectionTest, LeavesTheOldRecordWhenTheDiskIsFull) {
   rlimit small = before;
   small.rlim_cur = 20;
   ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
-  const Result<Done> stored = selection.StoreRecord(RecordOf("a", 20));
+  const Result<Done> stored = Store(selection, RecordOf("a", 20));
   ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &before), 0);
   signal(SIGXFSZ, handler);
   EXPECT_FALSE(stored);
   EXPECT_EQ(*ReadWhole(selection.RecordPath()), old);
   EXPECT_EQ(std::distance(fs::directory_iterator(Folder()), fs::directory_iterator()), 1);
-  EXPECT_TRUE(selection.JeLepsi(10));
-  EXPECT_FALSE(selection.JeLepsi(9));
+  EXPECT_TRUE(Beats(selection, 10));
+  EXPECT_FALSE(Beats(selection, 9));
 }
 
 TEST_F(SelectionTest, LeavesTheOldRecordInAFolderThatMayNotBeWritten) {
@@ -307,7 +305,7 @@ TEST_F(SelectionTest, LeavesTheOldRecordInAFolderThatMayNotBeWritten) {
   fs::permissions(Folder(), fs::perms(0555));
   {
     const test::AsNobody nobody;
-    EXPECT_FALSE(selection.StoreRecord(RecordOf("a", 20)));
+    EXPECT_FALSE(Store(selection, RecordOf("a", 20)));
   }
   fs::permissions(Folder(), fs::perms(0755));
   EXPECT_EQ(*ReadWhole(selection.RecordPath()), old);
@@ -318,7 +316,7 @@ TEST_F(SelectionTest, ReplacesARecordThatMayNotBeWritten) {
   Record("a", 10);
   const Selection selection = Open();
   fs::permissions(selection.RecordPath(), fs::perms(0444));
-  ASSERT_TRUE(selection.StoreRecord(RecordOf("a", 20)));
+  ASSERT_TRUE(Store(selection, RecordOf("a", 20)));
   EXPECT_EQ(*ReadWhole(selection.RecordPath()), RecordOf("a", 20));
 }
 
@@ -327,7 +325,7 @@ TEST_F(SelectionTest, StoresNothingWhereAFileStandsInThePlaceOfTheFolder) {
   const Selection selection = Open();
   fs::remove_all(Folder());
   ASSERT_TRUE(WriteWhole(Folder(), "a file"));
-  EXPECT_FALSE(selection.StoreRecord(RecordOf("a", 20)));
+  EXPECT_FALSE(Store(selection, RecordOf("a", 20)));
   EXPECT_EQ(*ReadWhole(Folder()), "a file");
 }
 
@@ -337,7 +335,7 @@ TEST_F(SelectionTest, StoresNothingWhereThePathIsTooLong) {
   for (int i = 0; i < 30; ++i) folder += "/" + std::string(200, 'x');
   const auto selection = Selection::LoadColl(File(), "Ada", folder);
   ASSERT_TRUE(selection);
-  EXPECT_FALSE(selection->StoreRecord(RecordOf("a", 20)));
+  EXPECT_FALSE(Store(*selection, RecordOf("a", 20)));
 }
 
 TEST_F(SelectionTest, LeavesTheOldOrTheNewRecordWhenItIsKilled) {
@@ -349,14 +347,14 @@ TEST_F(SelectionTest, LeavesTheOldOrTheNewRecordWhenItIsKilled) {
   std::string moves;
   for (int i = 0; i < 40000; ++i) moves += "AAfBAAAA\r\n";
   const auto recordOf = [&](int score) { return RecordOf("a", score) + moves; };
-  ASSERT_TRUE(selection.StoreRecord(recordOf(0)));
+  ASSERT_TRUE(Store(selection, recordOf(0)));
   int last = 0;
   int replaced = 0;
   for (int i = 1; i <= kTries || (replaced == 0 && i <= kMostTries); ++i) {
     const std::string record = recordOf(i);
     const pid_t child = fork();
     if (child == 0) {
-      for (;;) static_cast<void>(selection.StoreRecord(record));
+      for (;;) static_cast<void>(Store(selection, record));
     }
     usleep(static_cast<useconds_t>(500 + i * 500));
     kill(child, SIGKILL);
@@ -377,12 +375,12 @@ TEST_F(SelectionTest, FindsAWholeRecordWhileTwoGamesStoreTheirs) {
   const Selection selection = Open();
   const std::string moves(200000, 'A');
   const std::string records[] = {RecordOf("a", 1) + moves, RecordOf("a", 2) + moves};
-  ASSERT_TRUE(selection.StoreRecord(records[0]));
+  ASSERT_TRUE(Store(selection, records[0]));
   std::vector<pid_t> games;
   for (const std::string& record : records) {
     games.push_back(fork());
     if (games.back() == 0) {
-      for (;;) static_cast<void>(selection.StoreRecord(record));
+      for (;;) static_cast<void>(Store(selection, record));
     }
   }
   for (int i = 0; i < 60; ++i) {

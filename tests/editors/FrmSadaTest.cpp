@@ -186,7 +186,7 @@ TEST_F(FrmSadaTest, TakesTheEditedCaveBackIntoItsRow) {
   OpenCaves({"A", "B", "*C"});
   ClickCave(2);
   Action("mnuEdit").trigger();
-  window->CaveDone(QByteArray::fromStdString(test::OneStepCave("Jina")));
+  window->CaveDone(test::OneStepCave("Jina"));
   EXPECT_TRUE(window->isVisible());
   EXPECT_EQ(Rows(), (Names{"*A", "Jina", "*C"}));
   EXPECT_EQ(Sada().ListSelected(), 2);
@@ -203,7 +203,7 @@ TEST_F(FrmSadaTest, StaysWhenTheEditorGivesTheCaveBackAtOnce) {
 TEST_F(FrmSadaTest, CountsAsChangedEvenIfTheCaveStaysAsItWas) {
   OpenCaves({"A"});
   Action("mnuEdit").trigger();
-  window->CaveDone(QByteArray::fromStdString(edited.front()));
+  window->CaveDone(edited.front());
   EXPECT_TRUE(window->isWindowModified());
 }
 

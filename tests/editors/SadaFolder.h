@@ -9,7 +9,7 @@
 #include "Samples.h"
 #include "data/CaveO.h"
 #include "data/Files.h"
-#include "editors/SadaModel.h"
+#include "flow/SadaModel.h"
 
 namespace zorik::test {
 

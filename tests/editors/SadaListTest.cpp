@@ -110,7 +110,7 @@ TEST_F(SadaListTest, EditsACaveByDoubleClickAndByEnter) {
   OpenCaves({"A", "B"});
   QTest::mouseDClick(List().viewport(), Qt::LeftButton, {}, List().lblCave(2).center());
   EXPECT_EQ(edited, Names{test::OneStepCave("B")});
-  window->CaveDone(QByteArray::fromStdString(edited.front()));
+  window->CaveDone(edited.front());
   List().setFocus();
   Key(Qt::Key_Return);
   EXPECT_EQ(edited.size(), 2U);

@@ -12,7 +12,7 @@
 
 #include "Samples.h"
 #include "data/Files.h"
-#include "editors/SadaModel.h"
+#include "flow/SadaModel.h"
 
 namespace zorik {
 namespace {

@@ -33,9 +33,9 @@ class SadaScreen {
   }
 
   void MakeWindow() {
-    window = std::make_unique<FrmSada>(skin, folder.Paths());
-    QObject::connect(window.get(), &FrmSada::EditCave, window.get(), [this](const QByteArray& text) {
-      edited.push_back(text.toStdString());
+    window = std::make_unique<FrmSada>(skin, folder.Paths(), sada);
+    QObject::connect(window.get(), &FrmSada::EditCave, window.get(), [this](const std::string& text) {
+      edited.push_back(text);
       changedWhileEdited = Sada().Chg();
     });
     QObject::connect(window.get(), &FrmSada::Closed, window.get(), [this] { ++closed; });
@@ -147,6 +147,7 @@ class SadaScreen {
   std::vector<std::string> edited;
   bool changedWhileEdited = false;
   int closed = 0;
+  SadaModel sada{SadaWords(), 1};
   std::unique_ptr<FrmSada> window;
 };
 

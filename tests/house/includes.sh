@@ -10,19 +10,21 @@ arrows="
 core      core data
 rules     rules core
 data      data
+flow      flow core data
 solve     solve core data
 skin      skin core data platform
-screens   screens skin platform rules core data
-editors   editors screens skin platform rules core data
+screens   screens skin platform flow rules core data
+editors   editors screens skin platform flow rules core data
 platform  platform core data
-app       app editors screens skin platform rules core data
+app       app editors screens skin platform flow rules core data
 tools     solve core rules data skin
 fuzz      core rules data skin
 bench     solve core rules data skin editors screens
 "
 
-# A record must play the same everywhere and for ever: no window, no sound, no clock, no threads in here.
-machine='core|rules|data|solve'
+# A record must play the same everywhere and for ever: no window, no sound, no clock, no threads in here; and
+# the way to it can be walked without them.
+machine='core|rules|data|solve|flow'
 alien='Q[A-Za-z]+|Qt[A-Za-z]*/.*|SDL.*|chrono|ctime|time\.h|sys/time\.h|iostream|thread|mutex|future|condition_variable'
 
 folders=()

@@ -11,10 +11,11 @@ failures=0
 
 sound_tree() {
   rm -rf "$tree"
-  mkdir -p "$tree"/{src/{core,rules,data,skin,screens,editors,platform,app},tools/zktool,fuzz}
+  mkdir -p "$tree"/{src/{core,rules,data,flow,skin,screens,editors,platform,app},tools/zktool,fuzz}
   printf '#pragma once\n#include <array>\n#include "data/Bytes.h"\n' >"$tree/src/core/Hra.h"
   printf '#include "rules/Slime.h"\n#include "core/Hra.h"\n' >"$tree/src/rules/Slime.cpp"
   printf '#pragma once\n#include <string>\n' >"$tree/src/data/Bytes.h"
+  printf '#include "core/Hra.h"\n#include "data/Bytes.h"\n' >"$tree/src/flow/Flow.cpp"
   printf '#include <QImage>\n#include "core/Hra.h"\n#include "platform/Sound.h"\n' >"$tree/src/skin/Painter.cpp"
   printf '#include <SDL.h>\n#include "platform/Sound.h"\n' >"$tree/src/platform/Sound.cpp"
   printf '#include "screens/Start.h"\n#include "editors/Cave.h"\n#include "Main.moc"\n' >"$tree/src/app/Main.cpp"
@@ -51,6 +52,11 @@ fault src/rules/Slime.cpp '#include "data/Bytes.h"' "rules may not include data"
 fault src/rules/Slime.cpp '#include <iostream>' "rules may not know <iostream>"
 fault src/data/Bytes.h '#include "core/Hra.h"' "data may not include core"
 fault src/data/Bytes.h '#include <thread>' "data may not know <thread>"
+fault src/flow/Flow.cpp '#include "screens/Start.h"' "flow may not include screens"
+fault src/flow/Flow.cpp '#include "platform/Sound.h"' "flow may not include platform"
+fault src/flow/Flow.cpp '#include <QString>' "flow may not know <QString>"
+fault src/data/Bytes.h '#include "flow/Flow.h"' "data may not include flow"
+fault src/skin/Painter.cpp '#include "flow/Flow.h"' "skin may not include flow"
 fault src/skin/Painter.cpp '#include "screens/Start.h"' "skin may not include screens"
 fault src/skin/Painter.cpp '#include <SDL_mixer.h>' "only platform knows <SDL_mixer.h>"
 fault src/skin/Painter.cpp '#include "Painter.h"' 'the path of "Painter.h" does not start at src'

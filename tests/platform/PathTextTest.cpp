@@ -40,10 +40,5 @@ TEST(ShownPath, HasNoControlCharacters) {
   EXPECT_EQ(ShownPath(PathText("/a\nb\x1B\x7F/c\xC2\x85\td/\x81\xE1")), QString("/ab/cd/á"));
 }
 
-TEST(PlayerOfFolder, IsTheNameInWindows1250HoweverTheFolderIsWritten) {
-  EXPECT_EQ(PlayerOfFolder(PathText("Hráč")), "Hr\xE1\xE8");
-  EXPECT_EQ(PlayerOfFolder(PathText("Hr\xE1\xE8")), "Hr\xE1\xE8");
-}
-
 }  // namespace
 }  // namespace zorik

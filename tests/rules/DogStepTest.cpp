@@ -186,11 +186,11 @@ TEST(DogStep, AStepIntoALockIsStopped) {
 
 TEST(DogStep, MayEnterOrClearACellThatAMonsterLeftInThisTick) {
   Hra entered = Live({"1-"});
-  entered.ReplayPlaying = true;
+  entered.Kind = RunKind::Replay;
   StepDog(entered, kKeyRight, 2);
   EXPECT_EQ(Drawn(entered), (Picture{".1"}));
   Hra snapped = Live({"1-"});
-  snapped.ReplayPlaying = true;
+  snapped.Kind = RunKind::Replay;
   StepDog(snapped, kKeyRight, 2, 1);
   EXPECT_EQ(Drawn(snapped), (Picture{"1."}));
 }

@@ -18,7 +18,7 @@ class FrmPoStFaults : public testing::Test, public test::PostScreen {
 
   // Opens the collection for another player than usual.
   void OpenFor(const QString& player) {
-    window = std::make_unique<FrmPoSt>(skin, folder.Paths(), unstored);
+    window = std::make_unique<FrmPoSt>(skin, flow);
     ASSERT_FALSE(window->LoadColl(CollectionPath(), player));
   }
 };
@@ -32,7 +32,7 @@ TEST_F(FrmPoStFaults, TakesARecordOfGarbageForNone) {
     EXPECT_EQ(State(2), CaveState::Closed);
     EXPECT_EQ(Text("lblTotal"), "00000");
     EXPECT_FALSE(Shown("replay"));
-    EXPECT_EQ(ReadStanding(window->Slot()).Of, StandingRecord::Kind::Nothing);
+    EXPECT_EQ(ReadStanding(flow.ChosenSlot()).Of, StandingRecord::Kind::Nothing);
     EXPECT_EQ(*ReadWhole(RecordPath(1)), bytes) << "it stays where it is";
   }
 }
@@ -54,7 +54,7 @@ TEST_F(FrmPoStFaults, TakesAFolderInThePlaceOfARecordForNone) {
   std::filesystem::create_directories(RecordPath(1));
   Open();
   EXPECT_EQ(State(1), CaveState::Open);
-  EXPECT_FALSE(StoreRun({window->Slot(), 0, "run"}));
+  EXPECT_FALSE(StoreRun({flow.ChosenSlot(), 0, "run"}));
 }
 
 TEST_F(FrmPoStFaults, KeepsTheRecordsOfPlayersWithOddNames) {
@@ -64,7 +64,7 @@ TEST_F(FrmPoStFaults, KeepsTheRecordsOfPlayersWithOddNames) {
     Chance chance(5);
     const std::string bytes = BuildRecordHead("Sada", 77, test::Bytes(player), chance) +
                               ScrambleText(caves[0] + "---01", chance) + "\r\nAAA\r\n";
-    ASSERT_TRUE(StoreRun({window->Slot(), 77, bytes})) << player;
+    ASSERT_TRUE(StoreRun({flow.ChosenSlot(), 77, bytes})) << player;
     OpenFor(player);
     EXPECT_EQ(State(1), CaveState::Solved) << player;
     EXPECT_EQ(Text("lblTotal"), "00077") << player;

@@ -1,46 +1,17 @@
 #include <gtest/gtest.h>
 
-#include <QLabel>
 #include <QScreen>
 #include <QSignalSpy>
 #include <QTextEdit>
 
-#include "screens/CaveList.h"
-#include "screens/DialogScript.h"
-#include "screens/FrmPoSt.h"
-#include "screens/PostScreen.h"
+#include "screens/PostList.h"
 
 namespace zorik {
 namespace {
 
-using test::DialogScript;
 using test::InDialog;
 
-class FrmPoStTest : public testing::Test, public test::PostScreen {
- protected:
-  CaveList& List() const { return *window->findChild<CaveList*>(); }
-  QString Row(int number) const { return List().Rows()[static_cast<std::size_t>(number - 1)].name; }
-  int Score(int number) const { return List().Rows()[static_cast<std::size_t>(number - 1)].score; }
-  QColor Key(const std::string& key) const { return skin.Colour("select.caves." + key, Qt::transparent); }
-
-  void ClickRow(int number) {
-    QTest::mouseClick(&List(), Qt::LeftButton, {}, QPoint(50, 1 + List().Top() + 14 * (number - 1) + 7));
-  }
-
-  // The text of the message box that an action opens.
-  template <class Action>
-  QString Message(Action action) {
-    QString text;
-    const InDialog dialog([&](QWidget& box) {
-      text = box.findChild<QLabel*>("lblText")->text();
-      QTest::keyClick(&box, Qt::Key_Return);
-    });
-    action();
-    QCoreApplication::processEvents();
-    EXPECT_TRUE(dialog.Opened());
-    return text.simplified();
-  }
-};
+using FrmPoStTest = test::PostList;
 
 TEST_F(FrmPoStTest, ShowsANewPlayerOneOpenCaveAndTheOthersLocked) {
   Caves(4);
@@ -67,7 +38,7 @@ TEST_F(FrmPoStTest, TellsOfTheCollection) {
   EXPECT_EQ(Text("lblTotal"), "00000");
   EXPECT_EQ(Text("lblRest"), "Zbývá projít: 1 komnata.");
   EXPECT_EQ(window->windowTitle(), "Výběr komnaty");
-  EXPECT_EQ(window->CollectionName(), "Sada");
+  EXPECT_EQ(flow.Caves().Collection().Name, "Sada");
 }
 
 TEST_F(FrmPoStTest, HasTheSizeThatTheSkinTells) {
@@ -168,7 +139,7 @@ TEST_F(FrmPoStTest, ShowsTheBonusSignOfABonusCaveThatIsOpen) {
   EXPECT_FALSE(Shown("imgBonus"));
   ClickRow(2);
   EXPECT_FALSE(Shown("imgBonus")) << "its name is not shown yet";
-  window->Prosel(window->Slot(), 5, false);
+  Prosel();
   ClickRow(2);
   EXPECT_TRUE(Shown("imgBonus"));
   ClickRow(3);
@@ -178,14 +149,14 @@ TEST_F(FrmPoStTest, ShowsTheBonusSignOfABonusCaveThatIsOpen) {
 TEST_F(FrmPoStTest, SolvesAWonCaveOpensTheNextAndSelectsIt) {
   Caves(3);
   Open();
-  window->Prosel(window->Slot(), 150, false);
+  Prosel();
   EXPECT_EQ(List().TextColour(1), Key("solvcolor"));
-  EXPECT_EQ(Score(1), 150);
+  EXPECT_EQ(Score(1), 50);
   EXPECT_EQ(Row(2), "c2");
   EXPECT_EQ(Row(3), "(zamčeno)");
   EXPECT_EQ(List().Selected(), 2);
   EXPECT_EQ(List().TextColour(2), Key("selection.textcolor"));
-  EXPECT_EQ(Text("lblTotal"), "00150");
+  EXPECT_EQ(Text("lblTotal"), "00050");
   EXPECT_EQ(Text("lblRest"), "Zbývá projít: 2 komnaty.");
   EXPECT_EQ(Text("lblCaveName"), "c2");
 }
@@ -194,7 +165,7 @@ TEST_F(FrmPoStTest, CongratulatesWhenTheLastCaveIsSolved) {
   Caves(1);
   Open();
   EXPECT_FALSE(Shown("congratulation"));
-  window->Prosel(window->Slot(), 42, false);
+  Prosel();
   EXPECT_TRUE(Shown("congratulation"));
   EXPECT_EQ(List().Selected(), 1);
   for (const bool byKey : {false, true}) {
@@ -210,7 +181,7 @@ TEST_F(FrmPoStTest, CongratulatesWhenTheLastCaveIsSolved) {
     }
     EXPECT_TRUE(dialog.Opened());
     EXPECT_FALSE(dialog.Stayed());
-    EXPECT_EQ(text, "Skvělé!\nBody: 00042");
+    EXPECT_EQ(text, "Skvělé!\nBody: 00050");
   }
 }
 
@@ -218,207 +189,8 @@ TEST_F(FrmPoStTest, CongratulatesWithoutALastBonusCaveOnceThatIsOpen) {
   Collection({"a", "bonus"});
   Open();
   EXPECT_FALSE(Shown("congratulation"));
-  window->Prosel(window->Slot(), 1, false);
+  Prosel();
   EXPECT_TRUE(Shown("congratulation"));
-}
-
-TEST_F(FrmPoStTest, HasNoCongratulationKeyBeforeTheEnd) {
-  Caves(2);
-  Open();
-  const InDialog dialog([](QWidget&) {});
-  Press(Qt::Key_G);
-  QCoreApplication::processEvents();
-  EXPECT_FALSE(dialog.Opened());
-}
-
-TEST_F(FrmPoStTest, PlaysTheSelectedCaveByButtonKeysAndDoubleClick) {
-  Caves(2);
-  Record(1, 10);
-  Open();
-  QSignalSpy played(window.get(), &FrmPoSt::PlayCave);
-  ClickRow(2);
-  Click("play");
-  for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter}) Press(key);
-  QTest::mouseDClick(&List(), Qt::LeftButton, {}, QPoint(50, 1 + 14 + 7));
-  window->ClickedStart();
-  ASSERT_EQ(played.size(), 6);
-  for (const auto& arguments : played) {
-    EXPECT_EQ(arguments.front().toByteArray().toStdString(), caves[1] + "---02");
-  }
-}
-
-TEST_F(FrmPoStTest, PlaysNoClosedCave) {
-  Caves(2);
-  Open();
-  QSignalSpy played(window.get(), &FrmPoSt::PlayCave);
-  ClickRow(2);
-  Press(Qt::Key_Space);
-  Press(Qt::Key_Return);
-  QTest::mouseDClick(&List(), Qt::LeftButton, {}, QPoint(50, 1 + 14 + 7));
-  window->ClickedStart();
-  EXPECT_EQ(played.size(), 0);
-}
-
-TEST_F(FrmPoStTest, PlaysTheRecordOfASolvedCaveByButtonAndKeys) {
-  Caves(2);
-  Record(1, 10, "Jiný");
-  Open();
-  QSignalSpy played(window.get(), &FrmPoSt::PlayRecord);
-  Click("replay");
-  Press(Qt::Key_Z);
-  Press(Qt::Key_R);
-  ASSERT_EQ(played.size(), 3);
-  for (const auto& arguments : played) EXPECT_EQ(arguments.front().toString().toStdString(), RecordPath(1));
-  ClickRow(2);
-  Press(Qt::Key_Z);
-  Press(Qt::Key_R);
-  EXPECT_EQ(played.size(), 3) << "an open cave has no record";
-}
-
-TEST_F(FrmPoStTest, TakesNoKeyAsACommandWhileCtrlOrAltIsHeld) {
-  Caves(1);
-  Record(1, 10);
-  Open();
-  QSignalSpy replayed(window.get(), &FrmPoSt::PlayRecord);
-  QTest::keyClick(window.get(), Qt::Key_R, Qt::ControlModifier);
-  QTest::keyClick(window.get(), Qt::Key_S, Qt::AltModifier);
-  EXPECT_EQ(replayed.size(), 0);
-  EXPECT_TRUE(openedFiles.isEmpty());
-}
-
-TEST_F(FrmPoStTest, WritesALetterAndOpensItByButtonAndKeys) {
-  Caves(2);
-  Record(1, 10);
-  Open();
-  Click("send");
-  Press(Qt::Key_E);
-  Button("send").hide();
-  Press(Qt::Key_S);
-  const QString path = QString::fromStdString(PlayerFolder() + "/temp.eml");
-  EXPECT_EQ(openedFiles, QStringList({path, path, path}));
-  const auto letter = ReadWhole(path.toStdString());
-  ASSERT_TRUE(letter);
-  EXPECT_NE(letter->find("Sada_-_c1.zkr"), std::string::npos);
-}
-
-TEST_F(FrmPoStTest, TellsWhenNoProgramTakesTheLetter) {
-  Caves(1);
-  Open();
-  nothingOpens = true;
-  QString said = Message([&] { Click("send"); });
-  EXPECT_TRUE(said.startsWith("Program pro tento soubor nebyl nalezen:")) << said.toStdString();
-  EXPECT_TRUE(said.remove(' ').endsWith("temp.eml")) << said.toStdString();
-}
-
-TEST_F(FrmPoStTest, TellsWhenTheLetterCannotBeWritten) {
-  Caves(1);
-  Open();
-  std::filesystem::remove_all(PlayerFolder());
-  ASSERT_TRUE(WriteWhole(PlayerFolder(), "no folder"));
-  const QString said = Message([&] { Click("send"); });
-  EXPECT_TRUE(said.startsWith("Soubor se nepodařilo uložit.")) << said.toStdString();
-  EXPECT_TRUE(openedFiles.isEmpty());
-  Press(Qt::Key_Space);
-  EXPECT_TRUE(window->isVisible());
-}
-
-TEST_F(FrmPoStTest, MakesALinkOfAnAuthorWithAnAddress) {
-  Caves(1);
-  Open();
-  SkinLabel& author = Label("Label3");
-  EXPECT_EQ(author.toolTip(), "\"jara@x.cz\": napište autorovi");
-  EXPECT_EQ(author.cursor().shape(), Qt::PointingHandCursor);
-  EXPECT_EQ(author.Colour(), skin.Colour("select.collauthor.linkcolor"));
-  QTest::mouseClick(&author, Qt::LeftButton, {}, QPoint(5, 5));
-  EXPECT_EQ(openedLinks.join(' ').toStdString(),
-            "mailto:jara@x.cz?subject=Sada%20%27Sada%27%20ze%20hry%20Zor%C3%ADk");
-  Press(Qt::Key_M);
-  ASSERT_EQ(openedLinks.size(), 2);
-  EXPECT_EQ(openedLinks[1], openedLinks[0]) << "by the key";
-}
-
-TEST_F(FrmPoStTest, MakesNoLinkOfAnAuthorWithoutAnAddress) {
-  for (const char* mail : {"", "jara", "a@b.c"}) {
-    Collection({"a"}, mail);
-    Open();
-    SkinLabel& author = Label("Label3");
-    EXPECT_EQ(author.toolTip(), "") << mail;
-    EXPECT_EQ(author.cursor().shape(), Qt::ArrowCursor);
-    EXPECT_EQ(author.Colour(), skin.Colour("select.collauthor.textcolor"));
-    QTest::mouseClick(&author, Qt::LeftButton, {}, QPoint(5, 5));
-    Press(Qt::Key_M);
-  }
-  EXPECT_TRUE(openedLinks.isEmpty());
-}
-
-TEST_F(FrmPoStTest, StepsThroughTheCavesAndStopsAtTheEnds) {
-  Caves(3);
-  Open();
-  Press(Qt::Key_Up);
-  EXPECT_EQ(List().Selected(), 1);
-  Press(Qt::Key_Down);
-  EXPECT_EQ(List().Selected(), 2);
-  Press(Qt::Key_Down);
-  Press(Qt::Key_Down);
-  EXPECT_EQ(List().Selected(), 3);
-  Press(Qt::Key_Home);
-  EXPECT_EQ(List().Selected(), 1);
-  Press(Qt::Key_End);
-  EXPECT_EQ(List().Selected(), 3);
-}
-
-TEST_F(FrmPoStTest, MovesByPages) {
-  Caves(60);
-  Open();
-  Press(Qt::Key_PageDown);
-  EXPECT_EQ(List().Selected(), 27);
-  Press(Qt::Key_PageDown);
-  Press(Qt::Key_PageDown);
-  EXPECT_EQ(List().Selected(), 60);
-  Press(Qt::Key_PageUp);
-  EXPECT_EQ(List().Selected(), 34);
-}
-
-TEST_F(FrmPoStTest, HasAScrollButtonOnlyWhenTheListIsTooLong) {
-  Caves(26);
-  Open();
-  EXPECT_FALSE(Shown("vscroll"));
-  Caves(27);
-  Open();
-  EXPECT_TRUE(Shown("vscroll"));
-}
-
-TEST_F(FrmPoStTest, ScrollsByTheHalvesOfTheScrollButton) {
-  Caves(40);
-  Open();
-  SkinButton& button = Button("vscroll");
-  const QPoint lower(button.width() / 2, button.height() - 3);
-  const QPoint upper(button.width() / 2, 3);
-  QTest::mouseClick(&button, Qt::LeftButton, {}, lower);
-  QTest::mouseClick(&button, Qt::LeftButton, {}, lower);
-  EXPECT_EQ(List().Top(), -28);
-  QTest::mouseClick(&button, Qt::LeftButton, {}, upper);
-  EXPECT_EQ(List().Top(), -14);
-}
-
-TEST_F(FrmPoStTest, GoesBackByEscTheCloseButtonAndTheWindowsClosing) {
-  Caves(1);
-  Open();
-  QSignalSpy back(window.get(), &FrmPoSt::Back);
-  Press(Qt::Key_Escape);
-  Click("close");
-  EXPECT_FALSE(window->close());
-  EXPECT_EQ(back.size(), 3);
-  EXPECT_TRUE(window->isVisible());
-}
-
-TEST_F(FrmPoStTest, AsksForHelp) {
-  Caves(1);
-  Open();
-  QSignalSpy help(window.get(), &FrmPoSt::HelpWanted);
-  Click("help");
-  Press(Qt::Key_F1);
-  EXPECT_EQ(help.size(), 2);
 }
 
 TEST_F(FrmPoStTest, SaysSoWhenTheCollectionCannotBeOpenedAndKeepsTheOldOne) {
@@ -442,13 +214,13 @@ TEST_F(FrmPoStTest, GoesOnWithACollectionThatVanishes) {
   QSignalSpy played(window.get(), &FrmPoSt::PlayCave);
   Press(Qt::Key_Space);
   ASSERT_EQ(played.size(), 1);
-  EXPECT_EQ(played.front().front().toByteArray().toStdString(), caves[0] + "---01");
-  window->Prosel(window->Slot(), 5, false);
+  Prosel();
+  EXPECT_EQ(hra.CaveText, caves[0] + "---01");
   EXPECT_EQ(List().Selected(), 2);
 }
 
 TEST_F(FrmPoStTest, StaysHiddenWhenItsFirstCollectionCannotBeOpened) {
-  window = std::make_unique<FrmPoSt>(skin, folder.Paths(), unstored);
+  window = std::make_unique<FrmPoSt>(skin, flow);
   EXPECT_TRUE(window->LoadColl("/nowhere/a.zk", "Žofie"));
   EXPECT_FALSE(window->isVisible());
 }
@@ -456,38 +228,18 @@ TEST_F(FrmPoStTest, StaysHiddenWhenItsFirstCollectionCannotBeOpened) {
 TEST_F(FrmPoStTest, ReadsTheRecordsAnewWhenACollectionIsOpenedAgain) {
   Caves(2);
   Open();
-  window->Prosel(window->Slot(), 70, false);
-  EXPECT_EQ(Score(1), 70);
+  Prosel();
+  EXPECT_EQ(Score(1), 50);
   ASSERT_FALSE(window->LoadColl(CollectionPath(), "Žofie"));
   EXPECT_EQ(Score(1), 0) << "there is no record of that win";
   EXPECT_EQ(List().Selected(), 1);
 }
 
-// The desktop may find out only when a cave is played.
-TEST_F(FrmPoStTest, TellsThatNoProgramTookTheLetterAsSoonAsItShowsAgain) {
-  Caves(1);
-  Open();
-  OpenFailed failed;
-  LetterOpeners openers;
-  openers.file = [&](const QString&, const OpenFailed& told) { failed = told; };
-  window = std::make_unique<FrmPoSt>(skin, folder.Paths(), unstored, openers);
-  EXPECT_FALSE(window->LoadColl(CollectionPath(), "Žofie"));
-  Press(Qt::Key_S);
-  window->hide();
-  {
-    const DialogScript nothing = {};
-    failed();
-    QTest::qWait(400);
-  }
-  window->show();
-  const DialogScript script = {test::Press(Qt::Key_Return)};
-  QTest::qWait(700);
-}
-
 TEST_F(FrmPoStTest, CountsAWinThatCouldNotBeStoredAndMarksIt) {
   Caves(3);
   Open();
-  unstored.Keep({window->Slot(), 70, "the record"});
+  Spoil();
+  flow.Unstored().Keep({flow.ChosenSlot(), 70, "the record"});
   EXPECT_FALSE(window->LoadColl(CollectionPath(), "Žofie"));
   EXPECT_EQ(Score(1), 70);
   EXPECT_EQ(Text("lblTotal"), "00070");
@@ -508,7 +260,8 @@ TEST_F(FrmPoStTest, CountsAWinThatCouldNotBeStoredAndMarksIt) {
 TEST_F(FrmPoStTest, CountsAnotherPlayersUnstoredWinForNobodyElse) {
   Caves(2);
   Open();
-  unstored.Keep({window->Slot(), 70, "the record"});
+  Spoil();
+  flow.Unstored().Keep({flow.ChosenSlot(), 70, "the record"});
   EXPECT_FALSE(window->LoadColl(CollectionPath(), "Adam"));
   EXPECT_EQ(Score(1), 0);
   EXPECT_TRUE(List().Rows()[0].stored);
@@ -517,10 +270,10 @@ TEST_F(FrmPoStTest, CountsAnotherPlayersUnstoredWinForNobodyElse) {
 TEST_F(FrmPoStTest, TakesNoWinOfACaveThatItDoesNotHave) {
   Caves(2);
   Open();
-  const RecordSlot slot = window->Slot();
+  ASSERT_TRUE(flow.Start());
   Collection({"a", "b"});
   EXPECT_FALSE(window->LoadColl(CollectionPath(), "Žofie"));
-  window->Prosel(slot, 70, false);
+  FinishRun();
   EXPECT_EQ(Score(1), 0);
   EXPECT_EQ(List().Selected(), 1);
 }
@@ -532,7 +285,7 @@ TEST_F(FrmPoStTest, KeepsEachPlayersRecordsApart) {
   EXPECT_EQ(Score(1), 10);
   ASSERT_FALSE(window->LoadColl(CollectionPath(), "Adam"));
   EXPECT_EQ(Score(1), 0);
-  EXPECT_EQ(window->Slot().Path, folder.Root() + "/Players/Adam/Sada - c1.zkr");
+  EXPECT_EQ(flow.ChosenSlot().Path, folder.Root() + "/Players/Adam/Sada - c1.zkr");
 }
 
 TEST_F(FrmPoStTest, SpeaksTheLanguageOfTheSkin) {

@@ -253,6 +253,13 @@ class Opening : public FrmStart2Test {
   }
 
   QPoint Row(int place) const { return Colls().PlaceOf(place).center(); }
+  QStringList ChosenFingers() const {
+    QStringList names;
+    for (const auto* const finger : start_->findChildren<QAbstractButton*>()) {
+      if (finger->isChecked()) names << finger->objectName();
+    }
+    return names;
+  }
 };
 
 TEST_F(Opening, APressOnARowOnlySelects) {
@@ -304,11 +311,11 @@ TEST_F(Opening, TheEditorGetsTheSelectedCollectionOrNone) {
   Key(Qt::Key_3);
   Key(Qt::Key_Down);
   Key(Qt::Key_Return);
-  EXPECT_EQ(edited_->at(0), QVariantList{At("Caves/b.zk")});
+  EXPECT_EQ(edited_->at(0), (QVariantList{At("Caves/b.zk"), "Adam"}));
   std::filesystem::remove_all(folder_.Root() + "/Caves");
   start_->FindColls();
   Key(Qt::Key_Return);
-  EXPECT_EQ(edited_->at(1), QVariantList{QString()});
+  EXPECT_EQ(edited_->at(1), (QVariantList{QString(), "Adam"}));
 }
 
 TEST_F(Opening, AReplayIsChosenAmongThePlayersRecords) {
@@ -381,27 +388,23 @@ TEST_F(Opening, TheFourthChoiceOpensCollectionsAndRecordsFromFiles) {
 }
 
 TEST_F(Opening, FingersChooseTheModeAndADoubleClickActs) {
-  using Mode = FrmStart2::Mode;
-  const std::array modes = {Mode::Play, Mode::Replay, Mode::Editor, Mode::File};
-  const std::array names = {"fingerPlay", "fingerRePlay", "fingerEditor", "finger4"};
-  for (std::size_t i = modes.size(); i-- > 0;) {
-    Click(names[i]);
-    EXPECT_EQ(start_->ChosenMode(), modes[i]);
+  for (const char* const finger : {"finger4", "fingerEditor", "fingerRePlay", "fingerPlay"}) {
+    Click(finger);
+    EXPECT_EQ(ChosenFingers(), QStringList{finger});
   }
   Click("fingerEditor");
   QTest::mouseDClick(&Find<QWidget>("fingerEditor"), Qt::LeftButton);
-  EXPECT_EQ(start_->ChosenMode(), Mode::Editor);
+  EXPECT_EQ(ChosenFingers(), QStringList{"fingerEditor"});
   EXPECT_EQ(edited_->count(), 1);
 }
 
 TEST_F(Opening, TabGoesRoundTheModes) {
-  using Mode = FrmStart2::Mode;
-  for (const Mode mode : {Mode::Replay, Mode::Editor, Mode::File, Mode::Play}) {
+  for (const char* const finger : {"fingerRePlay", "fingerEditor", "finger4", "fingerPlay"}) {
     Key(Qt::Key_Tab);
-    EXPECT_EQ(start_->ChosenMode(), mode);
+    EXPECT_EQ(ChosenFingers(), QStringList{finger});
   }
   Key(Qt::Key_Backtab);
-  EXPECT_EQ(start_->ChosenMode(), Mode::File);
+  EXPECT_EQ(ChosenFingers(), QStringList{"finger4"});
 }
 
 TEST_F(Opening, InsertAsksForANewPlayer) {

@@ -12,6 +12,7 @@
 #include "data/Files.h"
 #include "data/RecordFile.h"
 #include "data/Scramble.h"
+#include "flow/Flow.h"
 #include "screens/FrmPoSt.h"
 #include "screens/SkinButton.h"
 #include "screens/SkinLabel.h"
@@ -107,10 +108,44 @@ class PostScreen : public PostHome {
       openedLinks.push_back(link.toString(QUrl::FullyEncoded));
       if (nothingOpens) failed();
     };
-    window = std::make_unique<FrmPoSt>(skin, folder.Paths(), unstored, openers);
+    window = std::make_unique<FrmPoSt>(skin, flow, openers);
     const auto message = window->LoadColl(CollectionPath(), "Žofie");
     ASSERT_FALSE(message) << message->toStdString();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(window.get()));
+  }
+
+  // Plays the selected cave and wins it: its one step, with 50 seconds and one dog, is worth 50 points. The
+  // record is not stored.
+  void Prosel() {
+    ASSERT_TRUE(flow.Start());
+    FinishRun();
+  }
+
+  // The rest of that, from the start of the run on.
+  void FinishRun() {
+    Step();
+    ASSERT_TRUE(flow.Win());
+    flow.ScoreClosed();
+    flow.ScoreClosed();
+    window->ShowCaves();
+  }
+
+  // The step that wins the run.
+  void Step() {
+    const KeySnapshot keys = Keys("R");
+    TickEnd end = TickEnd::Running;
+    for (int i = 0; i < 5 && end == TickEnd::Running; ++i) end = Tick(hra, keys);
+    ASSERT_EQ(end, TickEnd::Won);
+  }
+
+  // A file in the place of the player's folder, so that nothing can be stored there.
+  void Spoil() const {
+    std::filesystem::remove_all(PlayerFolder());
+    ASSERT_TRUE(WriteWhole(PlayerFolder(), "no folder"));
+  }
+  void Mend() const {
+    std::filesystem::remove(PlayerFolder());
+    std::filesystem::create_directories(PlayerFolder());
   }
 
   QString Text(const char* label) const { return window->findChild<SkinLabel*>(label)->Text(); }
@@ -120,7 +155,8 @@ class PostScreen : public PostHome {
   void Press(Qt::Key key) const { QTest::keyClick(window.get(), key); }
   void Click(const char* name) const { QTest::mouseClick(&Button(name), Qt::LeftButton); }
 
-  UnstoredWins unstored;
+  Hra hra{1};
+  Flow flow{hra, {folder.Root() + "/Players", folder.Root() + "/Replays"}, 1};
   std::unique_ptr<FrmPoSt> window;
   QStringList openedFiles;
   QStringList openedLinks;

@@ -1,3 +1,4 @@
+#include "flow/Flow.h"
 #include "screens/CaveList.h"
 #include "screens/FrmPoSt.h"
 #include "screens/SkinKeys.h"
@@ -160,8 +161,9 @@ void CheckSelection(const test::SkinKeys& keys, const QString& mail) {
   home.Collection(names, mail);
   home.Record(1, 10);
   home.Record(2, 20, "Jiný");
-  const UnstoredWins none;
-  FrmPoSt window(home.skin, home.folder.Paths(), none);
+  Hra hra;
+  Flow flow(hra, {home.folder.Root() + "/Players", {}}, 1);
+  FrmPoSt window(home.skin, flow);
   ASSERT_FALSE(window.LoadColl(home.CollectionPath(), "Žofie"));
   test::CheckKeys(home, keys, [&](const auto& look) {
     window.SkinIt();

@@ -235,7 +235,7 @@ std::vector<SoundId> SoundsOf(const Diary& diary) {
 
 // The text of a record that a playback does not write holds the outcomes.
 void Foretell(Hra& hra, std::initializer_list<int> outcomes) {
-  hra.ReplayPlaying = true;
+  hra.Kind = RunKind::Replay;
   hra.RanDry = false;
   hra.RecordText.clear();
   for (const int outcome : outcomes) hra.RecordText += static_cast<char>(outcome + 65);

@@ -1,4 +1,4 @@
-#include "editors/SadaModel.h"
+#include "flow/SadaModel.h"
 
 #include <algorithm>
 #include <array>
@@ -204,7 +204,8 @@ void SadaModel::Swap(int upper) {
 
 // Words that no cave has room for give way to those of the game.
 std::string SadaModel::NewCave(NewCaveSize size) const {
-  const Result<std::string> cave = NewCaveText(size, words_.Cave);
+  const char* const source = size == NewCaveSize::Small ? "*1" : "*2";
+  const Result<std::string> cave = FetchCaveText(source, 0, words_.Cave);
   return cave ? *cave : *NewCaveText(size);
 }
 

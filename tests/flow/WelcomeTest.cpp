@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "app/Welcome.h"
+#include "flow/Welcome.h"
 
 namespace zorik {
 namespace {

@@ -1,0 +1,106 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "core/Hra.h"
+#include "data/Collection.h"
+#include "data/Files.h"
+#include "data/RecordFile.h"
+#include "flow/Flow.h"
+#include "support/Scene.h"
+
+namespace zorik::test {
+
+// A game folder with the collection "Sada" and the player "Ada", and the flow on it.
+class FlowHome : public testing::Test {
+ protected:
+  FlowHome() { std::filesystem::create_directories(PlayerFolder()); }
+  ~FlowHome() override { std::filesystem::remove_all(root); }
+
+  static std::string MakeRoot() {
+    std::string pattern = (std::filesystem::temp_directory_path() / "zorik-flow-XXXXXX").string();
+    return mkdtemp(pattern.data());
+  }
+  std::string PlayerFolder() const { return root + "/Players/Ada"; }
+  std::string CollectionPath() const { return root + "/sada.zk"; }
+
+  // A cave that one step to the right wins: so many seconds are as many points, unless there are more dogs.
+  static std::string Cave(const std::string& name, int seconds = 50) {
+    Numbers numbers;
+    numbers.name = name;
+    numbers.needed = 0;
+    numbers.time = seconds;
+    return CaveTextOf({"WWWWW", "W1TWW", "WWWWW"}, numbers);
+  }
+
+  void Write(const std::vector<std::string>& caves) const {
+    EditedCollection collection;
+    collection.Name = "Sada";
+    collection.CaveList = caves;
+    Chance chance;
+    const auto bytes = BuildCollection(collection, chance);
+    ASSERT_TRUE(bytes);
+    ASSERT_TRUE(WriteWhole(CollectionPath(), *bytes));
+  }
+
+  void Open(const std::vector<std::string>& caves) {
+    Write(caves);
+    ASSERT_TRUE(flow.OpenCollection(CollectionPath(), "Ada"));
+  }
+
+  // The step that wins the run that has been started.
+  void Step() {
+    const KeySnapshot keys = Keys("R");
+    TickEnd end = TickEnd::Running;
+    for (int i = 0; i < 5 && end == TickEnd::Running; ++i) end = Tick(hra, keys);
+    ASSERT_EQ(end, TickEnd::Won);
+    ASSERT_TRUE(flow.Win());
+  }
+
+  void Play(int cave) {
+    flow.Choose(cave);
+    ASSERT_TRUE(flow.Start());
+    Step();
+  }
+
+  // Reads the score to its end; the record is stored whatever it replaces.
+  void ReadScore() {
+    for (int i = 0; i < 3 && flow.Busy(); ++i) {
+      if (flow.Due() != Storing::None) flow.Store(flow.Won());
+      flow.ScoreClosed();
+    }
+    ASSERT_FALSE(flow.Busy());
+  }
+
+  void Win(int cave) {
+    Play(cave);
+    ReadScore();
+  }
+
+  static RecordHead Head(const std::string& path) {
+    const auto bytes = ReadWhole(path);
+    RecordLines lines(bytes ? *bytes : std::string());
+    return ReadRecordHead(lines);
+  }
+  static bool Exists(const std::string& path) { return std::filesystem::exists(path); }
+
+  // A file in the place of the player's folder, so that nothing can be stored there.
+  void Spoil() const {
+    std::filesystem::remove_all(PlayerFolder());
+    ASSERT_TRUE(WriteWhole(PlayerFolder(), "no folder"));
+  }
+  void Mend() const {
+    std::filesystem::remove(PlayerFolder());
+    std::filesystem::create_directories(PlayerFolder());
+  }
+
+  std::string root = MakeRoot();
+  Hra hra{1};
+  Flow flow{hra, {root + "/Players", root + "/Replays"}, 1};
+};
+
+}  // namespace zorik::test

@@ -1,0 +1,261 @@
+// The game's way from the choice of a cave to the stored record.
+#include <gtest/gtest.h>
+
+#include "data/CaveO.h"
+#include "flow/Flow.h"
+#include "flow/FlowHome.h"
+
+namespace zorik {
+namespace {
+
+using test::FlowHome;
+using FlowTest = FlowHome;
+
+constexpr int kPoints = 50;
+
+TEST_F(FlowTest, OpensACollectionForThePlayerOfAFolder) {
+  EXPECT_FALSE(flow.IsOpen());
+  Open({Cave("a"), Cave("b")});
+  ASSERT_TRUE(flow.IsOpen());
+  EXPECT_EQ(flow.Caves().Collection().Name, "Sada");
+  EXPECT_EQ(flow.Caves().Player(), "Ada");
+  EXPECT_EQ(flow.Caves().Selected(), 1);
+  EXPECT_EQ(flow.ChosenSlot().Path, PlayerFolder() + "/Sada - a.zkr");
+}
+
+TEST_F(FlowTest, OpensACollectionForAPlayerWhoseFolderIsNoUtf8) {
+  Write({Cave("a")});
+  const std::string folder = "Hr\xE1\xE8";
+  std::filesystem::create_directories(root + "/Players/" + folder);
+  ASSERT_TRUE(flow.OpenCollection(CollectionPath(), folder));
+  EXPECT_EQ(flow.Caves().Player(), "Hr\xE1\xE8");
+  EXPECT_EQ(flow.Caves().PlayerFolder(), root + "/Players/" + folder);
+}
+
+TEST_F(FlowTest, KeepsTheOpenCollectionWhenAnotherCannotBeOpened) {
+  Open({Cave("a"), Cave("b")});
+  EXPECT_FALSE(flow.OpenCollection(root + "/none.zk", "Eva"));
+  EXPECT_EQ(flow.Caves().Collection().Name, "Sada");
+  EXPECT_EQ(flow.Caves().Player(), "Ada");
+}
+
+TEST_F(FlowTest, StartsTheChosenCaveAsTheCollectionHoldsIt) {
+  Open({Cave("a"), Cave("b", 51)});
+  Win(1);
+  flow.Choose(2);
+  ASSERT_TRUE(flow.Start());
+  EXPECT_EQ(hra.CaveText, Cave("b", 51) + "---02") << "with its marker";
+  EXPECT_EQ(hra.CaveName, "b");
+  EXPECT_EQ(hra.CollectionName, "Sada");
+  EXPECT_EQ(hra.PlayerName, "Ada");
+  EXPECT_EQ(flow.Kind(), RunKind::Play);
+}
+
+TEST_F(FlowTest, StartsACaveThatHasGoneFromTheDisk) {
+  Open({Cave("a")});
+  std::filesystem::remove(CollectionPath());
+  EXPECT_TRUE(flow.Start());
+}
+
+TEST_F(FlowTest, StartsNoClosedCave) {
+  Open({Cave("a"), Cave("b")});
+  ASSERT_TRUE(flow.Start());
+  flow.Choose(2);
+  EXPECT_FALSE(flow.MayStart());
+  EXPECT_FALSE(flow.Start());
+  EXPECT_EQ(hra.CaveName, "a");
+}
+
+TEST_F(FlowTest, LeavesARunThatWasNotWonForTheCavesAndStoresNothing) {
+  Open({Cave("a")});
+  ASSERT_TRUE(flow.Start());
+  Tick(hra, {});
+  EXPECT_FALSE(flow.Win());
+  EXPECT_EQ(flow.Leave(), WayBack::Selection);
+  EXPECT_FALSE(flow.Busy());
+  EXPECT_FALSE(Exists(PlayerFolder() + "/Sada - a.zkr"));
+}
+
+TEST_F(FlowTest, ShowsTheScoreOfAWinTwiceAndStoresItsRecordInBetween) {
+  Open({Cave("a"), Cave("b")});
+  Play(1);
+  EXPECT_EQ(flow.Score().Line, "000 \xB7 10 + 000 \xB7 20 + 050 \xB7 1 = 00050");
+  EXPECT_EQ(flow.Score().Total, kPoints);
+  EXPECT_FALSE(flow.Score().Bonus);
+  EXPECT_TRUE(flow.Busy());
+  EXPECT_TRUE(flow.ShownOnceMore());
+  EXPECT_EQ(flow.Due(), Storing::Asked);
+  EXPECT_TRUE(flow.Store(flow.Won()));
+  flow.ScoreClosed();
+
+  EXPECT_TRUE(flow.Busy());
+  EXPECT_FALSE(flow.ShownOnceMore());
+  EXPECT_EQ(flow.Due(), Storing::None);
+  EXPECT_EQ(flow.Caves().Total(), 0) << "not passed before the last closing";
+  EXPECT_EQ(flow.After(), WayBack::Selection);
+  flow.ScoreClosed();
+
+  EXPECT_FALSE(flow.Busy());
+  EXPECT_EQ(flow.Caves().Total(), kPoints);
+  EXPECT_EQ(flow.Caves().State(1), CaveState::Solved);
+  EXPECT_EQ(flow.Caves().State(2), CaveState::Open);
+  EXPECT_EQ(flow.Caves().Selected(), 2);
+}
+
+TEST_F(FlowTest, StoresTheRecordUnderTheNamesOfCollectionAndCave) {
+  Open({Cave("a")});
+  Win(1);
+  const RecordHead head = Head(PlayerFolder() + "/Sada - a.zkr");
+  EXPECT_EQ(head.CollectionName, "Sada");
+  EXPECT_EQ(head.Player, "Ada");
+  EXPECT_EQ(head.Score, kPoints);
+  EXPECT_EQ(head.CaveText, Cave("a") + "---01");
+}
+
+TEST_F(FlowTest, CountsAStoredWinWhenTheCollectionIsOpenedAgain) {
+  Open({Cave("a"), Cave("b")});
+  Win(1);
+  Open({Cave("a"), Cave("b")});
+  EXPECT_EQ(flow.Caves().Score(1), kPoints);
+  EXPECT_EQ(flow.Caves().Rest(), 1);
+}
+
+TEST_F(FlowTest, StoresThePointsOfABonusCaveButShowsThemAside) {
+  Open({Cave("bonus")});
+  Play(1);
+  EXPECT_EQ(flow.Score().Total, kPoints);
+  EXPECT_TRUE(flow.Score().Bonus);
+  ReadScore();
+  EXPECT_EQ(Head(PlayerFolder() + "/Sada - bonus.zkr").Score, kPoints + 500);
+  EXPECT_EQ(flow.Caves().Score(1), kPoints + 500);
+}
+
+TEST_F(FlowTest, TakesNoWinBeforeThePlayerHasReadTheLastOne) {
+  Open({Cave("a"), Cave("b", 51)});
+  Play(1);
+  hra.Win->Score = 7;
+  EXPECT_FALSE(flow.Win());
+  EXPECT_EQ(flow.Won().Score, kPoints);
+}
+
+TEST_F(FlowTest, NeedsTheMachineNoLongerOnceTheRunIsWon) {
+  Open({Cave("a")});
+  Play(1);
+  ASSERT_FALSE(PaintCave(hra, Cave("other"), RunKind::Test));
+  ReadScore();
+  EXPECT_EQ(Head(PlayerFolder() + "/Sada - a.zkr").CaveText, Cave("a") + "---01");
+  EXPECT_EQ(flow.Caves().Score(1), kPoints);
+}
+
+TEST_F(FlowTest, StoresAWinInTheCaveThatItWasStartedIn) {
+  Open({Cave("a"), Cave("b")});
+  ASSERT_TRUE(flow.Start());
+  Open({Cave("c", 51), Cave("d")});
+  Step();
+  ReadScore();
+  EXPECT_TRUE(Exists(PlayerFolder() + "/Sada - a.zkr"));
+  EXPECT_FALSE(Exists(PlayerFolder() + "/Sada - c.zkr"));
+  EXPECT_EQ(flow.Caves().Score(1), 0);
+}
+
+TEST_F(FlowTest, CountsAWinForItsCaveThoughAnotherIsChosenMeanwhile) {
+  Open({Cave("a"), Cave("b", 51), Cave("c", 52)});
+  Win(1);
+  flow.Choose(1);
+  ASSERT_TRUE(flow.Start());
+  flow.Choose(2);
+  Step();
+  ReadScore();
+  EXPECT_EQ(flow.Caves().State(2), CaveState::Open);
+  EXPECT_EQ(flow.Caves().Selected(), 2) << "the one behind the cave that was won";
+}
+
+// The list shows the player's own record, with this score, before he plays.
+class FlowBetterScore : public FlowHome {
+ protected:
+  void SetUp() override {
+    Open({Cave("a")});
+    Win(1);
+    path = PlayerFolder() + "/Sada - a.zkr";
+  }
+
+  // Puts the score of the record on the disk to this.
+  void Stand(int score) const {
+    Chance chance(3);
+    const std::string bytes = *ReadWhole(path);
+    const std::size_t second = bytes.find("\r\n", bytes.find("\r\n") + 2) + 2;
+    ASSERT_TRUE(WriteWhole(path, BuildRecordHead("Sada", score, "Ada", chance) + bytes.substr(second)));
+    ASSERT_EQ(Head(path).Score, score);
+  }
+
+  // The score is closed, and the player answers if he is asked.
+  void Answer(bool yes) {
+    ASSERT_EQ(flow.Due(), Storing::Asked);
+    asked = !flow.JeLepsi(flow.Won());
+    if (!asked || yes) flow.Store(flow.Won());
+    flow.ScoreClosed();
+    flow.ScoreClosed();
+  }
+
+  std::string path;
+  bool asked = false;
+};
+
+TEST_F(FlowBetterScore, IsReplacedWhenThePlayerSaysYes) {
+  Stand(700);
+  Play(1);
+  Answer(true);
+  EXPECT_TRUE(asked);
+  EXPECT_EQ(Head(path).Score, kPoints);
+}
+
+TEST_F(FlowBetterScore, StaysWhenThePlayerSaysNoThoughTheListShowsTheNewOne) {
+  Stand(700);
+  const std::string record = *ReadWhole(path);
+  Play(1);
+  Answer(false);
+  EXPECT_TRUE(asked);
+  EXPECT_EQ(*ReadWhole(path), record);
+  EXPECT_EQ(flow.Caves().Score(1), kPoints);
+  ASSERT_TRUE(flow.OpenCollection(CollectionPath(), "Ada"));
+  EXPECT_EQ(flow.Caves().Score(1), 700) << "as soon as the records are read again";
+}
+
+TEST_F(FlowBetterScore, IsAskedAboutAgainWhileItStands) {
+  Stand(700);
+  Play(1);
+  Answer(false);
+  Play(1);
+  Answer(false);
+  EXPECT_TRUE(asked);
+  EXPECT_EQ(Head(path).Score, 700);
+}
+
+TEST_F(FlowBetterScore, IsNoneWhereItIsEqual) {
+  Stand(kPoints);
+  const std::string record = *ReadWhole(path);
+  Play(1);
+  Answer(false);
+  EXPECT_FALSE(asked);
+  EXPECT_NE(*ReadWhole(path), record);
+}
+
+TEST_F(FlowBetterScore, IsSeenThoughAnotherRunningGameHasStoredItMeanwhile) {
+  Play(1);
+  Stand(kPoints + 1);
+  Answer(false);
+  EXPECT_TRUE(asked);
+  EXPECT_EQ(Head(path).Score, kPoints + 1);
+}
+
+TEST_F(FlowBetterScore, CountsForNothingOnceTheCaveHasChanged) {
+  Stand(700);
+  Open({Cave("a", 40)});
+  Play(1);
+  Answer(false);
+  EXPECT_FALSE(asked);
+  EXPECT_EQ(Head(path).Score, 40);
+}
+
+}  // namespace
+}  // namespace zorik

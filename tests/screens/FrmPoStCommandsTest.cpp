@@ -1,0 +1,238 @@
+// What the selection screen does at keys, buttons and links.
+#include <gtest/gtest.h>
+
+#include <QSignalSpy>
+
+#include "screens/PostList.h"
+
+namespace zorik {
+namespace {
+
+using test::DialogScript;
+using test::InDialog;
+
+using FrmPoStCommands = test::PostList;
+
+TEST_F(FrmPoStCommands, HasNoCongratulationKeyBeforeTheEnd) {
+  Caves(2);
+  Open();
+  const InDialog dialog([](QWidget&) {});
+  Press(Qt::Key_G);
+  QCoreApplication::processEvents();
+  EXPECT_FALSE(dialog.Opened());
+}
+
+TEST_F(FrmPoStCommands, PlaysTheSelectedCaveByButtonKeysAndDoubleClick) {
+  Caves(2);
+  Record(1, 10);
+  Open();
+  std::vector<std::string> played;
+  QObject::connect(window.get(), &FrmPoSt::PlayCave, [&] {
+    ASSERT_TRUE(flow.Start());
+    played.push_back(hra.CaveText);
+  });
+  ClickRow(2);
+  Click("play");
+  for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter}) Press(key);
+  QTest::mouseDClick(&List(), Qt::LeftButton, {}, QPoint(50, 1 + 14 + 7));
+  window->ClickedStart();
+  EXPECT_EQ(played, std::vector<std::string>(6, caves[1] + "---02"));
+}
+
+TEST_F(FrmPoStCommands, PlaysNoClosedCave) {
+  Caves(2);
+  Open();
+  QSignalSpy played(window.get(), &FrmPoSt::PlayCave);
+  ClickRow(2);
+  Press(Qt::Key_Space);
+  Press(Qt::Key_Return);
+  QTest::mouseDClick(&List(), Qt::LeftButton, {}, QPoint(50, 1 + 14 + 7));
+  window->ClickedStart();
+  EXPECT_EQ(played.size(), 0);
+}
+
+TEST_F(FrmPoStCommands, PlaysTheRecordOfASolvedCaveByButtonAndKeys) {
+  Caves(2);
+  Record(1, 10, "Jiný");
+  Open();
+  QSignalSpy played(window.get(), &FrmPoSt::PlayRecord);
+  Click("replay");
+  Press(Qt::Key_Z);
+  Press(Qt::Key_R);
+  EXPECT_EQ(played.size(), 3);
+  EXPECT_EQ(flow.Caves().RecordPath(), RecordPath(1));
+  ClickRow(2);
+  Press(Qt::Key_Z);
+  Press(Qt::Key_R);
+  EXPECT_EQ(played.size(), 3) << "an open cave has no record";
+}
+
+TEST_F(FrmPoStCommands, TakesNoKeyAsACommandWhileCtrlOrAltIsHeld) {
+  Caves(1);
+  Record(1, 10);
+  Open();
+  QSignalSpy replayed(window.get(), &FrmPoSt::PlayRecord);
+  QTest::keyClick(window.get(), Qt::Key_R, Qt::ControlModifier);
+  QTest::keyClick(window.get(), Qt::Key_S, Qt::AltModifier);
+  EXPECT_EQ(replayed.size(), 0);
+  EXPECT_TRUE(openedFiles.isEmpty());
+}
+
+TEST_F(FrmPoStCommands, WritesALetterAndOpensItByButtonAndKeys) {
+  Caves(2);
+  Record(1, 10);
+  Open();
+  Click("send");
+  Press(Qt::Key_E);
+  Button("send").hide();
+  Press(Qt::Key_S);
+  const QString path = QString::fromStdString(PlayerFolder() + "/temp.eml");
+  EXPECT_EQ(openedFiles, QStringList({path, path, path}));
+  const auto letter = ReadWhole(path.toStdString());
+  ASSERT_TRUE(letter);
+  EXPECT_NE(letter->find("Sada_-_c1.zkr"), std::string::npos);
+}
+
+TEST_F(FrmPoStCommands, TellsWhenNoProgramTakesTheLetter) {
+  Caves(1);
+  Open();
+  nothingOpens = true;
+  QString said = Message([&] { Click("send"); });
+  EXPECT_TRUE(said.startsWith("Program pro tento soubor nebyl nalezen:")) << said.toStdString();
+  EXPECT_TRUE(said.remove(' ').endsWith("temp.eml")) << said.toStdString();
+}
+
+TEST_F(FrmPoStCommands, TellsWhenTheLetterCannotBeWritten) {
+  Caves(1);
+  Open();
+  std::filesystem::remove_all(PlayerFolder());
+  ASSERT_TRUE(WriteWhole(PlayerFolder(), "no folder"));
+  const QString said = Message([&] { Click("send"); });
+  EXPECT_TRUE(said.startsWith("Soubor se nepodařilo uložit.")) << said.toStdString();
+  EXPECT_TRUE(openedFiles.isEmpty());
+  Press(Qt::Key_Space);
+  EXPECT_TRUE(window->isVisible());
+}
+
+TEST_F(FrmPoStCommands, MakesALinkOfAnAuthorWithAnAddress) {
+  Caves(1);
+  Open();
+  SkinLabel& author = Label("Label3");
+  EXPECT_EQ(author.toolTip(), "\"jara@x.cz\": napište autorovi");
+  EXPECT_EQ(author.cursor().shape(), Qt::PointingHandCursor);
+  EXPECT_EQ(author.Colour(), skin.Colour("select.collauthor.linkcolor"));
+  QTest::mouseClick(&author, Qt::LeftButton, {}, QPoint(5, 5));
+  EXPECT_EQ(openedLinks.join(' ').toStdString(),
+            "mailto:jara@x.cz?subject=Sada%20%27Sada%27%20ze%20hry%20Zor%C3%ADk");
+  Press(Qt::Key_M);
+  ASSERT_EQ(openedLinks.size(), 2);
+  EXPECT_EQ(openedLinks[1], openedLinks[0]) << "by the key";
+}
+
+TEST_F(FrmPoStCommands, MakesNoLinkOfAnAuthorWithoutAnAddress) {
+  for (const char* mail : {"", "jara", "a@b.c"}) {
+    Collection({"a"}, mail);
+    Open();
+    SkinLabel& author = Label("Label3");
+    EXPECT_EQ(author.toolTip(), "") << mail;
+    EXPECT_EQ(author.cursor().shape(), Qt::ArrowCursor);
+    EXPECT_EQ(author.Colour(), skin.Colour("select.collauthor.textcolor"));
+    QTest::mouseClick(&author, Qt::LeftButton, {}, QPoint(5, 5));
+    Press(Qt::Key_M);
+  }
+  EXPECT_TRUE(openedLinks.isEmpty());
+}
+
+TEST_F(FrmPoStCommands, StepsThroughTheCavesAndStopsAtTheEnds) {
+  Caves(3);
+  Open();
+  Press(Qt::Key_Up);
+  EXPECT_EQ(List().Selected(), 1);
+  Press(Qt::Key_Down);
+  EXPECT_EQ(List().Selected(), 2);
+  Press(Qt::Key_Down);
+  Press(Qt::Key_Down);
+  EXPECT_EQ(List().Selected(), 3);
+  Press(Qt::Key_Home);
+  EXPECT_EQ(List().Selected(), 1);
+  Press(Qt::Key_End);
+  EXPECT_EQ(List().Selected(), 3);
+}
+
+TEST_F(FrmPoStCommands, MovesByPages) {
+  Caves(60);
+  Open();
+  Press(Qt::Key_PageDown);
+  EXPECT_EQ(List().Selected(), 27);
+  Press(Qt::Key_PageDown);
+  Press(Qt::Key_PageDown);
+  EXPECT_EQ(List().Selected(), 60);
+  Press(Qt::Key_PageUp);
+  EXPECT_EQ(List().Selected(), 34);
+}
+
+TEST_F(FrmPoStCommands, HasAScrollButtonOnlyWhenTheListIsTooLong) {
+  Caves(26);
+  Open();
+  EXPECT_FALSE(Shown("vscroll"));
+  Caves(27);
+  Open();
+  EXPECT_TRUE(Shown("vscroll"));
+}
+
+TEST_F(FrmPoStCommands, ScrollsByTheHalvesOfTheScrollButton) {
+  Caves(40);
+  Open();
+  SkinButton& button = Button("vscroll");
+  const QPoint lower(button.width() / 2, button.height() - 3);
+  const QPoint upper(button.width() / 2, 3);
+  QTest::mouseClick(&button, Qt::LeftButton, {}, lower);
+  QTest::mouseClick(&button, Qt::LeftButton, {}, lower);
+  EXPECT_EQ(List().Top(), -28);
+  QTest::mouseClick(&button, Qt::LeftButton, {}, upper);
+  EXPECT_EQ(List().Top(), -14);
+}
+
+TEST_F(FrmPoStCommands, GoesBackByEscTheCloseButtonAndTheWindowsClosing) {
+  Caves(1);
+  Open();
+  QSignalSpy back(window.get(), &FrmPoSt::Back);
+  Press(Qt::Key_Escape);
+  Click("close");
+  EXPECT_FALSE(window->close());
+  EXPECT_EQ(back.size(), 3);
+  EXPECT_TRUE(window->isVisible());
+}
+
+TEST_F(FrmPoStCommands, AsksForHelp) {
+  Caves(1);
+  Open();
+  QSignalSpy help(window.get(), &FrmPoSt::HelpWanted);
+  Click("help");
+  Press(Qt::Key_F1);
+  EXPECT_EQ(help.size(), 2);
+}
+
+// The desktop may find out only when a cave is played.
+TEST_F(FrmPoStCommands, TellsThatNoProgramTookTheLetterAsSoonAsItShowsAgain) {
+  Caves(1);
+  Open();
+  OpenFailed failed;
+  LetterOpeners openers;
+  openers.file = [&](const QString&, const OpenFailed& told) { failed = told; };
+  window = std::make_unique<FrmPoSt>(skin, flow, openers);
+  EXPECT_FALSE(window->LoadColl(CollectionPath(), "Žofie"));
+  Press(Qt::Key_S);
+  window->hide();
+  {
+    const DialogScript nothing = {};
+    failed();
+    QTest::qWait(400);
+  }
+  window->show();
+  const DialogScript script = {test::Press(Qt::Key_Return)};
+  QTest::qWait(700);
+}
+
+}  // namespace
+}  // namespace zorik
