@@ -1,3 +1,5 @@
+// Animace, what time alone changes: the first step of a tick. The magic wall runs out, the finish opens and
+// glows.
 #include "core/Scans.h"
 
 namespace zorik {

@@ -1,3 +1,5 @@
+// Klavesy, the keys: what a player holds becomes the input of the tick and goes into the record; in a replay
+// the input comes from there.
 #include <algorithm>
 
 #include "core/Machine.h"
@@ -85,10 +87,6 @@ void ReadInput(Hra& hra) {
   hra.KeyAction = value(1);
   if (line.size() > 2 && value(2) != hra.ActiveDog) ZmenitPsa(hra, (value(2) + 1) * 10);
   line.remove_prefix(std::min<std::size_t>(line.size(), 3));
-}
-
-int ZmenRychlost(int speed, int delta) {
-  return std::clamp(speed - delta, 1, 10);
 }
 
 }  // namespace zorik

@@ -1,3 +1,4 @@
+// Nahoda, chance: drawn in play and written into the record, read from there in a replay.
 #include <algorithm>
 
 #include "core/Machine.h"

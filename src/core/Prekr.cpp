@@ -1,3 +1,5 @@
+// PREKR, repainting a cell: the two parts of it that are rules, the pose of an idle dog and what sensors
+// hear. The rest stands in Machine.h.
 #include "core/Machine.h"
 #include "core/Rules.h"
 

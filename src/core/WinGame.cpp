@@ -1,3 +1,4 @@
+// WinGame: what a won run is worth.
 #include <algorithm>
 #include <cstdio>
 

@@ -1,3 +1,4 @@
+// ZmenitPsa, changing the dog: which unit the player steers, by its number or by a step to the next.
 #include "core/Machine.h"
 
 namespace zorik {

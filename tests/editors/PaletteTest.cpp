@@ -34,8 +34,7 @@ TEST_F(PaletteTest, HasNoToolsBeforeACaveIsOpened) {
 }
 
 TEST_F(PaletteTest, TakesEachTileWithEachButton) {
-  for (int palette = 0; palette < kPaletteEnd; ++palette) {
-    if (palette == kPaletteGap) continue;
+  for (const int palette : kTools) {
     Pick(palette, Qt::LeftButton);
     EXPECT_EQ(Tool(ToolButton::Left), palette);
     Pick(palette, Qt::RightButton);
@@ -53,10 +52,9 @@ TEST_F(PaletteTest, TakesNothingBetweenTheTilesAndWithOtherButtons) {
   EXPECT_EQ(Tool(ToolButton::Middle), 3);
 }
 
-TEST_F(PaletteTest, ShowsThirtyFourTilesOf26ThatDoNotOverlap) {
+TEST_F(PaletteTest, ShowsTilesOf26ThatDoNotOverlap) {
   QRegion tiles;
-  for (int palette = 0; palette < kPaletteEnd; ++palette) {
-    if (palette == kPaletteGap) continue;
+  for (const int palette : kTools) {
     const QRect tile = Tiles().TileRect(palette);
     EXPECT_EQ(tile.size(), QSize(26, 26));
     EXPECT_TRUE(Tiles().rect().contains(tile));
@@ -95,8 +93,8 @@ TEST_F(PaletteTest, NamesEachTileByItsPlaceInTheLanguage) {
     Wear(language);
     window->SetLW();
     int place = 10;
-    for (int palette = 0; palette < kPaletteEnd; ++palette) {
-      if (palette == kPaletteGap || palette == kDogTool) continue;
+    for (const int palette : kTools) {
+      if (palette == kDogTool) continue;
       ASSERT_FALSE(skin.Text(place).isEmpty());
       EXPECT_EQ(TooltipOf(palette), skin.Text(place++)) << palette;
     }
@@ -126,8 +124,8 @@ TEST_F(PaletteTest, ShowsAPictureForEachDogAndEachObject) {
   }
   const QImage tiles = Tiles().grab().toImage();
   std::vector<QImage> pictures;
-  for (int palette = 1; palette < kPaletteEnd; ++palette) {
-    if (palette != kPaletteGap) pictures.push_back(tiles.copy(Tiles().TileRect(palette)));
+  for (const int palette : kTools) {
+    if (palette != 0) pictures.push_back(tiles.copy(Tiles().TileRect(palette)));
   }
   for (int dog = 2; dog <= kDogs; ++dog) {
     Action(qPrintable(QString("Dog(%1)").arg(dog))).trigger();
