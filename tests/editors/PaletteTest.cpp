@@ -86,15 +86,15 @@ TEST_F(PaletteTest, DrawsAFrameWhereTheToolIs) {
   EXPECT_EQ(picture(9), bare);
 }
 
-// The names stand in the order of the palette, with room neither for the dog, whose name is elsewhere, nor
-// for the number without a tile.
+// The names of the first ones stand in the order of the palette, with room neither for the dog, whose name is
+// elsewhere, nor for the number without a tile.
 TEST_F(PaletteTest, NamesEachTileByItsPlaceInTheLanguage) {
   for (const char* const language : {"Default", "English"}) {
     Wear(language);
     window->SetLW();
     int place = 10;
     for (const int palette : kTools) {
-      if (palette == kDogTool) continue;
+      if (palette == kDogTool || palette > 34) continue;
       ASSERT_FALSE(skin.Text(place).isEmpty());
       EXPECT_EQ(TooltipOf(palette), skin.Text(place++)) << palette;
     }
@@ -154,9 +154,9 @@ TEST_F(PaletteTest, IsUsedByKeys) {
   QTest::keyClick(&Tiles(), Qt::Key_Up);
   EXPECT_EQ(Status(), "Hlína") << "there is nothing above the first row";
   QTest::keyClick(&Tiles(), Qt::Key_End);
-  EXPECT_EQ(Status(), "Vážka");
+  EXPECT_EQ(Status(), TooltipOf(kTools.back()));
   QTest::keyClick(&Tiles(), Qt::Key_Enter);
-  EXPECT_EQ(Tool(ToolButton::Left), 34);
+  EXPECT_EQ(Tool(ToolButton::Left), kTools.back());
 }
 
 TEST_F(PaletteTest, LeavesOutTheNumberWithoutATileUnderKeys) {
