@@ -3,61 +3,41 @@
 namespace zorik {
 namespace {
 
-struct Row {
-  std::uint16_t code;
-  int traits;
+// What the flags are made of. What settles has something to end in the closing scan, with a heading or not.
+struct Duty {
+  bool acts = false;         // in the object scan
+  bool followsMark = false;  // once a tick
+  bool settles = false;
 };
 
-constexpr std::array<Row, 22> kRows{{
-    {kSpace, trait::kStirring},
-    {kBoulder, trait::kActs},  // flat, it is a struck bomb
-    {kGem, trait::kCounted | trait::kGlitters},
-    {kDog, trait::kStirring | trait::kDeadly},
-    {kFireFly, trait::kFollowsMark | trait::kActs | trait::kSettles | trait::kStirring},
-    {kButterFly, trait::kFollowsMark | trait::kActs | trait::kSettles | trait::kStirring},
-    {kFinish, trait::kCounted | trait::kStirring},
-    {kAmoeba, trait::kOwnEnd | trait::kSettles | trait::kCounted | trait::kDeadly},
-    {kBox, trait::kStirring},
-    {kWallH, trait::kActs | trait::kStirring},
-    {kWallV, trait::kActs | trait::kStirring},
-    {kSlime, trait::kActs | trait::kSettles | trait::kOwnEnd},
-    {kFly, trait::kFollowsMark | trait::kActs | trait::kSettles | trait::kStirring},
-    {kExplosion, trait::kOwnEnd | trait::kCounted | trait::kStirring},
-    {kKeyRed, trait::kCounted | trait::kGlitters},
-    {kKeyGreen, trait::kCounted | trait::kGlitters},
-    {kKeyBlue, trait::kCounted | trait::kGlitters},
-    {kFlea, trait::kSettles | trait::kOwnEnd | trait::kStirring},
-    {kSensor, trait::kSettles | trait::kOwnEnd | trait::kCounted},
-    {kCat, trait::kDeadly | trait::kStirring},
-    {kDragonFly, trait::kActs | trait::kSettles | trait::kStirring},
-    {kCatKey, trait::kCounted | trait::kGlitters},
-}};
-
-constexpr std::array<std::uint8_t, 32> ByCode() {
-  std::array<std::uint8_t, 32> traits{};
-  for (const Row& row : kRows) traits[row.code] = static_cast<std::uint8_t>(row.traits);
-  traits[kVacated % traits.size()] = trait::kSettles;
-  return traits;
+constexpr Duty DutyOf(const ObjectRow& object) {
+  const bool follows = object.acts == Acting::Steps;
+  const bool monster = (object.traits & trait::kMonster) != 0;
+  return {.acts = object.acts != Acting::Nothing && object.acts != Acting::GivesRoom,
+          .followsMark = follows,
+          .settles = monster || (object.ends != Ending::Nothing && object.ends != Ending::Burns)};
 }
 
-constexpr auto kTraitsByCode = ByCode();
+constexpr auto kDuties = [] {
+  std::array<Duty, kCodes> duties{};
+  for (const ObjectRow& object : kObjects) duties[object.code] = DutyOf(object);
+  duties[kVacated % kCodes].settles = true;
+  return duties;
+}();
 
 // A heading above 4 has been followed in this tick.
 constexpr bool MayAct(std::size_t code, std::size_t state, bool highMark) {
-  const int traits = kTraitsByCode[code];
-  const bool done = highMark && (traits & trait::kFollowsMark) != 0;
-  return ((traits & trait::kActs) != 0 && !done) || state >= kResting;
+  const bool done = highMark && kDuties[code].followsMark;
+  return (kDuties[code].acts && !done) || state >= kResting;
 }
 
 constexpr bool MaySettle(std::size_t code, bool highMark) {
-  return (kTraitsByCode[code] & trait::kSettles) != 0 || highMark;
+  return kDuties[code].settles || highMark;
 }
 
 }  // namespace
 
-const std::array<std::uint8_t, Grids::kCodes> Grids::kTraits = kTraitsByCode;
-
-const std::array<std::uint8_t, Grids::kCodes* 8> Grids::kFlags = [] {
+const std::array<std::uint8_t, kCodes* 8> Grids::kFlags = [] {
   std::array<std::uint8_t, kCodes * 8> flags{};
   for (std::size_t i = 0; i < flags.size(); ++i) {
     const std::size_t code = i % kCodes;

@@ -9,18 +9,6 @@
 
 namespace zorik {
 
-// What the scans, the counts and the contacts have to know of a code.
-namespace trait {
-inline constexpr std::uint8_t kActs = 1;         // may do something in the object scan, whatever its state
-inline constexpr std::uint8_t kFollowsMark = 2;  // does so by its heading, once a tick
-inline constexpr std::uint8_t kSettles = 4;      // has something to end in the closing scan
-inline constexpr std::uint8_t kCounted = 8;      // Count() knows how many there are
-inline constexpr std::uint8_t kDeadly = 16;      // monsters die beside it
-inline constexpr std::uint8_t kStirring = 32;    // sensors notice its repainting, whatever its state
-inline constexpr std::uint8_t kGlitters = 64;    // repainted in every tick
-inline constexpr std::uint8_t kOwnEnd = 128;     // does in the closing scan what no other object does
-}  // namespace trait
-
 // Cells by 64 of a row together, the leftmost in the lowest bit.
 class CellSet {
  public:
@@ -87,8 +75,8 @@ class Grids {
   // others.
   int Count(std::uint16_t code) const { return count_[code % kCodes]; }
 
-  // What is told of a code by trait.
-  static std::uint8_t Traits(std::uint16_t code) { return kTraits[code % kCodes]; }
+  // What the table tells of a code by trait; nothing of the codes that are no objects.
+  static std::uint16_t Traits(std::uint16_t code) { return kTraits[code % kCodes]; }
 
   // The cells at which the scans must look. Apart from the moved ones, which take part in nothing more in
   // this tick, they are plain functions of the cells' own values.
@@ -108,9 +96,11 @@ class Grids {
   static constexpr Content kCodeBits = 0xFFFF;
   static constexpr int kStateBit = 16, kMarkBit = 24;
 
-  // The two codes above the table, 65534 and 65535, fall on 30 and 31.
-  static constexpr std::size_t kCodes = 32;
-  static const std::array<std::uint8_t, kCodes> kTraits;
+  static constexpr std::array<std::uint16_t, kCodes> kTraits = [] {
+    std::array<std::uint16_t, kCodes> traits{};
+    for (const ObjectRow& object : kObjects) traits[object.code] = object.traits;
+    return traits;
+  }();
   static const std::array<std::uint8_t, kCodes * 8> kFlags;  // by code, state and whether the mark is above 4
 
   static std::uint8_t FlagsOf(Content content) {

@@ -1,5 +1,8 @@
 #pragma once
 
+// Hra, the game: the state of a run with its grids, counters, units and record, and what one may do with it
+// from outside: start, tick, replay, restart, leave.
+
 #include <array>
 #include <cstdint>
 #include <optional>
@@ -177,13 +180,5 @@ std::string SaveRecord(Hra& hra, int score);
 
 // The breakdown of a score, in Windows-1250.
 std::string ScoreBreakdown(const RunState& run, const WinResult& win);
-
-// Speeds run from 1, the fastest, to 10. A delta of 1 makes the game faster.
-int ZmenRychlost(int speed, int delta);
-
-// The interval of the tick's timer, in milliseconds.
-constexpr int TimerInterval(int speed) {
-  return 20 * speed - 19;
-}
 
 }  // namespace zorik

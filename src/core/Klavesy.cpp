@@ -89,8 +89,4 @@ void ReadInput(Hra& hra) {
   line.remove_prefix(std::min<std::size_t>(line.size(), 3));
 }
 
-int ZmenRychlost(int speed, int delta) {
-  return std::clamp(speed - delta, 1, 10);
-}
-
 }  // namespace zorik

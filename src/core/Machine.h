@@ -81,10 +81,6 @@ inline void ValRVal(Hra& hra, Cell to, Cell from) {
   hra.SetFieldMark(to, hra.FieldMark(from));
 }
 
-inline bool IsOneOf(std::uint16_t code, std::uint16_t first, std::uint16_t last) {
-  return code >= first && code <= last;
-}
-
 // Changes the steered unit. A selector above 1 names unit selector / 10 - 1; 1 steps forward through the
 // units, -1 back, 0 stays.
 void ZmenitPsa(Hra& hra, int selector);

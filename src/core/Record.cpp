@@ -1,3 +1,4 @@
+// A run and its record: played back, started afresh, let go at the end, handed out when the run is won.
 #include "core/Machine.h"
 
 namespace zorik {
@@ -29,6 +30,12 @@ void RestartCave(Hra& hra) {
   } else {
     PaintCave(hra, hra.CaveText, hra.Kind);
   }
+}
+
+void EndGame(Hra& hra) {
+  hra.stage().StopSounds();
+  hra.Record = RecordLines();
+  hra.WholeRecord = RecordLines();
 }
 
 std::string SaveRecord(Hra& hra, int score) {

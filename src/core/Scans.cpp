@@ -1,6 +1,9 @@
+// The walks over the cave that every tick makes. What an object does in them tells its row in Objects.h.
 #include "core/Scans.h"
 
 #include <bit>
+
+#include "core/Patterns.h"
 
 namespace zorik {
 namespace {
@@ -39,30 +42,43 @@ void ForEachDue(const RunState& run, Question question, Action action) {
   }
 }
 
+// What the table tells of each code.
+constexpr auto kActs = [] {
+  std::array<Acting, kCodes> acts{};
+  for (const ObjectRow& object : kObjects) acts[object.code] = object.acts;
+  return acts;
+}();
+constexpr auto kEnds = [] {
+  std::array<Ending, kCodes> ends{};
+  for (const ObjectRow& object : kObjects) ends[object.code] = object.ends;
+  return ends;
+}();
+
 // Every test is made afresh on the cell as it is then, so an object that has just landed gets a second
 // chance, and the space that something left can take in amoeba.
 void Act(Hra& hra, Cell c, AmoebaList& room) {
   if (hra.FieldState(c) == kFalling) NewGravitace(hra, c);
   if (hra.FieldState(c) == kResting) NewGravitace(hra, c);
-  if ((Grids::Traits(hra.Field(c)) & trait::kFollowsMark) != 0) return Potvory(hra, c);
-  switch (hra.Field(c)) {
-    case kDragonFly:
+  switch (kActs[hra.Field(c) % kCodes]) {
+    case Acting::Nothing:
+      return;
+    case Acting::GivesRoom:
+      return FindAmoebaRoom(hra, c, room);
+    case Acting::GoesOff:
+      if (IsStruckBomb(hra, c)) Exploze(hra, c);
+      return;
+    case Acting::Steps:
+      return Potvory(hra, c);
+    case Acting::Hunts:
       Potvory(hra, c);
-      break;
-    case kSlime:
-      Slime(hra, c);
-      break;
-    case kWallH:
-      GrowWallH(hra, c);
-      break;
-    case kWallV:
-      GrowWallV(hra, c);
-      break;
-    default:
-      break;
+      return FindAmoebaRoom(hra, c, room);
+    case Acting::LetsThrough:
+      return Slime(hra, c);
+    case Acting::GrowsAside:
+      return GrowWallH(hra, c);
+    case Acting::GrowsUpright:
+      return GrowWallV(hra, c);
   }
-  if (hra.Field(c) <= kDirt) FindAmoebaRoom(hra, c, room);
-  if (hra.Field(c) == kBoulder && hra.FieldState(c) == kFlat) Exploze(hra, c);
 }
 
 // What the end of the tick makes of every mark. One above 4 is the moved-in-this-tick form of a heading, ten
@@ -99,18 +115,18 @@ struct Closing {
 };
 
 // Ends the tick in a cell of those objects that have something of their own to end.
-void SettleOwn(Hra& hra, Cell c, Closing& closing) {
-  const std::uint16_t code = hra.Field(c);
-  if (code == kSlime || code == kFlea) PREKR(hra, c);
-  if (code == kSensor) closing.Due(CountSensor(hra, c));
+void SettleOwn(Hra& hra, Cell c, Ending ends, Closing& closing) {
+  if (ends == Ending::Repaints) PREKR(hra, c);
+  if (ends == Ending::Counts) closing.Due(CountSensor(hra, c));
   hra.SetFieldMoved(c, false);
-  if (code == kAmoeba) closing.Due(SettleAmoeba(hra, c, closing.amoebaCells));
-  if (code != kExplosion && code != kSensor) EndMove(hra, c);
+  if (ends == Ending::Petrifies) closing.Due(SettleAmoeba(hra, c, closing.amoebaCells));
+  if (ends != Ending::Burns && ends != Ending::Counts) EndMove(hra, c);
   Contact(hra, c);
 }
 
 void Settle(Hra& hra, Cell c, Closing& closing) {
-  if ((Grids::Traits(hra.Field(c)) & trait::kOwnEnd) != 0) return SettleOwn(hra, c, closing);
+  const Ending ends = kEnds[hra.Field(c) % kCodes];
+  if (ends != Ending::Nothing) return SettleOwn(hra, c, ends, closing);
   // Cleared here and not all at once: a bomb that is lit below from above or from the left waits one tick
   // longer than one that the scan has still to reach.
   hra.SetFieldMoved(c, false);

@@ -1,7 +1,9 @@
+// Set-up: the cave text becomes the grids of a new run, PaintCave and OpenCave.
 #include <algorithm>
 #include <string>
 
 #include "core/Machine.h"
+#include "core/Patterns.h"
 #include "data/CaveO.h"
 #include "data/Collection.h"
 #include "data/Scramble.h"
@@ -58,14 +60,14 @@ void ShowLabels(Hra& hra) {
 }
 
 // With several of the same number, or several fleas or cats, the last one counts.
-void PlaceUnit(Hra& hra, char letter, int x, int y) {
-  if (letter == 'J') {
+void PlaceUnit(Hra& hra, const ObjectLetter& object, int x, int y) {
+  if (object.code == kCat) {
     hra.CatX = x;
     hra.CatY = y;
     hra.CatPresent = true;
   }
-  if (letter == 'N') hra.Dog[0] = {x, y, true};
-  const int n = DogNumber(letter);
+  if (object.code == kFlea) hra.Dog[0] = {x, y, true};
+  const int n = DogNumber(object.letter);
   if (n == 0) return;
   hra.Dog[static_cast<std::size_t>(n)] = {x, y, true};
   hra.DogCount = std::max(hra.DogCount, n);
@@ -77,7 +79,7 @@ void PlaceLetter(Hra& hra, char letter, Cell c) {
   if (object == nullptr) return;
   hra.SetObject(c, object->code, object->state);
   hra.SetFieldMark(c, object->mark);
-  PlaceUnit(hra, letter, c.x(), c.y());
+  PlaceUnit(hra, *object, c.x(), c.y());
 }
 
 // The pads of the teleport: slime over steel is the entrance, slime under steel the exit.
@@ -97,12 +99,12 @@ void OpenPad(Hra& hra, Cell slime, Cell steel) {
 // yet. So of a slime between two steels the upper one makes an exit.
 void FindPads(Hra& hra, Cell c, Pads& pads) {
   const Cell above = c + kUp;
-  if (!pads.in && hra.Field(c) == kSteel && hra.Field(above) == kSlime) {
+  if (!pads.in && IsEntranceSlime(hra, above)) {
     hra.TeleportIn = above;
     pads.in = true;
     OpenPad(hra, above, c);
   }
-  if (!pads.out && hra.Field(above) == kSteel && hra.Field(c) == kSlime) {
+  if (!pads.out && IsExitSlime(hra, c)) {
     hra.TeleportOut = c;
     pads.out = true;
     OpenPad(hra, c, above);
@@ -197,12 +199,6 @@ std::optional<Failure> OpenCave(Hra& hra, const PlayedCave& cave) {
   if (auto failure = Unplayable(cave.Text, cave.Record)) return failure;
   StartRun(hra, cave.Text, cave.Record, RunKind::Play);
   return std::nullopt;
-}
-
-void EndGame(Hra& hra) {
-  hra.stage().StopSounds();
-  hra.Record = RecordLines();
-  hra.WholeRecord = RecordLines();
 }
 
 }  // namespace zorik

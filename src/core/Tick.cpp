@@ -1,3 +1,4 @@
+// A tick from start to end; docs/tick.md tells it in words.
 #include <algorithm>
 
 #include "core/Machine.h"

@@ -10,33 +10,21 @@
 namespace zorik {
 namespace {
 
-constexpr std::size_t kMostSizes = 8;       // that are kept
-constexpr std::uint16_t kFacingColumn = 1;  // of the dog's set: it looks at you
-
-// Frames of set NoSurprise.
-constexpr std::uint16_t kMagicRow = 0;
-constexpr std::uint16_t kSidewaysRow = 1;
-constexpr std::uint16_t kUprightRow = 2;
+constexpr std::size_t kMostSizes = 8;  // that are kept
 
 // What hides in the game is told apart here.
 CellPicture PictureOf(const ObjectLetter& object) {
-  if (object.letter == 'M') return {kSetNoSurprise, 0, kMagicRow};
-  if (object.letter == 'E') return {kSetNoSurprise, 0, kSidewaysRow};
-  if (object.letter == 'V') return {kSetNoSurprise, 0, kUprightRow};
-  CellPicture picture{object.image, 0, 0};
-  if (object.image == kSetKeys) picture.Col = static_cast<std::uint16_t>(object.code - kKeyRed);
-  if (object.image == kSetLocks) picture.Col = static_cast<std::uint16_t>(object.code - kLockRed);
-  if (object.code == kDog) picture.Col = kFacingColumn;
-  return picture;
+  if (object.secret != kNoSecret) return {kSetNoSurprise, 0, static_cast<std::uint16_t>(object.secret)};
+  return {object.image, object.column, 0};
 }
 
-// Fireflies and butterflies start left, up, right or down; the angle turns an arrow that points left.
+// Whoever starts with a heading starts left, up, right or down; the angle turns an arrow that points left.
 int StartAngle(const ObjectLetter& object) {
   return (object.mark - 1) * 90;
 }
 
 bool HasDirection(const ObjectLetter& object) {
-  return object.code == kFireFly || object.code == kButterFly;
+  return object.mark != 0;
 }
 
 // Coordinates of a tile of 26.

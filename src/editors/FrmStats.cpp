@@ -24,8 +24,7 @@ constexpr int kFirstHeight = 480;
 // The letters in the order of the palette, those without a tile last.
 std::vector<char> AllLetters() {
   std::vector<char> letters;
-  for (int palette = 0; palette < kPaletteEnd; ++palette) {
-    if (ObjectOfTool(palette) == nullptr) continue;
+  for (const int palette : kTools) {
     const int dogs = palette == kDogTool ? kDogs : 1;
     for (int dog = 1; dog <= dogs; ++dog) letters.push_back(LetterOfTool(palette, dog));
   }
@@ -44,7 +43,7 @@ QTableWidgetItem* Item(const QString& text) {
 }  // namespace
 
 QString NameOfTool(const Skin& skin, int palette, int dog) {
-  const QString name = skin.Text(static_cast<TextId>(ObjectOfTool(palette)->tooltip));
+  const QString name = skin.Text(*ObjectOfTool(palette)->name);
   if (palette != kDogTool) return name;
   const QString number = QString::number(dog);
   return name.contains("?1?") ? FillMarks(name, number, QString()) : name + " " + number;

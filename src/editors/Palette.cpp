@@ -13,17 +13,17 @@ namespace zorik {
 namespace {
 
 constexpr int kColumns = 17;
-constexpr int kPlaces = kPaletteEnd - 1;  // tiles; one number has none
-constexpr int kRows = kPlaces / kColumns;
+constexpr int kPlaces = static_cast<int>(kToolCount);
+constexpr int kRows = (kPlaces + kColumns - 1) / kColumns;
 constexpr int kGap = 3;
 constexpr int kPitch = Palette::kTile + kGap;
 
 // The number of the tile at a place, counted row by row, and the way back.
 int NumberAt(int place) {
-  return place < kPaletteGap ? place : place + 1;
+  return kTools[static_cast<std::size_t>(place)];
 }
 int PlaceOf(int palette) {
-  return palette < kPaletteGap ? palette : palette - 1;
+  return static_cast<int>(std::lower_bound(kTools.begin(), kTools.end(), palette) - kTools.begin());
 }
 
 constexpr int kFrame = 20;  // smaller than a tile, so that all three can be seen on the same one

@@ -1,13 +1,35 @@
 #pragma once
 
+#include <algorithm>
+#include <array>
+
 #include "core/Objects.h"
 
 namespace zorik {
 
-// The editor's palette: numbers 0 to 34, one of which has no tile.
-inline constexpr int kPaletteEnd = 35;
-inline constexpr int kPaletteGap = 29;
-inline constexpr int kDogTool = 4;
+// How many tiles the editor's palette has.
+inline constexpr std::size_t kToolCount = [] {
+  std::size_t count = 0;
+  for (const ObjectRow& object : kObjects) {
+    for (const Form& form : object.forms) count += form.palette >= 0 ? 1 : 0;
+  }
+  return count;
+}();
+
+// Their palette numbers, ascending; not every number has a tile.
+inline constexpr auto kTools = [] {
+  std::array<int, kToolCount> tools{};
+  std::size_t place = 0;
+  for (const ObjectRow& object : kObjects) {
+    for (const Form& form : object.forms) {
+      if (form.palette >= 0) tools[place++] = form.palette;
+    }
+  }
+  std::sort(tools.begin(), tools.end());
+  return tools;
+}();
+inline constexpr int kPaletteEnd = kTools.back() + 1;
+inline constexpr int kDogTool = kObjects[kDog].forms[0].palette;
 inline constexpr int kDogs = 9;
 
 // Which mouse button a tool belongs to.

@@ -29,19 +29,9 @@ Token TokenAt(const Hra& hra, int pc) {
 }
 
 bool MuzeKockaJit(const Hra& hra, Cell c) {
-  switch (hra.Field(c)) {
-    case kSpace:
-    case kDirt:
-    case kKeyRed:
-    case kKeyGreen:
-    case kKeyBlue:
-    case kCatKey:
-      return true;
-    case kGem:
-      return hra.FieldState(c) == kResting;
-    default:
-      return false;
-  }
+  const std::uint16_t code = hra.Field(c);
+  if (code == kGem && hra.FieldState(c) != kResting) return false;
+  return (Grids::Traits(code) & trait::kCatEnters) != 0;
 }
 
 // A fly's headings: 1 up, 2 right, 3 down, 4 left.

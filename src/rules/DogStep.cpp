@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <limits>
 
+#include "core/Patterns.h"
 #include "core/Rules.h"
 #include "rules/Push.h"
 
@@ -33,15 +34,6 @@ void Leave(Hra& hra, Cell old, Cell finish) {
   WinGame(hra);
 }
 
-// A test of listed codes: a cell that a monster has left in this tick is not among them.
-bool Blocks(const Hra& hra, Cell c) {
-  const std::uint16_t code = hra.Field(c);
-  const std::uint8_t state = hra.FieldState(c);
-  if (state == kFalling || state == kRounded) return true;
-  return code == kBoulder || IsOneOf(code, kDog, kFly) || code == kExplosion ||
-         IsOneOf(code, kLockRed, kDragonFly);
-}
-
 void Collect(Hra& hra, Cell target) {
   if (hra.Field(target) == kGem) {
     ++hra.GemsCollected;
@@ -68,7 +60,7 @@ void Snap(Hra& hra, Cell target) {
 // The cell in which the dog ends.
 Cell Go(Hra& hra, Cell old, Cell target) {
   if (hra.Field(target) == kDirt) hra.stage().PZvuk(SoundId::Dirt);
-  if (Blocks(hra, target)) return old;
+  if (BlocksDog(hra, target)) return old;
   Collect(hra, target);
   if (hra.KeyAction != 0) {
     Snap(hra, target);
@@ -96,7 +88,7 @@ void PohybH(Hra& hra) {
   PushBox(hra, target, step, chance == 1 && hra.KeyAction == 0);
   if (chance == 1) PushBoulder(hra, target, step, kRounded);
   if (hra.Field(target) == kDog && chance == 1) return TakeOverDog(hra, target);
-  if (hra.Field(target) == kFinish && hra.ExitOpen && hra.KeyAction == 0) return Leave(hra, old, target);
+  if (IsOpenFinish(hra, target) && hra.KeyAction == 0) return Leave(hra, old, target);
   const Cell now = Go(hra, old, target);
   Place(hra, now);
   hra.DogPose = hra.KeyDirection;

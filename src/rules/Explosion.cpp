@@ -1,5 +1,6 @@
 // Explosions: a block of 3 x 3 cells burns for four ticks; its kind follows from what stood in the middle.
 // Steel is spared, bombs are lit and go off one tick later by themselves.
+#include "core/Patterns.h"
 #include "core/Rules.h"
 
 namespace zorik {
@@ -21,18 +22,6 @@ Kind KindOf(std::uint16_t centre) {
   }
 }
 
-bool IsLitBomb(const Hra& hra, Cell c) {
-  return hra.Field(c) == kBoulder && hra.FieldState(c) == kFlat;
-}
-
-bool IsBomb(const Hra& hra, Cell c) {
-  return hra.Field(c) == kBox && hra.FieldState(c) == kFlat;
-}
-
-bool IsSplitterMouth(const Hra& hra, Cell c) {
-  return hra.Field(c) == kWallH && hra.Field(c + kLeft) == kSteel && hra.Field(c + kRight) == kSteel;
-}
-
 void Destroy(Hra& hra, Cell c, Kind kind) {
   const bool mouth = IsSplitterMouth(hra, c);
   hra.SetField(c, kExplosion);
@@ -48,7 +37,7 @@ void Destroy(Hra& hra, Cell c, Kind kind) {
 }
 
 void BlowUp(Hra& hra, Cell c, Kind kind) {
-  if (hra.Field(c) == kSteel || IsLitBomb(hra, c)) return;
+  if (hra.Field(c) == kSteel || IsStruckBomb(hra, c)) return;
   if (IsBomb(hra, c)) {
     LightBomb(hra, c);
   } else {
@@ -73,7 +62,7 @@ void LightBomb(Hra& hra, Cell c) {
 void Exploze(Hra& hra, Cell c) {
   hra.stage().PZvuk(SoundId::Explosion);
   const Kind kind = KindOf(hra.Field(c));
-  if (IsLitBomb(hra, c)) hra.SetField(c, kSpace);
+  if (IsStruckBomb(hra, c)) hra.SetField(c, kSpace);
   for (const Step row : {kUp, Step{}, kDown}) {
     for (const Step column : {kLeft, Step{}, kRight}) BlowUp(hra, c + row + column, kind);
   }

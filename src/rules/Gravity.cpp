@@ -1,6 +1,7 @@
 // Gravity: whatever stands in a cell with state 2 or 3 falls and rolls, whatever it is; a magic wall turns
 // what falls on it into something else, and the mouth of a splitter makes two of one. What a landing does
 // to the thing below is told in Impact.cpp.
+#include "core/Patterns.h"
 #include "core/Rules.h"
 
 namespace zorik {
@@ -64,7 +65,7 @@ void PassMagicWall(Hra& hra, Cell c) {
 // resting object though it is space, and what enters it without a state of its own can fall.
 void Fall(Hra& hra, Cell c) {
   const Cell below = c + kDown;
-  if (hra.Field(below) == kBrick && hra.FieldState(below) == kFlat) PassMagicWall(hra, c);
+  if (IsMagicWall(hra, below)) PassMagicWall(hra, c);
   if (hra.Field(below) == kSpace) {
     MoveObject(hra, c, below);
   } else if (hra.FieldState(below) != kFlat) {
@@ -74,12 +75,6 @@ void Fall(Hra& hra, Cell c) {
     hra.SetFieldState(c, kResting);
     Dopad(hra, c);
   }
-}
-
-bool OnSplitter(const Hra& hra, Cell c) {
-  const Cell mouth = c + kDown;
-  return hra.Field(mouth) == kWallH && hra.Field(mouth + kLeft) == kSteel &&
-         hra.Field(mouth + kRight) == kSteel;
 }
 
 // With both outlets taken the object is simply gone.
@@ -96,7 +91,7 @@ void Split(Hra& hra, Cell c) {
 void NewGravitace(Hra& hra, Cell c) {
   if (hra.FieldState(c) == kResting) Rest(hra, c);
   if (hra.FieldState(c) == kFalling) Fall(hra, c);
-  if (OnSplitter(hra, c)) Split(hra, c);
+  if (IsSplitterMouth(hra, c + kDown)) Split(hra, c);
 }
 
 }  // namespace zorik

@@ -1,40 +1,28 @@
 // Impact: what a falling object does to the thing that it lands on. The object itself is moved by
 // Gravity.cpp.
+#include "core/Patterns.h"
 #include "core/Rules.h"
 
 namespace zorik {
 namespace {
 
-bool DiesOfImpact(std::uint16_t code) {
-  switch (code) {
-    case kFireFly:
-    case kButterFly:
-    case kFly:
-    case kDog:
-    case kFlea:
-    case kCat:
-    case kDragonFly:
-      return true;
-    default:
-      return false;
-  }
+bool Has(std::uint16_t code, std::uint16_t trait) {
+  return (Grids::Traits(code) & trait) != 0;
 }
 
 SoundId LandingSound(std::uint16_t code) {
-  return code == kGem || IsOneOf(code, kKeyRed, kKeyBlue) ? SoundId::FallGem : SoundId::Boulder;
+  return Has(code, trait::kRings) ? SoundId::FallGem : SoundId::Boulder;
 }
 
 }  // namespace
 
 void Dopad(Hra& hra, Cell c) {
   const Cell hit = c + kDown;
-  const std::uint16_t thing = hra.Field(hit);
-  const bool flat = hra.FieldState(hit) == kFlat;
-  if (DiesOfImpact(thing)) {
+  if (Has(hra.Field(hit), trait::kSquashable)) {
     Exploze(hra, hit);
-  } else if (thing == kBox && flat) {
+  } else if (IsBomb(hra, hit)) {
     LightBomb(hra, hit);
-  } else if (thing == kBrick && flat) {
+  } else if (IsMagicWall(hra, hit)) {
     hra.stage().PZvuk(SoundId::FallGem);
   } else {
     hra.stage().PZvuk(LandingSound(hra.Field(c)));

@@ -65,7 +65,7 @@ void OpenByRecord(Hra& hra, std::uint16_t lock, int share, Opened opened) {
 }
 
 void OpenLocks(Hra& hra, std::uint16_t key) {
-  const auto lock = static_cast<std::uint16_t>(key + 3);
+  const std::uint16_t lock = LockOf(key);
   Locks locks;
   int keys = 0;
   ForEachCellByColumn(hra, [&](Cell c) {
@@ -85,7 +85,7 @@ void OpenLocks(Hra& hra, std::uint16_t key) {
 void SpapanZamek(Hra& hra, Cell c) {
   const std::uint16_t code = hra.Field(c);
   if (code == kCatKey) KockaEvent(hra, 'I');
-  if (IsOneOf(code, kKeyRed, kKeyBlue)) OpenLocks(hra, code);
+  if (IsKey(code)) OpenLocks(hra, code);
 }
 
 }  // namespace zorik

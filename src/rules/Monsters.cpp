@@ -44,19 +44,9 @@ void Potvory(Hra& hra, Cell c) {
 }
 
 void Contact(Hra& hra, Cell c) {
-  switch (hra.Field(c)) {
-    case kFireFly:
-    case kButterFly:
-    case kFly:
-    case kDragonFly:
-      if (BesideDeadly(hra, c)) Exploze(hra, c);
-      return;
-    case kFlea:
-      if (BesideAmoeba(hra, c)) Exploze(hra, c);
-      return;
-    default:
-      return;
-  }
+  const std::uint16_t code = hra.Field(c);
+  if ((Grids::Traits(code) & trait::kMonster) != 0 && BesideDeadly(hra, c)) return Exploze(hra, c);
+  if (code == kFlea && BesideAmoeba(hra, c)) Exploze(hra, c);
 }
 
 }  // namespace zorik

@@ -11,6 +11,8 @@
 #include <cmath>
 
 #include "core/Machine.h"
+#include "core/Patterns.h"
+#include "core/Speed.h"
 #include "data/Cp1250.h"
 #include "screens/BarColours.h"
 #include "screens/FrmSettings.h"
@@ -236,10 +238,7 @@ void HraWindow::EditSettings() {
 void HraWindow::RepaintHiddenThings() {
   painter_.SetNoSurprise(settings_.NoSurprise);
   ForEachCell(hra_, [this](Cell c) {
-    const std::uint16_t code = hra_.Field(c);
-    const bool magicWall = code == kBrick && hra_.FieldState(c) == kFlat;
-    if (code == kFinish || code == kWallH || code == kWallV || magicWall)
-      painter_.CellChanged(hra_, c.x(), c.y());
+    if (SecretIn(hra_, c) != kNoSecret) painter_.CellChanged(hra_, c.x(), c.y());
   });
   DrawView();
 }

@@ -9,21 +9,6 @@
 
 namespace zorik {
 
-// Numbers of tile sets that differ from the code of the object they show.
-enum TileSet : std::uint8_t {
-  kSetMagicWall = 12,
-  kSetSplitter = 13,
-  kSetKeys = 17,
-  kSetLocks = 18,
-  kSetTeleport = 19,
-  kSetDragonFly = 20,
-  kSetCat = 21,
-  kSetBomb = 22,
-  kSetCatKey = 26,
-  kSetNoSurprise = 27,
-};
-inline constexpr std::size_t kTileSetCount = kTileSets.size();
-
 // One frame: which set, and where on its grid of frames.
 struct CellPicture {
   std::uint8_t Pic = 0;
@@ -65,12 +50,17 @@ class CellPictures {
   static std::optional<std::size_t> Place(int x, int y);
 
   CellPicture Choose(const Hra& hra, Cell c);
-  CellPicture ChooseBase(const Hra& hra, Cell c, int& shown) const;
-  void ChooseRow(const Hra& hra, Cell c, int shown, CellPicture& picture);
-  void ChooseColumn(const Hra& hra, Cell c, int shown, CellPicture& picture) const;
+  // The picture that a cell starts from, and how the row of its frame is found.
+  struct Base {
+    CellPicture picture;
+    Rows rows = Rows::Still;
+  };
+
+  Base ChooseBase(const Hra& hra, Cell c) const;
+  std::uint16_t ChooseRow(const Hra& hra, Cell c, const Base& base);
   void ShowHidden(const Hra& hra, Cell c, CellPicture& picture) const;
   void ShowPads(const Hra& hra, Cell c, CellPicture& picture) const;
-  int Frames(int set) const { return frames_[static_cast<std::size_t>(set)]; }
+  int FramesOf(std::size_t set) const { return frames_[set]; }
 
   std::array<CellPicture, kColumns * kRows> pictures_{};
   std::array<int, kTileSetCount> frames_{};

@@ -90,8 +90,8 @@ void TileSets::FindGrounds() {
     const Sheet& sheet = sheets_[set];
     for (int row = 0; row < sheet.rows; ++row) {
       for (int column = 0; column < sheet.columns; ++column) {
-        const bool bare = set == kSpace || ShowsGround(Tile(sheet.picture, column, row));
-        grounds_.push_back(set == kDirt ? Ground::Earth : bare ? Ground::Bare : Ground::Covered);
+        const bool bare = set == kSetSpace || ShowsGround(Tile(sheet.picture, column, row));
+        grounds_.push_back(set == kSetDirt ? Ground::Earth : bare ? Ground::Bare : Ground::Covered);
       }
     }
   }
@@ -101,7 +101,7 @@ void TileSets::FindGrounds() {
 std::string TileSets::EdgesPath(const PictureFinder& finder) {
   const auto edges = finder.Find("Edges");
   if (!edges) return {};
-  const auto earth = finder.Find(kTileSets[kDirt]), ground = finder.Find(kTileSets[kSpace]);
+  const auto earth = finder.Find(kTileSets[kSetDirt]), ground = finder.Find(kTileSets[kSetSpace]);
   const bool foreign = (earth && earth->own) || (ground && ground->own);
   return edges->own || !foreign ? edges->path : std::string();
 }
@@ -125,14 +125,15 @@ void TileSets::Load(PictureCache& pictures, const SkinPlaces& places, std::strin
 // Reads what is not there already.
 void TileSets::Read(PictureCache& pictures, const SkinPlaces& places, Sheets& sheets) {
   // All others lie on Space, so a new one makes them new as well.
-  const bool newGround = sheets[kSpace].image.isNull();
+  const bool newGround = sheets[kSetSpace].image.isNull();
   for (std::size_t i = 0; i < kTileSetCount; ++i) {
     Sheet& sheet = sheets[i];
     if (!sheet.image.isNull() && !newGround) continue;
     sheet.picture = pictures.Load(places, sheet.path, kMostTilePixels);
     // Space has nothing below it and keeps its black.
-    if (i != kSpace) sheet.picture = WithoutBlack(std::move(sheet.picture));
-    sheet.image = OverGround(sheet.picture, i == kSpace ? BlackTile() : Tile(sheets[kSpace].image, 0, 0));
+    if (i != kSetSpace) sheet.picture = WithoutBlack(std::move(sheet.picture));
+    sheet.image =
+        OverGround(sheet.picture, i == kSetSpace ? BlackTile() : Tile(sheets[kSetSpace].image, 0, 0));
   }
   Sheet& edges = sheets[kEdges];
   if (edges.path.empty() || !edges.picture.isNull()) return;
@@ -196,8 +197,8 @@ QImage TileSets::Composed(const CellPicture& picture, EdgeMask edges) const {
   const int column = std::min<int>(picture.Col, sheet.columns - 1);
   const int row = std::min<int>(picture.Row, sheet.rows - 1);
   if (edges == 0) return Tile(sheet.image, column, row);
-  const bool itself = set == kSpace || set == kDirt;
-  QImage tile = itself ? Tile(sheet.image, column, row) : Tile(sheets_[kSpace].image, 0, 0);
+  const bool itself = set == kSetSpace || set == kSetDirt;
+  QImage tile = itself ? Tile(sheet.image, column, row) : Tile(sheets_[kSetSpace].image, 0, 0);
   QPainter painter(&tile);
   DrawEdges(painter, sheets_[kEdges].picture, GroundOf(picture), edges);
   if (!itself) painter.drawImage(0, 0, Tile(sheet.picture, column, row));

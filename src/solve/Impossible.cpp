@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "core/Machine.h"
+#include "core/Patterns.h"
 
 namespace zorik {
 namespace {
@@ -20,10 +21,8 @@ bool MakesGems(const RunState& run, Cell c) {
     case kAmoeba:
     case kWallH:  // perhaps the mouth of a splitter
       return true;
-    case kBrick:
-      return run.FieldState(c) == kFlat;
     default:
-      return false;
+      return IsMagicWall(run, c);
   }
 }
 

@@ -272,8 +272,7 @@ void Search::FetchSomething() {
   for (const Cell c : ways_.Reached()) {
     const std::uint16_t code = run_.Field(c);
     if (code == kFinish) return Follow(c);
-    const bool worth =
-        (code == kGem && !run_.ExitOpen) || IsOneOf(code, kKeyRed, kKeyBlue) || code == kCatKey;
+    const bool worth = (code == kGem && !run_.ExitOpen) || IsKey(code) || code == kCatKey;
     if (worth) goals.push_back(c);
     if (goals.size() >= 12) break;
   }

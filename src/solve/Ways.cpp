@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/Machine.h"
+#include "core/Patterns.h"
 
 namespace zorik {
 namespace {
@@ -14,21 +15,7 @@ constexpr int kPushedBoulder = 6;  // it moves at one try of four
 }  // namespace
 
 bool CanEnter(const Hra& run, Cell c) {
-  const std::uint8_t state = run.FieldState(c);
-  switch (run.Field(c)) {
-    case kSpace:
-    case kDirt:
-    case kGem:
-    case kKeyRed:
-    case kKeyGreen:
-    case kKeyBlue:
-    case kCatKey:
-      return state != kFalling && state != kRounded;
-    case kFinish:
-      return run.ExitOpen;
-    default:
-      return false;
-  }
+  return IsOpenFinish(run, c) || !BlocksDog(run, c);
 }
 
 int Ways::Price(const Hra& run, Cell to, Step step) const {

@@ -155,7 +155,7 @@ TEST(EveryRun, CountsWhatItsCellsHold) {
     Hra hra = Begin(run);
     for (const KeySnapshot& keys : run.keys) {
       const TickEnd end = Tick(hra, keys);
-      std::array<int, 32> counts{};
+      std::array<int, kCodes> counts{};
       ForEachCell(hra, [&](Cell c) { ++counts[hra.Field(c) % counts.size()]; });
       for (const std::uint16_t code :
            {kGem, kFinish, kAmoeba, kExplosion, kKeyRed, kKeyGreen, kKeyBlue, kSensor, kCatKey}) {
@@ -257,7 +257,7 @@ TEST(EveryScan, DoesWhatALookAtEachCellWouldDo) {
 void MakeNoise(Hra& hra, Chance& chance) {
   ForEachCell(hra, [&](Cell c) {
     const auto drawn = static_cast<std::uint16_t>(chance.Below(60));
-    const std::uint16_t code = drawn <= kCatKey ? drawn : drawn == 29 ? +kVacated : +kSpace;
+    const std::uint16_t code = IsObject(drawn) ? drawn : drawn == kObjectCount ? +kVacated : +kSpace;
     const bool heading = code > kDirt && code != kVacated && chance.Below(2) == 0;
     const bool flat = code == kAmoeba;  // it is the one thing that never falls
     hra.SetObject(c, code, static_cast<std::uint8_t>(flat ? 0 : chance.Below(4)));
@@ -297,6 +297,19 @@ TEST(EveryRun, IsTheSameOnASilentStageAndOnOneThatKeepsADiary) {
     }
     EXPECT_EQ(told.RecordText, silent.RecordText);
   });
+}
+
+TEST(EveryRun, NeverStartsTheSoundOfTheBackground) {
+  int sounds = 0;
+  ForEachRun(100, [&sounds](const RandomRun& run) {
+    Hra hra = Begin(run);
+    Diary diary;
+    hra.SetStage(diary);
+    RunOn(hra, run.keys);
+    sounds += diary.Count("sound *");
+    EXPECT_EQ(diary.Count("sound 10"), 0);
+  });
+  EXPECT_GT(sounds, 0);
 }
 
 TEST(ARunThatWasRestartedOnTheWay, HasARecordOfItsLastPartOnly) {

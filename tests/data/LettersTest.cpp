@@ -13,9 +13,10 @@ int PlaceOf(char letter) {
   return object == nullptr ? -1 : object->palette;
 }
 
-// A blank stands for the one place that no letter has.
+// The letters at their places; a blank stands for the one place that no letter has.
+constexpr std::string_view kPalette = ".;RDHX!@WTAMK#%SLFOPQUYZBEV&^ INGJ:";
+
 TEST(CaveLetters, HaveTheirPlacesInTheEditorsPalette) {
-  constexpr std::string_view kPalette = ".;RDHX!@WTAMK#%SLFOPQUYZBEV&^ INGJ:";
   for (std::size_t place = 0; place < kPalette.size(); ++place) {
     if (kPalette[place] == ' ') continue;
     EXPECT_EQ(PlaceOf(kPalette[place]), static_cast<int>(place)) << place;
@@ -24,12 +25,14 @@ TEST(CaveLetters, HaveTheirPlacesInTheEditorsPalette) {
 }
 
 TEST(CaveLetters, FillThePaletteUpToOnePlace) {
+  std::set<int> told{-1};  // of the letters that the palette does not offer
+  for (std::size_t place = 0; place < kPalette.size(); ++place) {
+    if (kPalette[place] != ' ') told.insert(static_cast<int>(place));
+  }
   std::set<int> places;
   for (const ObjectLetter& object : kObjectLetters) places.insert(object.palette);
+  EXPECT_EQ(places, told);
   EXPECT_FALSE(places.contains(29));
-  EXPECT_EQ(places.size(), 34U + 1U) << "and -1, of the letters that the palette does not offer";
-  EXPECT_EQ(*places.begin(), -1);
-  EXPECT_EQ(*places.rbegin(), 34);
 }
 
 }  // namespace

@@ -56,8 +56,7 @@ TEST_F(EditKomTest, DrawsWithEachButton) {
 TEST_F(EditKomTest, DrawsEachToolOfThePalette) {
   Open(Full(6, 6, 'x'));
   int place = 0;
-  for (int palette = 0; palette < kPaletteEnd; ++palette) {
-    if (palette == kPaletteGap) continue;
+  for (const int palette : kTools) {
     Pick(palette);
     Click(place % 6, place / 6);
     EXPECT_EQ(window->Model().At(place % 6, place / 6), LetterOfTool(palette, 1));

@@ -114,6 +114,15 @@ table_of_names
 sed -i '/^| `/d' "$tree/docs/names.md"
 names "an empty table" 1 "tells of no name"
 expect "no table" 2 "there is no docs/names.md" "$here/names.sh" "$scratch"
+sound_tree
+mkdir -p "$tree"/{docs,tests/rules}
+printf 'TEST(Slime, Waits) {\nTEST_F(Fly,\n       Turns) {\n' >"$tree/tests/rules/SlimeTest.cpp"
+printf '| What | Where | Test |\n|---|---|---|\n| It waits. | `a.cpp` | `Slime.Waits`, `Fly.Turns` |\n' >"$tree/docs/not-bugs.md"
+expect "rows with tests" 0 "" "$here/notbugs.sh" "$tree"
+printf '| It sleeps. | `a.cpp` | `Slime.Sleeps` |\n' >>"$tree/docs/not-bugs.md"
+expect "a row with a test that is gone" 1 "there is no test Slime.Sleeps" "$here/notbugs.sh" "$tree"
+sed -i '$s/.*/| It sleeps. | `a.cpp` | |/' "$tree/docs/not-bugs.md"
+expect "a row without a test" 1 "no test: | It sleeps." "$here/notbugs.sh" "$tree"
 
 # markup FILE LINE USE: this one line more in the sound tree is found, with its place and what to use.
 markup() {

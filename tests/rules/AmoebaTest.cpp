@@ -42,7 +42,7 @@ TEST(AmoebaRoom, IsNothingElseAndNoVacatedCell) {
                   ".KA-.", "..W.."});
   EXPECT_EQ(RoomOf(hra).count, 0);
   std::vector<std::uint16_t> codes{kFleaInTransit, kVacated};
-  for (std::uint16_t code = kSpace; code <= kCatKey; ++code) codes.push_back(code);
+  for (std::uint16_t code = kSpace; code < kObjectCount; ++code) codes.push_back(code);
   for (const std::uint16_t code : codes) {
     hra.SetField({3, 1}, code);
     AmoebaList room;

@@ -35,7 +35,7 @@ bool Enters(std::uint16_t code, int state) {
 
 std::vector<std::uint16_t> AllCodes() {
   std::vector<std::uint16_t> codes{kFleaInTransit, kVacated};
-  for (std::uint16_t code = kSpace; code <= kCatKey; ++code) codes.push_back(code);
+  for (std::uint16_t code = kSpace; code < kObjectCount; ++code) codes.push_back(code);
   return codes;
 }
 
@@ -45,7 +45,7 @@ TEST(Cat, EntersSpaceDirtKeysItsOwnKeyAndRestingGemsAndNothingElse) {
       SCOPED_TRACE(std::to_string(code) + " " + std::to_string(state));
       Hra hra = Play({"J.W"}, {.script = kStepRight});
       hra.SetObject({1, 0}, code, state);
-      const bool lockKey = IsOneOf(code, kKeyRed, kKeyBlue);
+      const bool lockKey = IsKey(code);
       lockKey ? LetAct(hra, {2, 1, 1}) : LetAct(hra, {2});
       const bool enters = Enters(code, state);
       EXPECT_EQ(hra.CatX, enters ? 1 : 0);

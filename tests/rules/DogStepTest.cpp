@@ -120,7 +120,7 @@ TEST(DogStep, IsStoppedByAListOfObjectsWhateverTheirState) {
   const std::vector<int> open{kSpace,   kDirt,   kGem,           kKeyRed, kKeyGreen,
                               kKeyBlue, kCatKey, kFleaInTransit, kVacated};
   std::vector<int> codes{kFleaInTransit, kVacated};
-  for (int code = kSpace; code <= kCatKey; ++code) codes.push_back(code);
+  for (const ObjectRow& object : kObjects) codes.push_back(object.code);
   for (const int code : codes) {
     for (const std::uint8_t state : {kFlat, kResting}) {
       SCOPED_TRACE(code);

@@ -99,6 +99,20 @@ TEST(Teleport, CarriesAnyObjectWithItsStateAndMark) {
   }
 }
 
+TEST(Teleport, TheEntranceThatAFallingGemHasEnteredLandsWithAThudAsSteel) {
+  Diary diary;
+  Hra hra = Play(kStation, {}, &diary);
+  Put(hra, 1, 1, 'D');
+  hra.SetFieldState(kIn, kFalling);
+  Teleport(hra);
+  diary.Clear();
+  AmoebaList room;
+  ObjectScan(hra, room);
+  EXPECT_EQ(SoundsOf(diary), (std::vector<int>{3}));
+  EXPECT_EQ(hra.Field(kIn), kSteel);
+  EXPECT_EQ(hra.FieldState(kIn), kResting);
+}
+
 TEST(Teleport, AFallingBoulderArrivesFalling) {
   Hra hra = Play(kStation);
   Put(hra, 1, 1, 'R');

@@ -2,6 +2,7 @@
 #include <QWindow>
 #include <map>
 
+#include "core/Speed.h"
 #include "screens/HraScreen.h"
 #include "screens/SkinScale.h"
 #include "support/Waves.h"

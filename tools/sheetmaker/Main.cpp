@@ -56,12 +56,12 @@ std::uint16_t GrainRow(std::size_t x, std::size_t y, int rows) {
 }
 
 CellPicture OfLetter(char letter, std::size_t x, std::size_t y, const TileSets& tiles) {
-  CellPicture picture{kSteel, 0, 0};
+  CellPicture picture{kSetSteel, 0, 0};
   for (const Letter& known : kLetters) {
     if (known.letter == letter) picture = known.picture;
   }
-  if (picture.Pic == kSpace) picture.Row = static_cast<std::uint16_t>((x + y) % 2);
-  if (picture.Pic == kDirt) picture.Row = GrainRow(x, y, tiles.Frames()[kDirt]);
+  if (picture.Pic == kSetSpace) picture.Row = static_cast<std::uint16_t>((x + y) % 2);
+  if (picture.Pic == kSetDirt) picture.Row = GrainRow(x, y, tiles.Frames()[kSetDirt]);
   return picture;
 }
 
