@@ -405,28 +405,7 @@ void FrmPoSt::Say(const QString& text) {
   Tell(skin_, this, skin_.Text(kTitle), text);
 }
 
-// The cave that a key moves to; the present one for any other key.
-int FrmPoSt::SelectedBy(int key) const {
-  const int now = selection_->Selected();
-  switch (key) {
-    case Qt::Key_Up:
-      return now - 1;
-    case Qt::Key_Down:
-      return now + 1;
-    case Qt::Key_PageUp:
-      return std::max(1, now - list_->Page());
-    case Qt::Key_PageDown:
-      return std::min(selection_->CaveCount(), now + list_->Page());
-    case Qt::Key_Home:
-      return 1;
-    case Qt::Key_End:
-      return selection_->CaveCount();
-    default:
-      return now;
-  }
-}
-
-// Presses the button of a key. False when the key has none, or it is not to be seen.
+// Presses the button of a key, if it is to be seen. False when the key has none.
 bool FrmPoSt::Command(int key) {
   SkinButton* button = nullptr;
   switch (key) {
@@ -448,7 +427,7 @@ bool FrmPoSt::Command(int key) {
       return true;
     case Qt::Key_M:
       if (Label3_->IsLink()) ClickedAuthor();
-      return Label3_->IsLink();
+      return true;
     case Qt::Key_U:
       if (!IsStored(selection_->Selected())) emit StoreWanted();
       return true;
@@ -461,8 +440,7 @@ bool FrmPoSt::Command(int key) {
     default:
       return false;
   }
-  if (button->isHidden()) return false;
-  emit button->clicked();
+  if (!button->isHidden()) emit button->clicked();
   return true;
 }
 
@@ -472,12 +450,8 @@ void FrmPoSt::keyPressEvent(QKeyEvent* event) {
     event->ignore();
     return;
   }
-  const int number = SelectedBy(event->key());
-  if (number != selection_->Selected()) {
-    SelectCave(number);
-    return;
-  }
-  if (event->isAutoRepeat() || !Command(event->key())) event->ignore();
+  if (list_->Step(event->key())) return;
+  if (event->isAutoRepeat() || !(Command(event->key()) || list_->TypeAhead(*event))) event->ignore();
 }
 
 // Only the start screen ends the game.

@@ -89,7 +89,6 @@ class FrmPoSt : public SkinWindow {
   void ShowRecord(bool solved);
   bool IsStored(int number) const;
   bool Command(int key);
-  int SelectedBy(int key) const;
 
   void Replay();
   void Congratulate();

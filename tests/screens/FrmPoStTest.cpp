@@ -24,7 +24,8 @@ class FrmPoStTest : public testing::Test, public test::PostScreen {
   QColor Key(const std::string& key) const { return skin.Colour("select.caves." + key, Qt::transparent); }
 
   void ClickRow(int number) {
-    QTest::mouseClick(&List(), Qt::LeftButton, {}, QPoint(50, 1 + List().Top() + 14 * (number - 1) + 7));
+    QTest::mouseClick(List().viewport(), Qt::LeftButton, {},
+                      QPoint(50, 1 + List().Top() + 14 * (number - 1) + 7));
   }
 
   // The text of the message box that an action opens.
@@ -239,7 +240,7 @@ TEST_F(FrmPoStTest, PlaysTheSelectedCaveByButtonKeysAndDoubleClick) {
   ClickRow(2);
   Click("play");
   for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter}) Press(key);
-  QTest::mouseDClick(&List(), Qt::LeftButton, {}, QPoint(50, 1 + 14 + 7));
+  QTest::mouseDClick(List().viewport(), Qt::LeftButton, {}, QPoint(50, 1 + 14 + 7));
   window->ClickedStart();
   ASSERT_EQ(played.size(), 6);
   for (const auto& arguments : played) {
@@ -254,7 +255,7 @@ TEST_F(FrmPoStTest, PlaysNoClosedCave) {
   ClickRow(2);
   Press(Qt::Key_Space);
   Press(Qt::Key_Return);
-  QTest::mouseDClick(&List(), Qt::LeftButton, {}, QPoint(50, 1 + 14 + 7));
+  QTest::mouseDClick(List().viewport(), Qt::LeftButton, {}, QPoint(50, 1 + 14 + 7));
   window->ClickedStart();
   EXPECT_EQ(played.size(), 0);
 }
@@ -365,6 +366,28 @@ TEST_F(FrmPoStTest, StepsThroughTheCavesAndStopsAtTheEnds) {
   EXPECT_EQ(List().Selected(), 1);
   Press(Qt::Key_End);
   EXPECT_EQ(List().Selected(), 3);
+}
+
+TEST_F(FrmPoStTest, SelectsACaveByALetterThatIsNoCommand) {
+  Caves(3);
+  Open();
+  std::vector<CaveList::Row> rows = List().Rows();
+  rows[2].name = "Bouda";
+  List().SetRows(rows);
+  QTest::keyClicks(window.get(), "b");
+  EXPECT_EQ(List().Selected(), 3);
+}
+
+TEST_F(FrmPoStTest, SelectsNoCaveByACommandThatHasNothingToDo) {
+  Caves(3);
+  Open();
+  std::vector<CaveList::Row> rows = List().Rows();
+  for (const char* const name : {"Zeď", "Ruda", "Gong", "Ucho"}) {
+    rows[1].name = name;
+    List().SetRows(rows);
+    QTest::keyClicks(window.get(), QString(QChar(name[0])));
+    EXPECT_EQ(List().Selected(), 1) << name;
+  }
 }
 
 TEST_F(FrmPoStTest, MovesByPages) {
