@@ -16,6 +16,7 @@ namespace {
 constexpr int kStripStep = 40;
 constexpr int kWheelTurn = 120;  // what a notch of the wheel counts
 constexpr int kMarkWidth = 3;
+constexpr int kStripMark = 2;       // the same of a strip, whose letters reach down to its frame
 constexpr int kLeastMark = 10;      // its length
 constexpr int kTypingPause = 1000;  // milliseconds after which a letter begins a word anew
 
@@ -307,14 +308,15 @@ QRect ListView::PositionMark() const {
   const int length = std::clamp(Room() * Room() / Total(), std::min(kLeastMark, Room()), Room());
   const int start = (Room() - length) * std::clamp(Offset(), 0, Range()) / Range();
   if (IsRows()) return {inside.right() + 1 - kMarkWidth, inside.top() + start, kMarkWidth, length};
-  return {inside.left() + start, inside.bottom() + 1 - kMarkWidth, length, kMarkWidth};
+  return {inside.left() + start, height() - kStripMark, length, kStripMark};
 }
 
-// A rim of the ground keeps it apart from the current entry, which may be as bright.
+// A rim of the ground keeps it apart from the current row, which may be as bright.
 void ListView::DrawPositionMark(QPainter& painter) const {
   const QRect mark = PositionMark();
   if (mark.isEmpty()) return;
-  painter.fillRect(mark.adjusted(-1, -1, 1, 1), palette().color(QPalette::Base));
+  if (IsRows()) painter.fillRect(mark.adjusted(-1, -1, 1, 1), palette().color(QPalette::Base));
+  painter.setClipping(false);
   painter.fillRect(mark, palette().color(QPalette::Text));
 }
 

@@ -305,6 +305,24 @@ TEST(Strip, EachLabelBeginsWhereTheOneBeforeEnds) {
   EXPECT_TRUE(strip.Overflows());
 }
 
+TEST(Strip, HasItsMarkAtTheLowerEdgeBelowItsLetters) {
+  ListLook look;
+  look.borderSize = 2;
+  LabelList strip(Qt::Horizontal, nullptr);
+  strip.SetLook(look);
+  strip.resize(100, 20);
+  strip.SetLabels({" « Adam » ", " « Bartoloměj » ", " « Cyril » "});
+  const QRect mark = strip.PositionMark();
+  EXPECT_EQ(mark.topLeft(), QPoint(2, 18));
+  EXPECT_EQ(mark.bottom(), 19);
+  EXPECT_LT(mark.width(), 96);
+  const QImage image = strip.grab().toImage();
+  EXPECT_EQ(image.pixelColor(3, 19), QColor(Qt::white));
+  EXPECT_EQ(image.pixelColor(97, 19), QColor(Qt::gray)) << "the frame";
+  strip.Select(2);
+  EXPECT_EQ(strip.PositionMark().right(), 97);
+}
+
 TEST(Strip, ASelectedLabelIsScrolledIntoSight) {
   LabelList strip(Qt::Horizontal, nullptr);
   strip.resize(100, 20);
