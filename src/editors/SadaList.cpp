@@ -1,11 +1,14 @@
 #include "editors/SadaList.h"
 
+#include <QAbstractListModel>
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScrollBar>
+#include <QStyledItemDelegate>
 #include <algorithm>
+#include <utility>
 
 #include "editors/BoxText.h"
 #include "screens/Hint.h"
@@ -15,7 +18,6 @@ namespace zorik {
 namespace {
 
 const QString kMark = "P";
-constexpr int kLetters = 11;  // of a row of the least height
 constexpr int kUsualRow = 18;
 constexpr int kUsualWidth = 360;
 constexpr int kLeastWidth = 200;
@@ -27,16 +29,140 @@ QColor Faded(QColor colour, int alpha) {
   return colour;
 }
 
+// Rows have letters as high as those of the least height.
+QFont FontOf(QFont letters, const QRect& row) {
+  letters.setPixelSize(std::max(1, row.height() * kRowLetters / kRowHeight));
+  return letters;
+}
+
+QRect MarkIn(const QRect& row) {
+  QRect mark = row;
+  mark.setLeft(mark.right() + 1 - 2 * mark.height());
+  return mark;
+}
+
+QRect NameIn(const QRect& row, const QFont& letters) {
+  const int left = QFontMetrics(FontOf(letters, row)).horizontalAdvance("000");
+  return row.adjusted(left, 0, -MarkIn(row).width(), 0);
+}
+
 }  // namespace
 
-SadaList::SadaList(const SadaModel& sada, QWidget* parent) : QAbstractScrollArea(parent), sada_(sada) {
+class SadaRows : public QAbstractListModel {
+ public:
+  SadaRows(const SadaModel& sada, QObject* parent) : QAbstractListModel(parent), sada_(sada) {}
+
+  void GetNames() {
+    beginResetModel();
+    names_.clear();
+    for (int number = 1; number <= sada_.ListCount(); ++number) names_.push_back(ToBox(sada_.Name(number)));
+    endResetModel();
+  }
+
+  int rowCount(const QModelIndex& parent = {}) const override {
+    return parent.isValid() ? 0 : static_cast<int>(names_.size());
+  }
+  QVariant data(const QModelIndex& index, int role) const override {
+    if (role == Qt::DisplayRole) return names_[index.row()];
+    return role == Qt::CheckStateRole ? QVariant(sada_.IsOpen(index.row() + 1)) : QVariant();
+  }
+
+ private:
+  const SadaModel& sada_;
+  QStringList names_;
+};
+
+class SadaDelegate : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+  void SetMarkHint(const QString& hint) { markHint_ = hint; }
+
+  // The cave whose mark is under the pointer; whether it is another one than before.
+  bool Hover(int number) { return std::exchange(hovered_, number) != number; }
+
+  void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+    painter->setFont(FontOf(option.font, option.rect));
+    if (option.state.testFlag(QStyle::State_Selected)) DrawSelection(*painter, option);
+    DrawName(*painter, option, index);
+    DrawMark(*painter, option, index);
+  }
+
+  // The marks are explained; a name shows only when the row is too short for it.
+  bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                 const QModelIndex& index) override {
+    const auto& list = static_cast<const SadaList&>(*view);
+    QString hint;
+    if (list.lblPoc(1).left() <= event->pos().x()) {
+      hint = markHint_;
+    } else if (index.isValid()) {
+      const QString name = index.data().toString();
+      const QFontMetrics letters(FontOf(option.font, option.rect));
+      if (letters.horizontalAdvance(OneLine(name)) > NameIn(option.rect, option.font).width()) hint = name;
+    }
+    ShowHint(event->globalPos(), hint, *view->viewport());
+    return true;
+  }
+
+ private:
+  // It shows whether keys go to the list.
+  static void DrawSelection(QPainter& painter, const QStyleOptionViewItem& option) {
+    const QColor border = option.palette.color(QPalette::Highlight);
+    painter.fillRect(option.rect,
+                     Faded(border, option.widget->hasFocus() ? kSelectedFill * 2 : kSelectedFill));
+    painter.setPen(border);
+    painter.drawRect(option.rect.adjusted(0, 0, -1, -1));
+  }
+
+  static void DrawName(QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& index) {
+    const QRect& row = option.rect;
+    const int pad = row.height() / 4;
+    const QColor text = option.palette.color(QPalette::Text);
+    const QRect name = NameIn(row, option.font);
+    painter.setPen(Faded(text, kFaint));
+    painter.drawText(QRect(row.left(), row.top(), name.left() - row.left() - pad, row.height()),
+                     Qt::AlignRight | Qt::AlignVCenter, QString::number(index.row() + 1));
+    painter.setPen(text);
+    const QString words = painter.fontMetrics().elidedText(OneLine(index.data().toString()).simplified(),
+                                                           Qt::ElideRight, name.width() - 2 * pad);
+    painter.drawText(name.adjusted(pad, 0, -pad, 0), Qt::AlignLeft | Qt::AlignVCenter, words);
+  }
+
+  void DrawMark(QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
+    const int number = index.row() + 1;
+    const QColor text = option.palette.color(QPalette::Text);
+    const QRect mark = MarkIn(option.rect);
+    if (hovered_ == number) {
+      painter.setPen(Faded(text, kFaint));
+      painter.drawRect(mark.adjusted(0, 0, -1, -1));
+    }
+    if (!index.data(Qt::CheckStateRole).toBool()) return;
+    painter.setPen(number > 1 ? text : Faded(text, kFaint));
+    painter.drawText(mark, Qt::AlignCenter, kMark);
+  }
+
+  QString markHint_;
+  int hovered_ = 0;
+};
+
+SadaList::SadaList(const SadaModel& sada, QWidget* parent)
+    : ListView(Qt::Vertical, parent),
+      sada_(sada),
+      rows_(new SadaRows(sada, this)),
+      delegate_(new SadaDelegate(this)) {
+  setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
   setFocusPolicy(Qt::StrongFocus);
-  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
   verticalScrollBar()->setObjectName("VScroll1");
-  verticalScrollBar()->setSingleStep(1);
-  verticalScrollBar()->setPageStep(kRows);
   viewport()->setMouseTracking(true);
-  viewport()->setBackgroundRole(QPalette::Base);
+  FillWithRows(kRows);
+  setItemDelegate(delegate_);
+  setModel(rows_);
+  connect(this, &ListView::Chosen, this, [this](int place) { emit CaveClicked(place + 1); });
+}
+
+void SadaList::SetMarkHint(const QString& hint) {
+  delegate_->SetMarkHint(hint);
 }
 
 QSize SadaList::sizeHint() const {
@@ -48,189 +174,76 @@ QSize SadaList::minimumSizeHint() const {
 }
 
 void SadaList::GetNames() {
-  QScrollBar& bar = *verticalScrollBar();
-  bar.setRange(0, std::max(0, sada_.ListCount() - kRows));
-  const int row = sada_.ListSelected() - 1;
-  if (row < bar.value()) bar.setValue(row);
-  if (row >= bar.value() + kRows) bar.setValue(row - kRows + 1);
-  const QString name = ToBox(sada_.Name(row + 1));
-  setAccessibleDescription(QString::number(row + 1) + ' ' + name +
-                           (sada_.IsOpen(row + 1) ? ' ' + kMark : ""));
-  viewport()->update();
-}
-
-int SadaList::RowHeight() const {
-  return std::max(1, viewport()->height() / kRows);
-}
-
-QFont SadaList::RowFont() const {
-  QFont letters = font();
-  letters.setPixelSize(std::max(1, RowHeight() * kLetters / kRowHeight));
-  return letters;
+  rows_->GetNames();
+  const int selected = sada_.ListSelected();
+  MakeCurrent(selected - 1);
+  setAccessibleDescription(QString::number(selected) + ' ' + currentIndex().data().toString() +
+                           (sada_.IsOpen(selected) ? ' ' + kMark : ""));
 }
 
 QRect SadaList::RowOf(int number) const {
-  const int height = RowHeight();
-  return {0, (number - 1 - verticalScrollBar()->value()) * height, viewport()->width(), height};
+  return {0, (number - 1) * RowHeight() - Offset(), viewport()->width(), RowHeight()};
 }
 
 QRect SadaList::lblCave(int number) const {
-  const QFontMetrics letters(RowFont());
-  const int left = letters.horizontalAdvance("000");
-  return RowOf(number).adjusted(left, 0, -lblPoc(number).width(), 0);
+  return NameIn(RowOf(number), font());
 }
 
 QRect SadaList::lblPoc(int number) const {
-  QRect mark = RowOf(number);
-  mark.setLeft(mark.right() + 1 - 2 * mark.height());
-  return mark;
+  return MarkIn(RowOf(number));
 }
 
-int SadaList::CaveAt(QPoint place) const {
-  const int number = place.y() / RowHeight() + verticalScrollBar()->value() + 1;
-  const bool row = viewport()->rect().contains(place) && RowOf(number).bottom() < kRows * RowHeight();
-  return row && number <= sada_.ListCount() ? number : 0;
+int SadaList::MarkAt(QPoint place) const {
+  const int number = CaveAt(place);
+  return number > 0 && lblPoc(number).contains(place) ? number : 0;
 }
 
 void SadaList::Hover(int mark) {
-  if (mark == hovered_) return;
-  hovered_ = mark;
-  viewport()->update();
+  if (delegate_->Hover(mark)) viewport()->update();
 }
 
 bool SadaList::viewportEvent(QEvent* event) {
   if (event->type() == QEvent::Leave) Hover(0);
-  if (event->type() == QEvent::ToolTip) return ShowHint(*static_cast<QHelpEvent*>(event));
-  return QAbstractScrollArea::viewportEvent(event);
+  return ListView::viewportEvent(event);
 }
 
-// The marks are explained; a name shows only when the row is too short for it.
-bool SadaList::ShowHint(const QHelpEvent& event) {
-  const int number = CaveAt(event.pos());
-  QString hint;
-  if (lblPoc(1).left() <= event.pos().x()) {
-    hint = markHint_;
-  } else if (number > 0) {
-    const QString name = ToBox(sada_.Name(number));
-    if (QFontMetrics(RowFont()).horizontalAdvance(OneLine(name)) > lblCave(number).width()) hint = name;
-  }
-  zorik::ShowHint(event.globalPos(), hint, *viewport());
-  return true;
-}
-
+// The right button selects, too: its menu is that of the cave.
 void SadaList::mousePressEvent(QMouseEvent* event) {
+  const int mark = MarkAt(event->pos());
+  if (mark > 1 && event->button() == Qt::LeftButton) emit MarkClicked(mark);
+  if (mark > 0 && event->button() == Qt::LeftButton) return;
   const int number = CaveAt(event->pos());
-  if (event->button() != Qt::LeftButton && event->button() != Qt::RightButton) return;
-  if (number == 0) return;
-  const bool mark = event->button() == Qt::LeftButton && lblPoc(number).contains(event->pos());
-  if (!mark) {
-    emit CaveClicked(number);
-  } else if (number > 1) {
-    emit MarkClicked(number);
-  }
+  if (number > 0 && event->button() == Qt::RightButton) Choose(number - 1);
+  ListView::mousePressEvent(event);
 }
 
 void SadaList::mouseMoveEvent(QMouseEvent* event) {
-  const int number = CaveAt(event->pos());
-  Hover(number > 1 && lblPoc(number).contains(event->pos()) ? number : 0);
+  const int mark = MarkAt(event->pos());
+  Hover(mark > 1 ? mark : 0);
 }
 
+// On a mark a double click is two clicks.
 void SadaList::mouseDoubleClickEvent(QMouseEvent* event) {
-  const int number = CaveAt(event->pos());
   mousePressEvent(event);
-  const bool name = number > 0 && !lblPoc(number).contains(event->pos());
-  if (name && event->button() == Qt::LeftButton) emit Activated();
+  if (MarkAt(event->pos()) == 0) ListView::mouseDoubleClickEvent(event);
+}
+
+void SadaList::Open(int /*place*/) {
+  emit Activated();
 }
 
 void SadaList::keyPressEvent(QKeyEvent* event) {
-  const int selected = sada_.ListSelected();
-  const int count = sada_.ListCount();
-  const auto go = [&](int number) { emit CaveClicked(std::clamp(number, 1, count)); };
   switch (event->key()) {
-    case Qt::Key_Up:
-      return go(selected - 1);
-    case Qt::Key_Down:
-      return go(selected + 1);
-    case Qt::Key_PageUp:
-      return go(selected - kRows);
-    case Qt::Key_PageDown:
-      return go(selected + kRows);
-    case Qt::Key_Home:
-      return go(1);
-    case Qt::Key_End:
-      return go(count);
     case Qt::Key_Space:
-      if (selected > 1) emit MarkClicked(selected);
+      if (Current() > 0) emit MarkClicked(Current() + 1);
       return;
     case Qt::Key_Return:
     case Qt::Key_Enter:
       emit Activated();
       return;
     default:
-      QAbstractScrollArea::keyPressEvent(event);
+      ListView::keyPressEvent(event);
   }
-}
-
-// The selected row shows whether keys go to the list.
-void SadaList::focusInEvent(QFocusEvent* event) {
-  QAbstractScrollArea::focusInEvent(event);
-  viewport()->update();
-}
-
-void SadaList::focusOutEvent(QFocusEvent* event) {
-  QAbstractScrollArea::focusOutEvent(event);
-  viewport()->update();
-}
-
-void SadaList::paintEvent(QPaintEvent* /*event*/) {
-  QPainter painter(viewport());
-  painter.setFont(RowFont());
-  const int first = verticalScrollBar()->value() + 1;
-  const int last = std::min(first + kRows - 1, sada_.ListCount());
-  for (int number = first; number <= last; ++number) DrawRow(painter, number);
-}
-
-void SadaList::DrawRow(QPainter& painter, int number) const {
-  const QPalette& colours = palette();
-  const QRect row = RowOf(number);
-  const int pad = row.height() / 4;
-  if (number == sada_.ListSelected()) {
-    const QColor border = colours.color(QPalette::Highlight);
-    painter.fillRect(row, Faded(border, hasFocus() ? kSelectedFill * 2 : kSelectedFill));
-    painter.setPen(border);
-    painter.drawRect(row.adjusted(0, 0, -1, -1));
-  }
-  const QColor text = colours.color(QPalette::Text);
-  const QColor faint = Faded(text, kFaint);
-  painter.setPen(faint);
-  const QRect name = lblCave(number);
-  painter.drawText(QRect(row.left(), row.top(), name.left() - row.left() - pad, row.height()),
-                   Qt::AlignRight | Qt::AlignVCenter, QString::number(number));
-  painter.setPen(text);
-  const QString words = painter.fontMetrics().elidedText(OneLine(ToBox(sada_.Name(number))).simplified(),
-                                                         Qt::ElideRight, name.width() - 2 * pad);
-  painter.drawText(name.adjusted(pad, 0, -pad, 0), Qt::AlignLeft | Qt::AlignVCenter, words);
-  const QRect mark = lblPoc(number);
-  if (hovered_ == number) {
-    painter.setPen(faint);
-    painter.drawRect(mark.adjusted(0, 0, -1, -1));
-  }
-  if (!sada_.IsOpen(number)) return;
-  painter.setPen(number > 1 ? text : faint);
-  painter.drawText(mark, Qt::AlignCenter, kMark);
-}
-
-void SadaList::resizeEvent(QResizeEvent* /*event*/) {
-  viewport()->update();
-}
-
-void SadaList::scrollContentsBy(int /*dx*/, int /*dy*/) {
-  viewport()->update();
-}
-
-void SadaList::changeEvent(QEvent* event) {
-  QAbstractScrollArea::changeEvent(event);
-  viewport()->update();
 }
 
 }  // namespace zorik

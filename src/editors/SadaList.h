@@ -1,26 +1,25 @@
 #pragma once
 
-#include <QAbstractScrollArea>
-
 #include "flow/SadaModel.h"
-
-class QHelpEvent;
+#include "screens/ListView.h"
 
 namespace zorik {
 
+class SadaDelegate;
+class SadaRows;
+
 // The caves of a collection, each with its number, its name and the mark of a cave that is open from the
 // start. There are always rows for as many caves; they grow with the list.
-class SadaList : public QAbstractScrollArea {
+class SadaList : public ListView {
   Q_OBJECT
 
  public:
   static constexpr int kRows = 17;
-  static constexpr int kRowHeight = 14;  // at least, in logical pixels
 
   SadaList(const SadaModel& sada, QWidget* parent);
 
   // What is said of the column of marks.
-  void SetMarkHint(const QString& hint) { markHint_ = hint; }
+  void SetMarkHint(const QString& hint);
 
   // The collection may have changed in any respect; the selected cave is brought into sight.
   void GetNames();
@@ -41,30 +40,22 @@ class SadaList : public QAbstractScrollArea {
   void Activated();
 
  protected:
+  void Open(int place) override;
   bool viewportEvent(QEvent* event) override;
-  void paintEvent(QPaintEvent* event) override;
-  void resizeEvent(QResizeEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
-  void focusInEvent(QFocusEvent* event) override;
-  void focusOutEvent(QFocusEvent* event) override;
-  void scrollContentsBy(int dx, int dy) override;
-  void changeEvent(QEvent* event) override;
 
  private:
-  int RowHeight() const;
-  QFont RowFont() const;
-  // The cave at a place of the viewport; 0 for none.
-  int CaveAt(QPoint place) const;
+  // The cave at a place of the viewport, 0 for none; and the one whose mark is there.
+  int CaveAt(QPoint place) const { return indexAt(place).row() + 1; }
+  int MarkAt(QPoint place) const;
   void Hover(int mark);
-  void DrawRow(QPainter& painter, int number) const;
-  bool ShowHint(const QHelpEvent& event);
 
   const SadaModel& sada_;
-  QString markHint_;
-  int hovered_ = 0;  // the cave whose mark is under the pointer
+  SadaRows* rows_;
+  SadaDelegate* delegate_;
 };
 
 }  // namespace zorik

@@ -27,9 +27,12 @@ bool RestoreSize(QWidget& window) {
 
 void PutInMiddle(QWidget& window) {
   const QRect screen = window.screen()->availableGeometry();
-  window.resize(window.size().boundedTo(screen.size()));
-  const QPoint corner = screen.center() - window.rect().center();
-  window.move(std::max(corner.x(), screen.left()), std::max(corner.y(), screen.top()));
+  window.resize(window.size().boundedTo(screen.size() - kDesktopFrame));
+  const QPoint middle = screen.center() - window.rect().center();
+  const QSize framed = window.size() + kDesktopFrame;
+  const QPoint last = screen.bottomRight() + QPoint(1, 1) - QPoint(framed.width(), framed.height());
+  window.move(std::max(std::min(middle.x(), last.x()), screen.left()),
+              std::max(std::min(middle.y(), last.y()), screen.top()));
 }
 
 int ReadCellSize() {

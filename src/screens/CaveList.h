@@ -1,20 +1,20 @@
 #pragma once
 
-#include <QColor>
 #include <QString>
-#include <QWidget>
-#include <array>
 #include <vector>
 
 #include "data/Progress.h"
+#include "screens/ListView.h"
 
 namespace zorik {
 
+class CaveDelegate;
+class CaveRows;
 class Skin;
 
 // The list of the caves of a collection, a row for each: number, name and points in the colour of the cave's
 // state, and a border around the selected one. Caves count from 1; measures are logical pixels.
-class CaveList : public QWidget {
+class CaveList : public ListView {
   Q_OBJECT
 
  public:
@@ -30,24 +30,16 @@ class CaveList : public QWidget {
   // Takes its place, size and colours from the skin.
   void SkinIt(const Skin& skin);
 
+  // Replaces all rows; the same one stays selected.
   void SetRows(std::vector<Row> rows);
-  const std::vector<Row>& Rows() const { return rows_; }
+  const std::vector<Row>& Rows() const;
 
   // Selects a row and scrolls so far that all of it is seen.
-  void Select(int number);
-  int Selected() const { return selected_; }
+  void Select(int number) { MakeCurrent(number - 1); }
+  int Selected() const { return Current() + 1; }
 
   // Where the first row begins in the view.
-  int Top() const { return top_; }
-
-  // How far the list can be scrolled; 0 when it fits into the view.
-  int Range() const;
-
-  // Scrolls on by so many rows.
-  void Scroll(int rows);
-
-  // How many whole rows the view holds.
-  int Page() const;
+  int Top() const { return -Offset(); }
 
   QColor TextColour(int number) const;
 
@@ -55,30 +47,9 @@ class CaveList : public QWidget {
   void CaveClicked(int number);
   void CaveDoubleClicked(int number);
 
- protected:
-  void paintEvent(QPaintEvent* event) override;
-  void mousePressEvent(QMouseEvent* event) override;
-  void mouseDoubleClickEvent(QMouseEvent* event) override;
-  void wheelEvent(QWheelEvent* event) override;
-
  private:
-  static constexpr std::size_t kStates = 4;
-
-  QRect View() const;
-  int RowTop(int number) const;
-  int RowAt(QPoint place) const;
-  void DrawRow(QPainter& painter, int number) const;
-  void DrawMark(QPainter& painter, const QRect& line) const;
-
-  std::vector<Row> rows_;
-  int selected_ = 0;
-  int top_ = 0;
-  int wheel_ = 0;  // turned, but not yet enough for a row
-
-  std::array<QColor, kStates> colours_{};
-  std::array<QColor, kStates> selectedColours_{};
-  QColor ground_, selectedGround_, border_;
-  int borderSize_ = 0;
+  CaveRows* rows_;
+  CaveDelegate* delegate_;
 };
 
 }  // namespace zorik

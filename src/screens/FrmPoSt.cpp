@@ -365,28 +365,7 @@ void FrmPoSt::Say(const QString& text) {
   Tell(skin_, this, skin_.Text(TextId::Program), text);
 }
 
-// The cave that a key moves to; the present one for any other key.
-int FrmPoSt::SelectedBy(int key) const {
-  const int now = Caves().Selected();
-  switch (key) {
-    case Qt::Key_Up:
-      return now - 1;
-    case Qt::Key_Down:
-      return now + 1;
-    case Qt::Key_PageUp:
-      return std::max(1, now - list_->Page());
-    case Qt::Key_PageDown:
-      return std::min(Caves().CaveCount(), now + list_->Page());
-    case Qt::Key_Home:
-      return 1;
-    case Qt::Key_End:
-      return Caves().CaveCount();
-    default:
-      return now;
-  }
-}
-
-// Presses the button of a key. False when the key has none, or it is not to be seen.
+// Presses the button of a key, if it is to be seen. False when the key has none.
 bool FrmPoSt::Command(int key) {
   SkinButton* button = nullptr;
   switch (key) {
@@ -408,7 +387,7 @@ bool FrmPoSt::Command(int key) {
       return true;
     case Qt::Key_M:
       if (Label3_->IsLink()) ClickedAuthor();
-      return Label3_->IsLink();
+      return true;
     case Qt::Key_U:
       if (!flow_.IsStored(Caves().Selected())) emit StoreWanted();
       return true;
@@ -421,8 +400,7 @@ bool FrmPoSt::Command(int key) {
     default:
       return false;
   }
-  if (button->isHidden()) return false;
-  emit button->clicked();
+  if (!button->isHidden()) emit button->clicked();
   return true;
 }
 
@@ -432,12 +410,8 @@ void FrmPoSt::keyPressEvent(QKeyEvent* event) {
     event->ignore();
     return;
   }
-  const int number = SelectedBy(event->key());
-  if (number != Caves().Selected()) {
-    SelectCave(number);
-    return;
-  }
-  if (event->isAutoRepeat() || !Command(event->key())) event->ignore();
+  if (list_->Step(event->key())) return;
+  if (event->isAutoRepeat() || !(Command(event->key()) || list_->TypeAhead(*event))) event->ignore();
 }
 
 // Only the start screen ends the game.

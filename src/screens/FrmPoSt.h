@@ -81,7 +81,6 @@ class FrmPoSt : public SkinWindow {
   void ShowRecord(bool solved);
   const Selection& Caves() const;
   bool Command(int key);
-  int SelectedBy(int key) const;
 
   void Congratulate();
   void ClickedSend();

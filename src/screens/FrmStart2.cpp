@@ -417,8 +417,7 @@ void FrmStart2::TellOf(const QString& words, const QString& path) {
 
 void FrmStart2::keyPressEvent(QKeyEvent* event) {
   const int key = event->key();
-  const int step = lblCColl_->StepOf(key);
-  if (step != 0) return lblCColl_->Select(lblCColl_->Selected() + step);
+  if (lblCColl_->Step(key)) return;
   if (key == Qt::Key_Left) return lblPlr_->Select(lblPlr_->Selected() - 1);
   if (key == Qt::Key_Right) return lblPlr_->Select(lblPlr_->Selected() + 1);
   if (event->isAutoRepeat()) return;
@@ -435,7 +434,7 @@ void FrmStart2::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_F2:
       return ChangeSkin();
     default:
-      event->ignore();
+      if (!lblCColl_->TypeAhead(*event)) event->ignore();
   }
 }
 

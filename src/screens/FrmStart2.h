@@ -23,8 +23,9 @@ class SkinButton;
 // The start screen: the collections, the players, and what is to be done with them. Other windows are told
 // by its signals what the player has decided. Paths are absolute.
 //
-// Keys: up and down, PageUp and PageDown, Home and End choose the collection, left and right the player, Tab
-// and 1 to 4 the mode; Enter and Space open; Insert asks for a new player, F1 helps, F2 changes the skin.
+// Keys: up and down, PageUp and PageDown, Home and End, and the first letters of its name choose the
+// collection, left and right the player, Tab and 1 to 4 the mode; Enter and Space open; Insert asks for a new
+// player, F1 helps, F2 changes the skin.
 class FrmStart2 : public SkinWindow {
   Q_OBJECT
 

@@ -33,18 +33,20 @@ struct ButtonRow {
   MsgResult result;
   Qt::Key key;
   const char* name;  // in the skin's table
+  bool hasPicture;
+  const char* plate;
   StartWords words;
 };
 
 constexpr std::array kButtons = {
-    ButtonRow{MsgResult::Yes, Qt::Key_Y, "yes", kYesWords},
-    ButtonRow{MsgResult::No, Qt::Key_N, "no", kNoWords},
-    ButtonRow{MsgResult::Ok, Qt::Key_O, "ok", kOkWords},
-    ButtonRow{MsgResult::Retry, Qt::Key_R, "retry", kRetryWords},
-    ButtonRow{MsgResult::Elsewhere, Qt::Key_S, "elsewhere", kElsewhereWords},
-    ButtonRow{MsgResult::Later, Qt::Key_L, "later", kLaterWords},
-    ButtonRow{MsgResult::Leave, Qt::Key_Q, "leave", kLeaveWithoutWords},
-    ButtonRow{MsgResult::Cancel, Qt::Key_C, "close", kCancelWords},
+    ButtonRow{MsgResult::Yes, Qt::Key_Y, "yes", true, "plate", kYesWords},
+    ButtonRow{MsgResult::No, Qt::Key_N, "no", true, "plateback", kNoWords},
+    ButtonRow{MsgResult::Ok, Qt::Key_O, "ok", true, "plate", kOkWords},
+    ButtonRow{MsgResult::Retry, Qt::Key_R, "retry", true, "plate", kRetryWords},
+    ButtonRow{MsgResult::Elsewhere, Qt::Key_S, "elsewhere", false, "plate", kElsewhereWords},
+    ButtonRow{MsgResult::Later, Qt::Key_L, "later", false, "plateback", kLaterWords},
+    ButtonRow{MsgResult::Leave, Qt::Key_Q, "leave", false, "plateback", kLeaveWithoutWords},
+    ButtonRow{MsgResult::Cancel, Qt::Key_C, "close", true, "plateback", kCancelWords},
 };
 
 std::vector<MsgResult> ResultsOf(MsgButtons buttons) {
@@ -169,13 +171,23 @@ void FrmDialog::SkinIt() {
   lblTitle_->setPalette(colours);
 }
 
+// All buttons of a box look alike: where one has no picture of its own, all say in words what they do.
 void FrmDialog::AddButtons() {
+  const bool words = std::any_of(kButtons.begin(), kButtons.end(), [this](const ButtonRow& row) {
+    return Shown(row.result) && !row.hasPicture;
+  });
   for (const ButtonRow& row : kButtons) {
     if (!Shown(row.result)) continue;
     auto* const button = new SkinButton(this);
-    const std::string key = std::string("dialog.") + row.name;
+    const auto picture = [&](const char* name) {
+      return skin_.Picture(std::string("dialog.") + name + ".image");
+    };
     button->setObjectName(row.name);
-    button->SetPicture(skin_.Picture(key + ".image"));
+    if (words) {
+      button->SetPlate(picture(row.plate));
+    } else {
+      button->SetPicture(picture(row.name));
+    }
     button->SetWords(row.words.In(skin_));
     connect(button, &SkinButton::clicked, this, [this, &row] { Press(row.result); });
     buttons_.push_back(button);

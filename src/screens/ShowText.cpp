@@ -18,7 +18,7 @@ constexpr qsizetype kAccents = 8;
 class Paragraph {
  public:
   Paragraph(QStringView text, const TextMeasure& measure, int maxWidth)
-      : rest_(text), measure_(measure), maxWidth_(maxWidth) {}
+      : rest_(text), measure_(measure), maxWidth_(maxWidth), path_(text.startsWith('/')) {}
 
   bool AtEnd() const { return done_; }
 
@@ -28,8 +28,7 @@ class Paragraph {
       done_ = true;
       return rest_.toString();
     }
-    const qsizetype blank = rest_.first(fitting + 1).lastIndexOf(kBlank);
-    const qsizetype end = blank >= 0 ? blank : WordEnd(fitting);
+    const qsizetype end = LineEnd(fitting);
     const QString line = rest_.first(end).toString();
     done_ = end == rest_.size();
     if (!done_) rest_ = rest_.sliced(rest_[end] == kBlank ? end + 1 : end);
@@ -56,6 +55,22 @@ class Paragraph {
     return fits;
   }
 
+  // Where a line ends of which so many letters fit. The names within a path stay whole, and those of a line
+  // that is a path may have blanks.
+  qsizetype LineEnd(qsizetype fitting) const {
+    const qsizetype blank = rest_.first(fitting + 1).lastIndexOf(kBlank);
+    const qsizetype name = NameEnd(fitting);
+    if (path_ && name > 1) return name;
+    if (blank >= 0) return blank;
+    return name > 1 ? name : WordEnd(fitting);
+  }
+
+  // Behind the last separator of a path that fits; 0 for none.
+  qsizetype NameEnd(qsizetype fitting) const {
+    const QStringView seen = rest_.first(fitting);
+    return std::max(seen.lastIndexOf('/'), seen.lastIndexOf('\\')) + 1;
+  }
+
   // Where a word is broken of which so many letters fit: between characters as a reader counts them, behind
   // one of them at least.
   qsizetype WordEnd(qsizetype fitting) const {
@@ -72,6 +87,7 @@ class Paragraph {
   QStringView rest_;
   const TextMeasure& measure_;
   int maxWidth_;
+  bool path_;  // whether the text is a path from its first letter on
   qsizetype guess_ = kFirstGuess;
   bool done_ = false;
 };

@@ -2,6 +2,8 @@
 
 #include <QMouseEvent>
 #include <QPainter>
+#include <QPainterPath>
+#include <QStyle>
 #include <algorithm>
 
 #include "screens/Hint.h"
@@ -15,6 +17,10 @@ constexpr QSize kPlainSize(80, 32);
 constexpr QSize kPlainBox(20, 20);
 constexpr int kPadding = 14;
 constexpr int kCaptionGap = 8;
+constexpr int kPlateEnd = 12;  // of a plate, what is not stretched
+constexpr QColor kPlateInk(0xFF, 0xF6, 0xE4);
+constexpr QColor kPlateRim(0x1C, 0x24, 0x1C);
+constexpr double kRimWidth = 3;
 constexpr int kRing = 4;  // room for the ring around what has the focus
 
 // A plate in the colours of the palette, for what has no picture.
@@ -23,6 +29,17 @@ void DrawPlate(QPainter& painter, const QRect& place, const QPalette& palette, i
   painter.setPen(QPen(palette.color(state == 1 ? QPalette::ButtonText : QPalette::Mid), 1.5));
   painter.setBrush(state == 2 ? ground.darker(130) : state == 1 ? ground.lighter(125) : ground);
   painter.drawRoundedRect(QRectF(place).adjusted(1, 1, -1, -1), 6, 6);
+}
+
+// Words with a rim, which can be read on a plate of any colour.
+void DrawRimmed(QPainter& painter, const QRect& place, const QString& words) {
+  const QFontMetrics letters = painter.fontMetrics();
+  const QRect box = QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter,
+                                        QSize(letters.horizontalAdvance(words), letters.height()), place);
+  QPainterPath path;
+  path.addText(box.left(), box.top() + letters.ascent(), painter.font(), words);
+  painter.strokePath(path, QPen(kPlateRim, kRimWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  painter.fillPath(path, kPlateInk);
 }
 
 }  // namespace
@@ -48,6 +65,18 @@ void LooksButton::DrawLook(QPainter& painter, QPoint place, int look) const {
   painter.drawImage(place, looks_[static_cast<std::size_t>(look)]);
 }
 
+void LooksButton::StretchLook(QPainter& painter, const QRect& place, int look) const {
+  painter.setRenderHint(QPainter::SmoothPixmapTransform);
+  const QImage& image = looks_[static_cast<std::size_t>(look)];
+  const int end = std::min(kPlateEnd, image.width() / 2);
+  const int height = image.height();
+  painter.drawImage(place.topLeft(), image, QRect(0, 0, end, height));
+  painter.drawImage(QRect(place.left() + end, place.top(), place.width() - 2 * end, height), image,
+                    QRect(end, 0, image.width() - 2 * end, height));
+  painter.drawImage(QPoint(place.right() + 1 - end, place.top()), image,
+                    QRect(image.width() - end, 0, end, height));
+}
+
 int LooksButton::State() const {
   if (isDown()) return 2;
   return underMouse() && isEnabled() ? 1 : 0;
@@ -63,31 +92,45 @@ SkinButton::SkinButton(QWidget* parent) : LooksButton(parent) {
 }
 
 void SkinButton::SetPicture(const QImage& picture) {
+  plate_ = false;
   Cut(picture, kLooks);
   setFixedSize(sizeHint());
   update();
+}
+
+void SkinButton::SetPlate(const QImage& picture) {
+  SetPicture(picture);
+  plate_ = HasLooks();
+  setFixedSize(sizeHint());
 }
 
 void SkinButton::SetWords(const QString& words) {
   setText(InMenu(words));
   SetHint(*this, words);
   setAccessibleName(OneLine(words));
-  if (!HasLooks()) setFixedSize(sizeHint());
+  if (ShowsText()) setFixedSize(sizeHint());
 }
 
 QSize SkinButton::sizeHint() const {
-  if (HasLooks()) return FrameSize();
+  if (!ShowsText()) return FrameSize();
   const QSize words = fontMetrics().size(Qt::TextHideMnemonic, text());
+  if (plate_) return {std::max(FrameSize().width(), words.width() + 2 * kPadding), FrameSize().height()};
   return kPlainSize.expandedTo(words + QSize(2 * kPadding, kPadding));
 }
 
 void SkinButton::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  if (plate_) {
+    StretchLook(painter, rect(), State());
+    const int pressed = State() == 2 ? 1 : 0;
+    DrawRimmed(painter, rect().translated(pressed, pressed - 1), OneLine(accessibleName(), kMostInCaption));
+    return;
+  }
   if (HasLooks()) {
     DrawLook(painter, QPoint(), State());
     return;
   }
-  painter.setRenderHint(QPainter::Antialiasing);
   DrawPlate(painter, rect(), palette(), State());
   painter.setPen(palette().color(QPalette::ButtonText));
   painter.drawText(rect(), Qt::AlignCenter | Qt::TextHideMnemonic, text());

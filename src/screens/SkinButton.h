@@ -21,6 +21,9 @@ class LooksButton : public QAbstractButton {
   QSize FrameSize() const;
   void DrawLook(QPainter& painter, QPoint place, int look) const;
 
+  // The same, stretched between its ends.
+  void StretchLook(QPainter& painter, const QRect& place, int look) const;
+
   // 0 left alone, 1 under the pointer, 2 pressed.
   int State() const;
 
@@ -40,6 +43,10 @@ class SkinButton : public LooksButton {
 
   void SetPicture(const QImage& picture);
 
+  // Gives it a plate to write its text on; the middle of the picture's looks is stretched to the text's
+  // width.
+  void SetPlate(const QImage& picture);
+
   // What it does, in words: shown while the pointer rests on it, read aloud, and its text without a picture.
   void SetWords(const QString& words);
 
@@ -47,6 +54,11 @@ class SkinButton : public LooksButton {
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+
+ private:
+  bool ShowsText() const { return plate_ || !HasLooks(); }
+
+  bool plate_ = false;
 };
 
 // A check box with a caption beside it. Its picture has six looks: off, off under the pointer, off pressed,

@@ -86,11 +86,12 @@ TEST_F(GameTest, SaysThatARecordCannotBePlayedAndStaysWhereItWas) {
 TEST_F(GameTest, OpensACollectionAndPlaysACaveByDoubleClicks) {
   auto* const colls = Screen<FrmStart2>()->findChild<LabelList*>("lblCColl");
   QTest::qWait(1);
-  QTest::mouseClick(colls, Qt::LeftButton, {}, colls->PlaceOf(0).center());
-  QTest::mouseDClick(colls, Qt::LeftButton, {}, colls->PlaceOf(0).center());
+  QTest::mouseClick(colls->viewport(), Qt::LeftButton, {}, colls->PlaceOf(0).center());
+  QTest::mouseDClick(colls->viewport(), Qt::LeftButton, {}, colls->PlaceOf(0).center());
   ASSERT_TRUE(Wait(Shows<FrmPoSt>));
   QTest::qWait(1);
-  QTest::mouseDClick(Screen<FrmPoSt>()->findChild<CaveList*>(), Qt::LeftButton, {}, QPoint(50, 8));
+  QTest::mouseDClick(Screen<FrmPoSt>()->findChild<CaveList*>()->viewport(), Qt::LeftButton, {},
+                     QPoint(50, 8));
   EXPECT_TRUE(Wait(Shows<HraWindow>));
   EXPECT_FALSE(Shows<FrmStart2>() || Shows<FrmPoSt>());
 }

@@ -180,7 +180,21 @@ TEST_F(SadaListTest, TellsANameThatIsTooLongForItsRow) {
   EXPECT_EQ(HintAt(List().lblCave(2).center()).toStdString(), name);
 }
 
+TEST_F(SadaListTest, SelectsByTheFirstLettersOfAName) {
+  OpenCaves({"Bouda", "Žába", "Pes", "Řeka"});
+  List().setFocus();
+  QTest::keyClicks(&List(), "r");
+  EXPECT_EQ(Sada().ListSelected(), 4);
+  EXPECT_FALSE(window->isWindowModified());
+}
+
 // Scrolling
+
+TEST_F(SadaListTest, HasItsScrollBarForAMark) {
+  OpenMany(40);
+  EXPECT_TRUE(VScroll1().isVisible());
+  EXPECT_TRUE(List().PositionMark().isEmpty());
+}
 
 TEST_F(SadaListTest, HasSeventeenRowsAndScrollsThroughTheRest) {
   for (const auto& [count, most] : {std::pair(1, 0), std::pair(17, 0), std::pair(18, 1), std::pair(99, 82)}) {

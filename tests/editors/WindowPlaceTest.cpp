@@ -21,11 +21,11 @@ TEST(WindowPlace, IsTheMiddleOfTheScreen) {
   EXPECT_EQ(window.geometry().center(), Screen(window).center());
 }
 
-TEST(WindowPlace, LeavesNothingOutsideOfTheScreen) {
+TEST(WindowPlace, LeavesNothingOutsideOfTheScreenNorItsFrame) {
   QWidget window;
   window.resize(9000, 9000);
   PutInMiddle(window);
-  EXPECT_EQ(window.geometry(), Screen(window));
+  EXPECT_EQ(window.geometry(), QRect(Screen(window).topLeft(), Screen(window).size() - kDesktopFrame));
 }
 
 TEST(WindowPlace, ShowsTheUpperLeftCornerOfAWindowThatCannotBeSmaller) {

@@ -35,7 +35,7 @@ class CaveListTest : public testing::Test {
   void Turn(int angle) {
     QWheelEvent event(QPointF(5, 5), QPointF(5, 5), QPoint(), QPoint(0, angle), Qt::NoButton, {},
                       Qt::NoScrollPhase, false);
-    QApplication::sendEvent(&list_, &event);
+    QApplication::sendEvent(list_.viewport(), &event);
   }
 
   test::TestSkin skin_;
@@ -91,10 +91,10 @@ TEST_F(CaveListTest, WritesTwoDigitsOfTheNumberAndFiveOfTheScore) {
 TEST_F(CaveListTest, TellsWhichRowIsOpenedByADoubleClickOfTheLeftButton) {
   Show(10);
   QSignalSpy opened(&list_, &CaveList::CaveDoubleClicked);
-  QTest::mouseDClick(&list_, Qt::RightButton, {}, QPoint(50, 1 + 14 + 3));
-  QTest::mouseDClick(&list_, Qt::LeftButton, {}, QPoint(50, 0));
+  QTest::mouseDClick(list_.viewport(), Qt::RightButton, {}, QPoint(50, 1 + 14 + 3));
+  QTest::mouseDClick(list_.viewport(), Qt::LeftButton, {}, QPoint(50, 0));
   EXPECT_EQ(opened.size(), 0);
-  QTest::mouseDClick(&list_, Qt::LeftButton, {}, QPoint(50, 1 + 14 + 3));
+  QTest::mouseDClick(list_.viewport(), Qt::LeftButton, {}, QPoint(50, 1 + 14 + 3));
   ASSERT_EQ(opened.size(), 1);
   EXPECT_EQ(opened.front().front().toInt(), 2);
 }
@@ -157,7 +157,7 @@ TEST_F(CaveListTest, TellsWhichRowIsClicked) {
   Show(10);
   QSignalSpy clicked(&list_, &CaveList::CaveClicked);
   list_.Scroll(2);
-  QTest::mouseClick(&list_, Qt::LeftButton, {}, QPoint(50, 1 + 14 + 3));
+  QTest::mouseClick(list_.viewport(), Qt::LeftButton, {}, QPoint(50, 1 + 14 + 3));
   ASSERT_EQ(clicked.size(), 1);
   EXPECT_EQ(clicked.front().front().toInt(), 4);
 }
@@ -165,9 +165,9 @@ TEST_F(CaveListTest, TellsWhichRowIsClicked) {
 TEST_F(CaveListTest, TakesNoClickBesideItsRows) {
   Show(3);
   QSignalSpy clicked(&list_, &CaveList::CaveClicked);
-  QTest::mouseClick(&list_, Qt::LeftButton, {}, QPoint(50, 60));
-  QTest::mouseClick(&list_, Qt::LeftButton, {}, QPoint(50, 0));
-  QTest::mouseClick(&list_, Qt::RightButton, {}, QPoint(50, 8));
+  QTest::mouseClick(list_.viewport(), Qt::LeftButton, {}, QPoint(50, 60));
+  QTest::mouseClick(list_.viewport(), Qt::LeftButton, {}, QPoint(50, 0));
+  QTest::mouseClick(list_.viewport(), Qt::RightButton, {}, QPoint(50, 8));
   EXPECT_EQ(clicked.size(), 0);
 }
 

@@ -34,7 +34,7 @@ TEST_F(FrmPoStCommands, PlaysTheSelectedCaveByButtonKeysAndDoubleClick) {
   ClickRow(2);
   Click("play");
   for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter}) Press(key);
-  QTest::mouseDClick(&List(), Qt::LeftButton, {}, QPoint(50, 1 + 14 + 7));
+  QTest::mouseDClick(List().viewport(), Qt::LeftButton, {}, QPoint(50, 1 + 14 + 7));
   window->ClickedStart();
   EXPECT_EQ(played, std::vector<std::string>(6, caves[1] + "---02"));
 }
@@ -46,7 +46,7 @@ TEST_F(FrmPoStCommands, PlaysNoClosedCave) {
   ClickRow(2);
   Press(Qt::Key_Space);
   Press(Qt::Key_Return);
-  QTest::mouseDClick(&List(), Qt::LeftButton, {}, QPoint(50, 1 + 14 + 7));
+  QTest::mouseDClick(List().viewport(), Qt::LeftButton, {}, QPoint(50, 1 + 14 + 7));
   window->ClickedStart();
   EXPECT_EQ(played.size(), 0);
 }
@@ -157,6 +157,28 @@ TEST_F(FrmPoStCommands, StepsThroughTheCavesAndStopsAtTheEnds) {
   EXPECT_EQ(List().Selected(), 1);
   Press(Qt::Key_End);
   EXPECT_EQ(List().Selected(), 3);
+}
+
+TEST_F(FrmPoStCommands, SelectsACaveByALetterThatIsNoCommand) {
+  Caves(3);
+  Open();
+  std::vector<CaveList::Row> rows = List().Rows();
+  rows[2].name = "Bouda";
+  List().SetRows(rows);
+  QTest::keyClicks(window.get(), "b");
+  EXPECT_EQ(List().Selected(), 3);
+}
+
+TEST_F(FrmPoStCommands, SelectsNoCaveByACommandThatHasNothingToDo) {
+  Caves(3);
+  Open();
+  std::vector<CaveList::Row> rows = List().Rows();
+  for (const char* const name : {"Zeď", "Ruda", "Gong", "Ucho"}) {
+    rows[1].name = name;
+    List().SetRows(rows);
+    QTest::keyClicks(window.get(), QString(QChar(name[0])));
+    EXPECT_EQ(List().Selected(), 1) << name;
+  }
 }
 
 TEST_F(FrmPoStCommands, MovesByPages) {

@@ -263,14 +263,14 @@ class Opening : public FrmStart2Test {
 };
 
 TEST_F(Opening, APressOnARowOnlySelects) {
-  QTest::mouseClick(&Colls(), Qt::LeftButton, {}, Row(1));
+  QTest::mouseClick(Colls().viewport(), Qt::LeftButton, {}, Row(1));
   EXPECT_EQ(Colls().Selected(), 1);
   EXPECT_EQ(opened_->count(), 0);
 }
 
 TEST_F(Opening, ADoubleClickEnterSpaceAndThePlayButtonOpen) {
-  QTest::mouseClick(&Colls(), Qt::LeftButton, {}, Row(0));
-  QTest::mouseDClick(&Colls(), Qt::LeftButton, {}, Row(0));
+  QTest::mouseClick(Colls().viewport(), Qt::LeftButton, {}, Row(0));
+  QTest::mouseDClick(Colls().viewport(), Qt::LeftButton, {}, Row(0));
   for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space}) Key(key);
   Click("play");
   EXPECT_EQ(opened_->count(), 5);
@@ -441,9 +441,21 @@ TEST_F(Opening, ShowingItAgainReadsTheFoldersAnewAndKeepsTheSelection) {
   EXPECT_EQ(ReadPosledniHrac(), 1);
 }
 
+TEST_F(Opening, LettersSelectACollectionAndDigitsStillChooseTheMode) {
+  Colls().SetLabels({"Alfa", "1 pes", "Beta"});
+  Colls().Select(0);
+  QTest::keyClicks(start_.get(), "b");
+  EXPECT_EQ(Colls().Selected(), 2);
+  Key(Qt::Key_2);
+  EXPECT_EQ(start_->ChosenMode(), FrmStart2::Mode::Replay);
+  QTest::keyClicks(start_.get(), "1");
+  EXPECT_EQ(start_->ChosenMode(), FrmStart2::Mode::Play);
+  EXPECT_EQ(Colls().Selected(), 2);
+}
+
 TEST_F(Opening, APressOnAListDoesNotDragTheWindow) {
   const QPoint place = start_->pos();
-  for (QWidget* const part : {static_cast<QWidget*>(&Colls()), static_cast<QWidget*>(&Plrs())}) {
+  for (QWidget* const part : {Colls().viewport(), Plrs().viewport()}) {
     QTest::mousePress(part, Qt::LeftButton, {}, part->rect().center());
     QTest::mouseMove(part, part->rect().center() + QPoint(60, 60));
     QTest::mouseRelease(part, Qt::LeftButton, {}, part->rect().center() + QPoint(60, 60));

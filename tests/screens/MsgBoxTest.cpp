@@ -114,6 +114,32 @@ TEST_F(MsgBoxTest, HasTheIconOfItsSet) {
   }
 }
 
+TEST_F(MsgBoxTest, HasPicturesOrWordsOnAllItsButtons) {
+  skin_.Data(
+      "dialog:\nyes.image=yes\nno.image=no\nok.image=ok\nclose.image=cancel\nretry.image=ok\n"
+      "plate.image=plate\nplateback.image=plate\n");
+  const QColor ground(0x10, 0x40, 0x80);
+  skin_.Picture("plate", Strips({ground, ground, ground}, kButton));
+  skin_.Wear();
+  const auto ends = [](const SkinButton& button) {
+    const QImage image = const_cast<SkinButton&>(button).grab().toImage();
+    const QColor left = image.pixelColor(2, 5);
+    return left == image.pixelColor(image.width() - 3, 5) ? left : QColor();
+  };
+  for (const MsgButtons buttons : {MsgButtons::NotStored, MsgButtons::NotStoredAtEnd}) {
+    Open(buttons, [&](QWidget& dialog) {
+      for (const SkinButton* const button : Buttons(dialog)) {
+        EXPECT_EQ(ends(*button), ground) << button->objectName().toStdString();
+        EXPECT_GT(button->width(), button->fontMetrics().horizontalAdvance(button->text()));
+      }
+    });
+  }
+  Open(MsgButtons::YesNoCancel, [&](QWidget& dialog) {
+    for (const SkinButton* const button : Buttons(dialog)) EXPECT_EQ(button->size(), kButton);
+    EXPECT_EQ(ends(Button(dialog, "close")), test::kLooks[0]);
+  });
+}
+
 TEST_F(MsgBoxTest, OfWhatIsNotStoredLosesNothingByEnterOrEsc) {
   const auto answer = [this](MsgButtons buttons, Qt::Key key) {
     return Open(buttons, [key](QWidget& dialog) { QTest::keyClick(&dialog, key); });

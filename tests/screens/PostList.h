@@ -19,7 +19,8 @@ class PostList : public testing::Test, public PostScreen {
   QColor Key(const std::string& key) const { return skin.Colour("select.caves." + key, Qt::transparent); }
 
   void ClickRow(int number) {
-    QTest::mouseClick(&List(), Qt::LeftButton, {}, QPoint(50, 1 + List().Top() + 14 * (number - 1) + 7));
+    QTest::mouseClick(List().viewport(), Qt::LeftButton, {},
+                      QPoint(50, 1 + List().Top() + 14 * (number - 1) + 7));
   }
 
   // The text of the message box that an action opens.

@@ -50,6 +50,31 @@ TEST_F(WrapTextTest, BreaksAWordThatNoLineHolds) {
   EXPECT_LE(wrapped.width, width);
 }
 
+TEST_F(WrapTextTest, BreaksAPathBehindItsSeparators) {
+  EXPECT_EQ(Lines("/home/eva/vzhledy/skindata.txt", Width("/home/eva/vzhledy/skindata.t")),
+            (QStringList{"/home/eva/vzhledy/", "skindata.txt"}));
+  EXPECT_EQ(Lines("C:\\hry\\vzhledy\\palm.bmp", Width("C:\\hry\\vzhledy\\palm")),
+            (QStringList{"C:\\hry\\vzhledy\\", "palm.bmp"}));
+}
+
+TEST_F(WrapTextTest, BreaksANameThatNoLineHolds) {
+  EXPECT_EQ(Lines("/home/wwwwwwwwwwwwwwwwww", Width("wwwwwwwwww")),
+            (QStringList{"/home/", "wwwwwwwwww", "wwwwwwww"}));
+}
+
+TEST_F(WrapTextTest, KeepsTheNamesOfAPathWholeThoughTheyHaveBlanks) {
+  EXPECT_EQ(Lines("/home/Moje hry/Velká sada.zk", Width("/home/Moje hry/Velká sada")),
+            (QStringList{"/home/Moje hry/", "Velká sada.zk"}));
+  EXPECT_EQ(Lines("/Velká sada mnoha komnat.zk", Width("/Velká sada mno")),
+            (QStringList{"/Velká sada", "mnoha komnat.zk"}))
+      << "a name longer than the line breaks at its blanks";
+}
+
+TEST_F(WrapTextTest, StartsAPathWithinASentenceOnALineOfItsOwn) {
+  EXPECT_EQ(Lines("Chybí '/home/eva/palm'", Width("'/home/eva/palm'")),
+            (QStringList{"Chybí", "'/home/eva/palm'"}));
+}
+
 TEST_F(WrapTextTest, PutsAtLeastOneCharacterIntoALine) {
   EXPECT_EQ(Lines("abc", 1), (QStringList{"a", "b", "c"}));
 }
@@ -103,7 +128,7 @@ TEST_P(WrapWork, StopsWhereTheRoomEnds) {
 
 INSTANTIATE_TEST_SUITE_P(Texts, WrapWork,
                          testing::Values("x", "slovo ", "x\r\n", QString(300, 'x') + ' ', " ",
-                                         QString(40, 'x') + "\n"));
+                                         QString(40, 'x') + "\n", "/slovo", "/x y", "/"));
 
 }  // namespace
 }  // namespace zorik

@@ -14,6 +14,35 @@ namespace {
 using test::kLooks;
 using test::Strips;
 
+TEST(SkinButtonWithAPlate, WritesItsWordsOnItAndIsAsWideAsTheyAre) {
+  SkinButton button(nullptr);
+  button.SetPlate(Strips(kLooks, {30, 24}));
+  button.SetWords("Uložit někam docela jinam");
+  EXPECT_EQ(button.height(), 24);
+  EXPECT_GT(button.width(), button.fontMetrics().horizontalAdvance(button.text()));
+  const QImage image = button.grab().toImage();
+  int ink = 0;
+  for (int x = 0; x < image.width(); ++x) {
+    EXPECT_EQ(image.pixelColor(x, 1), kLooks[0]) << x;
+    for (int y = 0; y < image.height(); ++y)
+      ink += image.pixelColor(x, y) == QColor(0xFF, 0xF6, 0xE4) ? 1 : 0;
+  }
+  EXPECT_GT(ink, 20);
+  button.SetWords("i");
+  EXPECT_LT(button.width(), image.width());
+  EXPECT_GE(button.width(), 30);
+}
+
+TEST(SkinButtonWithAPlate, IsAPlainButtonWithoutThePicture) {
+  SkinButton plate(nullptr);
+  plate.SetPlate(QImage());
+  plate.SetWords("Později");
+  SkinButton plain(nullptr);
+  plain.SetWords("Později");
+  EXPECT_EQ(plate.size(), plain.size());
+  EXPECT_EQ(plate.grab().toImage(), plain.grab().toImage());
+}
+
 const std::vector<QColor> kCheckLooks = {Qt::red, Qt::green, Qt::blue, Qt::cyan, Qt::magenta, Qt::yellow};
 
 // Places in the window below.

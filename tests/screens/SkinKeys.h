@@ -40,6 +40,7 @@ SkinKeys KeysOfSettings();
 SkinKeys KeysOfQuestion();
 SkinKeys KeysOfNotice();
 SkinKeys KeysOfRetry();
+SkinKeys KeysOfPlates();
 SkinKeys KeysOfCongratulation(const QString& box);
 SkinKeys KeysOfNewPlayer();
 SkinKeys KeysOfScore();

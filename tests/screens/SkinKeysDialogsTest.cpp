@@ -54,6 +54,11 @@ SkinKeys KeysOfRetry() {
   return KeyOfImage("dialog.retry.image", "retry");
 }
 
+SkinKeys KeysOfPlates() {
+  return {{"dialog.plate.image", "looks", LookOf("retry"), QColor(Qt::red).name()},
+          {"dialog.plateback.image", "looks", LookOf("later"), QColor(Qt::red).name()}};
+}
+
 SkinKeys KeysOfSettings() {
   return KeyOfImage("settings.ok.image", "ok") + KeyOfImage("settings.close.image", "close") +
          SkinKeys{
@@ -140,6 +145,7 @@ TEST(SkinKeysOfTheMessageBox, HaveTheirEffect) {
   test::CheckKeys(home, test::KeysOfQuestion(), box(MsgButtons::YesNoCancel));
   test::CheckKeys(home, test::KeysOfNotice(), box(MsgButtons::Ok));
   test::CheckKeys(home, test::KeysOfRetry(), box(MsgButtons::RetryCancel));
+  test::CheckKeys(home, test::KeysOfPlates(), box(MsgButtons::NotStored));
 }
 
 TEST(SkinKeysOfTheCongratulation, HaveTheirEffectOnWhoReadsIt) {

@@ -23,8 +23,9 @@ std::set<std::string> ShippedKeys(const std::string& skin) {
 std::set<std::string> SeenKeys() {
   using namespace test;
   const SkinKeys all = KeysOfStart() + KeysOfSelection() + KeysOfPlainAuthor() + KeysOfSettings() +
-                       KeysOfQuestion() + KeysOfNotice() + KeysOfRetry() + KeysOfCongratulation("picText") +
-                       KeysOfNewPlayer() + KeysOfScore() + KeysOfSkinWindow();
+                       KeysOfQuestion() + KeysOfNotice() + KeysOfRetry() + KeysOfPlates() +
+                       KeysOfCongratulation("picText") + KeysOfNewPlayer() + KeysOfScore() +
+                       KeysOfSkinWindow();
   std::set<std::string> keys;
   for (const test::SkinKey& row : all) {
     std::string key = row.key;

@@ -38,7 +38,7 @@ class Rows : public testing::Test {
     const QPointF centre = QRectF(list_.rect()).center();
     QWheelEvent event(centre, list_.mapToGlobal(centre), QPoint(), QPoint(0, turn), Qt::NoButton,
                       Qt::NoModifier, Qt::NoScrollPhase, false);
-    QApplication::sendEvent(&list_, &event);
+    QApplication::sendEvent(list_.viewport(), &event);
   }
 
   LabelList list_{Qt::Vertical, nullptr};
@@ -54,7 +54,7 @@ TEST_F(Rows, TellANameThatIsTooLongAsItIsWritten) {
   list_.SetLabels({name});
   const QPoint place = list_.PlaceOf(0).center();
   QHelpEvent event(QEvent::ToolTip, place, list_.mapToGlobal(place));
-  QApplication::sendEvent(&list_, &event);
+  QApplication::sendEvent(list_.viewport(), &event);
   EXPECT_FALSE(QToolTip::text().contains("<img"));
   EXPECT_EQ(QTextDocumentFragment::fromHtml(QToolTip::text()).toPlainText(), name);
   QToolTip::hideText();
@@ -93,7 +93,7 @@ TEST_F(Rows, AnEmptyListSelectsNothing) {
   list_.SetLabels({});
   const QSignalSpy chosen(&list_, &LabelList::Chosen);
   list_.Select(0);
-  QTest::mouseClick(&list_, Qt::LeftButton);
+  QTest::mouseClick(list_.viewport(), Qt::LeftButton);
   EXPECT_EQ(list_.Selected(), -1);
   EXPECT_EQ(chosen.count(), 0);
   EXPECT_FALSE(list_.Overflows());
@@ -123,19 +123,19 @@ TEST_F(Rows, FineTurnsOfTheWheelAddUp) {
 TEST_F(Rows, APressSelectsWhatIsUnderThePointer) {
   list_.Scroll(4);
   const QSignalSpy chosen(&list_, &LabelList::Chosen);
-  QTest::mouseClick(&list_, Qt::LeftButton, {}, list_.PlaceOf(6).center());
+  QTest::mouseClick(list_.viewport(), Qt::LeftButton, {}, list_.PlaceOf(6).center());
   EXPECT_EQ(list_.Selected(), 6);
   EXPECT_EQ(chosen.count(), 1);
-  QTest::mouseClick(&list_, Qt::RightButton, {}, list_.PlaceOf(7).center());
-  QTest::mouseClick(&list_, Qt::LeftButton, {}, QPoint(0, 0));
+  QTest::mouseClick(list_.viewport(), Qt::RightButton, {}, list_.PlaceOf(7).center());
+  QTest::mouseClick(list_.viewport(), Qt::LeftButton, {}, QPoint(0, 0));
   EXPECT_EQ(list_.Selected(), 6) << "neither another button nor the frame selects";
 }
 
 TEST_F(Rows, ADoubleClickOpens) {
   const QSignalSpy opened(&list_, &LabelList::Opened);
-  QTest::mouseClick(&list_, Qt::LeftButton, {}, list_.PlaceOf(2).center());
+  QTest::mouseClick(list_.viewport(), Qt::LeftButton, {}, list_.PlaceOf(2).center());
   EXPECT_EQ(opened.count(), 0);
-  QTest::mouseDClick(&list_, Qt::LeftButton, {}, list_.PlaceOf(2).center());
+  QTest::mouseDClick(list_.viewport(), Qt::LeftButton, {}, list_.PlaceOf(2).center());
   ASSERT_EQ(opened.count(), 1);
   EXPECT_EQ(opened.at(0), QVariantList{2});
 }
@@ -144,7 +144,7 @@ TEST_F(Rows, ADoubleClickBelowTheLastRowDoesNothing) {
   list_.SetLabels({"jediný"});
   list_.Select(0);
   const QSignalSpy opened(&list_, &LabelList::Opened);
-  QTest::mouseDClick(&list_, Qt::LeftButton, {}, QPoint(50, 60));
+  QTest::mouseDClick(list_.viewport(), Qt::LeftButton, {}, QPoint(50, 60));
   EXPECT_EQ(opened.count(), 0);
 }
 
@@ -162,6 +162,136 @@ TEST_F(Rows, ASmallerListIsScrolledBackIntoItsFrame) {
   EXPECT_EQ(FirstSeen(), 8);
 }
 
+// Where the mark is seen at the right edge, in the colour of the letters: its first and its last row of
+// pixels.
+class RowsMark : public Rows {
+ protected:
+  std::pair<int, int> Seen() {
+    const QImage image = list_.grab().toImage();
+    const int x = list_.width() - 3;
+    int first = -1;
+    int last = -1;
+    for (int y = 2; y < list_.height() - 2; ++y) {
+      if (image.pixelColor(x, y) != QColor(Qt::white)) continue;
+      if (first < 0) first = y;
+      last = y;
+    }
+    return {first, last};
+  }
+};
+
+TEST_F(RowsMark, TellsWhereInALongListOneIs) {
+  const auto [first, last] = Seen();
+  EXPECT_EQ(first, 2);
+  EXPECT_NEAR(last - first + 1, 70 * 70 / 280, 1) << "as much of the edge as is seen of the list";
+  list_.Scroll(99);
+  EXPECT_EQ(Seen().second, list_.height() - 3);
+  list_.Scroll(-7);
+  EXPECT_NEAR((Seen().first + Seen().second) / 2, list_.height() / 2, 5);
+}
+
+TEST_F(RowsMark, IsNotThereWhenAllIsSeen) {
+  list_.SetLabels(list_.Labels().mid(0, 5));
+  EXPECT_EQ(Seen(), std::pair(-1, -1));
+  EXPECT_TRUE(list_.PositionMark().isEmpty());
+  list_.SetLabels(list_.Labels() << "šestý");
+  EXPECT_NE(Seen(), std::pair(-1, -1));
+}
+
+TEST_F(RowsMark, StandsApartFromASelectedRowAsBrightAsItself) {
+  list_.Select(0);
+  const QImage image = list_.grab().toImage();
+  EXPECT_EQ(image.pixelColor(list_.width() - 3, 8), QColor(Qt::white));
+  EXPECT_EQ(image.pixelColor(list_.width() - 6, 8), QColor(Qt::black));
+  EXPECT_EQ(image.pixelColor(list_.width() - 7, 8), QColor(Qt::white));
+}
+
+TEST_F(RowsMark, StaysInAListLowerThanItself) {
+  list_.resize(120, 8);
+  EXPECT_FALSE(list_.PositionMark().isEmpty());
+  EXPECT_TRUE(list_.rect().contains(list_.PositionMark()));
+}
+
+// Types letters one after another, as quickly as a test does.
+class RowsTyping : public Rows {
+ protected:
+  RowsTyping() { list_.SetLabels({"Alej", "Ámos", "čáp", "Cesta", "Cihla", "5 psů", "<b>x", "Žába"}); }
+
+  bool Type(const QString& letters, Qt::KeyboardModifiers modifiers = {}) {
+    bool taken = true;
+    for (const QChar letter : letters) {
+      taken = list_.TypeAhead(QKeyEvent(QEvent::KeyPress, 0, modifiers, QString(letter))) && taken;
+    }
+    return taken;
+  }
+  void Pause() { QTest::qWait(1100); }
+};
+
+TEST_F(RowsTyping, SelectsTheNextThatBeginsWithALetter) {
+  list_.Select(0);
+  for (const int place : {2, 3, 4, 2}) {
+    EXPECT_TRUE(Type("c"));
+    EXPECT_EQ(list_.Selected(), place);
+    Pause();
+  }
+}
+
+TEST_F(RowsTyping, MindsNeitherCaseNorAccents) {
+  list_.Select(0);
+  Type("A");
+  EXPECT_EQ(list_.Selected(), 1);
+  Pause();
+  Type("z");
+  EXPECT_EQ(list_.Selected(), 7);
+  Pause();
+  Type("Č");
+  EXPECT_EQ(list_.Selected(), 2);
+}
+
+TEST_F(RowsTyping, MakesAWordOfLetters) {
+  list_.Select(2);
+  Type("ci");
+  EXPECT_EQ(list_.Selected(), 4);
+  Pause();
+  Type("ce");
+  EXPECT_EQ(list_.Selected(), 3);
+}
+
+TEST_F(RowsTyping, GoesOnWithTheSameLetter) {
+  list_.Select(0);
+  Type("ccc");
+  EXPECT_EQ(list_.Selected(), 4);
+}
+
+TEST_F(RowsTyping, SelectsNothingByLettersThatBeginNoNameAndForgetsThem) {
+  list_.Select(3);
+  EXPECT_TRUE(Type("q"));
+  EXPECT_EQ(list_.Selected(), 3);
+  list_.Step(Qt::Key_Home);
+  Type("z");
+  EXPECT_EQ(list_.Selected(), 7) << "another key begins a new word";
+}
+
+TEST_F(RowsTyping, TakesNoOtherKeys) {
+  list_.Select(0);
+  EXPECT_FALSE(Type(" "));
+  EXPECT_FALSE(Type("<"));
+  EXPECT_FALSE(Type("\r"));
+  EXPECT_FALSE(Type("c", Qt::ControlModifier));
+  EXPECT_FALSE(Type("c", Qt::AltModifier));
+  EXPECT_FALSE(list_.TypeAhead(QKeyEvent(QEvent::KeyPress, Qt::Key_F5, Qt::NoModifier)));
+  EXPECT_EQ(list_.Selected(), 0);
+  EXPECT_TRUE(Type("5"));
+  EXPECT_EQ(list_.Selected(), 5);
+}
+
+TEST_F(RowsTyping, SelectsNothingInAnEmptyList) {
+  list_.SetLabels({});
+  EXPECT_TRUE(Type("c"));
+  EXPECT_TRUE(list_.Step(Qt::Key_Down));
+  EXPECT_EQ(list_.Selected(), -1);
+}
+
 TEST(Strip, EachLabelBeginsWhereTheOneBeforeEnds) {
   LabelList strip(Qt::Horizontal, nullptr);
   strip.resize(100, 20);
@@ -173,6 +303,24 @@ TEST(Strip, EachLabelBeginsWhereTheOneBeforeEnds) {
     end += strip.PlaceOf(place).width();
   }
   EXPECT_TRUE(strip.Overflows());
+}
+
+TEST(Strip, HasItsMarkAtTheLowerEdgeBelowItsLetters) {
+  ListLook look;
+  look.borderSize = 2;
+  LabelList strip(Qt::Horizontal, nullptr);
+  strip.SetLook(look);
+  strip.resize(100, 20);
+  strip.SetLabels({" « Adam » ", " « Bartoloměj » ", " « Cyril » "});
+  const QRect mark = strip.PositionMark();
+  EXPECT_EQ(mark.topLeft(), QPoint(2, 18));
+  EXPECT_EQ(mark.bottom(), 19);
+  EXPECT_LT(mark.width(), 96);
+  const QImage image = strip.grab().toImage();
+  EXPECT_EQ(image.pixelColor(3, 19), QColor(Qt::white));
+  EXPECT_EQ(image.pixelColor(97, 19), QColor(Qt::gray)) << "the frame";
+  strip.Select(2);
+  EXPECT_EQ(strip.PositionMark().right(), 97);
 }
 
 TEST(Strip, ASelectedLabelIsScrolledIntoSight) {

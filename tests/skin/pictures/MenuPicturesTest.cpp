@@ -18,10 +18,11 @@ constexpr std::array kFingers{"fingerPlay", "fingerRePlay", "fingerEditor", "fin
 constexpr std::array kWindows{"palm", "palmPlay", "select", "score", "gratulation", "newplayer", "working"};
 
 constexpr Picture kButtons[] = {
-    {"play", 288, 40},     {"addplayer", 96, 32}, {"changeskin", 96, 32}, {"close", 96, 32},
-    {"help", 96, 32},      {"vscroll", 60, 48},   {"hscroll", 144, 20},   {"replay", 216, 40},
-    {"playcave", 216, 40}, {"congrat", 216, 40},  {"send", 216, 40},      {"ok", 240, 32},
-    {"yes", 240, 32},      {"no", 240, 32},       {"cancel", 240, 32},    {"retry", 240, 32},
+    {"play", 288, 40},     {"addplayer", 96, 32},  {"changeskin", 96, 32}, {"close", 96, 32},
+    {"help", 96, 32},      {"vscroll", 60, 48},    {"hscroll", 144, 20},   {"replay", 216, 40},
+    {"playcave", 216, 40}, {"congrat", 216, 40},   {"send", 216, 40},      {"ok", 240, 32},
+    {"yes", 240, 32},      {"no", 240, 32},        {"cancel", 240, 32},    {"retry", 240, 32},
+    {"plate", 240, 32},    {"plateback", 240, 32},
 };
 
 constexpr Picture kOthers[] = {

@@ -20,9 +20,11 @@ struct Group {
 };
 
 const std::vector<Group> kGroups = {
-    {{"start.palm", "start.palmPlay", "start.fingerPlay", "start.fingerrePlay", "start.fingereditor",
-      "start.finger4", "select", "score", "congratulation", "addplayer", "settings.ok", "settings.close",
-      "settings.checks", "dialog.yes", "dialog.no", "dialog.ok", "dialog.retry", "dialog.close"},
+    {{"start.palm",         "start.palmPlay", "start.fingerPlay", "start.fingerrePlay",
+      "start.fingereditor", "start.finger4",  "select",           "score",
+      "congratulation",     "addplayer",      "settings.ok",      "settings.close",
+      "settings.checks",    "dialog.yes",     "dialog.no",        "dialog.ok",
+      "dialog.retry",       "dialog.close",   "dialog.plate",     "dialog.plateback"},
      {"image"}},
     {{"start.close",
       "start.help",
