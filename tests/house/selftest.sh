@@ -60,21 +60,6 @@ fault tools/zktool/Main.cpp '#include "platform/Sound.h"' "tools may not include
 fault fuzz/cave.cpp '#include "screens/Start.h"' "fuzz may not include screens"
 fault src/attic/Old.h '#include <array>' "nothing is said about the folder attic"
 
-sound_tree
-expect "short files" 0 "" "$here/lengths.sh" "$tree"
-seq 500 | sed 's|^|// |' >"$tree/src/rules/Long.cpp"
-expect "500 lines" 0 "" "$here/lengths.sh" "$tree"
-echo "// one more" >>"$tree/src/rules/Long.cpp"
-expect "501 lines" 1 "src/rules/Long.cpp: 501 lines" "$here/lengths.sh" "$tree"
-
-sound_tree
-mkdir -p "$tree/tests/rules"
-touch "$tree/tests/rules/SlimeTest.cpp"
-printf '[{\n  "file": "%s"\n}]\n' "$tree/tests/rules/SlimeTest.cpp" >"$tree/commands.json"
-expect "a compiled test" 0 "" "$here/compiled.sh" "$tree" "$tree/commands.json"
-touch "$tree/tests/rules/FlyTest.cpp"
-expect "a forgotten test" 1 "tests/rules/FlyTest.cpp: no program is built of it" "$here/compiled.sh" "$tree" "$tree/commands.json"
-
 # names WHAT STATUS TEXT: the table of names is found to be so.
 names() { expect "$1" "$2" "$3" "$here/names.sh" "$tree"; }
 table_of_names() {
@@ -108,6 +93,21 @@ table_of_names
 sed -i '/^| `/d' "$tree/docs/names.md"
 names "an empty table" 1 "tells of no name"
 expect "no table" 2 "there is no docs/names.md" "$here/names.sh" "$scratch"
+
+sound_tree
+expect "short files" 0 "" "$here/lengths.sh" "$tree"
+seq 500 | sed 's|^|// |' >"$tree/src/rules/Long.cpp"
+expect "500 lines" 0 "" "$here/lengths.sh" "$tree"
+echo "// one more" >>"$tree/src/rules/Long.cpp"
+expect "501 lines" 1 "src/rules/Long.cpp: 501 lines" "$here/lengths.sh" "$tree"
+
+sound_tree
+mkdir -p "$tree/tests/rules"
+touch "$tree/tests/rules/SlimeTest.cpp"
+printf '[{\n  "file": "%s"\n}]\n' "$tree/tests/rules/SlimeTest.cpp" >"$tree/commands.json"
+expect "a compiled test" 0 "" "$here/compiled.sh" "$tree" "$tree/commands.json"
+touch "$tree/tests/rules/FlyTest.cpp"
+expect "a forgotten test" 1 "tests/rules/FlyTest.cpp: no program is built of it" "$here/compiled.sh" "$tree" "$tree/commands.json"
 
 # markup FILE LINE USE: this one line more in the sound tree is found, with its place and what to use.
 markup() {
