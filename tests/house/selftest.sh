@@ -66,21 +66,6 @@ fault tools/zktool/Main.cpp '#include "platform/Sound.h"' "tools may not include
 fault fuzz/cave.cpp '#include "screens/Start.h"' "fuzz may not include screens"
 fault src/attic/Old.h '#include <array>' "nothing is said about the folder attic"
 
-sound_tree
-expect "short files" 0 "" "$here/lengths.sh" "$tree"
-seq 500 | sed 's|^|// |' >"$tree/src/rules/Long.cpp"
-expect "500 lines" 0 "" "$here/lengths.sh" "$tree"
-echo "// one more" >>"$tree/src/rules/Long.cpp"
-expect "501 lines" 1 "src/rules/Long.cpp: 501 lines" "$here/lengths.sh" "$tree"
-
-sound_tree
-mkdir -p "$tree/tests/rules"
-touch "$tree/tests/rules/SlimeTest.cpp"
-printf '[{\n  "file": "%s"\n}]\n' "$tree/tests/rules/SlimeTest.cpp" >"$tree/commands.json"
-expect "a compiled test" 0 "" "$here/compiled.sh" "$tree" "$tree/commands.json"
-touch "$tree/tests/rules/FlyTest.cpp"
-expect "a forgotten test" 1 "tests/rules/FlyTest.cpp: no program is built of it" "$here/compiled.sh" "$tree" "$tree/commands.json"
-
 # names WHAT STATUS TEXT: the table of names is found to be so.
 names() { expect "$1" "$2" "$3" "$here/names.sh" "$tree"; }
 table_of_names() {
@@ -123,6 +108,21 @@ printf '| It sleeps. | `a.cpp` | `Slime.Sleeps` |\n' >>"$tree/docs/not-bugs.md"
 expect "a row with a test that is gone" 1 "there is no test Slime.Sleeps" "$here/notbugs.sh" "$tree"
 sed -i '$s/.*/| It sleeps. | `a.cpp` | |/' "$tree/docs/not-bugs.md"
 expect "a row without a test" 1 "no test: | It sleeps." "$here/notbugs.sh" "$tree"
+
+sound_tree
+expect "short files" 0 "" "$here/lengths.sh" "$tree"
+seq 500 | sed 's|^|// |' >"$tree/src/rules/Long.cpp"
+expect "500 lines" 0 "" "$here/lengths.sh" "$tree"
+echo "// one more" >>"$tree/src/rules/Long.cpp"
+expect "501 lines" 1 "src/rules/Long.cpp: 501 lines" "$here/lengths.sh" "$tree"
+
+sound_tree
+mkdir -p "$tree/tests/rules"
+touch "$tree/tests/rules/SlimeTest.cpp"
+printf '[{\n  "file": "%s"\n}]\n' "$tree/tests/rules/SlimeTest.cpp" >"$tree/commands.json"
+expect "a compiled test" 0 "" "$here/compiled.sh" "$tree" "$tree/commands.json"
+touch "$tree/tests/rules/FlyTest.cpp"
+expect "a forgotten test" 1 "tests/rules/FlyTest.cpp: no program is built of it" "$here/compiled.sh" "$tree" "$tree/commands.json"
 
 # markup FILE LINE USE: this one line more in the sound tree is found, with its place and what to use.
 markup() {

@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <cctype>
 #include <iomanip>
 #include <sstream>
 #include <streambuf>
@@ -74,15 +72,6 @@ TEST(Help, ListsEveryCommandAndEveryExitCode) {
   }
   for (const auto& [exit, word] : kWords) {
     EXPECT_NE(told.out.find(RowOf(exit, word)), std::string::npos) << word;
-  }
-}
-
-TEST(Help, ListsNoCommandThatTheseTestsForget) {
-  for (const std::string& line : LinesOf(Zktool({"--help"}).out)) {
-    const bool isCommand = line.size() > 2 && line.starts_with("  ") && std::islower(line[2]) != 0;
-    if (!isCommand) continue;
-    const std::string name = line.substr(2, line.find(' ', 2) - 2);
-    EXPECT_NE(std::find(kNames.begin(), kNames.end(), name), kNames.end()) << name;
   }
 }
 
