@@ -4,6 +4,7 @@
 #include <functional>
 #include <utility>
 
+#include "platform/PathText.h"
 #include "skin/SkinCheck.h"
 
 namespace zorik {
@@ -61,7 +62,8 @@ QString Skin::Said(std::string_view key) const {
 }
 
 std::string Skin::QuestionOfPicture(const std::string& searched) const {
-  return WithText(data_.SkinWords("caption.error.nopicture"), "?1?", searched);
+  return WithText(data_.SkinWords("caption.error.nopicture"), "?1?",
+                  ShownPath(std::string_view(searched)).toStdString());
 }
 
 std::string Skin::QuestionOfFile(const std::string& name) const {

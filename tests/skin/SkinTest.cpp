@@ -86,6 +86,8 @@ TEST_F(SkinTest, AsksInItsOwnLanguage) {
   ASSERT_EQ(questions_.size(), 1U);
   EXPECT_EQ(questions_[0], "Loading skin picture '" + skin_.Places().SkinsPath +
                                "/Default/menu\\nowhere' failed. Try again?");
+  EXPECT_EQ(skin_.Skin().QuestionOfPicture("/k\xF9\xF2/a"),
+            "Loading skin picture '/kůň/a' failed. Try again?");
   EXPECT_EQ(skin_.Skin().QuestionOfFile("menu\\catdata"), "Where is menu\\catdata");
 }
 
