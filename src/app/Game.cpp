@@ -7,6 +7,7 @@
 
 #include "core/Hra.h"
 #include "data/Files.h"
+#include "data/Result.h"
 #include "editors/FrmCat.h"
 #include "platform/PathText.h"
 #include "screens/CavesOffer.h"
@@ -159,33 +160,33 @@ void Game::ShowGame() {
 }
 
 void Game::OpenCollection(const QString& path, const QString& player) {
-  std::optional<QString> failure;
-  {
+  const Result<Done> loaded = [&] {
     const BusyNotice notice(frmLoading_);
     wins_.StoreAll();
-    failure = frmPoSt_.LoadColl(path, player);
-    if (!failure) frmStart2_.hide();
-  }
-  if (!failure) {
+    Result<Done> result = frmPoSt_.LoadColl(path, player);
+    if (result) frmStart2_.hide();
+    return result;
+  }();
+  if (loaded) {
     player_ = PlayerOfFolder(player);
     return;
   }
   ShowStart();
-  zorik::Tell(skin_, &frmStart2_, skin_.Text(99), *failure);
+  zorik::Tell(skin_, &frmStart2_, skin_.Text(99), QString::fromStdString(loaded.Message()));
 }
 
 void Game::PlayCave(const QByteArray& caveText) {
   slot_ = frmPoSt_.Slot();
   hra_.SetPlayer(player_);
   hra_.SetCollection(frmPoSt_.CollectionName());
-  std::optional<Failure> failure;
-  {
+  const Result<Done> started = [&] {
     const BusyNotice notice(frmLoading_);
     ShowGame();
-    failure = hra_.Start(caveText.toStdString(), RunKind::Play);
-    if (!failure) frmPoSt_.hide();
-  }
-  if (!failure) return;
+    Result<Done> result = hra_.Start(caveText.toStdString(), RunKind::Play);
+    if (result) frmPoSt_.hide();
+    return result;
+  }();
+  if (started) return;
   ShowPoSt();
   zorik::Tell(skin_, &frmPoSt_, skin_.Text(99), kNoCaveWords.In(skin_));
 }
@@ -199,7 +200,7 @@ void Game::PlayRecord(const QString& path, const std::string& player) {
   if (bytes) {
     const BusyNotice notice(frmLoading_);
     ShowGame();
-    started = !hra_.StartRecord(*bytes);
+    started = static_cast<bool>(hra_.StartRecord(*bytes));
   }
   if (!started) {
     hra_.hide();
@@ -230,7 +231,7 @@ void Game::TestRun(const std::string& caveText) {
   hra_.SetPlayer(PlayerOfFolder(frmStart2_.Player()));
   hra_.SetCollection(frmSada_.Sada().Text(SadaText::Name));
   ShowGame();
-  if (!hra_.Start(caveText, RunKind::Test)) return;
+  if (hra_.Start(caveText, RunKind::Test)) return;
   ShowEditor();
   zorik::Tell(skin_, &frmMain_, skin_.Text(99), kNoCaveWords.In(skin_));
 }

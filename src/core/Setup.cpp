@@ -4,6 +4,8 @@
 #include "core/Machine.h"
 #include "data/CaveO.h"
 #include "data/Collection.h"
+#include "data/Lines.h"
+#include "data/Result.h"
 #include "data/Scramble.h"
 
 namespace zorik {
@@ -183,14 +185,14 @@ void StartRun(Hra& hra, std::string caveText, const CaveRecord& cave, RunKind ki
   hra.stage().View(true);
 }
 
-std::optional<Failure> PaintCave(Hra& hra, std::string_view caveText, RunKind kind) {
+Result<Done> PaintCave(Hra& hra, std::string_view caveText, RunKind kind) {
   const Result<CaveRecord> cave = ReadCave(caveText);
   if (!cave) return Failure{cave.Message()};
   StartRun(hra, std::string(caveText), *cave, kind);
-  return std::nullopt;
+  return Done{};
 }
 
-std::optional<Failure> OpenCave(Hra& hra, const std::string& source, int number) {
+Result<Done> OpenCave(Hra& hra, const std::string& source, int number) {
   const Result<std::string> text = FetchCaveText(source, number);
   if (!text) return Failure{text.Message()};
   return PaintCave(hra, *text, RunKind::Play);

@@ -3,6 +3,7 @@
 
 #include "core/Machine.h"
 #include "data/CaveO.h"
+#include "data/RecordFile.h"
 
 namespace zorik {
 namespace {

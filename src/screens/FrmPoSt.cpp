@@ -10,6 +10,7 @@
 #include "data/Files.h"
 #include "data/MailFile.h"
 #include "data/RecordFile.h"
+#include "data/Result.h"
 #include "platform/PathText.h"
 #include "screens/CaveList.h"
 #include "screens/FrmDialog2.h"
@@ -243,17 +244,17 @@ void FrmPoSt::SetLWPost() {
   if (selection_) ShowColl();
 }
 
-std::optional<QString> FrmPoSt::LoadColl(const QString& path, const QString& player) {
+Result<Done> FrmPoSt::LoadColl(const QString& path, const QString& player) {
   const std::string name = PlayerOfFolder(player);
   Result<Selection> selection = Selection::LoadColl(PathBytes(path), name, FolderOf(player));
-  if (!selection) return kNotOpenedWords.Before(skin_) + "\r\n" + ShownPath(path);
+  if (!selection) return Failure{(kNotOpenedWords.Before(skin_) + "\r\n" + ShownPath(path)).toStdString()};
   selection_ = std::move(*selection);
   selection_->Count(unstored_);
   SkinIt();
   if (!testAttribute(Qt::WA_Moved)) move(screen()->availableGeometry().center() - rect().center());
   show();
   activateWindow();
-  return std::nullopt;
+  return Done{};
 }
 
 // The very folder that the start screen lists, or the one that a player of this name gets.

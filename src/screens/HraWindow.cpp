@@ -12,6 +12,7 @@
 
 #include "core/Machine.h"
 #include "data/Cp1250.h"
+#include "data/Result.h"
 #include "screens/FrmSettings.h"
 #include "screens/MsgBox.h"
 #include "screens/PlainText.h"
@@ -78,16 +79,16 @@ void HraWindow::SetCollection(const std::string& collection) {
   hra_.CollectionName = collection;
 }
 
-std::optional<Failure> HraWindow::Start(const std::string& caveText, RunKind kind) {
-  if (auto failure = PaintCave(hra_, caveText, kind)) return failure;
-  StartTicking();
-  return std::nullopt;
+Result<Done> HraWindow::Start(const std::string& caveText, RunKind kind) {
+  Result<Done> painted = PaintCave(hra_, caveText, kind);
+  if (painted) StartTicking();
+  return painted;
 }
 
-std::optional<Failure> HraWindow::StartRecord(const std::string& bytes) {
-  if (auto failure = Replay(hra_, bytes)) return failure;
-  StartTicking();
-  return std::nullopt;
+Result<Done> HraWindow::StartRecord(const std::string& bytes) {
+  Result<Done> started = Replay(hra_, bytes);
+  if (started) StartTicking();
+  return started;
 }
 
 void HraWindow::StartTicking() {
@@ -222,7 +223,7 @@ void HraWindow::PauseRun() {
 void HraWindow::ChangeSpeed(int delta) {
   int& speed = hra_.ReplayPlaying ? settings_.SpeedR : settings_.Speed;
   speed = ZmenRychlost(speed, delta);
-  StoreSett(settings_);
+  Disregard(StoreSett(settings_));  // a speed that cannot be kept is good for this run all the same
   SetInterval();
 }
 
@@ -313,7 +314,8 @@ void HraWindow::CaveOpens() {
   sounds_.SetSound(settings_.Sound);
   sounds_.SetLoops(settings_.Loops);
   sounds_.SetVolume(settings_.Volume);
-  sounds_.InicializaceZvuku(skin_.Places());
+  // Where sound cannot be opened the program has ended at its start.
+  Disregard(sounds_.InicializaceZvuku(skin_.Places()));
   ShowDecoration();
   topBar_->HideUnits();
   // The view toggle starts as whether this is a replay; in play the view scrolls whatever it says.

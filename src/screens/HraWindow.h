@@ -35,10 +35,10 @@ class HraWindow : public QWidget, private Stage {
 
   // Starts a run of a cave text, in play or in a test. The answer is the reason why it cannot be played; then
   // nothing has changed.
-  std::optional<Failure> Start(const std::string& caveText, RunKind kind);
+  Result<Done> Start(const std::string& caveText, RunKind kind);
 
   // Starts the playback of the bytes of a record, likewise.
-  std::optional<Failure> StartRecord(const std::string& bytes);
+  Result<Done> StartRecord(const std::string& bytes);
 
   // Whose run it is and of which collection, in Windows-1250; "/" is nobody.
   void SetPlayer(const std::string& player);

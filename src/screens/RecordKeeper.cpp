@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "data/Files.h"
+#include "data/Result.h"
 #include "platform/PathText.h"
 #include "screens/MsgBox.h"
 #include "screens/SaveBox.h"

@@ -4,10 +4,13 @@
 #include <cstdint>
 #include <optional>
 
-#include "core/Hra.h"
+#include "core/Cell.h"
+#include "core/Objects.h"
 #include "data/Chance.h"
 
 namespace zorik {
+
+struct Hra;
 
 // Numbers of tile sets that differ from the code of the object they show.
 enum TileSet : std::uint8_t {

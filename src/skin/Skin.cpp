@@ -4,6 +4,7 @@
 #include <functional>
 #include <utility>
 
+#include "data/Result.h"
 #include "skin/SkinCheck.h"
 
 namespace zorik {

@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "data/Chance.h"
-#include "data/Result.h"
+#include "data/ResultFwd.h"
 #include "platform/DSound.h"
 #include "platform/Settings.h"
 #include "skin/SkinFlaw.h"

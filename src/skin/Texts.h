@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "data/ResultFwd.h"
 #include "skin/SkinPlaces.h"
 
 namespace zorik {
@@ -15,9 +16,9 @@ inline constexpr std::size_t kTextCount = 200;
 class Texts {
  public:
   // Reads a language file: two lines of head, then a text a line, in which "#" stands for a line break.
-  // A file that begins with the mark of UTF-8 is that, all others are Windows-1250. False when the file is
+  // A file that begins with the mark of UTF-8 is that, all others are Windows-1250. Fails when the file is
   // too short; the places that it lacks are empty then.
-  bool LoadTexts(std::string_view bytes);
+  Result<Done> LoadTexts(std::string_view bytes);
 
   // The text at a place, UTF-8; empty when there is none.
   const std::string& At(int place) const;
@@ -27,10 +28,10 @@ class Texts {
 };
 
 // Loads the language of a skin, or of the default skin when it has none. When neither has one, retry is asked
-// as for every text file. False when the file is missing, cannot be read or is too short; the places that it
+// as for every text file. Fails when the file is missing, cannot be read or is too short; the places that it
 // lacks are empty then.
-bool LoadLanguage(const SkinPlaces& places, Texts& texts,
-                  const std::function<bool(const std::string& question)>& retry = {});
+Result<Done> LoadLanguage(const SkinPlaces& places, Texts& texts,
+                          const std::function<bool(const std::string& question)>& retry = {});
 
 // Puts a number, with one blank in front of it, in place of a mark that includes its own blank.
 std::string WithNumber(std::string text, std::string_view mark, int number);

@@ -7,6 +7,7 @@
 #include "data/CaveO.h"
 #include "data/Collection.h"
 #include "data/Files.h"
+#include "data/Result.h"
 #include "data/Samples.h"
 
 namespace zorik {
@@ -185,7 +186,7 @@ std::string FileWithOneCave() {
 TEST(OpenCave, StartsTheCaveWithThatMarkerInPlay) {
   Hra hra;
   hra.ReplayPlaying = hra.EditorRun = true;
-  ASSERT_FALSE(OpenCave(hra, FileWithOneCave(), 7));
+  ASSERT_TRUE(OpenCave(hra, FileWithOneCave(), 7));
   EXPECT_EQ(hra.CaveText, CaveText("a") + "---07");
   EXPECT_EQ(hra.CaveName, "a");
   EXPECT_FALSE(hra.ReplayPlaying);
@@ -195,20 +196,20 @@ TEST(OpenCave, StartsTheCaveWithThatMarkerInPlay) {
 
 TEST(OpenCave, OfANumberInNoLineStartsNothing) {
   Hra hra;
-  ASSERT_FALSE(OpenCave(hra, "*1", 0));
+  ASSERT_TRUE(OpenCave(hra, "*1", 0));
   const auto lost = OpenCave(hra, FileWithOneCave(), 1);
-  ASSERT_TRUE(lost);
-  EXPECT_FALSE(lost->message.empty());
+  ASSERT_FALSE(lost);
+  EXPECT_FALSE(lost.Message().empty());
   EXPECT_EQ(hra.CaveText, *NewCaveText(NewCaveSize::Small));
 }
 
 TEST(OpenCave, OfAFileThatIsNotThereStartsNothingAndNamesIt) {
   Hra hra;
-  ASSERT_FALSE(OpenCave(hra, "*1", 0));
+  ASSERT_TRUE(OpenCave(hra, "*1", 0));
   const std::string path = testing::TempDir() + "zorik-no-such-file.zk";
-  const auto failure = OpenCave(hra, path, 1);
-  ASSERT_TRUE(failure);
-  EXPECT_NE(failure->message.find(path), std::string::npos);
+  const auto opened = OpenCave(hra, path, 1);
+  ASSERT_FALSE(opened);
+  EXPECT_NE(opened.Message().find(path), std::string::npos);
   EXPECT_EQ(hra.CaveText, *NewCaveText(NewCaveSize::Small));
 }
 

@@ -12,6 +12,7 @@
 
 #include "Samples.h"
 #include "data/Files.h"
+#include "data/Result.h"
 #include "editors/SadaModel.h"
 
 namespace zorik {

@@ -5,6 +5,7 @@
 #include <QSignalSpy>
 #include <QTextEdit>
 
+#include "data/Result.h"
 #include "screens/CaveList.h"
 #include "screens/DialogScript.h"
 #include "screens/FrmPoSt.h"
@@ -83,7 +84,7 @@ TEST_F(FrmPoStTest, StandsInTheMiddleOfTheScreenUntilItIsMoved) {
   Open();
   EXPECT_EQ(window->geometry().center(), window->screen()->availableGeometry().center());
   window->move(3, 4);
-  ASSERT_FALSE(window->LoadColl(CollectionPath(), "Žofie"));
+  ASSERT_TRUE(window->LoadColl(CollectionPath(), "Žofie"));
   EXPECT_EQ(window->pos(), QPoint(3, 4));
 }
 
@@ -426,10 +427,10 @@ TEST_F(FrmPoStTest, SaysSoWhenTheCollectionCannotBeOpenedAndKeepsTheOldOne) {
   Open();
   Press(Qt::Key_Down);
   const auto missing = window->LoadColl("/nowhere/pryč.zk", "Žofie");
-  ASSERT_TRUE(missing);
-  EXPECT_EQ(*missing, "Soubor nelze otevřít:\r\n/nowhere/pryč.zk");
+  ASSERT_FALSE(missing);
+  EXPECT_EQ(QString::fromStdString(missing.Message()), "Soubor nelze otevřít:\r\n/nowhere/pryč.zk");
   folder.File("Caves/bad.zk", "garbage");
-  EXPECT_TRUE(window->LoadColl(QString::fromStdString(folder.Root() + "/Caves/bad.zk"), "Žofie"));
+  EXPECT_FALSE(window->LoadColl(QString::fromStdString(folder.Root() + "/Caves/bad.zk"), "Žofie"));
   EXPECT_EQ(List().Selected(), 2);
   EXPECT_EQ(Text("Label4"), "Sada");
   EXPECT_TRUE(window->isVisible());
@@ -449,7 +450,7 @@ TEST_F(FrmPoStTest, GoesOnWithACollectionThatVanishes) {
 
 TEST_F(FrmPoStTest, StaysHiddenWhenItsFirstCollectionCannotBeOpened) {
   window = std::make_unique<FrmPoSt>(skin, folder.Paths(), unstored);
-  EXPECT_TRUE(window->LoadColl("/nowhere/a.zk", "Žofie"));
+  EXPECT_FALSE(window->LoadColl("/nowhere/a.zk", "Žofie"));
   EXPECT_FALSE(window->isVisible());
 }
 
@@ -458,7 +459,7 @@ TEST_F(FrmPoStTest, ReadsTheRecordsAnewWhenACollectionIsOpenedAgain) {
   Open();
   window->Prosel(window->Slot(), 70, false);
   EXPECT_EQ(Score(1), 70);
-  ASSERT_FALSE(window->LoadColl(CollectionPath(), "Žofie"));
+  ASSERT_TRUE(window->LoadColl(CollectionPath(), "Žofie"));
   EXPECT_EQ(Score(1), 0) << "there is no record of that win";
   EXPECT_EQ(List().Selected(), 1);
 }
@@ -471,7 +472,7 @@ TEST_F(FrmPoStTest, TellsThatNoProgramTookTheLetterAsSoonAsItShowsAgain) {
   LetterOpeners openers;
   openers.file = [&](const QString&, const OpenFailed& told) { failed = told; };
   window = std::make_unique<FrmPoSt>(skin, folder.Paths(), unstored, openers);
-  EXPECT_FALSE(window->LoadColl(CollectionPath(), "Žofie"));
+  EXPECT_TRUE(window->LoadColl(CollectionPath(), "Žofie"));
   Press(Qt::Key_S);
   window->hide();
   {
@@ -488,7 +489,7 @@ TEST_F(FrmPoStTest, CountsAWinThatCouldNotBeStoredAndMarksIt) {
   Caves(3);
   Open();
   unstored.Keep({window->Slot(), 70, "the record"});
-  EXPECT_FALSE(window->LoadColl(CollectionPath(), "Žofie"));
+  EXPECT_TRUE(window->LoadColl(CollectionPath(), "Žofie"));
   EXPECT_EQ(Score(1), 70);
   EXPECT_EQ(Text("lblTotal"), "00070");
   EXPECT_EQ(Row(2), "c2") << "it is open";
@@ -509,7 +510,7 @@ TEST_F(FrmPoStTest, CountsAnotherPlayersUnstoredWinForNobodyElse) {
   Caves(2);
   Open();
   unstored.Keep({window->Slot(), 70, "the record"});
-  EXPECT_FALSE(window->LoadColl(CollectionPath(), "Adam"));
+  EXPECT_TRUE(window->LoadColl(CollectionPath(), "Adam"));
   EXPECT_EQ(Score(1), 0);
   EXPECT_TRUE(List().Rows()[0].stored);
 }
@@ -519,7 +520,7 @@ TEST_F(FrmPoStTest, TakesNoWinOfACaveThatItDoesNotHave) {
   Open();
   const RecordSlot slot = window->Slot();
   Collection({"a", "b"});
-  EXPECT_FALSE(window->LoadColl(CollectionPath(), "Žofie"));
+  EXPECT_TRUE(window->LoadColl(CollectionPath(), "Žofie"));
   window->Prosel(slot, 70, false);
   EXPECT_EQ(Score(1), 0);
   EXPECT_EQ(List().Selected(), 1);
@@ -530,7 +531,7 @@ TEST_F(FrmPoStTest, KeepsEachPlayersRecordsApart) {
   Record(1, 10);
   Open();
   EXPECT_EQ(Score(1), 10);
-  ASSERT_FALSE(window->LoadColl(CollectionPath(), "Adam"));
+  ASSERT_TRUE(window->LoadColl(CollectionPath(), "Adam"));
   EXPECT_EQ(Score(1), 0);
   EXPECT_EQ(window->Slot().Path, folder.Root() + "/Players/Adam/Sada - c1.zkr");
 }

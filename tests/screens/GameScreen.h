@@ -12,6 +12,7 @@
 
 #include "data/Cp1250.h"
 #include "data/Files.h"
+#include "data/Result.h"
 #include "screens/Folder.h"
 #include "screens/HraWindow.h"
 #include "screens/SkinButton.h"
