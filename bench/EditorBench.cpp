@@ -1,11 +1,13 @@
 // What a repaint of the cave editor's picture costs, in copies. A copy is one memcpy of an image of its size;
 // it is measured in turn with the repaints, so that a noisy machine slows both alike.
 #include <QApplication>
+#include <cstdlib>
 #include <random>
 #include <string>
 
 #include "bench/Copies.h"
 #include "data/CaveO.h"
+#include "data/Result.h"
 #include "editors/EditKom.h"
 
 namespace zorik {
@@ -31,7 +33,7 @@ std::string MixedCave() {
 // A repaint as the window asks for it, of all cells, each so many pixels wide and high.
 void Repaint(benchmark::State& state) {
   CaveModel cave;
-  (void)cave.OpenCave(MixedCave());
+  if (!cave.OpenCave(MixedCave())) std::abort();
   EditTiles tiles;
   tiles.Load({ZORIK_SKINS}, "Classic");
   EditKom picture(cave, tiles, nullptr);

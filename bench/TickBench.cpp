@@ -8,6 +8,7 @@
 #include "bench/InTurn.h"
 #include "core/Machine.h"
 #include "data/CaveO.h"
+#include "data/Result.h"
 
 namespace zorik {
 namespace {
@@ -82,7 +83,7 @@ int Monsters(const Hra& hra) {
 
 void TicksInFloors(benchmark::State& state, const std::string& caveText, int warmUp) {
   Hra start(1);
-  PaintCave(start, caveText, RunKind::Play);
+  if (!PaintCave(start, caveText, RunKind::Play)) return state.SkipWithError("no cave");
   for (int i = 0; i < warmUp; ++i) Tick(start, {});
   std::array<std::uint32_t, 256> table{};
   for (std::uint32_t i = 0; i < table.size(); ++i) table[i] = i * 7;

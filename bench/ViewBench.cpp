@@ -4,6 +4,7 @@
 // the first time, in loads when it is there already.
 #include <unistd.h>
 
+#include <cstdlib>
 #include <filesystem>
 #include <memory>
 #include <random>
@@ -14,6 +15,7 @@
 #include "bench/Copies.h"
 #include "core/Machine.h"
 #include "data/CaveO.h"
+#include "data/Result.h"
 #include "skin/CavePainter.h"
 
 namespace zorik {
@@ -52,7 +54,7 @@ class Pictured : public Stage {
  public:
   explicit Pictured(SkinPlaces places) : places_(std::move(places)) {
     hra_.SetStage(*this);
-    PaintCave(hra_, MixedCave(), RunKind::Play);
+    if (!PaintCave(hra_, MixedCave(), RunKind::Play)) std::abort();
   }
 
   void Draw(const ViewArea& area, QImage& drawn) {

@@ -1,5 +1,6 @@
 #include "Input.h"
 #include "data/CaveO.h"
+#include "data/Result.h"
 
 namespace zorik {
 

@@ -2,6 +2,7 @@
 #include "data/Collection.h"
 #include "data/Progress.h"
 #include "data/Readable.h"
+#include "data/Result.h"
 
 namespace zorik {
 

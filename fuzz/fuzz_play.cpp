@@ -5,6 +5,7 @@
 #include <string>
 
 #include "core/Hra.h"
+#include "data/Result.h"
 #include "trace/Trace.h"
 
 namespace {
@@ -32,12 +33,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const std::string bytes(reinterpret_cast<const char*>(data), size);
   const std::string script = bytes.substr(0, 16);
   auto live = std::make_unique<Hra>(size);
-  if (size < 16 || PaintCave(*live, bytes.substr(16), RunKind::Play)) return 0;
+  if (size < 16 || !PaintCave(*live, bytes.substr(16), RunKind::Play)) return 0;
   TickEnd end = TickEnd::Running;
   for (int i = 0; i < kTicks && end == TickEnd::Running; ++i) end = Tick(*live, KeysAt(script, i));
 
   auto again = std::make_unique<Hra>(1);
-  if (Replay(*again, SaveRecord(*live, 0))) std::abort();
+  if (!Replay(*again, SaveRecord(*live, 0))) std::abort();
   const int ticks = live->Ticks;
   TickEnd replayed = TickEnd::Running;
   for (int i = 0; i < ticks && replayed == TickEnd::Running; ++i) replayed = Tick(*again, {});

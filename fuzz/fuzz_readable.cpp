@@ -1,6 +1,7 @@
 #include "Input.h"
 #include "data/Collection.h"
 #include "data/Readable.h"
+#include "data/Result.h"
 
 namespace zorik {
 

@@ -1,4 +1,5 @@
 #include "Input.h"
+#include "data/Lines.h"
 #include "data/RecordFile.h"
 
 namespace zorik {

@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "Input.h"
+#include "data/Result.h"
 #include "skin/SkinTable.h"
 #include "skin/Texts.h"
 
@@ -26,7 +27,7 @@ void RequireSoundTable(const std::vector<std::string>& files) {
 void RequireSoundTexts(std::string_view bytes) {
   constexpr auto kLines = static_cast<std::ptrdiff_t>(kTextCount) + 2;
   Texts texts;
-  const bool complete = texts.LoadTexts(bytes);
+  const bool complete = static_cast<bool>(texts.LoadTexts(bytes));
   const auto ends = std::count(bytes.begin(), bytes.end(), '\n');
   fuzz::Require(!complete || ends >= kLines - 1);
   fuzz::Require(complete || ends < kLines);

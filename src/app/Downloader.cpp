@@ -6,11 +6,16 @@
 #include <string>
 #include <system_error>
 
+#include "data/Result.h"
 #include "platform/Inbox.h"
 #include "platform/PathText.h"
 #include "platform/Paths.h"
 
 namespace {
+
+using zorik::Done;
+using zorik::Failure;
+using zorik::Result;
 
 // What the desktop opens is named by its path or, now and then, by its link.
 QString PathOf(const QByteArray& name) {
@@ -22,11 +27,12 @@ QString PathOf(const QByteArray& name) {
   return zorik::PathText(error ? path.toStdString() : whole.lexically_normal().string());
 }
 
-bool StartGame(const QString& path) {
+Result<Done> StartGame(const QString& path) {
   QProcess game;
   game.setProgram(QCoreApplication::applicationDirPath() + "/zorik");
   qputenv(zorik::kOpenVariable, QByteArray::fromStdString(zorik::PathBytes(path)));
-  return game.startDetached();
+  if (game.startDetached()) return Done{};
+  return Failure{"the game does not start"};
 }
 
 }  // namespace
@@ -43,7 +49,9 @@ int main(int argc, char** argv) {
   const QString path = PathOf(name);
   const std::string programs = QCoreApplication::applicationDirPath().toStdString();
   const std::string home = zorik::OwnFolder(zorik::ReadSurroundings(programs));
-  if (zorik::HandOver(path, zorik::InboxPlace(home)) || StartGame(path)) return 0;
-  std::fputs("downloader: the game does not start\n", stderr);
+  if (zorik::HandOver(path, zorik::InboxPlace(home))) return 0;
+  const Result<Done> started = StartGame(path);
+  if (started) return 0;
+  std::fprintf(stderr, "downloader: %s\n", started.Message().c_str());
   return 1;
 }

@@ -7,6 +7,7 @@
 #include <random>
 
 #include "core/Hra.h"
+#include "data/Result.h"
 #include "editors/FrmCat.h"
 #include "platform/PathText.h"
 #include "screens/CavesOffer.h"
@@ -159,15 +160,15 @@ void Game::ShowGame() {
 }
 
 void Game::OpenCollection(const QString& path, const QString& player) {
-  std::optional<QString> failure;
-  {
+  const Result<Done> loaded = [&] {
     const BusyNotice notice(frmLoading_);
-    failure = frmPoSt_.LoadColl(path, player);
-    if (!failure) frmStart2_.hide();
-  }
-  if (!failure) return;
+    Result<Done> result = frmPoSt_.LoadColl(path, player);
+    if (result) frmStart2_.hide();
+    return result;
+  }();
+  if (loaded) return;
   ShowStart();
-  zorik::Tell(skin_, &frmStart2_, skin_.Text(TextId::Program), *failure);
+  zorik::Tell(skin_, &frmStart2_, skin_.Text(TextId::Program), QString::fromStdString(loaded.Message()));
 }
 
 // Shows the game window and takes a step of the flow that starts a run; false when none could be started.
@@ -207,15 +208,17 @@ void Game::ReplayWith(const std::function<Result<Done>()>& step, QWidget& from, 
   if (!begun) {
     hra_.hide();
     from.show();
-    zorik::Tell(skin_, &from, skin_.Text(TextId::Program), kNoRecordWords.Before(skin_) + "\n" + ShownPath(path));
+    zorik::Tell(skin_, &from, skin_.Text(TextId::Program),
+                kNoRecordWords.Before(skin_) + "\n" + ShownPath(path));
     return;
   }
   from.hide();
   const std::optional<std::string> other = flow_.MadeByAnother();
   if (!other) return;
   hra_.WithDialog([&] {
-    zorik::Tell(skin_, &hra_, skin_.Text(TextId::Program),
-                Shown(*other) + "  " + skin_.Text(TextId::RecordedBy) + "\n" + skin_.Text(TextId::RecordWillPlay));
+    zorik::Tell(
+        skin_, &hra_, skin_.Text(TextId::Program),
+        Shown(*other) + "  " + skin_.Text(TextId::RecordedBy) + "\n" + skin_.Text(TextId::RecordWillPlay));
   });
 }
 

@@ -15,6 +15,7 @@
 #include "data/Cp1250.h"
 #include "data/Files.h"
 #include "data/Folders.h"
+#include "data/Result.h"
 #include "skin/CavePainter.h"
 
 namespace zorik {
@@ -119,7 +120,7 @@ int PlayHeadless(const Paths& paths) {
   Hra hra;
   PictureStage stage(hra, painter);
   hra.SetStage(stage);
-  if (Replay(hra, *record)) {
+  if (!Replay(hra, *record)) {
     Print(words.NoCave);
     return 1;
   }

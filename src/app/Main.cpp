@@ -10,6 +10,7 @@
 #include "app/Game.h"
 #include "app/Headless.h"
 #include "app/HeadlessWords.h"
+#include "data/Result.h"
 #include "platform/Inbox.h"
 #include "platform/LeftFiles.h"
 #include "platform/Paths.h"

@@ -14,8 +14,8 @@
 #include "core/Objects.h"
 #include "core/Stage.h"
 #include "data/Chance.h"
-#include "data/RecordFile.h"
-#include "data/Result.h"
+#include "data/Lines.h"
+#include "data/ResultFwd.h"
 
 namespace zorik {
 
@@ -157,14 +157,14 @@ struct Hra : RunState {
 
 // Starts a run. When the text is empty, does not parse or tells of a cave above 100 x 60 cells, the reason
 // comes back and nothing has changed.
-std::optional<Failure> PaintCave(Hra& hra, std::string_view caveText, RunKind kind);
+Result<Done> PaintCave(Hra& hra, std::string_view caveText, RunKind kind);
 
 // Starts a run in play of a cave that a collection holds, which has been read already; fails as PaintCave
 // does.
-std::optional<Failure> OpenCave(Hra& hra, const PlayedCave& cave);
+Result<Done> OpenCave(Hra& hra, const PlayedCave& cave);
 
 // Starts the playback of a record, given as the bytes of its file; fails as PaintCave does.
-std::optional<Failure> Replay(Hra& hra, std::string bytes);
+Result<Done> Replay(Hra& hra, std::string bytes);
 
 // One tick: a tenth of a second of game time. A run that is won or whose record is over does not go on.
 TickEnd Tick(Hra& hra, const KeySnapshot& keys);

@@ -1,10 +1,13 @@
 // A run and its record: played back, started afresh, let go at the end, handed out when the run is won.
 #include "core/Machine.h"
+#include "data/Lines.h"
+#include "data/RecordFile.h"
+#include "data/Result.h"
 
 namespace zorik {
 namespace {
 
-std::optional<Failure> PlayFromStart(Hra& hra, RecordLines lines) {
+Result<Done> PlayFromStart(Hra& hra, RecordLines lines) {
   const RecordLines whole = lines;
   const RecordHead head = ReadRecordHead(lines);
   const Result<CaveRecord> cave = ReadCave(head.CaveText);
@@ -15,20 +18,21 @@ std::optional<Failure> PlayFromStart(Hra& hra, RecordLines lines) {
   hra.RecordPlayer = head.Player.empty() ? hra.PlayerName : head.Player;
   hra.Score = 0;
   StartRun(hra, head.CaveText, *cave, RunKind::Replay);
-  return std::nullopt;
+  return Done{};
 }
 
 }  // namespace
 
-std::optional<Failure> Replay(Hra& hra, std::string bytes) {
+Result<Done> Replay(Hra& hra, std::string bytes) {
   return PlayFromStart(hra, RecordLines(std::move(bytes)));
 }
 
+// What has been started once can be started again.
 void RestartCave(Hra& hra) {
   if (hra.ReplayPlaying()) {
-    PlayFromStart(hra, RecordLines(hra.WholeRecord));
+    Disregard(PlayFromStart(hra, RecordLines(hra.WholeRecord)));
   } else {
-    PaintCave(hra, hra.CaveText, hra.Kind);
+    Disregard(PaintCave(hra, hra.CaveText, hra.Kind));
   }
 }
 

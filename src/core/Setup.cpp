@@ -6,6 +6,8 @@
 #include "core/Patterns.h"
 #include "data/CaveO.h"
 #include "data/Collection.h"
+#include "data/Lines.h"
+#include "data/Result.h"
 #include "data/Scramble.h"
 
 namespace zorik {
@@ -152,9 +154,9 @@ void ChooseFirstUnit(Hra& hra) {
   hra.stage().ShowMessage(hra.DogCount < 5 ? TextId::FewDogs : TextId::ManyDogs, Colour::White, hra.DogCount);
 }
 
-std::optional<Failure> Unplayable(std::string_view text, const CaveRecord& cave) {
+Result<Done> Playable(std::string_view text, const CaveRecord& cave) {
   if (text.empty()) return Failure{"the cave is empty: its text was not found"};
-  if (cave.Width <= kMaxWidth && cave.Height <= kMaxHeight) return std::nullopt;
+  if (cave.Width <= kMaxWidth && cave.Height <= kMaxHeight) return Done{};
   return Failure{"the cave has " + std::to_string(cave.Width) + " x " + std::to_string(cave.Height) +
                  " cells, the largest that can be played has " + std::to_string(kMaxWidth) + " x " +
                  std::to_string(kMaxHeight)};
@@ -165,7 +167,7 @@ std::optional<Failure> Unplayable(std::string_view text, const CaveRecord& cave)
 Result<CaveRecord> ReadCave(std::string_view caveText) {
   Result<CaveRecord> cave = ParseCaveText(caveText);
   if (!cave) return cave;
-  if (auto failure = Unplayable(caveText, *cave)) return *failure;
+  if (const Result<Done> playable = Playable(caveText, *cave); !playable) return playable.Why();
   return cave;
 }
 
@@ -188,17 +190,17 @@ void StartRun(Hra& hra, std::string caveText, const CaveRecord& cave, RunKind ki
   hra.stage().View(true);
 }
 
-std::optional<Failure> PaintCave(Hra& hra, std::string_view caveText, RunKind kind) {
+Result<Done> PaintCave(Hra& hra, std::string_view caveText, RunKind kind) {
   const Result<CaveRecord> cave = ReadCave(caveText);
   if (!cave) return Failure{cave.Message()};
   StartRun(hra, std::string(caveText), *cave, kind);
-  return std::nullopt;
+  return Done{};
 }
 
-std::optional<Failure> OpenCave(Hra& hra, const PlayedCave& cave) {
-  if (auto failure = Unplayable(cave.Text, cave.Record)) return failure;
+Result<Done> OpenCave(Hra& hra, const PlayedCave& cave) {
+  if (Result<Done> playable = Playable(cave.Text, cave.Record); !playable) return playable;
   StartRun(hra, cave.Text, cave.Record, RunKind::Play);
-  return std::nullopt;
+  return Done{};
 }
 
 }  // namespace zorik

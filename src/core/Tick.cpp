@@ -9,19 +9,15 @@
 namespace zorik {
 namespace {
 
-// False when the tick ends here.
-bool NextRecordLine(Hra& hra, TickEnd& end) {
-  if (!hra.ReplayPlaying()) return true;
-  if (hra.Record.AtEnd()) {
-    end = TickEnd::RecordOver;
-    return false;
-  }
+// In a replay. Says what the record ends the tick with, and nothing when it goes on.
+std::optional<TickEnd> NextRecordLine(Hra& hra) {
+  if (!hra.ReplayPlaying()) return std::nullopt;
+  if (hra.Record.AtEnd()) return TickEnd::RecordOver;
   hra.RecordLine = hra.Record.Next();
   hra.RanDry = false;
-  if (!hra.RecordLine.empty()) return true;
+  if (!hra.RecordLine.empty()) return std::nullopt;
   RestartCave(hra);
-  end = TickEnd::Restarted;
-  return false;
+  return TickEnd::Restarted;
 }
 
 void Input(Hra& hra, const KeySnapshot& keys) {
@@ -130,12 +126,11 @@ void World(Hra& hra) {
 
 TickEnd Tick(Hra& hra, const KeySnapshot& keys) {
   if (hra.Win) return TickEnd::Won;
-  TickEnd end = TickEnd::Running;
   hra.SensorsListen = true;
   Animace(hra);
-  if (!NextRecordLine(hra, end)) {
+  if (const auto ended = NextRecordLine(hra)) {
     hra.SensorsListen = false;
-    return end;
+    return *ended;
   }
   World(hra);
   Input(hra, keys);
@@ -148,7 +143,7 @@ TickEnd Tick(Hra& hra, const KeySnapshot& keys) {
   ShowRemark(hra);
   EndRecordLine(hra);
   hra.stage().View(false);
-  if (hra.Win) end = TickEnd::Won;
+  TickEnd end = hra.Win ? TickEnd::Won : TickEnd::Running;
   if (RestartAsked(hra, keys)) {
     RestartCave(hra);
     end = TickEnd::Restarted;

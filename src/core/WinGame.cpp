@@ -4,6 +4,7 @@
 
 #include "core/Machine.h"
 #include "data/CaveO.h"
+#include "data/RecordFile.h"
 
 namespace zorik {
 namespace {

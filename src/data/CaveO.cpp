@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "data/Cp1250.h"
+#include "data/Result.h"
 
 namespace zorik {
 

@@ -7,9 +7,29 @@
 #include <string>
 #include <string_view>
 
-#include "data/Result.h"
+#include "data/ResultFwd.h"
 
 namespace zorik {
+
+// A cave as text: bytes one after another, without any between them. A number is one byte, its value plus
+// 65; texts are Windows-1250.
+//
+//   slime permeability              0 to 8
+//   length of the name, name
+//   length of the description, description
+//   width, height                   of the cave in cells
+//   time                            seconds, without their units
+//   units of both                   those of the time times 10, plus those of the gems needed
+//   gems needed                     without their units
+//   points of a gem                 before the finish opens
+//   points of a gem                 afterwards
+//   magic wall time, amoeba time    seconds
+//   colouring                       0 to 14
+//   cells                           width x height letters, row by row from the top left; Objects.h lists
+//   them the cat's program               all the rest, empty in most caves; CatScript.cpp reads it
+//
+// In a collection, and so in the records of its caves, five more bytes end the text, its marker: "---" and
+// the number of the cave with two digits.
 
 // In all files a number is one character, with this code for 0.
 inline constexpr int kNumberOffset = 65;

@@ -5,7 +5,9 @@
 #include <utility>
 
 #include "data/Files.h"
+#include "data/Lines.h"
 #include "data/RecordFile.h"
+#include "data/Result.h"
 #include "data/Scramble.h"
 
 namespace zorik {

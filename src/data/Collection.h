@@ -8,7 +8,7 @@
 
 #include "data/CaveO.h"
 #include "data/Chance.h"
-#include "data/Result.h"
+#include "data/ResultFwd.h"
 
 namespace zorik {
 

@@ -4,7 +4,9 @@
 
 #include "data/CaveO.h"
 #include "data/Collection.h"
+#include "data/Lines.h"
 #include "data/RecordFile.h"
+#include "data/Result.h"
 #include "data/Scramble.h"
 
 namespace zorik {

@@ -15,6 +15,7 @@
 #include <utility>
 
 #include "data/Cp1250.h"
+#include "data/Result.h"
 
 namespace zorik {
 
@@ -50,14 +51,14 @@ Failure SystemFailure(const std::string& action, const std::string& path) {
   return Failure{"cannot " + action + " " + path + ": " + std::generic_category().message(error)};
 }
 
-bool WriteAll(int file, std::string_view bytes) {
+Result<Done> WriteAll(int file, const std::string& named, std::string_view bytes) {
   while (!bytes.empty()) {
     const ssize_t written = write(file, bytes.data(), bytes.size());
     if (written < 0 && errno == EINTR) continue;
-    if (written < 0) return false;
+    if (written < 0) return SystemFailure("write", named);
     bytes.remove_prefix(static_cast<std::size_t>(written));
   }
-  return true;
+  return Done{};
 }
 
 std::string FolderOf(const std::string& path) {
@@ -101,10 +102,16 @@ void TakeOverMode(const std::string& path, int file) {
   if (stat(path.c_str(), &old) == 0) static_cast<void>(fchmod(file, (old.st_mode & 0777U) | 0600U));
 }
 
-bool FillAndRename(NewFile& file, const std::string& path, std::string_view bytes) {
+// A failure names the path that the caller knows.
+Result<Done> FillAndRename(NewFile& file, const std::string& path, const std::string& named,
+                           std::string_view bytes) {
   TakeOverMode(path, file.descriptor.number());
-  return WriteAll(file.descriptor.number(), bytes) && fsync(file.descriptor.number()) == 0 &&
-         file.descriptor.Close() && rename(file.path.c_str(), path.c_str()) == 0;
+  Result<Done> written = WriteAll(file.descriptor.number(), named, bytes);
+  if (!written) return written;
+  const bool kept = fsync(file.descriptor.number()) == 0 && file.descriptor.Close() &&
+                    rename(file.path.c_str(), path.c_str()) == 0;
+  if (!kept) return SystemFailure("write", named);
+  return written;
 }
 
 // Makes the new name last through a crash. Where a folder cannot be synced, the file is there all the same.
@@ -248,13 +255,13 @@ Result<Done> WriteWhole(const std::string& path, std::string_view bytes) {
   if (HoldsZero(path) || IsNoFile(target)) return NoFile("write", path);
   NewFile file = MakeFileBeside(target);
   if (!file.descriptor.IsOpen()) return SystemFailure("write", path);
-  if (!FillAndRename(file, target, bytes)) {
-    const Failure failure = SystemFailure("write", path);
+  Result<Done> filled = FillAndRename(file, target, path, bytes);
+  if (filled) {
+    SyncFolder(target);
+  } else {
     unlink(file.path.c_str());
-    return failure;
   }
-  SyncFolder(target);
-  return Done{};
+  return filled;
 }
 
 std::optional<int> WriterOf(std::string_view name) {

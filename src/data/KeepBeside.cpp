@@ -5,6 +5,7 @@
 #include <system_error>
 
 #include "data/Files.h"
+#include "data/Result.h"
 
 namespace zorik {
 

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "data/Result.h"
+#include "data/ResultFwd.h"
 
 namespace zorik {
 

@@ -4,7 +4,9 @@
 #include <system_error>
 
 #include "data/Files.h"
+#include "data/Lines.h"
 #include "data/RecordFile.h"
+#include "data/Result.h"
 
 namespace zorik {
 namespace {

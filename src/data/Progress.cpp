@@ -5,7 +5,9 @@
 
 #include "data/Cp1250.h"
 #include "data/Files.h"
+#include "data/Lines.h"
 #include "data/RecordFile.h"
+#include "data/Result.h"
 
 namespace zorik {
 

@@ -11,6 +11,7 @@
 #include "data/Cp1250.h"
 #include "data/ReadableCave.h"
 #include "data/ReadableText.h"
+#include "data/Result.h"
 
 namespace zorik {
 

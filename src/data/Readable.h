@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "data/Chance.h"
-#include "data/Result.h"
+#include "data/ResultFwd.h"
 
 namespace zorik {
 

@@ -10,6 +10,7 @@
 #include "data/Collection.h"
 #include "data/Cp1250.h"
 #include "data/ReadableText.h"
+#include "data/Result.h"
 
 namespace zorik {
 

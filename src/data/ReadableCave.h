@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "data/Result.h"
+#include "data/ResultFwd.h"
 
 namespace zorik {
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "data/CaveO.h"
+#include "data/Lines.h"
 #include "data/Scramble.h"
 
 namespace zorik {
@@ -28,20 +29,6 @@ int ScoreOf(std::string_view digits) {
 std::string FiveDigits(int score) {
   const std::string digits = std::to_string(std::max(score, 0));
   return digits.size() < kScoreDigits ? std::string(kScoreDigits - digits.size(), '0') + digits : digits;
-}
-
-std::string_view RecordLines::Next() {
-  if (AtEnd()) return {};
-  const std::string_view rest = std::string_view(*bytes_).substr(place_);
-  const std::string_view wanted = ends_ == LineEnds::CrLf ? kLineEnd : kLineEnd.substr(1);
-  const std::size_t end = rest.find(wanted);
-  if (end == std::string_view::npos) {
-    place_ = bytes_->size();
-    return rest;
-  }
-  place_ += end + wanted.size();
-  const bool carriageReturn = ends_ == LineEnds::CrLfOrLf && end > 0 && rest[end - 1] == '\r';
-  return rest.substr(0, carriageReturn ? end - 1 : end);
 }
 
 RecordHead ReadRecordHead(RecordLines& lines) {

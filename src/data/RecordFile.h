@@ -1,38 +1,36 @@
 #pragma once
 
-#include <cstddef>
-#include <memory>
 #include <string>
 #include <string_view>
-#include <utility>
 
 #include "data/Chance.h"
 
 namespace zorik {
 
-// What ends a line: only carriage return and line feed together, as in records, or a line feed alone as
-// well, as in collections and skin files, which people may have edited.
-enum class LineEnds { CrLf, CrLfOrLf };
+class RecordLines;
 
-// Reads a file's bytes line by line, and a record's tick by tick. An unterminated last line counts, a
-// terminated one adds no empty line behind it. Bytes stay as they are. A copy shares the bytes and goes on
-// by itself, so it costs next to nothing.
-class RecordLines {
- public:
-  explicit RecordLines(std::string bytes = {}, LineEnds ends = LineEnds::CrLf)
-      : bytes_(std::make_shared<const std::string>(std::move(bytes))), ends_(ends) {}
-
-  bool AtEnd() const { return place_ >= bytes_->size(); }
-
-  // The next line without its end; empty at the end of the bytes. The view lives as long as this object or
-  // any copy of it.
-  std::string_view Next();
-
- private:
-  std::shared_ptr<const std::string> bytes_;
-  std::size_t place_ = 0;
-  LineEnds ends_;
-};
+// A record of a won run: the bytes of a file .zkr. Lines end in CR LF; a text in them is Windows-1250.
+//
+// The first three lines are scrambled (Scramble.h), each by itself; these are their plain forms:
+//
+//   collection\r00450         name of the cave's collection, a carriage return, the score as five digits;
+//                             a line without that ending is all name, and its score is 0
+//   player                    empty for a test run from the cave editor
+//   cave text                 as CaveO.h tells, with its marker if the cave came from a collection
+//
+// Then comes a line for each tick, which is not scrambled. In it a number is one byte, its value plus 65, and
+// the numbers stand in the order in which the tick comes to them (Tick.cpp):
+//
+//   outcomes of chance that the world asked for: the cat, what moves by itself, at last the amoeba, which
+//   asks in every tick, so no line of a run is empty
+//   the keys, three numbers: the arrow (37 left, 38 up, 39 right, 40 down, 0 none); 1 if the action key is
+//   held, else 0; the unit that is steered from then on, 0 the fleas, 1 to 9 the dogs
+//   outcomes that the unit's step asked for; beside them stands what a rule has chosen by itself, its value
+//   plus 1 (PseudoNahoda)
+//
+// A tick in which no keys are heeded, as the time is up or a dog is within the teleport, has none of those
+// three. What nobody asks for at the end of a line is a remark that somebody wrote there, scrambled. An empty
+// line begins the cave again. The line of the tick that wins is the last, and has no end.
 
 // What stands before the moves of a recorded run.
 struct RecordHead {

@@ -8,7 +8,9 @@
 #include "data/CaveO.h"
 #include "data/Cp1250.h"
 #include "data/Files.h"
+#include "data/Lines.h"
 #include "data/RecordFile.h"
+#include "data/Result.h"
 
 namespace zorik {
 namespace {

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "data/Result.h"
+#include "data/ResultFwd.h"
 
 namespace zorik {
 

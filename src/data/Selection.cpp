@@ -5,6 +5,7 @@
 #include "data/Cp1250.h"
 #include "data/Files.h"
 #include "data/RecordFile.h"
+#include "data/Result.h"
 
 namespace zorik {
 namespace {

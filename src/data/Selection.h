@@ -5,7 +5,7 @@
 #include "data/Collection.h"
 #include "data/Progress.h"
 #include "data/RecordSlot.h"
-#include "data/Result.h"
+#include "data/ResultFwd.h"
 
 namespace zorik {
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "data/Result.h"
 #include "editors/ToolTable.h"
 
 namespace zorik {

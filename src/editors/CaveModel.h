@@ -10,7 +10,7 @@
 
 #include "data/CaveO.h"
 #include "data/Chance.h"
-#include "data/Result.h"
+#include "data/ResultFwd.h"
 #include "editors/Formality.h"
 
 namespace zorik {

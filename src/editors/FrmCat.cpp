@@ -10,6 +10,7 @@
 #include <QVBoxLayout>
 
 #include "data/Files.h"
+#include "data/Result.h"
 #include "editors/WindowPlace.h"
 #include "screens/Hint.h"
 #include "screens/MsgBox.h"

@@ -10,6 +10,7 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include "data/Result.h"
 #include "editors/CaveView.h"
 #include "editors/FrmFormality.h"
 #include "editors/FrmStats.h"

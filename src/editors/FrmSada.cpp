@@ -8,6 +8,7 @@
 
 #include "data/Cp1250.h"
 #include "data/Files.h"
+#include "data/Result.h"
 #include "editors/BoxText.h"
 #include "editors/FaultWords.h"
 #include "editors/Marks.h"
@@ -169,14 +170,15 @@ bool FrmSada::SaveColl(const QString& path) {
   return false;
 }
 
-bool FrmSada::Store(const QString& path) {
+Result<Done> FrmSada::Store(const QString& path) {
   const Result<SadaModel::SaveReport> saved = [&] {
     const BusyNotice busy(frmLoading_);
     return sada_.Save(PathBytes(path));
   }();
   AfterChange();
-  if (saved) TellSaved(*saved);
-  return static_cast<bool>(saved);
+  if (!saved) return Failure{saved.Message()};
+  TellSaved(*saved);
+  return Done{};
 }
 
 void FrmSada::TellSaved(const SadaModel::SaveReport& report) {

@@ -80,7 +80,7 @@ class FrmSada : public QMainWindow {
   void TellClosed();
   // False when the collection was not saved; a message has told why, unless the author has cancelled.
   bool SaveColl(const QString& path);
-  bool Store(const QString& path);
+  Result<Done> Store(const QString& path);
   void TellSaved(const SadaModel::SaveReport& report);
   // Where to save what could not be saved to this path: there again, or elsewhere; empty for nowhere.
   QString AskWhereElse(const QString& path);

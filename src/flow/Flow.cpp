@@ -72,14 +72,14 @@ Result<Done> Flow::Replay(const std::string& path, const std::string& player) {
 
 // The machine has to know the names of a run when that starts.
 Result<Done> Flow::Begin(const std::string& collection, const std::string& player,
-                         const std::function<std::optional<Failure>()>& step) {
+                         const std::function<Result<Done>()>& step) {
   const std::string collectionBefore = std::exchange(hra_.CollectionName, collection);
   const std::string playerBefore = std::exchange(hra_.PlayerName, player);
-  const std::optional<Failure> failure = step();
-  if (!failure) return Done{};
+  Result<Done> begun = step();
+  if (begun) return begun;
   hra_.CollectionName = collectionBefore;
   hra_.PlayerName = playerBefore;
-  return *failure;
+  return begun;
 }
 
 std::optional<std::string> Flow::MadeByAnother() const {

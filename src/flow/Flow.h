@@ -134,7 +134,7 @@ class Flow {
   std::string FolderOf(const std::string& playerFolder) const;
   Result<Done> Replay(const std::string& path, const std::string& player);
   Result<Done> Begin(const std::string& collection, const std::string& player,
-                     const std::function<std::optional<Failure>()>& step);
+                     const std::function<Result<Done>()>& step);
   RecordSlot TestSlot() const;
 
   Hra& hra_;

@@ -9,6 +9,7 @@
 #include "data/CaveO.h"
 #include "data/Files.h"
 #include "data/KeepBeside.h"
+#include "data/Result.h"
 
 namespace zorik {
 

@@ -9,7 +9,7 @@
 #include "data/Chance.h"
 #include "data/Collection.h"
 #include "data/CollectionFaults.h"
-#include "data/Result.h"
+#include "data/ResultFwd.h"
 
 namespace zorik {
 

@@ -14,6 +14,7 @@
 #include <system_error>
 #include <utility>
 
+#include "data/Result.h"
 #include "platform/MixBus.h"
 #include "platform/WaveFile.h"
 

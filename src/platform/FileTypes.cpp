@@ -11,6 +11,7 @@
 
 #include "data/Cp1250.h"
 #include "data/Files.h"
+#include "data/Result.h"
 #include "platform/FolderAlias.h"
 #include "platform/PathText.h"
 #include "platform/Settings.h"
@@ -96,33 +97,38 @@ bool SystemHasThem(const std::vector<std::string>& folders) {
   return false;
 }
 
-bool Put(const fs::path& path, const std::string& bytes) {
+Result<Written> Put(const fs::path& path, const std::string& bytes) {
   const auto old = ReadWhole(path.string());
-  if (old && *old == bytes) return false;
+  if (old && *old == bytes) return Written::Nothing;
   std::error_code error;
   fs::create_directories(path.parent_path(), error);
-  return static_cast<bool>(WriteWhole(path.string(), bytes));
+  const Result<Done> written = WriteWhole(path.string(), bytes);
+  if (!written) return Failure{written.Message()};
+  return Written::Something;
 }
 
-// Runs one of the desktop's own programs and does not wait for it. False when the desktop has it not.
-bool Run(const char* program, const QStringList& arguments) {
+// Runs one of the desktop's own programs and does not wait for it. Fails when the desktop has it not.
+Result<Done> Run(const char* program, const QStringList& arguments) {
   const QString path = QStandardPaths::findExecutable(program);
-  if (path.isEmpty()) return false;
+  const Failure failure{std::string(program) + " cannot be run"};
+  if (path.isEmpty()) return failure;
   QProcess process;
   process.setProgram(path);
   process.setArguments(arguments);
   process.setStandardOutputFile(QProcess::nullDevice());
   process.setStandardErrorFile(QProcess::nullDevice());
-  return process.startDetached();
+  if (!process.startDetached()) return failure;
+  return Done{};
 }
 
-// Without the program that looks through all entries, this one is named as that of its types.
+// Without the program that looks through all entries, this one is named as that of its types. A desktop that
+// lacks the others as well finds the files when it looks anew by itself.
 void TellDesktop(const QString& dataHome) {
-  Run("update-mime-database", {dataHome + "/mime"});
+  Disregard(Run("update-mime-database", {dataHome + "/mime"}));
   if (Run("update-desktop-database", {dataHome + "/applications"})) return;
   QStringList arguments = {"default", QFileInfo(kEntry).fileName()};
   for (const char* const type : kTypes) arguments.push_back(type);
-  Run("xdg-mime", arguments);
+  Disregard(Run("xdg-mime", arguments));
 }
 
 // The toolkit tells another folder where the name is no UTF-8.
@@ -168,22 +174,25 @@ std::string OpenerEntry(const std::string& programFolder) {
   return entry + "\n";
 }
 
-bool WriteFileTypes(const FileTypes& types) {
+Result<Written> WriteFileTypes(const FileTypes& types) {
   std::error_code error;
   // An entry of the desktop can hold no path that is not UTF-8.
   const bool helper =
       IsUtf8(types.ProgramFolder) && fs::exists(fs::path(types.ProgramFolder) / kHelper, error);
-  if (types.DataHome.empty() || !helper || SystemHasThem(types.DataFolders)) return false;
+  if (types.DataHome.empty() || !helper || SystemHasThem(types.DataFolders)) return Written::Nothing;
   const fs::path home = types.DataHome;
-  const bool entry = Put(home / kEntry, OpenerEntry(types.ProgramFolder));
-  const bool package = Put(home / kPackage, MimePackage(types.CollectionWords, types.RecordWords));
-  return entry || package;
+  const Result<Written> entry = Put(home / kEntry, OpenerEntry(types.ProgramFolder));
+  const Result<Written> package = Put(home / kPackage, MimePackage(types.CollectionWords, types.RecordWords));
+  if (!entry) return entry;
+  if (!package) return package;
+  return *entry == Written::Something ? entry : package;
 }
 
 void RegExt(const std::string& collectionWords, const std::string& recordWords) {
   const FileTypes types = FileTypesHere(collectionWords, recordWords);
   StorePath(QString::fromStdString(types.ProgramFolder));
-  if (!WriteFileTypes(types)) return;
+  const Result<Written> written = WriteFileTypes(types);
+  if (!written || *written == Written::Nothing) return;
   TellDesktop(FolderAlias(types.DataHome));
 }
 

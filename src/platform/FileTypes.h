@@ -3,6 +3,8 @@
 #include <string>
 #include <vector>
 
+#include "data/ResultFwd.h"
+
 namespace zorik {
 
 // What the desktop is to know of the game's files; paths are UTF-8.
@@ -23,9 +25,12 @@ std::string MimePackage(const std::string& collectionWords, const std::string& r
 // The desktop entry that has such files opened by the helper in this folder.
 std::string OpenerEntry(const std::string& programFolder);
 
+enum class Written { Nothing, Something };
+
 // Writes both for this user, in place of what stands there, unless the system has them from an installation
-// or there is no helper. True when something has changed.
-bool WriteFileTypes(const FileTypes& types);
+// or there is no helper. What stands there already is not written again. Fails when one of them cannot be
+// written.
+Result<Written> WriteFileTypes(const FileTypes& types);
 
 // The same for this user and this program; then the desktop is told to look anew, and the program's folder is
 // stored. Errors are not looked at: without the right to write all stays as it was.

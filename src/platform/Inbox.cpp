@@ -9,6 +9,7 @@
 #include <system_error>
 #include <utility>
 
+#include "data/Result.h"
 #include "platform/PathText.h"
 
 namespace zorik {
@@ -88,25 +89,27 @@ void Inbox::Take(QLocalSocket& guest) {
   TellLater();
 }
 
-bool HandOver(const QString& path, const QString& place) {
+Result<Done> HandOver(const QString& path, const QString& place) {
+  const Failure failure{"no game answers at " + PathBytes(place)};
   QLocalSocket socket;
   socket.connectToServer(place);
-  if (!socket.waitForConnected(kPatience)) return false;
+  if (!socket.waitForConnected(kPatience)) return failure;
   socket.write(QByteArray::fromStdString(PathBytes(path)) + kEnd);
   char answer = 0;
   while (socket.bytesAvailable() == 0 && socket.waitForReadyRead(kPatience)) {
   }
-  return socket.read(&answer, 1) == 1 && answer == kTaken;
+  if (socket.read(&answer, 1) != 1 || answer != kTaken) return failure;
+  return Done{};
 }
 
-bool HandOverPatiently(const QString& path, const QString& place) {
+Result<Done> HandOverPatiently(const QString& path, const QString& place) {
   QElapsedTimer clock;
   clock.start();
-  while (!HandOver(path, place)) {
-    if (clock.elapsed() > kLongPatience) return false;
+  for (;;) {
+    Result<Done> handed = HandOver(path, place);
+    if (handed || clock.elapsed() > kLongPatience) return handed;
     QThread::msleep(kBetweenTries);
   }
-  return true;
 }
 
 QString TakeFileFromStart() {

@@ -7,6 +7,8 @@
 #include <functional>
 #include <string>
 
+#include "data/ResultFwd.h"
+
 class QLocalSocket;
 
 namespace zorik {
@@ -42,12 +44,12 @@ class Inbox {
   QLocalServer server_;
 };
 
-// The other end: hands an absolute path to the running game, or an empty one to make it show itself. False
+// The other end: hands an absolute path to the running game, or an empty one to make it show itself. Fails
 // when no game answers.
-bool HandOver(const QString& path, const QString& place);
+Result<Done> HandOver(const QString& path, const QString& place);
 
 // The same for a game that is known to be there, but may have been started just now.
-bool HandOverPatiently(const QString& path, const QString& place);
+Result<Done> HandOverPatiently(const QString& path, const QString& place);
 
 // The path of the file that the game was started for, and empty from the second time on.
 QString TakeFileFromStart();

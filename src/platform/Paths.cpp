@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <system_error>
 
+#include "data/Result.h"
 #include "platform/ShippedCaves.h"
 
 namespace zorik {

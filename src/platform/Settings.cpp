@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "data/Result.h"
+#include "platform/PathText.h"
 #include "platform/UserStore.h"
 
 namespace zorik {
@@ -27,9 +29,10 @@ int ReadVolume(const QSettings& store) {
   return number ? std::clamp(volume, 0, kFullVolume) : kFullVolume;
 }
 
-bool IsWritten(QSettings& store) {
+Result<Done> Write(QSettings& store) {
   store.sync();
-  return store.status() == QSettings::NoError;
+  if (store.status() == QSettings::NoError) return Done{};
+  return Failure{"cannot write the settings to " + PathBytes(store.fileName())};
 }
 
 // Spares the disk what it holds already.
@@ -44,7 +47,7 @@ Settings FindSett() {
   const ZorikStore store;
   settings.Skin = store.value("Skin", settings.Skin).toString();
   if (store.value("Speed").toInt() == 0) {
-    StoreSett(settings);
+    Disregard(StoreSett(settings));  // without a store these defaults come at every start
     return settings;
   }
   settings.Speed = ReadSpeed(store, "Speed");
@@ -57,7 +60,7 @@ Settings FindSett() {
   return settings;
 }
 
-bool StoreSett(const Settings& settings) {
+Result<Done> StoreSett(const Settings& settings) {
   ZorikStore store;
   store.setValue("NoSurprise", settings.NoSurprise ? 1 : 0);
   store.setValue("Speed", settings.Speed);
@@ -66,13 +69,13 @@ bool StoreSett(const Settings& settings) {
   store.setValue("Joystick", settings.Joystick ? 1 : 0);
   store.setValue("Volume", settings.Volume);
   store.setValue("Loops", settings.Loops ? 1 : 0);
-  return IsWritten(store);
+  return Write(store);
 }
 
-bool StoreSkin(const QString& skin) {
+Result<Done> StoreSkin(const QString& skin) {
   ZorikStore store;
   store.setValue("Skin", skin);
-  return IsWritten(store);
+  return Write(store);
 }
 
 void StorePath(const QString& folder) {

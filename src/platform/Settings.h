@@ -2,6 +2,8 @@
 
 #include <QString>
 
+#include "data/ResultFwd.h"
+
 namespace zorik {
 
 inline constexpr int kFullVolume = 10;
@@ -23,12 +25,12 @@ struct Settings {
 // Reads the store; values out of range are limited. At the first start it writes the defaults.
 Settings FindSett();
 
-// Writes all values but the skin, which is written where it is chosen. False when they could not be written;
-// the old ones stand then.
-bool StoreSett(const Settings& settings);
+// Writes all values but the skin, which is written where it is chosen. Fails when they cannot be written; the
+// old ones stand then.
+Result<Done> StoreSett(const Settings& settings);
 
 // Writes the name of the skin's folder; likewise.
-bool StoreSkin(const QString& skin);
+Result<Done> StoreSkin(const QString& skin);
 
 // Writes the folder that the program lies in.
 void StorePath(const QString& folder);

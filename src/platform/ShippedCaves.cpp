@@ -7,7 +7,9 @@
 
 #include "data/Files.h"
 #include "data/Folders.h"
+#include "data/Lines.h"
 #include "data/RecordFile.h"
+#include "data/Result.h"
 #include "platform/Paths.h"
 
 namespace zorik {

@@ -7,6 +7,7 @@
 #include <QTemporaryFile>
 
 #include "data/Cp1250.h"
+#include "data/Result.h"
 #include "platform/PathText.h"
 
 namespace zorik {
@@ -19,12 +20,15 @@ bool TakesFiles(const QString& folder) {
 
 }  // namespace
 
-bool MoveToTrash(const QString& path) {
+Result<Done> MoveToTrash(const QString& path) {
+  const Failure failure{"cannot move " + PathBytes(path) + " into the trash"};
   // The toolkit would take another file for one whose name is no UTF-8.
-  if (!IsUtf8(PathBytes(path))) return false;
+  if (!IsUtf8(PathBytes(path))) return failure;
   const QString trash = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + "/Trash";
-  if (QStorageInfo(path) != QStorageInfo(QDir::home())) return false;
-  return TakesFiles(trash + "/info") && TakesFiles(trash + "/files") && QFile::moveToTrash(path);
+  if (QStorageInfo(path) != QStorageInfo(QDir::home())) return failure;
+  if (!TakesFiles(trash + "/info") || !TakesFiles(trash + "/files") || !QFile::moveToTrash(path))
+    return failure;
+  return Done{};
 }
 
 }  // namespace zorik

@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "data/Files.h"
+#include "data/Result.h"
 
 namespace zorik {
 namespace {

@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <system_error>
 
+#include "data/Result.h"
 #include "platform/PathText.h"
 #include "platform/Trash.h"
 #include "screens/MsgBox.h"
@@ -13,9 +14,11 @@
 namespace zorik {
 namespace {
 
-bool PutAway(const QString& path) {
+Result<Done> PutAway(const QString& path) {
+  if (MoveToTrash(path)) return Done{};
   std::error_code error;
-  return MoveToTrash(path) || std::filesystem::remove(PathBytes(path), error);
+  if (std::filesystem::remove(PathBytes(path), error)) return Done{};
+  return Failure{"cannot delete " + PathBytes(path) + ": " + error.message()};
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "data/Result.h"
 #include "platform/PathText.h"
 #include "platform/Paths.h"
 #include "platform/ShippedCaves.h"
@@ -40,7 +41,7 @@ void OfferCaves(Skin& skin, Paths& paths) {
   const QString question = kLackingWords.In(skin) + '\n' + NamesOf(paths, lacking) + kAgainWords.In(skin);
   if (!Ask(skin, nullptr, skin.Text(TextId::Program), question)) {
     // Where this cannot be kept the question comes again.
-    static_cast<void>(DeclineCaves(paths, lacking));
+    Disregard(DeclineCaves(paths, lacking));
     return;
   }
   const Result<Done> brought = BringCaves(paths, lacking);

@@ -7,6 +7,7 @@
 
 #include "data/MailFile.h"
 #include "data/RecordFile.h"
+#include "data/Result.h"
 #include "flow/Flow.h"
 #include "platform/PathText.h"
 #include "screens/CaveList.h"
@@ -223,14 +224,14 @@ void FrmPoSt::SetLWPost() {
   if (flow_.IsOpen()) ShowColl();
 }
 
-std::optional<QString> FrmPoSt::LoadColl(const QString& path, const QString& player) {
+Result<Done> FrmPoSt::LoadColl(const QString& path, const QString& player) {
   if (!flow_.OpenCollection(PathBytes(path), PathBytes(player)))
-    return kNotOpenedWords.Before(skin_) + "\r\n" + ShownPath(path);
+    return Failure{(kNotOpenedWords.Before(skin_) + "\r\n" + ShownPath(path)).toStdString()};
   SkinIt();
   if (!testAttribute(Qt::WA_Moved)) move(screen()->availableGeometry().center() - rect().center());
   show();
   activateWindow();
-  return std::nullopt;
+  return Done{};
 }
 
 const Selection& FrmPoSt::Caves() const {
@@ -279,7 +280,8 @@ void FrmPoSt::FillRows() {
 
 void FrmPoSt::CelkSkore() {
   const int rest = Caves().Rest();
-  lblRest_->SetText(skin_.Text(TextId::Rest) + ' ' + QString::number(rest) + ' ' + RestWord(skin_, rest) + '.');
+  lblRest_->SetText(skin_.Text(TextId::Rest) + ' ' + QString::number(rest) + ' ' + RestWord(skin_, rest) +
+                    '.');
   ShowTotal();
   Show(*congratulation_, rest == 0);
 }

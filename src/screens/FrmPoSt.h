@@ -36,7 +36,7 @@ class FrmPoSt : public SkinWindow {
 
   // Opens a collection for a player and shows the screen. When the collection cannot be opened, the answer is
   // a message for the player, and nothing has changed.
-  std::optional<QString> LoadColl(const QString& path, const QString& player);
+  Result<Done> LoadColl(const QString& path, const QString& player);
 
   // Takes the looks, or the texts, of the skin that is worn by now.
   void SkinIt();

@@ -11,6 +11,7 @@
 
 #include "data/Cp1250.h"
 #include "data/Folders.h"
+#include "data/Result.h"
 #include "platform/PathText.h"
 #include "screens/MsgBox.h"
 #include "screens/PlainText.h"

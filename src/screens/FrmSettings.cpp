@@ -3,6 +3,7 @@
 #include <QGridLayout>
 #include <QLabel>
 
+#include "data/Result.h"
 #include "screens/MsgBox.h"
 #include "screens/PlainText.h"
 #include "screens/SkinButton.h"

@@ -14,6 +14,7 @@
 #include "core/Patterns.h"
 #include "core/Speed.h"
 #include "data/Cp1250.h"
+#include "data/Result.h"
 #include "screens/BarColours.h"
 #include "screens/FrmSettings.h"
 #include "screens/MsgBox.h"
@@ -206,7 +207,7 @@ void HraWindow::PauseRun() {
 void HraWindow::ChangeSpeed(int delta) {
   int& speed = hra_.ReplayPlaying() ? settings_.SpeedR : settings_.Speed;
   speed = ZmenRychlost(speed, delta);
-  StoreSett(settings_);
+  Disregard(StoreSett(settings_));  // a speed that cannot be kept is good for this run all the same
   SetInterval();
 }
 
@@ -294,7 +295,8 @@ void HraWindow::CaveOpens() {
   sounds_.SetSound(settings_.Sound);
   sounds_.SetLoops(settings_.Loops);
   sounds_.SetVolume(settings_.Volume);
-  sounds_.InicializaceZvuku(skin_.Places());
+  // Where sound cannot be opened the program has ended at its start.
+  Disregard(sounds_.InicializaceZvuku(skin_.Places()));
   ShowDecoration();
   topBar_->HideUnits();
   // The view toggle starts as whether this is a replay; in play the view scrolls whatever it says.

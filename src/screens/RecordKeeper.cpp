@@ -5,8 +5,10 @@
 #include <optional>
 #include <vector>
 
-#include "platform/FolderAlias.h"
+#include "data/Files.h"
+#include "data/Result.h"
 #include "flow/Flow.h"
+#include "platform/FolderAlias.h"
 #include "platform/PathText.h"
 #include "screens/MsgBox.h"
 #include "screens/SaveBox.h"
@@ -57,7 +59,8 @@ void RecordKeeper::OfferAgain(const RecordSlot& slot, QWidget* parent) {
 void RecordKeeper::Offer(const WonRun& run, QWidget* parent) {
   const QString text = kNotStoredWords.In(skin_) + '\n' + ShownPath(run.Slot.Path);
   while (flow_.Unstored().Find(run.Slot) != nullptr) {
-    switch (SkinMsgBox(skin_, parent, text, MsgButtons::NotStored, MsgIcon::OfSet, skin_.Text(TextId::Program))) {
+    switch (
+        SkinMsgBox(skin_, parent, text, MsgButtons::NotStored, MsgIcon::OfSet, skin_.Text(TextId::Program))) {
       case MsgResult::Retry:
         Try(run, parent);
         break;

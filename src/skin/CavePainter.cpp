@@ -1,5 +1,7 @@
 #include "skin/CavePainter.h"
 
+#include "core/Hra.h"
+
 namespace zorik {
 
 void CavePainter::CaveOpens(const Hra& hra) {

@@ -1,5 +1,6 @@
 #include "skin/CellPictures.h"
 
+#include "core/Hra.h"
 #include "core/Machine.h"
 #include "core/Patterns.h"
 

@@ -4,7 +4,8 @@
 #include <cstdint>
 #include <optional>
 
-#include "core/Hra.h"
+#include "core/Cell.h"
+#include "core/Objects.h"
 #include "data/Chance.h"
 
 namespace zorik {

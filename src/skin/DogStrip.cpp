@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstdint>
 
+#include "core/Hra.h"
 #include "skin/DrText.h"
 #include "skin/GameFont.h"
 #include "skin/HslColor.h"

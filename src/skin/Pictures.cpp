@@ -10,6 +10,7 @@
 
 #include "data/Cp1250.h"
 #include "data/Files.h"
+#include "data/Result.h"
 #include "skin/ZornePole.h"
 
 namespace zorik {

@@ -4,6 +4,7 @@
 #include <functional>
 #include <utility>
 
+#include "data/Result.h"
 #include "platform/PathText.h"
 #include "skin/SkinCheck.h"
 

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "data/Files.h"
+#include "data/Result.h"
 #include "skin/DefaultWords.h"
 #include "skin/SkinKeys.h"
 

@@ -1,6 +1,7 @@
 #include "skin/SkinLines.h"
 
 #include "data/Cp1250.h"
+#include "data/Lines.h"
 
 namespace zorik {
 namespace {

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "data/RecordFile.h"
+#include "data/Lines.h"
 
 namespace zorik {
 

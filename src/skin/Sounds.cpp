@@ -8,6 +8,7 @@
 
 #include "data/Cp1250.h"
 #include "data/Files.h"
+#include "data/Result.h"
 #include "platform/WaveFile.h"
 
 namespace zorik {

@@ -11,7 +11,7 @@
 
 #include "core/SoundId.h"
 #include "data/Chance.h"
-#include "data/Result.h"
+#include "data/ResultFwd.h"
 #include "platform/DSound.h"
 #include "platform/Settings.h"
 #include "skin/SkinFlaw.h"

@@ -1,6 +1,7 @@
 #include "skin/Texts.h"
 
 #include "data/Files.h"
+#include "data/Result.h"
 #include "skin/SkinData.h"
 #include "skin/SkinLines.h"
 
@@ -23,15 +24,17 @@ std::string WithBreaks(std::string_view line) {
 
 }  // namespace
 
-bool Texts::LoadTexts(std::string_view bytes) {
+Result<Done> Texts::LoadTexts(std::string_view bytes) {
   SkinLines lines(bytes);
   for (int i = 0; i < kHeadLines; ++i) lines.Next();
-  bool complete = true;
+  std::size_t count = 0;
   for (std::string& text : texts_) {
-    complete = complete && !lines.AtEnd();
+    if (!lines.AtEnd()) ++count;
     text = WithBreaks(lines.Next());
   }
-  return complete;
+  if (count == kTextCount) return Done{};
+  return Failure{"the language file has " + std::to_string(count) + " texts of " +
+                 std::to_string(kTextCount)};
 }
 
 const std::string& Texts::At(TextId text) const {
@@ -40,10 +43,12 @@ const std::string& Texts::At(TextId text) const {
   return index < texts_.size() ? texts_[index] : kNone;
 }
 
-bool LoadLanguage(const SkinPlaces& places, Texts& texts,
-                  const std::function<bool(const std::string& name)>& retry) {
-  const auto bytes = ReadWhole(SkinDataPath(places, "menu\\cestina", retry));
-  return texts.LoadTexts(bytes ? std::string_view(*bytes) : std::string_view());
+Result<Done> LoadLanguage(const SkinPlaces& places, Texts& texts,
+                          const std::function<bool(const std::string& name)>& retry) {
+  const Result<std::string> bytes = ReadWhole(SkinDataPath(places, "menu\\cestina", retry));
+  Result<Done> loaded = texts.LoadTexts(bytes ? std::string_view(*bytes) : std::string_view());
+  if (!bytes) return Failure{bytes.Message()};
+  return loaded;
 }
 
 std::string WithText(std::string text, std::string_view mark, std::string_view replacement) {

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "core/TextId.h"
+#include "data/ResultFwd.h"
 #include "skin/SkinPlaces.h"
 
 namespace zorik {
@@ -14,9 +15,9 @@ namespace zorik {
 class Texts {
  public:
   // Reads a language file: two lines of head, then a text a line, in which "#" stands for a line break.
-  // A file that begins with the mark of UTF-8 is that, all others are Windows-1250. False when the file is
+  // A file that begins with the mark of UTF-8 is that, all others are Windows-1250. Fails when the file is
   // too short; the places that it lacks are empty then.
-  bool LoadTexts(std::string_view bytes);
+  Result<Done> LoadTexts(std::string_view bytes);
 
   // A text, UTF-8; empty when it is not there.
   const std::string& At(TextId text) const;
@@ -26,10 +27,10 @@ class Texts {
 };
 
 // Loads the language of a skin, or of the default skin when it has none. When neither has one, retry is asked
-// as for every text file. False when the file is missing, cannot be read or is too short; the places that it
+// as for every text file. Fails when the file is missing, cannot be read or is too short; the places that it
 // lacks are empty then.
-bool LoadLanguage(const SkinPlaces& places, Texts& texts,
-                  const std::function<bool(const std::string& name)>& retry = {});
+Result<Done> LoadLanguage(const SkinPlaces& places, Texts& texts,
+                          const std::function<bool(const std::string& name)>& retry = {});
 
 // Puts a number, with one blank in front of it, in place of a mark that includes its own blank.
 std::string WithNumber(std::string text, std::string_view mark, int number);

@@ -1,4 +1,6 @@
 #include "app/GameScreens.h"
+#include "data/Lines.h"
+#include "data/Result.h"
 
 namespace zorik::test {
 namespace {

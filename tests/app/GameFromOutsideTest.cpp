@@ -1,4 +1,5 @@
 #include "app/GameScreens.h"
+#include "data/Result.h"
 #include "screens/SkinLabel.h"
 
 namespace zorik::test {
@@ -11,7 +12,7 @@ class GameFromOutside : public GameEditors {
 
   std::future<bool> HandOverLater(const QString& name) const {
     const QString place = InboxPlace(folder.Root());
-    return std::async(std::launch::async, [=] { return HandOver(name, place); });
+    return std::async(std::launch::async, [=] { return static_cast<bool>(HandOver(name, place)); });
   }
 
   void Beta() const { folder.Collection("b.zk", "Beta", {OneStepCave("Jina")}); }

@@ -9,6 +9,7 @@
 #include <cstdlib>
 
 #include "app/Game.h"
+#include "data/Result.h"
 #include "screens/DialogScript.h"
 #include "screens/Folder.h"
 #include "screens/SkinButton.h"
@@ -33,10 +34,10 @@ class GameFaultySkin : public testing::Test {
   void SetUp() override {
     std::filesystem::create_directories(folder.Root() + "/Players/Ada");
     folder.File("Skins/Vadny/Menu/skindata.txt", "start:\r\nclose.left=abc\r\n");
-    StoreSkin("Vadny");
+    EXPECT_TRUE(StoreSkin("Vadny"));
     settings.Skin = "Vadny";
   }
-  void TearDown() override { StoreSkin("Default"); }
+  void TearDown() override { EXPECT_TRUE(StoreSkin("Default")); }
 
   void Begin() {
     Paths paths = folder.Paths();

@@ -1,4 +1,5 @@
 #include "app/GameScreens.h"
+#include "data/Result.h"
 
 namespace zorik::test {
 namespace {

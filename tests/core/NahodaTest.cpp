@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "data/Result.h"
 #include "support/Scene.h"
 
 namespace zorik::test {
@@ -99,7 +100,7 @@ TEST(Decoration, NeverTouchesTheChanceOfTheGame) {
   Hra hra = InPlay();
   Chance before = hra.Luck;
   SaveRecord(hra, 100);
-  PaintCave(hra, hra.CaveText, RunKind::Play);
+  ASSERT_TRUE(PaintCave(hra, hra.CaveText, RunKind::Play));
   EXPECT_EQ(hra.Luck.Below(1000000), before.Below(1000000));
 }
 

@@ -6,6 +6,7 @@
 #include <memory>
 #include <sstream>
 
+#include "data/Result.h"
 #include "support/RandomCave.h"
 #include "support/Scene.h"
 
@@ -17,13 +18,13 @@ namespace {
 Hra Begin(const RandomRun& run) {
   Hra hra(run.seed);
   hra.PlayerName = "hrac";
-  EXPECT_FALSE(PaintCave(hra, run.caveText, RunKind::Play)) << run.seed;
+  EXPECT_TRUE(PaintCave(hra, run.caveText, RunKind::Play)) << run.seed;
   return hra;
 }
 
 Hra BeginReplay(const std::string& record) {
   Hra hra(99);
-  EXPECT_FALSE(Replay(hra, record));
+  EXPECT_TRUE(Replay(hra, record));
   return hra;
 }
 
@@ -357,7 +358,7 @@ TEST(EveryNewCave, StartsFromNothingWhateverWentBefore) {
     Hra fresh = Begin(run);
     used.Luck.Seed(run.seed);
     used.Score = 0;
-    ASSERT_FALSE(PaintCave(used, run.caveText, RunKind::Play));
+    ASSERT_TRUE(PaintCave(used, run.caveText, RunKind::Play));
     EXPECT_EQ(GridLines(used), GridLines(fresh));
     EXPECT_TRUE(Same(RunOn(used, run.keys), RunOn(fresh, run.keys)));
   });
@@ -371,8 +372,9 @@ TEST(ADamagedRecord, NeverHangsAndNeverCrashes) {
     RunOn(played, run.keys);
     Chance chance(run.seed);
     Hra replayed(1);
-    if (const auto failure = Replay(replayed, Damaged(SaveRecord(played, 0), chance))) {
-      EXPECT_FALSE(failure->message.empty());
+    const auto begun = Replay(replayed, Damaged(SaveRecord(played, 0), chance));
+    if (!begun) {
+      EXPECT_FALSE(begun.Message().empty());
       return;
     }
     ++started;

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "data/Result.h"
 #include "data/Scramble.h"
 #include "support/Scene.h"
 
@@ -10,8 +11,8 @@ using Entries = std::vector<std::string>;
 
 // Starts a run in a game that has lived before.
 void Paint(Hra& hra, const Picture& picture, const Numbers& numbers = {}, RunKind kind = RunKind::Play) {
-  const auto failure = PaintCave(hra, CaveTextOf(picture, numbers), kind);
-  ASSERT_FALSE(failure) << failure->message;
+  const auto painted = PaintCave(hra, CaveTextOf(picture, numbers), kind);
+  ASSERT_TRUE(painted) << painted.Message();
 }
 
 std::string FirstLine(const std::string& text) {
@@ -39,7 +40,7 @@ TEST(ARunInPlay, RecordsAndAReplayKeepsTheFlagOfTheRunBeforeIt) {
 TEST(TheRecord, StartsWithTheScrambledCaveAndALineEnd) {
   const std::string text = CaveTextOf({"1.D"});
   Hra hra;
-  ASSERT_FALSE(PaintCave(hra, text, RunKind::Play));
+  ASSERT_TRUE(PaintCave(hra, text, RunKind::Play));
   EXPECT_EQ(hra.RecordText.size(), text.size() * 3 + 2);
   EXPECT_EQ(hra.RecordText.substr(text.size() * 3), "\r\n");
   EXPECT_EQ(UnscrambleText(FirstLine(hra.RecordText)), text);
@@ -54,7 +55,7 @@ TEST(TheRecord, StaysEmptyWhenNothingIsRecorded) {
 TEST(TheRecord, HoldsTheCaveWithTheMarkerThatItHasInItsCollection) {
   const std::string text = CaveTextOf({"1.D"}) + "---AB";
   Hra hra;
-  ASSERT_FALSE(PaintCave(hra, text, RunKind::Play));
+  ASSERT_TRUE(PaintCave(hra, text, RunKind::Play));
   EXPECT_EQ(UnscrambleText(FirstLine(hra.RecordText)), text);
   EXPECT_EQ(hra.CaveText, text);
 }
@@ -68,9 +69,9 @@ TEST_P(ACaveThatCannotBePlayed, IsRefusedWithAReasonAndLeavesTheRunThatThereIs) 
   const Picture before = Drawn(hra);
   const std::string record = hra.RecordText;
   diary.Clear();
-  const auto failure = PaintCave(hra, GetParam(), RunKind::Replay);
-  ASSERT_TRUE(failure);
-  EXPECT_FALSE(failure->message.empty());
+  const auto painted = PaintCave(hra, GetParam(), RunKind::Replay);
+  ASSERT_FALSE(painted);
+  EXPECT_FALSE(painted.Message().empty());
   EXPECT_EQ(Drawn(hra), before);
   EXPECT_EQ(hra.RecordText, record);
   EXPECT_FALSE(hra.ReplayPlaying());

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "data/CaveO.h"
+#include "data/Result.h"
 #include "data/Samples.h"
 
 namespace zorik {

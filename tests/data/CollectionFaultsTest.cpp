@@ -6,6 +6,7 @@
 #include "Samples.h"
 #include "data/CollectionFaults.h"
 #include "data/RecordFile.h"
+#include "data/Result.h"
 
 namespace zorik {
 namespace {

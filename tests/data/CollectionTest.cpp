@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "data/Collection.h"
+#include "data/Result.h"
 #include "data/Samples.h"
 
 namespace zorik {

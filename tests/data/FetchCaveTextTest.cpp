@@ -7,6 +7,7 @@
 #include "data/CaveO.h"
 #include "data/Collection.h"
 #include "data/Files.h"
+#include "data/Result.h"
 #include "data/Samples.h"
 
 namespace zorik {
@@ -183,7 +184,7 @@ PlayedCave OnlyCave() {
 TEST(OpenCave, StartsTheCaveWithItsMarkerInPlay) {
   Hra hra;
   hra.Kind = RunKind::Replay;
-  ASSERT_FALSE(OpenCave(hra, OnlyCave()));
+  ASSERT_TRUE(OpenCave(hra, OnlyCave()));
   EXPECT_EQ(hra.CaveText, CaveText("a") + "---07");
   EXPECT_EQ(hra.CaveName, "a");
   EXPECT_EQ(hra.CaveWidth, 3);
@@ -193,21 +194,21 @@ TEST(OpenCave, StartsTheCaveWithItsMarkerInPlay) {
 
 TEST(OpenCave, OfALostCaveStartsNothing) {
   Hra hra;
-  ASSERT_FALSE(OpenCave(hra, OnlyCave()));
+  ASSERT_TRUE(OpenCave(hra, OnlyCave()));
   const auto lost = OpenCave(hra, {});
-  ASSERT_TRUE(lost);
-  EXPECT_FALSE(lost->message.empty());
+  ASSERT_FALSE(lost);
+  EXPECT_FALSE(lost.Message().empty());
   EXPECT_EQ(hra.CaveName, "a");
 }
 
 TEST(OpenCave, OfACaveThatIsTooLargeStartsNothingAndTellsItsSize) {
   Hra hra;
-  ASSERT_FALSE(OpenCave(hra, OnlyCave()));
+  ASSERT_TRUE(OpenCave(hra, OnlyCave()));
   PlayedCave large = OnlyCave();
   large.Record.Width = 101;
-  const auto failure = OpenCave(hra, large);
-  ASSERT_TRUE(failure);
-  EXPECT_NE(failure->message.find("101 x 2"), std::string::npos) << failure->message;
+  const auto opened = OpenCave(hra, large);
+  ASSERT_FALSE(opened);
+  EXPECT_NE(opened.Message().find("101 x 2"), std::string::npos) << opened.Message();
   EXPECT_EQ(hra.CaveWidth, 3);
 }
 

@@ -6,6 +6,7 @@
 
 #include "data/Files.h"
 #include "data/Folders.h"
+#include "data/Result.h"
 
 namespace zorik {
 namespace {

@@ -7,6 +7,7 @@
 #include "data/Files.h"
 #include "data/MailFile.h"
 #include "data/RecordFile.h"
+#include "data/Result.h"
 #include "data/Samples.h"
 #include "support/AsNobody.h"
 

@@ -8,6 +8,7 @@
 #include "data/Files.h"
 #include "data/Progress.h"
 #include "data/RecordFile.h"
+#include "data/Result.h"
 #include "data/Samples.h"
 #include "data/Scramble.h"
 

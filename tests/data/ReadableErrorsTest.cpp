@@ -3,6 +3,7 @@
 #include <string>
 
 #include "data/Readable.h"
+#include "data/Result.h"
 
 namespace zorik {
 namespace {

@@ -6,6 +6,7 @@
 #include "data/Collection.h"
 #include "data/Readable.h"
 #include "data/ReadableCave.h"
+#include "data/Result.h"
 #include "data/Samples.h"
 
 namespace zorik {

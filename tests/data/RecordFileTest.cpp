@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "data/Lines.h"
 #include "data/RecordFile.h"
 #include "data/Samples.h"
 #include "data/Scramble.h"

@@ -6,6 +6,7 @@
 #include "data/Files.h"
 #include "data/RecordFile.h"
 #include "data/RecordSlot.h"
+#include "data/Result.h"
 #include "data/Samples.h"
 #include "data/Scramble.h"
 

@@ -9,6 +9,7 @@
 
 #include "data/Files.h"
 #include "data/RecordFile.h"
+#include "data/Result.h"
 #include "data/Samples.h"
 #include "data/Scramble.h"
 #include "data/Selection.h"
@@ -354,7 +355,7 @@ TEST_F(SelectionTest, LeavesTheOldOrTheNewRecordWhenItIsKilled) {
     const std::string record = recordOf(i);
     const pid_t child = fork();
     if (child == 0) {
-      for (;;) static_cast<void>(Store(selection, record));
+      for (;;) Disregard(Store(selection, record));  // it is killed within one of them
     }
     usleep(static_cast<useconds_t>(500 + i * 500));
     kill(child, SIGKILL);
@@ -380,7 +381,7 @@ TEST_F(SelectionTest, FindsAWholeRecordWhileTwoGamesStoreTheirs) {
   for (const std::string& record : records) {
     games.push_back(fork());
     if (games.back() == 0) {
-      for (;;) static_cast<void>(Store(selection, record));
+      for (;;) Disregard(Store(selection, record));  // it is killed within one of them
     }
   }
   for (int i = 0; i < 60; ++i) {

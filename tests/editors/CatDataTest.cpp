@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "data/Files.h"
+#include "data/Result.h"
 #include "editors/CatData.h"
 
 namespace zorik {

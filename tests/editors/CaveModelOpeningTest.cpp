@@ -1,3 +1,4 @@
+#include "data/Result.h"
 #include "editors/CaveModel.h"
 #include "editors/Letters.h"
 

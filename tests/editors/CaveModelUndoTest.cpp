@@ -1,3 +1,4 @@
+#include "data/Result.h"
 #include "editors/Letters.h"
 
 namespace zorik {

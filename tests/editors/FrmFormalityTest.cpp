@@ -1,6 +1,7 @@
 #include <QComboBox>
 
 #include "data/Cp1250.h"
+#include "data/Result.h"
 #include "editors/FormalityScreen.h"
 #include "editors/FrmFormality.h"
 

@@ -3,6 +3,7 @@
 #include <QPushButton>
 
 #include "data/Cp1250.h"
+#include "data/Result.h"
 #include "editors/EditorScreen.h"
 #include "editors/FrmMain.h"
 

@@ -3,6 +3,7 @@
 
 #include <filesystem>
 
+#include "data/Result.h"
 #include "editors/FrmSada.h"
 #include "editors/SadaScreen.h"
 #include "platform/PathText.h"

@@ -1,6 +1,7 @@
 // The commands of the collection editor.
 #include <gtest/gtest.h>
 
+#include "data/Result.h"
 #include "editors/FrmSada.h"
 #include "editors/SadaScreen.h"
 #include "screens/FrmLoading.h"

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "data/Result.h"
 #include "editors/CaveModel.h"
 #include "support/Scene.h"
 

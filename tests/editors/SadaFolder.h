@@ -9,6 +9,7 @@
 #include "Samples.h"
 #include "data/CaveO.h"
 #include "data/Files.h"
+#include "data/Result.h"
 #include "flow/SadaModel.h"
 
 namespace zorik::test {

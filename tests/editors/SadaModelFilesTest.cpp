@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "data/Result.h"
 #include "editors/SadaFolder.h"
 
 namespace zorik {

@@ -12,6 +12,7 @@
 
 #include "Samples.h"
 #include "data/Files.h"
+#include "data/Result.h"
 #include "flow/SadaModel.h"
 
 namespace zorik {

@@ -15,6 +15,7 @@
 
 #include "data/Cp1250.h"
 #include "data/Files.h"
+#include "data/Result.h"
 #include "editors/Dialogs.h"
 #include "editors/FrmSada.h"
 #include "editors/SadaList.h"

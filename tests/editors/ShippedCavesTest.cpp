@@ -2,6 +2,7 @@
 
 #include "data/Collection.h"
 #include "data/Files.h"
+#include "data/Result.h"
 #include "editors/Letters.h"
 
 namespace zorik {

@@ -3,6 +3,7 @@
 
 #include "data/Collection.h"
 #include "data/CollectionFaults.h"
+#include "data/Result.h"
 #include "editors/Letters.h"
 #include "support/RandomCave.h"
 

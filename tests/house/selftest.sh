@@ -42,6 +42,8 @@ fault() {
   expect "$1 with $2" 1 "$1:$(wc -l <"$tree/$1"): $3" "$here/includes.sh" "$tree"
 }
 
+expect "a build in which a failure can be ignored" 1 "this should not compile: Act();" \
+  "$here/failures.sh" "$here/../.." "$cxx" -Wall
 sound_tree
 expect "a sound tree" 0 "" "$here/includes.sh" "$tree"
 fault src/core/Hra.h '#include "rules/Slime.h"' "core may not include rules"

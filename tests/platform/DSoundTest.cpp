@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <memory>
 
+#include "data/Result.h"
 #include "platform/DSound.h"
 #include "support/Waves.h"
 

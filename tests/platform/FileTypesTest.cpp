@@ -10,6 +10,7 @@
 #include <map>
 
 #include "data/Files.h"
+#include "data/Result.h"
 #include "platform/FileTypes.h"
 
 namespace zorik {
@@ -38,6 +39,13 @@ class FileTypesTest : public testing::Test {
     std::ofstream(root_ / path) << "x";
   }
 
+  // Whether there was something to write.
+  bool HasWritten() const {
+    const Result<Written> written = WriteFileTypes(types_);
+    EXPECT_TRUE(written) << written.Message();
+    return written && *written == Written::Something;
+  }
+
   std::string Entry() const { return *ReadWhole(At("home/applications/zorik-open.desktop")); }
   std::string Package() const { return *ReadWhole(At("home/mime/packages/zorik.xml")); }
 
@@ -54,44 +62,46 @@ std::string ValueOf(const std::string& entry, const std::string& key) {
 }
 
 TEST_F(FileTypesTest, WritesTheEntryAndThePackageForTheUser) {
-  EXPECT_TRUE(WriteFileTypes(types_));
+  EXPECT_TRUE(HasWritten());
   EXPECT_EQ(Entry(), OpenerEntry(types_.ProgramFolder));
   EXPECT_EQ(Package(), MimePackage("Sada komnat", "Záznam hry"));
 }
 
 TEST_F(FileTypesTest, HasNothingToDoTheSecondTime) {
-  EXPECT_TRUE(WriteFileTypes(types_));
-  EXPECT_FALSE(WriteFileTypes(types_));
+  EXPECT_TRUE(HasWritten());
+  EXPECT_FALSE(HasWritten());
 }
 
 TEST_F(FileTypesTest, OverwritesWhatStandsThere) {
-  WriteFileTypes(types_);
+  ASSERT_TRUE(HasWritten());
   ASSERT_TRUE(WriteWhole(At("home/applications/zorik-open.desktop"), "something else"));
-  EXPECT_TRUE(WriteFileTypes(types_));
+  EXPECT_TRUE(HasWritten());
   EXPECT_EQ(Entry(), OpenerEntry(types_.ProgramFolder));
   types_.CollectionWords = "Cave collection";
-  EXPECT_TRUE(WriteFileTypes(types_));
+  EXPECT_TRUE(HasWritten());
   EXPECT_NE(Package().find("<comment>Cave collection</comment>"), std::string::npos);
 }
 
 TEST_F(FileTypesTest, LeavesItToAnInstallationForTheWholeSystem) {
   File("usr/applications/zorik-open.desktop");
-  EXPECT_TRUE(WriteFileTypes(types_)) << "half an installation is none";
+  EXPECT_TRUE(HasWritten()) << "half an installation is none";
   fs::remove_all(At("home"));
   File("usr/mime/packages/zorik.xml");
-  EXPECT_FALSE(WriteFileTypes(types_));
+  EXPECT_FALSE(HasWritten());
   EXPECT_FALSE(fs::exists(At("home")));
 }
 
 TEST_F(FileTypesTest, WritesNothingWithoutTheHelper) {
   fs::remove(At("game/downloader"));
-  EXPECT_FALSE(WriteFileTypes(types_));
+  EXPECT_FALSE(HasWritten());
   EXPECT_FALSE(fs::exists(At("home")));
 }
 
 TEST_F(FileTypesTest, GoesOnWhereItMayNotWrite) {
   File("home");  // a file where a folder should be
-  EXPECT_FALSE(WriteFileTypes(types_));
+  const Result<Written> written = WriteFileTypes(types_);
+  ASSERT_FALSE(written);
+  EXPECT_NE(written.Message().find(At("home")), std::string::npos) << written.Message();
   EXPECT_EQ(*ReadWhole(At("home")), "x");
 }
 

@@ -19,6 +19,7 @@
 #include <utility>
 #include <vector>
 
+#include "data/Result.h"
 #include "platform/Inbox.h"
 #include "platform/PathText.h"
 
@@ -38,7 +39,7 @@ class InboxTest : public testing::Test {
 
   // From another thread, as the game must be free to answer.
   bool HandOverMeanwhile(const QString& path) const {
-    auto done = std::async(std::launch::async, [&] { return HandOver(path, Place()); });
+    auto done = std::async(std::launch::async, [&] { return static_cast<bool>(HandOver(path, Place())); });
     while (done.wait_for(std::chrono::milliseconds(0)) != std::future_status::ready) QTest::qWait(5);
     return done.get();
   }

@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <span>
 
+#include "data/Result.h"
 #include "platform/MixBus.h"
 #include "support/Waves.h"
 

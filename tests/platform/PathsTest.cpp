@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "data/Result.h"
 #include "platform/Paths.h"
 
 namespace zorik {

@@ -6,6 +6,7 @@
 #include <cstdio>
 
 #include "data/Files.h"
+#include "data/Result.h"
 #include "platform/PathText.h"
 #include "platform/Shell.h"
 #include "support/DesktopStandIn.h"

@@ -10,6 +10,7 @@
 #include "data/Chance.h"
 #include "data/Collection.h"
 #include "data/Files.h"
+#include "data/Result.h"
 #include "platform/Paths.h"
 #include "platform/ShippedCaves.h"
 

@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <numbers>
 
+#include "data/Result.h"
 #include "platform/WaveFile.h"
 #include "support/Waves.h"
 

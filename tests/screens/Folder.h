@@ -8,6 +8,7 @@
 
 #include "data/Collection.h"
 #include "data/Files.h"
+#include "data/Result.h"
 #include "platform/Paths.h"
 #include "support/Scene.h"
 

@@ -6,6 +6,7 @@
 #include <QSignalSpy>
 #include <map>
 
+#include "data/Result.h"
 #include "screens/DialogScript.h"
 #include "screens/FrmSLang.h"
 #include "screens/TestSkin.h"
@@ -27,7 +28,7 @@ class FrmSLangTest : public testing::Test {
     skin_.File("../../Prazdny/readme.txt", "nothing for the game");
     skin_.File("../../soubor.txt", "no folder");
     skin_.Wear();
-    StoreSett(settings_);
+    EXPECT_TRUE(StoreSett(settings_));
     window_ = std::make_unique<FrmSLang>(skin_.Skin(), settings_, nullptr);
     window_->show();
   }
@@ -131,7 +132,7 @@ TEST_F(FrmSLangTest, ASkinThatCannotBeWornIsToldAndChangesNothing) {
 }
 
 TEST_F(FrmSLangTest, ASkinIsStoredWhenAllWindowsHaveIt) {
-  StoreSkin("Default");
+  EXPECT_TRUE(StoreSkin("Default"));
   QString stored;
   QObject::connect(window_.get(), &FrmSLang::SkinChanged, window_.get(),
                    [&stored] { stored = FindSett().Skin; });
@@ -163,7 +164,7 @@ TEST_F(FrmSLangTest, SelectsWhatIsStoredInAnyLetterCase) {
 
 TEST_F(FrmSLangTest, TheDefaultSkinIsStoredWhenItIsChosenInPlaceOfOneThatIsGone) {
   settings_.Skin = "Neni";
-  StoreSkin(settings_.Skin);
+  EXPECT_TRUE(StoreSkin(settings_.Skin));
   FrmSLang window(skin_.Skin(), settings_, nullptr);
   auto& combo = *window.findChild<QComboBox*>("Combo1");
   window.show();
@@ -174,7 +175,7 @@ TEST_F(FrmSLangTest, TheDefaultSkinIsStoredWhenItIsChosenInPlaceOfOneThatIsGone)
 
 TEST_F(FrmSLangTest, ASkinThatIsSelectedAlreadyIsStoredWhenItIsChosen) {
   settings_.Skin = "default";
-  StoreSkin(settings_.Skin);
+  EXPECT_TRUE(StoreSkin(settings_.Skin));
   FrmSLang window(skin_.Skin(), settings_, nullptr);
   auto& combo = *window.findChild<QComboBox*>("Combo1");
   ASSERT_EQ(combo.currentText(), "Default");

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <optional>
 
+#include "data/Result.h"
 #include "screens/FrmSettings.h"
 #include "screens/SkinButton.h"
 #include "screens/SkinScale.h"
@@ -98,7 +99,7 @@ TEST_F(FrmSettingsTest, ShowsHiddenThingsSoundsJoystickAndLoopsByTheirNumbers) {
 }
 
 TEST_F(FrmSettingsTest, TakesAndStoresWhatIsConfirmed) {
-  StoreSett(Settings());
+  EXPECT_TRUE(StoreSett(Settings()));
   EXPECT_TRUE(Edit([](QWidget& window) {
     ChangeAll(window);
     QTest::mouseClick(&Ok(window), Qt::LeftButton);
@@ -133,7 +134,7 @@ TEST_F(FrmSettingsTest, IsConfirmedByEnterWhereverTheFocusIs) {
 }
 
 TEST_F(FrmSettingsTest, DropsWhatIsNotConfirmed) {
-  StoreSett(Settings());
+  EXPECT_TRUE(StoreSett(Settings()));
   const std::vector<std::function<void(QWidget&)>> ways = {
       [](QWidget& window) { QTest::mouseClick(&Close(window), Qt::LeftButton); },
       [](QWidget& window) { QTest::keyClick(&window, Qt::Key_Escape); },

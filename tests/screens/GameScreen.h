@@ -13,6 +13,7 @@
 
 #include "data/Cp1250.h"
 #include "data/Files.h"
+#include "data/Result.h"
 #include "screens/Folder.h"
 #include "screens/HraWindow.h"
 #include "screens/SkinButton.h"
@@ -86,15 +87,15 @@ class AnyRun : public HraWindow {
   void SetPlayer(const std::string& player) { Machine().PlayerName = player; }
   void SetCollection(const std::string& collection) { Machine().CollectionName = collection; }
 
-  std::optional<Failure> Start(const std::string& caveText, RunKind kind) {
+  Result<Done> Start(const std::string& caveText, RunKind kind) {
     return Begun(PaintCave(Machine(), caveText, kind));
   }
-  std::optional<Failure> StartRecord(const std::string& bytes) { return Begun(Replay(Machine(), bytes)); }
+  Result<Done> StartRecord(const std::string& bytes) { return Begun(Replay(Machine(), bytes)); }
 
  private:
-  std::optional<Failure> Begun(std::optional<Failure> failure) {
-    if (!failure) StartTicking();
-    return failure;
+  Result<Done> Begun(Result<Done> started) {
+    if (started) StartTicking();
+    return started;
   }
 };
 

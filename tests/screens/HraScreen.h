@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/Machine.h"
+#include "data/Result.h"
 #include "screens/GameScreen.h"
 #include "screens/StripButton.h"
 #include "support/Scene.h"

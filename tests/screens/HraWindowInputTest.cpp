@@ -1,5 +1,6 @@
 #include <QSignalSpy>
 
+#include "data/Result.h"
 #include "screens/DialogScript.h"
 #include "screens/HraScreen.h"
 
@@ -74,7 +75,7 @@ TEST_F(HraWindowInputTest, ChangesTheSpeedWithTheKeypadAndKeepsIt) {
 TEST_F(HraWindowInputTest, ChangesTheSpeedOfReplaysApart) {
   Show();
   settings.SpeedR = 5;
-  ASSERT_FALSE(window->StartRecord(test::RecordOf(Corridor(), std::vector<test::RecordTick>(50))));
+  ASSERT_TRUE(window->StartRecord(test::RecordOf(Corridor(), std::vector<test::RecordTick>(50))));
   QTest::keyClick(window.get(), Qt::Key_Plus, Qt::KeypadModifier);
   EXPECT_TRUE(Wait([&] { return settings.SpeedR == 4; }));
   EXPECT_EQ(settings.Speed, 2);

@@ -11,6 +11,7 @@
 #include "data/Cp1250.h"
 #include "data/Files.h"
 #include "data/RecordFile.h"
+#include "data/Result.h"
 #include "data/Scramble.h"
 #include "flow/Flow.h"
 #include "screens/FrmPoSt.h"
@@ -109,8 +110,8 @@ class PostScreen : public PostHome {
       if (nothingOpens) failed();
     };
     window = std::make_unique<FrmPoSt>(skin, flow, openers);
-    const auto message = window->LoadColl(CollectionPath(), "Žofie");
-    ASSERT_FALSE(message) << message->toStdString();
+    const auto loaded = window->LoadColl(CollectionPath(), "Žofie");
+    ASSERT_TRUE(loaded) << loaded.Message();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(window.get()));
   }
 

@@ -11,6 +11,7 @@
 #include <string>
 #include <vector>
 
+#include "data/Result.h"
 #include "screens/PostScreen.h"
 #include "screens/SkinLabel.h"
 

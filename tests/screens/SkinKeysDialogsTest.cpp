@@ -1,5 +1,6 @@
 #include <QPushButton>
 
+#include "data/Result.h"
 #include "screens/FrmAnalyze.h"
 #include "screens/FrmDialog2.h"
 #include "screens/FrmDialog3.h"

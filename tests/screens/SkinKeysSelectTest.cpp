@@ -1,3 +1,4 @@
+#include "data/Result.h"
 #include "flow/Flow.h"
 #include "screens/CaveList.h"
 #include "screens/FrmPoSt.h"
@@ -164,7 +165,7 @@ void CheckSelection(const test::SkinKeys& keys, const QString& mail) {
   Hra hra;
   Flow flow(hra, {home.folder.Root() + "/Players", {}}, 1);
   FrmPoSt window(home.skin, flow);
-  ASSERT_FALSE(window.LoadColl(home.CollectionPath(), "Žofie"));
+  ASSERT_TRUE(window.LoadColl(home.CollectionPath(), "Žofie"));
   test::CheckKeys(home, keys, [&](const auto& look) {
     window.SkinIt();
     look(window);

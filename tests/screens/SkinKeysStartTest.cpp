@@ -1,5 +1,6 @@
 #include <QSettings>
 
+#include "data/Result.h"
 #include "screens/FrmStart2.h"
 #include "screens/SkinKeys.h"
 #include "screens/StartLists.h"

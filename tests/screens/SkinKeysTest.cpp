@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <set>
 
+#include "data/Result.h"
 #include "screens/SkinKeys.h"
 #include "skin/SkinKeys.h"
 #include "skin/SkinTable.h"

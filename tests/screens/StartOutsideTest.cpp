@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QPushButton>
 
+#include "data/Result.h"
 #include "platform/PathText.h"
 #include "screens/StartScreen.h"
 #include "support/AsNobody.h"

@@ -7,6 +7,7 @@
 
 #include "PictureFolder.h"
 #include "data/Files.h"
+#include "data/Result.h"
 #include "skin/Pictures.h"
 #include "support/AsNobody.h"
 

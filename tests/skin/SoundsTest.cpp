@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "data/Result.h"
 #include "skin/Sounds.h"
 #include "support/Waves.h"
 

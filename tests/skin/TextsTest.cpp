@@ -3,6 +3,7 @@
 #include "SkinFolder.h"
 #include "data/Cp1250.h"
 #include "data/Files.h"
+#include "data/Result.h"
 #include "skin/Texts.h"
 
 namespace zorik {
@@ -34,22 +35,24 @@ TEST(Texts, AlsoComeFromLinesThatEndInALineFeedAlone) {
 
 TEST(Texts, BreakTheirLinesAtANumberSign) {
   Texts texts;
-  texts.LoadTexts("\n\none#two##three\n");
+  EXPECT_FALSE(texts.LoadTexts("\n\none#two##three\n")) << "it has one text only";
   EXPECT_EQ(TextAt(texts, 0), "one\r\ntwo\r\n\r\nthree");
 }
 
 TEST(Texts, AreWindows1250UnlessTheFileIsMarkedAsUtf8) {
   Texts texts;
-  texts.LoadTexts("\n\nZor\xEDk \xE8\n");
+  EXPECT_FALSE(texts.LoadTexts("\n\nZor\xEDk \xE8\n")) << "it has one text only";
   EXPECT_EQ(TextAt(texts, 0), "Zorík č");
-  texts.LoadTexts("\xEF\xBB\xBF\n\nZorík č\n");
+  EXPECT_FALSE(texts.LoadTexts("\xEF\xBB\xBF\n\nZorík č\n"));
   EXPECT_EQ(TextAt(texts, 0), "Zorík č");
 }
 
 TEST(Texts, ThatAFileLacksAreEmpty) {
   Texts texts;
-  texts.LoadTexts(LanguageFile(200));
-  EXPECT_FALSE(texts.LoadTexts(LanguageFile(199)));
+  ASSERT_TRUE(texts.LoadTexts(LanguageFile(200)));
+  const auto loaded = texts.LoadTexts(LanguageFile(199));
+  ASSERT_FALSE(loaded);
+  EXPECT_EQ(loaded.Message(), "the language file has 199 texts of 200");
   EXPECT_EQ(TextAt(texts, 198), "text 198");
   EXPECT_EQ(TextAt(texts, 199), "");
   EXPECT_FALSE(texts.LoadTexts(""));
@@ -87,7 +90,7 @@ TEST_F(LanguageTest, ThatIsTooShortIsNotMadeUpForByTheDefaultSkins) {
 
 TEST_F(LanguageTest, ThatIsMissingIsAskedForAndLeavesNoTexts) {
   Texts texts;
-  texts.LoadTexts(LanguageFile(200));
+  ASSERT_TRUE(texts.LoadTexts(LanguageFile(200)));
   std::string asked;
   EXPECT_FALSE(LoadLanguage(places_, texts, [&](const std::string& name) {
     asked = name;

@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "data/Files.h"
+#include "data/Result.h"
 #include "soundmaker/SoundList.h"
 
 namespace zorik::sound::test {

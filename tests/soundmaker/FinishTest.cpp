@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "data/Result.h"
 #include "soundmaker/Ear.h"
 #include "soundmaker/Finish.h"
 

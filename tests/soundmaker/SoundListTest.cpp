@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "data/Result.h"
 #include "soundmaker/SoundList.h"
 
 namespace zorik::sound {

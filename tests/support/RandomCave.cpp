@@ -5,6 +5,7 @@
 #include <cstdlib>
 
 #include "core/Objects.h"
+#include "data/Lines.h"
 #include "data/RecordFile.h"
 #include "data/Scramble.h"
 #include "support/Scene.h"

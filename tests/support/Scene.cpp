@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <stdexcept>
 
+#include "data/RecordFile.h"
+#include "data/Result.h"
 #include "data/Scramble.h"
 #include "trace/Trace.h"
 
@@ -76,9 +78,8 @@ Hra Play(const Picture& picture, const Numbers& numbers, Stage* stage) {
   if (stage != nullptr) hra.SetStage(*stage);
   hra.PlayerName = "hrac";
   hra.CollectionName = "sada";
-  if (const auto failure = PaintCave(hra, CaveTextOf(picture, numbers), RunKind::Play)) {
-    throw std::invalid_argument(failure->message);
-  }
+  const Result<Done> painted = PaintCave(hra, CaveTextOf(picture, numbers), RunKind::Play);
+  if (!painted) throw std::invalid_argument(painted.Message());
   return hra;
 }
 
@@ -112,9 +113,8 @@ Hra PlayBack(const Picture& picture, const std::vector<RecordTick>& ticks, const
              Stage* stage) {
   Hra hra(1);
   if (stage != nullptr) hra.SetStage(*stage);
-  if (const auto failure = Replay(hra, RecordOf(picture, ticks, numbers))) {
-    throw std::invalid_argument(failure->message);
-  }
+  const Result<Done> started = Replay(hra, RecordOf(picture, ticks, numbers));
+  if (!started) throw std::invalid_argument(started.Message());
   return hra;
 }
 

@@ -5,7 +5,9 @@
 #include <random>
 
 #include "data/Collection.h"
+#include "data/Lines.h"
 #include "data/RecordFile.h"
+#include "data/Result.h"
 #include "support/Scene.h"
 #include "tools/Tool.h"
 

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "data/Lines.h"
 #include "data/RecordFile.h"
 #include "support/Scene.h"
 #include "tools/Tool.h"

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "data/Collection.h"
+#include "data/Result.h"
 #include "support/Scene.h"
 #include "tools/Tool.h"
 

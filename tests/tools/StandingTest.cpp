@@ -4,6 +4,7 @@
 
 #include "data/Collection.h"
 #include "data/RecordFile.h"
+#include "data/Result.h"
 #include "data/Scramble.h"
 #include "support/Scene.h"
 #include "tools/Tool.h"

@@ -9,6 +9,7 @@
 #include <stdexcept>
 
 #include "data/Files.h"
+#include "data/Result.h"
 #include "support/Scene.h"
 #include "zktool/Commands.h"
 

@@ -2,6 +2,7 @@
 
 #include <sstream>
 
+#include "data/Lines.h"
 #include "data/RecordFile.h"
 #include "data/Scramble.h"
 #include "support/Scene.h"

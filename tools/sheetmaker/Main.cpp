@@ -7,10 +7,12 @@
 #include <QPainter>
 #include <array>
 #include <cstdio>
+#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "data/Result.h"
 #include "skin/TileSets.h"
 #include "skin/ZornePole.h"
 
@@ -111,26 +113,28 @@ QImage Compose(const Cells& cells, TileSets& tiles, int size, bool softEdges) {
   return sheet;
 }
 
-bool Save(const QImage& image, const std::string& path) {
-  if (image.save(QString::fromStdString(path))) return true;
-  std::fprintf(stderr, "%s cannot be written\n", path.c_str());
-  return false;
+Result<Done> Save(const QImage& image, const std::string& path) {
+  if (image.save(QString::fromStdString(path))) return Done{};
+  return Failure{path + " cannot be written"};
 }
 
-bool SaveScheme(const std::string& skins, std::string_view scheme, const std::string& folder) {
+Result<Done> SaveScheme(const std::string& skins, std::string_view scheme, const std::string& folder) {
   PictureCache pictures;
   TileSets tiles;
   tiles.Load(pictures, {skins}, scheme);
   const std::string stem = folder + "/" + std::string(scheme);
   const Cells all = SheetCells(tiles), cave = CaveCells(tiles);
-  bool saved = true;
-  for (const int size : kSizes) {
-    saved = Save(Compose(all, tiles, size, false), stem + "-" + std::to_string(size) + ".png") && saved;
+  std::map<std::string, QImage> sheets;
+  for (const int size : kSizes) sheets["-" + std::to_string(size)] = Compose(all, tiles, size, false);
+  const QImage& small = sheets["-" + std::to_string(kSizes.back())];
+  sheets["-" + std::to_string(kSizes.back()) + "-grey"] = small.convertToFormat(QImage::Format_Grayscale8);
+  sheets["-cave-24"] = Compose(cave, tiles, kSizes.back(), true);
+  sheets["-cave"] = Compose(cave, tiles, kTileSize, true);
+  for (const auto& [kind, image] : sheets) {
+    Result<Done> saved = Save(image, stem + kind + ".png");
+    if (!saved) return saved;
   }
-  const QImage grey = Compose(all, tiles, kSizes.back(), false).convertToFormat(QImage::Format_Grayscale8);
-  saved = Save(grey, stem + "-" + std::to_string(kSizes.back()) + "-grey.png") && saved;
-  saved = Save(Compose(cave, tiles, kSizes.back(), true), stem + "-cave-24.png") && saved;
-  return Save(Compose(cave, tiles, kTileSize, true), stem + "-cave.png") && saved;
+  return Done{};
 }
 
 }  // namespace
@@ -141,9 +145,11 @@ int main(int argc, char** argv) {
     std::fputs("usage: sheetmaker SKINS FOLDER\n", stderr);
     return 2;
   }
-  bool saved = true;
   for (const std::string_view scheme : zorik::kSchemes) {
-    saved = zorik::SaveScheme(argv[1], scheme, argv[2]) && saved;
+    const zorik::Result<zorik::Done> saved = zorik::SaveScheme(argv[1], scheme, argv[2]);
+    if (saved) continue;
+    std::fprintf(stderr, "%s\n", saved.Message().c_str());
+    return 1;
   }
-  return saved ? 0 : 1;
+  return 0;
 }

@@ -11,6 +11,7 @@
 #include "common/LittleEndian.h"
 #include "data/Cp1250.h"
 #include "data/Files.h"
+#include "data/Result.h"
 
 namespace {
 

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <string>
 
+#include "data/Result.h"
 #include "soundmaker/Arithmetic.h"
 
 namespace zorik::sound {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/Result.h"
+#include "data/ResultFwd.h"
 #include "soundmaker/Room.h"
 
 namespace zorik::sound {

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "data/Files.h"
+#include "data/Result.h"
 #include "soundmaker/Finish.h"
 #include "soundmaker/SoundList.h"
 #include "soundmaker/Synth.h"

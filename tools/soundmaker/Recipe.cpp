@@ -4,6 +4,7 @@
 #include <array>
 #include <utility>
 
+#include "data/Result.h"
 #include "soundmaker/Words.h"
 
 namespace zorik::sound {

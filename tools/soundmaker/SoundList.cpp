@@ -2,6 +2,7 @@
 
 #include <optional>
 
+#include "data/Result.h"
 #include "soundmaker/Words.h"
 
 namespace zorik::sound {

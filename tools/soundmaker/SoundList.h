@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "data/Result.h"
+#include "data/ResultFwd.h"
 
 namespace zorik::sound {
 

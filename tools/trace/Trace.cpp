@@ -5,6 +5,7 @@
 
 #include "core/Machine.h"
 #include "data/Cp1250.h"
+#include "data/Result.h"
 
 namespace zorik {
 namespace {

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "data/Result.h"
+
 namespace zorik {
 namespace {
 

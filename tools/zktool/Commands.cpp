@@ -6,6 +6,8 @@
 #include <limits>
 #include <ostream>
 
+#include "data/Result.h"
+
 namespace zorik {
 namespace {
 
@@ -297,6 +299,12 @@ Exit Dispatch(std::span<const std::string> arguments, Console& console) {
 }
 
 }  // namespace
+
+std::vector<std::string> CommandNames() {
+  std::vector<std::string> names;
+  for (const Command& command : kCommands) names.emplace_back(command.name);
+  return names;
+}
 
 Exit RunZktool(std::span<const std::string> arguments, Console& console) {
   const Exit exit = Dispatch(arguments, console);

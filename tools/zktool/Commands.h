@@ -2,6 +2,7 @@
 
 #include <span>
 #include <string>
+#include <vector>
 
 #include "zktool/CommandLine.h"
 #include "zktool/Console.h"
@@ -10,6 +11,9 @@ namespace zorik {
 
 // The whole program: the first argument names the command. Answers how it ended.
 Exit RunZktool(std::span<const std::string> arguments, Console& console);
+
+// The names of all commands.
+std::vector<std::string> CommandNames();
 
 // The commands, each in a file of its own. What stands on the command line has been checked against the
 // table of commands, so the operands and the required options are there.

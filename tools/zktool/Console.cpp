@@ -46,6 +46,10 @@ Exit Fail(Console& console, Exit exit, std::string_view sentence) {
   return exit;
 }
 
+Exit Fail(Console& console, const Refusal& refusal) {
+  return Fail(console, refusal.exit, refusal.message);
+}
+
 void Warn(Console& console, std::string_view sentence) {
   console.err << "zktool: warning: " << sentence << "\n";
 }

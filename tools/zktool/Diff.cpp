@@ -124,12 +124,11 @@ bool SameRun(Frames& a, Frames& b, std::ostream& out) {
 }  // namespace
 
 Exit DiffCommand(const CommandLine& line, Console& console) {
-  NoFrames reason{};
-  const auto a = OpenFrames(line.operands[0], reason);
-  if (!a) return Fail(console, reason.exit, reason.message);
-  const auto b = OpenFrames(line.operands[1], reason);
-  if (!b) return Fail(console, reason.exit, reason.message);
-  return SameStart(*a, *b, console.out) && SameRun(*a, *b, console.out) ? Exit::Fine : Exit::No;
+  const auto a = OpenFrames(line.operands[0]);
+  if (!a) return Fail(console, a.Why());
+  const auto b = OpenFrames(line.operands[1]);
+  if (!b) return Fail(console, b.Why());
+  return SameStart(**a, **b, console.out) && SameRun(**a, **b, console.out) ? Exit::Fine : Exit::No;
 }
 
 }  // namespace zorik

@@ -12,6 +12,7 @@
 #include "data/CaveO.h"
 #include "data/Cp1250.h"
 #include "data/ReadableText.h"
+#include "data/Result.h"
 
 namespace zorik {
 namespace {

@@ -1,6 +1,8 @@
 #include <ostream>
 
 #include "data/Collection.h"
+#include "data/Files.h"
+#include "data/Result.h"
 #include "zktool/Commands.h"
 
 namespace zorik {

@@ -5,6 +5,8 @@
 #include <utility>
 
 #include "data/Files.h"
+#include "data/Lines.h"
+#include "data/Result.h"
 #include "trace/Trace.h"
 
 namespace zorik {
@@ -24,7 +26,7 @@ std::string WithoutLineEnd(std::string text) {
 // Replays as far as it is asked for, so that even the longest record needs little room.
 class RecordFrames : public Frames {
  public:
-  std::optional<Failure> Open(std::string bytes) { return Replay(hra_, std::move(bytes)); }
+  Result<Done> Open(std::string bytes) { return Replay(hra_, std::move(bytes)); }
 
   std::string CaveLine() const override { return zorik::CaveLine(hra_); }
 
@@ -68,7 +70,7 @@ class TraceFrames : public Frames {
  public:
   // Fails at a line that is none of a trace. The name of a cave may hold line ends, so all that stands in
   // front of the first tick belongs to the cave.
-  std::optional<Failure> Open(std::string bytes) {
+  Result<Done> Open(std::string bytes) {
     RecordLines lines(std::move(bytes), LineEnds::CrLfOrLf);
     caveLine_ = lines.Next();
     for (int number = 2; !lines.AtEnd(); ++number) {
@@ -85,7 +87,7 @@ class TraceFrames : public Frames {
         return Failure{"line " + std::to_string(number) + " is none of a trace"};
       }
     }
-    return std::nullopt;
+    return Done{};
   }
 
   std::string CaveLine() const override { return caveLine_; }
@@ -112,27 +114,20 @@ class TraceFrames : public Frames {
 };
 
 template <class Kind>
-std::unique_ptr<Frames> OpenAs(Exit exit, const std::string& path, std::string bytes, NoFrames& reason) {
+Needed<std::unique_ptr<Frames>> OpenAs(Exit exit, const std::string& path, std::string bytes) {
   auto frames = std::make_unique<Kind>();
-  if (const auto failure = frames->Open(std::move(bytes))) {
-    reason = {exit, path + ": " + failure->message};
-    return nullptr;
-  }
-  return frames;
+  const Result<Done> opened = frames->Open(std::move(bytes));
+  if (!opened) return Refusal{{path + ": " + opened.Message()}, exit};
+  return std::unique_ptr<Frames>(std::move(frames));
 }
 
 }  // namespace
 
-std::unique_ptr<Frames> OpenFrames(const std::string& path, NoFrames& reason) {
+Needed<std::unique_ptr<Frames>> OpenFrames(const std::string& path) {
   Result<std::string> bytes = ReadStream(path);
-  if (!bytes) {
-    reason = {Exit::CannotRead, bytes.Message()};
-    return nullptr;
-  }
-  if (StartsWith(*bytes, kCaveStart)) {
-    return OpenAs<TraceFrames>(Exit::BadTrace, path, std::move(*bytes), reason);
-  }
-  return OpenAs<RecordFrames>(Exit::BadCave, path, std::move(*bytes), reason);
+  if (!bytes) return Refusal{{bytes.Message()}, Exit::CannotRead};
+  if (StartsWith(*bytes, kCaveStart)) return OpenAs<TraceFrames>(Exit::BadTrace, path, std::move(*bytes));
+  return OpenAs<RecordFrames>(Exit::BadCave, path, std::move(*bytes));
 }
 
 }  // namespace zorik

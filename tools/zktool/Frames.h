@@ -3,9 +3,7 @@
 #include <memory>
 #include <optional>
 #include <string>
-#include <vector>
 
-#include "data/Result.h"
 #include "zktool/Console.h"
 
 namespace zorik {
@@ -25,14 +23,7 @@ class Frames {
   virtual bool HoldsGrids() const { return false; }
 };
 
-// Why there are no frames.
-struct NoFrames {
-  Exit exit;
-  std::string message;
-};
-
 // Opens what a file holds: a trace begins with the line of a cave, everything else counts as a record.
-// On failure the pointer is empty and the reason is filled in.
-std::unique_ptr<Frames> OpenFrames(const std::string& path, NoFrames& reason);
+Needed<std::unique_ptr<Frames>> OpenFrames(const std::string& path);
 
 }  // namespace zorik

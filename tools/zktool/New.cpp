@@ -1,6 +1,7 @@
 #include <ostream>
 
 #include "data/Collection.h"
+#include "data/Result.h"
 #include "zktool/Commands.h"
 
 namespace zorik {

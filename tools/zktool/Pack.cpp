@@ -2,6 +2,7 @@
 #include "data/Files.h"
 #include "data/Readable.h"
 #include "data/ReadableText.h"
+#include "data/Result.h"
 #include "zktool/Commands.h"
 #include "zktool/Doubts.h"
 

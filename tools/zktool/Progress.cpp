@@ -7,6 +7,7 @@
 
 #include "data/Cp1250.h"
 #include "data/Files.h"
+#include "data/Result.h"
 #include "zktool/Commands.h"
 
 namespace zorik {

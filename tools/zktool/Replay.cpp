@@ -1,6 +1,7 @@
 #include <ostream>
 
 #include "data/Files.h"
+#include "data/Result.h"
 #include "trace/Trace.h"
 #include "zktool/Commands.h"
 
@@ -13,9 +14,8 @@ Exit ReplayCommand(const CommandLine& line, Console& console) {
   Result<std::string> bytes = ReadStream(path);
   if (!bytes) return Fail(console, Exit::CannotRead, bytes.Message());
   Hra hra;
-  if (const auto failure = Replay(hra, std::move(*bytes))) {
-    return Fail(console, Exit::BadCave, path + ": " + failure->message);
-  }
+  const Result<Done> started = Replay(hra, std::move(*bytes));
+  if (!started) return Fail(console, Exit::BadCave, path + ": " + started.Message());
   TraceRun(hra, {}, {.grid = line.Has("--grid"), .ticks = *ticks},
            [&console](std::string_view text) { console.out << text; });
   return Exit::Fine;

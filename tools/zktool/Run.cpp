@@ -1,6 +1,8 @@
 #include <ostream>
+#include <utility>
 
 #include "data/Files.h"
+#include "data/Result.h"
 #include "trace/Trace.h"
 #include "zktool/Commands.h"
 
@@ -10,16 +12,13 @@ namespace {
 constexpr std::string_view kPlayer = "hrac";
 constexpr std::string_view kCollection = "sada";
 
-// The key script of a file; when it has none, says why.
-Result<KeyScript> ReadKeys(const std::string& path, Console& console, Exit& exit) {
+// The key script of a file.
+Needed<KeyScript> ReadKeys(const std::string& path) {
   const Result<std::string> text = ReadStream(path);
-  if (!text) {
-    exit = Fail(console, Exit::CannotRead, text.Message());
-    return Failure{};
-  }
+  if (!text) return Refusal{{text.Message()}, Exit::CannotRead};
   Result<KeyScript> keys = ReadKeyScript(*text);
-  if (!keys) exit = Fail(console, Exit::BadKeys, path + ": " + keys.Message());
-  return keys;
+  if (!keys) return Refusal{{path + ": " + keys.Message()}, Exit::BadKeys};
+  return std::move(*keys);
 }
 
 Exit WriteRecord(Hra& hra, const std::string& path, bool always, Console& console) {
@@ -45,16 +44,14 @@ Exit RunCommand(const CommandLine& line, Console& console) {
   const std::string& cavePath = line.Value("--cave");
   const Result<std::string> cave = ReadStream(cavePath);
   if (!cave) return Fail(console, Exit::CannotRead, cave.Message());
-  Exit exit = Exit::Fine;
-  const Result<KeyScript> keys = ReadKeys(line.Value("--keys"), console, exit);
-  if (!keys) return exit;
+  const Needed<KeyScript> keys = ReadKeys(line.Value("--keys"));
+  if (!keys) return Fail(console, keys.Why());
 
   Hra hra(*seed);
   hra.PlayerName = kPlayer;
   hra.CollectionName = kCollection;
-  if (const auto failure = PaintCave(hra, *cave, RunKind::Play)) {
-    return Fail(console, Exit::BadCave, cavePath + ": " + failure->message);
-  }
+  const Result<Done> started = PaintCave(hra, *cave, RunKind::Play);
+  if (!started) return Fail(console, Exit::BadCave, cavePath + ": " + started.Message());
   const int length = line.Has("--ticks") ? *ticks : static_cast<int>(keys->size());
   TraceRun(hra, *keys, {.grid = line.Has("--grid"), .ticks = length},
            [&console](std::string_view text) { console.out << text; });

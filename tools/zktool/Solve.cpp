@@ -16,6 +16,7 @@
 #include "data/Collection.h"
 #include "data/Cp1250.h"
 #include "data/Files.h"
+#include "data/Result.h"
 #include "solve/Impossible.h"
 #include "solve/Shorten.h"
 #include "solve/Solver.h"
@@ -89,22 +90,24 @@ std::size_t BytesForOne(const Terms& terms) {
   return std::max(kLeastBytes, kMostBytes / static_cast<std::size_t>(terms.jobs));
 }
 
-// Looks for one plan; several threads may do so with seeds of their own, and the first ends the others.
-bool Look(const Hra& begin, std::uint64_t seed, const Terms& terms, std::atomic<bool>& found,
-          Solved& solved) {
+// Looks for one plan; several threads may do so with seeds of their own, and the first ends the others. Takes
+// what is known of the cave and adds what came of it.
+Solved Look(const Hra& begin, std::uint64_t seed, const Terms& terms, std::atomic<bool>& found,
+            Solved solved) {
   const auto start = Clock::now();
   const auto solver = std::make_unique<Solver>(begin, seed, BytesForOne(terms));
-  bool mine = false;
   while (!found && Since(start) < terms.seconds) {
     if (!solver->Go(kSlice)) continue;
-    mine = !found.exchange(true);
+    if (!found.exchange(true)) {
+      solved.outcome = Outcome::Won;
+      solved.plan = *solver->Found();
+    }
     break;
   }
   solved.seconds = Since(start);
   solved.ticks = solver->Ticks();
   solved.gems = solver->MostGems();
-  if (mine) solved.plan = *solver->Found();
-  return mine;
+  return solved;
 }
 
 // Takes out what is not needed, then looks for shorter ways as long as there is time.
@@ -126,9 +129,10 @@ Solved Solve(const Task& task, const Terms& terms, int lanes) {
   const auto begin = std::make_unique<Hra>(terms.seed);
   begin->PlayerName = kPlayer;
   begin->CollectionName = task.collection;
-  if (const auto failure = PaintCave(*begin, task.text, RunKind::Play)) {
+  const Result<Done> started = PaintCave(*begin, task.text, RunKind::Play);
+  if (!started) {
     solved.outcome = Outcome::BadCave;
-    solved.reason = failure->message;
+    solved.reason = started.Message();
     return solved;
   }
   solved.name = WithoutControls(ToUtf8(begin->CaveName));
@@ -139,9 +143,9 @@ Solved Solve(const Task& task, const Terms& terms, int lanes) {
     return solved;
   }
   std::atomic<bool> found = false;
-  std::vector<Solved> tried(static_cast<std::size_t>(lanes), solved);
+  std::vector<Solved> tried(static_cast<std::size_t>(lanes));
   RunAll(tried.size(), [&](std::size_t lane) {
-    if (Look(*begin, terms.seed * 1000 + lane, terms, found, tried[lane])) tried[lane].outcome = Outcome::Won;
+    tried[lane] = Look(*begin, terms.seed * 1000 + lane, terms, found, solved);
   });
   solved = *std::max_element(tried.begin(), tried.end(), [](const Solved& a, const Solved& b) {
     return std::pair(a.outcome == Outcome::Won, a.gems) < std::pair(b.outcome == Outcome::Won, b.gems);
@@ -157,7 +161,7 @@ std::string RecordOf(const Task& task, const Terms& terms, const Plan& plan) {
   const auto hra = std::make_unique<Hra>(terms.seed);
   hra->PlayerName = kPlayer;
   hra->CollectionName = task.collection;
-  if (PaintCave(*hra, task.text, RunKind::Play)) return {};
+  if (!PaintCave(*hra, task.text, RunKind::Play)) return {};
   for (const Move move : plan) Tick(*hra, KeysOf(move));
   return hra->Win ? SaveRecord(*hra, hra->Win->Score) : std::string();
 }

@@ -8,6 +8,7 @@
 #include "data/CaveO.h"
 #include "data/Cp1250.h"
 #include "data/Files.h"
+#include "data/Result.h"
 
 namespace zorik {
 namespace {

@@ -5,6 +5,7 @@
 
 #include "data/Files.h"
 #include "data/Readable.h"
+#include "data/Result.h"
 #include "zktool/Commands.h"
 
 namespace zorik {

@@ -3,6 +3,9 @@
 #include <array>
 #include <utility>
 
+#include "data/RecordFile.h"
+#include "data/Result.h"
+
 namespace zorik {
 namespace {
 
@@ -23,9 +26,10 @@ std::string_view WordOf(Verdict verdict) {
 
 Judgement Judge(Hra& hra, std::string bytes) {
   Judgement judgement;
-  if (auto failure = Replay(hra, std::move(bytes))) {
+  const Result<Done> started = Replay(hra, std::move(bytes));
+  if (!started) {
     judgement.verdict = Verdict::BadCave;
-    judgement.message = std::move(failure->message);
+    judgement.message = started.Message();
     return judgement;
   }
   judgement.stored = StoredScore(hra);

@@ -6,10 +6,11 @@
 #include <ostream>
 #include <thread>
 #include <utility>
-#include <variant>
 
 #include "data/Cp1250.h"
 #include "data/Files.h"
+#include "data/Lines.h"
+#include "data/Result.h"
 #include "zktool/Commands.h"
 #include "zktool/Json.h"
 #include "zktool/RecordFiles.h"
@@ -137,19 +138,14 @@ void PrintReasons(const std::vector<std::string>& files, const Reports& reports,
   }
 }
 
-struct NoCollection {
-  Exit exit;
-  std::string message;
-};
-
 // The collection that the option names, or nothing if it is not given.
-std::variant<std::optional<PlayedCollection>, NoCollection> CollectionOf(const CommandLine& line) {
-  if (!line.Has("--collection")) return std::nullopt;
+Needed<std::optional<PlayedCollection>> CollectionOf(const CommandLine& line) {
+  if (!line.Has("--collection")) return std::optional<PlayedCollection>();
   const std::string& path = line.Value("--collection");
   const Result<std::string> bytes = ReadStream(path);
-  if (!bytes) return NoCollection{Exit::CannotRead, bytes.Message()};
+  if (!bytes) return Refusal{{bytes.Message()}, Exit::CannotRead};
   Result<PlayedCollection> collection = ReadForPlay(*bytes);
-  if (!collection) return NoCollection{Exit::BadCollection, path + ": " + collection.Message()};
+  if (!collection) return Refusal{{path + ": " + collection.Message()}, Exit::BadCollection};
   return std::optional(std::move(*collection));
 }
 
@@ -171,10 +167,8 @@ Exit Verify(const CommandLine& line, const std::optional<PlayedCollection>& coll
 
 Exit VerifyCommand(const CommandLine& line, Console& console) {
   const auto collection = CollectionOf(line);
-  if (const auto* none = std::get_if<NoCollection>(&collection)) {
-    return Fail(console, none->exit, none->message);
-  }
-  return Verify(line, std::get<0>(collection), console);
+  if (!collection) return Fail(console, collection.Why());
+  return Verify(line, *collection, console);
 }
 
 }  // namespace zorik

@@ -8,6 +8,7 @@
 #include <set>
 
 #include "SkinKeys.h"
+#include "data/Result.h"
 #include "skin/Texts.h"
 
 namespace zorik::test {

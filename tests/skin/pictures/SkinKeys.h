@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "data/Files.h"
+#include "data/Result.h"
 
 namespace zorik::test {
 
