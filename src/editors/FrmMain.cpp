@@ -17,6 +17,7 @@
 #include "editors/Marks.h"
 #include "editors/Palette.h"
 #include "editors/ToolHint.h"
+#include "editors/ToolNames.h"
 #include "editors/WindowPlace.h"
 #include "screens/Hint.h"
 #include "screens/MsgBox.h"
@@ -105,7 +106,10 @@ void FrmMain::LayOut() {
   setCentralWidget(middle);
   setTabOrder(labels_[kDogButton], palette_);
   setTabOrder(palette_, &view_->Picture());
+  ConnectTools();
+}
 
+void FrmMain::ConnectTools() {
   connect(palette_, &Palette::ToolSelected, this, &FrmMain::UpdateCaptions);
   connect(palette_, &Palette::Pointed, this, [this](int palette) {
     pointed_ = palette;

@@ -77,6 +77,7 @@ class FrmMain : public QMainWindow {
   void MakeDogMenu();
   void MakeViewMenu();
   void LayOut();
+  void ConnectTools();
   QToolButton* MakeLabel(const char* name, std::function<void()> act);
   void MakeStatusBar();
   void UpdateCaptions();

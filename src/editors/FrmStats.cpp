@@ -9,10 +9,10 @@
 
 #include "editors/CaveModel.h"
 #include "editors/EditTiles.h"
-#include "editors/Marks.h"
+#include "editors/ToolNames.h"
+#include "editors/ToolTable.h"
 #include "editors/WindowPlace.h"
 #include "screens/PlainText.h"
-#include "skin/Shown.h"
 #include "skin/Skin.h"
 
 namespace zorik {
@@ -41,19 +41,6 @@ QTableWidgetItem* Item(const QString& text) {
 }
 
 }  // namespace
-
-QString NameOfTool(const Skin& skin, int palette, int dog) {
-  const QString name = skin.Text(*ObjectOfTool(palette)->name);
-  if (palette != kDogTool) return name;
-  const QString number = QString::number(dog);
-  return name.contains("?1?") ? FillMarks(name, number, QString()) : name + " " + number;
-}
-
-QString NameOfLetter(const Skin& skin, char letter) {
-  const int palette = ToolOfLetter(letter);
-  if (palette >= 0) return NameOfTool(skin, palette, ValueOf(letter));
-  return QString("\"%1\"").arg(Shown(std::string(1, letter)));
-}
 
 FrmStats::FrmStats(Skin& skin, const CaveModel& cave, EditTiles& tiles, QWidget* parent) : QDialog(parent) {
   setObjectName("frmStats");

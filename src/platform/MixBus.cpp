@@ -21,23 +21,42 @@ std::int16_t ToSample(float value) {
 
 }  // namespace
 
-MixBus::MixBus(std::size_t frames) : sum_(2 * frames + kSinkSamples) {}
-
-void MixBus::Add(std::size_t voice, std::span<const std::int16_t> samples, bool looping,
-                 std::span<const std::int16_t> piece) {
-  if (samples.empty()) return;
+void MixBus::Start(std::size_t voice, std::span<const std::int16_t> samples, bool looping) {
+  Stop(voice);
   if (voice >= voices_.size()) voices_.resize(voice + 1);
-  Voice& v = voices_[voice];
-  if (v.samples.empty()) v = {.samples = samples, .looping = looping, .filled = v.filled};
-  const std::size_t count = std::min(piece.size(), sum_.size() - kSinkSamples - v.filled);
-  for (std::size_t i = 0; i < count; ++i) {
-    const float rise = v.standing && i < kSinkSamples ? 1 - Sinking(i) : 1;
-    sum_[v.filled + i] += rise * static_cast<float>(piece[i]);
+  voices_[voice] = {.samples = samples, .looping = looping};
+}
+
+void MixBus::Stop(std::size_t voice) {
+  if (Sounds(voice)) Sink(voices_[voice]);
+  if (voice < voices_.size()) voices_[voice] = {};
+}
+
+void MixBus::ForgetShort() {
+  for (Voice& voice : voices_) {
+    if (!voice.looping && !voice.standing) voice = {};
   }
-  v.standing = false;
-  v.filled += count;
-  v.position += count;
-  if (looping) v.position %= samples.size();
+}
+
+void MixBus::Hold(std::size_t voice) {
+  if (!Sounds(voice)) return;
+  Sink(voices_[voice]);
+  voices_[voice].standing = true;
+}
+
+void MixBus::GoOn(std::size_t voice) {
+  if (voice >= voices_.size() || !voices_[voice].standing) return;
+  voices_[voice].standing = false;
+  voices_[voice].risen = 0;
+}
+
+bool MixBus::Sounds(std::size_t voice) const {
+  return voice < voices_.size() && !voices_[voice].samples.empty() && !voices_[voice].standing;
+}
+
+bool MixBus::Sounds() const {
+  return std::any_of(voices_.begin(), voices_.end(),
+                     [](const Voice& voice) { return !voice.samples.empty() && !voice.standing; });
 }
 
 void MixBus::Sink(const Voice& voice) {
@@ -46,26 +65,32 @@ void MixBus::Sink(const Voice& voice) {
     std::size_t place = voice.position + i;
     if (voice.looping) place %= size;
     if (place >= size) return;
-    sum_[voice.filled + i] += Sinking(i) * static_cast<float>(voice.samples[place]);
+    sum_[i] += Sinking(i) * static_cast<float>(voice.samples[place]);
   }
 }
 
-void MixBus::Break(std::size_t voice) {
-  if (voice >= voices_.size()) return;
-  Voice& v = voices_[voice];
-  if (!v.samples.empty() && !v.standing) Sink(v);
-  v = {.filled = v.filled};
+void MixBus::Add(Voice& voice, std::size_t count) {
+  for (std::size_t i = 0; i < count && voice.position < voice.samples.size(); ++i) {
+    const float rise = voice.risen < kSinkSamples ? 1 - Sinking(voice.risen++) : 1;
+    sum_[i] += rise * static_cast<float>(voice.samples[voice.position++]);
+    if (voice.looping) voice.position %= voice.samples.size();
+  }
+  if (voice.position >= voice.samples.size()) voice = {};
 }
 
-void MixBus::Finish(std::span<std::int16_t> out) {
+void MixBus::Mix(std::span<std::int16_t> out) {
+  if (sum_.size() < out.size() + kSinkSamples) sum_.resize(out.size() + kSinkSamples);
+  if (quiet_ >= kTail) volume_ = wanted_;
+  quiet_ = Sounds() ? 0 : quiet_ + out.size() / 2;
   for (Voice& voice : voices_) {
-    const bool full = voice.filled >= out.size();
-    if (!voice.samples.empty() && !full && !voice.standing) {
-      Sink(voice);
-      voice.standing = true;
-    }
-    voice.filled = 0;
+    if (!voice.standing) Add(voice, out.size());
   }
+  Emit(out);
+  const auto next = sum_.begin() + static_cast<std::ptrdiff_t>(out.size());
+  std::fill(std::move(next, sum_.end(), sum_.begin()), sum_.end(), 0.0F);
+}
+
+void MixBus::Emit(std::span<std::int16_t> out) {
   const float wanted = wanted_;
   const float step = (wanted - volume_) / static_cast<float>(std::max<std::size_t>(out.size() / 2, 1));
   for (std::size_t i = 0; i + 1 < out.size(); i += 2) {
@@ -76,8 +101,6 @@ void MixBus::Finish(std::span<std::int16_t> out) {
     out[i + 1] = ToSample(frame.right);
   }
   volume_ = wanted;
-  const auto next = sum_.begin() + static_cast<std::ptrdiff_t>(std::min(out.size(), sum_.size()));
-  std::fill(std::move(next, sum_.end(), sum_.begin()), sum_.end(), 0.0F);
 }
 
 }  // namespace zorik

@@ -23,6 +23,7 @@
 #include "screens/Folder.h"
 #include "screens/SkinButton.h"
 #include "screens/StartLists.h"
+#include "support/Patience.h"
 
 namespace zorik::test {
 
@@ -44,7 +45,7 @@ bool Shows() {
 
 template <class Condition>
 bool Wait(Condition condition) {
-  return QTest::qWaitFor(condition, kPatience);
+  return WaitFor(condition, kPatience);
 }
 
 // Reads every message box, and answers it with this key.

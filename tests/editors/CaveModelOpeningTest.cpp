@@ -249,8 +249,10 @@ TEST(CaveModelOpening, CanBeLeftWhenItsCleanTextsWouldNotFit) {
   const auto report = model.OpenCave(text);
   ASSERT_TRUE(report);
   EXPECT_TRUE(report->empty());
+  ASSERT_TRUE(model.Text()) << "nobody could leave it";
   EXPECT_EQ(*model.Text(), text);
   model.Draw(2, 2, 'R');
+  ASSERT_TRUE(model.Text());
   EXPECT_EQ(ParseCaveText(*model.Text())->Description, description);
 }
 

@@ -60,7 +60,7 @@ fault src/flow/Flow.cpp '#include <QString>' "flow may not know <QString>"
 fault src/data/Bytes.h '#include "flow/Flow.h"' "data may not include flow"
 fault src/skin/Painter.cpp '#include "flow/Flow.h"' "skin may not include flow"
 fault src/skin/Painter.cpp '#include "screens/Start.h"' "skin may not include screens"
-fault src/skin/Painter.cpp '#include <SDL_mixer.h>' "only platform knows <SDL_mixer.h>"
+fault src/skin/Painter.cpp '#include <SDL_audio.h>' "only platform knows <SDL_audio.h>"
 fault src/skin/Painter.cpp '#include "Painter.h"' 'the path of "Painter.h" does not start at src'
 fault src/skin/Painter.cpp '#include "../core/Hra.h"' 'the path of "../core/Hra.h" does not start at src'
 fault src/platform/Sound.cpp '#include "skin/Painter.h"' "platform may not include skin"
@@ -117,6 +117,33 @@ seq 500 | sed 's|^|// |' >"$tree/src/rules/Long.cpp"
 expect "500 lines" 0 "" "$here/lengths.sh" "$tree"
 echo "// one more" >>"$tree/src/rules/Long.cpp"
 expect "501 lines" 1 "src/rules/Long.cpp: 501 lines" "$here/lengths.sh" "$tree"
+
+# long WHERE WHAT TEXT: a function of 40 lines passes, one of 41 is found. WHAT is its head, of one line or more.
+long() {
+  local count
+  for count in 40 41; do
+    sound_tree
+    { printf '%b\n' "$2"; seq $((count - 1 - $(printf '%b\n' "$2" | wc -l))) | sed 's|.*|    if (a) {\n    }|' |
+      head -n $((count - 1 - $(printf '%b\n' "$2" | wc -l))); printf '%s\n' "$3"; } >"$tree/src/screens/Long.cpp"
+    if [[ $count -eq 40 ]]; then
+      expect "40 lines: $1" 0 "" "$here/functions.sh" "$tree"
+    else
+      expect "41 lines: $1" 1 "src/screens/Long.cpp:1: 41 lines, more than 40" "$here/functions.sh" "$tree"
+    fi
+  done
+}
+long "a function" 'void Long(int a) {' '}'
+long "a method" 'bool Cave::Long(int a) const override {' '}'
+long "a head of two lines" 'void Long(int a,\n          int b) {' '}'
+long "a list of members" 'Long::Long(int a)\n    : a_(a) {' '}'
+
+sound_tree
+{ echo 'constexpr std::array kRows{{'; seq 60 | sed 's|.*|    {1, 2},|'; echo '}};'; } >"$tree/src/screens/Long.cpp"
+expect "a long table" 0 "" "$here/functions.sh" "$tree"
+{ echo 'class Long {'; seq 60 | sed 's|.*|  void Do(int a);|'; echo '};'; } >"$tree/src/screens/Long.cpp"
+expect "a long class" 0 "" "$here/functions.sh" "$tree"
+{ echo 'class Long {'; echo '  void Do(int a) {'; seq 39 | sed 's|.*|    a;|'; echo '  }'; echo '};'; } >"$tree/src/screens/Long.cpp"
+expect "a long function in a class" 1 "src/screens/Long.cpp:2: 41 lines" "$here/functions.sh" "$tree"
 
 sound_tree
 mkdir -p "$tree/tests/rules"

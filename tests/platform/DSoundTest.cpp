@@ -4,9 +4,11 @@
 #include <array>
 #include <chrono>
 #include <cmath>
+#include <cstdint>
 #include <cstdlib>
 #include <filesystem>
 #include <memory>
+#include <thread>
 
 #include "data/Result.h"
 #include "platform/DSound.h"
@@ -404,6 +406,67 @@ TEST_F(DSoundHeard, TheSameWhenTheBuffersGrowWhileOneSounds) {
   const std::size_t start = Onset(heard) - 1;
   for (std::size_t i = start; i < heard.size(); ++i)
     ASSERT_EQ(heard[i], tone[2 * ((i - start) % 1000)]) << "frame " << i;
+}
+
+TEST_F(DSoundHeard, NoWorkAfterTwoSecondsOfSilence) {
+  const std::uintmax_t silent = disk_.AwaitRest();
+  EXPECT_GE(silent, 2U * 22050 - 512) << "it rests too early";
+  EXPECT_LE(silent, 3U * 22050);
+  EXPECT_EQ(disk_.AwaitRest(), silent);
+}
+
+TEST_F(DSoundHeard, NoRestWhileALoopSounds) {
+  const int handle = Load(Tone(50, 1000, 20000), true);
+  sound_->DSPlay(handle);
+  Await(5 * 22050);
+  sound_->DSPauseAll();
+  EXPECT_GE(disk_.AwaitRest(), 7U * 22050) << "what stands still is silent";
+}
+
+// The driver begins a new file when it is opened again.
+TEST_F(DSoundHeard, ASoundFromItsFirstSampleOnAfterARest) {
+  const Samples tone = Tone(50, 3000, 20000);
+  const int handle = Load(tone);
+  for (int turn = 0; turn < 2; ++turn) {
+    const std::uintmax_t silent = disk_.AwaitRest();
+    ASSERT_GT(silent, 0U);
+    sound_->DSPlay(handle);
+    ASSERT_TRUE(disk_.AwaitWaking(silent));
+    ASSERT_GT(disk_.AwaitRest(), 0U);
+    const std::vector<int> heard = disk_.HeardLeft();
+    const std::size_t start = Onset(heard) - 1;
+    ASSERT_LT(start, 4096U) << "it comes late";
+    for (std::size_t i = 0; i < 3000; ++i) ASSERT_EQ(heard[start + i], tone[2 * i]) << i;
+  }
+}
+
+TEST_F(DSoundHeard, APausedLoopAgainAfterARest) {
+  const int handle = Load(Samples(2 * 1000, 16000), true);
+  sound_->DSPlay(handle);
+  Await(2000);
+  sound_->DSPauseAll();
+  const std::uintmax_t silent = disk_.AwaitRest();
+  sound_->DSResumeAll();
+  ASSERT_TRUE(disk_.AwaitWaking(silent));
+  Await(3000);
+  const std::vector<int> heard = Heard();
+  EXPECT_EQ(*std::max_element(heard.begin(), heard.end()), 16000);
+}
+
+TEST_F(DSoundHeard, NothingThatWasMissedWhileTheCardWasGone) {
+  const int missed = Load(Samples(2 * 4000, 16000));
+  const int later = Load(Samples(2 * 4000, 2000));
+  ASSERT_GT(disk_.AwaitRest(), 0U);
+  {
+    const Environment gone("SDL_DISKAUDIOFILE", folder_.At("none/none.raw"));
+    sound_->DSPlay(missed);
+    std::this_thread::sleep_for(std::chrono::milliseconds(200));
+  }
+  disk_.Forget();
+  sound_->DSPlay(later);
+  ASSERT_TRUE(disk_.Await(3000));
+  const std::vector<int> heard = Heard();
+  EXPECT_EQ(*std::max_element(heard.begin(), heard.end()), 2000);
 }
 
 }  // namespace

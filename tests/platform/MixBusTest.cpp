@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <span>
+#include <vector>
 
 #include "data/Result.h"
 #include "platform/MixBus.h"
@@ -20,41 +20,35 @@ constexpr std::size_t kFrames = 512;
 // Buffers that are played one after another.
 class Player {
  public:
-  // Adds so many frames of a recording to the buffer.
-  void Add(std::size_t voice, const Samples& samples, std::size_t from, std::size_t frames,
-           bool looping = false) {
-    bus.Add(voice, samples, looping, std::span(samples).subspan(2 * from, 2 * frames));
-  }
-
-  void Finish() {
-    Samples out(2 * kFrames, 12345);
-    bus.Finish(out);
-    for (std::size_t i = 0; i < out.size(); i += 2) {
-      EXPECT_EQ(out[i], out[i + 1]);
-      heard.push_back(out[i]);
+  void Mix(std::size_t buffers = 1, std::size_t frames = kFrames) {
+    for (std::size_t n = 0; n < buffers; ++n) {
+      Samples out(2 * frames, 12345);
+      bus.Mix(out);
+      for (std::size_t i = 0; i < out.size(); i += 2) {
+        EXPECT_EQ(out[i], out[i + 1]);
+        heard.push_back(out[i]);
+      }
     }
   }
 
-  // What was heard of the frames that were added: the limiter's delay taken off.
+  // What was heard of the frames that were mixed: the limiter's delay taken off.
   int At(std::size_t frame) const { return heard.at(frame + Limiter::kDelay); }
 
-  MixBus bus{kFrames};
+  MixBus bus;
   std::vector<int> heard;
 };
 
 TEST(MixBus, IsSilentWhenNothingSounds) {
   Player player;
-  player.Finish();
+  player.Mix();
   EXPECT_EQ(player.heard, std::vector<int>(kFrames, 0));
 }
 
 TEST(MixBus, PlaysASingleSoundUnchanged) {
   Player player;
   const Samples tone = Tone(50, 2 * kFrames, 23000);
-  player.Add(0, tone, 0, kFrames);
-  player.Finish();
-  player.Add(0, tone, kFrames, kFrames);
-  player.Finish();
+  player.bus.Start(0, tone, false);
+  player.Mix(2);
   for (std::size_t i = 0; i < 2 * kFrames - Limiter::kDelay; ++i)
     ASSERT_EQ(player.At(i), tone[2 * i]) << "frame " << i;
 }
@@ -62,13 +56,10 @@ TEST(MixBus, PlaysASingleSoundUnchanged) {
 TEST(MixBus, GlidesToAnotherVolumeWithinABuffer) {
   Player player;
   const Samples level(2 * 3 * kFrames, 8000);
-  player.Add(0, level, 0, kFrames);
-  player.Finish();
+  player.bus.Start(0, level, false);
+  player.Mix();
   player.bus.SetVolume(0.25F);
-  for (std::size_t i = 1; i < 3; ++i) {
-    player.Add(0, level, i * kFrames, kFrames);
-    player.Finish();
-  }
+  player.Mix(2);
   EXPECT_EQ(player.At(kFrames - 1), 8000);
   EXPECT_NEAR(player.At(kFrames + kFrames / 2), 5000, 20) << "half of the way";
   for (std::size_t i = kFrames; i < 2 * kFrames; ++i) {
@@ -77,78 +68,94 @@ TEST(MixBus, GlidesToAnotherVolumeWithinABuffer) {
   EXPECT_EQ(player.At(2 * kFrames), 2000);
 }
 
+TEST(MixBus, HasAnotherVolumeAtOnceAfterSilence) {
+  const Samples level(2 * 2 * kFrames, 8000);
+  for (const std::size_t buffers : {0U, 1U}) {
+    Player player;
+    player.Mix(buffers);
+    player.bus.SetVolume(0.25F);
+    player.bus.Start(0, level, false);
+    player.Mix(2);
+    EXPECT_EQ(player.At(buffers * kFrames), 2000) << buffers;
+  }
+}
+
 TEST(MixBus, IsSilentWithoutVolume) {
   Player player;
   player.bus.SetVolume(0);
   const Samples level(2 * 2 * kFrames, 8000);
-  for (std::size_t i = 0; i < 2; ++i) {
-    player.Add(0, level, i * kFrames, kFrames);
-    player.Finish();
-  }
-  EXPECT_EQ(player.At(kFrames), 0);
+  player.bus.Start(0, level, false);
+  player.Mix(2);
+  EXPECT_EQ(player.heard, std::vector<int>(2 * kFrames, 0));
 }
 
 TEST(MixBus, AddsSoundsThatSoundTogether) {
   Player player;
   const Samples one(2 * kFrames, 1000);
   const Samples other(2 * kFrames, 4000);
-  player.Add(0, one, 0, kFrames);
-  player.Add(5, other, 0, kFrames);
-  player.Finish();
+  player.bus.Start(0, one, false);
+  player.bus.Start(5, other, false);
+  player.Mix();
   EXPECT_EQ(player.At(300), 5000);
 }
 
 TEST(MixBus, LetsASoundThatComesToItsEndEndThere) {
   Player player;
   const Samples sound(2 * 200, 8000);
-  player.Add(0, sound, 0, 200);
-  player.bus.Break(0);
-  player.Finish();
-  player.Finish();
+  player.bus.Start(0, sound, false);
+  EXPECT_TRUE(player.bus.Sounds(0));
+  player.Mix();
+  EXPECT_FALSE(player.bus.Sounds(0));
+  player.Mix();
   EXPECT_EQ(player.At(199), 8000);
   EXPECT_EQ(player.At(200), 0);
+}
+
+TEST(MixBus, PlaysALoopOnWithoutASeamInBuffersOfAnySize) {
+  Player player;
+  const Samples tone = Tone(50, 300, 20000);
+  player.bus.Start(0, tone, true);
+  for (const std::size_t frames : {1U, 700U, 64U, 2000U}) player.Mix(1, frames);
+  for (std::size_t i = 0; i < 2765 - Limiter::kDelay; ++i)
+    ASSERT_EQ(player.At(i), tone[2 * (i % 300)]) << "frame " << i;
 }
 
 TEST(MixBus, LetsABrokenSoundSinkInFiveMilliseconds) {
   Player player;
   const Samples sound(8 * kFrames, 8000);
-  player.Add(0, sound, 0, kFrames);
-  player.Finish();
-  player.bus.Break(0);
-  player.Finish();
-  player.Finish();
+  player.bus.Start(0, sound, false);
+  player.Mix();
+  player.bus.Stop(0);
+  player.Mix(2);
   EXPECT_EQ(player.At(kFrames - 1), 8000);
   for (std::size_t i = kFrames; i < kFrames + MixBus::kSink; ++i)
     ASSERT_LT(std::abs(player.At(i) - player.At(i - 1)), 80) << "frame " << i;
   for (std::size_t i = kFrames + MixBus::kSink; i < 2 * kFrames; ++i) ASSERT_EQ(player.At(i), 0);
 }
 
-TEST(MixBus, GoesOnWithTheSoundItselfWhileItSinks) {
-  Player player;
-  const Samples tone = Tone(20, 4 * kFrames, 20000);
-  player.Add(0, tone, 0, kFrames);
-  player.Finish();
-  player.bus.Break(0);
-  player.Finish();
-  for (std::size_t i = 0; i < MixBus::kSink; ++i) {
-    const double loudness = 1 - static_cast<double>(i + 1) / MixBus::kSink;
-    ASSERT_NEAR(player.At(kFrames + i), loudness * tone[2 * (kFrames + i)], 1) << "frame " << i;
+TEST(MixBus, GoesOnWithTheSoundItselfWhileItSinksAlsoInSmallBuffers) {
+  for (const std::size_t frames : {kFrames, std::size_t{32}}) {
+    Player player;
+    const Samples tone = Tone(20, 4 * kFrames, 20000);
+    player.bus.Start(0, tone, false);
+    player.Mix();
+    player.bus.Stop(0);
+    player.Mix(2 * kFrames / frames, frames);
+    for (std::size_t i = 0; i < MixBus::kSink; ++i) {
+      const double loudness = 1 - static_cast<double>(i + 1) / MixBus::kSink;
+      ASSERT_NEAR(player.At(kFrames + i), loudness * tone[2 * (kFrames + i)], 1) << "frame " << i;
+    }
   }
 }
 
 TEST(MixBus, StartsABrokenSoundAgainWhileItsEndSinks) {
   Player player;
   const Samples ruler = Ruler(100000);
-  for (std::size_t i = 0; i < 100; ++i) {
-    player.Add(0, ruler, i * kFrames, kFrames);
-    player.Finish();
-  }
+  player.bus.Start(0, ruler, false);
+  player.Mix(100);
   const std::size_t again = 100 * kFrames;
-  player.bus.Break(0);
-  player.Add(0, ruler, 0, kFrames);
-  player.Finish();
-  player.Add(0, ruler, kFrames, kFrames);
-  player.Finish();
+  player.bus.Start(0, ruler, false);
+  player.Mix(2);
   EXPECT_EQ(player.At(again - 1), 3199);
   EXPECT_NEAR(player.At(again), 3200, 32);
   for (std::size_t i = MixBus::kSink; i < 2 * kFrames - Limiter::kDelay; ++i)
@@ -158,10 +165,10 @@ TEST(MixBus, StartsABrokenSoundAgainWhileItsEndSinks) {
 TEST(MixBus, SinksAroundTheSeamOfALoop) {
   Player player;
   const Samples loop = Tone(64, 64, 20000);
-  for (std::size_t i = 0; i < kFrames; i += 64) player.Add(0, loop, 0, 64, true);
-  player.Finish();
-  player.bus.Break(0);
-  player.Finish();
+  player.bus.Start(0, loop, true);
+  player.Mix();
+  player.bus.Stop(0);
+  player.Mix();
   for (std::size_t i = 0; i < MixBus::kSink; ++i) {
     const double loudness = 1 - static_cast<double>(i + 1) / MixBus::kSink;
     ASSERT_NEAR(player.At(kFrames + i), loudness * loop[2 * (i % 64)], 1) << "frame " << i;
@@ -171,18 +178,17 @@ TEST(MixBus, SinksAroundTheSeamOfALoop) {
 TEST(MixBus, LetsAPausedSoundSinkAndRiseAgainWhereItStood) {
   Player player;
   const Samples ruler = Ruler(100000);
-  for (std::size_t i = 0; i < 100; ++i) {
-    player.Add(0, ruler, i * kFrames, kFrames);
-    player.Finish();
-  }
-  player.Finish();
-  player.Finish();
+  player.bus.Start(0, ruler, false);
+  player.Mix(100);
+  player.bus.Hold(0);
+  EXPECT_FALSE(player.bus.Sounds());
+  player.Mix(2);
   const std::size_t rest = 100 * kFrames;
   EXPECT_NEAR(player.At(rest), 3200, 32);
   for (std::size_t i = MixBus::kSink; i < kFrames; ++i) ASSERT_EQ(player.At(rest + i), 0);
-  player.Add(0, ruler, 100 * kFrames, kFrames);
-  player.Finish();
-  player.Finish();
+  player.bus.GoOn(0);
+  EXPECT_TRUE(player.bus.Sounds());
+  player.Mix(2);
   const std::size_t on = 102 * kFrames;
   EXPECT_NEAR(player.At(on), 0, 32);
   for (std::size_t i = MixBus::kSink; i < kFrames; ++i)
@@ -192,22 +198,46 @@ TEST(MixBus, LetsAPausedSoundSinkAndRiseAgainWhereItStood) {
 TEST(MixBus, HasNothingMoreToSayOfASoundThatIsBrokenWhilePaused) {
   Player player;
   const Samples sound(8 * kFrames, 8000);
-  player.Add(0, sound, 0, kFrames);
-  player.Finish();
-  player.Finish();
-  player.bus.Break(0);
-  player.Finish();
-  player.Finish();
+  player.bus.Start(0, sound, false);
+  player.Mix();
+  player.bus.Hold(0);
+  player.Mix();
+  player.bus.Stop(0);
+  player.bus.GoOn(0);
+  player.Mix(2);
   for (std::size_t i = kFrames + MixBus::kSink; i < 3 * kFrames; ++i) ASSERT_EQ(player.At(i), 0);
+}
+
+TEST(MixBus, CountsTheFramesSinceAVoiceLastSounded) {
+  Player player;
+  const Samples sound(2 * kFrames, 8000);
+  player.bus.Start(0, sound, true);
+  player.Mix(3);
+  EXPECT_EQ(player.bus.Quiet(), 0U);
+  player.bus.Hold(0);
+  player.Mix(3);
+  EXPECT_EQ(player.bus.Quiet(), 3 * kFrames) << "what stands still does not sound";
+  player.bus.GoOn(0);
+  player.Mix();
+  EXPECT_EQ(player.bus.Quiet(), 0U);
+}
+
+TEST(MixBus, ForgetsWhatDoesNotLoopWithoutASound) {
+  Player player;
+  const Samples low(2 * kFrames, 1000);
+  const Samples high(2 * kFrames, 8000);
+  player.bus.Start(0, high, false);
+  player.bus.Start(1, low, true);
+  player.bus.ForgetShort();
+  player.Mix();
+  EXPECT_EQ(player.At(0), 1000);
 }
 
 TEST(MixBus, DoesNotClipSixteenTonesInStep) {
   Player player;
   const Samples tone = Tone(64, kFrames, 23197);  // 3 dB below full scale
-  for (int buffer = 0; buffer < 20; ++buffer) {
-    for (std::size_t voice = 0; voice < 16; ++voice) player.Add(voice, tone, 0, kFrames, true);
-    player.Finish();
-  }
+  for (std::size_t voice = 0; voice < 16; ++voice) player.bus.Start(voice, tone, true);
+  player.Mix(20);
   const int most = *std::max_element(player.heard.begin(), player.heard.end());
   EXPECT_LE(most, 29164) << "more than 1 dB below full scale";
   EXPECT_GE(most, 29000);
@@ -217,9 +247,12 @@ TEST(MixBus, DoesNotClipSixteenTonesInStep) {
 
 TEST(MixBus, CaresForNoVoiceThatItDoesNotKnow) {
   Player player;
-  player.bus.Break(17);
-  player.bus.Add(3, {}, true, {});
-  player.Finish();
+  player.bus.Stop(17);
+  player.bus.Hold(17);
+  player.bus.GoOn(17);
+  EXPECT_FALSE(player.bus.Sounds(17));
+  player.bus.Start(3, {}, true);
+  player.Mix();
   EXPECT_EQ(player.heard, std::vector<int>(kFrames, 0));
 }
 

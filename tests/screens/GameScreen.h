@@ -7,7 +7,6 @@
 #include <QLabel>
 #include <QSet>
 #include <QTest>
-#include <QTimer>
 #include <functional>
 #include <memory>
 
@@ -17,24 +16,15 @@
 #include "screens/Folder.h"
 #include "screens/HraWindow.h"
 #include "screens/SkinButton.h"
+#include "support/Patience.h"
 
 namespace zorik::test {
 
 inline constexpr int kPatience = 20000;  // milliseconds
 
-// A box that opens meanwhile, and that nobody answers, would hold a wait for ever: it is closed when the time
-// is up.
 template <class Condition>
 bool Wait(Condition condition) {
-  QTimer late;
-  late.callOnTimeout([] {
-    QWidget* const box = QApplication::activeModalWidget();
-    if (box == nullptr) return;
-    ADD_FAILURE() << "a box that nobody answers: " << box->windowTitle().toStdString();
-    box->close();
-  });
-  late.start(kPatience);
-  return QTest::qWaitFor(condition, kPatience);
+  return WaitFor(condition, kPatience);
 }
 
 // Answers every message box with the button of that place, or its last one, and keeps what it said.

@@ -1,31 +1,25 @@
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <chrono>
-#include <cstdlib>
+#include <cstdint>
 #include <filesystem>
 #include <map>
-#include <set>
 #include <string>
 #include <vector>
 
+#include "SoundsScene.h"
 #include "data/Result.h"
-#include "skin/Sounds.h"
-#include "support/Waves.h"
 
+// Which recordings the sounds have, and which of them is picked.
 namespace zorik {
 namespace {
 
 namespace fs = std::filesystem;
 using State = DSound::State;
 using test::Environment;
-using test::Samples;
-using test::SoundFolder;
-using test::SoundOnDisk;
-using test::Tone;
+using test::Names;
+using test::SoundsSilent;
+using test::SoundsTest;
 using test::WaveFileOf;
-
-using Names = std::set<std::string>;
 
 // All of them, in the order of their numbers.
 std::vector<SoundId> AllSounds() {
@@ -33,59 +27,6 @@ std::vector<SoundId> AllSounds() {
   for (std::size_t place = 0; place < kSoundCount; ++place) sounds.push_back(static_cast<SoundId>(place));
   return sounds;
 }
-
-// A folder of skins.
-class SoundsTest : public testing::Test {
- protected:
-  SoundsTest() { places_.SkinsPath = folder_.At("Skins"); }
-
-  std::string Wave(const std::string& name, const Samples& samples = Tone(50, 500, 20000)) const {
-    return folder_.Write("Skins/" + name, WaveFileOf(samples));
-  }
-
-  // The buffers in a state, by their files below the folder of skins.
-  Names In(const DSound& device, State state) const {
-    Names names;
-    for (int handle = 0; handle < DSound::kMostBuffers; ++handle) {
-      if (device.StateOf(handle) != state || device.FileOf(handle).empty()) continue;
-      names.insert(device.FileOf(handle).substr(places_.SkinsPath.size() + 1));
-    }
-    return names;
-  }
-
-  SoundFolder folder_;
-  SkinPlaces places_;
-};
-
-// Without a sound card: what is asked of the buffers.
-class SoundsSilent : public SoundsTest {
- protected:
-  void Load() { ASSERT_TRUE(sounds_.InicializaceZvuku(places_)); }
-  Names Loaded() const { return In(device_, State::Loaded); }
-  Names Playing() const { return In(device_, State::Playing); }
-
-  // How often each file is picked, an empty name standing for none; every pick is stopped again.
-  std::map<std::string, int> Picks(SoundId sound, int times) {
-    std::map<std::string, int> picks;
-    for (int i = 0; i < times; ++i) {
-      sounds_.PZvuk(sound);
-      const Names playing = Playing();
-      EXPECT_LE(playing.size(), 1U);
-      ++picks[playing.empty() ? "" : *playing.begin()];
-      sounds_.StopAll();
-    }
-    return picks;
-  }
-
-  Environment driver_{"SDL_AUDIODRIVER", "dummy"};
-  DSound device_;
-  Sounds sounds_{device_, 1};
-};
-
-class SoundsHeard : public SoundsTest {
- protected:
-  SoundOnDisk disk_{folder_};
-};
 
 TEST_F(SoundsSilent, WithoutAFileHaveACountOfZeroAndStaySilent) {
   Load();
@@ -251,110 +192,6 @@ TEST_F(SoundsSilent, AreLoadedInTheGivenOrder) {
   }
 }
 
-TEST_F(SoundsSilent, SwitchedOffAreLoadedButDoNotPlay) {
-  Wave("Default/Sound/dirt.wav");
-  Wave("Default/Sound/dirt2.wav");
-  sounds_.SetSound(false);
-  Load();
-  EXPECT_EQ(sounds_.SoundCount(SoundId::Dirt), 2);
-  EXPECT_EQ(Picks(SoundId::Dirt, 20), (std::map<std::string, int>{{"", 20}}));
-  sounds_.SetSound(true);
-  EXPECT_EQ(Picks(SoundId::Dirt, 20).size(), 2U);
-}
-
-TEST_F(SoundsSilent, SwitchedOffCanStillBeStopped) {
-  Wave("Default/Sound/amoeba.wav");
-  Wave("Default/Sound/amoeba2.wav");
-  Load();
-  sounds_.PZvuk(SoundId::Amoeba);
-  ASSERT_EQ(Playing().size(), 1U);
-  sounds_.SetSound(false);
-  sounds_.PZvukStop(SoundId::Amoeba);
-  EXPECT_EQ(Playing(), Names());
-}
-
-TEST_F(SoundsSilent, ThatGoOnAndOnAreMutedByThemselves) {
-  for (const char* name : {"amoeba", "amoeba2", "dirt", "dirt2"})
-    Wave("Default/Sound/" + std::string(name) + ".wav");
-  Load();
-  sounds_.PZvuk(SoundId::Amoeba);
-  sounds_.PZvuk(SoundId::Dirt);
-  ASSERT_EQ(Playing().size(), 2U);
-  sounds_.SwitchLoops(false);
-  ASSERT_EQ(Playing().size(), 1U);
-  EXPECT_EQ(Playing().begin()->substr(0, 18), "Default/Sound/dirt");
-  sounds_.StopAll();
-  sounds_.PZvuk(SoundId::Amoeba);
-  EXPECT_EQ(Playing(), Names()) << "nor do they start";
-}
-
-TEST_F(SoundsSilent, ThatWereMutedAreHeardAgainWhereTheyStillGoOn) {
-  for (const char* name : {"amoeba", "amoeba2", "magicwall", "magicwall2"})
-    Wave("Default/Sound/" + std::string(name) + ".wav");
-  Load();
-  sounds_.SetLoops(false);
-  sounds_.PZvuk(SoundId::Amoeba);
-  sounds_.PZvuk(SoundId::MagicWall);
-  sounds_.PZvukStop(SoundId::MagicWall);
-  sounds_.SwitchLoops(true);
-  ASSERT_EQ(Playing().size(), 1U);
-  EXPECT_EQ(Playing().begin()->substr(0, 20), "Default/Sound/amoeba");
-  sounds_.SwitchLoops(true);
-  EXPECT_EQ(Playing().size(), 1U) << "it goes on";
-}
-
-TEST_F(SoundsSilent, ThatAreMutedStaySoWhenAllOthersAreSwitchedOn) {
-  for (const char* name : {"amoeba", "amoeba2"}) Wave("Default/Sound/" + std::string(name) + ".wav");
-  Load();
-  sounds_.SetSound(false);
-  sounds_.PZvuk(SoundId::Amoeba);
-  sounds_.SwitchLoops(false);
-  sounds_.Switch(true);
-  EXPECT_EQ(Playing(), Names());
-  sounds_.Switch(false);
-  sounds_.SwitchLoops(true);
-  EXPECT_EQ(Playing(), Names()) << "all are off";
-  sounds_.Switch(true);
-  EXPECT_EQ(Playing().size(), 1U);
-}
-
-TEST_F(SoundsSilent, ThatGoOnAreHeardAgainWhenSoundIsSwitchedOn) {
-  for (const char* name : {"amoeba", "amoeba2", "magicwall", "magicwall2", "dirt", "dirt2"})
-    Wave("Default/Sound/" + std::string(name) + ".wav");
-  sounds_.SetSound(false);
-  Load();
-  sounds_.PZvuk(SoundId::Amoeba);
-  sounds_.PZvuk(SoundId::Dirt);
-  ASSERT_EQ(Playing(), Names());
-  sounds_.Switch(true);
-  EXPECT_EQ(Playing().size(), 1U) << "a sound that is short is over";
-  sounds_.PZvuk(SoundId::MagicWall);
-  ASSERT_EQ(Playing().size(), 2U);
-  sounds_.Switch(false);
-  EXPECT_EQ(Playing(), Names());
-  sounds_.PZvukStop(SoundId::Amoeba);
-  sounds_.Switch(true);
-  EXPECT_EQ(Playing().size(), 1U) << "what was stopped meanwhile stays so";
-  sounds_.StopAll();
-  sounds_.Switch(false);
-  sounds_.Switch(true);
-  EXPECT_EQ(Playing(), Names());
-}
-
-TEST_F(SoundsSilent, AreStoppedInAllTheirVariantsAndNoOthers) {
-  for (const char* name : {"amoeba", "amoeba2", "amoeba3", "dirt", "dirt2"})
-    Wave("Default/Sound/" + std::string(name) + ".wav");
-  Load();
-  for (int i = 0; i < 50; ++i) sounds_.PZvuk(SoundId::Amoeba);
-  ASSERT_EQ(Playing().size(), 3U);
-  sounds_.PZvuk(SoundId::Dirt);
-  ASSERT_EQ(Playing().size(), 4U);
-  sounds_.PZvukStop(SoundId::Amoeba);
-  EXPECT_EQ(Playing().size(), 1U);
-  sounds_.StopAll();
-  EXPECT_EQ(Playing(), Names());
-}
-
 TEST_F(SoundsSilent, ThatPlayGoOnWhenTheSameSkinIsLoadedAgain) {
   Wave("Default/Sound/amoeba.wav");
   Wave("Default/Sound/amoeba2.wav");
@@ -416,32 +253,6 @@ TEST_F(SoundsSilent, MayBeLongWhereTheySoundOnAndOn) {
   EXPECT_EQ(Loaded(), (Names{"Default/Sound/amoeba.wav", "Default/Sound/magicwall.wav"}));
 }
 
-TEST_F(SoundsSilent, MakeTheNameForTheLastSecondsAndPlayNothing) {
-  places_.Skin = "Mine";
-  const std::string own = Wave("Mine/Sound/O7.wav");
-  const std::string other = Wave("Default/Sound/O10.wav");
-  Load();
-  EXPECT_EQ(sounds_.PZvukTime(7), own);
-  EXPECT_EQ(sounds_.PZvukTime(10), other);
-  EXPECT_EQ(sounds_.PZvukTime(3), places_.SkinsPath + "/Default/Sound/O3.wav") << "it need not be there";
-  EXPECT_EQ(Playing(), Names());
-  EXPECT_EQ(Loaded(), Names());
-  sounds_.SetSound(false);
-  EXPECT_EQ(sounds_.PZvukTime(7), "");
-}
-
-TEST_F(SoundsSilent, PauseTogetherAndGoOnTogether) {
-  Wave("Default/Sound/amoeba.wav");
-  Wave("Default/Sound/amoeba2.wav");
-  Load();
-  sounds_.PZvuk(SoundId::Amoeba);
-  const Names playing = Playing();
-  sounds_.PauseAll();
-  EXPECT_EQ(In(device_, State::Paused), playing);
-  sounds_.ResumeAll();
-  EXPECT_EQ(Playing(), playing);
-}
-
 TEST_F(SoundsTest, WithoutAnyDriverFailInTheGivenWordsAndStaySilent) {
   Wave("Default/Sound/dirt.wav");
   DSound device({"nonsense"});
@@ -471,70 +282,6 @@ TEST_F(SoundsTest, OfOneSeedArePickedAlike) {
   }
   EXPECT_EQ(runs[0], runs[1]);
   EXPECT_NE(runs[0], runs[2]);
-}
-
-TEST_F(SoundsHeard, SwitchedOffAreSilence) {
-  Wave("Default/Sound/dirt.wav");
-  Wave("Default/Sound/dirt2.wav");
-  Samples heard;
-  {
-    DSound device;
-    Sounds sounds(device);
-    sounds.SetSound(false);
-    ASSERT_TRUE(sounds.InicializaceZvuku(places_));
-    for (int i = 0; i < 20; ++i) sounds.PZvuk(SoundId::Dirt);
-    ASSERT_TRUE(disk_.Await(3000));
-  }
-  heard = disk_.Heard();
-  ASSERT_GT(heard.size(), 4000U);
-  EXPECT_EQ(std::count(heard.begin(), heard.end(), 0), static_cast<std::ptrdiff_t>(heard.size()));
-}
-
-TEST_F(SoundsHeard, OfMagicWallAmoebaAndBackgroundLoopAndNoOther) {
-  const std::map<SoundId, std::string> stems{{SoundId::Dirt, "dirt"},
-                                             {SoundId::Explosion, "explosion"},
-                                             {SoundId::MagicWall, "magicwall"},
-                                             {SoundId::Back, "back"},
-                                             {SoundId::Amoeba, "amoeba"}};
-  for (const auto& [sound, stem] : stems) {
-    const Samples steady(2 * 1000, 2000);
-    Wave("Default/Sound/" + stem + ".wav", steady);
-    Wave("Default/Sound/" + stem + "2.wav", steady);
-  }
-  for (const auto& [sound, stem] : stems) {
-    SCOPED_TRACE(stem);
-    {
-      DSound device;
-      Sounds sounds(device);
-      ASSERT_TRUE(sounds.InicializaceZvuku(places_));
-      sounds.PZvuk(sound);
-      ASSERT_TRUE(disk_.Await(5000));
-    }
-    const std::vector<int> heard = disk_.HeardLeft();
-    const auto sounding = std::count(heard.begin(), heard.end(), 2000);
-    const bool loops = sound == SoundId::MagicWall || sound == SoundId::Back || sound == SoundId::Amoeba;
-    EXPECT_TRUE(loops ? sounding > 2500 : sounding == 1000) << sounding;
-  }
-}
-
-// Half the way to the left is a quarter as loud.
-TEST_F(SoundsHeard, AreAsLoudAsTheVolumeSays) {
-  for (const char* name : {"amoeba", "amoeba2"})
-    Wave("Default/Sound/" + std::string(name) + ".wav", Samples(2 * 1000, 2000));
-  for (const auto& [volume, loudness] : {std::pair(10, 2000), {5, 500}, {0, 0}, {99, 2000}, {-1, 0}}) {
-    {
-      DSound device;
-      Sounds sounds(device);
-      ASSERT_TRUE(sounds.InicializaceZvuku(places_));
-      sounds.SetVolume(volume);
-      sounds.PZvuk(SoundId::Amoeba);
-      ASSERT_TRUE(disk_.Await(5000));
-    }
-    const std::vector<int> heard = disk_.HeardLeft();
-    const auto so = std::count_if(heard.begin(), heard.end(),
-                                  [wanted = loudness](int sample) { return std::abs(sample - wanted) < 2; });
-    EXPECT_GT(so, 2500) << volume;
-  }
 }
 
 }  // namespace

@@ -134,6 +134,31 @@ class SoundOnDisk {
     return true;
   }
 
+  // Waits until nothing more is written for a while, and answers how many frames there are then. 0 if it
+  // takes far too long.
+  std::uintmax_t AwaitRest() const {
+    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+    for (std::uintmax_t size = Size(); std::chrono::steady_clock::now() < end;) {
+      std::this_thread::sleep_for(std::chrono::milliseconds(300));
+      const std::uintmax_t before = std::exchange(size, Size());
+      if (before == size) return size / 4;
+    }
+    return 0;
+  }
+
+  // Waits until the file is begun anew, which had so many frames. False if that takes far too long.
+  bool AwaitWaking(std::uintmax_t frames) const {
+    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+    while (Size() == frames * 4) {
+      if (std::chrono::steady_clock::now() > end) return false;
+      std::this_thread::sleep_for(std::chrono::microseconds(200));
+    }
+    return true;
+  }
+
+  // What was written so far is thrown away.
+  void Forget() const { std::filesystem::remove(path_); }
+
   // All that was written so far, left and right in turn.
   Samples Heard() const {
     std::ifstream file(path_, std::ios::binary);

@@ -1,0 +1,109 @@
+#include "platform/SoundDevice.h"
+
+#include <SDL.h>
+
+#include <algorithm>
+#include <span>
+
+#include "platform/WaveFile.h"
+
+namespace zorik {
+namespace {
+
+constexpr Uint16 kBuffer = 512;                    // frames: 23 ms from a deed to its sound
+constexpr std::size_t kPatience = 2 * kSoundRate;  // frames of silence after which the device rests
+
+}  // namespace
+
+SoundDevice::~SoundDevice() {
+  if (!chosen_) return;
+  watch_.request_stop();
+  watch_.join();
+  if (device_ != 0) SDL_CloseAudioDevice(device_);
+  SDL_QuitSubSystem(SDL_INIT_AUDIO);
+}
+
+bool SoundDevice::Choose(const std::vector<std::string>& drivers) {
+  if (chosen_) return true;
+  SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
+  SDL_SetHint(SDL_HINT_AUDIO_DEVICE_APP_NAME, "Zorík");
+  SDL_SetHint(SDL_HINT_AUDIO_DEVICE_STREAM_ROLE, "game");
+  chosen_ =
+      std::any_of(drivers.begin(), drivers.end(), [this](const auto& name) { return OpenDriver(name); });
+  if (chosen_) watch_ = std::jthread([this](const std::stop_token& end) { Watch(end); });
+  return chosen_;
+}
+
+bool SoundDevice::OpenDriver(const std::string& name) {
+  if (!name.empty()) SDL_SetHintWithPriority(SDL_HINT_AUDIODRIVER, name.c_str(), SDL_HINT_OVERRIDE);
+  const bool begun = SDL_InitSubSystem(SDL_INIT_AUDIO) == 0;
+  if (!name.empty()) SDL_ResetHint(SDL_HINT_AUDIODRIVER);
+  if (!begun) return false;
+  device_ = OpenDevice();
+  if (device_ == 0) SDL_QuitSubSystem(SDL_INIT_AUDIO);
+  return device_ != 0;
+}
+
+std::uint32_t SoundDevice::OpenDevice() {
+  SDL_AudioSpec wanted{};
+  wanted.freq = kSoundRate;
+  wanted.format = AUDIO_S16SYS;
+  wanted.channels = kSoundChannels;
+  wanted.samples = kBuffer;
+  wanted.callback = &Fill;
+  wanted.userdata = this;
+  const SDL_AudioDeviceID device = SDL_OpenAudioDevice(nullptr, 0, &wanted, nullptr, 0);
+  if (device != 0) SDL_PauseAudioDevice(device, 0);
+  return device;
+}
+
+std::string SoundDevice::Driver() const {
+  const char* const name = chosen_ ? SDL_GetCurrentAudioDriver() : nullptr;
+  return name == nullptr ? "" : name;
+}
+
+void SoundDevice::Fill(void* self, std::uint8_t* stream, int length) {
+  auto& device = *static_cast<SoundDevice*>(self);
+  const std::span out(reinterpret_cast<std::int16_t*>(stream),
+                      static_cast<std::size_t>(length) / sizeof(std::int16_t));
+  const std::scoped_lock lock(device.mutex_);
+  if (device.resting_) {
+    std::fill(out.begin(), out.end(), std::int16_t{0});
+    return;
+  }
+  device.bus_.Mix(out);
+  if (device.bus_.Quiet() >= kPatience) device.change_.notify_one();
+}
+
+void SoundDevice::Watch(const std::stop_token& end) {
+  std::unique_lock lock(mutex_);
+  while (!end.stop_requested()) {
+    if (device_ == 0) {
+      if (change_.wait(lock, end, [this] { return asked_ && bus_.Sounds(); })) Wake(lock);
+    } else {
+      const auto idle = [this] { return !bus_.Sounds() && bus_.Quiet() >= kPatience; };
+      if (change_.wait(lock, end, idle)) Rest(lock);
+    }
+  }
+}
+
+// A card may have been pulled out meanwhile. The next sound tries again.
+void SoundDevice::Wake(std::unique_lock<std::mutex>& lock) {
+  asked_ = false;
+  lock.unlock();
+  const std::uint32_t device = OpenDevice();
+  lock.lock();
+  device_ = device;
+  if (device_ == 0) bus_.ForgetShort();
+}
+
+void SoundDevice::Rest(std::unique_lock<std::mutex>& lock) {
+  resting_ = true;
+  lock.unlock();
+  SDL_CloseAudioDevice(device_);
+  lock.lock();
+  device_ = 0;
+  resting_ = false;
+}
+
+}  // namespace zorik
