@@ -140,6 +140,7 @@ TEST_F(FrmPoStTest, ShowsTheBonusSignOfABonusCaveThatIsOpen) {
   EXPECT_FALSE(Shown("imgBonus"));
   ClickRow(2);
   EXPECT_FALSE(Shown("imgBonus")) << "its name is not shown yet";
+  ClickRow(1);
   Prosel();
   ClickRow(2);
   EXPECT_TRUE(Shown("imgBonus"));
