@@ -56,8 +56,8 @@ SkinKeys KeysOfRetry() {
 }
 
 SkinKeys KeysOfPlates() {
-  return {{"dialog.plate.image", "looks", LookOf("retry"), QColor(Qt::red).name()},
-          {"dialog.plateback.image", "looks", LookOf("later"), QColor(Qt::red).name()}};
+  return {{"dialog.plate.image", "looks", PixelOf("retry", {2, 2}), QColor(Qt::red).name()},
+          {"dialog.plateback.image", "looks", PixelOf("later", {2, 2}), QColor(Qt::red).name()}};
 }
 
 SkinKeys KeysOfSettings() {

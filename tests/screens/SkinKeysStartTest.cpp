@@ -23,11 +23,12 @@ LabelList& List(QWidget& window, const QString& name) {
   return dynamic_cast<LabelList&>(Part(window, name));
 }
 
-// The ground of a label of a list, right of its words, and whether its letters have a colour.
+// The ground of a label of a list, right of its words and left of a long list's mark, and whether its letters
+// have a colour.
 Sight GroundOf(const QString& list, int place) {
   return [=](QWidget& window) {
     const QPoint corner = List(window, list).PlaceOf(place).topRight();
-    return PixelOf(list, corner + QPoint(-2, 2))(window);
+    return PixelOf(list, corner + QPoint(-8, 2))(window);
   };
 }
 Sight LettersOf(const QString& list, int place, QColor colour) {

@@ -108,7 +108,7 @@ TEST_F(StartSkin, TheSelectedRowHasTheColoursOfTheSelectionAndTheOthersDoNot) {
   const QColor ground(0x10, 0x20, 0x30);
   const auto colourOf = [this](int row) {
     const QRect box = Colls().PlaceOf(row).translated(Colls().pos());
-    return At(box.topRight() + QPoint(-2, 2));
+    return At(box.topRight() + QPoint(-8, 2));
   };
   for (int row : {1, 3, 0}) {
     Colls().Select(row);
