@@ -2,9 +2,9 @@
 
 #include <QString>
 #include <functional>
-#include <optional>
 #include <string>
 
+#include "data/ResultFwd.h"
 #include "platform/Shell.h"
 #include "screens/SkinWindow.h"
 

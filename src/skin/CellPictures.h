@@ -10,6 +10,8 @@
 
 namespace zorik {
 
+struct Hra;
+
 // One frame: which set, and where on its grid of frames.
 struct CellPicture {
   std::uint8_t Pic = 0;

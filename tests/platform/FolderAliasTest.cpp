@@ -6,6 +6,7 @@
 #include <filesystem>
 
 #include "data/Files.h"
+#include "data/Result.h"
 #include "platform/FileTypes.h"
 #include "platform/FolderAlias.h"
 #include "platform/PathText.h"
@@ -102,7 +103,9 @@ TEST_F(FolderAliasTest, WritesNoEntryForAProgramInAFolderWithAnOldName) {
   FileTypes types;
   types.DataHome = root_ + "/data";
   types.ProgramFolder = home_;
-  EXPECT_FALSE(WriteFileTypes(types));
+  const Result<Written> written = WriteFileTypes(types);
+  ASSERT_TRUE(written);
+  EXPECT_EQ(*written, Written::Nothing);
   EXPECT_FALSE(fs::exists(types.DataHome));
 }
 

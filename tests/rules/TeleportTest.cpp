@@ -108,7 +108,7 @@ TEST(Teleport, TheEntranceThatAFallingGemHasEnteredLandsWithAThudAsSteel) {
   diary.Clear();
   AmoebaList room;
   ObjectScan(hra, room);
-  EXPECT_EQ(SoundsOf(diary), (std::vector<int>{3}));
+  EXPECT_EQ(SoundsOf(diary), std::vector<SoundId>{SoundId::Boulder});
   EXPECT_EQ(hra.Field(kIn), kSteel);
   EXPECT_EQ(hra.FieldState(kIn), kResting);
 }

@@ -447,9 +447,9 @@ TEST_F(Opening, LettersSelectACollectionAndDigitsStillChooseTheMode) {
   QTest::keyClicks(start_.get(), "b");
   EXPECT_EQ(Colls().Selected(), 2);
   Key(Qt::Key_2);
-  EXPECT_EQ(start_->ChosenMode(), FrmStart2::Mode::Replay);
+  EXPECT_EQ(ChosenFingers(), QStringList{"fingerRePlay"});
   QTest::keyClicks(start_.get(), "1");
-  EXPECT_EQ(start_->ChosenMode(), FrmStart2::Mode::Play);
+  EXPECT_EQ(ChosenFingers(), QStringList{"fingerPlay"});
   EXPECT_EQ(Colls().Selected(), 2);
 }
 

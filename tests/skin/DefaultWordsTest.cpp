@@ -2,6 +2,7 @@
 
 #include "SkinFolder.h"
 #include "data/Files.h"
+#include "data/Result.h"
 #include "skin/DefaultWords.h"
 #include "skin/SkinData.h"
 #include "skin/SkinTable.h"

@@ -6,6 +6,7 @@
 #include "core/TextId.h"
 #include "data/Cp1250.h"
 #include "data/Files.h"
+#include "data/Result.h"
 #include "skin/Texts.h"
 
 namespace zorik {

@@ -6,6 +6,7 @@
 #include <set>
 #include <string>
 
+#include "data/Result.h"
 #include "skin/Sounds.h"
 #include "support/Waves.h"
 
