@@ -48,7 +48,7 @@ int main(int argc, char** argv) {
   }
   const QString path = PathOf(name);
   const std::string programs = QCoreApplication::applicationDirPath().toStdString();
-  const std::string home = zorik::OwnFolder(zorik::ReadSurroundings(programs));
+  const std::string home = zorik::OwnFolder(zorik::ReadEnvironment(programs));
   if (zorik::HandOver(path, zorik::InboxPlace(home))) return 0;
   const Result<Done> started = StartGame(path);
   if (started) return 0;

@@ -11,11 +11,11 @@
 #include "editors/FrmCat.h"
 #include "platform/PathText.h"
 #include "screens/CavesOffer.h"
+#include "screens/DesktopServices.h"
 #include "screens/MsgBox.h"
-#include "screens/Outside.h"
 #include "screens/SkinFlaws.h"
 #include "screens/StartWords.h"
-#include "skin/Shown.h"
+#include "skin/ToQString.h"
 
 namespace zorik {
 namespace {
@@ -54,7 +54,7 @@ Game::~Game() {
 }
 
 void Game::Begin() {
-  WearStored();
+  ApplyStoredSkin();
   OfferCaves(skin_, paths_);
   frmStart2_.SetPaths(paths_);
   frmSada_.SetPaths(paths_);
@@ -77,24 +77,24 @@ void Game::OpenSound() {
 
 // A stored skin that cannot be worn gives way to the default one, for this start; without that there is
 // nothing to play with. The notice is gone before any dialog comes.
-void Game::WearStored() {
+void Game::ApplyStoredSkin() {
   SkinPlaces places{paths_.SkinsPath, settings_.Skin.toStdString(), paths_.ShippedSkins};
   skin_.LookInto(places);
-  const Worn worn = WearBehindNotice(places);
-  if (worn.worn) return TellFlaws(skin_, nullptr, worn.flaws);
+  const ApplyOutcome outcome = ApplyBehindNotice(places);
+  if (outcome.applied) return TellFlaws(skin_, nullptr, outcome.flaws);
   places.Skin = kDefaultSkin;
-  const Worn plain = WearBehindNotice(places);
-  if (plain.worn) return TellFlaws(skin_, nullptr, worn.flaws, kSkinDefaultWords.In(skin_));
+  const ApplyOutcome plain = ApplyBehindNotice(places);
+  if (plain.applied) return TellFlaws(skin_, nullptr, outcome.flaws, kSkinDefaultWords.In(skin_));
   Skin none;
   TellFlaws(none, nullptr, plain.flaws);
   std::exit(EXIT_FAILURE);
 }
 
-Worn Game::WearBehindNotice(const SkinPlaces& places) {
+ApplyOutcome Game::ApplyBehindNotice(const SkinPlaces& places) {
   const BusyNotice notice(frmLoading_);
-  Worn worn = skin_.Wear(places);
-  if (worn.worn) ReSkin();
-  return worn;
+  ApplyOutcome outcome = skin_.Apply(places);
+  if (outcome.applied) ReSkin();
+  return outcome;
 }
 
 void Game::ConnectScreens() {
@@ -216,9 +216,9 @@ void Game::ReplayWith(const std::function<Result<Done>()>& step, QWidget& from, 
   const std::optional<std::string> other = flow_.MadeByAnother();
   if (!other) return;
   hra_.WithDialog([&] {
-    zorik::Tell(
-        skin_, &hra_, skin_.Text(TextId::Program),
-        Shown(*other) + "  " + skin_.Text(TextId::RecordedBy) + "\n" + skin_.Text(TextId::RecordWillPlay));
+    zorik::Tell(skin_, &hra_, skin_.Text(TextId::Program),
+                ToQString(*other) + "  " + skin_.Text(TextId::RecordedBy) + "\n" +
+                    skin_.Text(TextId::RecordWillPlay));
   });
 }
 

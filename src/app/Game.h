@@ -43,8 +43,8 @@ class Game : public QObject {
 
  private:
   void OpenSound();
-  void WearStored();
-  Worn WearBehindNotice(const SkinPlaces& places);
+  void ApplyStoredSkin();
+  ApplyOutcome ApplyBehindNotice(const SkinPlaces& places);
   void ConnectScreens();
   void ConnectEditors();
   void ShowStart();

@@ -46,7 +46,7 @@ class PictureStage : public Stage {
 
   void CaveOpens() override { painter_.CaveOpens(hra_); }
   void CellChanged(int x, int y) override { painter_.CellChanged(hra_, x, y); }
-  void View(bool jump) override { painter_.View(hra_, jump); }
+  void MoveView(bool jump) override { painter_.MoveView(hra_, jump); }
 
  private:
   const Hra& hra_;

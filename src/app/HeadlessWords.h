@@ -19,12 +19,12 @@ struct HeadlessWords {
   std::string_view NoAnswer;  // of a game that runs already
 };
 
-// In the language of the desktop, by the first of these variables of the surroundings that is not empty:
+// In the language of the desktop, by the first of these variables of the environment that is not empty:
 // Czech for one that begins with "cs", for "C" and "POSIX", and if all are empty; English for all others. A
 // variable that is not set is null.
 const HeadlessWords& WordsFor(const char* lcAll, const char* lcMessages, const char* lang);
 
-// The same for the surroundings of this program.
+// The same for the environment of this program.
 const HeadlessWords& WordsOfDesktop();
 
 }  // namespace zorik

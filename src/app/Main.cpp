@@ -36,10 +36,10 @@ int GiveUp(const std::string& reason) {
 }
 
 // Where the game lives. What killed saves have left there is swept up.
-zorik::Result<zorik::Paths> MoveIn(const zorik::Surroundings& surroundings) {
-  zorik::Result<zorik::Paths> paths = zorik::FindPaths(surroundings);
+zorik::Result<zorik::Paths> MoveIn(const zorik::Environment& environment) {
+  zorik::Result<zorik::Paths> paths = zorik::FindPaths(environment);
   if (!paths) return paths;
-  for (const std::string& folder : WrittenFolders(*paths, surroundings)) zorik::SweepLeftFiles(folder);
+  for (const std::string& folder : WrittenFolders(*paths, environment)) zorik::SweepLeftFiles(folder);
   return paths;
 }
 
@@ -49,11 +49,11 @@ int ShowOther(const QString& place) {
   return GiveUp(std::string(zorik::WordsOfDesktop().NoAnswer));
 }
 
-int Play(const zorik::Surroundings& surroundings) {
-  const QString place = zorik::InboxPlace(zorik::OwnFolder(surroundings));
+int Play(const zorik::Environment& environment) {
+  const QString place = zorik::InboxPlace(zorik::OwnFolder(environment));
   zorik::Inbox inbox(place);
   if (inbox.Taken()) return ShowOther(place);
-  const zorik::Result<zorik::Paths> paths = MoveIn(surroundings);
+  const zorik::Result<zorik::Paths> paths = MoveIn(environment);
   if (!paths) return GiveUp(std::string(zorik::WordsOfDesktop().NoFolder) + "\n" + paths.Message());
   QApplication::setQuitOnLastWindowClosed(false);
   QApplication::setWindowIcon(QIcon(":/zorik.png"));
@@ -63,8 +63,8 @@ int Play(const zorik::Surroundings& surroundings) {
   return QApplication::exec();
 }
 
-int PlayWithoutDisplay(const zorik::Surroundings& surroundings) {
-  const zorik::Result<zorik::Paths> paths = MoveIn(surroundings);
+int PlayWithoutDisplay(const zorik::Environment& environment) {
+  const zorik::Result<zorik::Paths> paths = MoveIn(environment);
   if (paths) return zorik::PlayHeadless(*paths);
   const std::string words(zorik::WordsOfDesktop().NoFolder);
   std::fprintf(stderr, "%s\n%s\n", words.c_str(), paths.Message().c_str());
@@ -75,10 +75,10 @@ int PlayWithoutDisplay(const zorik::Surroundings& surroundings) {
 
 int main(int argc, char** argv) {
   using namespace zorik;
-  const Surroundings surroundings = ReadSurroundings(ProgramFolder());
+  const Environment environment = ReadEnvironment(ProgramFolder());
   // The toolkit, too, is to keep its files there.
-  if (!surroundings.Home.empty()) setenv("HOME", surroundings.Home.c_str(), 1);
+  if (!environment.Home.empty()) setenv("HOME", environment.Home.c_str(), 1);
   const bool display = DisplayNamed();
   const std::unique_ptr<QApplication> application = display ? OpenDisplay(argc, argv) : nullptr;
-  return display ? Play(surroundings) : PlayWithoutDisplay(surroundings);
+  return display ? Play(environment) : PlayWithoutDisplay(environment);
 }

@@ -187,7 +187,7 @@ void StartRun(Hra& hra, std::string caveText, const CaveRecord& cave, RunKind ki
   if (hra.CatPresent) hra.CatProgram = cave.Script;
   if (hra.Count(kAmoeba) > 0) hra.stage().PZvuk(SoundId::Amoeba);
   ChooseFirstUnit(hra);
-  hra.stage().View(true);
+  hra.stage().MoveView(true);
 }
 
 Result<Done> PaintCave(Hra& hra, std::string_view caveText, RunKind kind) {

@@ -45,7 +45,7 @@ class Stage {
   // Unit n in the strip of units: 0 steered, 1 waiting, 2 dead.
   virtual void DrawDogN(int /*n*/, int /*state*/) {}
   // The view is due: with jump at once on its target, else one step towards it.
-  virtual void View(bool /*jump*/) {}
+  virtual void MoveView(bool /*jump*/) {}
   // The finish opens.
   virtual void Flash() {}
   virtual void Post(Request) {}

@@ -142,7 +142,7 @@ TickEnd Tick(Hra& hra, const KeySnapshot& keys) {
   HurryAmoeba(hra);
   ShowRemark(hra);
   EndRecordLine(hra);
-  hra.stage().View(false);
+  hra.stage().MoveView(false);
   TickEnd end = hra.Win ? TickEnd::Won : TickEnd::Running;
   if (RestartAsked(hra, keys)) {
     RestartCave(hra);

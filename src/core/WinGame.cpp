@@ -19,7 +19,7 @@ int LiveDogs(const RunState& run) {
 
 void WinGame(Hra& hra) {
   hra.stage().StopSounds();
-  hra.stage().View(false);
+  hra.stage().MoveView(false);
   WinResult win;
   win.LiveDogs = LiveDogs(hra);
   win.BonusCave = JeBonus(hra.CaveName);

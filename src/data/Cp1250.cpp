@@ -147,7 +147,7 @@ std::optional<std::string> FromUtf8(std::string_view utf8) {
   return text;
 }
 
-std::string FromUtf8WithGaps(std::string_view utf8) {
+std::string FromUtf8Lossy(std::string_view utf8) {
   std::string text;
   while (!utf8.empty()) text += TakeByte(utf8).value_or('?');
   return text;

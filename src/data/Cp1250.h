@@ -17,7 +17,7 @@ std::string ToUtf8(std::string_view text);
 std::optional<std::string> FromUtf8(std::string_view utf8);
 
 // The same, with "?" for each character that is lacking and each byte that belongs to none.
-std::string FromUtf8WithGaps(std::string_view utf8);
+std::string FromUtf8Lossy(std::string_view utf8);
 
 // Takes one code point from the front of a text in UTF-8 that is not empty. What is no UTF-8 gives nothing
 // and costs one byte.

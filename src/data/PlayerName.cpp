@@ -34,12 +34,12 @@ std::string PlayerName(std::string_view typed) {
   constexpr std::string_view kBlanks = " \xA0";
   constexpr std::string_view kBlanksAndDots = " \xA0.";
   // A gap is marked by "?", which no name may hold.
-  const std::string name = StripNameChars(FromUtf8WithGaps(typed));
+  const std::string name = StripNameChars(FromUtf8Lossy(typed));
   return std::string(WithoutEnd(WithoutFront(name, kBlanksAndDots), kBlanks));
 }
 
 std::string PlayerOfFolder(std::string_view folder) {
-  return IsUtf8(folder) ? FromUtf8WithGaps(folder) : std::string(folder);
+  return IsUtf8(folder) ? FromUtf8Lossy(folder) : std::string(folder);
 }
 
 }  // namespace zorik

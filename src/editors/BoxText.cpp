@@ -4,19 +4,19 @@
 #include <QRegularExpression>
 
 #include "data/Cp1250.h"
-#include "skin/Shown.h"
+#include "skin/ToQString.h"
 
 namespace zorik {
 
 QString ToBox(const std::string& bytes) {
-  QString text = Shown(bytes);
+  QString text = ToQString(bytes);
   return text.replace("\r\n", "\n").replace('\r', '\n');
 }
 
 std::string FromBox(const QString& text) {
   // A letter and its accent may come apart.
   QString whole = text.normalized(QString::NormalizationForm_C);
-  return FromUtf8WithGaps(whole.replace("\n", "\r\n").toStdString());
+  return FromUtf8Lossy(whole.replace("\n", "\r\n").toStdString());
 }
 
 QString AsKept(const QString& text) {

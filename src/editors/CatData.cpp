@@ -47,7 +47,7 @@ std::string WithPrefix(std::string_view caption, const std::string& prefix) {
 }
 
 CatCommand CommandOf(std::string_view line, const Prefixes& prefixes) {
-  CatCommand command{FromUtf8WithGaps(Start(line, kTokenLength)), std::string(Behind(line, kCaptionPlace))};
+  CatCommand command{FromUtf8Lossy(Start(line, kTokenLength)), std::string(Behind(line, kCaptionPlace))};
   const std::size_t group = kGroups.find(line.front());
   if (group != std::string_view::npos) command.Caption = WithPrefix(command.Caption, prefixes[group]);
   return command;

@@ -324,7 +324,7 @@ void FrmFormality::Answer(TextId title, const QString& text) {
 void FrmFormality::AskBonus() {
   QString text = skin_.Text(TextId::BonusText);
   const QString name = name_->text();
-  if (JeBonus(FromUtf8WithGaps(name.toStdString())))
+  if (JeBonus(FromUtf8Lossy(name.toStdString())))
     text += "\n" + FillMarks(skin_.Text(TextId::BonusThisCave), name, QString());
   Answer(TextId::BonusTitle, text);
 }

@@ -16,9 +16,9 @@
 #include "editors/SadaList.h"
 #include "editors/WindowPlace.h"
 #include "platform/PathText.h"
+#include "screens/DesktopServices.h"
 #include "screens/FrmDialog2.h"
 #include "screens/MsgBox.h"
-#include "screens/Outside.h"
 #include "screens/PlainText.h"
 #include "screens/SaveBox.h"
 #include "screens/StartWords.h"
@@ -39,7 +39,7 @@ constexpr StartWords kTooLongWords{"caption.error.length"};
 }  // namespace
 
 SadaWords FrmSada::WordsOf(const Skin& skin) {
-  const auto text = [&skin](TextId id) { return FromUtf8WithGaps(skin.Words().At(id)); };
+  const auto text = [&skin](TextId id) { return FromUtf8Lossy(skin.Words().At(id)); };
   return {text(TextId::NewCollection),
           text(TextId::NewCongratulation),
           {text(TextId::NewSmallCave), text(TextId::NewLargeCave), text(TextId::NoDescription)}};

@@ -12,9 +12,9 @@
 #include "editors/SadaBoxes.h"
 #include "editors/SadaList.h"
 #include "platform/Shell.h"
+#include "screens/DesktopServices.h"
 #include "screens/FrmAbout.h"
 #include "screens/Hint.h"
-#include "screens/Outside.h"
 #include "screens/PlainText.h"
 #include "skin/Skin.h"
 

@@ -4,8 +4,8 @@
 
 #include "editors/Marks.h"
 #include "editors/ToolTable.h"
-#include "skin/Shown.h"
 #include "skin/Skin.h"
+#include "skin/ToQString.h"
 
 namespace zorik {
 
@@ -19,7 +19,7 @@ QString NameOfTool(const Skin& skin, int palette, int dog) {
 QString NameOfLetter(const Skin& skin, char letter) {
   const int palette = ToolOfLetter(letter);
   if (palette >= 0) return NameOfTool(skin, palette, ValueOf(letter));
-  return QString("\"%1\"").arg(Shown(std::string(1, letter)));
+  return QString("\"%1\"").arg(ToQString(std::string(1, letter)));
 }
 
 }  // namespace zorik

@@ -54,7 +54,7 @@ Result<Done> HandOverPatiently(const QString& path, const QString& place);
 // The path of the file that the game was started for, and empty from the second time on.
 QString TakeFileFromStart();
 
-// The name under which the surroundings hold that path.
+// The name under which the environment hold that path.
 inline constexpr const char* kOpenVariable = "ZORIK_OPEN";
 
 }  // namespace zorik

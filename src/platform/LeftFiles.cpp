@@ -59,9 +59,9 @@ std::string FolderBelow(const std::string& folder, const std::string& home, cons
 
 }  // namespace
 
-std::vector<std::string> WrittenFolders(const Paths& paths, const Surroundings& surroundings) {
-  const std::string data = FolderBelow(surroundings.DataHome, surroundings.Home, "/.local/share");
-  const std::string config = FolderBelow(surroundings.ConfigHome, surroundings.Home, "/.config");
+std::vector<std::string> WrittenFolders(const Paths& paths, const Environment& environment) {
+  const std::string data = FolderBelow(environment.DataHome, environment.Home, "/.local/share");
+  const std::string config = FolderBelow(environment.ConfigHome, environment.Home, "/.config");
   std::vector<std::string> folders{
       paths.AppPath,          paths.AppPath + "/Caves", paths.AppPath + "/Replays",
       data + "/applications", data + "/mime/packages",  config + "/Ortvan"};

@@ -6,10 +6,10 @@
 namespace zorik {
 
 struct Paths;
-struct Surroundings;
+struct Environment;
 
 // The folders in which the game writes without being told where.
-std::vector<std::string> WrittenFolders(const Paths& paths, const Surroundings& surroundings);
+std::vector<std::string> WrittenFolders(const Paths& paths, const Environment& environment);
 
 // Removes from a folder what games that were killed while they saved have left there: half files under names
 // that only the game gives, of a process that is gone, and older than a minute, since with a home that

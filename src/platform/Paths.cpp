@@ -31,16 +31,16 @@ bool ShowsEntry(const fs::path& folder) {
   return !error && first != fs::directory_iterator();
 }
 
-fs::path UsersFolder(const Surroundings& surroundings) {
+fs::path UsersFolder(const Environment& environment) {
   // A relative $XDG_DATA_HOME is to be ignored, says the desktop's agreement on it.
-  const fs::path data = surroundings.DataHome;
+  const fs::path data = environment.DataHome;
   if (data.is_absolute()) return data / "zorik";
-  return fs::path(surroundings.Home) / ".local" / "share" / "zorik";
+  return fs::path(environment.Home) / ".local" / "share" / "zorik";
 }
 
 // The folder that the game was shipped with: that of the program, or the one of an installation.
-fs::path ShippedFolder(const Surroundings& surroundings) {
-  const fs::path program = surroundings.ProgramFolder;
+fs::path ShippedFolder(const Environment& environment) {
+  const fs::path program = environment.ProgramFolder;
   if (IsFolder(program / "Skins")) return program;
   return (program / ".." / "share" / "zorik").lexically_normal();
 }
@@ -69,24 +69,24 @@ std::string FolderOr(const fs::path& folder, const fs::path& fallback) {
 
 }  // namespace
 
-Surroundings ReadSurroundings(const std::string& programFolder) {
+Environment ReadEnvironment(const std::string& programFolder) {
   std::string home = Variable("HOME");
   if (!fs::path(home).is_absolute()) home = HomeOfUser();
   return {programFolder, Variable("ZORIK_HOME"), Variable("XDG_DATA_HOME"), home,
           Variable("XDG_CONFIG_HOME")};
 }
 
-std::string OwnFolder(const Surroundings& surroundings) {
-  if (!surroundings.ZorikHome.empty()) return surroundings.ZorikHome;
-  if (IsFolder(fs::path(surroundings.ProgramFolder) / "Skins")) return surroundings.ProgramFolder;
-  return UsersFolder(surroundings).string();
+std::string OwnFolder(const Environment& environment) {
+  if (!environment.ZorikHome.empty()) return environment.ZorikHome;
+  if (IsFolder(fs::path(environment.ProgramFolder) / "Skins")) return environment.ProgramFolder;
+  return UsersFolder(environment).string();
 }
 
-Result<Paths> FindPaths(const Surroundings& surroundings) {
-  const fs::path own = OwnFolder(surroundings);
-  const fs::path shipped = ShippedFolder(surroundings);
+Result<Paths> FindPaths(const Environment& environment) {
+  const fs::path own = OwnFolder(environment);
+  const fs::path shipped = ShippedFolder(environment);
   // Of a user without a home nobody knows where his files belong.
-  if (own.is_relative() && surroundings.ZorikHome.empty()) return Failure{own.string()};
+  if (own.is_relative() && environment.ZorikHome.empty()) return Failure{own.string()};
   std::error_code error;
   fs::create_directories(own, error);
   if (!IsFolder(own)) return Failure{own.string()};

@@ -6,8 +6,8 @@
 
 namespace zorik {
 
-// What the surroundings say about the places of files; paths are UTF-8, empty where not set.
-struct Surroundings {
+// What the environment say about the places of files; paths are UTF-8, empty where not set.
+struct Environment {
   std::string ProgramFolder;  // of the running program
   std::string ZorikHome;      // $ZORIK_HOME
   std::string DataHome;       // $XDG_DATA_HOME
@@ -15,11 +15,11 @@ struct Surroundings {
   std::string ConfigHome;     // $XDG_CONFIG_HOME
 };
 
-Surroundings ReadSurroundings(const std::string& programFolder);
+Environment ReadEnvironment(const std::string& programFolder);
 
 // The folder that is the game's own, wherever it is: AppPath as told below, though nothing is made or looked
 // for in it.
-std::string OwnFolder(const Surroundings& surroundings);
+std::string OwnFolder(const Environment& environment);
 
 // Where the game finds and keeps its files. All but AppPath may be missing.
 struct Paths {
@@ -43,7 +43,7 @@ struct Paths {
 // or a copy on a stick; otherwise "zorik" in the user's data folder. In the first and last case the
 // skins and the help of the installation are used beside those in AppPath, and the shipped collections are
 // copied at the first start. Fails with AppPath when that cannot be made.
-Result<Paths> FindPaths(const Surroundings& surroundings);
+Result<Paths> FindPaths(const Environment& environment);
 
 // Looks anew for the folders of caves and records. One that shows no entry gives way to AppPath.
 void FindFolders(Paths& paths);

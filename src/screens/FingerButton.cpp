@@ -4,8 +4,8 @@
 #include <QPainter>
 
 #include "screens/Hint.h"
+#include "screens/OpaqueRegion.h"
 #include "screens/PlainText.h"
-#include "screens/SeenPart.h"
 
 namespace zorik {
 namespace {
@@ -24,7 +24,7 @@ FingerButton::FingerButton(QWidget* parent) : QAbstractButton(parent) {
 
 void FingerButton::SetOverlay(const QImage& overlay) {
   const QImage image = overlay.convertToFormat(QImage::Format_ARGB32);
-  const QRegion drawn = SeenPart(image, kNotQuiteClear);
+  const QRegion drawn = OpaqueRegion(image, kNotQuiteClear);
   const QRect box = drawn.boundingRect();
   finger_ = image.copy(box);
   setGeometry(box);

@@ -4,7 +4,7 @@
 #include <QRegularExpression>
 #include <QVBoxLayout>
 
-#include "screens/Outside.h"
+#include "screens/DesktopServices.h"
 #include "screens/PlainText.h"
 #include "screens/ShowText.h"
 #include "screens/SkinButton.h"

@@ -68,17 +68,17 @@ QColor TextOn(const QImage& picture, const QRect& box) {
 FrmAnalyze::FrmAnalyze(Skin& skin, QWidget* parent)
     : SkinDialog(parent),
       skin_(skin),
-      Label2_(NewLabel("Label2", kLineBox, this)),
-      Label3_(NewLabel("Label3", kTotalBox, this)),
-      Label4_(NewLabel("Label4", kSecondsBox, this)),
+      line_(NewLabel("Label2", kLineBox, this)),
+      total_(NewLabel("Label3", kTotalBox, this)),
+      seconds_(NewLabel("Label4", kSecondsBox, this)),
       Image1_(new SkinPicture(this)),
       ok_(new SkinButton(this)) {
   setModal(true);
   Image1_->setObjectName("Image1");
   ok_->setObjectName("ok");
-  Label3_->setFont(GameFont(kTotalLetters));
-  Label4_->setFont(GameFont(kSecondsLetters));
-  Label4_->installEventFilter(this);
+  total_->setFont(GameFont(kTotalLetters));
+  seconds_->setFont(GameFont(kSecondsLetters));
+  seconds_->installEventFilter(this);
   Timer1_.setObjectName("Timer1");
   Timer1_.setInterval(kSecond);
   connect(&Timer1_, &QTimer::timeout, this, &FrmAnalyze::CountDown);
@@ -93,10 +93,10 @@ void FrmAnalyze::SkinIt() {
     label->setGeometry(BoxOf(skin_, key, otherwise));
     SetColour(label, TextOn(picture, label->geometry()));
   };
-  place(Label2_, "score.line", kLineBox);
-  place(Label3_, "score.total", kTotalBox);
-  place(Label4_, "score.seconds", kSecondsBox);
-  Label2_->setFont(LineFont(Label2_->text(), Label2_->width() - 2 * kPadding));
+  place(line_, "score.line", kLineBox);
+  place(total_, "score.total", kTotalBox);
+  place(seconds_, "score.seconds", kSecondsBox);
+  line_->setFont(LineFont(line_->text(), line_->width() - 2 * kPadding));
   Image1_->SetPicture(skin_.Picture("select.bonus.image"));
   Image1_->move(BoxOf(skin_, "score.bonus", QRect(kBonusPlace, QSize())).topLeft());
   PlaceButton(skin_, *ok_, "score.ok", kOkWords.In(skin_));
@@ -104,23 +104,23 @@ void FrmAnalyze::SkinIt() {
 
 void FrmAnalyze::SetScore(const QString& line, int total, bool bonus) {
   const QRect box = BoxOf(skin_, "score.line", kLineBox);
-  Label2_->setFont(LineFont(line, box.width() - 2 * kPadding));
-  Label2_->setText(line);
-  Label3_->setText(QString::fromStdString(FiveDigits(total)));
+  line_->setFont(LineFont(line, box.width() - 2 * kPadding));
+  line_->setText(line);
+  total_->setText(QString::fromStdString(FiveDigits(total)));
   Image1_->setVisible(bonus);
 }
 
 void FrmAnalyze::NastavCas(int seconds) {
   Countdown_ = seconds;
-  Label4_->setText(QString::number(seconds));
-  Label4_->setCursor(Qt::PointingHandCursor);
+  seconds_->setText(QString::number(seconds));
+  seconds_->setCursor(Qt::PointingHandCursor);
   Timer1_.start();
 }
 
 void FrmAnalyze::ClearCountdown() {
   Timer1_.stop();
-  Label4_->clear();
-  Label4_->setCursor(Qt::ArrowCursor);
+  seconds_->clear();
+  seconds_->setCursor(Qt::ArrowCursor);
 }
 
 void FrmAnalyze::Open() {
@@ -131,7 +131,7 @@ void FrmAnalyze::Open() {
 
 void FrmAnalyze::CountDown() {
   --Countdown_;
-  Label4_->setText(QString::number(Countdown_));
+  seconds_->setText(QString::number(Countdown_));
   if (Countdown_ <= 0) Close();
 }
 
@@ -152,7 +152,7 @@ void FrmAnalyze::keyPressEvent(QKeyEvent* event) {
 
 // Who wants to read on stops the seconds by a click.
 bool FrmAnalyze::eventFilter(QObject* object, QEvent* event) {
-  if (object != Label4_ || event->type() != QEvent::MouseButtonPress)
+  if (object != seconds_ || event->type() != QEvent::MouseButtonPress)
     return SkinDialog::eventFilter(object, event);
   Timer1_.stop();
   return true;

@@ -50,9 +50,9 @@ class FrmAnalyze : public SkinDialog {
   int Countdown_ = 0;  // seconds left
   QTimer Timer1_{this};
 
-  QLabel* Label2_;       // the line
-  QLabel* Label3_;       // the total
-  QLabel* Label4_;       // the seconds
+  QLabel* line_;         // the line
+  QLabel* total_;        // the total
+  QLabel* seconds_;      // the seconds
   SkinPicture* Image1_;  // the bonus sign
   SkinButton* ok_;
 };

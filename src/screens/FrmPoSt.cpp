@@ -11,17 +11,17 @@
 #include "flow/Flow.h"
 #include "platform/PathText.h"
 #include "screens/CaveList.h"
+#include "screens/DesktopServices.h"
 #include "screens/FrmDialog2.h"
 #include "screens/MsgBox.h"
-#include "screens/Outside.h"
 #include "screens/PlainText.h"
 #include "screens/ScrollButton.h"
 #include "screens/SkinLabel.h"
 #include "screens/SkinPlacing.h"
 #include "screens/StartWords.h"
 #include "skin/GameFont.h"
-#include "skin/Shown.h"
 #include "skin/Skin.h"
+#include "skin/ToQString.h"
 
 namespace zorik {
 namespace {
@@ -91,8 +91,8 @@ SkinLabel* FrmPoSt::NewLabel(const char* name) {
 }
 
 void FrmPoSt::Build() {
-  Label4_ = NewLabel("Label4");
-  Label3_ = NewLabel("Label3");
+  collectionName_ = NewLabel("Label4");
+  author_ = NewLabel("Label3");
   lblDescription_ = NewLabel("lblDescription");
   lblTotal_ = NewLabel("lblTotal");
   lblRest_ = NewLabel("lblRest");
@@ -116,7 +116,7 @@ void FrmPoSt::Build() {
       {vscroll_, "vscroll"}};
   for (const auto& [button, name] : names) button->setObjectName(name);
 
-  connect(Label3_, &SkinLabel::LinkClicked, this, &FrmPoSt::ClickedAuthor);
+  connect(author_, &SkinLabel::LinkClicked, this, &FrmPoSt::ClickedAuthor);
   connect(lblRecord_, &SkinLabel::LinkClicked, this, &FrmPoSt::StoreWanted);
   connect(list_, &CaveList::CaveClicked, this, &FrmPoSt::SelectCave);
   connect(list_, &CaveList::CaveDoubleClicked, this, &FrmPoSt::ClickedStart);
@@ -155,9 +155,9 @@ void FrmPoSt::PlaceHead() {
   const bool besideTotal = table.SkinInt("select.score.left") > table.SkinInt("select.collname.left") &&
                            std::abs(table.SkinInt("select.score.top") - nameTop) < kTotalLetters;
   const int nameRight = besideTotal ? table.SkinInt("select.score.left") - kTotalSign : right;
-  Label4_->SetLook(skin_.Colour("select.collname.textcolor", kPlainText),
-                   Sideways(table.SkinAlign("select.collname.alignment")), kNameLetters);
-  Label4_->setGeometry(LineBox("select.collname", kNameLetters + kGap, nameRight));
+  collectionName_->SetLook(skin_.Colour("select.collname.textcolor", kPlainText),
+                           Sideways(table.SkinAlign("select.collname.alignment")), kNameLetters);
+  collectionName_->setGeometry(LineBox("select.collname", kNameLetters + kGap, nameRight));
 
   lblTotal_->setGeometry(table.SkinInt("select.score.left"), table.SkinInt("select.score.top"), kTotalWidth,
                          kTotalLetters + kGap);
@@ -170,7 +170,7 @@ void FrmPoSt::PlaceHead() {
   lblDescription_->setGeometry(table.SkinInt("select.colldescription.left"), textTop,
                                table.SkinInt("select.colldescription.width"), textBottom - textTop);
 
-  Label3_->setGeometry(table.SkinInt("select.collauthor.left"), authorTop,
+  author_->setGeometry(table.SkinInt("select.collauthor.left"), authorTop,
                        table.SkinInt("select.collauthor.width"), kTextLetters + kGap);
 }
 
@@ -239,8 +239,8 @@ const Selection& FrmPoSt::Caves() const {
 }
 
 void FrmPoSt::ShowColl() {
-  Label4_->SetText(Shown(Caves().Collection().Name));
-  lblDescription_->SetText(Shown(Caves().Collection().Description));
+  collectionName_->SetText(ToQString(Caves().Collection().Name));
+  lblDescription_->SetText(ToQString(Caves().Collection().Description));
   ShowAuthor();
   ShowCaves();
 }
@@ -254,15 +254,15 @@ void FrmPoSt::ShowCaves() {
 void FrmPoSt::ShowAuthor() {
   const PlayedCollection& collection = Caves().Collection();
   const bool link = !collection.AuthorMail.empty();
-  Label3_->SetText(QString("© ") + Shown(collection.Author));
-  Label3_->SetLook(
+  author_->SetText(QString("© ") + ToQString(collection.Author));
+  author_->SetLook(
       skin_.Colour(link ? "select.collauthor.linkcolor" : "select.collauthor.textcolor", kPlainText),
       Sideways(skin_.Data().SkinAlign("select.collauthor.alignment")), kTextLetters);
   if (link) {
-    Label3_->SetLink(skin_.Colour("select.collauthor.hovercolor", kPlainText),
-                     '"' + Shown(collection.AuthorMail) + '"' + skin_.Text(TextId::WriteToAuthor));
+    author_->SetLink(skin_.Colour("select.collauthor.hovercolor", kPlainText),
+                     '"' + ToQString(collection.AuthorMail) + '"' + skin_.Text(TextId::WriteToAuthor));
   } else {
-    Label3_->SetLink(QColor(), QString());
+    author_->SetLink(QColor(), QString());
   }
 }
 
@@ -271,7 +271,7 @@ void FrmPoSt::FillRows() {
   std::vector<CaveList::Row> rows;
   for (int i = 1; i <= Caves().CaveCount(); ++i) {
     const CaveState state = Caves().State(i);
-    const QString name = state == CaveState::Closed ? closed : Shown(Caves().Cave(i).Record.Name);
+    const QString name = state == CaveState::Closed ? closed : ToQString(Caves().Cave(i).Record.Name);
     rows.push_back({name, Caves().Score(i), state, flow_.IsStored(i)});
   }
   list_->SetRows(std::move(rows));
@@ -311,18 +311,18 @@ void FrmPoSt::ShowCave() {
   lblCaveName_->SetText(rowName);
   ShowRecord(solved);
   if (state != CaveState::Closed) {
-    lblCaveDescription_->SetText(Shown(Caves().Cave(number).Record.Description));
+    lblCaveDescription_->SetText(ToQString(Caves().Cave(number).Record.Description));
     return;
   }
   const int before = Caves().OpenCaveBefore(number);
-  const QString name = before == 0 ? QString() : Shown(Caves().Cave(before).Record.Name);
+  const QString name = before == 0 ? QString() : ToQString(Caves().Cave(before).Record.Name);
   lblCaveDescription_->SetText(skin_.Text(TextId::SolveFirst) + "\r\n" + name);
 }
 
 // What is not stored yet can be, by a click.
 void FrmPoSt::ShowRecord(bool solved) {
   const bool stored = flow_.IsStored(Caves().Selected());
-  const QString name = Shown(Caves().RecordName());
+  const QString name = ToQString(Caves().RecordName());
   const QString path = PathText(Caves().RecordPath());
   const QColor hover = skin_.Colour("select.collauthor.hovercolor", kPlainText);
   lblRecord_->SetLink(stored ? QColor() : hover, stored && solved ? path : QString());
@@ -334,7 +334,7 @@ void FrmPoSt::ClickedStart() {
 }
 
 void FrmPoSt::Congratulate() {
-  FrmDialog2(skin_, this).ShowG(Shown(Caves().Congratulation()));
+  FrmDialog2(skin_, this).ShowG(ToQString(Caves().Congratulation()));
 }
 
 void FrmPoSt::ClickedSend() {
@@ -349,8 +349,8 @@ void FrmPoSt::ClickedSend() {
 
 void FrmPoSt::ClickedAuthor() {
   const PlayedCollection& collection = Caves().Collection();
-  const QString address = Shown(collection.AuthorMail);
-  const QString subject = skin_.Text(TextId::SubjectStart) + " '" + Shown(collection.Name) + "' " +
+  const QString address = ToQString(collection.AuthorMail);
+  const QString subject = skin_.Text(TextId::SubjectStart) + " '" + ToQString(collection.Name) + "' " +
                           skin_.Text(TextId::SubjectEnd);
   openers_.link(MailLink(address, subject), TellNoProgram(address));
 }
@@ -388,7 +388,7 @@ bool FrmPoSt::Command(int key) {
       ClickedSend();
       return true;
     case Qt::Key_M:
-      if (Label3_->IsLink()) ClickedAuthor();
+      if (author_->IsLink()) ClickedAuthor();
       return true;
     case Qt::Key_U:
       if (!flow_.IsStored(Caves().Selected())) emit StoreWanted();

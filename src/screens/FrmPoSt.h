@@ -92,8 +92,8 @@ class FrmPoSt : public SkinWindow {
   Flow& flow_;
   LetterOpeners openers_;
 
-  SkinLabel* Label4_;  // name of the collection
-  SkinLabel* Label3_;  // its author
+  SkinLabel* collectionName_;  // name of the collection
+  SkinLabel* author_;          // its author
   SkinLabel* lblDescription_;
   SkinLabel* lblTotal_;
   SkinLabel* lblRest_;

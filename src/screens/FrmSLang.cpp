@@ -58,12 +58,12 @@ FrmSLang::FrmSLang(Skin& skin, Settings& settings, QWidget* parent)
       skin_(skin),
       settings_(settings),
       Combo1_(new QComboBox(this)),
-      Command1_(new QPushButton(this)),
-      Command2_(new QPushButton(this)) {
+      aboutSkin_(new QPushButton(this)),
+      close_(new QPushButton(this)) {
   Combo1_->setObjectName("Combo1");
-  Command1_->setObjectName("Command1");
-  Command2_->setObjectName("Command2");
-  Command2_->setDefault(true);
+  aboutSkin_->setObjectName("Command1");
+  close_->setObjectName("Command2");
+  close_->setDefault(true);
   Combo1_->setMinimumWidth(kLeastWidth);
   Combo1_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
 
@@ -73,17 +73,17 @@ FrmSLang::FrmSLang(Skin& skin, Settings& settings, QWidget* parent)
   rows->setSizeConstraint(QLayout::SetFixedSize);
   rows->addWidget(Combo1_);
   auto* const buttons = new QHBoxLayout;
-  buttons->addWidget(Command1_);
+  buttons->addWidget(aboutSkin_);
   buttons->addStretch();
-  buttons->addWidget(Command2_);
+  buttons->addWidget(close_);
   rows->addLayout(buttons);
 
   Combo1_->addItems(SkinNames(skin_.Places()));
   SelectStored();
   connect(Combo1_, &QComboBox::currentTextChanged, this, &FrmSLang::Choose);
   connect(Combo1_, &QComboBox::textActivated, this, &FrmSLang::Choose);
-  connect(Command1_, &QPushButton::clicked, this, &FrmSLang::TellAuthor);
-  connect(Command2_, &QPushButton::clicked, this, &FrmSLang::accept);
+  connect(aboutSkin_, &QPushButton::clicked, this, &FrmSLang::TellAuthor);
+  connect(close_, &QPushButton::clicked, this, &FrmSLang::accept);
   SetLW();
 }
 
@@ -91,8 +91,8 @@ void FrmSLang::SetLW() {
   setFont(GameFont(kLetters));
   SetTitle(*this, kSkinWords.In(skin_));
   Combo1_->setAccessibleName(OneLine(kSkinWords.In(skin_)));
-  Command1_->setText(InMenu(kAboutSkinWords.In(skin_)));
-  Command2_->setText(InMenu(kCloseWords.In(skin_)));
+  aboutSkin_->setText(InMenu(kAboutSkinWords.In(skin_)));
+  close_->setText(InMenu(kCloseWords.In(skin_)));
 }
 
 // Nothing is selected when the stored skin is gone; so the default one can be chosen then.
@@ -109,17 +109,17 @@ void FrmSLang::Choose(const QString& name) {
   SkinPlaces places = skin_.Places();
   if (name.isEmpty() || (name == settings_.Skin && name.toStdString() == places.Skin)) return;
   places.Skin = name.toStdString();
-  const Worn worn = skin_.Wear(places);
-  if (!worn.worn) {
+  const ApplyOutcome outcome = skin_.Apply(places);
+  if (!outcome.applied) {
     SelectStored();
-    TellFlaws(skin_, this, worn.flaws, kSkinStaysWords.In(skin_));
+    TellFlaws(skin_, this, outcome.flaws, kSkinStaysWords.In(skin_));
     return;
   }
   SetLW();
   emit SkinChanged();
   settings_.Skin = name;
   if (!StoreSkin(name)) Tell(skin_, this, skin_.Text(TextId::Program), kNotStoredWords.In(skin_));
-  TellFlaws(skin_, this, worn.flaws);
+  TellFlaws(skin_, this, outcome.flaws);
 }
 
 void FrmSLang::TellAuthor() {

@@ -32,8 +32,8 @@ class FrmSLang : public QDialog {
   Skin& skin_;
   Settings& settings_;
   QComboBox* Combo1_;
-  QPushButton* Command1_;
-  QPushButton* Command2_;
+  QPushButton* aboutSkin_;
+  QPushButton* close_;
 };
 
 }  // namespace zorik

@@ -14,11 +14,11 @@
 #include "platform/FolderAlias.h"
 #include "platform/PathText.h"
 #include "screens/BringIn.h"
+#include "screens/DesktopServices.h"
 #include "screens/FingerButton.h"
 #include "screens/FrmDialog3.h"
 #include "screens/FrmSLang.h"
 #include "screens/MsgBox.h"
-#include "screens/Outside.h"
 #include "screens/PlainText.h"
 #include "screens/ScrollButton.h"
 #include "screens/SkinButton.h"
@@ -27,8 +27,8 @@
 #include "screens/StartWords.h"
 #include "screens/ToolkitWords.h"
 #include "skin/GameFont.h"
-#include "skin/Shown.h"
 #include "skin/Skin.h"
+#include "skin/ToQString.h"
 
 namespace zorik {
 namespace {
@@ -382,7 +382,7 @@ void FrmStart2::NewPlayer() {
   addingPlayer_ = false;
   const std::string name = PlayerName(typed.normalized(QString::NormalizationForm_C).toStdString());
   if (name.empty()) return;
-  const QString shown = Shown(name);
+  const QString shown = ToQString(name);
   const auto added = AddPlayer(paths_.PlayersPath, name);
   const auto words = [&](TextId text) { return skin_.Text(text).replace("?1?", shown); };
   if (added == Added::Yes) Tell(skin_, this, skin_.Text(TextId::NewPlayer), words(TextId::PlayerAdded));

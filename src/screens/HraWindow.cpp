@@ -20,7 +20,7 @@
 #include "screens/MsgBox.h"
 #include "screens/PlainText.h"
 #include "screens/StartWords.h"
-#include "skin/Shown.h"
+#include "skin/ToQString.h"
 
 namespace zorik {
 namespace {
@@ -80,7 +80,7 @@ void HraWindow::StartTicking() {
   topBar_->PulseRestart(false);
   UpdateCaption();
   SetInterval();
-  DrawView();
+  PresentView();
   if (!paused_ && dialogs_ == 0) tmrHra_.start();
 }
 
@@ -110,7 +110,7 @@ void HraWindow::OnTick() {
   }
   requests_.clear();
   const TickEnd end = Tick(hra_, keys);
-  DrawView();
+  PresentView();
   AfterTick(end);
 }
 
@@ -155,7 +155,7 @@ void HraWindow::AfterTick(TickEnd end) {
   }
 }
 
-void HraWindow::DrawView() {
+void HraWindow::PresentView() {
   if (hra_.CaveWidth == 0) return;
   ram_->Show(painter_.Compose(hra_, ram_->PixelSize()));
   if (std::exchange(flash_, false)) ShowFlash();
@@ -214,7 +214,7 @@ void HraWindow::ChangeSpeed(int delta) {
 void HraWindow::ToggleView() {
   painter_.SetScrollView(!painter_.ScrollView());
   topBar_->SetScrollView(painter_.ScrollView());
-  DrawView();
+  PresentView();
 }
 
 void HraWindow::RestartClicked() {
@@ -241,7 +241,7 @@ void HraWindow::RepaintHiddenThings() {
   ForEachCell(hra_, [this](Cell c) {
     if (SecretIn(hra_, c) != kNoSecret) painter_.CellChanged(hra_, c.x(), c.y());
   });
-  DrawView();
+  PresentView();
 }
 
 void HraWindow::WithDialog(const std::function<void()>& dialog) {
@@ -319,8 +319,8 @@ void HraWindow::CellChanged(int x, int y) {
   painter_.CellChanged(hra_, x, y);
 }
 
-void HraWindow::View(bool jump) {
-  painter_.View(hra_, jump);
+void HraWindow::MoveView(bool jump) {
+  painter_.MoveView(hra_, jump);
 }
 
 void HraWindow::ShowMessage(TextId text, Colour colour, int dogs) {
@@ -331,7 +331,7 @@ void HraWindow::ShowMessage(TextId text, Colour colour, int dogs) {
 }
 
 void HraWindow::ShowRemark(std::string_view text, Colour colour) {
-  strip_->ShowMessage(Shown(text), ToColour(colour));
+  strip_->ShowMessage(ToQString(text), ToColour(colour));
 }
 
 void HraWindow::Label(LabelId label, int value) {
@@ -365,8 +365,8 @@ std::optional<std::uint64_t> HraWindow::Reseed() {
 
 void HraWindow::UpdateCaption() {
   QString caption = QString(kProgramTitle) + " - ";
-  if (!hra_.EditorRun() && !hra_.CollectionName.empty()) caption += Shown(hra_.CollectionName) + " - ";
-  caption += Shown(hra_.CaveName) + "   ...";
+  if (!hra_.EditorRun() && !hra_.CollectionName.empty()) caption += ToQString(hra_.CollectionName) + " - ";
+  caption += ToQString(hra_.CaveName) + "   ...";
   const bool nobody = hra_.PlayerName == kNobody;
   if (hra_.ReplayPlaying() && nobody) {
     caption += skin_.Text(TextId::PlayingRecord);
@@ -432,7 +432,7 @@ void HraWindow::Arrange() {
   imOk2_->setGeometry(layout.imOk2);
   strip_->SetTop(layout.imOk1.bottom() + 1 + kBelowBar);
   if (pctBlesk_->isVisible()) pctBlesk_->setGeometry(rect());
-  DrawView();
+  PresentView();
 }
 
 // Coming back from being minimised starts only what that has stopped.

@@ -88,7 +88,7 @@ class HraWindow : public QWidget, private Stage {
   void ShowRemark(std::string_view text, Colour colour) override;
   void Label(LabelId label, int value) override;
   void DrawDogN(int n, int state) override;
-  void View(bool jump) override;
+  void MoveView(bool jump) override;
   void Flash() override { flash_ = true; }
   void Post(Request request) override { requests_.push_back(request); }
   std::optional<std::uint64_t> Reseed() override;
@@ -100,7 +100,7 @@ class HraWindow : public QWidget, private Stage {
   void ReleaseKeys();
   void ListenToPad();
   void SetFullScreen(bool full);
-  void DrawView();
+  void PresentView();
   void Arrange();
   void ScreenChanged();
   void ShowFlash();

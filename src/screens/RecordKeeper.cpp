@@ -13,8 +13,8 @@
 #include "screens/MsgBox.h"
 #include "screens/SaveBox.h"
 #include "screens/StartWords.h"
-#include "skin/Shown.h"
 #include "skin/Skin.h"
+#include "skin/ToQString.h"
 
 namespace zorik {
 namespace {
@@ -43,7 +43,7 @@ bool RecordKeeper::MayReplace(const WonRun& run, QWidget* parent) {
 bool RecordKeeper::MayReplaceOthers(const WonRun& run, QWidget* parent) {
   const std::optional<StandingRecord> standing = flow_.OtherCave(run);
   if (!standing) return true;
-  const QString other = Shown(standing->CollectionName) + " - " + Shown(standing->CaveName);
+  const QString other = ToQString(standing->CollectionName) + " - " + ToQString(standing->CaveName);
   return Ask(skin_, parent, skin_.Text(TextId::Program), kOtherCaveWords.In(skin_) + '\n' + other);
 }
 

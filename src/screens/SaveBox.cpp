@@ -7,9 +7,9 @@
 
 #include "data/Cp1250.h"
 #include "platform/PathText.h"
+#include "screens/DesktopServices.h"
 #include "screens/MsgBox.h"
 #include "screens/OldNames.h"
-#include "screens/Outside.h"
 #include "screens/StartWords.h"
 #include "skin/Skin.h"
 

@@ -8,7 +8,7 @@
 #include <QWindow>
 #include <algorithm>
 
-#include "screens/SeenPart.h"
+#include "screens/OpaqueRegion.h"
 #include "screens/SkinButton.h"
 #include "screens/Tones.h"
 
@@ -82,7 +82,7 @@ void SkinSurface::Shape() {
     QPainter painter(&drawn);
     Draw(painter);
   }
-  QRegion shape = SeenPart(drawn, kSeen);
+  QRegion shape = OpaqueRegion(drawn, kSeen);
   for (const SkinButton* const button : window_->findChildren<SkinButton*>(Qt::FindDirectChildrenOnly)) {
     const QRect place = button->geometry();
     if (button->isVisibleTo(window_) && !shape.contains(place.center())) shape += place;

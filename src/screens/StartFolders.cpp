@@ -17,7 +17,7 @@
 #include "data/Result.h"
 #include "data/Scramble.h"
 #include "platform/PathText.h"
-#include "skin/Shown.h"
+#include "skin/ToQString.h"
 
 namespace zorik {
 namespace {
@@ -68,7 +68,7 @@ bool Exists(const std::string& path) {
 QString CollName(const std::string& path) {
   const auto bytes = ReadWhole(path);
   const std::optional<std::string> name = bytes ? NameIn(*bytes) : std::nullopt;
-  return name ? Shown(*name) : ShownPath(fs::path(path).stem().string());
+  return name ? ToQString(*name) : ShownPath(fs::path(path).stem().string());
 }
 
 std::vector<CollRow> ReadColls(const std::string& folder) {

@@ -38,21 +38,21 @@ int Write(QPainter& painter, const QRect& place, int left, const QString& text, 
 TopBar::TopBar(QWidget* parent)
     : QWidget(parent),
       picRestart_(new StripButton(this)),
-      Command4_(new StripButton(this)),
-      Label1_(new StripButton(this)),
+      settings_(new StripButton(this)),
+      view_(new StripButton(this)),
       leave_(new StripButton(this)) {
   setFocusPolicy(Qt::NoFocus);
   setAttribute(Qt::WA_OpaquePaintEvent);
   picRestart_->setObjectName("picRestart");
-  Command4_->setObjectName("Command4");
-  Label1_->setObjectName("Label1");
-  Label1_->hide();
+  settings_->setObjectName("Command4");
+  view_->setObjectName("Label1");
+  view_->hide();
   leave_->setObjectName("leave");
   leave_->SetCaption(QString(QChar(0xD7)));
   leave_->hide();
   connect(picRestart_, &StripButton::Clicked, this, &TopBar::RestartClicked);
-  connect(Command4_, &StripButton::Clicked, this, &TopBar::SettingsClicked);
-  connect(Label1_, &StripButton::Clicked, this, &TopBar::ViewClicked);
+  connect(settings_, &StripButton::Clicked, this, &TopBar::SettingsClicked);
+  connect(view_, &StripButton::Clicked, this, &TopBar::ViewClicked);
   connect(leave_, &StripButton::Clicked, this, &TopBar::LeaveClicked);
   SetScrollView(true);
 }
@@ -61,7 +61,7 @@ void TopBar::SetPictures(const QImage& border1, const QImage& restart, const QIm
                          const QImage& leave) {
   border1_ = border1;
   picRestart_->SetPicture(restart);
-  Command4_->SetPicture(settings);
+  settings_->SetPicture(settings);
   leave_->SetPicture(leave);
   update();
 }
@@ -69,8 +69,8 @@ void TopBar::SetPictures(const QImage& border1, const QImage& restart, const QIm
 void TopBar::SetTips(const QString& restart, const QString& settings, const QString& view,
                      const QString& leave) {
   SetHint(*picRestart_, restart);
-  SetHint(*Command4_, settings);
-  SetHint(*Label1_, view);
+  SetHint(*settings_, settings);
+  SetHint(*view_, view);
   SetHint(*leave_, leave);
 }
 
@@ -107,7 +107,7 @@ QString TopBar::ValueText() const {
 }
 
 void TopBar::ShowLabel1(bool visible) {
-  Label1_->setVisible(visible);
+  view_->setVisible(visible);
   Arrange();
 }
 
@@ -125,7 +125,7 @@ bool TopBar::RestartPulses() const {
 }
 
 void TopBar::SetScrollView(bool scrolls) {
-  Label1_->SetCaption(QString(scrolls ? QChar(0xB1) : QChar(0xA8)));
+  view_->SetCaption(QString(scrolls ? QChar(0xB1) : QChar(0xA8)));
 }
 
 void TopBar::ShowUnits(int dogCount, int hue) {
@@ -145,11 +145,11 @@ void TopBar::DrawDogN(int n, int state) {
 }
 
 void TopBar::Arrange() {
-  layout_ = LayOutTopBar(width(), !Label1_->isHidden(), units_ ? psi_.Width() : 0, !leave_->isHidden());
+  layout_ = LayOutTopBar(width(), !view_->isHidden(), units_ ? psi_.Width() : 0, !leave_->isHidden());
   leave_->setGeometry(layout_.leave);
   picRestart_->setGeometry(layout_.picRestart);
-  Command4_->setGeometry(layout_.Command4);
-  Label1_->setGeometry(layout_.Label1);
+  settings_->setGeometry(layout_.Command4);
+  view_->setGeometry(layout_.Label1);
   update();
 }
 

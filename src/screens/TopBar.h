@@ -74,8 +74,8 @@ class TopBar : public QWidget {
   int needed_ = 0;
   int value_ = 0;
   StripButton* picRestart_;
-  StripButton* Command4_;
-  StripButton* Label1_;
+  StripButton* settings_;
+  StripButton* view_;
   StripButton* leave_;
 };
 

@@ -6,7 +6,7 @@
 #include "screens/FrmAnalyze.h"
 #include "screens/FrmPoSt.h"
 #include "screens/RecordKeeper.h"
-#include "skin/Shown.h"
+#include "skin/ToQString.h"
 
 namespace zorik {
 namespace {
@@ -23,7 +23,7 @@ WinFlow::WinFlow(Flow& flow, FrmPoSt& frmPoSt, FrmAnalyze& frmAnalyze, RecordKee
 void WinFlow::RunWon() {
   if (!flow_.Win()) return;
   const ShownScore& score = flow_.Score();
-  frmAnalyze_.SetScore(Shown(score.Line), score.Total, score.Bonus);
+  frmAnalyze_.SetScore(ToQString(score.Line), score.Total, score.Bonus);
   emit HideGame();
   ShowScore();
 }

@@ -11,7 +11,7 @@ void CavePainter::CaveOpens(const Hra& hra) {
   pictures_.Open(hra);
 }
 
-void CavePainter::View(const Hra& hra, bool jump) {
+void CavePainter::MoveView(const Hra& hra, bool jump) {
   const Unit& unit = hra.Dog[static_cast<std::size_t>(hra.ActiveDog)];
   if (jump) pictures_.Placed(hra);
   view_.Follow(unit.x, unit.y, hra.CaveWidth, hra.CaveHeight, jump);

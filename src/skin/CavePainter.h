@@ -20,7 +20,7 @@ class CavePainter {
   // A cave is about to be set up: its pictures are loaded, those of them that have changed.
   void CaveOpens(const Hra& hra);
   void CellChanged(const Hra& hra, int x, int y) { pictures_.Change(hra, x, y); }
-  void View(const Hra& hra, bool jump);
+  void MoveView(const Hra& hra, bool jump);
 
   // Another skin, from the next cave on.
   void SetPlaces(SkinPlaces places) { places_ = std::move(places); }

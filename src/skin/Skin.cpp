@@ -32,7 +32,7 @@ bool Skin::AskRetry(const std::string& question) {
   return again;
 }
 
-Worn Skin::Wear(const SkinPlaces& places) {
+ApplyOutcome Skin::Apply(const SkinPlaces& places) {
   SkinData data;
   SkinFlaws flaws = data.LoadSkinData(places);
   const auto isFault = [](const SkinFlaw& flaw) { return flaw.kind == SkinFlaw::Kind::NotUnderstood; };

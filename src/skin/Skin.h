@@ -21,12 +21,12 @@ namespace zorik {
 inline constexpr const char* kProgramTitle = "Zorík";
 
 // What came of putting on a skin.
-struct Worn {
-  bool worn = true;  // otherwise nothing has changed
+struct ApplyOutcome {
+  bool applied = true;  // otherwise nothing has changed
   SkinFlaws flaws;
 
   // Whether all is as it should be.
-  explicit operator bool() const { return worn && flaws.empty(); }
+  explicit operator bool() const { return applied && flaws.empty(); }
 };
 
 // What the game wears: where its skin lies, what its table says, its texts and its menu pictures. There is
@@ -44,7 +44,7 @@ class Skin {
   // its pictures and sounds. When its table says what cannot be understood, the skin is not worn, and
   // everything stays as it was. Where the language file is missing or too short, the texts that it lacks are
   // empty.
-  Worn Wear(const SkinPlaces& places);
+  ApplyOutcome Apply(const SkinPlaces& places);
 
   // Has pictures at hand before a skin is worn.
   void LookInto(const SkinPlaces& places) { places_ = places; }

@@ -66,16 +66,18 @@ TEST(ATeleportPad, IsSlimeOverSteelOrUnderIt) {
 }
 
 TEST(ATeleportPad, IsKnownByItsPlaceOnceTheCaveStands) {
-  const Hra hra = Play({"1S.W", "WW.S", "...."});
+  const Hra hra = Play({"1...", ".S.W", ".W.S", "...."});
   ASSERT_TRUE(hra.TeleportActive);
-  EXPECT_TRUE(IsEntrance(hra, {1, 0}));
-  EXPECT_FALSE(IsExit(hra, {1, 0}));
-  EXPECT_TRUE(IsExit(hra, {3, 1}));
-  EXPECT_FALSE(IsEntrance(hra, {3, 1}));
+  EXPECT_TRUE(IsEntrance(hra, {1, 1}));
+  EXPECT_FALSE(IsExit(hra, {1, 1}));
+  EXPECT_TRUE(IsExit(hra, {3, 2}));
+  EXPECT_FALSE(IsEntrance(hra, {3, 2}));
 }
 
 TEST(ACell, BlocksADogByItsObject) {
-  EXPECT_EQ(Yes(Play({".;D!@#$RXMWTKIEVSLFUHGNJ:C%^&A"}), kBlocked), ".......#######################");
+  Hra hra = Play({".;D!@#$RXMWTKIEVLFUHGNJ:C%^&A;"});
+  hra.SetField({29, 0}, kSlime);  // in the first row set-up would make an exit of it
+  EXPECT_EQ(Yes(hra, kBlocked), ".......#######################");
 }
 
 TEST(ACell, BlocksADogByAStateThatFallsOrIsRounded) {

@@ -29,7 +29,7 @@ TEST(Cp1250, ComesBackFromUtf8WithAll256Codes) {
   for (int code = 0; code < 256; ++code) {
     const std::string text(1, static_cast<char>(code));
     EXPECT_EQ(FromUtf8(ToUtf8(text)), text) << code;
-    EXPECT_EQ(FromUtf8WithGaps(ToUtf8(text)), text) << code;
+    EXPECT_EQ(FromUtf8Lossy(ToUtf8(text)), text) << code;
   }
 }
 
@@ -40,8 +40,8 @@ TEST(Cp1250, RefusesCharactersThatItLacks) {
 }
 
 TEST(Cp1250, PutsAQuestionMarkForEachCharacterThatItLacks) {
-  EXPECT_EQ(FromUtf8WithGaps("pes Жук"), "pes ???");
-  EXPECT_EQ(FromUtf8WithGaps("\U0001F415!"), "?!");
+  EXPECT_EQ(FromUtf8Lossy("pes Жук"), "pes ???");
+  EXPECT_EQ(FromUtf8Lossy("\U0001F415!"), "?!");
 }
 
 TEST(Cp1250, RefusesWhatIsNoUtf8) {
@@ -60,16 +60,16 @@ TEST(Cp1250, RefusesLongFormsSurrogatesAndWhatLiesBeyondUnicode) {
 }
 
 TEST(Cp1250, PutsAQuestionMarkForEachByteThatIsNoUtf8) {
-  EXPECT_EQ(FromUtf8WithGaps("a\xE1z"), "a?z");
-  EXPECT_EQ(FromUtf8WithGaps("\xE2\x82"), "??");
-  EXPECT_EQ(FromUtf8WithGaps("\xC3"), "?");
-  EXPECT_EQ(FromUtf8WithGaps("\xC1\x81"), "??");
-  EXPECT_EQ(FromUtf8WithGaps("\xED\xA0\x80"), "???");
-  EXPECT_EQ(FromUtf8WithGaps("\xF4\x90\x80\x80"), "????");
+  EXPECT_EQ(FromUtf8Lossy("a\xE1z"), "a?z");
+  EXPECT_EQ(FromUtf8Lossy("\xE2\x82"), "??");
+  EXPECT_EQ(FromUtf8Lossy("\xC3"), "?");
+  EXPECT_EQ(FromUtf8Lossy("\xC1\x81"), "??");
+  EXPECT_EQ(FromUtf8Lossy("\xED\xA0\x80"), "???");
+  EXPECT_EQ(FromUtf8Lossy("\xF4\x90\x80\x80"), "????");
 }
 
 TEST(Cp1250, ReadsNothingBehindTheEndOfItsText) {
-  EXPECT_EQ(FromUtf8WithGaps(std::string_view("\xC3\xA1", 1)), "?");
+  EXPECT_EQ(FromUtf8Lossy(std::string_view("\xC3\xA1", 1)), "?");
 }
 
 TEST(LowerCase, ChangesCzechLetters) {
@@ -110,7 +110,7 @@ TEST(Cp1250, TakesAnyBytes) {
   for (int round = 0; round < 3000; ++round) {
     const std::string bytes = samples::RandomBytes(chance, 30);
     EXPECT_EQ(FromUtf8(ToUtf8(bytes)), bytes);
-    EXPECT_LE(FromUtf8WithGaps(bytes).size(), bytes.size());
+    EXPECT_LE(FromUtf8Lossy(bytes).size(), bytes.size());
     EXPECT_EQ(FoldFileName(FoldFileName(bytes)), FoldFileName(bytes));
   }
 }

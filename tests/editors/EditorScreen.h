@@ -77,7 +77,7 @@ class EditorScreen {
     MakeWindow();
   }
 
-  void Wear(const std::string& name) { ASSERT_TRUE(skin.Wear(SkinPlaces{ZORIK_SKINS, name})); }
+  void Wear(const std::string& name) { ASSERT_TRUE(skin.Apply(SkinPlaces{ZORIK_SKINS, name})); }
 
   void MakeWindow() {
     const auto cat = [this](const std::string& program) {

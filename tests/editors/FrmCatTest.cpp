@@ -16,7 +16,7 @@ class FrmCatTest : public testing::Test {
  protected:
   FrmCatTest() {
     QSettings(QSettings::IniFormat, QSettings::UserScope, "Ortvan", "Zorik2").clear();
-    EXPECT_TRUE(skin_.Wear(SkinPlaces{ZORIK_SKINS, "Default"}));
+    EXPECT_TRUE(skin_.Apply(SkinPlaces{ZORIK_SKINS, "Default"}));
   }
   void TearDown() override { EXPECT_TRUE(dialogs_.Done()) << dialogs_.said.join(" | ").toStdString(); }
 
@@ -134,7 +134,7 @@ std::string AllTokens() {
 
 class FrmCatTokensTest : public FrmCatTest, public testing::WithParamInterface<const char*> {
  protected:
-  void SetUp() override { ASSERT_TRUE(skin_.Wear(SkinPlaces{ZORIK_SKINS, GetParam()})); }
+  void SetUp() override { ASSERT_TRUE(skin_.Apply(SkinPlaces{ZORIK_SKINS, GetParam()})); }
 };
 
 TEST_P(FrmCatTokensTest, ShowsTheCaptionOfEveryToken) {
@@ -159,7 +159,7 @@ TEST_P(FrmCatTokensTest, InsertsTheTokenOfEveryCommand) {
 INSTANTIATE_TEST_SUITE_P(Skins, FrmCatTokensTest, testing::Values("Default", "English"));
 
 TEST_F(FrmCatTest, SpeaksTheLanguageOfTheSkin) {
-  ASSERT_TRUE(skin_.Wear(SkinPlaces{ZORIK_SKINS, "English"}));
+  ASSERT_TRUE(skin_.Apply(SkinPlaces{ZORIK_SKINS, "English"}));
   Edit("*A-E/Z", [this] {
     EXPECT_EQ(dialog_->windowTitle(), "Cat program");
     EXPECT_EQ(Lines(), (QStringList{"== Event: start", "GoMaxLeft", "End of the program"}));
@@ -375,7 +375,7 @@ TEST_F(FrmCatTest, ShowsTheNextProgramFromItsBeginning) {
 TEST_F(FrmCatTest, HitsAnotherTokenWhenTheFileLacksOne) {
   test::TestSkin skin;
   skin.File("catdata.txt", "Okno\r\nUlozit?\r\n*A start\r\n-A vlevo\r\n-B vpravo\r\n/Z konec\r\n");
-  skin.Wear();
+  skin.Apply();
   const auto program = EditIn(skin.Skin(), "*A-C-A-B/Z", [this] {
     EXPECT_EQ(Lines(), (QStringList{"start", "vlevo", "vpravo", "konec"}));
     EXPECT_EQ(List("lstCmds").currentRow(), 3) << "there is no tenth command";
@@ -389,7 +389,7 @@ TEST_F(FrmCatTest, HitsAnotherTokenWhenTheFileLacksOne) {
 TEST_F(FrmCatTest, InsertsInAnotherPlaceWhenTheFileLacksAToken) {
   test::TestSkin skin;
   skin.File("catdata.txt", "Okno\r\nUlozit?\r\n*A start\r\n-A vlevo\r\n-B vpravo\r\n/Z konec\r\n");
-  skin.Wear();
+  skin.Apply();
   const auto program = EditIn(skin.Skin(), "*A-C-A-B/Z", [this] {
     ClickLine("lstScript", 2);
     EXPECT_EQ(List("lstScript").currentItem()->text(), "vpravo");
@@ -405,7 +405,7 @@ TEST_F(FrmCatTest, InsertsInAnotherPlaceWhenTheFileLacksAToken) {
 TEST_F(FrmCatTest, ShowsATokenTwiceThatTheFileHasTwice) {
   test::TestSkin skin;
   skin.File("catdata.txt", "Okno\r\nUlozit?\r\n*A start\r\n-A jedna\r\n/Z konec\r\n-A dva\r\n");
-  skin.Wear();
+  skin.Apply();
   const auto program = EditIn(skin.Skin(), "*A-A/Z", [this] {
     EXPECT_EQ(dialog_->windowTitle(), "Okno");
     EXPECT_EQ(Lines(), (QStringList{"start", "jedna", "dva", "konec"}));
@@ -416,7 +416,7 @@ TEST_F(FrmCatTest, ShowsATokenTwiceThatTheFileHasTwice) {
 
 TEST_F(FrmCatTest, AsksAgainForAFileThatIsInNoSkin) {
   test::TestSkin skin;
-  skin.Wear();
+  skin.Apply();
   dialogs_.Press("close");
   const auto program = EditIn(skin.Skin(), "*A-A/Z", [this] {
     EXPECT_EQ(Lines(), QStringList());

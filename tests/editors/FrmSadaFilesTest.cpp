@@ -327,7 +327,7 @@ TEST_F(FrmSadaFilesTest, BeginsANewCollectionWhenAClosedOneWasChosen) {
 }
 
 TEST_F(FrmSadaFilesTest, SpeaksTheLanguageOfTheSkin) {
-  ASSERT_TRUE(skin.Wear(SkinPlaces{ZORIK_SKINS, "English"}));
+  ASSERT_TRUE(skin.Apply(SkinPlaces{ZORIK_SKINS, "English"}));
   Chance chance;
   folder.File("Caves/d.zk", ScrambleLines({"ESadaA", "AX", "a@b.cz0", "E!---01", "x",
                                            test::OneStepCave("B") + "---02", "y---X3", "E---04", "x---ab"},

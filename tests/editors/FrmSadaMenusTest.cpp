@@ -48,7 +48,7 @@ class FrmSadaMenusTest : public test::SadaWindowTest {
       lines += key.substr(0, dot) + ":\n" + key.substr(dot + 1) + "=" + value + "\n";
     }
     folder.File("Skins/Default/Menu/skindata.txt", lines);
-    skin.Wear(SkinPlaces{folder.Root() + "/Skins", "Default"});
+    skin.Apply(SkinPlaces{folder.Root() + "/Skins", "Default"});
     window->SetLWEd();
   }
 
@@ -119,7 +119,7 @@ TEST_F(FrmSadaMenusTest, HasTheMenusWithTheirKeys) {
 }
 
 TEST_F(FrmSadaMenusTest, SpeaksTheLanguageOfTheSkinWhenItOpens) {
-  ASSERT_TRUE(skin.Wear(SkinPlaces{ZORIK_SKINS, "English"}));
+  ASSERT_TRUE(skin.Apply(SkinPlaces{ZORIK_SKINS, "English"}));
   Open();
   for (const auto* rows : {&kMenus, &kHelp}) {
     for (const MenuRow& row : *rows) EXPECT_EQ(Action(row.name).text(), row.english);

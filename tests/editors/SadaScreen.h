@@ -29,7 +29,7 @@ class SadaScreen {
  public:
   SadaScreen() {
     QSettings(QSettings::IniFormat, QSettings::UserScope, "Ortvan", "Zorik2").clear();
-    EXPECT_TRUE(skin.Wear(SkinPlaces{ZORIK_SKINS, "Default"}));
+    EXPECT_TRUE(skin.Apply(SkinPlaces{ZORIK_SKINS, "Default"}));
     MakeWindow();
   }
 

@@ -144,7 +144,7 @@ TEST_F(LeftFilesTest, TheGameWritesIntoItsFoldersThoseOfThePlayersAndItsPlacesIn
   Paths paths;
   paths.AppPath = (root_ / "home").string();
   paths.PlayersPath = paths.AppPath + "/Players";
-  Surroundings around;
+  Environment around;
   around.Home = "/u";
   around.ConfigHome = "/c";
   around.DataHome = "relative";

@@ -30,7 +30,7 @@ class PathsTest : public testing::Test {
 
   std::string At(const fs::path& path) const { return (root_ / path).string(); }
 
-  Surroundings Around(const std::string& zorikHome = {}) const {
+  Environment Around(const std::string& zorikHome = {}) const {
     return {At("opt/bin"), zorikHome, At("data"), At("home"), {}};
   }
 
@@ -57,7 +57,7 @@ TEST_F(PathsTest, AnInstalledGameKeepsItsFilesInTheUsersDataFolder) {
 }
 
 TEST_F(PathsTest, TheDataFolderIsBelowHomeWhenNothingElseIsSaid) {
-  Surroundings around = Around();
+  Environment around = Around();
   around.DataHome.clear();
   auto paths = FindPaths(around);
   ASSERT_TRUE(paths);
@@ -75,17 +75,17 @@ TEST_F(PathsTest, WithoutAVariableTheHomeIsTheOneThatTheSystemKnows) {
   ASSERT_TRUE(fs::path(known).is_absolute());
   for (const char* home : {"", ".", "relative/home"}) {
     setenv("HOME", home, 1);
-    EXPECT_EQ(ReadSurroundings("/opt").Home, known) << home;
+    EXPECT_EQ(ReadEnvironment("/opt").Home, known) << home;
   }
   unsetenv("HOME");
-  EXPECT_EQ(ReadSurroundings("/opt").Home, known);
+  EXPECT_EQ(ReadEnvironment("/opt").Home, known);
   setenv("HOME", "/somewhere", 1);
-  EXPECT_EQ(ReadSurroundings("/opt").Home, "/somewhere");
+  EXPECT_EQ(ReadEnvironment("/opt").Home, "/somewhere");
   setenv("HOME", before.c_str(), 1);
 }
 
 TEST_F(PathsTest, AUserWithoutAHomeGetsNoFolderInTheOneHeStandsIn) {
-  Surroundings around = Around();
+  Environment around = Around();
   around.DataHome.clear();
   around.Home.clear();
   const fs::path before = fs::current_path();

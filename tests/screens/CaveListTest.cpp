@@ -22,7 +22,7 @@ class CaveListTest : public testing::Test {
  protected:
   void Show(int rows) {
     skin_.Data(kData);
-    skin_.Wear();
+    skin_.Apply();
     list_.SkinIt(skin_.Skin());
     std::vector<CaveList::Row> content;
     for (int i = 1; i <= rows; ++i) content.push_back({"c" + QString::number(i), i, CaveState::Open});
@@ -49,7 +49,7 @@ TEST_F(CaveListTest, TakesItsPlaceFromTheSkin) {
 
 TEST_F(CaveListTest, IsAsHighAsItsLinesAndFrameWithoutAHeight) {
   skin_.Data("select.caves:\r\nwidth=200\r\nlines=6\r\nborder.size=2\r\n");
-  skin_.Wear();
+  skin_.Apply();
   list_.SkinIt(skin_.Skin());
   EXPECT_EQ(list_.height(), 6 * 14 + 2 * 2);
 }

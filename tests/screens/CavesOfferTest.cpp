@@ -14,7 +14,7 @@ class CavesOfferTest : public testing::Test {
  protected:
   CavesOfferTest() {
     skin_.Data("caption:\nerror.store=Nejde to.\ncaves.lacking=Chybí sady.\ncaves.again=Přinést?\n");
-    skin_.Wear();
+    skin_.Apply();
     Chance chance;
     for (const char* name : {"Alfa", "Beta"}) {
       shipped_.File("Caves/" + std::string(name) + ".zk",

@@ -3,9 +3,9 @@
 #include <QLabel>
 #include <QTextDocument>
 
+#include "screens/DesktopServices.h"
 #include "screens/DialogScript.h"
 #include "screens/FrmAbout.h"
-#include "screens/Outside.h"
 #include "screens/TestSkin.h"
 #include "support/DesktopStandIn.h"
 
@@ -24,7 +24,7 @@ class FrmAboutTest : public testing::Test {
       lines += (place == 99 ? "Zorík" : place == 199 ? credits : "") + "\n";
     }
     skin_.File("cestina.txt", lines);
-    skin_.Wear();
+    skin_.Apply();
     window_ = std::make_unique<FrmAbout>(skin_.Skin(), folder_.Paths(), nullptr);
     return *window_;
   }
@@ -119,7 +119,7 @@ TEST_F(FrmAboutTest, APageIsThePlayersOwnOrElseTheInstallations) {
     return HelpPage(paths, skin_.Skin(), "help.html").remove(QString::fromStdString(folder_.Root()));
   };
   skin_.Data("help.folder=en\n");
-  skin_.Wear();
+  skin_.Apply();
   const QString other = QString::fromStdString(paths.ShippedHelp);
   EXPECT_EQ(page(), other + "/help.html") << "the one that is missed";
   shipped.File("Help/help.html", "");
@@ -137,7 +137,7 @@ TEST_F(FrmAboutTest, NoSkinLeadsTheHelpOutOfItsFolder) {
   folder_.File("Help/help.html", "");
   for (const char* const folder : {"..", "../.", "en/../.."}) {
     skin_.Data("help.folder=" + std::string(folder) + "\n");
-    skin_.Wear();
+    skin_.Apply();
     EXPECT_EQ(HelpPage(folder_.Paths(), skin_.Skin(), "help.html"), Page("help.html")) << folder;
   }
 }

@@ -152,7 +152,7 @@ TEST(FrmAnalyzeSkin, GivesTheWindowItsSizeAndTheButtonItsPlace) {
   skin.Data("score:\r\nimage=score\r\nok.image=ok\r\nok.left=17\r\nok.top=29\r\n");
   skin.Picture("score", test::Strips({Qt::darkCyan}, QSize(530, 231)));
   skin.Picture("ok", test::Strips(test::kLooks, QSize(40, 20)));
-  skin.Wear();
+  skin.Apply();
   FrmAnalyze window(skin.Skin());
   window.Open();
   EXPECT_EQ(window.size(), QSize(530, 231));

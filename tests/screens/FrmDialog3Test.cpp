@@ -29,7 +29,7 @@ class FrmDialog3Test : public testing::Test {
         "name.left=40\nname.top=60\nname.width=280\nname.height=24\nname.color=FFF8E0\nname.textcolor="
         "402000\n"
         "ok.image=ok\nok.left=95\nok.top=104\nclose.image=cancel\nclose.left=185\nclose.top=104\n");
-    skin_.Wear();
+    skin_.Apply();
   }
 
   QString AskName(const std::function<void(QWidget&)>& act) {

@@ -16,7 +16,7 @@ class FrmLoadingTest : public testing::Test {
  protected:
   void SetUp() override {
     skin_.Picture("working", test::Strips({Qt::yellow}, {200, 38}));
-    skin_.Wear();
+    skin_.Apply();
   }
 
   test::TestSkin skin_;
@@ -51,7 +51,7 @@ TEST_F(FrmLoadingTest, HasThePictureAndTheWordsOfTheSkin) {
   EXPECT_EQ(czech.pixelColor(30, 19), QColor(Qt::yellow));
   notice.Disappear();
   skin_.Data("caption.loading=Working...\n");
-  skin_.Wear();
+  skin_.Apply();
   notice.Appear();
   EXPECT_NE(notice.grab().toImage(), czech);
   notice.Disappear();

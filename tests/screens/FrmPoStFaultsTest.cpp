@@ -179,7 +179,7 @@ TEST_F(FrmPoStFaults, NeverShowsAButtonThatTheSkinGivesNoPlace) {
     table += std::string("\r\n") + button + ".top=-1";
   }
   folder.File("Skins/Default/Menu/skindata.txt", table + "\r\n");
-  ASSERT_TRUE(skin.Wear({folder.Root() + "/Skins"}));
+  ASSERT_TRUE(skin.Apply({folder.Root() + "/Skins"}));
   Caves(40);
   for (int i = 1; i <= 40; ++i) Record(i, 1);
   Open();

@@ -203,7 +203,7 @@ TEST_F(FrmPoStTest, SaysSoWhenTheCollectionCannotBeOpenedAndKeepsTheOldOne) {
   ASSERT_FALSE(missing);
   EXPECT_EQ(QString::fromStdString(missing.Message()), "Soubor nelze otevřít:\r\n/nowhere/pryč.zk");
   folder.File("Caves/bad.zk", "garbage");
-  EXPECT_TRUE(window->LoadColl(QString::fromStdString(folder.Root() + "/Caves/bad.zk"), "Žofie"));
+  EXPECT_FALSE(window->LoadColl(QString::fromStdString(folder.Root() + "/Caves/bad.zk"), "Žofie"));
   EXPECT_EQ(List().Selected(), 2);
   EXPECT_EQ(Text("Label4"), "Sada");
   EXPECT_TRUE(window->isVisible());
@@ -293,7 +293,7 @@ TEST_F(FrmPoStTest, KeepsEachPlayersRecordsApart) {
 TEST_F(FrmPoStTest, SpeaksTheLanguageOfTheSkin) {
   Caves(3);
   Open();
-  ASSERT_TRUE(skin.Wear({folder.Root() + "/Skins", "English"}));
+  ASSERT_TRUE(skin.Apply({folder.Root() + "/Skins", "English"}));
   window->SetLWPost();
   EXPECT_EQ(window->windowTitle(), "Cave selection");
   EXPECT_EQ(Text("lblRest"), "Still to solve: 3 caves.");

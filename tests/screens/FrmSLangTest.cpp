@@ -27,7 +27,7 @@ class FrmSLangTest : public testing::Test {
                "caption.slang.about=About the skin...\r\ncaption.slang.close=Close\r\n");
     skin_.File("../../Prazdny/readme.txt", "nothing for the game");
     skin_.File("../../soubor.txt", "no folder");
-    skin_.Wear();
+    skin_.Apply();
     EXPECT_TRUE(StoreSett(settings_));
     window_ = std::make_unique<FrmSLang>(skin_.Skin(), settings_, nullptr);
     window_->show();
@@ -188,7 +188,7 @@ TEST_F(FrmSLangTest, ListsTheSkinsOfThePlayerAndOfTheInstallation) {
   own.File("Skins/Moje/Menu/ok.bmp", "x");
   own.File("Skins/english/Menu/ok.bmp", "x");
   SkinPlaces places{own.Root() + "/Skins", "Default", skin_.Places().SkinsPath};
-  skin_.Skin().Wear(places);
+  skin_.Skin().Apply(places);
   const FrmSLang window(skin_.Skin(), settings_, nullptr);
   const auto& combo = *window.findChild<QComboBox*>("Combo1");
   QStringList names;

@@ -28,7 +28,7 @@ class FrmSettingsTest : public testing::Test {
     for (const char* name : {"ok", "cancel"}) skin_.Picture(name, test::Strips(test::kLooks, {80, 32}));
     skin_.Picture("checks",
                   test::Strips({Qt::red, Qt::green, Qt::blue, Qt::cyan, Qt::magenta, Qt::yellow}, {20, 20}));
-    skin_.Wear();
+    skin_.Apply();
   }
 
   bool Edit(const std::function<void(QWidget&)>& act) {
@@ -265,7 +265,7 @@ TEST_F(FrmSettingsTest, TakesTheWordsAndColoursOfAnotherSkin) {
   const InDialog first([](QWidget& open) { open.close(); });
   window.Edit(settings_);
   skin_.Data("settings:\ntext=Settings\ncolor=FFF8E0\nspeed.text=Game speed\ncheck2.text=Sounds\n");
-  skin_.Wear();
+  skin_.Apply();
   const InDialog second([](QWidget& open) {
     EXPECT_EQ(open.windowTitle(), "Settings");
     EXPECT_EQ(open.findChildren<QLabel*>().at(1)->text(), "Game speed :");

@@ -95,7 +95,7 @@ class GameScreen {
   GameScreen() {
     const auto language = ReadWhole(ZORIK_SKIN_SOURCES "/Default/Menu/cestina.txt");
     folder.File("Skins/Default/Menu/cestina.txt", *FromUtf8(*language));
-    EXPECT_TRUE(skin.Wear(SkinPlaces{folder.Root() + "/Skins"}));
+    EXPECT_TRUE(skin.Apply(SkinPlaces{folder.Root() + "/Skins"}));
     settings.Speed = 2;
     settings.Sound = false;
     window = std::make_unique<AnyRun>(skin, sound, settings);

@@ -15,8 +15,8 @@
 #include <QToolButton>
 #include <QToolTip>
 
+#include "screens/DesktopServices.h"
 #include "screens/Hint.h"
-#include "screens/Outside.h"
 #include "skin/Skin.h"
 
 namespace zorik {

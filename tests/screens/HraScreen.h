@@ -13,7 +13,7 @@ class HraScreen : public testing::Test, public GameScreen {
  protected:
   void Open(const Picture& picture, Numbers numbers = {}, RunKind kind = RunKind::Play) {
     Show();
-    ASSERT_FALSE(window->Start(CaveTextOf(picture, numbers), kind));
+    ASSERT_TRUE(window->Start(CaveTextOf(picture, numbers), kind));
   }
 
   void Click(const char* button) {

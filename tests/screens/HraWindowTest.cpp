@@ -100,7 +100,7 @@ TEST_F(HraWindowTest, RestartsTheCaveByItsButton) {
 TEST_F(HraWindowTest, ShowsTheSwitchOfTheViewInATestAndAReplayOnly) {
   Open(Corridor());
   EXPECT_FALSE(Shows("Label1"));
-  ASSERT_FALSE(window->Start(CaveTextOf(Corridor()), RunKind::Test));
+  ASSERT_TRUE(window->Start(CaveTextOf(Corridor()), RunKind::Test));
   EXPECT_TRUE(Shows("Label1"));
   ASSERT_TRUE(window->StartRecord(test::RecordOf(Corridor(), {{}, {}, {}})));
   EXPECT_TRUE(Shows("Label1"));
@@ -144,7 +144,7 @@ TEST_F(HraWindowTest, KeepsTheViewWhenACaveOrARecordCannotBePlayed) {
   Open(Corridor(), {}, RunKind::Test);
   EXPECT_FALSE(window->StartRecord("rubbish"));
   EXPECT_FALSE(window->Painter().ScrollView());
-  EXPECT_TRUE(window->Start("rubbish", RunKind::Play));
+  EXPECT_FALSE(window->Start("rubbish", RunKind::Play));
   EXPECT_FALSE(window->Painter().ScrollView());
 }
 
@@ -182,7 +182,7 @@ TEST_F(HraWindowTest, ChangesTheDogWithTabAndTheKeypad) {
 
 TEST_F(HraWindowTest, HasNoStripOfUnitsForOneDog) {
   Open({"WWWWW", "W1.2W", "WWWWW"});
-  ASSERT_FALSE(window->Start(CaveTextOf(Corridor()), RunKind::Play));
+  ASSERT_TRUE(window->Start(CaveTextOf(Corridor()), RunKind::Play));
   EXPECT_FALSE(window->Bar().UnitsShown());
   ASSERT_TRUE(TicksPass(2));
   EXPECT_FALSE(window->Bar().UnitsShown());
@@ -193,7 +193,7 @@ TEST_F(HraWindowTest, HasNoStripOfUnitsForOneDog) {
 
 TEST_F(HraWindowTest, TellsOfAWonRunAndStandsStill) {
   Show();
-  ASSERT_FALSE(window->Start(OneStepCave("Jedna"), RunKind::Play));
+  ASSERT_TRUE(window->Start(OneStepCave("Jedna"), RunKind::Play));
   QSignalSpy won(window.get(), &HraWindow::RunWon);
   QTest::keyClick(window.get(), Qt::Key_Right);
   ASSERT_TRUE(Wait([&] { return won.count() == 1; }));
@@ -259,8 +259,8 @@ TEST_F(HraWindowTest, ShowsItsMessagesBelowTheBarInEverySize) {
 
 TEST_F(HraWindowTest, SaysWhyACaveCannotBePlayedAndKeepsTheRun) {
   Open(Corridor());
-  EXPECT_TRUE(window->Start("", RunKind::Play));
-  EXPECT_TRUE(window->Start("rubbish", RunKind::Play));
+  EXPECT_FALSE(window->Start("", RunKind::Play));
+  EXPECT_FALSE(window->Start("rubbish", RunKind::Play));
   EXPECT_TRUE(TicksPass(2));
 }
 
@@ -371,7 +371,7 @@ TEST_F(HraWindowTest, ShowsHiddenThingsFromTheNextCaveOn) {
   Open({"WWWWW", "W1M.W", "WWWWW"});
   const QImage hidden = window->PlayArea().Picture().copy();
   settings.NoSurprise = true;
-  ASSERT_FALSE(window->Start(CaveTextOf({"WWWWW", "W1M.W", "WWWWW"}), RunKind::Play));
+  ASSERT_TRUE(window->Start(CaveTextOf({"WWWWW", "W1M.W", "WWWWW"}), RunKind::Play));
   EXPECT_NE(window->Painter().PictureAt(2, 1), CellPicture{});
   EXPECT_EQ(window->Painter().PictureAt(2, 1).Pic, kSetNoSurprise);
   EXPECT_FALSE(hidden.isNull());
@@ -444,7 +444,7 @@ TEST_F(HraWindowTest, ShowsEveryTickOfTheLargestCaveAtTheFastestSpeedAndSeesAKey
   cave[1] = "W1" + std::string(97, '.') + "W";
   Show();
   window->resize(1920, 1080);
-  ASSERT_FALSE(window->Start(CaveTextOf(cave), RunKind::Play));
+  ASSERT_TRUE(window->Start(CaveTextOf(cave), RunKind::Play));
   Pictures pictures(*window);
   ASSERT_TRUE(TicksPass(1));
   const int first = window->Machine().Ticks;

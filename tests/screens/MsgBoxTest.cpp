@@ -64,7 +64,7 @@ class MsgBoxTest : public testing::Test {
     skin_.Picture("iQuestion", Strips({kQuestion}, icon));
     skin_.Picture("iExclamation", Strips({kExclamation}, icon));
     skin_.Picture("iCritical", Strips({kCritical}, icon));
-    skin_.Wear();
+    skin_.Apply();
   }
 
   // Opens a box, does something to it, and closes it if it is still there.
@@ -120,7 +120,7 @@ TEST_F(MsgBoxTest, HasPicturesOrWordsOnAllItsButtons) {
       "plate.image=plate\nplateback.image=plate\n");
   const QColor ground(0x10, 0x40, 0x80);
   skin_.Picture("plate", Strips({ground, ground, ground}, kButton));
-  skin_.Wear();
+  skin_.Apply();
   const auto ends = [](const SkinButton& button) {
     const QImage image = const_cast<SkinButton&>(button).grab().toImage();
     const QColor left = image.pixelColor(2, 5);
@@ -385,7 +385,7 @@ TEST_F(MsgBoxTest, ShowsNamesAsTheyAreWritten) {
 TEST_F(MsgBoxTest, IsPaintedInTheColourOfTheSkin) {
   for (const char* colour : {"28303C", "FFF8E0", "806040"}) {
     skin_.Data(std::string("dialog:\ncolor=") + colour + "\n");
-    skin_.Wear();
+    skin_.Apply();
     Open(MsgButtons::Ok, [&](QWidget& dialog) {
       const QColor ground(QString("#") + colour);
       const QImage grabbed = dialog.grab().toImage();
@@ -409,7 +409,7 @@ TEST_F(MsgBoxTest, WorksWithoutAnySkin) {
 
 TEST_F(MsgBoxTest, SpeaksOfItsButtonsInTheWordsOfTheSkin) {
   skin_.Data("caption:\ndialog.yes=Yes\ndialog.no=No\n");
-  skin_.Wear();
+  skin_.Apply();
   Open(MsgButtons::YesNo, [](QWidget& dialog) {
     EXPECT_EQ(Button(dialog, "yes").text(), "Yes");
     EXPECT_EQ(Button(dialog, "no").accessibleName(), "No");

@@ -2,9 +2,9 @@
 #include <QListWidget>
 
 #include "platform/PathText.h"
+#include "screens/DesktopServices.h"
 #include "screens/DialogScript.h"
 #include "screens/OldNames.h"
-#include "screens/Outside.h"
 #include "screens/TestSkin.h"
 
 namespace zorik {

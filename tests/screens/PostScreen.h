@@ -43,7 +43,7 @@ class PostHome {
         folder.File("Skins/" + path, *FromUtf8(*text));
       }
     }
-    EXPECT_TRUE(skin.Wear({folder.Root() + "/Skins"}));
+    EXPECT_TRUE(skin.Apply({folder.Root() + "/Skins"}));
     std::filesystem::create_directories(PlayerFolder());
   }
 

@@ -219,7 +219,7 @@ class KeyHome : public PostHome {
       text += line.substr(0, dot) + ":\n" + line.substr(dot + 1) + "\n";
     }
     folder.File("Skins/Other/Menu/skindata.txt", text);
-    ASSERT_TRUE(skin.Wear({folder.Root() + "/Skins", "Other"}));
+    ASSERT_TRUE(skin.Apply({folder.Root() + "/Skins", "Other"}));
   }
 
  private:

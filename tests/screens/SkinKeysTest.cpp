@@ -9,14 +9,17 @@
 namespace zorik {
 namespace {
 
-// The keys of a shipped file, in small letters.
+// The keys of a shipped file but its captions, in small letters.
 std::set<std::string> ShippedKeys(const std::string& skin) {
   const auto bytes = ReadWhole(ZORIK_BUILT_SKINS "/" + skin + "/Menu/skindata.txt");
   EXPECT_TRUE(bytes) << skin;
   SkinTable table;
   table.Add(*bytes, 0);
   std::set<std::string> keys;
-  for (const SkinTable::Entry& entry : table.Entries()) keys.insert(entry.Key);
+  // That each caption is known is seen to elsewhere in the house.
+  for (const SkinTable::Entry& entry : table.Entries()) {
+    if (!entry.Key.starts_with("caption.")) keys.insert(entry.Key);
+  }
   return keys;
 }
 

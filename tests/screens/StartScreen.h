@@ -133,7 +133,7 @@ class StartScreen : public testing::Test {
       texts += "\n";
     }
     skin_.File("cestina.txt", texts);
-    skin_.Wear();
+    skin_.Apply();
   }
 
   // A collection that the list can name; nothing but its first line is needed for that.

@@ -46,7 +46,7 @@ class TestSkin {
   SkinPlaces Places() const { return {folder_.Root() + "/Skins"}; }
 
   // Puts the skin on as it is by now.
-  void Wear() { skin_.Wear(Places()); }
+  void Apply() { skin_.Apply(Places()); }
 
   zorik::Skin& Skin() { return skin_; }
 

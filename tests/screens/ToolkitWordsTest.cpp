@@ -24,7 +24,7 @@ QStringList WordsOf(const std::unique_ptr<QMenu>& menu) {
 
 class ToolkitWordsTest : public testing::Test {
  protected:
-  void Wear(const char* name) { ASSERT_TRUE(skin_.Wear({ZORIK_BUILT_SKINS, name})); }
+  void Wear(const char* name) { ASSERT_TRUE(skin_.Apply({ZORIK_BUILT_SKINS, name})); }
 
   static QString Said(const char* context, const char* source) {
     return QCoreApplication::translate(context, source);

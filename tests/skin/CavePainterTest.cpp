@@ -42,7 +42,7 @@ class CavePainterTest : public testing::Test, public Stage {
 
   void CaveOpens() override { painter_->CaveOpens(hra_); }
   void CellChanged(int x, int y) override { painter_->CellChanged(hra_, x, y); }
-  void View(bool jump) override { painter_->View(hra_, jump); }
+  void MoveView(bool jump) override { painter_->MoveView(hra_, jump); }
 
   SkinPlaces places_;
   std::unique_ptr<CavePainter> painter_;
@@ -113,7 +113,7 @@ TEST_F(CavePainterTest, FollowsTheSwarmWhenThatIsSteered) {
   picture[22][38] = 'N';
   Start(picture);
   hra_.ActiveDog = 0;
-  painter_->View(hra_, true);
+  painter_->MoveView(hra_, true);
   const QImage image = painter_->Compose(hra_, {1560, 920});
   EXPECT_EQ(image.pixel(image.width() - 100, image.height() - 40), kDirtColour);
   EXPECT_EQ(image.pixel(image.width() - 40, image.height() - 40), kOther) << "a flea has no picture here";

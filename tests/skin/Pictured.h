@@ -29,7 +29,7 @@ class Pictured : public Stage {
 
   void CaveOpens() override { pictures.Open(hra); }
   void CellChanged(int x, int y) override { pictures.Change(hra, x, y); }
-  void View(bool jump) override {
+  void MoveView(bool jump) override {
     if (jump) pictures.Placed(hra);
   }
 

@@ -51,7 +51,7 @@ TEST(NoSkin, HasNoTextsAndNoPictures) {
 }
 
 TEST_F(SkinTest, ReadsItsTextsTableAndPictures) {
-  skin_.Wear();
+  skin_.Apply();
   EXPECT_EQ(skin_.Skin().Text(TextId::Program), "99\r\n");
   EXPECT_EQ(skin_.Skin().Colour("dialog.color", Qt::green), QColor(0x10, 0x20, 0x30));
   EXPECT_EQ(skin_.Skin().Said("dialog.ok.image"), "ok");
@@ -59,16 +59,16 @@ TEST_F(SkinTest, ReadsItsTextsTableAndPictures) {
 }
 
 TEST_F(SkinTest, TellsWhetherItsTextsAreComplete) {
-  EXPECT_TRUE(skin_.Skin().Wear(skin_.Places()));
+  EXPECT_TRUE(skin_.Skin().Apply(skin_.Places()));
   skin_.File("cestina.txt", Language(199));
-  EXPECT_FALSE(skin_.Skin().Wear(skin_.Places()));
+  EXPECT_FALSE(skin_.Skin().Apply(skin_.Places()));
   EXPECT_EQ(skin_.Skin().Text(TextId::CaveEditor), "198\r\n");
   EXPECT_EQ(skin_.Skin().Text(TextId::About), "");
 }
 
 TEST_F(SkinTest, AsksOnceForAPictureThatIsNowhere) {
   AnswerYes(0);
-  skin_.Wear();
+  skin_.Apply();
   EXPECT_TRUE(questions_.empty());
   EXPECT_TRUE(skin_.Skin().Picture("dialog.no.image").isNull());
   EXPECT_TRUE(skin_.Skin().Picture("dialog.no.image").isNull());
@@ -81,7 +81,7 @@ TEST_F(SkinTest, AsksInItsOwnLanguage) {
   skin_.Data(
       "caption:\nerror.nopicture=Loading skin picture '?1?' failed. Try again?\nerror.nofile=Where is ?1?\n");
   AnswerYes(0);
-  skin_.Wear();
+  skin_.Apply();
   skin_.Skin().MenuPicture("nowhere");
   ASSERT_EQ(questions_.size(), 1U);
   EXPECT_EQ(questions_[0], "Loading skin picture '" + skin_.Places().SkinsPath +
@@ -95,14 +95,14 @@ TEST_F(SkinTest, AsksForItsLanguageFileInTheWordsOfItsTable) {
   AnswerYes(0);
   skin_.Data("caption:\nerror.nofile=Where is ?1?\n");
   SkinPlaces other{skin_.Places().SkinsPath + "/../Others"};
-  skin_.Skin().Wear(other);
+  skin_.Skin().Apply(other);
   EXPECT_EQ(questions_, std::vector<std::string>{
                             "Soubor s údaji „menu\\cestina“ se nepodařilo načíst. Zkusit to znovu?"});
   skin_.File("../../Mine/Menu/skindata.txt", "caption:\nerror.nofile=Where is ?1?\n");
   std::filesystem::remove(skin_.Places().SkinsPath + "/Default/Menu/cestina.txt");
   other = skin_.Places();
   other.Skin = "Mine";
-  skin_.Skin().Wear(other);
+  skin_.Skin().Apply(other);
   EXPECT_EQ(questions_.back(), "Where is menu\\cestina");
 }
 
@@ -111,7 +111,7 @@ TEST_F(SkinTest, LooksAgainWhenItIsToldTo) {
     skin_.Picture("nowhere", Strips({Qt::blue}, {4, 4}));
     return true;
   });
-  skin_.Wear();
+  skin_.Apply();
   EXPECT_EQ(skin_.Skin().Picture("dialog.no.image").pixelColor(0, 0), QColor(Qt::blue));
 }
 
@@ -121,20 +121,20 @@ TEST_F(SkinTest, AsksNothingWhileAQuestionIsOpen) {
     EXPECT_TRUE(skin_.Skin().MenuPicture("neither").isNull());
     return false;
   });
-  skin_.Wear();
+  skin_.Apply();
   EXPECT_TRUE(skin_.Skin().MenuPicture("nowhere").isNull());
   EXPECT_EQ(questions_.size(), 1U);
 }
 
 TEST_F(SkinTest, AsksForNoPictureWhoseKeyIsAbsent) {
   AnswerYes(0);
-  skin_.Wear();
+  skin_.Apply();
   EXPECT_TRUE(skin_.Skin().Picture("dialog.yes.image").isNull());
   EXPECT_TRUE(questions_.empty());
 }
 
 TEST_F(SkinTest, ReadsAPictureAnewWhenItsFileHasChanged) {
-  skin_.Wear();
+  skin_.Apply();
   EXPECT_EQ(skin_.Skin().Picture("dialog.ok.image").width(), 4);
   skin_.Picture("ok", Strips({Qt::red}, {9, 4}));
   EXPECT_EQ(skin_.Skin().Picture("dialog.ok.image").width(), 9);
@@ -142,7 +142,7 @@ TEST_F(SkinTest, ReadsAPictureAnewWhenItsFileHasChanged) {
 
 TEST_F(SkinTest, FindsAPictureThatCameAfterTheQuestionWithoutAskingAgain) {
   AnswerYes(0);
-  skin_.Wear();
+  skin_.Apply();
   EXPECT_TRUE(skin_.Skin().Picture("dialog.no.image").isNull());
   skin_.Picture("nowhere", Strips({Qt::blue}, {4, 4}));
   EXPECT_FALSE(skin_.Skin().Picture("dialog.no.image").isNull());
@@ -154,18 +154,18 @@ TEST_F(SkinTest, TakesTheDefaultPictureWhereAFileIsBroken) {
   skin_.File("../../Other/Menu/ok.bmp", "BM, and then nothing of use");
   SkinPlaces other = skin_.Places();
   other.Skin = "Other";
-  const Worn worn = skin_.Skin().Wear(other);
+  const ApplyOutcome outcome = skin_.Skin().Apply(other);
   EXPECT_EQ(skin_.Skin().Picture("dialog.ok.image").pixelColor(2, 2), QColor(Qt::red));
   EXPECT_TRUE(questions_.empty());
-  ASSERT_EQ(worn.flaws.size(), 1U) << "but it is told";
-  EXPECT_EQ(worn.flaws[0].kind, SkinFlaw::Kind::PictureBroken);
-  EXPECT_TRUE(worn.flaws[0].file.ends_with("/Skins/Other/Menu/ok.bmp")) << worn.flaws[0].file;
+  ASSERT_EQ(outcome.flaws.size(), 1U) << "but it is told";
+  EXPECT_EQ(outcome.flaws[0].kind, SkinFlaw::Kind::PictureBroken);
+  EXPECT_TRUE(outcome.flaws[0].file.ends_with("/Skins/Other/Menu/ok.bmp")) << outcome.flaws[0].file;
 }
 
 TEST_F(SkinTest, AsksForAPictureOfWhichEveryFileIsBroken) {
   AnswerYes(0);
   skin_.File("ok.bmp", "BM, and then nothing of use");
-  skin_.Wear();
+  skin_.Apply();
   EXPECT_TRUE(skin_.Skin().Picture("dialog.ok.image").isNull());
   EXPECT_EQ(questions_.size(), 1U);
 }
@@ -194,7 +194,7 @@ TEST_F(SkinTest, TellsOfFilesThatItBringsAndThatCannotBeUsed) {
   SkinPlaces other = skin_.Places();
   other.Skin = "Other";
   std::vector<std::pair<SkinFlaw::Kind, std::string>> flaws;
-  for (const SkinFlaw& flaw : skin_.Skin().Wear(other).flaws)
+  for (const SkinFlaw& flaw : skin_.Skin().Apply(other).flaws)
     flaws.emplace_back(flaw.kind, flaw.file.substr(flaw.file.find("/Other/") + 7));
   using Kind = SkinFlaw::Kind;
   EXPECT_EQ(flaws, (std::vector<std::pair<Kind, std::string>>{{Kind::PictureTooLarge, "Menu/large.bmp"},
@@ -206,7 +206,7 @@ TEST_F(SkinTest, TellsOfFilesThatItBringsAndThatCannotBeUsed) {
 TEST_F(SkinTest, ClearsTheBlackOfAPictureThatBeginsWithBlack) {
   skin_.Picture("shaped", Strips({Qt::black, Qt::red, Qt::black}, {4, 4}));
   skin_.Picture("square", Strips({Qt::red, Qt::black}, {4, 4}));
-  skin_.Wear();
+  skin_.Apply();
   const QImage shaped = skin_.Skin().MenuPicture("shaped");
   EXPECT_EQ(shaped.pixelColor(0, 0).alpha(), 0);
   EXPECT_EQ(shaped.pixelColor(5, 0), QColor(Qt::red));
@@ -217,13 +217,13 @@ TEST_F(SkinTest, ClearsTheBlackOfAPictureThatBeginsWithBlack) {
 TEST_F(SkinTest, StaysAsItWasWhenAnotherCannotBeWorn) {
   skin_.File("../../Other/Menu/skindata.txt", "dialog:\ncolor=nocolo\nok.image=other\n");
   skin_.File("../../Other/Menu/cestina.txt", "head\nhead\nOther\n");
-  skin_.Wear();
+  skin_.Apply();
   SkinPlaces other = skin_.Places();
   other.Skin = "Other";
-  const Worn worn = skin_.Skin().Wear(other);
-  EXPECT_FALSE(worn.worn);
-  ASSERT_EQ(worn.flaws.size(), 1U);
-  EXPECT_EQ(worn.flaws[0].what, "dialog.color");
+  const ApplyOutcome outcome = skin_.Skin().Apply(other);
+  EXPECT_FALSE(outcome.applied);
+  ASSERT_EQ(outcome.flaws.size(), 1U);
+  EXPECT_EQ(outcome.flaws[0].what, "dialog.color");
   EXPECT_EQ(skin_.Skin().Places().Skin, "Default");
   EXPECT_EQ(skin_.Skin().Colour("dialog.color", Qt::green), QColor(0x10, 0x20, 0x30));
   EXPECT_EQ(skin_.Skin().Said("dialog.ok.image"), "ok");
@@ -232,7 +232,7 @@ TEST_F(SkinTest, StaysAsItWasWhenAnotherCannotBeWorn) {
 
 TEST_F(SkinTest, BreaksACaptionWhereAControlDoes) {
   skin_.Data("skin.author.text=one#two\n");
-  skin_.Wear();
+  skin_.Apply();
   EXPECT_EQ(skin_.Skin().Said("skin.author.text"), "one\ntwo");
 }
 

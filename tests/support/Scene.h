@@ -84,7 +84,7 @@ class Diary : public Stage {
   void ShowRemark(std::string_view text, Colour colour) override;
   void Label(LabelId label, int value) override;
   void DrawDogN(int n, int state) override;
-  void View(bool jump) override { Note(jump ? "jump" : "view"); }
+  void MoveView(bool jump) override { Note(jump ? "jump" : "view"); }
   void Flash() override { Note("flash"); }
   void Post(Request request) override;
   void Won(const WinResult& win) override;

@@ -21,7 +21,7 @@ std::string NameOfFolder(const std::string& path) {
   fs::path whole = fs::absolute(path, error).lexically_normal();
   if (!whole.has_filename()) whole = whole.parent_path();
   const std::string name = whole.filename().string();
-  return FromUtf8(name).value_or(FromUtf8WithGaps(name));
+  return FromUtf8(name).value_or(FromUtf8Lossy(name));
 }
 
 // A name that leaves the table a table.

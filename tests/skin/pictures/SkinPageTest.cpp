@@ -156,15 +156,15 @@ class ExampleSkin : public testing::Test {
 };
 
 TEST_F(ExampleSkin, IsWornWithoutAFlaw) {
-  const Worn worn = skin_.Wear(places_);
-  EXPECT_TRUE(worn.worn);
-  for (const SkinFlaw& flaw : worn.flaws) ADD_FAILURE() << flaw.what << ' ' << flaw.file;
+  const ApplyOutcome outcome = skin_.Apply(places_);
+  EXPECT_TRUE(outcome.applied);
+  for (const SkinFlaw& flaw : outcome.flaws) ADD_FAILURE() << flaw.what << ' ' << flaw.file;
 }
 
 TEST_F(ExampleSkin, ChangesColoursWordsAndAButton) {
   Skin plain;
-  plain.Wear({ZORIK_SKINS});
-  skin_.Wear(places_);
+  plain.Apply({ZORIK_SKINS});
+  skin_.Apply(places_);
   EXPECT_EQ(skin_.Colour("dialog.color"), QColor(0x40, 0x10, 0x18));
   EXPECT_EQ(skin_.Said("version.text"), "Zorík 2\nv granátovém");
   EXPECT_EQ(skin_.Caption("caption.loading"), "Vydrž...");

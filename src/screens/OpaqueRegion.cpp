@@ -1,11 +1,11 @@
-#include "screens/SeenPart.h"
+#include "screens/OpaqueRegion.h"
 
 #include <algorithm>
 #include <vector>
 
 namespace zorik {
 
-QRegion SeenPart(const QImage& image, int leastAlpha) {
+QRegion OpaqueRegion(const QImage& image, int leastAlpha) {
   const auto seen = [leastAlpha](QRgb pixel) { return qAlpha(pixel) >= leastAlpha; };
   std::vector<QRect> runs;
   for (int y = 0; y < image.height(); ++y) {

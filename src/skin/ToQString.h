@@ -8,7 +8,7 @@
 namespace zorik {
 
 // A text of the machine, Windows-1250, as a control shows it.
-inline QString Shown(std::string_view bytes) {
+inline QString ToQString(std::string_view bytes) {
   return QString::fromStdString(ToUtf8(bytes));
 }
 

@@ -1,4 +1,4 @@
-#include "screens/Outside.h"
+#include "screens/DesktopServices.h"
 
 #include <QApplication>
 #include <QDir>
