@@ -32,7 +32,7 @@ void RequireSoundTexts(std::string_view bytes) {
   fuzz::Require(!complete || ends >= kLines - 1);
   fuzz::Require(complete || ends < kLines);
   for (int place = -1; place <= static_cast<int>(kTextCount); ++place) {
-    fuzz::Require(texts.At(place).find('#') == std::string::npos);
+    fuzz::Require(texts.At(static_cast<TextId>(place)).find('#') == std::string::npos);
   }
 }
 
