@@ -55,6 +55,14 @@ TEST_F(FrmSLangTest, ListsEveryFolderOnceAndSelectsThePresentSkin) {
   EXPECT_EQ(Combo1().currentText(), "Default");
 }
 
+TEST_F(FrmSLangTest, ListsTheDefaultSkinBeforeAllOthers) {
+  skin_.File("../../Abeceda/Menu/readme.txt", "nothing for the game");
+  const FrmSLang window(skin_.Skin(), settings_, nullptr);
+  const auto* const names = window.findChild<QComboBox*>("Combo1");
+  EXPECT_EQ(names->itemText(0), "Default");
+  EXPECT_EQ(names->itemText(1), "Abeceda");
+}
+
 TEST_F(FrmSLangTest, StaysOnTheScreenHoweverLongTheNameOfASkinIs) {
   skin_.File("../../" + std::string(200, 'x') + "/Menu/readme.txt", "nothing for the game");
   FrmSLang window(skin_.Skin(), settings_, nullptr);
