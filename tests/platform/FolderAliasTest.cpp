@@ -11,6 +11,7 @@
 #include "platform/FolderAlias.h"
 #include "platform/PathText.h"
 #include "platform/Settings.h"
+#include "platform/UserFolders.h"
 #include "support/Waves.h"
 
 namespace zorik {
