@@ -100,6 +100,9 @@ void StartRun(Hra& hra, std::string caveText, const CaveRecord& cave, RunKind ki
 // The steered dog stands in the open finish.
 void WinGame(Hra& hra);
 
+// How many dogs are left; the swarm of fleas is none.
+int LiveDogs(const RunState& run);
+
 // Calls action(cell) for every cell of the cave, row by row from the top, each from the left.
 template <class Action>
 void ForEachCell(const RunState& run, Action action) {

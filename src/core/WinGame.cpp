@@ -7,15 +7,11 @@
 #include "data/RecordFile.h"
 
 namespace zorik {
-namespace {
-
 int LiveDogs(const RunState& run) {
   int dogs = 0;
   for (int n = 1; n <= run.DogCount; ++n) dogs += run.Dog[static_cast<std::size_t>(n)].Alive ? 1 : 0;
   return dogs;
 }
-
-}  // namespace
 
 void WinGame(Hra& hra) {
   hra.stage().StopSounds();

@@ -8,16 +8,11 @@
 #include "data/Lines.h"
 #include "data/RecordFile.h"
 #include "data/Result.h"
+#include "data/Trimmed.h"
 
 namespace zorik {
 
 namespace {
-
-std::string_view Trimmed(std::string_view text) {
-  const std::size_t start = text.find_first_not_of(' ');
-  if (start == std::string_view::npos) return {};
-  return text.substr(start, text.find_last_not_of(' ') - start + 1);
-}
 
 bool SamePlayer(std::string_view left, std::string_view right) {
   return LowerCase(Trimmed(left)) == LowerCase(Trimmed(right));

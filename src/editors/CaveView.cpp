@@ -8,7 +8,7 @@
 #include <array>
 #include <cmath>
 
-#include "editors/WindowPlace.h"
+#include "platform/UserStore.h"
 
 namespace zorik {
 namespace {
@@ -16,6 +16,7 @@ namespace {
 // All even, since the scroll bars step by half a cell.
 constexpr std::array<int, 8> kCellSizes{14, 20, EditKom::kCell, 32, 40, 52, 78, 104};
 constexpr int kWheelStep = 120;  // units of the wheel
+constexpr const char* kCellSize = "Editors/CellSize";
 
 std::size_t PlaceOf(int cell) {
   const auto* const place = std::find(kCellSizes.begin(), kCellSizes.end(), cell);
@@ -59,7 +60,7 @@ CaveView::CaveView(const CaveModel& cave, EditTiles& tiles, QWidget* parent)
     connect(bar, &QScrollBar::valueChanged, this, &CaveView::MovePicture);
   }
   connect(edit_, &EditKom::LedByKeys, this, &CaveView::Show);
-  const int stored = ReadCellSize();
+  const int stored = ZorikStore().value(kCellSize).toInt();
   if (PlaceOf(stored) < kCellSizes.size()) edit_->SetCellSize(stored);
 }
 
@@ -111,7 +112,7 @@ void CaveView::SetCellSize(int cell, QPoint around) {
   hScroll_->setValue(value(around.x(), seen.x()));
   vScroll_->setValue(value(around.y(), seen.y()));
   MovePicture();
-  StoreCellSize(cell);
+  ZorikStore().setValue(kCellSize, cell);
   emit Zoomed();
 }
 

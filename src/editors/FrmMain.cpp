@@ -142,9 +142,7 @@ void FrmMain::MakeStatusBar() {
 
 void FrmMain::SetLW() {
   SetTitle(*this, skin_.Text(TextId::CaveEditor));
-  for (const Caption& caption : captions_) {
-    caption.action->setText(InMenu(skin_.Caption(caption.key)));
-  }
+  menus_.SetCaptions(skin_);
   const auto name = [this](LabelPlace place, const char* key) {
     labels_[place]->setText(" " + InMenu(skin_.Caption(key)) + " ");
     labels_[place]->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);

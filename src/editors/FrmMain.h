@@ -5,16 +5,15 @@
 #include <functional>
 #include <optional>
 #include <string>
-#include <vector>
 
 #include "data/Chance.h"
 #include "editors/CaveModel.h"
 #include "editors/EditTiles.h"
+#include "editors/MenuBuilder.h"
 #include "editors/ToolTable.h"
 
 class QActionGroup;
 class QLabel;
-class QMenu;
 class QToolButton;
 
 namespace zorik {
@@ -68,9 +67,6 @@ class FrmMain : public QMainWindow {
   void closeEvent(QCloseEvent* event) override;
 
  private:
-  // An item of a menu: its caption comes from a key of the skin.
-  QAction* Add(QMenu* menu, const char* name, const char* key, const QKeySequence& shortcut,
-               std::function<void()> act);
   void MakeMenus();
   void MakeEditMenu();
   void MakeCaveMenu();
@@ -127,11 +123,7 @@ class FrmMain : public QMainWindow {
   QLabel* lblSize_ = nullptr;
   std::array<QToolButton*, 5> labels_{};  // Label7, Label3, Label8, Command1, Command2
 
-  struct Caption {
-    QAction* action;
-    const char* key;
-  };
-  std::vector<Caption> captions_;
+  MenuBuilder menus_{*this};
   QMenu* mnuEd_ = nullptr;
   QMenu* mnuCave_ = nullptr;
   QMenu* PesMenu_ = nullptr;

@@ -1,7 +1,6 @@
 // The menus of the cave editor, and what they say.
 #include <QActionGroup>
 #include <QMenu>
-#include <QMenuBar>
 
 #include "editors/CaveView.h"
 #include "editors/FrmMain.h"
@@ -29,16 +28,6 @@ constexpr std::array<RandomRow, 4> kRandom{{
 
 }  // namespace
 
-QAction* FrmMain::Add(QMenu* menu, const char* name, const char* key, const QKeySequence& shortcut,
-                      std::function<void()> act) {
-  QAction* const action = menu->addAction(QString());
-  action->setObjectName(name);
-  action->setShortcut(shortcut);
-  connect(action, &QAction::triggered, this, std::move(act));
-  captions_.push_back({action, key});
-  return action;
-}
-
 void FrmMain::MakeMenus() {
   MakeEditMenu();
   MakeCaveMenu();
@@ -47,50 +36,42 @@ void FrmMain::MakeMenus() {
 }
 
 void FrmMain::MakeEditMenu() {
-  mnuEd_ = menuBar()->addMenu(QString());
-  mnuEd_->setObjectName("mnuEd");
-  captions_.push_back({mnuEd_->menuAction(), "caption.main.menu.edit"});
+  mnuEd_ = menus_.AddMenu("mnuEd", "caption.main.menu.edit");
   connect(mnuEd_, &QMenu::aboutToShow, this, &FrmMain::UpdateMenus);
-  mnuUndo_ = Add(mnuEd_, "mnuUndo", "caption.main.undo", QKeySequence("Ctrl+Z"), [this] { Undo(false); });
-  mnuRedo_ = Add(mnuEd_, "mnuRedo", "caption.main.redo", QKeySequence("Ctrl+Y"), [this] { Undo(true); });
-  mnuRedo_->setShortcuts({QKeySequence("Ctrl+Y"), QKeySequence("Ctrl+Shift+Z")});
+  mnuUndo_ = menus_.Add(*mnuEd_, "mnuUndo", "caption.main.undo", "Ctrl+Z", [this] { Undo(false); });
+  mnuRedo_ =
+      menus_.Add(*mnuEd_, "mnuRedo", "caption.main.redo", "Ctrl+Y; Ctrl+Shift+Z", [this] { Undo(true); });
   mnuEd_->addSeparator();
-  Add(mnuEd_, "mnuRestore", "caption.main.restore", {}, [this] { Restore(); });
+  menus_.Add(*mnuEd_, "mnuRestore", "caption.main.restore", "", [this] { Restore(); });
   sep1_ = mnuEd_->addSeparator();
   sep1_->setObjectName("Sep1");
-  mnuObjbyObj_ = mnuEd_->addMenu(QString());
-  mnuObjbyObj_->setObjectName("mnuObjbyObj");
-  mnuReplEvery_[0] = Add(mnuObjbyObj_, "mnuReplEvery(1)", "caption.main.every1", QKeySequence("Ctrl+H"),
-                         [this] { Replace(1); });
-  mnuReplEvery_[1] = Add(mnuObjbyObj_, "mnuReplEvery(2)", "caption.main.every2", QKeySequence("Ctrl+Shift+H"),
-                         [this] { Replace(2); });
+  mnuObjbyObj_ = menus_.AddMenu(*mnuEd_, "mnuObjbyObj");
+  mnuReplEvery_[0] =
+      menus_.Add(*mnuObjbyObj_, "mnuReplEvery(1)", "caption.main.every1", "Ctrl+H", [this] { Replace(1); });
+  mnuReplEvery_[1] = menus_.Add(*mnuObjbyObj_, "mnuReplEvery(2)", "caption.main.every2", "Ctrl+Shift+H",
+                                [this] { Replace(2); });
   mnuObjbyObj_->addSeparator();
   for (std::size_t i = 0; i < kRandom.size(); ++i) {
     const RandomRow& row = kRandom[i];
-    mnuReplRan_[i] = Add(mnuObjbyObj_, row.name, row.key, {}, [this, &row] { ReplaceRandom(row.wanted); });
+    mnuReplRan_[i] =
+        menus_.Add(*mnuObjbyObj_, row.name, row.key, "", [this, &row] { ReplaceRandom(row.wanted); });
   }
-  mnuOkraj_ = mnuEd_->addAction(QString(), QKeySequence("Ctrl+B"), this, [this] { MakeFrame(); });
-  mnuOkraj_->setObjectName("mnuOkraj");
+  mnuOkraj_ = menus_.Add(*mnuEd_, "mnuOkraj", nullptr, "Ctrl+B", [this] { MakeFrame(); });
   mnuEd_->addSeparator();
-  Add(mnuEd_, "mnuStats", "caption.main.stats", QKeySequence("F7"), [this] { ShowStats(); });
+  menus_.Add(*mnuEd_, "mnuStats", "caption.main.stats", "F7", [this] { ShowStats(); });
 }
 
 void FrmMain::MakeCaveMenu() {
-  mnuCave_ = menuBar()->addMenu(QString());
-  mnuCave_->setObjectName("mnuCave");
-  captions_.push_back({mnuCave_->menuAction(), "caption.sada.menu.cave"});
-  Add(mnuCave_, "mnuProps", "caption.main.props", QKeySequence("F4"), [this] { ShowProperties(); });
-  Add(mnuCave_, "mnuCat", "caption.main.cat", QKeySequence("F6"), [this] { EditScript(); });
-  Add(mnuCave_, "mnuTest", "caption.main.test", QKeySequence("F5"), [this] { Test(); });
+  mnuCave_ = menus_.AddMenu("mnuCave", "caption.sada.menu.cave");
+  menus_.Add(*mnuCave_, "mnuProps", "caption.main.props", "F4", [this] { ShowProperties(); });
+  menus_.Add(*mnuCave_, "mnuCat", "caption.main.cat", "F6", [this] { EditScript(); });
+  menus_.Add(*mnuCave_, "mnuTest", "caption.main.test", "F5", [this] { Test(); });
   mnuCave_->addSeparator();
-  QAction* const leave = Add(mnuCave_, "mnuLeave", "caption.sada.close", {}, [this] { close(); });
-  leave->setShortcuts({QKeySequence("Ctrl+W"), QKeySequence("Esc")});
+  menus_.Add(*mnuCave_, "mnuLeave", "caption.sada.close", "Ctrl+W; Esc", [this] { close(); });
 }
 
 void FrmMain::MakeDogMenu() {
-  PesMenu_ = menuBar()->addMenu(QString());
-  PesMenu_->setObjectName("PesMenu");
-  captions_.push_back({PesMenu_->menuAction(), "caption.main.dogs"});
+  PesMenu_ = menus_.AddMenu("PesMenu", "caption.main.dogs");
   dogs_ = new QActionGroup(this);
   for (int n = 1; n <= kDogs; ++n) {
     QAction* const dog = dogs_->addAction(QString());
@@ -109,13 +90,10 @@ void FrmMain::MakeDogMenu() {
 }
 
 void FrmMain::MakeViewMenu() {
-  mnuView_ = menuBar()->addMenu(QString());
-  mnuView_->setObjectName("mnuView");
-  captions_.push_back({mnuView_->menuAction(), "caption.main.menu.view"});
-  QAction* const larger = Add(mnuView_, "mnuLarger", "caption.main.larger", {}, [this] { view_->Zoom(1); });
-  larger->setShortcuts({QKeySequence("Ctrl++"), QKeySequence("Ctrl+=")});
-  Add(mnuView_, "mnuSmaller", "caption.main.smaller", QKeySequence("Ctrl+-"), [this] { view_->Zoom(-1); });
-  Add(mnuView_, "mnuUsual", "caption.main.usual", QKeySequence("Ctrl+0"), [this] { view_->ZoomUsual(); });
+  mnuView_ = menus_.AddMenu("mnuView", "caption.main.menu.view");
+  menus_.Add(*mnuView_, "mnuLarger", "caption.main.larger", "Ctrl++; Ctrl+=", [this] { view_->Zoom(1); });
+  menus_.Add(*mnuView_, "mnuSmaller", "caption.main.smaller", "Ctrl+-", [this] { view_->Zoom(-1); });
+  menus_.Add(*mnuView_, "mnuUsual", "caption.main.usual", "Ctrl+0", [this] { view_->ZoomUsual(); });
 }
 
 // What changes with the tools.

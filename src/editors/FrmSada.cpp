@@ -3,7 +3,10 @@
 #include <QCloseEvent>
 #include <QDir>
 #include <QFileInfo>
+#include <QHBoxLayout>
+#include <QLabel>
 #include <QMenu>
+#include <QToolButton>
 #include <QUrl>
 
 #include "data/Cp1250.h"
@@ -28,6 +31,7 @@ namespace zorik {
 namespace {
 
 constexpr QSize kUsualSize(740, 400);
+constexpr int kGap = 16;
 
 constexpr StartWords kTitleWords{"caption.sada.title"};
 constexpr StartWords kKeptWords{"caption.error.kept"};
@@ -35,6 +39,12 @@ constexpr StartWords kLeftOutWords{"caption.error.leftout"};
 constexpr StartWords kStillHereWords{"caption.error.stillhere"};
 constexpr StartWords kLikeCaveWords{"caption.error.congrat"};
 constexpr StartWords kTooLongWords{"caption.error.length"};
+
+// The word for so many caves.
+TextId WordOfCaves(int count) {
+  if (count == 1) return TextId::OneCave;
+  return count < 5 ? TextId::FewCaves : TextId::ManyCaves;
+}
 
 }  // namespace
 
@@ -60,6 +70,54 @@ FrmSada::FrmSada(Skin& skin, const Paths& paths, SadaModel& sada)
   PutInMiddle(*this);
 }
 
+void FrmSada::LayOut() {
+  auto* const centre = new QWidget(this);
+  auto* const sides = new QHBoxLayout(centre);
+  sides->setSpacing(kGap);
+  boxes_ = new SadaBoxes(sada_, centre);
+  connect(boxes_, &SadaBoxes::Changed, this, &FrmSada::UpdateTitle);
+  sides->addWidget(boxes_, 2);
+  sides->addWidget(MakeListSide(), 3);
+  setCentralWidget(centre);
+}
+
+QWidget* FrmSada::MakeListSide() {
+  auto* const side = new QWidget(this);
+  auto* const column = new QVBoxLayout(side);
+  column->setContentsMargins({});
+  list_ = new SadaList(sada_, side);
+  list_->setObjectName("CaveList");
+  list_->setContextMenuPolicy(Qt::CustomContextMenu);
+  connect(list_, &QWidget::customContextMenuRequested, this,
+          [this](QPoint place) { mnuCave_->popup(list_->viewport()->mapToGlobal(place)); });
+  connect(list_, &SadaList::CaveClicked, this, [this](int number) {
+    sada_.Select(number);
+    GetNames();
+  });
+  connect(list_, &SadaList::MarkClicked, this, [this](int number) {
+    sada_.ToggleOpen(number);
+    AfterChange();
+  });
+  connect(list_, &SadaList::Activated, this, &FrmSada::mnuEdit_Click);
+  column->addWidget(list_, 1);
+  auto* const row = new QHBoxLayout;
+  for (QAction* const action :
+       {mnuAdd_->menuAction(), findChild<QAction*>("mnuEdit"), mnuUp_, mnuDown_, mnuDelete_}) {
+    auto* const button = new QToolButton(side);
+    button->setDefaultAction(action);
+    button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    button->setPopupMode(QToolButton::InstantPopup);
+    button->setFocusPolicy(Qt::TabFocus);
+    row->addWidget(button);
+  }
+  row->addStretch();
+  lblCount_ = NewLabel(side);
+  lblCount_->setObjectName("lblCount");
+  row->addWidget(lblCount_);
+  column->addLayout(row);
+  return side;
+}
+
 void FrmSada::Open(const QString& path) {
   SetIcons();
   SetLWEd();
@@ -82,6 +140,18 @@ void FrmSada::CaveDone(const std::string& text) {
 
 // What is shown
 
+void FrmSada::SetLWEd() {
+  sada_.SetWords(WordsOf(skin_));
+  boxes_->SetLWEd(skin_);
+  list_->SetMarkHint(skin_.Text(TextId::MarkHint));
+  menus_.SetCaptions(skin_);
+  menus_.SetHints(skin_);
+  ShowLinks();
+  UpdateTitle();
+  UpdateActions();
+  UpdateCount();
+}
+
 void FrmSada::AfterChange() {
   GetNames();
   UpdateTitle();
@@ -90,6 +160,12 @@ void FrmSada::AfterChange() {
 void FrmSada::GetNames() {
   list_->GetNames();
   UpdateActions();
+  UpdateCount();
+}
+
+void FrmSada::UpdateCount() {
+  const int count = sada_.ListCount();
+  lblCount_->setText(QString::number(count) + ' ' + OneLine(skin_.Text(WordOfCaves(count)), kMostInCaption));
 }
 
 void FrmSada::UpdateTitle() {

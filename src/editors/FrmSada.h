@@ -1,16 +1,14 @@
 #pragma once
 
 #include <QMainWindow>
-#include <functional>
 #include <string>
-#include <vector>
 
+#include "editors/MenuBuilder.h"
 #include "flow/SadaModel.h"
 #include "platform/Paths.h"
 #include "screens/FrmLoading.h"
 
 class QLabel;
-class QMenu;
 
 namespace zorik {
 
@@ -58,15 +56,12 @@ class FrmSada : public QMainWindow {
  private:
   static SadaWords WordsOf(const Skin& skin);
 
-  // An item of a menu: its caption is a key of the skin.
-  QAction* Add(QMenu& menu, const char* name, const char* key, const QString& shortcut,
-               std::function<void()> act);
-  QMenu* AddMenu(const char* name, const char* key);
   void MakeMenus();
   void MakeFileMenu();
   void MakeCaveMenu();
   void MakeHelpMenu();
   void MakeLinks(QMenu& menu);
+  void ShowLinks();
   void SetIcons();
   void LayOut();
   QWidget* MakeListSide();
@@ -75,6 +70,7 @@ class FrmSada : public QMainWindow {
   void GetNames();
   void UpdateTitle();
   void UpdateActions();
+  void UpdateCount();
 
   void OpenColl(const QString& path);
   void TellClosed();
@@ -106,11 +102,7 @@ class FrmSada : public QMainWindow {
   SadaList* list_ = nullptr;
   QLabel* lblCount_ = nullptr;
 
-  struct Caption {
-    QAction* action;
-    const char* key;
-  };
-  std::vector<Caption> captions_;
+  MenuBuilder menus_{*this};
   QAction* mnuPaste_ = nullptr;
   QAction* mnuUp_ = nullptr;
   QAction* mnuDown_ = nullptr;

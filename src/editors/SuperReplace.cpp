@@ -3,6 +3,7 @@
 #include <array>
 
 #include "data/Cp1250.h"
+#include "data/Trimmed.h"
 
 namespace zorik {
 namespace {
@@ -41,12 +42,6 @@ std::string ReplaceAll(std::string text, std::string_view found, std::string_vie
   return text;
 }
 
-std::string WithoutOuterBlanks(const std::string& text) {
-  const std::size_t first = text.find_first_not_of(' ');
-  if (first == std::string::npos) return {};
-  return text.substr(first, text.find_last_not_of(' ') - first + 1);
-}
-
 // The capital of a letter, or the letter itself when it has none.
 char Capital(char letter) {
   for (int code = 0; code < 256; ++code) {
@@ -63,7 +58,7 @@ std::string SuperReplace(std::string_view text) {
   for (const Spelling& row : kSpellings) {
     clean = ReplaceAll(std::move(clean), *FromUtf8(row.found), *FromUtf8(row.replacement));
   }
-  clean = WithoutOuterBlanks(clean);
+  clean = std::string(Trimmed(clean));
   if (!clean.empty()) clean.front() = Capital(clean.front());
   return clean;
 }

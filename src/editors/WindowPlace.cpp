@@ -13,8 +13,6 @@ QString KeyOf(const QWidget& window) {
   return "Editors/" + window.objectName();
 }
 
-constexpr const char* kCellSize = "Editors/CellSize";
-
 }  // namespace
 
 void StoreSize(const QWidget& window) {
@@ -33,14 +31,6 @@ void PutInMiddle(QWidget& window) {
   const QPoint last = screen.bottomRight() + QPoint(1, 1) - QPoint(framed.width(), framed.height());
   window.move(std::max(std::min(middle.x(), last.x()), screen.left()),
               std::max(std::min(middle.y(), last.y()), screen.top()));
-}
-
-int ReadCellSize() {
-  return ZorikStore().value(kCellSize).toInt();
-}
-
-void StoreCellSize(int size) {
-  ZorikStore().setValue(kCellSize, size);
 }
 
 }  // namespace zorik

@@ -21,8 +21,4 @@ bool RestoreSize(QWidget& window);
 // one that is too large for it the title and the menus are seen.
 void PutInMiddle(QWidget& window);
 
-// The size of a cell of the cave picture, in logical pixels; 0 when there is none.
-int ReadCellSize();
-void StoreCellSize(int size);
-
 }  // namespace zorik

@@ -15,6 +15,7 @@
 #include "platform/FolderAlias.h"
 #include "platform/PathText.h"
 #include "platform/Settings.h"
+#include "platform/UserFolders.h"
 
 namespace zorik {
 namespace {

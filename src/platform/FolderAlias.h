@@ -10,8 +10,4 @@ namespace zorik {
 // program runs. A folder that is not there keeps its own path.
 QString FolderAlias(const std::string& folder);
 
-// The user's home as a string that leads there, and the folder of his programs' settings.
-QString HomeText();
-std::string ConfigFolder();
-
 }  // namespace zorik

@@ -3,22 +3,17 @@
 #include <pwd.h>
 #include <unistd.h>
 
-#include <cstdlib>
 #include <filesystem>
 #include <system_error>
 
 #include "data/Result.h"
 #include "platform/ShippedCaves.h"
+#include "platform/Variable.h"
 
 namespace zorik {
 namespace {
 
 namespace fs = std::filesystem;
-
-std::string Variable(const char* name) {
-  const char* const value = std::getenv(name);
-  return value == nullptr ? std::string() : std::string(value);
-}
 
 bool IsFolder(const fs::path& path) {
   std::error_code error;

@@ -11,6 +11,7 @@
 
 #include "data/Cp1250.h"
 #include "platform/FolderAlias.h"
+#include "platform/UserFolders.h"
 
 namespace zorik {
 

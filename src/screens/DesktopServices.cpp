@@ -11,10 +11,10 @@
 #include <system_error>
 
 #include "data/Files.h"
-#include "platform/FolderAlias.h"
 #include "platform/PathText.h"
 #include "platform/Paths.h"
 #include "platform/Shell.h"
+#include "platform/UserFolders.h"
 #include "screens/FrmLoading.h"
 #include "screens/Hint.h"
 #include "screens/MsgBox.h"

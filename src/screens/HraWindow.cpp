@@ -3,7 +3,6 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QKeyEvent>
-#include <QPainter>
 #include <QScreen>
 #include <QWindow>
 #include <algorithm>
@@ -15,7 +14,6 @@
 #include "core/Speed.h"
 #include "data/Cp1250.h"
 #include "data/Result.h"
-#include "screens/BarColours.h"
 #include "screens/FrmSettings.h"
 #include "screens/MsgBox.h"
 #include "screens/PlainText.h"
@@ -455,10 +453,7 @@ void HraWindow::closeEvent(QCloseEvent* event) {
 }
 
 void HraWindow::paintEvent(QPaintEvent* /*event*/) {
-  QPainter painter(this);
-  painter.setRenderHint(QPainter::SmoothPixmapTransform);
-  painter.fillRect(rect(), kBarColour);
-  if (!bar_.isNull()) painter.drawImage(rect(), bar_);
+  PaintStretched(*this, bar_);
 }
 
 }  // namespace zorik

@@ -6,6 +6,13 @@
 
 namespace zorik {
 
+void PaintStretched(QWidget& widget, const QImage& picture) {
+  QPainter painter(&widget);
+  painter.setRenderHint(QPainter::SmoothPixmapTransform);
+  painter.fillRect(widget.rect(), kBarColour);
+  if (!picture.isNull()) painter.drawImage(widget.rect(), picture);
+}
+
 PictureBar::PictureBar(QWidget* parent) : QWidget(parent) {
   setFocusPolicy(Qt::NoFocus);
   setAttribute(Qt::WA_OpaquePaintEvent);
@@ -17,10 +24,7 @@ void PictureBar::SetPicture(const QImage& picture) {
 }
 
 void PictureBar::paintEvent(QPaintEvent* /*event*/) {
-  QPainter painter(this);
-  painter.setRenderHint(QPainter::SmoothPixmapTransform);
-  painter.fillRect(rect(), kBarColour);
-  if (!picture_.isNull()) painter.drawImage(rect(), picture_);
+  PaintStretched(*this, picture_);
 }
 
 }  // namespace zorik

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "data/Cp1250.h"
+#include "data/Trimmed.h"
 #include "skin/SkinLines.h"
 
 namespace zorik {
@@ -49,12 +50,6 @@ std::optional<std::uint32_t> SkinColourNumber(std::string_view value) {
   const auto rgb = NumberOf<std::uint32_t>(value, 16);
   if (!rgb) return std::nullopt;
   return (*rgb & 0xFFU) << 16U | (*rgb & 0xFF00U) | *rgb >> 16U;
-}
-
-std::string_view Trimmed(std::string_view text) {
-  const std::size_t start = text.find_first_not_of(' ');
-  if (start == std::string_view::npos) return {};
-  return text.substr(start, text.find_last_not_of(' ') - start + 1);
 }
 
 std::size_t CharactersOf(std::string_view utf8) {

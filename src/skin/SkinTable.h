@@ -62,9 +62,6 @@ std::optional<int> SkinNumber(std::string_view value);
 // another length. Nothing if six characters are not all digits.
 std::optional<std::uint32_t> SkinColourNumber(std::string_view value);
 
-// Text without its outer blanks; tabs stay.
-std::string_view Trimmed(std::string_view text);
-
 // How many characters a UTF-8 text has.
 std::size_t CharactersOf(std::string_view utf8);
 

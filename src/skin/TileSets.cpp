@@ -159,18 +159,11 @@ std::int64_t TileSets::BytesKept() const {
   return bytes;
 }
 
-std::array<int, kTileSetCount> TileSets::Frames() const {
-  std::array<int, kTileSetCount> frames{};
-  std::transform(sheets_.begin(), sheets_.begin() + kTileSetCount, frames.begin(),
-                 [](const Sheet& sheet) { return sheet.rows; });
-  return frames;
-}
-
-std::array<int, kTileSetCount> TileSets::Columns() const {
-  std::array<int, kTileSetCount> columns{};
-  std::transform(sheets_.begin(), sheets_.begin() + kTileSetCount, columns.begin(),
-                 [](const Sheet& sheet) { return sheet.columns; });
-  return columns;
+std::array<int, kTileSetCount> TileSets::OfEachSet(int Sheet::*number) const {
+  std::array<int, kTileSetCount> numbers{};
+  std::transform(sheets_.begin(), sheets_.begin() + kTileSetCount, numbers.begin(),
+                 [number](const Sheet& sheet) { return sheet.*number; });
+  return numbers;
 }
 
 void TileSets::Prepare(QSize size) {

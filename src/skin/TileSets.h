@@ -34,10 +34,10 @@ class TileSets {
   void Load(PictureCache& pictures, const SkinPlaces& places, std::string_view scheme);
 
   // Rows of frames of each set, at least 1.
-  std::array<int, kTileSetCount> Frames() const;
+  std::array<int, kTileSetCount> Frames() const { return OfEachSet(&Sheet::rows); }
 
   // Likewise the columns.
-  std::array<int, kTileSetCount> Columns() const;
+  std::array<int, kTileSetCount> Columns() const { return OfEachSet(&Sheet::columns); }
 
   // Whether the skin brings a picture of the edges of the earth.
   bool HasEdges() const { return !grounds_.empty(); }
@@ -67,6 +67,9 @@ class TileSets {
   // The last one is the picture of edges, which may be missing.
   static constexpr std::size_t kEdges = kTileSetCount;
   using Sheets = std::array<Sheet, kTileSetCount + 1>;
+
+  // A number of each set, without that of the edges.
+  std::array<int, kTileSetCount> OfEachSet(int Sheet::*number) const;
 
   // A frame in one size, as it is and with edges; empty images where not made yet.
   struct ScaledFrame {

@@ -9,12 +9,6 @@ namespace {
 
 constexpr std::array<Step, 4> kSteps{kLeft, kUp, kRight, kDown};
 
-int LiveDogs(const RunState& run) {
-  int dogs = 0;
-  for (int n = 1; n <= run.DogCount; ++n) dogs += run.Dog[static_cast<std::size_t>(n)].Alive ? 1 : 0;
-  return dogs;
-}
-
 int Keys(const Grids& run) {
   return run.Count(kKeyRed) + run.Count(kKeyGreen) + run.Count(kKeyBlue) + run.Count(kCatKey);
 }

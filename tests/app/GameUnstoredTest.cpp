@@ -1,5 +1,6 @@
 #include "app/GameScreens.h"
 #include "data/Result.h"
+#include "support/Spoiled.h"
 
 namespace zorik::test {
 namespace {
@@ -8,14 +9,8 @@ namespace {
 class GameUnstored : public GameTest {
  protected:
   std::string PlayerFolder() const { return folder.Root() + "/Players/Ada"; }
-  void Spoil() const {
-    std::filesystem::remove_all(PlayerFolder());
-    ASSERT_TRUE(WriteWhole(PlayerFolder(), "no folder"));
-  }
-  void Mend() const {
-    std::filesystem::remove(PlayerFolder());
-    std::filesystem::create_directories(PlayerFolder());
-  }
+  void Spoil() const { test::Spoil(PlayerFolder()); }
+  void Mend() const { test::Mend(PlayerFolder()); }
   static bool Stored(std::size_t row) {
     return Screen<FrmPoSt>()->findChild<CaveList*>()->Rows()[row].stored;
   }

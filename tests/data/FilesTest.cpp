@@ -14,6 +14,7 @@
 #include "data/Files.h"
 #include "data/RecordFile.h"
 #include "data/Result.h"
+#include "support/TempFolder.h"
 
 namespace zorik {
 namespace {
@@ -23,14 +24,6 @@ namespace fs = std::filesystem;
 // An empty folder of its own for each test.
 class Folder : public testing::Test {
  protected:
-  void SetUp() override {
-    std::string name = testing::TempDir() + "zorik-files-XXXXXX";
-    ASSERT_NE(mkdtemp(name.data()), nullptr);
-    path_ = name;
-  }
-
-  void TearDown() override { fs::remove_all(path_); }
-
   std::string In(const std::string& name) const { return path_ + "/" + name; }
 
   std::vector<std::string> Entries() const {
@@ -40,7 +33,8 @@ class Folder : public testing::Test {
     return names;
   }
 
-  std::string path_;
+  test::TempFolder temp_{"files"};
+  const std::string path_ = temp_.Path();
 };
 
 class WholeFile : public Folder {};

@@ -7,6 +7,7 @@
 #include "data/Files.h"
 #include "data/Folders.h"
 #include "data/Result.h"
+#include "support/TempFolder.h"
 
 namespace zorik {
 namespace {
@@ -17,15 +18,10 @@ using Names = std::vector<std::string>;
 
 class FoldersTest : public testing::Test {
  protected:
-  FoldersTest() {
-    std::string pattern = (fs::temp_directory_path() / "zorik-folders-XXXXXX").string();
-    root_ = mkdtemp(pattern.data());
-  }
-  ~FoldersTest() override { fs::remove_all(root_); }
-
   void File(const std::string& name) const { ASSERT_TRUE(WriteWhole(root_ + "/" + name, "x")); }
 
-  std::string root_;
+  test::TempFolder temp_{"folders"};
+  const std::string root_ = temp_.Path();
 };
 
 TEST_F(FoldersTest, FilesAreListedByTheirExtensionInWhateverCaseAndEncoding) {

@@ -7,6 +7,7 @@
 #include "data/Files.h"
 #include "data/KeepBeside.h"
 #include "data/Result.h"
+#include "support/TempFolder.h"
 
 namespace zorik {
 namespace {
@@ -15,19 +16,14 @@ namespace fs = std::filesystem;
 
 class KeepBesideTest : public testing::Test {
  protected:
-  KeepBesideTest() {
-    std::string pattern = (fs::temp_directory_path() / "zorik-beside-XXXXXX").string();
-    folder_ = mkdtemp(pattern.data());
-  }
-  ~KeepBesideTest() override { fs::remove_all(folder_); }
-
   std::string Write(const std::string& name, const std::string& bytes) const {
     const std::string path = folder_ + "/" + name;
     EXPECT_TRUE(WriteWhole(path, bytes));
     return path;
   }
 
-  std::string folder_;
+  test::TempFolder temp_{"beside"};
+  const std::string folder_ = temp_.Path();
 };
 
 TEST_F(KeepBesideTest, CopiesAFileUnderTheNextFreeNumber) {

@@ -10,6 +10,7 @@
 #include "data/Result.h"
 #include "data/Samples.h"
 #include "support/AsNobody.h"
+#include "support/TempFolder.h"
 
 namespace zorik {
 namespace {
@@ -185,13 +186,8 @@ TEST(MailFile, OfAnEmptyRecordHasAPartWithoutALine) {
 
 class MailInFolder : public testing::Test {
  protected:
-  MailInFolder() {
-    std::string pattern = (fs::temp_directory_path() / "zorik-mail-XXXXXX").string();
-    root_ = mkdtemp(pattern.data());
-  }
-  ~MailInFolder() override { fs::remove_all(root_); }
-
-  std::string root_;
+  test::TempFolder temp_{"mail"};
+  const std::string root_ = temp_.Path();
 };
 
 TEST_F(MailInFolder, IsWrittenIntoThePlayersFolderInPlaceOfTheOldOne) {

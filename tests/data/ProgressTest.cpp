@@ -11,6 +11,7 @@
 #include "data/Result.h"
 #include "data/Samples.h"
 #include "data/Scramble.h"
+#include "support/TempFolder.h"
 
 namespace zorik {
 namespace {
@@ -283,24 +284,22 @@ TEST(CelkSkore, AddsUpAnewAfterAChange) {
 }
 
 TEST(RecordsInFolder, AreFoundWithoutRegardToCase) {
-  std::string folder = testing::TempDir() + "zorik-progress-XXXXXX";
-  ASSERT_NE(mkdtemp(folder.data()), nullptr);
+  const test::TempFolder temp("progress");
+  const std::string& folder = temp.Path();
   ASSERT_TRUE(WriteWhole(folder + "/SADA - ŠEDÁ.ZKR", RecordOf(CaveText("\x8A\x65\x64\xE1") + "---01", 42)));
   const Progress progress =
       ReadProgress(CollectionOf({"\x8A\x65\x64\xE1", "b"}), kPlayer, RecordsInFolder(folder));
-  std::filesystem::remove_all(folder);
   EXPECT_EQ(States(progress, 2), "21");
   EXPECT_EQ(progress.Scores[1], 42);
 }
 
 TEST(RecordsInFolder, AreFoundUnderNamesThatAreTooLongForTheFileSystem) {
-  std::string folder = testing::TempDir() + "zorik-progress-XXXXXX";
-  ASSERT_NE(mkdtemp(folder.data()), nullptr);
+  const test::TempFolder temp("progress");
+  const std::string& folder = temp.Path();
   const std::string cave(190, '\xE1');
   const std::string name = FileSystemName(RecordFileName("Sada", cave));
   ASSERT_TRUE(WriteWhole(folder + "/" + name, RecordOf(CaveText(cave) + "---01", 42)));
   const Progress progress = ReadProgress(CollectionOf({cave, "b"}), kPlayer, RecordsInFolder(folder));
-  std::filesystem::remove_all(folder);
   EXPECT_EQ(States(progress, 2), "21");
 }
 

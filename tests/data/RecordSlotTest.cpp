@@ -9,6 +9,7 @@
 #include "data/Result.h"
 #include "data/Samples.h"
 #include "data/Scramble.h"
+#include "support/TempFolder.h"
 
 namespace zorik {
 namespace {
@@ -20,12 +21,7 @@ using Kind = StandingRecord::Kind;
 // A folder with the place for the record of the cave "a" of the collection "Sada".
 class RecordSlotTest : public testing::Test {
  protected:
-  RecordSlotTest() {
-    std::string pattern = (fs::temp_directory_path() / "zorik-slot-XXXXXX").string();
-    root_ = mkdtemp(pattern.data());
-    slot_ = Slot("a");
-  }
-  ~RecordSlotTest() override { fs::remove_all(root_); }
+  RecordSlotTest() { slot_ = Slot("a"); }
 
   RecordSlot Slot(const std::string& name, const std::string& file = "Sada - a.zkr") const {
     return {root_ + "/Ada/" + file, "Sada", name, samples::CaveText(name), {}};
@@ -43,7 +39,8 @@ class RecordSlotTest : public testing::Test {
     return ReadStanding(slot_);
   }
 
-  std::string root_;
+  test::TempFolder temp_{"slot"};
+  const std::string root_ = temp_.Path();
   RecordSlot slot_;
 };
 

@@ -14,6 +14,7 @@
 #include "data/Scramble.h"
 #include "data/Selection.h"
 #include "support/AsNobody.h"
+#include "support/TempFolder.h"
 
 namespace zorik {
 namespace {
@@ -24,12 +25,7 @@ using samples::CaveText;
 
 class SelectionTest : public testing::Test {
  protected:
-  SelectionTest() {
-    std::string pattern = (fs::temp_directory_path() / "zorik-selection-XXXXXX").string();
-    root_ = mkdtemp(pattern.data());
-    fs::create_directories(Folder());
-  }
-  ~SelectionTest() override { fs::remove_all(root_); }
+  SelectionTest() { fs::create_directories(Folder()); }
 
   std::string Folder() const { return root_ + "/Ada"; }
   std::string File() const { return root_ + "/sada.zk"; }
@@ -83,7 +79,8 @@ class SelectionTest : public testing::Test {
     return digits;
   }
 
-  std::string root_;
+  test::TempFolder temp_{"selection"};
+  const std::string root_ = temp_.Path();
 };
 
 TEST_F(SelectionTest, OpensWithTheFirstCaveSelected) {

@@ -7,11 +7,10 @@ namespace {
 
 using test::CaveTextOf;
 using test::Full;
+using test::kFive;
 using test::LettersOf;
 using test::Opened;
 using test::Picture;
-
-const Picture kFive = {"WWWWW", "W1..W", "W.D.W", "W..AW", "WWWWW"};
 
 // Opening
 

@@ -2,6 +2,7 @@
 #include <QMenuBar>
 
 #include "editors/EditorScreen.h"
+#include "editors/MenuLines.h"
 
 namespace zorik {
 namespace {
@@ -49,6 +50,43 @@ TEST_F(FrmMainMenusTest, HasItsCaptions) {
   for (const auto& [name, caption] : kCaptions) EXPECT_EQ(Action(name).text(), caption);
   EXPECT_EQ(window->findChild<QMenu*>("mnuEd")->title(), "Editace");
   EXPECT_EQ(window->findChild<QMenu*>("mnuObjbyObj")->title(), "Nahradit „Hlína“ za „Balvan“");
+}
+
+TEST_F(FrmMainMenusTest, HasItsItemsInTheirOrderWithTheirKeys) {
+  QStringList lines{
+      "mnuEd | Editace",
+      "  mnuUndo | Zpět | Ctrl+Z",
+      "  mnuRedo | Znovu | Ctrl+Y | Ctrl+Shift+Z",
+      "  -",
+      "  mnuRestore | Vrátit do původního stavu",
+      "  -",
+      "  mnuObjbyObj | Nahradit „Hlína“ za „Balvan“",
+      "    mnuReplEvery(1) | Každý | Ctrl+H",
+      "    mnuReplEvery(2) | Každý druhý | Ctrl+Shift+H",
+      "    -",
+      "    mnuReplRan(0) | Náhodně 50%",
+      "    mnuReplRan(1) | Náhodně 1",
+      "    mnuReplRan(5) | Náhodně 5",
+      "    mnuReplRan(10) | Náhodně 10",
+      "  mnuOkraj | Udělat okraj z „Balvan“ | Ctrl+B",
+      "  -",
+      "  mnuStats | Statistika | F7",
+      "mnuCave | Komnata",
+      "  mnuProps | Vlastnosti | F4",
+      "  mnuCat | Program kočky | F6",
+      "  mnuTest | Odzkoušet | F5",
+      "  -",
+      "  mnuLeave | Zavřít | Ctrl+W | Esc",
+      "PesMenu | Výběr Zoríka",
+  };
+  for (int n = 1; n <= kDogs; ++n) lines << QString("  Dog(%1) | Zorík %1 | %1").arg(n);
+  lines << QStringList{
+      "mnuView | Zobrazení",
+      "  mnuLarger | Zvětšit | Ctrl++ | Ctrl+=",
+      "  mnuSmaller | Zmenšit | Ctrl+-",
+      "  mnuUsual | Původní velikost | Ctrl+0",
+  };
+  EXPECT_EQ(test::MenuLines(window->menuBar()->actions()), lines);
 }
 
 TEST_F(FrmMainMenusTest, NamesTheToolsInItsCaptions) {

@@ -8,6 +8,7 @@
 #include <map>
 
 #include "editors/FrmSada.h"
+#include "editors/MenuLines.h"
 #include "editors/SadaScreen.h"
 #include "support/DesktopStandIn.h"
 
@@ -116,6 +117,46 @@ TEST_F(FrmSadaMenusTest, HasTheMenusWithTheirKeys) {
   }
   EXPECT_EQ(window->windowTitle(), "Zoríkův editor sady komnat[*]");
   EXPECT_EQ(MenuTitles(), (QStringList{"Soubor", "Komnata", "Nápověda", "Přidat"}));
+}
+
+TEST_F(FrmSadaMenusTest, HasItsItemsInTheirOrderWithTheirKeys) {
+  const QStringList lines{
+      "mnuFile | Soubor",
+      "  mnuNew | Nová | Ctrl+N",
+      "  mnuOpen | Otevřít | Ctrl+O",
+      "  -",
+      "  mnuSave | Uložit | Ctrl+S",
+      "  mnuSaveAs | Uložit jako",
+      "  -",
+      "  mnuGratulace | Gratulace při výhře | Ctrl+G",
+      "  -",
+      "  mnuClose | Zavřít",
+      "mnuCave | Komnata",
+      "  mnuAdd | Přidat",
+      "    mnuAdd(0) | Malou | F3",
+      "    mnuAdd(1) | Velkou",
+      "  mnuEdit | Editovat | F4",
+      "  -",
+      "  mnuCopy | Zkopírovat do schránky | Ctrl+Ins",
+      "  mnuPaste | Vložit ze schránky | Shift+Ins",
+      "  -",
+      "  mnuUp | Nahoru | F5",
+      "  mnuDown | Dolu | F6",
+      "  mnuMark | Otevřená od začátku",
+      "  -",
+      "  mnuDelete | Vymazat | F8",
+      "mnuHelp | Nápověda",
+      "  mnuHelp(0) | O programu",
+      "  mnuHelp(1) | Pravidla",
+      "  mnuHelp(2) | Přispět",
+      "  mnuHelp(3) | Editování",
+      "  mnuHelp(4) | Obsah | F1",
+      "  -",
+      "  mnuWeb | Stránky hry",
+      "  mnuMail | Napsat tvůrcům",
+      "  mnuAbout | O hře",
+  };
+  EXPECT_EQ(test::MenuLines(window->menuBar()->actions()), lines);
 }
 
 TEST_F(FrmSadaMenusTest, SpeaksTheLanguageOfTheSkinWhenItOpens) {

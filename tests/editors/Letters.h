@@ -8,6 +8,9 @@
 
 namespace zorik::test {
 
+// A cave of five cells by five with a frame of steel, and in it a dog, a gem and an amoeba.
+inline const Picture kFive = {"WWWWW", "W1..W", "W.D.W", "W..AW", "WWWWW"};
+
 // The cells of the edited cave, a string for each row.
 inline Picture LettersOf(const CaveRecord& cave) {
   Picture rows;

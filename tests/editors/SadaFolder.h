@@ -11,6 +11,7 @@
 #include "data/Files.h"
 #include "data/Result.h"
 #include "flow/SadaModel.h"
+#include "support/TempFolder.h"
 
 namespace zorik::test {
 
@@ -21,12 +22,6 @@ inline SadaWords Words() {
 // A collection, and a folder for its files.
 class SadaTest : public testing::Test {
  protected:
-  SadaTest() {
-    std::string pattern = (std::filesystem::temp_directory_path() / "zorik-sada-XXXXXX").string();
-    folder_ = mkdtemp(pattern.data());
-  }
-  ~SadaTest() override { std::filesystem::remove_all(folder_); }
-
   std::string Path(const std::string& name) const { return folder_ + "/" + name; }
   std::string Write(const std::string& name, const std::string& bytes) const {
     EXPECT_TRUE(WriteWhole(Path(name), bytes));
@@ -72,7 +67,8 @@ class SadaTest : public testing::Test {
   }
   using Names = std::vector<std::string>;
 
-  std::string folder_;
+  TempFolder temp_{"sada"};
+  const std::string folder_ = temp_.Path();
   SadaModel sada_{Words(), 1};
 };
 

@@ -14,6 +14,7 @@
 #include "data/Files.h"
 #include "data/Result.h"
 #include "flow/SadaModel.h"
+#include "support/TempFolder.h"
 
 namespace zorik {
 namespace {
@@ -22,12 +23,7 @@ namespace fs = std::filesystem;
 
 class SadaSaving : public testing::Test {
  protected:
-  SadaSaving() {
-    std::string pattern = (fs::temp_directory_path() / "zorik-saving-XXXXXX").string();
-    folder_ = mkdtemp(pattern.data());
-    path_ = folder_ + "/a.zk";
-  }
-  ~SadaSaving() override { fs::remove_all(folder_); }
+  SadaSaving() { path_ = folder_ + "/a.zk"; }
 
   // A collection of some size with this author.
   static SadaModel Sada(const std::string& author) {
@@ -43,7 +39,8 @@ class SadaSaving : public testing::Test {
     return bytes ? PlainLines(*bytes) : std::vector<std::string>();
   }
 
-  std::string folder_;
+  test::TempFolder temp_{"saving"};
+  const std::string folder_ = temp_.Path();
   std::string path_;
 };
 

@@ -11,7 +11,9 @@
 #include "data/Files.h"
 #include "data/RecordFile.h"
 #include "flow/Flow.h"
-#include "support/Scene.h"
+#include "support/OneStepCave.h"
+#include "support/Spoiled.h"
+#include "support/TempFolder.h"
 
 namespace zorik::test {
 
@@ -19,23 +21,8 @@ namespace zorik::test {
 class FlowHome : public testing::Test {
  protected:
   FlowHome() { std::filesystem::create_directories(PlayerFolder()); }
-  ~FlowHome() override { std::filesystem::remove_all(root); }
-
-  static std::string MakeRoot() {
-    std::string pattern = (std::filesystem::temp_directory_path() / "zorik-flow-XXXXXX").string();
-    return mkdtemp(pattern.data());
-  }
   std::string PlayerFolder() const { return root + "/Players/Ada"; }
   std::string CollectionPath() const { return root + "/sada.zk"; }
-
-  // A cave that one step to the right wins: so many seconds are as many points, unless there are more dogs.
-  static std::string Cave(const std::string& name, int seconds = 50) {
-    Numbers numbers;
-    numbers.name = name;
-    numbers.needed = 0;
-    numbers.time = seconds;
-    return CaveTextOf({"WWWWW", "W1TWW", "WWWWW"}, numbers);
-  }
 
   void Write(const std::vector<std::string>& caves) const {
     EditedCollection collection;
@@ -54,10 +41,7 @@ class FlowHome : public testing::Test {
 
   // The step that wins the run that has been started.
   void Step() {
-    const KeySnapshot keys = Keys("R");
-    TickEnd end = TickEnd::Running;
-    for (int i = 0; i < 5 && end == TickEnd::Running; ++i) end = Tick(hra, keys);
-    ASSERT_EQ(end, TickEnd::Won);
+    StepToWin(hra);
     ASSERT_TRUE(flow.Win());
   }
 
@@ -88,17 +72,11 @@ class FlowHome : public testing::Test {
   }
   static bool Exists(const std::string& path) { return std::filesystem::exists(path); }
 
-  // A file in the place of the player's folder, so that nothing can be stored there.
-  void Spoil() const {
-    std::filesystem::remove_all(PlayerFolder());
-    ASSERT_TRUE(WriteWhole(PlayerFolder(), "no folder"));
-  }
-  void Mend() const {
-    std::filesystem::remove(PlayerFolder());
-    std::filesystem::create_directories(PlayerFolder());
-  }
+  void Spoil() const { test::Spoil(PlayerFolder()); }
+  void Mend() const { test::Mend(PlayerFolder()); }
 
-  std::string root = MakeRoot();
+  TempFolder temp{"flow"};
+  const std::string root = temp.Path();
   Hra hra{1};
   Flow flow{hra, {root + "/Players", root + "/Replays"}, 1};
 };

@@ -7,6 +7,7 @@ namespace zorik {
 namespace {
 
 using test::FlowHome;
+using test::OneStepCave;
 
 constexpr int kPoints = 50;
 
@@ -14,7 +15,7 @@ constexpr int kPoints = 50;
 class FlowSharedName : public FlowHome {
  protected:
   void SetUp() override {
-    Open({Cave("a?b"), Cave("a:b", 51)});
+    Open({OneStepCave("a?b"), OneStepCave("a:b", 51)});
     Win(1);
     flow.Choose(2);
     ASSERT_TRUE(flow.Start());
@@ -35,13 +36,13 @@ TEST_F(FlowSharedName, IsToldBeforeTheOtherRecordGoes) {
 TEST_F(FlowSharedName, LeavesTheOtherRecordWhenThePlayerSaysNo) {
   flow.ScoreClosed();
   flow.ScoreClosed();
-  EXPECT_EQ(Head(Path()).CaveText, Cave("a?b") + "---01");
+  EXPECT_EQ(Head(Path()).CaveText, OneStepCave("a?b") + "---01");
   EXPECT_EQ(flow.Caves().Score(2), 51);
 }
 
 TEST_F(FlowSharedName, TakesItsPlaceWhenThePlayerSaysYes) {
   ReadScore();
-  EXPECT_EQ(Head(Path()).CaveText, Cave("a:b", 51) + "---02");
+  EXPECT_EQ(Head(Path()).CaveText, OneStepCave("a:b", 51) + "---02");
   Play(2);
   EXPECT_FALSE(flow.OtherCave(flow.Won())) << "it is this cave's by now";
 }
@@ -51,14 +52,14 @@ TEST_F(FlowSharedName, KeepsAWinThatCouldNotBeStoredFromTheOthersPlace) {
   Win(1);
   flow.Unstored().Keep({flow.Caves().Slot(2), 51, "kept"});
   ASSERT_TRUE(flow.OpenCollection(CollectionPath(), "Ada"));
-  EXPECT_EQ(Head(Path()).CaveText, Cave("a?b") + "---01");
+  EXPECT_EQ(Head(Path()).CaveText, OneStepCave("a?b") + "---01");
   EXPECT_EQ(flow.Unstored().All().size(), 1U);
 }
 
 class FlowUnstored : public FlowHome {
  protected:
   void SetUp() override {
-    Open({Cave("a"), Cave("b", 51)});
+    Open({OneStepCave("a"), OneStepCave("b", 51)});
     Spoil();
     Play(1);
     stored = flow.Store(flow.Won());
@@ -133,7 +134,7 @@ TEST_F(FlowUnstored, WinsOfOnePlayerCountForNoOther) {
 class FlowReplay : public FlowHome {
  protected:
   void SetUp() override {
-    Open({Cave("a"), Cave("b", 51)});
+    Open({OneStepCave("a"), OneStepCave("b", 51)});
     Win(1);
     flow.Choose(1);
     record = *ReadWhole(Path());
@@ -147,7 +148,7 @@ class FlowReplay : public FlowHome {
 TEST_F(FlowReplay, PlaysTheRecordOfTheChosenCaveShowsItsScoreOnceAndStoresNothing) {
   ASSERT_TRUE(flow.ReplayChosen());
   EXPECT_EQ(flow.Kind(), RunKind::Replay);
-  EXPECT_EQ(hra.CaveText, Cave("a") + "---01");
+  EXPECT_EQ(hra.CaveText, OneStepCave("a") + "---01");
   EXPECT_FALSE(flow.MadeByAnother());
   Step();
   EXPECT_EQ(flow.Score().Total, kPoints);
@@ -219,7 +220,7 @@ class FlowTestRun : public FlowHome {
 TEST_F(FlowTestRun, IsStoredAmongTheRecordsOfNoPlayerAndLeadsToTheEditor) {
   flow.Sada().SetText(SadaText::Name, "Moje");
   flow.BeginEditing("Ada");
-  ASSERT_TRUE(flow.TestRun(Cave("a/b")));
+  ASSERT_TRUE(flow.TestRun(OneStepCave("a/b")));
   EXPECT_EQ(flow.Kind(), RunKind::Test);
   EXPECT_EQ(hra.PlayerName, "Ada");
   Step();
@@ -237,8 +238,8 @@ TEST_F(FlowTestRun, IsStoredAmongTheRecordsOfNoPlayerAndLeadsToTheEditor) {
 }
 
 TEST_F(FlowTestRun, CountsForNoCaveOfTheOpenCollection) {
-  Open({Cave("a"), Cave("b")});
-  ASSERT_TRUE(flow.TestRun(Cave("a")));
+  Open({OneStepCave("a"), OneStepCave("b")});
+  ASSERT_TRUE(flow.TestRun(OneStepCave("a")));
   Step();
   ReadScore();
   EXPECT_EQ(flow.Caves().Total(), 0);
@@ -246,13 +247,13 @@ TEST_F(FlowTestRun, CountsForNoCaveOfTheOpenCollection) {
 }
 
 TEST_F(FlowTestRun, IsLeftForTheEditor) {
-  ASSERT_TRUE(flow.TestRun(Cave("a")));
+  ASSERT_TRUE(flow.TestRun(OneStepCave("a")));
   EXPECT_EQ(hra.PlayerName, "") << "nobody who has a name";
   EXPECT_EQ(flow.Leave(), WayBack::Editor);
 }
 
 TEST_F(FlowTestRun, OfACaveThatCannotBePlayedStartsNothing) {
-  ASSERT_TRUE(flow.TestRun(Cave("a")));
+  ASSERT_TRUE(flow.TestRun(OneStepCave("a")));
   EXPECT_FALSE(flow.TestRun("rubbish"));
   EXPECT_EQ(hra.CaveName, "a");
 }

@@ -9,13 +9,14 @@ namespace zorik {
 namespace {
 
 using test::FlowHome;
+using test::OneStepCave;
 using FlowTest = FlowHome;
 
 constexpr int kPoints = 50;
 
 TEST_F(FlowTest, OpensACollectionForThePlayerOfAFolder) {
   EXPECT_FALSE(flow.IsOpen());
-  Open({Cave("a"), Cave("b")});
+  Open({OneStepCave("a"), OneStepCave("b")});
   ASSERT_TRUE(flow.IsOpen());
   EXPECT_EQ(flow.Caves().Collection().Name, "Sada");
   EXPECT_EQ(flow.Caves().Player(), "Ada");
@@ -24,7 +25,7 @@ TEST_F(FlowTest, OpensACollectionForThePlayerOfAFolder) {
 }
 
 TEST_F(FlowTest, OpensACollectionForAPlayerWhoseFolderIsNoUtf8) {
-  Write({Cave("a")});
+  Write({OneStepCave("a")});
   const std::string folder = "Hr\xE1\xE8";
   std::filesystem::create_directories(root + "/Players/" + folder);
   ASSERT_TRUE(flow.OpenCollection(CollectionPath(), folder));
@@ -33,18 +34,18 @@ TEST_F(FlowTest, OpensACollectionForAPlayerWhoseFolderIsNoUtf8) {
 }
 
 TEST_F(FlowTest, KeepsTheOpenCollectionWhenAnotherCannotBeOpened) {
-  Open({Cave("a"), Cave("b")});
+  Open({OneStepCave("a"), OneStepCave("b")});
   EXPECT_FALSE(flow.OpenCollection(root + "/none.zk", "Eva"));
   EXPECT_EQ(flow.Caves().Collection().Name, "Sada");
   EXPECT_EQ(flow.Caves().Player(), "Ada");
 }
 
 TEST_F(FlowTest, StartsTheChosenCaveAsTheCollectionHoldsIt) {
-  Open({Cave("a"), Cave("b", 51)});
+  Open({OneStepCave("a"), OneStepCave("b", 51)});
   Win(1);
   flow.Choose(2);
   ASSERT_TRUE(flow.Start());
-  EXPECT_EQ(hra.CaveText, Cave("b", 51) + "---02") << "with its marker";
+  EXPECT_EQ(hra.CaveText, OneStepCave("b", 51) + "---02") << "with its marker";
   EXPECT_EQ(hra.CaveName, "b");
   EXPECT_EQ(hra.CollectionName, "Sada");
   EXPECT_EQ(hra.PlayerName, "Ada");
@@ -52,13 +53,13 @@ TEST_F(FlowTest, StartsTheChosenCaveAsTheCollectionHoldsIt) {
 }
 
 TEST_F(FlowTest, StartsACaveThatHasGoneFromTheDisk) {
-  Open({Cave("a")});
+  Open({OneStepCave("a")});
   std::filesystem::remove(CollectionPath());
   EXPECT_TRUE(flow.Start());
 }
 
 TEST_F(FlowTest, StartsNoClosedCave) {
-  Open({Cave("a"), Cave("b")});
+  Open({OneStepCave("a"), OneStepCave("b")});
   ASSERT_TRUE(flow.Start());
   flow.Choose(2);
   EXPECT_FALSE(flow.MayStart());
@@ -67,7 +68,7 @@ TEST_F(FlowTest, StartsNoClosedCave) {
 }
 
 TEST_F(FlowTest, LeavesARunThatWasNotWonForTheCavesAndStoresNothing) {
-  Open({Cave("a")});
+  Open({OneStepCave("a")});
   ASSERT_TRUE(flow.Start());
   Tick(hra, {});
   EXPECT_FALSE(flow.Win());
@@ -77,7 +78,7 @@ TEST_F(FlowTest, LeavesARunThatWasNotWonForTheCavesAndStoresNothing) {
 }
 
 TEST_F(FlowTest, ShowsTheScoreOfAWinTwiceAndStoresItsRecordInBetween) {
-  Open({Cave("a"), Cave("b")});
+  Open({OneStepCave("a"), OneStepCave("b")});
   Play(1);
   EXPECT_EQ(flow.Score().Line, "000 \xB7 10 + 000 \xB7 20 + 050 \xB7 1 = 00050");
   EXPECT_EQ(flow.Score().Total, kPoints);
@@ -103,25 +104,25 @@ TEST_F(FlowTest, ShowsTheScoreOfAWinTwiceAndStoresItsRecordInBetween) {
 }
 
 TEST_F(FlowTest, StoresTheRecordUnderTheNamesOfCollectionAndCave) {
-  Open({Cave("a")});
+  Open({OneStepCave("a")});
   Win(1);
   const RecordHead head = Head(PlayerFolder() + "/Sada - a.zkr");
   EXPECT_EQ(head.CollectionName, "Sada");
   EXPECT_EQ(head.Player, "Ada");
   EXPECT_EQ(head.Score, kPoints);
-  EXPECT_EQ(head.CaveText, Cave("a") + "---01");
+  EXPECT_EQ(head.CaveText, OneStepCave("a") + "---01");
 }
 
 TEST_F(FlowTest, CountsAStoredWinWhenTheCollectionIsOpenedAgain) {
-  Open({Cave("a"), Cave("b")});
+  Open({OneStepCave("a"), OneStepCave("b")});
   Win(1);
-  Open({Cave("a"), Cave("b")});
+  Open({OneStepCave("a"), OneStepCave("b")});
   EXPECT_EQ(flow.Caves().Score(1), kPoints);
   EXPECT_EQ(flow.Caves().Rest(), 1);
 }
 
 TEST_F(FlowTest, StoresThePointsOfABonusCaveButShowsThemAside) {
-  Open({Cave("bonus")});
+  Open({OneStepCave("bonus")});
   Play(1);
   EXPECT_EQ(flow.Score().Total, kPoints);
   EXPECT_TRUE(flow.Score().Bonus);
@@ -131,7 +132,7 @@ TEST_F(FlowTest, StoresThePointsOfABonusCaveButShowsThemAside) {
 }
 
 TEST_F(FlowTest, TakesNoWinBeforeThePlayerHasReadTheLastOne) {
-  Open({Cave("a"), Cave("b", 51)});
+  Open({OneStepCave("a"), OneStepCave("b", 51)});
   Play(1);
   hra.Win->Score = 7;
   EXPECT_FALSE(flow.Win());
@@ -139,18 +140,18 @@ TEST_F(FlowTest, TakesNoWinBeforeThePlayerHasReadTheLastOne) {
 }
 
 TEST_F(FlowTest, NeedsTheMachineNoLongerOnceTheRunIsWon) {
-  Open({Cave("a")});
+  Open({OneStepCave("a")});
   Play(1);
-  ASSERT_TRUE(PaintCave(hra, Cave("other"), RunKind::Test));
+  ASSERT_TRUE(PaintCave(hra, OneStepCave("other"), RunKind::Test));
   ReadScore();
-  EXPECT_EQ(Head(PlayerFolder() + "/Sada - a.zkr").CaveText, Cave("a") + "---01");
+  EXPECT_EQ(Head(PlayerFolder() + "/Sada - a.zkr").CaveText, OneStepCave("a") + "---01");
   EXPECT_EQ(flow.Caves().Score(1), kPoints);
 }
 
 TEST_F(FlowTest, StoresAWinInTheCaveThatItWasStartedIn) {
-  Open({Cave("a"), Cave("b")});
+  Open({OneStepCave("a"), OneStepCave("b")});
   ASSERT_TRUE(flow.Start());
-  Open({Cave("c", 51), Cave("d")});
+  Open({OneStepCave("c", 51), OneStepCave("d")});
   Step();
   ReadScore();
   EXPECT_TRUE(Exists(PlayerFolder() + "/Sada - a.zkr"));
@@ -159,7 +160,7 @@ TEST_F(FlowTest, StoresAWinInTheCaveThatItWasStartedIn) {
 }
 
 TEST_F(FlowTest, CountsAWinForItsCaveThoughAnotherIsChosenMeanwhile) {
-  Open({Cave("a"), Cave("b", 51), Cave("c", 52)});
+  Open({OneStepCave("a"), OneStepCave("b", 51), OneStepCave("c", 52)});
   Win(1);
   flow.Choose(1);
   ASSERT_TRUE(flow.Start());
@@ -174,7 +175,7 @@ TEST_F(FlowTest, CountsAWinForItsCaveThoughAnotherIsChosenMeanwhile) {
 class FlowBetterScore : public FlowHome {
  protected:
   void SetUp() override {
-    Open({Cave("a")});
+    Open({OneStepCave("a")});
     Win(1);
     path = PlayerFolder() + "/Sada - a.zkr";
   }
@@ -250,7 +251,7 @@ TEST_F(FlowBetterScore, IsSeenThoughAnotherRunningGameHasStoredItMeanwhile) {
 
 TEST_F(FlowBetterScore, CountsForNothingOnceTheCaveHasChanged) {
   Stand(700);
-  Open({Cave("a", 40)});
+  Open({OneStepCave("a", 40)});
   Play(1);
   Answer(false);
   EXPECT_FALSE(asked);

@@ -12,6 +12,7 @@
 #include "data/Files.h"
 #include "data/Result.h"
 #include "platform/FileTypes.h"
+#include "support/TempFolder.h"
 
 namespace zorik {
 namespace {
@@ -21,8 +22,6 @@ namespace fs = std::filesystem;
 class FileTypesTest : public testing::Test {
  protected:
   FileTypesTest() {
-    std::string pattern = (fs::temp_directory_path() / "zorik-types-XXXXXX").string();
-    root_ = mkdtemp(pattern.data());
     types_.DataHome = At("home");
     types_.DataFolders = {At("local"), At("usr")};
     types_.ProgramFolder = At("game");
@@ -30,7 +29,6 @@ class FileTypesTest : public testing::Test {
     types_.RecordWords = "Záznam hry";
     File("game/downloader");
   }
-  ~FileTypesTest() override { fs::remove_all(root_); }
 
   std::string At(const fs::path& path) const { return (root_ / path).string(); }
 
@@ -49,7 +47,8 @@ class FileTypesTest : public testing::Test {
   std::string Entry() const { return *ReadWhole(At("home/applications/zorik-open.desktop")); }
   std::string Package() const { return *ReadWhole(At("home/mime/packages/zorik.xml")); }
 
-  fs::path root_;
+  test::TempFolder temp_{"types"};
+  const fs::path root_ = temp_.Path();
   FileTypes types_;
 };
 

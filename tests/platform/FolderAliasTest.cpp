@@ -11,6 +11,8 @@
 #include "platform/FolderAlias.h"
 #include "platform/PathText.h"
 #include "platform/Settings.h"
+#include "platform/UserFolders.h"
+#include "support/TempFolder.h"
 #include "support/Waves.h"
 
 namespace zorik {
@@ -23,19 +25,17 @@ using test::Environment;
 class FolderAliasTest : public testing::Test {
  protected:
   FolderAliasTest() {
-    std::string pattern = (fs::temp_directory_path() / "zorik-alias-XXXXXX").string();
-    root_ = mkdtemp(pattern.data());
     home_ = root_ + "/k\xF9\xF2";
     fs::create_directory(home_);
   }
-  ~FolderAliasTest() override { fs::remove_all(root_); }
 
   // What lies in the folder of the home; a toolkit that misread its name would have made another beside it.
   std::size_t Homes() const {
     return static_cast<std::size_t>(std::distance(fs::directory_iterator(root_), fs::directory_iterator()));
   }
 
-  std::string root_;
+  test::TempFolder temp_{"alias"};
+  const std::string root_ = temp_.Path();
   std::string home_;
 };
 

@@ -14,6 +14,7 @@
 #include "data/Result.h"
 #include "platform/LeftFiles.h"
 #include "platform/Paths.h"
+#include "support/TempFolder.h"
 
 namespace zorik {
 namespace {
@@ -22,12 +23,6 @@ namespace fs = std::filesystem;
 
 class LeftFilesTest : public testing::Test {
  protected:
-  LeftFilesTest() {
-    std::string pattern = (fs::temp_directory_path() / "zorik-left-XXXXXX").string();
-    root_ = mkdtemp(pattern.data());
-  }
-  ~LeftFilesTest() override { fs::remove_all(root_); }
-
   static void MakeOld(const fs::path& path, int seconds = 61) {
     fs::last_write_time(path, fs::file_time_type::clock::now() - std::chrono::seconds(seconds));
   }
@@ -48,7 +43,8 @@ class LeftFilesTest : public testing::Test {
     return std::to_string(child);
   }
 
-  fs::path root_;
+  test::TempFolder temp_{"left"};
+  const fs::path root_ = temp_.Path();
 };
 
 // A limit on the size of files stops the game in the middle of a save.

@@ -8,6 +8,7 @@
 
 #include "data/Result.h"
 #include "platform/Paths.h"
+#include "support/TempFolder.h"
 
 namespace zorik {
 namespace {
@@ -17,12 +18,6 @@ namespace fs = std::filesystem;
 // A folder of its own for each test, gone when the test is over.
 class PathsTest : public testing::Test {
  protected:
-  PathsTest() {
-    std::string pattern = (fs::temp_directory_path() / "zorik-paths-XXXXXX").string();
-    root_ = mkdtemp(pattern.data());
-  }
-  ~PathsTest() override { fs::remove_all(root_); }
-
   void File(const fs::path& path) const {
     fs::create_directories((root_ / path).parent_path());
     std::ofstream(root_ / path) << "x";
@@ -34,7 +29,8 @@ class PathsTest : public testing::Test {
     return {At("opt/bin"), zorikHome, At("data"), At("home"), {}};
   }
 
-  fs::path root_;
+  test::TempFolder temp_{"paths"};
+  const fs::path root_ = temp_.Path();
 };
 
 TEST_F(PathsTest, TheProgramsFolderIsTheGamesIfItHoldsSkins) {

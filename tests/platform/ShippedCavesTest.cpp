@@ -13,6 +13,7 @@
 #include "data/Result.h"
 #include "platform/Paths.h"
 #include "platform/ShippedCaves.h"
+#include "support/TempFolder.h"
 
 namespace zorik {
 namespace {
@@ -25,14 +26,11 @@ using Names = std::vector<std::string>;
 class ShippedCavesTest : public testing::Test {
  protected:
   ShippedCavesTest() {
-    std::string pattern = (fs::temp_directory_path() / "zorik-shipped-XXXXXX").string();
-    root_ = mkdtemp(pattern.data());
     fs::create_directories(root_ / "opt/share/zorik/Skins");
     fs::create_directories(root_ / "opt/share/zorik/Caves");
     Ship("a.zk", Written(90, 1));
     Ship("b.zk", Written(20, 2));
   }
-  ~ShippedCavesTest() override { fs::remove_all(root_); }
 
   // A collection of so many caves, with letters picked by this chance.
   static std::string Written(int caves, std::uint64_t seed, const std::string& end = "Hotovo") {
@@ -60,7 +58,8 @@ class ShippedCavesTest : public testing::Test {
     return *paths;
   }
 
-  fs::path root_;
+  test::TempFolder temp_{"shipped"};
+  const fs::path root_ = temp_.Path();
 };
 
 TEST_F(ShippedCavesTest, TheFirstStartBringsThemAll) {

@@ -10,7 +10,8 @@
 #include "data/Files.h"
 #include "data/Result.h"
 #include "platform/Paths.h"
-#include "support/Scene.h"
+#include "support/OneStepCave.h"
+#include "support/TempFolder.h"
 
 namespace zorik::test {
 
@@ -18,15 +19,10 @@ namespace zorik::test {
 class Folder {
  public:
   Folder() {
-    std::string pattern = (std::filesystem::temp_directory_path() / "zorik-home-XXXXXX").string();
-    root_ = mkdtemp(pattern.data());
     for (const char* name : {"Caves", "Players", "Replays", "Skins"}) {
       std::filesystem::create_directories(root_ + "/" + name);
     }
   }
-  ~Folder() { std::filesystem::remove_all(root_); }
-  Folder(const Folder&) = delete;
-  Folder& operator=(const Folder&) = delete;
 
   const std::string& Root() const { return root_; }
 
@@ -62,16 +58,8 @@ class Folder {
   }
 
  private:
-  std::string root_;
+  TempFolder temp_{"home"};
+  const std::string root_ = temp_.Path();
 };
-
-// A cave that a step to the right wins: its finish opens at once.
-inline std::string OneStepCave(const std::string& name, int time = 50) {
-  Numbers numbers;
-  numbers.name = name;
-  numbers.needed = 0;
-  numbers.time = time;
-  return CaveTextOf({"WWWWW", "W1TWW", "WWWWW"}, numbers);
-}
 
 }  // namespace zorik::test

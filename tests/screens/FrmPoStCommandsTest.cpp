@@ -4,6 +4,7 @@
 #include <QSignalSpy>
 
 #include "screens/PostList.h"
+#include "support/Spoiled.h"
 
 namespace zorik {
 namespace {
@@ -105,8 +106,7 @@ TEST_F(FrmPoStCommands, TellsWhenNoProgramTakesTheLetter) {
 TEST_F(FrmPoStCommands, TellsWhenTheLetterCannotBeWritten) {
   Caves(1);
   Open();
-  std::filesystem::remove_all(PlayerFolder());
-  ASSERT_TRUE(WriteWhole(PlayerFolder(), "no folder"));
+  test::Spoil(PlayerFolder());
   const QString said = Message([&] { Click("send"); });
   EXPECT_TRUE(said.startsWith("Soubor se nepodařilo uložit.")) << said.toStdString();
   EXPECT_TRUE(openedFiles.isEmpty());

@@ -19,6 +19,7 @@
 #include "screens/SkinLabel.h"
 #include "screens/TestSkin.h"
 #include "skin/Skin.h"
+#include "support/Spoiled.h"
 
 namespace zorik::test {
 
@@ -124,30 +125,15 @@ class PostScreen : public PostHome {
 
   // The rest of that, from the start of the run on.
   void FinishRun() {
-    Step();
+    StepToWin(hra);
     ASSERT_TRUE(flow.Win());
     flow.ScoreClosed();
     flow.ScoreClosed();
     window->ShowCaves();
   }
 
-  // The step that wins the run.
-  void Step() {
-    const KeySnapshot keys = Keys("R");
-    TickEnd end = TickEnd::Running;
-    for (int i = 0; i < 5 && end == TickEnd::Running; ++i) end = Tick(hra, keys);
-    ASSERT_EQ(end, TickEnd::Won);
-  }
-
-  // A file in the place of the player's folder, so that nothing can be stored there.
-  void Spoil() const {
-    std::filesystem::remove_all(PlayerFolder());
-    ASSERT_TRUE(WriteWhole(PlayerFolder(), "no folder"));
-  }
-  void Mend() const {
-    std::filesystem::remove(PlayerFolder());
-    std::filesystem::create_directories(PlayerFolder());
-  }
+  void Spoil() const { test::Spoil(PlayerFolder()); }
+  void Mend() const { test::Mend(PlayerFolder()); }
 
   QString Text(const char* label) const { return window->findChild<SkinLabel*>(label)->Text(); }
   SkinLabel& Label(const char* label) const { return *window->findChild<SkinLabel*>(label); }

@@ -2,6 +2,7 @@
 
 #include "screens/WinFlow.h"
 #include "screens/WinScreens.h"
+#include "support/Spoiled.h"
 
 namespace zorik {
 namespace {
@@ -143,8 +144,7 @@ TEST_F(WinFlowTest, AsksAgainWhileTheBetterRecordStands) {
 
 TEST_F(WinFlowTest, TellsWhenTheRecordCannotBeWrittenAndGoesOn) {
   Start({"a", "b"});
-  std::filesystem::remove_all(PlayerFolder());
-  ASSERT_TRUE(WriteWhole(PlayerFolder(), "no folder"));
+  test::Spoil(PlayerFolder());
   Win(1);
   QString text;
   const InDialog message([&](QWidget& box) {
@@ -268,8 +268,7 @@ TEST_F(WinFlowTest, StoresATestAmongTheRecordsOfNoPlayerAndLeadsToTheEditor) {
 
 TEST_F(WinFlowTest, TellsWhenATestCannotBeStored) {
   Start({"a"});
-  std::filesystem::remove_all(folder.Root() + "/Replays");
-  ASSERT_TRUE(WriteWhole(folder.Root() + "/Replays", "no folder"));
+  test::Spoil(folder.Root() + "/Replays");
   WinTest(1);
   QString text;
   const InDialog message([&](QWidget& box) {

@@ -50,7 +50,7 @@ class WinScreens : public testing::Test, public PostScreen {
 
   // The run that has been started is won.
   void EndTheRun() {
-    Step();
+    StepToWin(hra);
     windows_->RunWon();
   }
 

@@ -5,6 +5,7 @@
 #include "data/Result.h"
 #include "skin/CavePainter.h"
 #include "support/Scene.h"
+#include "support/TempFolder.h"
 
 namespace zorik {
 namespace {
@@ -18,8 +19,7 @@ constexpr QRgb kSpaceColour = 0xFF101010, kDirtColour = 0xFF20C020, kDogColour =
 class CavePainterTest : public testing::Test, public Stage {
  protected:
   CavePainterTest() {
-    std::string pattern = (fs::temp_directory_path() / "zorik-painter-XXXXXX").string();
-    places_.SkinsPath = mkdtemp(pattern.data());
+    places_.SkinsPath = temp_.Path();
     fs::create_directories(places_.SkinsPath + "/Default/Game");
     Paint("error.bmp", kOther);
     Paint("Default/Game/Space.bmp", kSpaceColour);
@@ -28,7 +28,6 @@ class CavePainterTest : public testing::Test, public Stage {
     painter_ = std::make_unique<CavePainter>(places_);
     hra_.SetStage(*this);
   }
-  ~CavePainterTest() override { fs::remove_all(places_.SkinsPath); }
 
   void Paint(const std::string& path, QRgb colour) const {
     QImage image(80, 80, QImage::Format_RGB32);
@@ -44,6 +43,7 @@ class CavePainterTest : public testing::Test, public Stage {
   void CellChanged(int x, int y) override { painter_->CellChanged(hra_, x, y); }
   void MoveView(bool jump) override { painter_->MoveView(hra_, jump); }
 
+  test::TempFolder temp_{"painter"};
   SkinPlaces places_;
   std::unique_ptr<CavePainter> painter_;
   Hra hra_;

@@ -9,17 +9,14 @@
 #include <string_view>
 
 #include "skin/SkinPlaces.h"
+#include "support/TempFolder.h"
 
 namespace zorik::test {
 
 // A folder of skins for a test, gone when the test is over.
 class SkinFolder : public testing::Test {
  protected:
-  SkinFolder() {
-    std::string pattern = (std::filesystem::temp_directory_path() / "zorik-skins-XXXXXX").string();
-    places_.SkinsPath = mkdtemp(pattern.data());
-  }
-  ~SkinFolder() override { std::filesystem::remove_all(places_.SkinsPath); }
+  SkinFolder() { places_.SkinsPath = temp_.Path(); }
 
   std::string At(const std::string& path) const { return places_.SkinsPath + "/" + path; }
 
@@ -33,6 +30,7 @@ class SkinFolder : public testing::Test {
     std::ofstream(At(path), std::ios::binary) << bytes;
   }
 
+  TempFolder temp_{"skins"};
   SkinPlaces places_;
 };
 

@@ -16,6 +16,8 @@
 #include <utility>
 #include <vector>
 
+#include "support/TempFolder.h"
+
 namespace zorik::test {
 
 // Samples of 16 bit, left and right in turn.
@@ -77,14 +79,6 @@ inline Samples Ruler(std::size_t frames) {
 // A folder for the sounds of one test, gone when the test is over.
 class SoundFolder {
  public:
-  SoundFolder() {
-    std::string pattern = (std::filesystem::temp_directory_path() / "zorik-sound-XXXXXX").string();
-    root_ = mkdtemp(pattern.data());
-  }
-  ~SoundFolder() { std::filesystem::remove_all(root_); }
-  SoundFolder(const SoundFolder&) = delete;
-  SoundFolder& operator=(const SoundFolder&) = delete;
-
   std::string At(const std::string& name) const { return root_ + "/" + name; }
 
   // Writes a file, with the folders above it, and answers its path.
@@ -95,7 +89,8 @@ class SoundFolder {
   }
 
  private:
-  std::string root_;
+  TempFolder temp_{"sound"};
+  const std::string root_ = temp_.Path();
 };
 
 // Sets a variable of the environment, and puts it back in the end.

@@ -218,13 +218,8 @@ double Curve::At(double time) const {
 
 Result<Recipe> ParseRecipe(std::string_view text) {
   Recipe recipe;
-  int number = 0;
-  for (const std::string_view line : LinesOf(text)) {
-    ++number;
-    const std::vector<std::string_view> words = WordsOf(line);
-    if (words.empty() || ReadLine(words, recipe)) continue;
-    return Failure{"line " + std::to_string(number) + " makes no sense: " + std::string(line)};
-  }
+  const Result<Done> read = ReadLines(text, [&recipe](const auto& words) { return ReadLine(words, recipe); });
+  if (!read) return Failure{read.Message()};
   if (recipe.layers.empty()) return Failure{"there is nothing to hear in it"};
   return recipe;
 }

@@ -35,15 +35,12 @@ std::string SoundEntry::FileOf(std::size_t recording) const {
 
 Result<std::vector<SoundEntry>> ParseSoundList(std::string_view text) {
   std::vector<SoundEntry> entries;
-  int number = 0;
-  for (const std::string_view line : LinesOf(text)) {
-    ++number;
-    const std::vector<std::string_view> words = WordsOf(line);
-    if (words.empty()) continue;
+  const Result<Done> read = ReadLines(text, [&entries](const auto& words) {
     const std::optional<SoundEntry> entry = ReadEntry(words);
-    if (!entry) return Failure{"line " + std::to_string(number) + " makes no sense: " + std::string(line)};
-    entries.push_back(*entry);
-  }
+    if (entry) entries.push_back(*entry);
+    return entry.has_value();
+  });
+  if (!read) return Failure{read.Message()};
   return entries;
 }
 

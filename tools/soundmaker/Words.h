@@ -3,8 +3,11 @@
 #include <charconv>
 #include <cstddef>
 #include <optional>
+#include <string>
 #include <string_view>
 #include <vector>
+
+#include "data/Result.h"
 
 namespace zorik::sound {
 
@@ -30,6 +33,20 @@ inline std::vector<std::string_view> LinesOf(std::string_view text) {
     text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
   }
   return lines;
+}
+
+// Hands the words of each line to `read`, but for the lines that have none; fails on the line of which it
+// says no.
+template <class Read>
+Result<Done> ReadLines(std::string_view text, Read read) {
+  int number = 0;
+  for (const std::string_view line : LinesOf(text)) {
+    ++number;
+    const std::vector<std::string_view> words = WordsOf(line);
+    if (words.empty() || read(words)) continue;
+    return Failure{"line " + std::to_string(number) + " makes no sense: " + std::string(line)};
+  }
+  return Done{};
 }
 
 // A word that is a number as a whole, and lies within the bounds.

@@ -10,6 +10,7 @@
 #include "SkinKeys.h"
 #include "core/Objects.h"
 #include "data/Result.h"
+#include "data/Trimmed.h"
 #include "platform/WaveFile.h"
 #include "skin/Pictures.h"
 #include "skin/Skin.h"

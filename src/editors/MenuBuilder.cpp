@@ -1,0 +1,52 @@
+#include "editors/MenuBuilder.h"
+
+#include <QMenu>
+#include <QMenuBar>
+
+#include "screens/Hint.h"
+#include "screens/PlainText.h"
+#include "skin/Skin.h"
+
+namespace zorik {
+
+QMenu* MenuBuilder::AddMenu(const char* name, const char* key) {
+  return Keep(window_.menuBar()->addMenu(QString()), name, key);
+}
+
+QMenu* MenuBuilder::AddMenu(QMenu& menu, const char* name, const char* key) {
+  return Keep(menu.addMenu(QString()), name, key);
+}
+
+QAction* MenuBuilder::Add(QMenu& menu, const char* name, const char* key, const char* shortcuts,
+                          std::function<void()> act) {
+  QAction* const action = menu.addAction(QString());
+  action->setShortcuts(QKeySequence::listFromString(shortcuts));
+  QObject::connect(action, &QAction::triggered, &window_, std::move(act));
+  Keep(action, name, key);
+  return action;
+}
+
+void MenuBuilder::SetCaptions(const Skin& skin) const {
+  for (const Caption& caption : captions_) caption.action->setText(InMenu(skin.Caption(caption.key)));
+}
+
+void MenuBuilder::SetHints(const Skin& skin) const {
+  for (const Caption& caption : captions_) {
+    const QString words = skin.Caption(caption.key);
+    const QString keys = caption.action->shortcut().toString(QKeySequence::NativeText);
+    SetHint(*caption.action, keys.isEmpty() ? words : words + " (" + keys + ')');
+  }
+}
+
+QMenu* MenuBuilder::Keep(QMenu* menu, const char* name, const char* key) {
+  menu->setObjectName(name);
+  Keep(menu->menuAction(), name, key);
+  return menu;
+}
+
+void MenuBuilder::Keep(QAction* action, const char* name, const char* key) {
+  action->setObjectName(name);
+  if (key != nullptr) captions_.push_back({action, key});
+}
+
+}  // namespace zorik

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QMainWindow>
+#include <functional>
+#include <vector>
+
+class QAction;
+class QMenu;
+
+namespace zorik {
+
+class Skin;
+
+// Makes the menus of an editor. Each menu and item has a name, and a key of the skin for its caption; one
+// without a key gets its caption from the window, which knows more than the skin does.
+class MenuBuilder {
+ public:
+  explicit MenuBuilder(QMainWindow& window) : window_(window) {}
+
+  // A menu of the window's bar.
+  QMenu* AddMenu(const char* name, const char* key);
+  // A menu in another one.
+  QMenu* AddMenu(QMenu& menu, const char* name, const char* key = nullptr);
+  // An item. The shortcuts stand as "Ctrl+Y; Ctrl+Shift+Z"; the first one is shown.
+  QAction* Add(QMenu& menu, const char* name, const char* key, const char* shortcuts,
+               std::function<void()> act);
+
+  // Gives all of them the captions of a skin.
+  void SetCaptions(const Skin& skin) const;
+
+  // Gives them hints besides: their captions, with the shortcuts behind.
+  void SetHints(const Skin& skin) const;
+
+ private:
+  struct Caption {
+    QAction* action;
+    const char* key;
+  };
+  QMenu* Keep(QMenu* menu, const char* name, const char* key);
+  void Keep(QAction* action, const char* name, const char* key);
+
+  QMainWindow& window_;
+  std::vector<Caption> captions_;
+};
+
+}  // namespace zorik

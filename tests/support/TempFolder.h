@@ -1,0 +1,31 @@
+#pragma once
+
+#include <cstdlib>
+#include <filesystem>
+#include <stdexcept>
+#include <string>
+#include <system_error>
+
+namespace zorik::test {
+
+// An empty folder for one test, gone when the test is over. Its name tells whose it was, should one be left.
+class TempFolder {
+ public:
+  explicit TempFolder(const std::string& owner)
+      : path_((std::filesystem::temp_directory_path() / ("zorik-" + owner + "-XXXXXX")).string()) {
+    if (mkdtemp(path_.data()) == nullptr) throw std::runtime_error("no folder for the test");
+  }
+  ~TempFolder() {
+    std::error_code error;
+    std::filesystem::remove_all(path_, error);
+  }
+  TempFolder(const TempFolder&) = delete;
+  TempFolder& operator=(const TempFolder&) = delete;
+
+  const std::string& Path() const { return path_; }
+
+ private:
+  std::string path_;
+};
+
+}  // namespace zorik::test
