@@ -23,7 +23,7 @@ struct Stem {
 };
 
 // In the order in which they are loaded. Nothing ever starts the sound of the background.
-constexpr std::array<Stem, kSoundCount> kStems{{
+constexpr auto kStems = std::to_array<Stem>({
     {SoundId::Dirt, "dirt"},
     {SoundId::FallGem, "fallgem"},
     {SoundId::CollectGem, "collectgem"},
@@ -40,7 +40,8 @@ constexpr std::array<Stem, kSoundCount> kStems{{
     {SoundId::SensorOut, "sensorout"},
     {SoundId::AmoebaDead, "adeath"},
     {SoundId::MagicWall, "magicwall", true},
-}};
+});
+static_assert(kStems.size() == kSoundCount, "each sound has one row");
 
 constexpr std::size_t PlaceOf(SoundId id) {
   return static_cast<std::size_t>(id);

@@ -18,8 +18,8 @@
 
 namespace zorik {
 
-// The picture of a tile set has at most so many frames, and this many pixels; 28 of these are still no danger
-// to the memory.
+// The picture of a tile set has at most so many frames, and this many pixels; all sets together are then no
+// danger to the memory.
 inline constexpr int kMostFrames = 128;
 inline constexpr std::int64_t kMostTilePixels = std::int64_t{kMostFrames} * kTileSize * kTileSize;
 

@@ -54,12 +54,14 @@ TEST_F(EditKomTest, DrawsWithEachButton) {
 }
 
 TEST_F(EditKomTest, DrawsEachToolOfThePalette) {
-  Open(Full(6, 6, 'x'));
+  constexpr int kWidth = 8;
+  Open(Full(kWidth, static_cast<int>(kToolCount) / kWidth + 1, 'x'));
   int place = 0;
   for (const int palette : kTools) {
+    const int x = place % kWidth, y = place / kWidth;
     Pick(palette);
-    Click(place % 6, place / 6);
-    EXPECT_EQ(window->Model().At(place % 6, place / 6), LetterOfTool(palette, 1));
+    Click(x, y);
+    EXPECT_EQ(window->Model().At(x, y), LetterOfTool(palette, 1));
     ++place;
   }
 }

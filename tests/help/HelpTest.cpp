@@ -12,6 +12,9 @@
 #include <QXmlStreamReader>
 #include <utility>
 
+#include "core/Objects.h"
+
+namespace zorik {
 namespace {
 
 const QString kHelp = ZORIK_HELP;
@@ -29,7 +32,8 @@ struct Page {
   QStringList Links;   // href and src
   QSet<QString> Ids;
   int PicturesWithoutWords = 0;
-  QStringList Keys;  // that are to be pressed, in their order
+  QStringList Keys;   // that are to be pressed, in their order
+  QStringList Codes;  // what is to be written as it stands, likewise
   QString Text;
 };
 
@@ -57,14 +61,15 @@ Page Read(const QString& path) {
     return page;
   }
   QXmlStreamReader xml(&file);
-  bool key = false;
+  QString element;
   while (!xml.atEnd()) {
     const auto token = xml.readNext();
     if (token == QXmlStreamReader::StartElement) ReadElement(xml, page);
     if (token == QXmlStreamReader::StartElement || token == QXmlStreamReader::EndElement)
-      key = token == QXmlStreamReader::StartElement && xml.name() == QString("kbd");
+      element = token == QXmlStreamReader::StartElement ? xml.name().toString() : QString();
     if (token == QXmlStreamReader::Characters) page.Text += xml.text();
-    if (token == QXmlStreamReader::Characters && key) page.Keys << xml.text().toString();
+    if (token == QXmlStreamReader::Characters && element == "kbd") page.Keys << xml.text().toString();
+    if (token == QXmlStreamReader::Characters && element == "code") page.Codes << xml.text().toString();
   }
   if (xml.hasError()) page.Error = QString("line %1: %2").arg(xml.lineNumber()).arg(xml.errorString());
   page.Text = page.Text.simplified();
@@ -263,20 +268,67 @@ TEST(Help, EditingTellsOfEveryCommandOfTheCat) {
 
 TEST(Help, EditingCallsObjectsAndPropertiesAsTheEditorDoes) {
   constexpr int kHead = 2;
-  constexpr int kFirstObject = 10, kLastObject = 42;
-  constexpr int kFirstWithWay = 26, kLastWithWay = 33;  // monsters that start in a direction
   constexpr int kFirstProperty = 117, kLastProperty = 128;
   for (const auto& [skin, folder] : kLanguages) {
     const QString text = Read(folder + "editovat.html").Text;
     const QStringList lines = Lines(skin + "/Menu/cestina.txt").mid(kHead);
     ASSERT_GT(lines.size(), kLastProperty);
-    for (int place = kFirstObject; place <= kLastProperty; ++place) {
-      if (place > kLastObject && place < kFirstProperty) continue;
-      const bool hasWay = place >= kFirstWithWay && place <= kLastWithWay;
-      const QString word = hasWay ? lines[place].section(QRegularExpression("[ ,]"), 0, 0) : lines[place];
+    const auto expectWord = [&text](const QString& word, int place) {
       EXPECT_FALSE(word.isEmpty()) << place;
       EXPECT_TRUE(text.contains(word)) << word.toStdString();
+    };
+    for (const ObjectLetter& object : kObjectLetters) {
+      if (!object.name || object.code == kDog) continue;  // a dog's name is told with its number
+      const int place = static_cast<int>(*object.name);
+      const bool hasWay = object.mark != 0;  // monsters that start in a direction
+      expectWord(hasWay ? lines[place].section(QRegularExpression("[ ,]"), 0, 0) : lines[place], place);
     }
+    for (int place = kFirstProperty; place <= kLastProperty; ++place) expectWord(lines[place], place);
+  }
+}
+
+TEST(Help, EditingTellsTheLetterOfEveryObject) {
+  for (const auto& [skin, folder] : kLanguages) {
+    const QStringList codes = Read(folder + "editovat.html").Codes;
+    for (const ObjectLetter& object : kObjectLetters) {
+      if (object.code == kDog) continue;  // by its number, 1 to 9
+      EXPECT_TRUE(codes.contains(QString(QChar(object.letter)))) << folder.toStdString() << object.letter;
+    }
+  }
+}
+
+// The rows of the table in a page for makers of caves whose head begins so.
+QStringList RowsBelow(const QString& page, const QString& head) {
+  QFile file(QString(ZORIK_DOCS) + '/' + page);
+  if (!file.open(QIODevice::ReadOnly)) return {};
+  return QString::fromUtf8(file.readAll()).section(head, 1).section("\n\n", 0, 0).split('\n');
+}
+
+// What stands in them to be written as it stands, a letter each.
+QSet<QString> LettersIn(const QString& text) {
+  static const QRegularExpression letter("`(.)`");
+  QSet<QString> letters;
+  for (auto found = letter.globalMatch(text); found.hasNext();) letters << found.next().captured(1);
+  return letters;
+}
+
+TEST(TheReadMe, TellsTheLetterOfEveryObject) {
+  const QSet<QString> letters = LettersIn(RowsBelow("../README.md", "| Letter | Object |").join('\n'));
+  for (const ObjectLetter& object : kObjectLetters) {
+    if (object.code == kDog) continue;
+    EXPECT_TRUE(letters.contains(QString(QChar(object.letter)))) << object.letter;
+  }
+}
+
+TEST(ThePageOfFormats, TellsEveryLetterWithItsCode) {
+  QHash<QString, QString> codes;
+  for (const QString& row : RowsBelow("formats.md", "| Letter | Object |")) {
+    for (const QString& letter : LettersIn(row.section('|', 1, 1))) codes[letter] = row.section('|', 3, 3);
+  }
+  for (const ObjectLetter& object : kObjectLetters) {
+    if (object.code == kDog) continue;
+    const QString code = QString("%1").arg(object.code, 2, 16, QChar('0'));
+    EXPECT_TRUE(codes[QString(QChar(object.letter))].contains(code)) << object.letter;
   }
 }
 
@@ -346,3 +398,4 @@ TEST(Help, TellsSkinMakersOfEveryKeyAndTile) {
 }
 
 }  // namespace
+}  // namespace zorik

@@ -163,6 +163,7 @@ TEST_F(SoundsSilent, HaveTheirGivenStems) {
   const std::vector<std::string> stems{
       "dirt",     "fallgem",   "collectgem", "boulder", "boulderpush", "explosion", "boxpush",   "dog",
       "exitopen", "magicwall", "back",       "sensor",  "asuffocate",  "amoeba",    "sensorout", "adeath"};
+  ASSERT_EQ(stems.size(), kSoundCount);
   for (const std::string& stem : stems) {
     Wave("Default/Sound/" + stem + ".wav");
     Wave("Default/Sound/" + stem + "2.wav");
@@ -180,6 +181,7 @@ TEST_F(SoundsSilent, AreLoadedInTheGivenOrder) {
   const std::vector<std::string> order{
       "dirt", "fallgem", "collectgem", "boulder",    "boulderpush", "explosion", "boxpush", "exitopen",
       "back", "dog",     "sensor",     "asuffocate", "amoeba",      "sensorout", "adeath",  "magicwall"};
+  ASSERT_EQ(order.size(), kSoundCount);
   for (const std::string& stem : order) {
     Wave("Default/Sound/" + stem + ".wav");
     Wave("Default/Sound/" + stem + "2.wav");

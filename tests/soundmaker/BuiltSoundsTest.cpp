@@ -27,22 +27,22 @@ struct Known {
 };
 
 // Every sound that the game asks for.
-constexpr std::array<Known, 16> kKnown{{{"dirt", 3, 0.08},
-                                        {"fallgem", 2, 0.15},
-                                        {"collectgem", 3, 0.25},
-                                        {"boulder", 3, 0.20},
-                                        {"boulderpush", 2, 0.30},
-                                        {"explosion", 2, 0.90},
-                                        {"boxpush", 2, 0.25},
-                                        {"dog", 2, 0.25},
-                                        {"exitopen", 2, 0.80},
-                                        {"magicwall", 2, 2.0, true},
-                                        {"back", 2, 2.0, true},
-                                        {"sensor", 2, 0.12},
-                                        {"asuffocate", 2, 0.70},
-                                        {"amoeba", 2, 2.0, true},
-                                        {"sensorout", 2, 0.60},
-                                        {"adeath", 2, 0.80}}};
+constexpr auto kKnown = std::to_array<Known>({{"dirt", 3, 0.08},
+                                              {"fallgem", 2, 0.15},
+                                              {"collectgem", 3, 0.25},
+                                              {"boulder", 3, 0.20},
+                                              {"boulderpush", 2, 0.30},
+                                              {"explosion", 2, 0.90},
+                                              {"boxpush", 2, 0.25},
+                                              {"dog", 2, 0.25},
+                                              {"exitopen", 2, 0.80},
+                                              {"magicwall", 2, 2.0, true},
+                                              {"back", 2, 2.0, true},
+                                              {"sensor", 2, 0.12},
+                                              {"asuffocate", 2, 0.70},
+                                              {"amoeba", 2, 2.0, true},
+                                              {"sensorout", 2, 0.60},
+                                              {"adeath", 2, 0.80}});
 constexpr std::size_t kHead = 44;
 constexpr std::size_t kRate = 22050;
 

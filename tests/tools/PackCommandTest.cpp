@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "core/Objects.h"
 #include "data/Collection.h"
 #include "tools/Tool.h"
 
@@ -151,6 +152,11 @@ TEST(PackCommand, WarnsOfTooFewGemsWhereNothingMakesMore) {
   for (const char* rest : {"U", "Y", "Z", "B", "A", "MR", "M!", "ML", "M", "WEW", "WE"})
     EXPECT_EQ(warnings(rest), Warnings{}) << rest;
   EXPECT_EQ(warnings("D"), Warnings{});
+  for (const ObjectLetter& object : kObjectLetters) {
+    if (object.state == kResting) {
+      EXPECT_EQ(warnings(std::string("M") + object.letter), Warnings{}) << object.letter;
+    }
+  }
 }
 
 TEST(PackCommand, WarnsOfTooFewGemsWhereMagicWallOrSplitterHaveNothingToWorkOn) {

@@ -35,7 +35,13 @@ constexpr std::array<Limits, 5> kLimits{{
 }};
 
 constexpr std::string_view kButterFlies = "UYZB";
-constexpr std::string_view kFalls = "RD!@#$LA";  // or leaves something behind that does
+
+// What falls, or leaves something behind that does.
+bool Falls(char letter) {
+  const ObjectLetter* object = FindLetter(letter);
+  if (object == nullptr) return false;
+  return object->state == kResting || object->code == kFly || object->code == kAmoeba;
+}
 
 // A letter as it can be typed into a readable file.
 std::string Spelled(char letter) {
@@ -77,6 +83,9 @@ class CaveFile {
     return count;
   }
   bool Has(std::string_view letters) const { return CountOf(letters) > 0; }
+  bool HasWhatFalls() const {
+    return std::any_of(counts_.begin(), counts_.end(), [](const auto& count) { return Falls(count.first); });
+  }
 
   // The entry stands in the file, and holds a number.
   int Number(const ReadableEntry& entry) const { return *NumberOf(entry.Text(), 0, kHighestPair); }
@@ -142,7 +151,7 @@ class CaveFile {
   // of one. Where any of these is nobody can tell how many there will be.
   bool GemsCanBeMade() const {
     if (Has(kButterFlies) || Has("A")) return true;
-    if (Has("M") && Has(kFalls)) return true;
+    if (Has("M") && HasWhatFalls()) return true;
     return Has("D") && HasSplitter();
   }
 
