@@ -7,7 +7,7 @@
 #include <functional>
 
 #include "flow/Welcome.h"
-#include "screens/WaitSign.h"
+#include "screens/Toast.h"
 
 namespace zorik {
 
@@ -51,7 +51,7 @@ class OutsideFiles : public QObject {
   std::deque<File> waiting_;
   bool busy_ = false;  // with one of them
   QTimer timer_;
-  WaitSign sign_;
+  Toast sign_;
 };
 
 }  // namespace zorik

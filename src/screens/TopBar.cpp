@@ -4,9 +4,9 @@
 #include <algorithm>
 #include <utility>
 
+#include "screens/BarButton.h"
 #include "screens/BarColours.h"
 #include "screens/Hint.h"
-#include "screens/StripButton.h"
 #include "skin/GameFont.h"
 
 namespace zorik {
@@ -37,10 +37,10 @@ int Write(QPainter& painter, const QRect& place, int left, const QString& text, 
 
 TopBar::TopBar(QWidget* parent)
     : QWidget(parent),
-      picRestart_(new StripButton(this)),
-      settings_(new StripButton(this)),
-      view_(new StripButton(this)),
-      leave_(new StripButton(this)) {
+      picRestart_(new BarButton(this)),
+      settings_(new BarButton(this)),
+      view_(new BarButton(this)),
+      leave_(new BarButton(this)) {
   setFocusPolicy(Qt::NoFocus);
   setAttribute(Qt::WA_OpaquePaintEvent);
   picRestart_->setObjectName("picRestart");
@@ -50,10 +50,10 @@ TopBar::TopBar(QWidget* parent)
   leave_->setObjectName("leave");
   leave_->SetCaption(QString(QChar(0xD7)));
   leave_->hide();
-  connect(picRestart_, &StripButton::Clicked, this, &TopBar::RestartClicked);
-  connect(settings_, &StripButton::Clicked, this, &TopBar::SettingsClicked);
-  connect(view_, &StripButton::Clicked, this, &TopBar::ViewClicked);
-  connect(leave_, &StripButton::Clicked, this, &TopBar::LeaveClicked);
+  connect(picRestart_, &BarButton::Clicked, this, &TopBar::RestartClicked);
+  connect(settings_, &BarButton::Clicked, this, &TopBar::SettingsClicked);
+  connect(view_, &BarButton::Clicked, this, &TopBar::ViewClicked);
+  connect(leave_, &BarButton::Clicked, this, &TopBar::LeaveClicked);
   SetScrollView(true);
 }
 

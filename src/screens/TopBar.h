@@ -8,7 +8,7 @@
 
 namespace zorik {
 
-class StripButton;
+class BarButton;
 
 // The bar above the play picture: the clock, the gems collected and needed, the value of a gem; the strip of
 // units; the buttons.
@@ -73,10 +73,10 @@ class TopBar : public QWidget {
   int gems_ = 0;
   int needed_ = 0;
   int value_ = 0;
-  StripButton* picRestart_;
-  StripButton* settings_;
-  StripButton* view_;
-  StripButton* leave_;
+  BarButton* picRestart_;
+  BarButton* settings_;
+  BarButton* view_;
+  BarButton* leave_;
 };
 
 }  // namespace zorik

@@ -2,8 +2,8 @@
 
 #include "core/Machine.h"
 #include "data/Result.h"
+#include "screens/BarButton.h"
 #include "screens/GameScreen.h"
-#include "screens/StripButton.h"
 #include "support/Scene.h"
 
 namespace zorik::test {
@@ -16,9 +16,7 @@ class HraScreen : public testing::Test, public GameScreen {
     ASSERT_TRUE(window->Start(CaveTextOf(picture, numbers), kind));
   }
 
-  void Click(const char* button) {
-    QTest::mouseClick(window->findChild<StripButton*>(button), Qt::LeftButton);
-  }
+  void Click(const char* button) { QTest::mouseClick(window->findChild<BarButton*>(button), Qt::LeftButton); }
 
   // Opens the settings by their button or their key, and does something in their window.
   void EditSettings(const std::function<void(QWidget& dialog)>& act, bool byKey = false) {
@@ -37,7 +35,7 @@ class HraScreen : public testing::Test, public GameScreen {
     }
   }
 
-  bool Shows(const char* button) const { return window->findChild<StripButton*>(button)->isVisible(); }
+  bool Shows(const char* button) const { return window->findChild<BarButton*>(button)->isVisible(); }
 };
 
 inline Picture Corridor() {

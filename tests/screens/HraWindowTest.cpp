@@ -129,7 +129,7 @@ TEST_F(HraWindowTest, StartsARecordThatIsRestartedWithAScrollingView) {
   ASSERT_FALSE(window->Painter().ScrollView());
   Click("picRestart");
   EXPECT_TRUE(window->Painter().ScrollView());
-  EXPECT_EQ(window->findChild<StripButton*>("Label1")->Caption(), "±");
+  EXPECT_EQ(window->findChild<BarButton*>("Label1")->Caption(), "±");
 }
 
 TEST_F(HraWindowTest, StartsATestThatIsRestartedWithTheWholeCave) {
@@ -317,7 +317,7 @@ TEST_F(HraWindowTest, OpensTheSettingsByKeyToo) {
 
 TEST_F(HraWindowTest, HasButtonsWithTheirWordsAsTooltips) {
   Open(Corridor());
-  const auto tip = [this](const char* button) { return window->findChild<StripButton*>(button)->toolTip(); };
+  const auto tip = [this](const char* button) { return window->findChild<BarButton*>(button)->toolTip(); };
   EXPECT_EQ(tip("picRestart"), "Znovu od začátku (Ctrl+R)");
   EXPECT_EQ(tip("Command4"), "Nastavení");
   EXPECT_EQ(tip("Label1"), "Celá komnata, nebo jen okolí");

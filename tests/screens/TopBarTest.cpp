@@ -5,15 +5,15 @@
 #include <algorithm>
 #include <cmath>
 
-#include "screens/StripButton.h"
+#include "screens/BarButton.h"
 #include "screens/TopBar.h"
 #include "skin/HslColor.h"
 
 namespace zorik {
 namespace {
 
-StripButton* Button(TopBar& bar, const char* name) {
-  return bar.findChild<StripButton*>(name);
+BarButton* Button(TopBar& bar, const char* name) {
+  return bar.findChild<BarButton*>(name);
 }
 
 TEST(TopBar, WritesItsFiguresWithLeadingZeros) {
@@ -49,7 +49,7 @@ TEST(TopBar, HasButtonsThatDoNothingWhenThePointerHasSlidOff) {
   bar.resize(1000, kTopBar);
   bar.show();
   QSignalSpy restart(&bar, &TopBar::RestartClicked);
-  StripButton* const button = Button(bar, "picRestart");
+  BarButton* const button = Button(bar, "picRestart");
   QTest::mousePress(button, Qt::LeftButton);
   QTest::mouseRelease(button, Qt::LeftButton, {}, QPoint(-5, 20));
   EXPECT_EQ(restart.count(), 0);
@@ -136,7 +136,7 @@ TEST(TopBar, HasARestartThatGlowsAndFadesWhileItPulses) {
   TopBar bar(nullptr);
   bar.resize(1000, kTopBar);
   bar.show();
-  StripButton* const button = Button(bar, "picRestart");
+  BarButton* const button = Button(bar, "picRestart");
   const QImage still = button->grab().toImage();
   bar.PulseRestart(true);
   EXPECT_TRUE(QTest::qWaitFor([&] { return button->grab().toImage() != still; }));

@@ -7,9 +7,9 @@ namespace zorik {
 
 // A remark that comes up above everything for a few seconds. It takes neither the focus nor the pointer, so
 // that whatever goes on below it goes on.
-class WaitSign : public QLabel {
+class Toast : public QLabel {
  public:
-  WaitSign();
+  Toast();
 
   void Say(const QString& text);
 

@@ -10,11 +10,11 @@ namespace zorik {
 // A button of the game window's top bar: a picture, or a plate with a letter. It is brighter under the
 // pointer and sinks when it is pressed. It never takes the focus, which belongs to the dog, and acts when it
 // is let go with the pointer inside.
-class StripButton : public QWidget {
+class BarButton : public QWidget {
   Q_OBJECT
 
  public:
-  explicit StripButton(QWidget* parent);
+  explicit BarButton(QWidget* parent);
 
   void SetPicture(const QImage& picture);
   // Shown while there is no picture.

@@ -1,4 +1,4 @@
-#include "screens/WaitSign.h"
+#include "screens/Toast.h"
 
 #include <QApplication>
 #include <QScreen>
@@ -21,7 +21,7 @@ constexpr qsizetype kMostCharacters = 400;
 
 }  // namespace
 
-WaitSign::WaitSign()
+Toast::Toast()
     : QLabel(nullptr, Qt::ToolTip | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint |
                           Qt::WindowDoesNotAcceptFocus | Qt::WindowTransparentForInput) {
   setObjectName("waitSign");
@@ -41,7 +41,7 @@ WaitSign::WaitSign()
   timer_.callOnTimeout(this, &QWidget::hide);
 }
 
-void WaitSign::Say(const QString& text) {
+void Toast::Say(const QString& text) {
   setText(WrapText(InLines(text, kMostCharacters), fontMetrics(), kLineWidth).lines.join('\n'));
   adjustSize();
   const QWidget* const window = QApplication::activeWindow();

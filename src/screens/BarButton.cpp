@@ -1,4 +1,4 @@
-#include "screens/StripButton.h"
+#include "screens/BarButton.h"
 
 #include <QMouseEvent>
 #include <QPainter>
@@ -28,7 +28,7 @@ void PaintPlate(QPainter& painter, const QRect& place) {
 
 }  // namespace
 
-StripButton::StripButton(QWidget* parent) : QWidget(parent) {
+BarButton::BarButton(QWidget* parent) : QWidget(parent) {
   setFocusPolicy(Qt::NoFocus);
   setAttribute(Qt::WA_Hover);
   setCursor(Qt::PointingHandCursor);
@@ -39,7 +39,7 @@ StripButton::StripButton(QWidget* parent) : QWidget(parent) {
   });
 }
 
-void StripButton::SetPulse(bool pulses) {
+void BarButton::SetPulse(bool pulses) {
   if (pulses == Pulses()) return;
   pulseStep_ = 0;
   if (pulses) {
@@ -50,36 +50,36 @@ void StripButton::SetPulse(bool pulses) {
   update();
 }
 
-void StripButton::SetPicture(const QImage& picture) {
+void BarButton::SetPicture(const QImage& picture) {
   picture_ = picture;
   update();
 }
 
-void StripButton::SetCaption(const QString& caption) {
+void BarButton::SetCaption(const QString& caption) {
   caption_ = caption;
   update();
 }
 
-void StripButton::mousePressEvent(QMouseEvent* event) {
+void BarButton::mousePressEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return;
   pressed_ = true;
   update();
 }
 
-void StripButton::mouseMoveEvent(QMouseEvent* event) {
+void BarButton::mouseMoveEvent(QMouseEvent* event) {
   if (!event->buttons().testFlag(Qt::LeftButton)) return;
   pressed_ = rect().contains(event->position().toPoint());
   update();
 }
 
-void StripButton::mouseReleaseEvent(QMouseEvent* event) {
+void BarButton::mouseReleaseEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return;
   const bool inside = std::exchange(pressed_, false) && rect().contains(event->position().toPoint());
   update();
   if (inside) emit Clicked();
 }
 
-QImage StripButton::Face() const {
+QImage BarButton::Face() const {
   const qreal ratio = devicePixelRatioF();
   QImage face(size() * ratio, QImage::Format_ARGB32_Premultiplied);
   face.setDevicePixelRatio(ratio);
@@ -109,7 +109,7 @@ QImage StripButton::Face() const {
   return face;
 }
 
-void StripButton::paintEvent(QPaintEvent* /*event*/) {
+void BarButton::paintEvent(QPaintEvent* /*event*/) {
   QPainter(this).drawImage(0, pressed_ ? 1 : 0, Face());
 }
 
