@@ -20,7 +20,7 @@ QMenu* MenuBuilder::AddMenu(QMenu& menu, const char* name, const char* key) {
 QAction* MenuBuilder::Add(QMenu& menu, const char* name, const char* key, const char* shortcuts,
                           std::function<void()> act) {
   QAction* const action = menu.addAction(QString());
-  action->setShortcuts(QKeySequence::listFromString(shortcuts));
+  if (*shortcuts != '\0') action->setShortcuts(QKeySequence::listFromString(shortcuts));
   QObject::connect(action, &QAction::triggered, &window_, std::move(act));
   Keep(action, name, key);
   return action;

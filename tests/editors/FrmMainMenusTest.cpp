@@ -86,7 +86,8 @@ TEST_F(FrmMainMenusTest, HasItsItemsInTheirOrderWithTheirKeys) {
       "  mnuSmaller | Zmenšit | Ctrl+-",
       "  mnuUsual | Původní velikost | Ctrl+0",
   };
-  EXPECT_EQ(test::MenuLines(window->menuBar()->actions()), lines);
+  const QStringList found = test::MenuLines(window->menuBar()->actions());
+  EXPECT_EQ(found.join('\n').toStdString(), lines.join('\n').toStdString());
 }
 
 TEST_F(FrmMainMenusTest, NamesTheToolsInItsCaptions) {
