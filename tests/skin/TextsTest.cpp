@@ -123,7 +123,7 @@ TEST(Texts, OfTheDefaultSkinAreCompleteAndInWindows1250) {
   EXPECT_TRUE(texts.LoadTexts(*bytes));
   int used = 0;
   for (int place = 0; place < 200; ++place) used += TextAt(texts, place).empty() ? 0 : 1;
-  EXPECT_EQ(used, 147);
+  EXPECT_GE(used, 147) << "texts may come, and none may go";
   EXPECT_EQ(TextAt(texts, 0), "Hrát komnatu");
   EXPECT_EQ(TextAt(texts, 89), "Doveď Zoríka do cíle!");
   EXPECT_EQ(TextAt(texts, 196), "Nová malá komnata");
