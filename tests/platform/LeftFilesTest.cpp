@@ -23,10 +23,11 @@ namespace fs = std::filesystem;
 
 class LeftFilesTest : public testing::Test {
  protected:
-  static void MakeOld(const fs::path& path, int seconds = 61) {
+  // A file's clock may be ahead of the one that tells the seconds, so what is old is so by far.
+  static void MakeOld(const fs::path& path, int seconds = 70) {
     fs::last_write_time(path, fs::file_time_type::clock::now() - std::chrono::seconds(seconds));
   }
-  void File(const std::string& name, int seconds = 61) const {
+  void File(const std::string& name, int seconds = 70) const {
     std::ofstream(root_ / name) << "x";
     MakeOld(root_ / name, seconds);
   }
