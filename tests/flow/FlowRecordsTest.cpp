@@ -258,5 +258,20 @@ TEST_F(FlowTestRun, OfACaveThatCannotBePlayedStartsNothing) {
   EXPECT_EQ(hra.CaveName, "a");
 }
 
+TEST_F(FlowTestRun, ThatCannotBeStartedLeavesThePlayBeforeItItsPlace) {
+  Open({OneStepCave("a")});
+  ASSERT_TRUE(flow.Start());
+  EXPECT_FALSE(flow.TestRun("rubbish"));
+  Step();
+  ReadScore();
+  EXPECT_EQ(Head(PlayerFolder() + "/Sada - a.zkr").Score, kPoints);
+}
+
+TEST_F(FlowTestRun, IsPlayedByThePlayerWhoseFolderWasNamed) {
+  flow.BeginEditing("K\xC5\xAF\xC5\x88");
+  ASSERT_TRUE(flow.TestRun(OneStepCave("a")));
+  EXPECT_EQ(hra.PlayerName, "K\xF9\xF2");
+}
+
 }  // namespace
 }  // namespace zorik

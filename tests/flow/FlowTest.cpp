@@ -8,6 +8,7 @@
 namespace zorik {
 namespace {
 
+using test::CaveTextOf;
 using test::FlowHome;
 using test::OneStepCave;
 using FlowTest = FlowHome;
@@ -65,6 +66,19 @@ TEST_F(FlowTest, StartsNoClosedCave) {
   EXPECT_FALSE(flow.MayStart());
   EXPECT_FALSE(flow.Start());
   EXPECT_EQ(hra.CaveName, "a");
+}
+
+TEST_F(FlowTest, WinsTheRunThatIsOnThoughAnotherCaveCouldNotBeStarted) {
+  Open({OneStepCave("a"), OneStepCave("b", 51)});
+  Win(1);
+  Open({OneStepCave("a"), CaveTextOf({std::string(101, 'W'), "W1T" + std::string(98, 'W')}, {})});
+  flow.Choose(1);
+  ASSERT_TRUE(flow.Start());
+  flow.Choose(2);
+  ASSERT_TRUE(flow.MayStart());
+  EXPECT_FALSE(flow.Start()) << "it is too large";
+  Step();
+  EXPECT_EQ(flow.Won().Slot.Path, PlayerFolder() + "/Sada - a.zkr");
 }
 
 TEST_F(FlowTest, LeavesARunThatWasNotWonForTheCavesAndStoresNothing) {

@@ -3,6 +3,7 @@
 #include <QDir>
 #include <QFileSystemWatcher>
 #include <QSignalSpy>
+#include <cstdlib>
 #include <filesystem>
 
 #include "data/Files.h"
@@ -61,6 +62,11 @@ TEST_F(FolderAliasTest, OfAFolderThatIsNotThereIsItsPath) {
   EXPECT_EQ(FolderAlias(nowhere), PathText(nowhere));
 }
 
+TEST_F(FolderAliasTest, LeadsProgramsThatAreStartedThereToo) {
+  const std::string alias = FolderAlias(home_).toStdString();
+  EXPECT_EQ(std::system(("test -d " + alias).c_str()), 0);
+}
+
 TEST_F(FolderAliasTest, LetsTheToolkitWatchTheFolder) {
   QFileSystemWatcher watcher;
   ASSERT_TRUE(watcher.addPath(FolderAlias(home_)));
@@ -87,6 +93,12 @@ TEST_F(FolderAliasTest, FindsTheSettingsBelowTheHomeToo) {
   ASSERT_TRUE(StoreSkin("English"));
   EXPECT_TRUE(fs::is_regular_file(home_ + "/.config/Ortvan/Zorik2.ini"));
   EXPECT_EQ(PathBytes(HomeText()), home_);
+}
+
+TEST_F(FolderAliasTest, TakesNoRelativeFolderForThatOfTheSettings) {
+  const Environment config("XDG_CONFIG_HOME", "config");
+  const Environment home("HOME", home_);
+  EXPECT_EQ(ConfigFolder(), home_ + "/.config");
 }
 
 TEST_F(FolderAliasTest, LeavesTheDesktopsFileTypesWhereTheyBelong) {

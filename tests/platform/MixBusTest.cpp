@@ -233,6 +233,17 @@ TEST(MixBus, ForgetsWhatDoesNotLoopWithoutASound) {
   EXPECT_EQ(player.At(0), 1000);
 }
 
+TEST(MixBus, ForgetsNothingThatIsPaused) {
+  Player player;
+  const Samples sound(4 * kFrames, 8000);
+  player.bus.Start(0, sound, false);
+  player.Mix();
+  player.bus.Hold(0);
+  player.bus.ForgetShort();
+  player.bus.GoOn(0);
+  EXPECT_TRUE(player.bus.Sounds(0));
+}
+
 TEST(MixBus, DoesNotClipSixteenTonesInStep) {
   Player player;
   const Samples tone = Tone(64, kFrames, 23197);  // 3 dB below full scale
