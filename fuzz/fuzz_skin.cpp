@@ -2,6 +2,7 @@
 
 #include "Input.h"
 #include "data/Result.h"
+#include "data/Trimmed.h"
 #include "skin/SkinTable.h"
 #include "skin/Texts.h"
 

@@ -246,6 +246,10 @@ TEST_F(RowsTyping, MindsNeitherCaseNorAccents) {
   Pause();
   Type("Č");
   EXPECT_EQ(list_.Selected(), 2);
+  Pause();
+  list_.Select(0);
+  Type("cap");
+  EXPECT_EQ(list_.Selected(), 2) << "nor those within a word";
 }
 
 TEST_F(RowsTyping, MakesAWordOfLetters) {
