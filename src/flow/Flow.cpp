@@ -124,19 +124,20 @@ std::optional<StandingRecord> Flow::OtherCave(const WonRun& run) const {
   return standing;
 }
 
-bool Flow::Store(const WonRun& run) {
-  if (!StoreKept(run)) {
+Result<Done> Flow::Store(const WonRun& run) {
+  Result<Done> stored = StoreKept(run);
+  if (stored) {
+    wins_.StoreAll();
+  } else {
     wins_.Keep(run);
-    return false;
   }
-  wins_.StoreAll();
-  return true;
+  return stored;
 }
 
-bool Flow::StoreKept(const WonRun& run) {
-  if (!StoreRun(run)) return false;
-  wins_.Drop(run.Slot);
-  return true;
+Result<Done> Flow::StoreKept(const WonRun& run) {
+  Result<Done> stored = StoreRun(run);
+  if (stored) wins_.Drop(run.Slot);
+  return stored;
 }
 
 Result<Done> Flow::StoreElsewhere(const WonRun& run, const std::string& path) {

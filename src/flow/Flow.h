@@ -107,10 +107,10 @@ class Flow {
   bool JeLepsi(const WonRun& run) const { return zorik::JeLepsi(run, wins_); }
 
   // Stores a win, and with it what could not be stored before. One that cannot be stored is kept.
-  bool Store(const WonRun& run);
+  Result<Done> Store(const WonRun& run);
 
   // Tries to store one that is kept.
-  bool StoreKept(const WonRun& run);
+  Result<Done> StoreKept(const WonRun& run);
 
   // Writes one that is kept into a file of the player's choice.
   Result<Done> StoreElsewhere(const WonRun& run, const std::string& path);

@@ -74,7 +74,8 @@ void RecordKeeper::Offer(const WonRun& run, QWidget* parent) {
 }
 
 void RecordKeeper::Try(const WonRun& run, QWidget* parent) {
-  if (MayReplaceOthers(run, parent)) flow_.StoreKept(run);
+  if (!MayReplaceOthers(run, parent)) return;
+  Disregard(flow_.StoreKept(run));  // a win that is still kept is offered again by who called this
 }
 
 bool RecordKeeper::SaveElsewhere(const WonRun& run, QWidget* parent) {

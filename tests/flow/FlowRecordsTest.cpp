@@ -62,7 +62,7 @@ class FlowUnstored : public FlowHome {
     Open({OneStepCave("a"), OneStepCave("b", 51)});
     Spoil();
     Play(1);
-    stored = flow.Store(flow.Won());
+    stored = static_cast<bool>(flow.Store(flow.Won()));
     flow.ScoreClosed();
     flow.ScoreClosed();
   }

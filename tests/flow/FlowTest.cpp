@@ -207,7 +207,9 @@ class FlowBetterScore : public FlowHome {
   void Answer(bool yes) {
     ASSERT_EQ(flow.Due(), Storing::Asked);
     asked = !flow.JeLepsi(flow.Won());
-    if (!asked || yes) flow.Store(flow.Won());
+    if (!asked || yes) {
+      ASSERT_TRUE(flow.Store(flow.Won()));
+    }
     flow.ScoreClosed();
     flow.ScoreClosed();
   }
