@@ -45,7 +45,7 @@ TEST_F(PaletteTest, TakesEachTileWithEachButton) {
 }
 
 TEST_F(PaletteTest, TakesNothingBetweenTheTilesAndWithOtherButtons) {
-  QTest::mouseClick(&Tiles(), Qt::LeftButton, {}, QPoint(0, 0));
+  QTest::mouseClick(&Tiles(), Qt::LeftButton, {}, QPoint(1, 1));  // no place, or (0, 0), is the middle
   QTest::mouseClick(&Tiles(), Qt::BackButton, {}, Tiles().TileRect(7).center());
   EXPECT_EQ(Tool(ToolButton::Left), 2);
   EXPECT_EQ(Tool(ToolButton::Right), 1);

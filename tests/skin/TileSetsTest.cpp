@@ -163,7 +163,7 @@ TEST_F(TileSetsTest, APictureOfMoreThan128FramesIsTheErrorPicture) {
 }
 
 TEST_F(TileSetsTest, ANumberBeyondTheSetsIsTheLastSet) {
-  Paint("Default/Game/NoSurprise.bmp", 0xFF00FF00);
+  Paint("Default/Game/" + std::string(kTileSets.back()) + ".bmp", 0xFF00FF00);
   TileSets tiles = Loaded();
   EXPECT_EQ(PixelOf(tiles, {200, 0, 0}), 0xFF00FF00);
 }
