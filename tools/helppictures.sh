@@ -2,8 +2,9 @@
 # Takes the help's pictures of the windows anew: starts the built game on a display of its own, plays a little and
 # leaves help/windows/*.png and *.jpg in Czech, help/en/windows in English. No part of the build; the pictures are
 # kept with the sources. Look at them before you keep them: what moves in a cave stands a little elsewhere each time.
-#   tools/helppictures.sh          both languages
-#   tools/helppictures.sh cs       one of them, cs or en
+#   tools/helppictures.sh             both languages
+#   tools/helppictures.sh cs          one of them, cs or en
+#   tools/helppictures.sh [cs] tips   only the pictures of these names; the others stay as they are
 # Wants a game that is built (./play), and xvfb, openbox, xdotool, x11-utils and imagemagick.
 set -euo pipefail
 root=$(dirname "$(dirname "$(realpath "$0")")")
@@ -11,6 +12,14 @@ app="$root/build/release/src/app"
 tool="$root/build/release/tools/zktool"
 caves="$root/build/release/caves"
 width=720 # of a picture that is shown as wide as the page
+languages=(cs en)
+case ${1-} in
+  cs | en) languages=("$1"); shift ;;
+esac
+names=("$@") # all if there are none
+for name in "${names[@]}"; do
+  grep -qE "(^| )take(_| )$name( |\$)" "$0" || { sed -n '2,8s/^# //p' "$0" >&2; exit 2; }
+done
 
 for program in Xvfb openbox xdotool xwininfo import convert; do
   command -v "$program" >/dev/null || { echo "There is no $program here."; exit 1; }
@@ -58,10 +67,14 @@ keys() {
     sleep 0.25
   done
 }
+wanted() {
+  [[ ${#names[@]} -eq 0 || " ${names[*]} " == *" $1 "* ]]
+}
 # take NAME: the window in front, no wider than the page. It is cut out of the display, for a skin may round its
 # corners.
 take() {
   local WIDTH HEIGHT X Y
+  wanted "$1" || return 0
   sleep 0.8
   eval "$(place)"
   import -window root -crop "${WIDTH}x$HEIGHT+$X+$Y" +repage "$scratch/window.png"
@@ -74,6 +87,7 @@ place() {
 }
 # The start screen without what lies around it.
 take_start() {
+  wanted start || return 0
   sleep 0.8
   import -window root "$scratch/window.png"
   convert "$scratch/window.png" -alpha set -fuzz 2% -fill none -floodfill +0+0 white -trim +repage \
@@ -137,9 +151,9 @@ wait_for_score() {
   exit 1
 }
 
-case ${1-} in
-  cs | "") pictures cs Default "$root/help/windows" ;;&
-  en | "") pictures en English "$root/help/en/windows" ;;
-  cs) ;;
-  *) sed -n '2,7s/^# //p' "$0" >&2; exit 2 ;;
-esac
+for language in "${languages[@]}"; do
+  case $language in
+    cs) pictures cs Default "$root/help/windows" ;;
+    en) pictures en English "$root/help/en/windows" ;;
+  esac
+done
