@@ -61,6 +61,10 @@ void PassMagicWall(Hra& hra, Cell c) {
   ClearField(hra, c);
 }
 
+// An object that does not outlive its landing needs a branch of its own in front of those that call Dopad:
+// they let whatever is in the cell by then roll or rest, be it nothing. The branch leaves alone what is over
+// the mouth of a splitter, for that is split right after, be it nothing.
+//
 // Goes on also over a magic wall, on the cell that it has just emptied. So that cell keeps the state of a
 // resting object though it is space, and what enters it without a state of its own can fall.
 void Fall(Hra& hra, Cell c) {
