@@ -17,7 +17,6 @@ namespace zorik {
 
 namespace {
 
-constexpr std::string_view kCollectionFile = "collection.txt";
 constexpr int kHighestOpenCave = 255 - kOpenCaveOffset;
 
 int CodeOf(char character) {

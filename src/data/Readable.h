@@ -58,6 +58,9 @@ namespace zorik {
 // A program that is not made of such commands stands in cat-text as it is. Description, marker and program
 // may be left out, all others not.
 
+// The file that tells what the collection is, and names those of its caves.
+inline constexpr std::string_view kCollectionFile = "collection.txt";
+
 // Contents by file names.
 using TextFiles = std::map<std::string, std::string>;
 

@@ -7,6 +7,7 @@
 
 #include "core/Objects.h"
 #include "data/Collection.h"
+#include "data/Result.h"
 #include "tools/Tool.h"
 
 namespace zorik::test {
@@ -237,6 +238,27 @@ TEST(UnpackCommand, TakesAnEmptyFolder) {
   folder.Write("s.zk", "");
   std::filesystem::create_directory(folder.In("new"));
   EXPECT_EQ(Zktool({"unpack", folder.In("s.zk"), folder.In("new")}).exit, Exit::Fine);
+}
+
+TEST(PackCommand, TellsACollectionInTheWordsOfATable) {
+  const Folder folder;
+  folder.Write("f/collection.txt", kMain);
+  folder.Write("f/a.txt", CaveOf(kRows));
+  const std::string table =
+      folder.Write("words.txt", "name: Set\ncongratulation: Well done!\ncave: a.txt\ncave-name: The first\n");
+  const std::string out = folder.In("out.zk");
+  const Told told = Zktool({"pack", "--strict", "--words", table, folder.In("f"), out});
+  EXPECT_EQ(told.exit, Exit::Fine) << told.err;
+  const auto collection = ReadForPlay(BytesOf(out));
+  ASSERT_TRUE(collection);
+  EXPECT_EQ(collection->Name, "Set");
+  EXPECT_EQ(collection->Caves.at(0).Record.Name, "The first");
+
+  EXPECT_EQ(Zktool({"pack", "--words", folder.In("none.txt"), folder.In("f"), out}).exit, Exit::CannotRead);
+  folder.Write("words.txt", "name: Set\n");
+  const Told half = Zktool({"pack", "--words", table, folder.In("f"), out});
+  EXPECT_EQ(half.exit, Exit::BadText);
+  EXPECT_EQ(half.err, "zktool: bad-text: " + table + ": there is no name for a.txt\n");
 }
 
 }  // namespace

@@ -33,7 +33,7 @@ constexpr std::array<Option, 7> kRunOptions{{{"--cave", true, true},
 constexpr std::array<Option, 2> kReplayOptions{{{"--grid"}, {"--ticks", true}}};
 constexpr std::array<Option, 2> kVerifyOptions{{{"--json"}, {"--collection", true}}};
 constexpr std::array<Option, 1> kUnpackOptions{{{"--force"}}};
-constexpr std::array<Option, 1> kPackOptions{{{"--strict"}}};
+constexpr std::array<Option, 2> kPackOptions{{{"--strict"}, {"--words", true}}};
 constexpr std::array<Option, 5> kSolveOptions{
     {{"--seconds", true}, {"--shorten", true}, {"--seed", true}, {"--jobs", true}, {"--record", true}}};
 
@@ -119,7 +119,18 @@ amoeba outside 1 to 150 in a cave that has them), a cave larger than 100 x 60, d
 there twice, no finish, fewer gems than the finish needs where nothing in the cave makes more, an open cave
 that there is none of, a line that is read as a cave and holds none.
 
-  --strict  take these for failures: nothing is written
+  --strict       take these for failures: nothing is written
+  --words TABLE  tell the collection in the words of this table, a file such as
+
+                   name: A School of Digging
+                   description: How to dig.
+                   congratulation: Well dug, $P points!
+                   cave: 01-hrabani.txt
+                   cave-name: First Dig
+                   cave-description: Dig to the gem.
+
+                 with an entry for each of these texts that the collection and its caves have; an author may be
+                 named, too. What is drawn stays the same, so carry takes the records of one to the other.
 )";
 
 constexpr std::string_view kFetchDetails =
@@ -129,6 +140,12 @@ the game: bytes in Windows-1250, without a line end.
 
 constexpr std::string_view kNewDetails =
     R"(Prints the plain text of a cave of dirt, 19 x 11 or 30 x 20 cells, without a line end.
+)";
+
+constexpr std::string_view kCarryDetails =
+    R"(Writes the record anew as one of cave N of the collection, which must be the same cave but for its name and
+description, as it is when a collection is told in another language (pack --words). The moves, the player and
+the score stay. Nothing is written if the cave is another one or the record does not win.
 )";
 
 constexpr std::string_view kProgressDetails =
@@ -170,7 +187,7 @@ Not found does not mean that there is no way; impossible does: no dog, no finish
 gems than are needed and nothing that makes any. The exit code is that of the worst line.
 )";
 
-constexpr std::array<Command, 12> kCommands{{
+constexpr std::array<Command, 13> kCommands{{
     {"run",
      "--cave FILE --keys FILE [--seed N] [--ticks T] [--record OUT.zkr] [--record-always] [--grid]",
      "Plays a cave with the keys of a script and prints the trace.",
@@ -201,7 +218,7 @@ constexpr std::array<Command, 12> kCommands{{
      {2, 2},
      UnpackCommand},
     {"pack",
-     "[--strict] DIR COLLECTION.zk",
+     "[--strict] [--words TABLE] DIR COLLECTION.zk",
      "Makes a collection from readable text files.",
      kPackDetails,
      kPackOptions,
@@ -215,6 +232,13 @@ constexpr std::array<Command, 12> kCommands{{
      {2, 2},
      FetchCommand},
     {"new", "small|large", "Prints the text of a new cave.", kNewDetails, {}, {1, 1}, NewCommand},
+    {"carry",
+     "RECORD.zkr COLLECTION.zk N OUT.zkr",
+     "Makes a record one of the same cave in another collection.",
+     kCarryDetails,
+     {},
+     {4, 4},
+     CarryCommand},
     {"progress",
      "COLLECTION.zk PLAYER-FOLDER",
      "Prints how far a player has come in a collection.",

@@ -23,6 +23,7 @@ Exit VerifyCommand(const CommandLine& line, Console& console);
 Exit DiffCommand(const CommandLine& line, Console& console);
 Exit UnpackCommand(const CommandLine& line, Console& console);
 Exit PackCommand(const CommandLine& line, Console& console);
+Exit CarryCommand(const CommandLine& line, Console& console);
 Exit FetchCommand(const CommandLine& line, Console& console);
 Exit NewCommand(const CommandLine& line, Console& console);
 Exit ProgressCommand(const CommandLine& line, Console& console);

@@ -1,5 +1,6 @@
 #include "data/Cp1250.h"
 #include "data/Files.h"
+#include "data/OtherWords.h"
 #include "data/Readable.h"
 #include "data/ReadableText.h"
 #include "data/Result.h"
@@ -9,12 +10,10 @@
 namespace zorik {
 namespace {
 
-constexpr const char* kMainFile = "collection.txt";
-
 // The names of the cave files that collection.txt names. A mistake in it is told by the packing.
 std::vector<std::string> NamedFiles(const std::string& content) {
   std::vector<std::string> names;
-  const auto entries = ReadEntries(kMainFile, content);
+  const auto entries = ReadEntries(kCollectionFile, content);
   if (!entries) return names;
   for (const ReadableEntry& entry : *entries) {
     const std::string name = ToUtf8(entry.Text());
@@ -26,9 +25,9 @@ std::vector<std::string> NamedFiles(const std::string& content) {
 
 Result<TextFiles> ReadTexts(const std::string& folder) {
   const std::string start = folder + "/";
-  const Result<std::string> content = ReadWhole(start + kMainFile);
+  const Result<std::string> content = ReadWhole(start + std::string(kCollectionFile));
   if (!content) return Failure{content.Message()};
-  TextFiles files{{kMainFile, *content}};
+  TextFiles files{{std::string(kCollectionFile), *content}};
   for (const std::string& name : NamedFiles(*content)) {
     Result<std::string> cave = ReadWhole(start + name);
     if (!cave) return Failure{cave.Message()};
@@ -37,12 +36,26 @@ Result<TextFiles> ReadTexts(const std::string& folder) {
   return files;
 }
 
+// The texts of the folder, in the words of a table if one is named.
+Needed<TextFiles> TextsToPack(const CommandLine& line) {
+  const std::string& folder = line.operands[0];
+  Result<TextFiles> files = ReadTexts(folder);
+  if (!files) return Refusal{{files.Message()}, Exit::CannotRead};
+  if (!line.Has("--words")) return std::move(*files);
+  const std::string& path = line.Value("--words");
+  const Result<std::string> table = ReadWhole(path);
+  if (!table) return Refusal{{table.Message()}, Exit::CannotRead};
+  Result<TextFiles> reworded = InOtherWords(*files, path, *table);
+  if (!reworded) return Refusal{{reworded.Message()}, Exit::BadText};
+  return std::move(*reworded);
+}
+
 }  // namespace
 
 Exit PackCommand(const CommandLine& line, Console& console) {
   const std::string& folder = line.operands[0];
-  const Result<TextFiles> files = ReadTexts(folder);
-  if (!files) return Fail(console, Exit::CannotRead, files.Message());
+  const Needed<TextFiles> files = TextsToPack(line);
+  if (!files) return Fail(console, files.Why());
   Chance decoration;
   const Result<std::string> bytes = PackCollection(*files, decoration);
   if (!bytes) return Fail(console, Exit::BadText, folder + ": " + bytes.Message());

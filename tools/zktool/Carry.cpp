@@ -1,0 +1,76 @@
+#include <string>
+
+#include "data/CaveO.h"
+#include "data/Collection.h"
+#include "data/Files.h"
+#include "data/Lines.h"
+#include "data/RecordFile.h"
+#include "data/Result.h"
+#include "data/Scramble.h"
+#include "zktool/Commands.h"
+#include "zktool/Verdict.h"
+
+namespace zorik {
+namespace {
+
+// The same cave, whatever it is called. A bonus cave is worth more, and so would be another one.
+bool AreSame(CaveRecord one, const CaveRecord& other) {
+  if (JeBonus(one.Name) != JeBonus(other.Name)) return false;
+  one.Name = other.Name;
+  one.Description = other.Description;
+  return one == other;
+}
+
+// The bytes of a record behind its head.
+std::string MovesOf(const std::string& record) {
+  constexpr std::string_view kLineEnd = "\r\n";
+  std::size_t at = 0;
+  for (int line = 0; line < 3 && at != std::string::npos; ++line) {
+    at = record.find(kLineEnd, at);
+    if (at != std::string::npos) at += kLineEnd.size();
+  }
+  return at == std::string::npos ? std::string() : record.substr(at);
+}
+
+Needed<PlayedCollection> ReadTarget(const std::string& path) {
+  const Result<std::string> bytes = ReadWhole(path);
+  if (!bytes) return Refusal{{bytes.Message()}, Exit::CannotRead};
+  Result<PlayedCollection> collection = ReadForPlay(*bytes);
+  if (!collection) return Refusal{{path + ": " + collection.Message()}, Exit::BadCollection};
+  return std::move(*collection);
+}
+
+Needed<std::string> Carried(const std::string& record, const PlayedCollection& collection, int number) {
+  if (number < 1 || static_cast<std::size_t>(number) > collection.Caves.size())
+    return Refusal{{"the collection has no cave with the number " + std::to_string(number)},
+                   Exit::NoSuchCave};
+  const PlayedCave& cave = collection.Caves[static_cast<std::size_t>(number) - 1];
+  RecordLines lines(record);
+  const RecordHead head = ReadRecordHead(lines);
+  const Result<CaveRecord> own = ParseCaveText(head.CaveText);
+  if (!own) return Refusal{{own.Message()}, Exit::BadCave};
+  if (!AreSame(*own, cave.Record)) return Refusal{{"the record's cave is another one"}, Exit::BadCave};
+  Chance decoration;
+  std::string carried = BuildRecordHead(collection.Name, head.Score, head.Player, decoration) +
+                        ScrambleText(cave.Text, decoration) + "\r\n" + MovesOf(record);
+  Hra hra;
+  if (Judge(hra, carried).verdict != Verdict::Won) return Refusal{{"the record does not win"}, Exit::No};
+  return carried;
+}
+
+}  // namespace
+
+Exit CarryCommand(const CommandLine& line, Console& console) {
+  const Result<std::string> record = ReadWhole(line.operands[0]);
+  if (!record) return Fail(console, Exit::CannotRead, record.Message());
+  const Result<int> number = ReadNumber<int>(line.operands[2]);
+  if (!number) return Fail(console, Exit::Usage, number.Message());
+  const Needed<PlayedCollection> collection = ReadTarget(line.operands[1]);
+  if (!collection) return Fail(console, collection.Why());
+  const Needed<std::string> carried = Carried(*record, *collection, *number);
+  if (!carried) return Fail(console, carried.Why());
+  const Result<Done> written = WriteWhole(line.operands[3], *carried);
+  return written ? Exit::Fine : Fail(console, Exit::CannotWrite, written.Message());
+}
+
+}  // namespace zorik
