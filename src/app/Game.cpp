@@ -6,12 +6,14 @@
 #include <optional>
 #include <random>
 
+#include "app/HeadlessWords.h"
 #include "core/Hra.h"
 #include "data/Result.h"
 #include "editors/FrmCat.h"
 #include "platform/PathText.h"
 #include "screens/CavesOffer.h"
 #include "screens/DesktopServices.h"
+#include "screens/FrmLanguage.h"
 #include "screens/MsgBox.h"
 #include "screens/SkinFlaws.h"
 #include "screens/StartWords.h"
@@ -53,8 +55,10 @@ Game::~Game() {
   inbox_.Deliver({});
 }
 
-void Game::Begin() {
+void Game::Begin(bool firstStart) {
+  if (firstStart) settings_.Skin = SkinOfDesktop();
   ApplyStoredSkin();
+  if (firstStart) AskLanguage();
   OfferCaves(skin_, paths_);
   frmStart2_.SetPaths(paths_);
   frmSada_.SetPaths(paths_);
@@ -88,6 +92,18 @@ void Game::ApplyStoredSkin() {
   Skin none;
   TellFlaws(none, nullptr, plain.flaws);
   std::exit(EXIT_FAILURE);
+}
+
+// What is chosen here is stored, so nobody is asked twice.
+void Game::AskLanguage() {
+  const std::optional<QString> chosen = FrmLanguage(skin_).AskSkin();
+  if (!chosen) return;
+  if (chosen->toStdString() != skin_.Places().Skin) {
+    settings_.Skin = *chosen;
+    ApplyStoredSkin();
+  }
+  if (!StoreSkin(*chosen))
+    zorik::Tell(skin_, nullptr, skin_.Text(TextId::Program), kNotStoredWords.In(skin_));
 }
 
 ApplyOutcome Game::ApplyBehindNotice(const SkinPlaces& places) {

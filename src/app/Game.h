@@ -35,8 +35,9 @@ class Game : public QObject {
   Game(const Paths& paths, const Settings& settings, Inbox& inbox);
   ~Game() override;
 
-  // Brings the start screen up, behind the busy notice.
-  void Begin();
+  // Brings the start screen up, behind the busy notice. At a first start the player is asked for the language
+  // before.
+  void Begin(bool firstStart = false);
 
  protected:
   bool eventFilter(QObject* object, QEvent* event) override;
@@ -44,6 +45,7 @@ class Game : public QObject {
  private:
   void OpenSound();
   void ApplyStoredSkin();
+  void AskLanguage();
   ApplyOutcome ApplyBehindNotice(const SkinPlaces& places);
   void ConnectScreens();
   void ConnectEditors();

@@ -2,10 +2,13 @@
 
 #include <cstdlib>
 
+#include "skin/SkinPlaces.h"
+
 namespace zorik {
 namespace {
 
 constexpr HeadlessWords kCzech{
+    .Skin = kDefaultSkin,
     .NoDisplay = "Není tu žádná obrazovka, Zorík proto přehraje záznam první komnaty bez okna.",
     .NoRecord = "Záznam první komnaty chybí.",
     .NoCave = "Komnatu nelze otevřít.",
@@ -19,6 +22,7 @@ constexpr HeadlessWords kCzech{
 };
 
 constexpr HeadlessWords kEnglish{
+    .Skin = kEnglishSkin,
     .NoDisplay = "There is no display here, so Zorík plays the record of the first cave without a window.",
     .NoRecord = "The record of the first cave is missing.",
     .NoCave = "The cave cannot be opened.",
@@ -48,6 +52,10 @@ const HeadlessWords& WordsFor(const char* lcAll, const char* lcMessages, const c
 
 const HeadlessWords& WordsOfDesktop() {
   return WordsFor(std::getenv("LC_ALL"), std::getenv("LC_MESSAGES"), std::getenv("LANG"));
+}
+
+const char* SkinOfDesktop() {
+  return WordsOfDesktop().Skin;
 }
 
 }  // namespace zorik

@@ -7,6 +7,7 @@ namespace zorik {
 // What the game says before a skin tells the language, or where none does, on a terminal. ?1? and ?2? are
 // filled in.
 struct HeadlessWords {
+  const char* Skin;  // folder of the skin with the same language
   std::string_view NoDisplay;
   std::string_view NoRecord;
   std::string_view NoCave;
@@ -26,5 +27,8 @@ const HeadlessWords& WordsFor(const char* lcAll, const char* lcMessages, const c
 
 // The same for the environment of this program.
 const HeadlessWords& WordsOfDesktop();
+
+// The folder of the skin that speaks that language.
+const char* SkinOfDesktop();
 
 }  // namespace zorik

@@ -58,8 +58,9 @@ int Play(const zorik::Environment& environment) {
   QApplication::setQuitOnLastWindowClosed(false);
   QApplication::setWindowIcon(QIcon(":/zorik.png"));
   QGuiApplication::setDesktopFileName("zorik");
+  const bool firstStart = zorik::IsFirstStart();
   zorik::Game game(*paths, zorik::FindSett(), inbox);
-  game.Begin();
+  game.Begin(firstStart);
   return QApplication::exec();
 }
 

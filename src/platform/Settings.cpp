@@ -29,6 +29,10 @@ int ReadVolume(const QSettings& store) {
   return number ? std::clamp(volume, 0, kFullVolume) : kFullVolume;
 }
 
+bool HoldsSettings(const QSettings& store) {
+  return store.value("Speed").toInt() != 0;
+}
+
 Result<Done> Write(QSettings& store) {
   store.sync();
   if (store.status() == QSettings::NoError) return Done{};
@@ -42,11 +46,16 @@ void StoreIfNew(QSettings& store, const char* name, const QString& value) {
 
 }  // namespace
 
+bool IsFirstStart() {
+  const ZorikStore store;
+  return !HoldsSettings(store) && !store.contains("Skin");
+}
+
 Settings FindSett() {
   Settings settings;
   const ZorikStore store;
   settings.Skin = store.value("Skin", settings.Skin).toString();
-  if (store.value("Speed").toInt() == 0) {
+  if (!HoldsSettings(store)) {
     Disregard(StoreSett(settings));  // without a store these defaults come at every start
     return settings;
   }

@@ -22,6 +22,9 @@ struct Settings {
   bool operator==(const Settings&) const = default;
 };
 
+// Whether this user has never started the game: nothing is stored, not even by FindSett.
+bool IsFirstStart();
+
 // Reads the store; values out of range are limited. At the first start it writes the defaults.
 Settings FindSett();
 

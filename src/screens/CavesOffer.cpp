@@ -20,9 +20,9 @@ constexpr StartWords kLackingWords{"caption.caves.lacking"};
 constexpr StartWords kAgainWords{"caption.caves.again"};
 
 // What the collections of these files are called, a line each.
-QString NamesOf(const Paths& paths, const std::vector<std::string>& files) {
+QString NamesOf(const Paths& paths, const std::vector<std::string>& files, const QString& language) {
   QString names;
-  for (const CollRow& row : ReadColls(paths.ShippedCaves)) {
+  for (const CollRow& row : ReadColls(paths.ShippedCaves, language)) {
     if (std::find(files.begin(), files.end(), PathBytes(row.file)) != files.end()) names += row.name + '\n';
   }
   return names;
@@ -38,7 +38,8 @@ void OfferCaves(Skin& skin, Paths& paths) {
   if (!paths.CavesFailure.empty()) return TellNotStored(skin, paths.CavesFailure);
   const std::vector<std::string> lacking = LackingCaves(paths);
   if (lacking.empty()) return;
-  const QString question = kLackingWords.In(skin) + '\n' + NamesOf(paths, lacking) + kAgainWords.In(skin);
+  const QString names = NamesOf(paths, lacking, LanguageOf(skin));
+  const QString question = kLackingWords.In(skin) + '\n' + names + kAgainWords.In(skin);
   if (!Ask(skin, nullptr, skin.Text(TextId::Program), question)) {
     // Where this cannot be kept the question comes again.
     Disregard(DeclineCaves(paths, lacking));

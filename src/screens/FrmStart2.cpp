@@ -225,13 +225,13 @@ void FrmStart2::ChooseMode(Mode mode) {
 }
 
 void FrmStart2::FindColls() {
-  ShowColls(ReadColls(paths_.CavesPath));
+  ShowColls(ReadColls(paths_.CavesPath, LanguageOf(skin_)));
 }
 
 // Other programs may put collections into the folder, or take them away.
 void FrmStart2::LookAgain() {
   if (!loaded_ || !isVisible()) return;
-  std::vector<CollRow> colls = ReadColls(paths_.CavesPath);
+  std::vector<CollRow> colls = ReadColls(paths_.CavesPath, LanguageOf(skin_));
   if (colls != colls_) ShowColls(std::move(colls));
 }
 
@@ -402,6 +402,7 @@ void FrmStart2::ChangeSkin() {
   FrmSLang window(skin_, settings_, this);
   connect(&window, &FrmSLang::SkinChanged, this, [this] {
     SkinIt();
+    FindColls();
     emit SkinChanged();
   });
   window.exec();

@@ -58,6 +58,14 @@ std::optional<std::string> NameIn(const std::string& bytes) {
   return name;
 }
 
+// The language that the name of a collection's file ends in; empty when it tells none.
+QString LanguageOfFile(const QString& file) {
+  constexpr qsizetype kEnd = 6;  // "-en.zk"
+  const QString end = file.right(kEnd).toLower();
+  const bool told = end.size() == kEnd && end[0] == '-' && end[1].isLetter() && end[2].isLetter();
+  return told ? end.mid(1, 2) : QString();
+}
+
 bool Exists(const std::string& path) {
   std::error_code error;
   return fs::symlink_status(ResolvePath(path), error).type() != fs::file_type::not_found;
@@ -71,9 +79,16 @@ QString CollName(const std::string& path) {
   return name ? ToQString(*name) : ShownPath(fs::path(path).stem().string());
 }
 
-std::vector<CollRow> ReadColls(const std::string& folder) {
+std::vector<CollRow> ReadColls(const std::string& folder, const QString& language) {
+  QStringList files = SortedAsPeopleDo(FilesIn(folder, ".zk"));
+  const auto rank = [&language](const QString& file) {
+    const QString own = LanguageOfFile(file);
+    return own.isEmpty() ? 1 : own == language ? 0 : 2;
+  };
+  std::stable_sort(files.begin(), files.end(),
+                   [&rank](const QString& one, const QString& other) { return rank(one) < rank(other); });
   std::vector<CollRow> rows;
-  for (const QString& file : SortedAsPeopleDo(FilesIn(folder, ".zk"))) {
+  for (const QString& file : files) {
     rows.push_back({file, CollName(folder + "/" + PathBytes(file))});
   }
   return rows;

@@ -21,6 +21,11 @@ struct StartWords {
   }
 };
 
+// The language that a skin speaks, two letters.
+inline QString LanguageOf(const Skin& skin) {
+  return skin.Said("language.code");
+}
+
 inline constexpr StartWords kLoadingWords{"caption.loading"};
 inline constexpr StartWords kHelpWords{"caption.sada.menu.help"};
 inline constexpr StartWords kCloseWords{"caption.slang.close"};

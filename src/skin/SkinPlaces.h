@@ -7,6 +7,7 @@
 namespace zorik {
 
 inline constexpr const char* kDefaultSkin = "Default";
+inline constexpr const char* kEnglishSkin = "English";  // comes with the game, too
 
 // Where to look for what belongs to a skin; paths are UTF-8.
 struct SkinPlaces {

@@ -33,5 +33,11 @@ TEST(HeadlessWords, FollowTheFirstVariableThatIsNotEmpty) {
   EXPECT_FALSE(SpeaksCzech(nullptr, "", "en_GB.UTF-8"));
 }
 
+TEST(HeadlessWords, GoWithTheSkinOfTheSameLanguage) {
+  EXPECT_STREQ(WordsFor(nullptr, nullptr, "cs_CZ.UTF-8").Skin, "Default");
+  EXPECT_STREQ(WordsFor(nullptr, nullptr, nullptr).Skin, "Default");
+  EXPECT_STREQ(WordsFor(nullptr, nullptr, "de_DE.UTF-8").Skin, "English");
+}
+
 }  // namespace
 }  // namespace zorik::test

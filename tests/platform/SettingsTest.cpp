@@ -45,6 +45,15 @@ TEST_F(SettingsTest, TheFirstRunWritesTheDefaults) {
   EXPECT_EQ(store.value("Loops").toInt(), 1);
 }
 
+TEST_F(SettingsTest, AFirstStartIsOneOfWhichNothingIsStored) {
+  EXPECT_TRUE(IsFirstStart());
+  FindSett();
+  EXPECT_FALSE(IsFirstStart());
+  IniStore("Zorik2").clear();
+  EXPECT_TRUE(StoreSkin("English"));
+  EXPECT_FALSE(IsFirstStart()) << "who has chosen a skin is not asked for the language";
+}
+
 TEST_F(SettingsTest, TheVolumeAndTheLoopsAreKept) {
   Settings quiet;
   quiet.Volume = 3;

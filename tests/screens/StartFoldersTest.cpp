@@ -20,12 +20,12 @@ class StartFolders : public testing::Test {
 
   QStringList Names() const {
     QStringList names;
-    for (const CollRow& row : ReadColls(folder_.Root() + "/Caves")) names.push_back(row.name);
+    for (const CollRow& row : ReadColls(folder_.Root() + "/Caves", "cs")) names.push_back(row.name);
     return names;
   }
-  QStringList Files() const {
+  QStringList Files(const QString& language = "cs") const {
     QStringList files;
-    for (const CollRow& row : ReadColls(folder_.Root() + "/Caves")) files.push_back(row.file);
+    for (const CollRow& row : ReadColls(folder_.Root() + "/Caves", language)) files.push_back(row.file);
     return files;
   }
 
@@ -71,6 +71,16 @@ TEST_F(StartFolders, FilesAreSortedAsPeopleSort) {
   EXPECT_EQ(Files(), (QStringList{"cesta.zk", "čelo.zk", "dům.zk", "SADA 1.ZK", "Sada 9.zk", "sada 10.zk"}));
 }
 
+TEST_F(StartFolders, TheLanguageOfTheSkinGoesFirstAndOtherLanguagesLast) {
+  for (const char* file : {"1-a-cs.zk", "1-a-en.zk", "2-b-EN.ZK", "3-c.zk", "x-12.zk", "-cs.zk", "encs.zk"}) {
+    FirstLine(file, "BX");
+  }
+  EXPECT_EQ(Files("cs"),
+            (QStringList{"-cs.zk", "1-a-cs.zk", "3-c.zk", "encs.zk", "x-12.zk", "1-a-en.zk", "2-b-EN.ZK"}));
+  EXPECT_EQ(Files("en"),
+            (QStringList{"1-a-en.zk", "2-b-EN.ZK", "3-c.zk", "encs.zk", "x-12.zk", "-cs.zk", "1-a-cs.zk"}));
+}
+
 TEST_F(StartFolders, OnlyCollectionsAreListed) {
   FirstLine("a.zk", "BX");
   folder_.File("Caves/a.zkr", "record");
@@ -80,7 +90,7 @@ TEST_F(StartFolders, OnlyCollectionsAreListed) {
 }
 
 TEST_F(StartFolders, AFolderThatIsNotThereIsEmpty) {
-  EXPECT_TRUE(ReadColls(folder_.Root() + "/nikde").empty());
+  EXPECT_TRUE(ReadColls(folder_.Root() + "/nikde", "cs").empty());
   EXPECT_TRUE(ReadPlayers(folder_.Root() + "/nikde").isEmpty());
 }
 

@@ -1,0 +1,70 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QPushButton>
+#include <QTest>
+#include <cstdlib>
+
+#include "app/Game.h"
+#include "data/Result.h"
+#include "screens/DialogScript.h"
+#include "screens/Folder.h"
+
+namespace zorik {
+namespace {
+
+using test::DialogScript;
+using test::Press;
+
+constexpr int kPatience = 10000;  // milliseconds
+
+// The game's first start on a desktop of this language, with the skins that come with the game.
+class GameFirstStart : public testing::Test {
+ protected:
+  void TearDown() override {
+    EXPECT_TRUE(StoreSkin("Default"));
+    unsetenv("LC_ALL");
+  }
+
+  // What the toe that plays is called then.
+  QString Begin(const char* desktop, DialogScript::Act act) {
+    std::filesystem::create_directories(folder.Root() + "/Players/Ada");
+    setenv("LC_ALL", desktop, 1);
+    Paths paths = folder.Paths();
+    paths.ShippedSkins = ZORIK_BUILT_SKINS;
+    inbox = std::make_unique<Inbox>(InboxPlace(folder.Root()));
+    game = std::make_unique<Game>(paths, Settings{.Sound = false}, *inbox);
+    const DialogScript script = {std::move(act)};
+    game->Begin(true);
+    for (QWidget* const widget : QApplication::topLevelWidgets()) {
+      if (dynamic_cast<FrmStart2*>(widget) == nullptr) continue;
+      const auto* const finger = widget->findChild<QWidget*>("fingerPlay");
+      EXPECT_TRUE(QTest::qWaitFor([&] { return !finger->toolTip().isEmpty(); }, kPatience));
+      return finger->toolTip();
+    }
+    return {};
+  }
+
+  test::Folder folder;
+  std::unique_ptr<Inbox> inbox;
+  std::unique_ptr<Game> game;
+};
+
+TEST_F(GameFirstStart, OffersTheLanguageOfTheDesktop) {
+  EXPECT_EQ(Begin("de_DE.UTF-8", Press(Qt::Key_Return)), "Play");
+  EXPECT_EQ(FindSett().Skin, "English");
+}
+
+TEST_F(GameFirstStart, OffersCzechWhereTheDesktopTellsNoLanguage) {
+  EXPECT_EQ(Begin("C", Press(Qt::Key_Return)), "Hrát");
+  EXPECT_EQ(FindSett().Skin, "Default");
+}
+
+TEST_F(GameFirstStart, TakesTheOtherLanguageIfThatIsChosen) {
+  const auto czech = [](QWidget& window) { window.findChild<QPushButton*>("Default")->click(); };
+  EXPECT_EQ(Begin("en_GB.UTF-8", czech), "Hrát");
+  EXPECT_EQ(FindSett().Skin, "Default");
+}
+
+}  // namespace
+}  // namespace zorik
