@@ -40,6 +40,14 @@ TEST_F(GameEditors, LeaveACaveAsItIsThatTheAuthorWillNotHaveChanged) {
   EXPECT_TRUE(Wait(Shows<FrmStart2>));
 }
 
+TEST_F(GameEditors, TryACaveThatEscDoesNotLeave) {
+  TestRun();
+  Press(Screen<HraWindow>(), Qt::Key_Escape);
+  QTest::qWait(100);
+  EXPECT_TRUE(Shows<HraWindow>() && !Shows<FrmMain>());
+  EXPECT_TRUE(Screen<HraWindow>()->Ticking());
+}
+
 TEST_F(GameEditors, TryACaveAndComeBackWhenTheGameWindowIsClosed) {
   TestRun();
   EXPECT_TRUE(Screen<HraWindow>()->Machine().EditorRun());

@@ -88,6 +88,7 @@ TEST_F(GameFromOutside, ACollectionWaitsForTheEndOfARunThatThePlayerGoesOnWith) 
     }};
     ASSERT_TRUE(HandOverMeanwhile("Caves/b.zk"));
     QTest::qWait(600);
+    EXPECT_EQ(Sign(), nullptr) << "he knows that it waits";
   }
   folder.Collection("c.zk", "Gama", {OneStepCave("Jina")});
   ASSERT_TRUE(HandOverMeanwhile("Caves/c.zk"));

@@ -96,6 +96,14 @@ TEST_F(GameKeysTest, DoesNotAskForAPauseAgainForPThatIsHeldWhenItEndedOne) {
   EXPECT_TRUE(Screen<HraWindow>()->Ticking());
 }
 
+TEST_F(GameKeysTest, LeavesNoRunWithEsc) {
+  PlayCave();
+  Press(Screen<HraWindow>(), Qt::Key_Escape);
+  QTest::qWait(100);
+  EXPECT_TRUE(Shows<HraWindow>() && !Shows<FrmPoSt>());
+  EXPECT_TRUE(Screen<HraWindow>()->Ticking());
+}
+
 TEST_F(GameKeysTest, OpensTheHelpWithF1WhileTheRunWaits) {
   folder.File("Help/help.html", "<p>");
   PlayCave();

@@ -54,6 +54,7 @@ class BoxReader : public QObject {
   explicit BoxReader(Qt::Key answer = Qt::Key_Return) : answer_(answer) { startTimer(10); }
 
   QStringList said;
+  QStringList titles;
 
  protected:
   void timerEvent(QTimerEvent* /*event*/) override {
@@ -61,6 +62,7 @@ class BoxReader : public QObject {
     const auto* const text = box == nullptr ? nullptr : box->findChild<QLabel*>("lblText");
     if (text == nullptr) return;
     said.push_back(text->text());
+    titles.push_back(box->windowTitle());
     QTest::keyRelease(box, answer_);  // the finger whose press has opened the box
     QTest::keyClick(box, answer_);
   }

@@ -154,6 +154,39 @@ TEST_F(GameTest, SaysThatACollectionCannotBeOpenedAndStaysAtTheStart) {
   EXPECT_FALSE(Shows<FrmPoSt>());
 }
 
+// In a language that calls the program otherwise.
+class GameInOtherWords : public GameTest {
+ protected:
+  void SetUp() override {
+    const auto shipped = ReadWhole(ZORIK_BUILT_SKINS "/Default/Menu/cestina.txt");
+    ASSERT_TRUE(shipped);
+    constexpr int kHead = 2;
+    QList<QByteArray> lines = QByteArray::fromStdString(*shipped).split('\n');
+    lines[kHead + static_cast<int>(TextId::Program)] = "Pejsek\r";
+    folder.File("Skins/Default/Menu/cestina.txt", lines.join('\n').toStdString());
+    GameTest::SetUp();
+  }
+};
+
+TEST_F(GameInOtherWords, HasItsNameAboveWhatCannotBeOpened) {
+  folder.File("Caves/b.zk", "rubbish");
+  folder.Collection("c.zk", "Gama", {CaveTextOf({std::string(101, 'W'), "W1T" + std::string(98, 'W')}, {})});
+  folder.File("x.zkr", "rubbish");
+  Screen<FrmStart2>()->FindColls();
+  const BoxReader reader;
+  Press(Screen<FrmStart2>(), Qt::Key_Down);
+  Press(Screen<FrmStart2>(), Qt::Key_Return);
+  ASSERT_TRUE(Wait([&] { return reader.titles.size() == 1; }));
+  Screen<FrmStart2>()->AnotherRepl(QString::fromStdString(folder.Root() + "/x.zkr"));
+  ASSERT_TRUE(Wait([&] { return reader.titles.size() == 2; }));
+  Press(Screen<FrmStart2>(), Qt::Key_Down);
+  Press(Screen<FrmStart2>(), Qt::Key_Return);
+  ASSERT_TRUE(Wait(Shows<FrmPoSt>));
+  Press(Screen<FrmPoSt>(), Qt::Key_Return);
+  ASSERT_TRUE(Wait([&] { return reader.titles.size() == 3; }));
+  EXPECT_EQ(reader.titles, QStringList({"Pejsek", "Pejsek", "Pejsek"}));
+}
+
 TEST_F(GameTest, StoresAtItsEndThatTheGameWindowFillsTheScreen) {
   Click(Screen<FrmStart2>(), "close");
   const QSettings store(QSettings::IniFormat, QSettings::UserScope, "Ortvan", "Zorik");

@@ -92,6 +92,27 @@ TEST_F(SadaSaving, LeavesTheOldFileWhenTheDiskIsFull) {
   EXPECT_EQ(std::distance(fs::directory_iterator(folder_), fs::directory_iterator()), 1);
 }
 
+TEST_F(SadaSaving, KeepsAFileWithFaultsOnceThoughTheDiskIsFullBehindIt) {
+  const std::string damaged = samples::CollectionFile({samples::CaveText("A") + "---01", "E!---02", "Hura"});
+  ASSERT_TRUE(WriteWhole(path_, damaged));
+  SadaModel sada({"Sada", "", {}}, 1);
+  ASSERT_FALSE(sada.Open(path_)->Faults.empty());
+  for (int i = 0; i < 60; ++i) sada.AddCave(NewCaveSize::Large);
+  rlimit before{};
+  getrlimit(RLIMIT_FSIZE, &before);
+  const auto old = signal(SIGXFSZ, SIG_IGN);
+  const rlimit most{4096, before.rlim_max};
+  setrlimit(RLIMIT_FSIZE, &most);
+  const bool atOnce = static_cast<bool>(sada.Save(path_));
+  setrlimit(RLIMIT_FSIZE, &before);
+  signal(SIGXFSZ, old);
+  EXPECT_FALSE(atOnce);
+  const auto saved = sada.Save(path_);
+  ASSERT_TRUE(saved);
+  EXPECT_EQ(saved->KeptAs, path_ + "~1");
+  EXPECT_EQ(std::distance(fs::directory_iterator(folder_), fs::directory_iterator()), 2);
+}
+
 TEST_F(SadaSaving, LeavesTheOldOrTheNewFileWhenItIsKilled) {
   constexpr int kTries = 40;
   SadaModel sada = Sada("0");

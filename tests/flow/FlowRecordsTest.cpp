@@ -179,6 +179,14 @@ TEST_F(FlowReplay, OfARecordFromOutsideIsForNobodyAndNamesWhoHasMadeIt) {
   EXPECT_EQ(flow.Leave(), WayBack::Start);
 }
 
+TEST_F(FlowReplay, OfARecordFromOutsideIsForgottenByThePlayBehindIt) {
+  std::filesystem::rename(Path(), root + "/x.zkr");
+  ASSERT_TRUE(flow.ReplayFile(root + "/x.zkr"));
+  ASSERT_TRUE(flow.OpenCollection(CollectionPath(), "Eva"));
+  ASSERT_TRUE(flow.Start());
+  EXPECT_FALSE(flow.MadeByAnother());
+}
+
 TEST_F(FlowReplay, OfARecordFromOutsideNeedsNoOpenCollection) {
   Hra other(2);
   Flow fresh(other, {root + "/Players", root + "/Replays"}, 1);
@@ -235,6 +243,35 @@ TEST_F(FlowTestRun, IsStoredAmongTheRecordsOfNoPlayerAndLeadsToTheEditor) {
   EXPECT_EQ(head.CollectionName, "Moje");
   EXPECT_EQ(head.Player, "");
   EXPECT_EQ(head.Score, kPoints);
+}
+
+TEST_F(FlowTestRun, IsStoredUnderANameThatTheDiskHolds) {
+  const std::string name(200, '\xE1');
+  ASSERT_TRUE(flow.TestRun(OneStepCave(name.substr(0, 100))));
+  Step();
+  ReadScore();
+  std::string utf8;
+  for (int i = 0; i < 100; ++i) utf8 += "\xC3\xA1";
+  EXPECT_TRUE(Exists(root + "/Replays/Editor - " + utf8 + ".zkr"));
+  ASSERT_TRUE(flow.TestRun(OneStepCave(name.substr(0, 150))));
+  Step();
+  EXPECT_TRUE(flow.Store(flow.Won())) << "it is longer than names of files are";
+}
+
+TEST_F(FlowTestRun, TakesThePlaceOfARecordWhoseNameHasOtherLetterCase) {
+  std::filesystem::create_directories(root + "/Replays");
+  ASSERT_TRUE(WriteWhole(root + "/Replays/Editor - AB.zkr", "older"));
+  ASSERT_TRUE(flow.TestRun(OneStepCave("ab")));
+  Step();
+  ReadScore();
+  EXPECT_FALSE(Exists(Path()));
+  EXPECT_EQ(Head(root + "/Replays/Editor - AB.zkr").Score, kPoints);
+}
+
+TEST_F(FlowTestRun, KnowsItsCaveByATextWithoutMarker) {
+  ASSERT_TRUE(flow.TestRun(OneStepCave("ab") + "---01"));
+  Step();
+  EXPECT_EQ(flow.Won().Slot.CaveText, OneStepCave("ab"));
 }
 
 TEST_F(FlowTestRun, CountsForNoCaveOfTheOpenCollection) {

@@ -1,6 +1,7 @@
 // The game's way from the choice of a cave to the stored record.
 #include <gtest/gtest.h>
 
+#include "core/Stage.h"
 #include "data/CaveO.h"
 #include "flow/Flow.h"
 #include "flow/FlowHome.h"
@@ -32,6 +33,17 @@ TEST_F(FlowTest, OpensACollectionForAPlayerWhoseFolderIsNoUtf8) {
   ASSERT_TRUE(flow.OpenCollection(CollectionPath(), folder));
   EXPECT_EQ(flow.Caves().Player(), "Hr\xE1\xE8");
   EXPECT_EQ(flow.Caves().PlayerFolder(), root + "/Players/" + folder);
+}
+
+TEST_F(FlowTest, OpensACollectionForThatOfTwoFoldersWhichWasNamed) {
+  Write({OneStepCave("a")});
+  for (const std::string folder : {"Hr\xE1\xE8", "Hr\xC3\xA1\xC4\x8D"})
+    std::filesystem::create_directories(root + "/Players/" + folder);
+  for (const std::string folder : {"Hr\xE1\xE8", "Hr\xC3\xA1\xC4\x8D"}) {
+    ASSERT_TRUE(flow.OpenCollection(CollectionPath(), folder));
+    EXPECT_EQ(flow.Caves().Player(), "Hr\xE1\xE8") << "both are called so";
+    EXPECT_EQ(flow.Caves().PlayerFolder(), root + "/Players/" + folder);
+  }
 }
 
 TEST_F(FlowTest, KeepsTheOpenCollectionWhenAnotherCannotBeOpened) {
@@ -89,6 +101,24 @@ TEST_F(FlowTest, LeavesARunThatWasNotWonForTheCavesAndStoresNothing) {
   EXPECT_EQ(flow.Leave(), WayBack::Selection);
   EXPECT_FALSE(flow.Busy());
   EXPECT_FALSE(Exists(PlayerFolder() + "/Sada - a.zkr"));
+}
+
+// Counts how often all sounds are stopped.
+class Listener : public Stage {
+ public:
+  void StopSounds() override { ++stops; }
+
+  int stops = 0;
+};
+
+TEST_F(FlowTest, LeavesARunInSilence) {
+  Listener listener;
+  hra.SetStage(listener);
+  Open({OneStepCave("a")});
+  ASSERT_TRUE(flow.Start());
+  listener.stops = 0;
+  EXPECT_EQ(flow.Leave(), WayBack::Selection);
+  EXPECT_EQ(listener.stops, 1);
 }
 
 TEST_F(FlowTest, ShowsTheScoreOfAWinTwiceAndStoresItsRecordInBetween) {

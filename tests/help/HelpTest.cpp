@@ -320,6 +320,14 @@ TEST(TheReadMe, TellsTheLetterOfEveryObject) {
   }
 }
 
+TEST(TheReadMe, TellsHowAFileGetsIntoTheGameAndHowACollectionIsClosed) {
+  QFile file(QString(ZORIK_DOCS) + "/../README.md");
+  ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+  const QString text = QString::fromUtf8(file.readAll()).simplified();
+  EXPECT_TRUE(text.contains("``` ./play FILE ``` opens a collection (`.zk`) or a record (`.zkr`)"));
+  EXPECT_TRUE(text.contains("`flag: Q` in `collection.txt`, in place of `flag: 0`, closes a collection"));
+}
+
 TEST(ThePageOfFormats, TellsEveryLetterWithItsCode) {
   QHash<QString, QString> codes;
   for (const QString& row : RowsBelow("formats.md", "| Letter | Object |")) {
@@ -346,6 +354,34 @@ TEST(Help, TellsHowAFileGetsIntoTheGame) {
 TEST(Help, TellsHowACollectionIsClosed) {
   for (const auto& [skin, folder] : kLanguages)
     EXPECT_TRUE(Read(folder + "editovat.html").Text.contains("flag: Q")) << skin.toStdString();
+}
+
+TEST(Help, TellsWhereADeletedFileIsFound) {
+  EXPECT_TRUE(Read("help.html").Text.contains("Vymazaný soubor najdeš v koši."));
+  EXPECT_TRUE(Read("en/help.html").Text.contains("You find the deleted file in the trash."));
+}
+
+TEST(Help, TellsWithTheFirstWordsOfASkinThatItBringsTheLanguage) {
+  const std::pair<const char*, const char*> said[] = {
+      {"help.html", "změní skin, tedy obrázky, zvuky i jazyk hry"},
+      {"en/help.html", "changes the skin, that is the pictures, the sounds and the language of the game"},
+      {"prispet.html", "Skiny Skin určuje, jak hra vypadá, jak zní a jakým jazykem mluví."},
+      {"en/prispet.html",
+       "Skins A skin says how the game looks, how it sounds and which language it speaks."},
+      {"vzhledy.html", "ostatní si hra vezme ze skinu Default. Skin nese i jazyk hry."},
+      {"en/vzhledy.html", "the rest from the skin Default. A skin also brings the language of the game."}};
+  for (const auto& [page, words] : said) EXPECT_TRUE(Read(page).Text.contains(words)) << page;
+}
+
+TEST(Help, CallsASkinAsTheWindowsDo) {
+  for (const QString& name : kPages)
+    EXPECT_FALSE(Read(name).Text.contains("vzhled", Qt::CaseInsensitive)) << name.toStdString();
+  for (const char* const table : {"skindata.txt", "cestina.txt"}) {
+    const QStringList lines = Lines(QString("Default/Menu/") + table);
+    EXPECT_FALSE(lines.isEmpty());
+    EXPECT_TRUE(lines.filter("vzhled", Qt::CaseInsensitive).isEmpty()) << table;
+  }
+  EXPECT_TRUE(Lines("Default/Menu/skindata.txt").contains("slang.title=Skin"));
 }
 
 TEST(Help, CallsACaveByOneWordInCzech) {

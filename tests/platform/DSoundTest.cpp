@@ -453,6 +453,17 @@ TEST_F(DSoundHeard, APausedLoopAgainAfterARest) {
   EXPECT_EQ(*std::max_element(heard.begin(), heard.end()), 16000);
 }
 
+TEST_F(DSoundHeard, NoEndlessTriesWhileTheCardIsGone) {
+  const int handle = Load(Samples(2 * 1000, 16000), true);
+  ASSERT_GT(disk_.AwaitRest(), 0U);
+  const Environment gone("SDL_DISKAUDIOFILE", folder_.At("none/none.raw"));
+  sound_->DSPlay(handle);
+  std::this_thread::sleep_for(std::chrono::milliseconds(200));
+  const std::clock_t start = std::clock();
+  std::this_thread::sleep_for(std::chrono::milliseconds(500));
+  EXPECT_LT(std::clock() - start, CLOCKS_PER_SEC / 10) << "the next sound tries again, and nothing else";
+}
+
 TEST_F(DSoundHeard, NothingThatWasMissedWhileTheCardWasGone) {
   const int missed = Load(Samples(2 * 4000, 16000));
   const int later = Load(Samples(2 * 4000, 2000));

@@ -67,6 +67,15 @@ TEST_F(InboxTest, NobodyTakesAPathWithoutAGame) {
   EXPECT_FALSE(HandOver("/a.zk", Place()));
 }
 
+TEST_F(InboxTest, TakesAPathFromWhoWaitsForAGameThatIsJustStarting) {
+  auto done =
+      std::async(std::launch::async, [&] { return static_cast<bool>(HandOverPatiently("/a.zk", Place())); });
+  EXPECT_EQ(done.wait_for(std::chrono::milliseconds(300)), std::future_status::timeout);
+  Open();
+  EXPECT_TRUE(Arrived(1));
+  EXPECT_TRUE(done.get());
+}
+
 TEST_F(InboxTest, OnlyTheFirstOfTwoGamesListens) {
   Open();
   EXPECT_FALSE(inbox_->Taken());

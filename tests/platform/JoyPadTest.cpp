@@ -73,10 +73,15 @@ TEST_F(JoyPadTest, TakesAPushedHatForAnAxisAtItsEnd) {
 
 TEST_F(JoyPadTest, HasItsCentreWhereTheAxesAreWhenAHatIsPushedAtFirst) {
   VirtualPad pad;
+  pad.Axes(-8768, 0);  // 24000 of 65535
   pad.Hat(SDL_HAT_LEFT);
   EXPECT_EQ(Sample(), Heard(1, 0));
   pad.Hat(SDL_HAT_CENTERED);
   EXPECT_EQ(Sample(), Heard(0, 0));
+  pad.Axes(-20768, 0);  // 12000, no less than a half of it
+  EXPECT_EQ(Sample(), Heard(0, 0));
+  pad.Axes(-20769, 0);
+  EXPECT_EQ(Sample(), Heard(1, 0));
 }
 
 TEST_F(JoyPadTest, TakesWhereItStandsAtFirstForTheCentre) {
@@ -181,6 +186,19 @@ TEST(JoyPad, ReadsItsCentreWhenItIsMadeAndNotWhenItIsFirstAsked) {
   pad.Axes(-16385, 0);
   early.Sample(keys);
   EXPECT_EQ(keys.joyDirection, 1);
+}
+
+TEST_F(JoyPadTest, KnowsNothingOfHowLongAnotherPadWasPushed) {
+  {
+    VirtualPad pad;
+    EXPECT_EQ(Sample(), Heard(0, 0));
+    pad.Axes(kLeast, 0);
+    EXPECT_EQ(Sample(), Heard(1, 0));
+  }
+  EXPECT_EQ(Sample(), Heard(0, 0));
+  VirtualPad another;
+  another.Axes(kLeast, kLeast);
+  EXPECT_EQ(Sample(), Heard(0, 0)) << "two directions of one tick, of which none is older";
 }
 
 TEST_F(JoyPadTest, MayBePluggedInAndOutWhileTheGameRuns) {

@@ -21,6 +21,17 @@ class HraWindowDesktopTest : public test::HraScreen {
     ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
   }
 
+  // Moves the pad, whose axis stood at 8000 just now, before the next tick.
+  void ExpectCentreOf8000(VirtualPad& pad) {
+    pad.Axes(17000, 0);  // beyond the middle's dead zone, and not beyond this one's
+    window->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+    ASSERT_TRUE(TicksPass(5));
+    EXPECT_EQ(Dog(), Cell(1, 1));
+    pad.Axes(32767, 0);
+    EXPECT_TRUE(Wait([&] { return Dog() == Cell(10, 1); })) << "and the pad steers";
+  }
+
   bool FillsTheScreen() const { return window->windowState().testFlag(Qt::WindowFullScreen); }
 };
 
@@ -130,9 +141,15 @@ TEST_F(HraWindowDesktopTest, ReadsThePadsCentreWhenTheSettingIsSwitchedOn) {
     QTest::keyClick(&dialog, Qt::Key_Return);
   });
   ASSERT_TRUE(settings.Joystick);
-  pad.Axes(17000, 0);  // beyond the middle's dead zone, and not beyond this one's
-  ASSERT_TRUE(TicksPass(5));
-  EXPECT_EQ(Dog(), Cell(1, 1));
+  ExpectCentreOf8000(pad);
+}
+
+TEST_F(HraWindowDesktopTest, ReadsThePadsCentreWhenTheCaveOpensAndNotInItsFirstTick) {
+  VirtualPad pad;
+  pad.Axes(8000, 0);
+  settings.Joystick = true;
+  Open(Corridor());
+  ExpectCentreOf8000(pad);
 }
 
 }  // namespace

@@ -6,7 +6,6 @@
 #include "data/Result.h"
 #include "screens/HraScreen.h"
 #include "screens/SkinScale.h"
-#include "support/Waves.h"
 
 namespace zorik {
 namespace {
@@ -339,30 +338,6 @@ TEST_F(HraWindowTest, TakesTheSpeedOfTheSettingsAtOnce) {
   });
   EXPECT_EQ(settings.Speed, 10);
   EXPECT_EQ(window->Interval(), 181);
-}
-
-TEST_F(HraWindowTest, MutesTheLoopsOfTheRunningCaveAndLetsThemBeHeardAgain) {
-  const std::string wave = test::WaveFileOf(test::Tone(50, 2000, 8000));
-  for (const char* name : {"amoeba", "amoeba2"})
-    folder.File("Skins/Default/Sound/" + std::string(name) + ".wav", wave);
-  settings.Sound = true;
-  Open({"WWWWWWW", "W1..;AW", "W...;AW", "WWWWWWW"});
-  const auto sounds = [this] {
-    int playing = 0;
-    for (int i = 0; i < DSound::kMostBuffers; ++i) {
-      playing += sound.StateOf(i) == DSound::State::Playing ? 1 : 0;
-    }
-    return playing;
-  };
-  const auto click = [](QWidget& dialog) {
-    dialog.findChild<SkinCheck*>("check4")->click();
-    QTest::keyClick(&dialog, Qt::Key_Return);
-  };
-  ASSERT_EQ(sounds(), 1);
-  EditSettings(click);
-  EXPECT_EQ(sounds(), 0);
-  EditSettings(click);
-  EXPECT_EQ(sounds(), 1);
 }
 
 // Hidden things

@@ -140,6 +140,31 @@ TEST_F(MsgBoxTest, HasPicturesOrWordsOnAllItsButtons) {
   });
 }
 
+TEST_F(MsgBoxTest, TellsAWayBackFromADeedByThePlateOfItsButton) {
+  skin_.Data("dialog:\nplate.image=plate\nplateback.image=back\n");
+  skin_.Picture("plate", Strips({Qt::green, Qt::green, Qt::green}, kButton));
+  skin_.Picture("back", Strips({Qt::gray, Qt::gray, Qt::gray}, kButton));
+  skin_.Apply();
+  Open(MsgButtons::NotStoredAtEnd, [&](QWidget& dialog) {
+    for (const char* const name : {"retry", "elsewhere", "leave", "close"}) {
+      const bool deed = QString(name) == "retry" || QString(name) == "elsewhere";
+      EXPECT_EQ(Button(dialog, name).grab().toImage().pixelColor(2, 5), QColor(deed ? Qt::green : Qt::gray))
+          << name;
+    }
+  });
+}
+
+TEST_F(MsgBoxTest, AsksWhetherToTryAgain) {
+  for (const auto& [key, again] :
+       {std::pair(Qt::Key_Return, true), {Qt::Key_R, true}, {Qt::Key_Escape, false}}) {
+    const InDialog dialog([&, pressed = key](QWidget& box) {
+      EXPECT_EQ(Names(box), QStringList({"retry", "close"}));
+      QTest::keyClick(&box, pressed);
+    });
+    EXPECT_EQ(AskRetry(skin_.Skin(), nullptr, "title", "text"), again) << key;
+  }
+}
+
 TEST_F(MsgBoxTest, OfWhatIsNotStoredLosesNothingByEnterOrEsc) {
   const auto answer = [this](MsgButtons buttons, Qt::Key key) {
     return Open(buttons, [key](QWidget& dialog) { QTest::keyClick(&dialog, key); });

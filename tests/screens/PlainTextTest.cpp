@@ -40,6 +40,7 @@ TEST(OneLineTest, CutsNoCharacterInTwo) {
 
 TEST(InLinesTest, KeepsTheLines) {
   EXPECT_EQ(InLines("a\r\nb\nc\rd" + QString(QChar(0x2028)) + "e\tf"), "a\nb\nc\nd\ne f");
+  EXPECT_EQ(InLines("a" + QString(QChar(0x85)) + "b" + QChar(0x2029) + "c"), "a\nb\nc");
 }
 
 TEST(InLinesTest, EndsATextThatIsTooLongInDots) {

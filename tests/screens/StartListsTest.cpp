@@ -275,6 +275,14 @@ TEST_F(RowsTyping, SelectsNothingByLettersThatBeginNoNameAndForgetsThem) {
   EXPECT_EQ(list_.Selected(), 7) << "another key begins a new word";
 }
 
+TEST_F(RowsTyping, BeginsANewWordAfterAPress) {
+  list_.Select(0);
+  Type("c");
+  QTest::mouseClick(list_.viewport(), Qt::LeftButton, {}, list_.PlaceOf(1).center());
+  Type("z");
+  EXPECT_EQ(list_.Selected(), 7);
+}
+
 TEST_F(RowsTyping, TakesNoOtherKeys) {
   list_.Select(0);
   EXPECT_FALSE(Type(" "));

@@ -144,6 +144,21 @@ TEST_F(StartOutside, ACollectionThatAnotherProgramMakesAppears) {
   EXPECT_EQ(Colls().Selected(), 1);
 }
 
+// The folder of that time is gone, and nobody watches the one in its place.
+TEST_F(StartOutside, ACollectionThatNobodyWasToldOfAppearsWhenTheWindowIsActivated) {
+  std::filesystem::remove_all(folder_.Root() + "/Caves");
+  EXPECT_TRUE(QTest::qWaitFor([this] { return Colls().Count() == 0; }));
+  Coll("c.zk", "Cyril");
+  QTest::qWait(400);
+  ASSERT_EQ(Colls().Count(), 0);
+  QWidget other;
+  other.show();
+  other.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+  start_->activateWindow();
+  EXPECT_TRUE(QTest::qWaitFor([this] { return Colls().Count() == 1; }));
+}
+
 TEST_F(StartOutside, TheCollectionOfAFileIsSelectedIfItIsInTheList) {
   Coll("b.zk", "Beta");
   start_->FindColls();

@@ -36,6 +36,19 @@ TEST_F(WinFlowUnstored, AreKeptForLater) {
   EXPECT_TRUE(flow.Unstored().All().empty());
 }
 
+TEST_F(WinFlowUnstored, AreOfferedUnderTheNameThatTheLanguageHasForTheProgram) {
+  const std::string language = folder.Root() + "/Skins/Default/Menu/cestina.txt";
+  constexpr int kHead = 2;
+  QList<QByteArray> lines = QByteArray::fromStdString(*ReadWhole(language)).split('\n');
+  lines[kHead + static_cast<int>(TextId::Program)] = "Pejsek";
+  ASSERT_TRUE(WriteWhole(language, lines.join('\n').toStdString()));
+  ASSERT_TRUE(skin.Apply({folder.Root() + "/Skins"}).applied);
+  WinAndAnswer([](QWidget& box) {
+    EXPECT_EQ(box.windowTitle(), "Pejsek");
+    QTest::keyClick(&box, Qt::Key_L);
+  });
+}
+
 TEST_F(WinFlowUnstored, AreTriedAgainAsOftenAsThePlayerLikes) {
   Win(1);
   const auto again = test::Press(Qt::Key_R);
@@ -46,6 +59,27 @@ TEST_F(WinFlowUnstored, AreTriedAgainAsOftenAsThePlayerLikes) {
   CloseScore();
   EXPECT_TRUE(Stored(1));
   EXPECT_TRUE(flow.Unstored().All().empty());
+}
+
+TEST_F(WinFlowUnstored, TakeNoOtherCavesRecordsPlaceWithoutAQuestionWhenTheyAreTriedAgain) {
+  Mend();
+  Collection({"a?b", "a:b"});
+  Begin();
+  Spoil();
+  std::string other;
+  Win(1);
+  {
+    const test::DialogScript script = {[&](QWidget& box) {
+                                         Mend();
+                                         Record(2, 5);
+                                         other = *ReadWhole(RecordPath(1));
+                                         QTest::keyClick(&box, Qt::Key_R);
+                                       },
+                                       test::Press(Qt::Key_N), test::Press(Qt::Key_L)};
+    CloseScore();
+  }
+  EXPECT_EQ(*ReadWhole(RecordPath(1)), other);
+  EXPECT_EQ(flow.Unstored().All().size(), 1U);
 }
 
 TEST_F(WinFlowUnstored, AreSavedElsewhereAndStillKept) {

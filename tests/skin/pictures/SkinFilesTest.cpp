@@ -315,6 +315,20 @@ TEST_F(SkinFiles, InEnglishReplaceEveryWordAndNoPlaceOrColour) {
   }
 }
 
+TEST_F(SkinFiles, SayAtThePaletteThatASkinBringsTheLanguage) {
+  const std::string czech = keys_.Text("caption.start.skin");
+  const std::string english = ReadSkinKeys(kEnglish).Text("caption.start.skin");
+  EXPECT_NE(czech.find("jazyk hry"), std::string::npos) << czech;
+  EXPECT_NE(english.find("the language of the game"), std::string::npos) << english;
+}
+
+TEST_F(SkinFiles, NameTheKeyAtTheButtonThatBeginsAnew) {
+  for (const char* const file : {kDefault, kEnglish}) {
+    const std::string words = ReadSkinKeys(file).Text("caption.game.restart");
+    EXPECT_TRUE(EndsWith(words, " (Ctrl+R)")) << words;
+  }
+}
+
 TEST_F(SkinFiles, HoldTheSamePlacesOfTheLanguageTableInBothLanguages) {
   Texts czech, english;
   for (const auto& [skin, texts] : {std::pair("Default", &czech), std::pair("English", &english)}) {

@@ -2,6 +2,7 @@
 
 #include <QImage>
 #include <algorithm>
+#include <filesystem>
 #include <map>
 #include <set>
 #include <string>
@@ -9,6 +10,7 @@
 
 #include "SkinKeys.h"
 #include "core/Objects.h"
+#include "data/Files.h"
 #include "data/Result.h"
 #include "data/Trimmed.h"
 #include "platform/WaveFile.h"
@@ -17,6 +19,7 @@
 #include "skin/SkinKeys.h"
 #include "skin/Sounds.h"
 #include "skin/TileSets.h"
+#include "support/TempFolder.h"
 
 namespace zorik {
 namespace {
@@ -111,6 +114,37 @@ TEST(PageForSkinMakers, TellsTheColumnsOfEveryTileSet) {
     const std::string name = Words(cells[0]).front();
     const QImage image(QString::fromStdString(ZORIK_SKINS "/Default/Game/" + name + ".bmp"));
     EXPECT_EQ(std::to_string(image.width() / kTileSize), cells[1].substr(0, 1)) << name;
+  }
+}
+
+TEST(PageForSkinMakers, TellsInWhichOrderAPictureOfACaveIsLookedFor) {
+  const std::vector<std::string> lines = Part("## Where a file is looked for");
+  const auto says = [&](const std::string& words) {
+    return std::any_of(lines.begin(), lines.end(),
+                       [&](const std::string& line) { return line.find(words) != std::string::npos; });
+  };
+  EXPECT_TRUE(says("every single file is looked for in the player's own first"));
+  EXPECT_TRUE(
+      says("`Game/SCHEME` of the skin, `Game` of the skin; the same of `Default`; `error.bmp` beside"));
+  EXPECT_TRUE(says("`.jpg` goes first, then `.bmp`, then `.gif`"));
+
+  const test::TempFolder temp("skinpage");
+  const SkinPlaces places{temp.Path() + "/own", "Granat", temp.Path() + "/shipped"};
+  std::vector<std::string> files;
+  for (const std::string skin : {"Granat", "Default"}) {
+    for (const std::string folder : {"Game/Hot", "Game"}) {
+      for (const std::string root : {"/own/", "/shipped/"}) {
+        const std::string path = temp.Path() + root + skin + "/" + folder;
+        std::filesystem::create_directories(path);
+        for (const std::string kind : {".jpg", ".bmp", ".gif"}) files.push_back(path + "/Gem" + kind);
+      }
+    }
+  }
+  files.push_back(temp.Path() + "/own/error.bmp");
+  for (const std::string& file : files) ASSERT_TRUE(WriteWhole(file, "picture"));
+  for (const std::string& file : files) {
+    EXPECT_EQ(GetSchPicPath(places, "Hot", "Gem"), file);
+    std::filesystem::remove(file);
   }
 }
 
