@@ -8,6 +8,7 @@
 #include <chrono>
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
 #include <string>
 
 namespace zorik {
@@ -15,7 +16,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// A home as it is after the first start: with a player, with the shipped collections.
+// A home as it is after the first start: with a player, with the shipped collections, in Czech.
 class Home {
  public:
   Home() {
@@ -23,6 +24,8 @@ class Home {
     folder_ = mkdtemp(pattern.data());
     fs::create_directories(folder_ / "Players" / "Zora");
     fs::copy(fs::path(ZORIK_GAME_FOLDER) / "Caves", folder_ / "Caves");
+    fs::create_directories(folder_ / "config" / "Ortvan");
+    std::ofstream(folder_ / "config" / "Ortvan" / "Zorik2.ini") << "[General]\nSkin=Default\n";
     setenv("ZORIK_HOME", folder_.c_str(), 1);
     setenv("XDG_CONFIG_HOME", (folder_ / "config").c_str(), 1);
     setenv("XDG_DATA_HOME", (folder_ / "data").c_str(), 1);

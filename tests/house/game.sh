@@ -49,6 +49,10 @@ if [[ $2 == headless ]]; then
   exit 0
 fi
 
+# Somebody who has played before is not asked for the language.
+mkdir -p "$XDG_CONFIG_HOME/Ortvan"
+printf '[General]\nSkin=Default\n' >"$XDG_CONFIG_HOME/Ortvan/Zorik2.ini"
+
 # The display keeps its picture in a file: black at first.
 mkdir "$scratch/screen"
 Xvfb -displayfd 3 -screen 0 1280x960x24 -fbdir "$scratch/screen" 3>"$scratch/display" 2>/dev/null &
