@@ -46,6 +46,16 @@ TEST_F(Carry, MakesTheSameRunARecordOfTheOtherCollection) {
   EXPECT_NE(verdict.out.find("counts=misnamed number=2"), std::string::npos) << verdict.out;
 }
 
+TEST_F(Carry, NamesThePlayerThatItIsTold) {
+  const auto carry = [this](const std::string& player) {
+    return Zktool({"carry", "--player", player, folder.In("own.zkr"), school, "2", folder.In("out.zkr")});
+  };
+  EXPECT_EQ(carry("Zor\xC3\xADk").exit, Exit::Fine);
+  const Told verdict = Zktool({"verify", folder.In("out.zkr")});
+  EXPECT_NE(verdict.out.find("player=\"Zor\xC3\xADk\""), std::string::npos) << verdict.out;
+  for (const char* none : {"", "\xE2\x98\x83", "a\tb"}) EXPECT_EQ(carry(none).exit, Exit::Usage) << none;
+}
+
 TEST_F(Carry, RefusesAnotherCave) {
   EXPECT_EQ(To("1").exit, Exit::BadCave);
   EXPECT_EQ(To("3").exit, Exit::BadCave);

@@ -1,7 +1,10 @@
+#include <algorithm>
+#include <optional>
 #include <string>
 
 #include "data/CaveO.h"
 #include "data/Collection.h"
+#include "data/Cp1250.h"
 #include "data/Files.h"
 #include "data/Lines.h"
 #include "data/RecordFile.h"
@@ -40,7 +43,17 @@ Needed<PlayedCollection> ReadTarget(const std::string& path) {
   return std::move(*collection);
 }
 
-Needed<std::string> Carried(const std::string& record, const PlayedCollection& collection, int number) {
+// The player to be named, in Windows-1250: that of the record if none is told.
+Needed<std::string> PlayerOf(const CommandLine& line, const RecordHead& head) {
+  if (!line.Has("--player")) return head.Player;
+  const std::optional<std::string> name = FromUtf8(line.Value("--player"));
+  if (!name || name->empty() || std::any_of(name->begin(), name->end(), IsControl))
+    return Refusal{{"--player: no name that a player can have"}, Exit::Usage};
+  return *name;
+}
+
+Needed<std::string> Carried(const std::string& record, const PlayedCollection& collection, int number,
+                            const CommandLine& line) {
   if (number < 1 || static_cast<std::size_t>(number) > collection.Caves.size())
     return Refusal{{"the collection has no cave with the number " + std::to_string(number)},
                    Exit::NoSuchCave};
@@ -50,8 +63,10 @@ Needed<std::string> Carried(const std::string& record, const PlayedCollection& c
   const Result<CaveRecord> own = ParseCaveText(head.CaveText);
   if (!own) return Refusal{{own.Message()}, Exit::BadCave};
   if (!AreSame(*own, cave.Record)) return Refusal{{"the record's cave is another one"}, Exit::BadCave};
+  const Needed<std::string> player = PlayerOf(line, head);
+  if (!player) return Refusal{player.Why()};
   Chance decoration;
-  std::string carried = BuildRecordHead(collection.Name, head.Score, head.Player, decoration) +
+  std::string carried = BuildRecordHead(collection.Name, head.Score, *player, decoration) +
                         ScrambleText(cave.Text, decoration) + "\r\n" + MovesOf(record);
   Hra hra;
   if (Judge(hra, carried).verdict != Verdict::Won) return Refusal{{"the record does not win"}, Exit::No};
@@ -67,7 +82,7 @@ Exit CarryCommand(const CommandLine& line, Console& console) {
   if (!number) return Fail(console, Exit::Usage, number.Message());
   const Needed<PlayedCollection> collection = ReadTarget(line.operands[1]);
   if (!collection) return Fail(console, collection.Why());
-  const Needed<std::string> carried = Carried(*record, *collection, *number);
+  const Needed<std::string> carried = Carried(*record, *collection, *number, line);
   if (!carried) return Fail(console, carried.Why());
   const Result<Done> written = WriteWhole(line.operands[3], *carried);
   return written ? Exit::Fine : Fail(console, Exit::CannotWrite, written.Message());

@@ -34,6 +34,7 @@ constexpr std::array<Option, 2> kReplayOptions{{{"--grid"}, {"--ticks", true}}};
 constexpr std::array<Option, 2> kVerifyOptions{{{"--json"}, {"--collection", true}}};
 constexpr std::array<Option, 1> kUnpackOptions{{{"--force"}}};
 constexpr std::array<Option, 2> kPackOptions{{{"--strict"}, {"--words", true}}};
+constexpr std::array<Option, 1> kCarryOptions{{{"--player", true}}};
 constexpr std::array<Option, 5> kSolveOptions{
     {{"--seconds", true}, {"--shorten", true}, {"--seed", true}, {"--jobs", true}, {"--record", true}}};
 
@@ -146,6 +147,8 @@ constexpr std::string_view kCarryDetails =
     R"(Writes the record anew as one of cave N of the collection, which must be the same cave but for its name and
 description, as it is when a collection is told in another language (pack --words). The moves, the player and
 the score stay. Nothing is written if the cave is another one or the record does not win.
+
+  --player NAME  put this player's name into the record
 )";
 
 constexpr std::string_view kProgressDetails =
@@ -233,10 +236,10 @@ constexpr std::array<Command, 13> kCommands{{
      FetchCommand},
     {"new", "small|large", "Prints the text of a new cave.", kNewDetails, {}, {1, 1}, NewCommand},
     {"carry",
-     "RECORD.zkr COLLECTION.zk N OUT.zkr",
+     "[--player NAME] RECORD.zkr COLLECTION.zk N OUT.zkr",
      "Makes a record one of the same cave in another collection.",
      kCarryDetails,
-     {},
+     kCarryOptions,
      {4, 4},
      CarryCommand},
     {"progress",
