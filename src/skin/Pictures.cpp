@@ -132,12 +132,12 @@ FileStamp StampOf(const std::string& path) {
           std::int64_t{status.st_size}, std::uint64_t{status.st_ino}};
 }
 
-QImage PictureCache::Read(const std::string& path, std::int64_t mostPixels) {
+QImage PictureCache::Keep(const std::string& path, const Reader& read) {
   const FileStamp stamp = StampOf(path);
   const auto found = kept_.find(path);
   if (found != kept_.end() && found->second.stamp == stamp) return found->second.image;
   if (stamp == FileStamp()) return {};
-  QImage image = ReadImage(path, mostPixels);
+  QImage image = read(path);
   if (found != kept_.end()) {
     bytes_ -= found->second.image.sizeInBytes();
     kept_.erase(found);
@@ -149,6 +149,10 @@ QImage PictureCache::Read(const std::string& path, std::int64_t mostPixels) {
   bytes_ += image.sizeInBytes();
   kept_.emplace(path, Kept{stamp, image});
   return image;
+}
+
+QImage PictureCache::Read(const std::string& path, std::int64_t mostPixels) {
+  return Keep(path, [mostPixels](const std::string& file) { return ReadImage(file, mostPixels); });
 }
 
 QImage PictureCache::Load(const SkinPlaces& places, const std::string& path, std::int64_t mostPixels) {

@@ -2,6 +2,7 @@
 
 #include <QImage>
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <optional>
 #include <set>
@@ -80,6 +81,10 @@ class PictureCache {
   // The picture of a file, 32 bits a pixel. One that cannot be read gives error.bmp, and without that a tile
   // of magenta.
   QImage Load(const SkinPlaces& places, const std::string& path, std::int64_t mostPixels = kMostPixels);
+
+  // What a reader makes of a file; empty for one that is not there.
+  using Reader = std::function<QImage(const std::string& path)>;
+  QImage Keep(const std::string& path, const Reader& read);
 
  private:
   struct Kept {

@@ -42,7 +42,7 @@ ApplyOutcome Skin::Apply(const SkinPlaces& places) {
   }
   places_ = places;
   data_ = std::move(data);
-  pictures_.clear();
+  pictures_ = {};
   givenUp_.clear();
   const auto retry = [this](const std::string& name) { return AskRetry(QuestionOfFile(name)); };
   if (!LoadLanguage(places_, texts_, retry)) flaws.push_back({SkinFlaw::Kind::ShortLanguage, {}, {}});
@@ -83,18 +83,11 @@ QImage Skin::Picture(std::string_view key) {
   return name.empty() ? QImage() : MenuPicture(name);
 }
 
-QImage Skin::ReadKept(const std::string& path) {
-  const FileStamp stamp = StampOf(path);
-  const auto kept = pictures_.find(path);
-  if (kept != pictures_.end() && kept->second.stamp == stamp) return kept->second.image;
-  return pictures_.insert_or_assign(path, Kept{stamp, ReadPicture(path)}).first->second.image;
-}
-
 QImage Skin::MenuPicture(const std::string& name) {
   if (places_.SkinsPath.empty()) return QImage();
   QImage picture;
   const auto usable = [&](const std::string& path) {
-    picture = ReadKept(path);
+    picture = pictures_.Keep(path, ReadPicture);
     return !picture.isNull();
   };
   const auto retry = [&](const std::string& searched) {

@@ -4,7 +4,6 @@
 #include <QImage>
 #include <QString>
 #include <functional>
-#include <map>
 #include <set>
 #include <string>
 #include <string_view>
@@ -78,19 +77,13 @@ class Skin {
   QImage MenuPicture(const std::string& name);
 
  private:
-  struct Kept {
-    FileStamp stamp;
-    QImage image;
-  };
-
   bool AskRetry(const std::string& question);
-  QImage ReadKept(const std::string& path);
 
   SkinPlaces places_;
   SkinData data_;
   Texts texts_;
-  std::map<std::string, Kept> pictures_;  // by path
-  std::set<std::string> givenUp_;         // names that the player was asked for in vain
+  PictureCache pictures_;
+  std::set<std::string> givenUp_;  // names that the player was asked for in vain
   Question retry_;
   bool asking_ = false;
 };
