@@ -293,8 +293,8 @@ void HraWindow::CaveOpens() {
   sounds_.SetSound(settings_.Sound);
   sounds_.SetLoops(settings_.Loops);
   sounds_.SetVolume(settings_.Volume);
-  // Where sound cannot be opened the program has ended at its start.
-  Disregard(sounds_.InicializaceZvuku(skin_.Places()));
+  const Result<Done> loaded = sounds_.InicializaceZvuku(skin_.Places());
+  if (!loaded) emit NoSound(QString::fromStdString(loaded.Message()));
   ShowDecoration();
   topBar_->HideUnits();
   // The view toggle starts as whether this is a replay; in play the view scrolls whatever it says.
