@@ -155,7 +155,8 @@ void HraWindow::AfterTick(TickEnd end) {
 
 void HraWindow::PresentView() {
   if (hra_.CaveWidth == 0) return;
-  ram_->Show(painter_.Compose(hra_, ram_->PixelSize()));
+  const QImage& picture = painter_.Compose(hra_, ram_->PixelSize());
+  ram_->ShowChanges(picture, painter_.Changed());
   if (std::exchange(flash_, false)) ShowFlash();
 }
 
