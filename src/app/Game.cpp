@@ -10,6 +10,8 @@
 #include "core/Hra.h"
 #include "data/Result.h"
 #include "editors/FrmCat.h"
+#include "editors/FrmMain.h"
+#include "editors/FrmSada.h"
 #include "platform/PathText.h"
 #include "screens/CavesOffer.h"
 #include "screens/DesktopServices.h"
@@ -20,12 +22,7 @@
 #include "skin/ToQString.h"
 
 namespace zorik {
-namespace {
 
-constexpr auto kOnceAndLater =
-    static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection);
-
-}  // namespace
 Game::Game(const Paths& paths, const Settings& settings, Inbox& inbox)
     : paths_(paths),
       settings_(settings),
@@ -36,10 +33,6 @@ Game::Game(const Paths& paths, const Settings& settings, Inbox& inbox)
       keeper_(skin_, flow_),
       frmPoSt_(skin_, flow_),
       frmAnalyze_(skin_, &frmPoSt_),
-      frmSada_(skin_, paths_, flow_.Sada()),
-      frmMain_(
-          skin_, [this](const std::string& script) { return FrmCat(skin_, &frmMain_).Edit(script); },
-          std::random_device()()),
       winFlow_(flow_, frmPoSt_, frmAnalyze_, keeper_),
       files_(skin_, ScreensForFiles()),
       inbox_(inbox) {
@@ -61,9 +54,7 @@ void Game::Begin(bool firstStart) {
   if (firstStart) AskLanguage();
   OfferCaves(skin_, paths_);
   frmStart2_.SetPaths(paths_);
-  frmSada_.SetPaths(paths_);
   frmStart2_.FrmLoad();
-  connect(&frmStart2_, &FrmStart2::Painted, this, &Game::OpenSound, kOnceAndLater);
   inbox_.Deliver([this](const QString& path) { CameFromOutside(path); });
   const QString first = TakeFileFromStart();
   if (!first.isEmpty())
@@ -71,11 +62,9 @@ void Game::Begin(bool firstStart) {
         this, [this, first] { files_.Add(first); }, Qt::QueuedConnection);
 }
 
-// The way to the sound card can be long, so the start screen goes before.
-void Game::OpenSound() {
-  const Result<Done> opened = sound_.DSInit();
-  if (opened) return;
-  zorik::Tell(nullptr, kProgramTitle, QString::fromStdString(opened.Message()));
+// Sound is opened when the first cave is, for the way to the sound card can be long.
+void Game::EndWithoutSound(const QString& why) {
+  zorik::Tell(nullptr, kProgramTitle, why);
   QCoreApplication::exit(EXIT_FAILURE);
 }
 
@@ -115,6 +104,7 @@ ApplyOutcome Game::ApplyBehindNotice(const SkinPlaces& places) {
 
 void Game::ConnectScreens() {
   connect(&frmStart2_, &FrmStart2::OpenCollection, this, &Game::OpenCollection);
+  connect(&frmStart2_, &FrmStart2::EditCollection, this, &Game::EditCollection);
   connect(&frmStart2_, &FrmStart2::PlayRecord, this, &Game::PlayRecordFile);
   connect(&frmStart2_, &FrmStart2::SkinChanged, this, &Game::ReSkin);
   connect(&frmStart2_, &FrmStart2::Quit, this, &Game::EndProgram);
@@ -124,6 +114,7 @@ void Game::ConnectScreens() {
   connect(&frmPoSt_, &FrmPoSt::Back, this, &Game::ShowStart);
   connect(&frmPoSt_, &FrmPoSt::HelpWanted, this,
           [this] { OpenFileOrTell(skin_, &frmPoSt_, HelpPage(paths_, skin_, "help.html")); });
+  connect(&hra_, &HraWindow::NoSound, this, &Game::EndWithoutSound, Qt::QueuedConnection);
   connect(&hra_, &HraWindow::RunWon, &winFlow_, &WinFlow::RunWon);
   connect(&hra_, &HraWindow::EndRequested, this, &Game::EndGame);
   connect(&hra_, &HraWindow::OtherKey, this, [this](int key) {
@@ -133,22 +124,28 @@ void Game::ConnectScreens() {
   connect(&winFlow_, &WinFlow::HideGame, &hra_, &QWidget::hide);
   connect(&winFlow_, &WinFlow::ShowStart, this, &Game::ShowStart);
   connect(&winFlow_, &WinFlow::ShowEditor, this, &Game::ShowEditor);
-  ConnectEditors();
 }
 
-void Game::ConnectEditors() {
-  connect(&frmStart2_, &FrmStart2::EditCollection, this, [this](const QString& path, const QString& player) {
-    flow_.BeginEditing(PathBytes(player));
-    frmSada_.Open(path);
-    frmStart2_.hide();
-  });
-  connect(&frmSada_, &FrmSada::EditCave, this, &Game::EditCave);
-  connect(&frmSada_, &FrmSada::Closed, this, [this] {
+FrmSada& Game::CollectionEditor() {
+  if (frmSada_) return *frmSada_;
+  frmSada_ = std::make_unique<FrmSada>(skin_, paths_, flow_.Sada());
+  connect(frmSada_.get(), &FrmSada::EditCave, this, &Game::EditCave);
+  connect(frmSada_.get(), &FrmSada::Closed, this, [this] {
     ShowStart();
     frmStart2_.SelectFile(PathText(flow_.Sada().FileName()));
   });
-  connect(&frmMain_, &FrmMain::Done, &frmSada_, &FrmSada::CaveDone);
-  connect(&frmMain_, &FrmMain::TestRun, this, &Game::TestRun);
+  return *frmSada_;
+}
+
+FrmMain& Game::CaveEditor() {
+  if (frmMain_) return *frmMain_;
+  const auto editCat = [this](const std::string& script) {
+    return FrmCat(skin_, frmMain_.get()).Edit(script);
+  };
+  frmMain_ = std::make_unique<FrmMain>(skin_, editCat, std::random_device()());
+  connect(frmMain_.get(), &FrmMain::Done, &CollectionEditor(), &FrmSada::CaveDone);
+  connect(frmMain_.get(), &FrmMain::TestRun, this, &Game::TestRun);
+  return *frmMain_;
 }
 
 // The ways between the screens
@@ -238,24 +235,30 @@ void Game::ReplayWith(const std::function<Result<Done>()>& step, QWidget& from, 
   });
 }
 
+void Game::EditCollection(const QString& path, const QString& player) {
+  flow_.BeginEditing(PathBytes(player));
+  CollectionEditor().Open(path);
+  frmStart2_.hide();
+}
+
 // A cave that cannot be edited, or is not to be changed by that, stays as it is.
 void Game::EditCave(const std::string& caveText) {
-  const FrmMain::Start start = frmMain_.Edit(caveText);
+  const FrmMain::Start start = CaveEditor().Edit(caveText);
   if (start == FrmMain::Start::Editing) return;
-  frmSada_.CaveDone(caveText);
+  frmSada_->CaveDone(caveText);
   if (start == FrmMain::Start::Unreadable)
-    zorik::Tell(skin_, &frmSada_, skin_.Text(TextId::Program), kNoCaveWords.In(skin_));
+    zorik::Tell(skin_, frmSada_.get(), skin_.Text(TextId::Program), kNoCaveWords.In(skin_));
 }
 
 // A test run plays for the player of the start screen, or for nobody, who has no name.
 void Game::TestRun(const std::string& caveText) {
   if (Begun([&] { return flow_.TestRun(caveText); })) return;
   ShowEditor();
-  zorik::Tell(skin_, &frmMain_, skin_.Text(TextId::Program), kNoCaveWords.In(skin_));
+  zorik::Tell(skin_, frmMain_.get(), skin_.Text(TextId::Program), kNoCaveWords.In(skin_));
 }
 
 void Game::ShowEditor() {
-  frmMain_.ComeBack();
+  frmMain_->ComeBack();
   hra_.hide();
 }
 
@@ -305,8 +308,8 @@ OnScreen Game::WhatShows() const {
   screen.Hidden = hra_.Hidden().isVisible();
   screen.Box = QApplication::activeModalWidget() != nullptr || QApplication::activePopupWidget() != nullptr;
   screen.Score = flow_.Busy();
-  screen.Editors =
-      frmSada_.isVisible() || frmMain_.isVisible() || (hra_.isVisible() && flow_.Kind() == RunKind::Test);
+  const bool editing = (frmSada_ && frmSada_->isVisible()) || (frmMain_ && frmMain_->isVisible());
+  screen.Editors = editing || (hra_.isVisible() && flow_.Kind() == RunKind::Test);
   screen.Run = hra_.isVisible();
   return screen;
 }
@@ -344,8 +347,8 @@ void Game::ShowUp() {
 }
 
 void Game::ReSkin() {
-  frmSada_.SetLWEd();
-  frmMain_.SetLW();
+  if (frmSada_) frmSada_->SetLWEd();
+  if (frmMain_) frmMain_->SetLW();
 }
 
 void Game::EndProgram() {

@@ -3,11 +3,10 @@
 #include <QObject>
 #include <QString>
 #include <functional>
+#include <memory>
 #include <string>
 
 #include "app/OutsideFiles.h"
-#include "editors/FrmMain.h"
-#include "editors/FrmSada.h"
 #include "flow/Flow.h"
 #include "platform/DSound.h"
 #include "platform/Inbox.h"
@@ -25,8 +24,11 @@
 
 namespace zorik {
 
-// The program as a whole: all long-lived screens, which are made once, and the ways between them. One screen
-// shows at a time; each keeps its own state while it is hidden.
+class FrmMain;
+class FrmSada;
+
+// The program as a whole: all long-lived screens, which are made once, the editors when they open first, and
+// the ways between them. One screen shows at a time; each keeps its own state while it is hidden.
 class Game : public QObject {
   Q_OBJECT
 
@@ -43,12 +45,14 @@ class Game : public QObject {
   bool eventFilter(QObject* object, QEvent* event) override;
 
  private:
-  void OpenSound();
+  void EndWithoutSound(const QString& why);
   void ApplyStoredSkin();
   void AskLanguage();
   ApplyOutcome ApplyBehindNotice(const SkinPlaces& places);
   void ConnectScreens();
-  void ConnectEditors();
+  FrmSada& CollectionEditor();
+  FrmMain& CaveEditor();
+  void EditCollection(const QString& path, const QString& player);
   void ShowStart();
   void ShowPoSt();
   void ShowGame();
@@ -85,8 +89,8 @@ class Game : public QObject {
   RecordKeeper keeper_;
   FrmPoSt frmPoSt_;
   FrmAnalyze frmAnalyze_;
-  FrmSada frmSada_;
-  FrmMain frmMain_;
+  std::unique_ptr<FrmSada> frmSada_;  // from the first editing on
+  std::unique_ptr<FrmMain> frmMain_;  // likewise, of a cave
   WinFlow winFlow_;
   OutsideFiles files_;
   Inbox& inbox_;

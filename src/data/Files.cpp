@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <charconv>
@@ -155,27 +156,29 @@ bool Exists(const std::string& path) {
   return lstat(path.c_str(), &status) == 0;
 }
 
-// A name without what plays no part in looking for it: letter case, and control characters, which older games
-// left in the names of records.
-std::string Sought(std::string_view name) {
-  return WithoutControls(FoldFileName(name));
-}
-
 // The entry of a folder that has this name when letter case is disregarded.
 std::optional<std::string> FindEntry(const std::string& folder, std::string_view name) {
-  const std::string wanted = Sought(name);
+  const std::string wanted = SoughtName(name);
   std::optional<std::string> found;
   std::error_code error;
   fs::directory_iterator entry(folder.empty() ? "." : folder, error);
   for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
     std::string candidate = entry->path().filename().string();
-    if (Sought(candidate) == wanted && (!found || candidate < *found)) found = std::move(candidate);
+    if (SoughtName(candidate) == wanted && (!found || candidate < *found)) found = std::move(candidate);
   }
   return found;
 }
 
+// How many bytes a file says to have, as far as it may be read; none of what is no file.
+std::size_t SizeOf(int file) {
+  struct stat status = {};
+  if (fstat(file, &status) != 0 || !S_ISREG(status.st_mode)) return 0;
+  return std::min(static_cast<std::size_t>(status.st_size), kLargestFile);
+}
+
 Result<std::string> ReadToEnd(const Descriptor& file, const std::string& path) {
   std::string bytes;
+  bytes.reserve(SizeOf(file.number()));
   std::array<char, 65536> piece;
   for (;;) {
     const ssize_t count = read(file.number(), piece.data(), piece.size());
@@ -185,6 +188,21 @@ Result<std::string> ReadToEnd(const Descriptor& file, const std::string& path) {
     bytes.append(piece.data(), static_cast<std::size_t>(count));
     if (bytes.size() > kLargestFile) return Failure{"cannot read " + path + ": the file is too large"};
   }
+}
+
+// Fills a buffer from this place of a file on, as far as that goes, and answers how far.
+Result<std::size_t> ReadPiece(const Descriptor& file, const std::string& path, std::size_t from,
+                              std::span<char> buffer) {
+  std::size_t length = 0;
+  while (length < buffer.size()) {
+    const ssize_t count = pread(file.number(), buffer.data() + length, buffer.size() - length,
+                                static_cast<off_t>(from + length));
+    if (count < 0 && errno == EINTR) continue;
+    if (count < 0) return SystemFailure("read", path);
+    if (count == 0) break;
+    length += static_cast<std::size_t>(count);
+  }
+  return length;
 }
 
 bool IsRegular(int file) {
@@ -239,6 +257,29 @@ Result<std::string> ReadWhole(const std::string& path) {
   return ReadToEnd(file, path);
 }
 
+Result<std::string> ReadStart(const std::string& path, std::size_t most) {
+  const Descriptor file = OpenAtOnce(path);
+  if (!file.IsOpen()) return SystemFailure("read", path);
+  if (!IsRegular(file.number())) return NoFile("read", path);
+  std::string bytes(most, '\0');
+  const Result<std::size_t> length = ReadPiece(file, path, 0, bytes);
+  if (!length) return Failure{length.Message()};
+  bytes.resize(*length);
+  return bytes;
+}
+
+Result<Done> ReadRest(const std::string& path, std::size_t from, std::span<char> buffer) {
+  const Descriptor file = OpenAtOnce(path);
+  if (!file.IsOpen()) return SystemFailure("read", path);
+  if (!IsRegular(file.number())) return NoFile("read", path);
+  if (SizeOf(file.number()) != from + buffer.size())
+    return Failure{"cannot read " + path + ": the file has another size"};
+  const Result<std::size_t> length = ReadPiece(file, path, from, buffer);
+  if (!length) return Failure{length.Message()};
+  if (*length != buffer.size()) return Failure{"cannot read " + path + ": the file has become shorter"};
+  return Done{};
+}
+
 Result<std::string> ReadStream(const std::string& path) {
   const Descriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC));
   if (!file.IsOpen()) return SystemFailure("read", path);
@@ -282,6 +323,10 @@ std::string FileSystemName(std::string_view name) {
   if (held == "." || held == "..") return std::string(held.size(), '_');
   const std::string utf8 = ToUtf8(held);
   return utf8.size() > kLongestName ? Shortened(utf8) : utf8;
+}
+
+std::string SoughtName(std::string_view name) {
+  return WithoutControls(FoldFileName(name));
 }
 
 std::string ResolvePath(std::string_view path) {

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -14,7 +16,13 @@ namespace zorik {
 // of this game. Never waits for somebody else.
 Result<std::string> ReadWhole(const std::string& path);
 
-// The same for what a command line names, which may be a pipe.
+// The first bytes of a file, so many if it has them.
+Result<std::string> ReadStart(const std::string& path, std::size_t most);
+
+// Fills a buffer with the bytes of a file from this place on. Fails when the file has not exactly so many.
+Result<Done> ReadRest(const std::string& path, std::size_t from, std::span<char> buffer);
+
+// The same as ReadWhole for what a command line names, which may be a pipe.
 Result<std::string> ReadStream(const std::string& path);
 
 // Whether ReadWhole can open it.
@@ -34,6 +42,10 @@ std::optional<int> WriterOf(std::string_view name);
 // underscores, and a name too long for the file system keeps its beginning and its extension and gets a hash
 // in between, which letter case does not change.
 std::string FileSystemName(std::string_view name);
+
+// A name without what plays no part in looking for it: letter case, and control characters, which older games
+// left in the names of records.
+std::string SoughtName(std::string_view name);
 
 // Finds a path whose letter case, or whose separators ("/" or "\"), may differ from those on the disk. Each
 // component is looked for as it stands and then without regard to case and control characters (of several the

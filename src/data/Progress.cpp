@@ -42,8 +42,12 @@ bool IsBonus(const PlayedCollection& collection, std::size_t number) {
 }  // namespace
 
 RecordSource RecordsInFolder(std::string folder) {
-  return [folder = std::move(folder)](const std::string& name) -> std::optional<std::string> {
-    Result<std::string> bytes = ReadWhole(ResolvePath(folder + "/" + FileSystemName(name)));
+  return RecordsInFolder(std::make_shared<FolderNames>(std::move(folder)));
+}
+
+RecordSource RecordsInFolder(std::shared_ptr<FolderNames> names) {
+  return [names = std::move(names)](const std::string& name) -> std::optional<std::string> {
+    Result<std::string> bytes = ReadWhole(names->PathOf(FileSystemName(name)));
     if (!bytes) return std::nullopt;
     return std::move(*bytes);
   };

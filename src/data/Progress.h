@@ -3,11 +3,13 @@
 #include <array>
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 
 #include "data/Collection.h"
+#include "data/FolderNames.h"
 
 namespace zorik {
 
@@ -34,6 +36,7 @@ using RecordSource = std::function<std::optional<std::string>(const std::string&
 
 // The records in a player's folder (a UTF-8 path). A file that cannot be read counts as missing.
 RecordSource RecordsInFolder(std::string folder);
+RecordSource RecordsInFolder(std::shared_ptr<FolderNames> names);
 
 // Works out a player's progress from nothing but the player's record files. A record counts when the cave in
 // it equals the collection's up to the marker; it opens the next cave, whoever made it. Bonus caves that are

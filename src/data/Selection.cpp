@@ -35,7 +35,17 @@ Selection::Selection(PlayedCollection collection, std::string player, std::strin
     : collection_(std::move(collection)),
       player_(std::move(player)),
       playerFolder_(std::move(playerFolder)),
-      progress_(Stored()) {}
+      files_(std::make_shared<FolderNames>(playerFolder_)),
+      progress_(Stored()) {
+  NameFiles();
+}
+
+void Selection::NameFiles() {
+  for (const PlayedCave& cave : collection_.Caves) {
+    fileNames_.push_back(FileSystemName(RecordFileName(collection_.Name, cave.Record.Name)));
+    foldedNames_.push_back(FoldFileName(fileNames_.back()));
+  }
+}
 
 void Selection::Select(int number) {
   if (IsCave(number)) selected_ = number;
@@ -78,8 +88,7 @@ std::string Selection::RecordName() const {
 }
 
 std::string Selection::RecordPath(int number) const {
-  const std::string name = RecordFileName(collection_.Name, Cave(number).Record.Name);
-  return ResolvePath(playerFolder_ + "/" + FileSystemName(name));
+  return files_->PathOf(fileNames_[Index(number) - 1]);
 }
 
 RecordSlot Selection::Slot(int number) const {
@@ -88,12 +97,10 @@ RecordSlot Selection::Slot(int number) const {
                   Cave(number).Record.Name,
                   std::string(WithoutMarker(Cave(number).Text)),
                   {}};
-  const auto fileName = [this](int cave) {
-    return FoldFileName(FileSystemName(RecordFileName(collection_.Name, Cave(cave).Record.Name)));
-  };
   for (int other = 1; other <= CaveCount(); ++other) {
-    const std::string text(WithoutMarker(Cave(other).Text));
-    if (text != slot.CaveText && fileName(other) == fileName(number)) slot.OtherCaves.push_back(text);
+    if (foldedNames_[Index(other) - 1] != foldedNames_[Index(number) - 1]) continue;
+    const std::string_view text = WithoutMarker(Cave(other).Text);
+    if (text != slot.CaveText) slot.OtherCaves.emplace_back(text);
   }
   return slot;
 }

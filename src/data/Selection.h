@@ -1,8 +1,11 @@
 #pragma once
 
+#include <memory>
 #include <string>
+#include <vector>
 
 #include "data/Collection.h"
+#include "data/FolderNames.h"
 #include "data/Progress.h"
 #include "data/RecordSlot.h"
 #include "data/ResultFwd.h"
@@ -67,13 +70,17 @@ class Selection {
   bool IsCave(int number) const { return number >= 1 && number <= CaveCount(); }
   std::string RecordPath(int number) const;
   void Solve(int number, int score);
+  void NameFiles();
 
   // What the records on the disk say by now.
-  Progress Stored() const { return ReadProgress(collection_, player_, RecordsInFolder(playerFolder_)); }
+  Progress Stored() const { return ReadProgress(collection_, player_, RecordsInFolder(files_)); }
 
   PlayedCollection collection_;
   std::string player_;
   std::string playerFolder_;
+  std::shared_ptr<FolderNames> files_;  // in there
+  // Of the file of each cave's record, cave 1 first: its name, and the same without regard to letter case.
+  std::vector<std::string> fileNames_, foldedNames_;
   Progress progress_;
   int selected_ = 1;
 };

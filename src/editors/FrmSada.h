@@ -24,9 +24,6 @@ class FrmSada : public QMainWindow {
  public:
   FrmSada(Skin& skin, const Paths& paths, SadaModel& sada);
 
-  // For folders that have come since the editor was made.
-  void SetPaths(const Paths& paths) { paths_ = paths; }
-
   // Opens a collection, or a new one for an empty path, and shows the window in the skin's words. A file that
   // cannot be opened gives a message and a new collection.
   void Open(const QString& path);

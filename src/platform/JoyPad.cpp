@@ -1,8 +1,8 @@
 #include "platform/JoyPad.h"
 
-#include <SDL.h>
-
 #include <array>
+
+#include "platform/Sdl.h"
 
 namespace zorik {
 namespace {
@@ -39,12 +39,12 @@ JoyInfo InfoOf(const Raw& raw) {
   return info;
 }
 
-Raw ReadAll(SDL_Joystick* joystick) {
+Raw ReadAll(const Sdl& sdl, SDL_Joystick* joystick) {
   Raw raw;
-  raw.axes = {SDL_JoystickGetAxis(joystick, 0), SDL_JoystickGetAxis(joystick, 1)};
-  if (SDL_JoystickNumHats(joystick) > 0) raw.hat = SDL_JoystickGetHat(joystick, 0);
-  for (int i = 0; i < kButtons && i < SDL_JoystickNumButtons(joystick); ++i)
-    raw.Press(i, SDL_JoystickGetButton(joystick, i) != 0);
+  raw.axes = {sdl.JoystickGetAxis(joystick, 0), sdl.JoystickGetAxis(joystick, 1)};
+  if (sdl.JoystickNumHats(joystick) > 0) raw.hat = sdl.JoystickGetHat(joystick, 0);
+  for (int i = 0; i < kButtons && i < sdl.JoystickNumButtons(joystick); ++i)
+    raw.Press(i, sdl.JoystickGetButton(joystick, i) != 0);
   return raw;
 }
 
@@ -70,52 +70,55 @@ void Follow(const SDL_Event& event, SDL_JoystickID pad, Raw& raw) {
 }  // namespace
 
 struct JoyPad::Device {
+  const Sdl* sdl = FindSdl();  // null: there is none, or it knows no pads
   SDL_Joystick* joystick = nullptr;
-  bool ready = false;
   Raw raw;
 
   void Close() {
-    if (joystick != nullptr) SDL_JoystickClose(joystick);
+    if (joystick != nullptr) sdl->JoystickClose(joystick);
     joystick = nullptr;
   }
 };
 
 JoyPad::JoyPad() : device_(std::make_unique<Device>()) {
-  SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
-  SDL_SetHint(SDL_HINT_JOYSTICK_ALLOW_BACKGROUND_EVENTS, "1");
-  device_->ready = SDL_InitSubSystem(SDL_INIT_JOYSTICK) == 0;
+  const Sdl*& sdl = device_->sdl;
+  if (sdl == nullptr) return;
+  sdl->SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
+  sdl->SetHint(SDL_HINT_JOYSTICK_ALLOW_BACKGROUND_EVENTS, "1");
+  if (sdl->InitSubSystem(SDL_INIT_JOYSTICK) != 0) sdl = nullptr;
   Listen();
 }
 
 JoyPad::~JoyPad() {
   device_->Close();
-  if (device_->ready) SDL_QuitSubSystem(SDL_INIT_JOYSTICK);
+  if (device_->sdl != nullptr) device_->sdl->QuitSubSystem(SDL_INIT_JOYSTICK);
 }
 
 // The pad's events tell what was pushed and let go again since the last time. False without a pad.
 bool JoyPad::Listen() {
-  if (!device_->ready) return false;
-  SDL_JoystickUpdate();
-  if (device_->joystick != nullptr && SDL_JoystickGetAttached(device_->joystick) == SDL_FALSE)
+  if (device_->sdl == nullptr) return false;
+  const Sdl& sdl = *device_->sdl;
+  sdl.JoystickUpdate();
+  if (device_->joystick != nullptr && sdl.JoystickGetAttached(device_->joystick) == SDL_FALSE)
     device_->Close();
   if (device_->joystick == nullptr) {
-    if (SDL_NumJoysticks() < 1) return false;
-    device_->joystick = SDL_JoystickOpen(0);
+    if (sdl.NumJoysticks() < 1) return false;
+    device_->joystick = sdl.JoystickOpen(0);
     if (device_->joystick == nullptr) return false;
-    SDL_FlushEvents(SDL_JOYAXISMOTION, SDL_JOYDEVICEREMOVED);
-    Raw centre = ReadAll(device_->joystick);
+    sdl.FlushEvents(SDL_JOYAXISMOTION, SDL_JOYDEVICEREMOVED);
+    Raw centre = ReadAll(sdl, device_->joystick);
     device_->raw = centre;
     centre.hat = SDL_HAT_CENTERED;  // a hat that is pushed by now is no centre
     stick_ = JoyStick();
     stick_.JoyInit(InfoOf(centre));
   }
-  const SDL_JoystickID pad = SDL_JoystickInstanceID(device_->joystick);
+  const SDL_JoystickID pad = sdl.JoystickInstanceID(device_->joystick);
   SDL_Event event;
-  while (SDL_PeepEvents(&event, 1, SDL_GETEVENT, SDL_JOYAXISMOTION, SDL_JOYDEVICEREMOVED) == 1) {
+  while (sdl.PeepEvents(&event, 1, SDL_GETEVENT, SDL_JOYAXISMOTION, SDL_JOYDEVICEREMOVED) == 1) {
     Follow(event, pad, device_->raw);
     stick_.Read(InfoOf(device_->raw));
   }
-  device_->raw = ReadAll(device_->joystick);
+  device_->raw = ReadAll(sdl, device_->joystick);
   stick_.Read(InfoOf(device_->raw));
   return true;
 }

@@ -1,10 +1,9 @@
 #include "platform/SoundDevice.h"
 
-#include <SDL.h>
-
 #include <algorithm>
 #include <span>
 
+#include "platform/Sdl.h"
 #include "platform/WaveFile.h"
 
 namespace zorik {
@@ -19,15 +18,17 @@ SoundDevice::~SoundDevice() {
   if (!chosen_) return;
   watch_.request_stop();
   watch_.join();
-  if (device_ != 0) SDL_CloseAudioDevice(device_);
-  SDL_QuitSubSystem(SDL_INIT_AUDIO);
+  if (device_ != 0) sdl_->CloseAudioDevice(device_);
+  sdl_->QuitSubSystem(SDL_INIT_AUDIO);
 }
 
 bool SoundDevice::Choose(const std::vector<std::string>& drivers) {
   if (chosen_) return true;
-  SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
-  SDL_SetHint(SDL_HINT_AUDIO_DEVICE_APP_NAME, "Zorík");
-  SDL_SetHint(SDL_HINT_AUDIO_DEVICE_STREAM_ROLE, "game");
+  sdl_ = FindSdl();
+  if (sdl_ == nullptr) return false;
+  sdl_->SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
+  sdl_->SetHint(SDL_HINT_AUDIO_DEVICE_APP_NAME, "Zorík");
+  sdl_->SetHint(SDL_HINT_AUDIO_DEVICE_STREAM_ROLE, "game");
   chosen_ =
       std::any_of(drivers.begin(), drivers.end(), [this](const auto& name) { return OpenDriver(name); });
   if (chosen_) watch_ = std::jthread([this](const std::stop_token& end) { Watch(end); });
@@ -35,12 +36,12 @@ bool SoundDevice::Choose(const std::vector<std::string>& drivers) {
 }
 
 bool SoundDevice::OpenDriver(const std::string& name) {
-  if (!name.empty()) SDL_SetHintWithPriority(SDL_HINT_AUDIODRIVER, name.c_str(), SDL_HINT_OVERRIDE);
-  const bool begun = SDL_InitSubSystem(SDL_INIT_AUDIO) == 0;
-  if (!name.empty()) SDL_ResetHint(SDL_HINT_AUDIODRIVER);
+  if (!name.empty()) sdl_->SetHintWithPriority(SDL_HINT_AUDIODRIVER, name.c_str(), SDL_HINT_OVERRIDE);
+  const bool begun = sdl_->InitSubSystem(SDL_INIT_AUDIO) == 0;
+  if (!name.empty()) sdl_->ResetHint(SDL_HINT_AUDIODRIVER);
   if (!begun) return false;
   device_ = OpenDevice();
-  if (device_ == 0) SDL_QuitSubSystem(SDL_INIT_AUDIO);
+  if (device_ == 0) sdl_->QuitSubSystem(SDL_INIT_AUDIO);
   return device_ != 0;
 }
 
@@ -52,13 +53,13 @@ std::uint32_t SoundDevice::OpenDevice() {
   wanted.samples = kBuffer;
   wanted.callback = &Fill;
   wanted.userdata = this;
-  const SDL_AudioDeviceID device = SDL_OpenAudioDevice(nullptr, 0, &wanted, nullptr, 0);
-  if (device != 0) SDL_PauseAudioDevice(device, 0);
+  const SDL_AudioDeviceID device = sdl_->OpenAudioDevice(nullptr, 0, &wanted, nullptr, 0);
+  if (device != 0) sdl_->PauseAudioDevice(device, 0);
   return device;
 }
 
 std::string SoundDevice::Driver() const {
-  const char* const name = chosen_ ? SDL_GetCurrentAudioDriver() : nullptr;
+  const char* const name = chosen_ ? sdl_->GetCurrentAudioDriver() : nullptr;
   return name == nullptr ? "" : name;
 }
 
@@ -100,7 +101,7 @@ void SoundDevice::Wake(std::unique_lock<std::mutex>& lock) {
 void SoundDevice::Rest(std::unique_lock<std::mutex>& lock) {
   resting_ = true;
   lock.unlock();
-  SDL_CloseAudioDevice(device_);
+  sdl_->CloseAudioDevice(device_);
   lock.lock();
   device_ = 0;
   resting_ = false;

@@ -11,6 +11,8 @@
 
 namespace zorik {
 
+struct Sdl;
+
 // What the mixer plays on. After two seconds in which nothing sounds the device is closed, so that silence
 // costs nothing; the next sound opens it again. A thread of its own does both, for some systems take their
 // time. There is one of these at a time.
@@ -48,6 +50,7 @@ class SoundDevice {
   void Wake(std::unique_lock<std::mutex>& lock);
   void Rest(std::unique_lock<std::mutex>& lock);
 
+  const Sdl* sdl_ = nullptr;  // from the choice on
   bool chosen_ = false;
   std::mutex mutex_;  // of all below
   std::condition_variable_any change_;

@@ -1,7 +1,5 @@
 #include "platform/WaveFile.h"
 
-#include <SDL.h>
-
 #include <algorithm>
 #include <cstddef>
 #include <cstring>
@@ -12,6 +10,7 @@
 
 #include "data/Files.h"
 #include "data/Result.h"
+#include "platform/Sdl.h"
 
 namespace zorik {
 namespace {
@@ -22,16 +21,18 @@ struct Wave {
   WaveState state = WaveState::Broken;
   std::string fault;  // what is the matter with it
   SDL_AudioSpec spec{};
-  std::unique_ptr<Uint8, decltype(&SDL_FreeWAV)> bytes{nullptr, &SDL_FreeWAV};
+  std::unique_ptr<Uint8, decltype(Sdl::FreeWAV)> bytes{nullptr, nullptr};
   Uint32 size = 0;
 };
 
 Wave Decode(const std::string& file) {
   Wave wave;
+  const Sdl* const sdl = FindSdl();
+  if (sdl == nullptr) return wave;
   Uint8* bytes = nullptr;
-  SDL_RWops* const source = SDL_RWFromConstMem(file.data(), static_cast<int>(file.size()));
-  if (source != nullptr && SDL_LoadWAV_RW(source, 1, &wave.spec, &bytes, &wave.size) != nullptr)
-    wave.bytes.reset(bytes);
+  SDL_RWops* const source = sdl->RWFromConstMem(file.data(), static_cast<int>(file.size()));
+  if (source != nullptr && sdl->LoadWAV_RW(source, 1, &wave.spec, &bytes, &wave.size) != nullptr)
+    wave.bytes = {bytes, sdl->FreeWAV};
   return wave;
 }
 
@@ -42,9 +43,9 @@ bool IsTooLong(const Wave& wave, int seconds) {
 }
 
 // Of the two converters at hand, the one that streams leaves out the end of what it stretches.
-std::vector<std::int16_t> Convert(const Wave& wave) {
+std::vector<std::int16_t> Convert(const Sdl& sdl, const Wave& wave) {
   SDL_AudioCVT converter;
-  if (SDL_BuildAudioCVT(&converter, wave.spec.format, wave.spec.channels, wave.spec.freq, AUDIO_S16SYS,
+  if (sdl.BuildAudioCVT(&converter, wave.spec.format, wave.spec.channels, wave.spec.freq, AUDIO_S16SYS,
                         kSoundChannels, kSoundRate) < 0)
     return {};
   std::vector<Uint8> bytes(std::size_t{wave.size} * static_cast<std::size_t>(converter.len_mult));
@@ -52,7 +53,7 @@ std::vector<std::int16_t> Convert(const Wave& wave) {
   converter.buf = bytes.data();
   converter.len = static_cast<int>(wave.size);
   converter.len_cvt = converter.len;
-  if (converter.needed != 0 && SDL_ConvertAudio(&converter) != 0) return {};
+  if (converter.needed != 0 && sdl.ConvertAudio(&converter) != 0) return {};
   constexpr std::size_t kFrame = kSoundChannels * sizeof(std::int16_t);
   const std::size_t frames = static_cast<std::size_t>(converter.len_cvt) / kFrame;
   if (frames == 0) return {};
@@ -92,7 +93,7 @@ WaveState StateOfWave(const std::string& path, const WaveLimits& limits) {
 Result<std::vector<std::int16_t>> ReadWave(const std::string& path, const WaveLimits& limits) {
   const Wave wave = Load(path, limits);
   if (wave.state != WaveState::Good) return Failure{"cannot read " + path + ": " + wave.fault};
-  std::vector<std::int16_t> samples = Convert(wave);
+  std::vector<std::int16_t> samples = Convert(*FindSdl(), wave);  // which has read it
   if (samples.empty()) return Failure{"cannot read " + path + ": it holds no sound"};
   return samples;
 }

@@ -81,7 +81,6 @@ FrmPoSt::FrmPoSt(Skin& skin, Flow& flow, LetterOpeners openers)
     : skin_(skin), flow_(flow), openers_(std::move(openers)) {
   setFocusPolicy(Qt::StrongFocus);
   Build();
-  SkinIt();
 }
 
 SkinLabel* FrmPoSt::NewLabel(const char* name) {

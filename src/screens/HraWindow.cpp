@@ -155,7 +155,8 @@ void HraWindow::AfterTick(TickEnd end) {
 
 void HraWindow::PresentView() {
   if (hra_.CaveWidth == 0) return;
-  ram_->Show(painter_.Compose(hra_, ram_->PixelSize()));
+  const QImage& picture = painter_.Compose(hra_, ram_->PixelSize());
+  ram_->ShowChanges(picture, painter_.Changed());
   if (std::exchange(flash_, false)) ShowFlash();
 }
 
@@ -293,8 +294,8 @@ void HraWindow::CaveOpens() {
   sounds_.SetSound(settings_.Sound);
   sounds_.SetLoops(settings_.Loops);
   sounds_.SetVolume(settings_.Volume);
-  // Where sound cannot be opened the program has ended at its start.
-  Disregard(sounds_.InicializaceZvuku(skin_.Places()));
+  const Result<Done> loaded = sounds_.InicializaceZvuku(skin_.Places());
+  if (!loaded) emit NoSound(QString::fromStdString(loaded.Message()));
   ShowDecoration();
   topBar_->HideUnits();
   // The view toggle starts as whether this is a replay; in play the view scrolls whatever it says.

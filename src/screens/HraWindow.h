@@ -58,6 +58,8 @@ class HraWindow : public QWidget, private Stage {
   bool Maximised() const { return isFullScreen() ? maximised_ : isMaximized(); }
 
  signals:
+  // Sound cannot be opened at all, in the words for the player: the program has to end.
+  void NoSound(const QString& why);
   void RunWon();
   void RecordOver();
   // Somebody wants to leave the run.

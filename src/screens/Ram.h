@@ -20,14 +20,22 @@ class Ram : public QWidget {
   // to stay where it is, and is shown again as it is then whenever the desktop asks for it.
   void Show(const QImage& picture);
 
+  // The same for a picture that shows already, of which this part, in its pixels, has changed.
+  void ShowChanges(const QImage& picture, const QRegion& changed);
+
   const QImage& Picture() const { return *picture_; }
 
  protected:
   void paintEvent(QPaintEvent* event) override;
 
  private:
+  // Where the picture stands, in pixels of the screen.
+  QRect Place() const;
+  QRegion OnWidget(const QRegion& pixels) const;
+
   const QImage none_;
   const QImage* picture_ = &none_;
+  QSize shown_;  // of the picture when it was shown last
 };
 
 }  // namespace zorik

@@ -24,7 +24,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int kLengthOffset = 65;  // what the letter of a length is above it
+constexpr int kLengthOffset = 65;       // what the letter of a length is above it
+constexpr std::size_t kNameEnd = 1024;  // bytes of a file in which its longest name, scrambled, has ended
 
 QStringList SortedAsPeopleDo(const std::vector<std::string>& found) {
   QStringList names;
@@ -74,7 +75,7 @@ bool Exists(const std::string& path) {
 }  // namespace
 
 QString CollName(const std::string& path) {
-  const auto bytes = ReadWhole(path);
+  const auto bytes = ReadStart(path, kNameEnd);
   const std::optional<std::string> name = bytes ? NameIn(*bytes) : std::nullopt;
   return name ? ToQString(*name) : ShownPath(fs::path(path).stem().string());
 }

@@ -1,7 +1,9 @@
 #include "screens/TopBar.h"
 
+#include <QPaintEvent>
 #include <QPainter>
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 #include "screens/BarButton.h"
@@ -31,6 +33,12 @@ int Write(QPainter& painter, const QRect& place, int left, const QString& text, 
   QRect drawn;
   painter.drawText(rest, Qt::AlignLeft | Qt::AlignVCenter, text, &drawn);
   return drawn.right() + 1;
+}
+
+// A letter may reach a little beyond its place.
+QRect WithRim(const QRect& place) {
+  constexpr int kRim = 3;
+  return place.adjusted(-kRim, -kRim, kRim, kRim);
 }
 
 }  // namespace
@@ -63,6 +71,7 @@ void TopBar::SetPictures(const QImage& border1, const QImage& restart, const QIm
   picRestart_->SetPicture(restart);
   settings_->SetPicture(settings);
   leave_->SetPicture(leave);
+  ground_ = {};
   update();
 }
 
@@ -74,24 +83,24 @@ void TopBar::SetTips(const QString& restart, const QString& settings, const QStr
   SetHint(*leave_, leave);
 }
 
-void TopBar::Change(int& number, int value) {
-  if (std::exchange(number, value) != value) update();
+void TopBar::Change(int& number, int value, const QRect& place) {
+  if (std::exchange(number, value) != value) update(WithRim(place));
 }
 
 void TopBar::SetClock(int seconds) {
-  Change(clock_, seconds);
+  Change(clock_, seconds, layout_.clock);
 }
 
 void TopBar::SetGems(int collected) {
-  Change(gems_, collected);
+  Change(gems_, collected, layout_.gems);
 }
 
 void TopBar::SetNeeded(int needed) {
-  Change(needed_, needed);
+  Change(needed_, needed, layout_.gems);
 }
 
 void TopBar::SetValue(int points) {
-  Change(value_, points);
+  Change(value_, points, layout_.value);
 }
 
 QString TopBar::ClockText() const {
@@ -140,8 +149,7 @@ void TopBar::HideUnits() {
 }
 
 void TopBar::DrawDogN(int n, int state) {
-  psi_.DrawDogN(n, state);
-  update(layout_.psi);
+  if (psi_.DrawDogN(n, state)) update(layout_.psi);
 }
 
 void TopBar::Arrange() {
@@ -150,6 +158,7 @@ void TopBar::Arrange() {
   picRestart_->setGeometry(layout_.picRestart);
   settings_->setGeometry(layout_.Command4);
   view_->setGeometry(layout_.Label1);
+  ground_ = {};
   update();
 }
 
@@ -157,29 +166,56 @@ void TopBar::resizeEvent(QResizeEvent* /*event*/) {
   Arrange();
 }
 
-void TopBar::paintEvent(QPaintEvent* /*event*/) {
+// The pictures are stretched once. A screen whose pixels are no whole part of the desktop's units gets them
+// stretched each time, as part of a pixel more or less would be seen.
+void TopBar::paintEvent(QPaintEvent* event) {
   QPainter painter(this);
+  const qreal ratio = devicePixelRatioF();
+  if (ratio != std::floor(ratio)) {
+    DrawGround(painter);
+  } else {
+    const QSize size = this->size() * ratio;
+    if (ground_.size() != size) {
+      ground_ = QImage(size, QImage::Format_RGB32);
+      ground_.setDevicePixelRatio(ratio);
+      QPainter stretched(&ground_);
+      DrawGround(stretched);
+    }
+    painter.drawImage(QPoint(), ground_);
+  }
+  DrawFigures(painter, event->region());
+  if (event->region().intersects(layout_.psi)) DrawUnits(painter);
+}
+
+void TopBar::DrawGround(QPainter& painter) {
   painter.setRenderHint(QPainter::SmoothPixmapTransform);
   painter.fillRect(rect(), kBarColour);
-  if (!border1_.isNull()) {
-    const int panels = std::min(kPanelsEnd, border1_.width());
-    const int end = layout_.panelsEnd;
-    painter.drawImage(QRect(0, 0, end, height()), border1_, QRect(0, 0, panels, border1_.height()));
-    painter.drawImage(QRect(end, 0, width() - end, height()), border1_,
-                      QRect(panels, 0, border1_.width() - panels, border1_.height()));
-  }
+  if (border1_.isNull()) return;
+  const int panels = std::min(kPanelsEnd, border1_.width());
+  const int end = layout_.panelsEnd;
+  painter.drawImage(QRect(0, 0, end, height()), border1_, QRect(0, 0, panels, border1_.height()));
+  painter.drawImage(QRect(end, 0, width() - end, height()), border1_,
+                    QRect(panels, 0, border1_.width() - panels, border1_.height()));
+}
+
+void TopBar::DrawFigures(QPainter& painter, const QRegion& part) const {
+  const auto seen = [&part](const QRect& place) { return part.intersects(WithRim(place)); };
   QFont font = GameFont(std::max(1, static_cast<int>(kFigures * layout_.scale)));
   font.setBold(true);
   painter.setFont(font);
-  Write(painter, layout_.clock, layout_.clock.left(), ClockText(), clock_ > kLastSeconds ? kPlain : kLate);
-  const bool enough = gems_ >= needed_;
-  const int end =
-      Write(painter, layout_.gems, layout_.gems.left(), Figures(gems_, 3), enough ? kEnough : kPlain);
-  Write(painter, layout_.gems, end, " / " + Figures(needed_, 3), kFaint);
-  Write(painter, layout_.value, layout_.value.left(), ValueText(), kPlain);
-  if (layout_.psi.isEmpty()) return;
-  // The numbers have the scheme's colour, which can be as dark as the bar.
-  painter.setRenderHint(QPainter::Antialiasing);
+  if (seen(layout_.clock))
+    Write(painter, layout_.clock, layout_.clock.left(), ClockText(), clock_ > kLastSeconds ? kPlain : kLate);
+  if (seen(layout_.gems)) {
+    const QColor colour = gems_ >= needed_ ? kEnough : kPlain;
+    const int end = Write(painter, layout_.gems, layout_.gems.left(), Figures(gems_, 3), colour);
+    Write(painter, layout_.gems, end, " / " + Figures(needed_, 3), kFaint);
+  }
+  if (seen(layout_.value)) Write(painter, layout_.value, layout_.value.left(), ValueText(), kPlain);
+}
+
+// The numbers have the scheme's colour, which can be as dark as the bar.
+void TopBar::DrawUnits(QPainter& painter) const {
+  painter.setRenderHints(QPainter::SmoothPixmapTransform | QPainter::Antialiasing);
   painter.setPen(Qt::NoPen);
   painter.setBrush(kUnitPlate);
   painter.drawRoundedRect(layout_.psi, kPlateRound, kPlateRound);

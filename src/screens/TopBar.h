@@ -63,9 +63,13 @@ class TopBar : public QWidget {
 
  private:
   void Arrange();
-  void Change(int& number, int value);
+  void Change(int& number, int value, const QRect& place);
+  void DrawGround(QPainter& painter);
+  void DrawFigures(QPainter& painter, const QRegion& part) const;
+  void DrawUnits(QPainter& painter) const;
 
   QImage border1_;
+  QImage ground_;  // all that lies below figures and buttons, as it is on the screen; empty until it is drawn
   TopBarLayout layout_;
   DogStrip psi_;
   bool units_ = false;

@@ -7,6 +7,8 @@ namespace zorik {
 void CavePainter::CaveOpens(const Hra& hra) {
   tiles_.Load(cache_, places_, hra.Scheme);
   around_ = LoadDecoration(cache_, places_, hra.Scheme);
+  drawn_.cells.clear();
+  spare_.cells.clear();
   pictures_.SetFrames(tiles_.Frames());
   pictures_.Open(hra);
 }
@@ -19,9 +21,11 @@ void CavePainter::MoveView(const Hra& hra, bool jump) {
 
 const QImage& CavePainter::Compose(const Hra& hra, QSize frame) {
   const ViewArea area = scrollView_ ? view_.Scrolled() : ZornePole::Whole(hra.CaveWidth, hra.CaveHeight);
-  if (!drawn_.isDetached()) std::swap(drawn_, spare_);
-  DrawView(area, DrawnCell(area, frame), pictures_, tiles_, drawn_);
-  return drawn_;
+  const bool held = !drawn_.image.isDetached();
+  if (held) std::swap(drawn_, spare_);
+  changed_ = DrawChanges(area, DrawnCell(area, frame), pictures_, tiles_, drawn_);
+  if (held) changed_ = drawn_.image.rect();
+  return drawn_.image;
 }
 
 }  // namespace zorik

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QImage>
+#include <QRegion>
 
 #include "skin/CellPictures.h"
 #include "skin/Decoration.h"
@@ -36,6 +37,9 @@ class CavePainter {
   // later call; a copy that is still held then stays as it is.
   const QImage& Compose(const Hra& hra, QSize frame);
 
+  // What the last call has changed in the image that the one before it has answered.
+  const QRegion& Changed() const { return changed_; }
+
   // The picture of a cell as it is drawn next.
   CellPicture PictureAt(int x, int y) const { return pictures_.At(x, y); }
 
@@ -50,8 +54,9 @@ class CavePainter {
   ZornePole view_;
   Decoration around_;
   bool scrollView_ = true;
-  QImage drawn_;
-  QImage spare_;  // drawn in turn with the other as long as somebody holds that
+  DrawnView drawn_;
+  DrawnView spare_;  // drawn in turn with the other as long as somebody holds that
+  QRegion changed_;
 };
 
 }  // namespace zorik

@@ -4,6 +4,7 @@
 #include <QFontMetrics>
 #include <algorithm>
 #include <cstdint>
+#include <utility>
 
 #include "core/Hra.h"
 #include "skin/DrText.h"
@@ -55,9 +56,9 @@ void DogStrip::Open(int dogCount, int hue) {
   states_.fill(kEmpty);
 }
 
-void DogStrip::DrawDogN(int n, int state) {
-  if (n < 0 || n >= slots_ || state < 0 || state >= static_cast<int>(kLightness.size())) return;
-  states_[static_cast<std::size_t>(n)] = state;
+bool DogStrip::DrawDogN(int n, int state) {
+  if (n < 0 || n >= slots_ || state < 0 || state >= static_cast<int>(kLightness.size())) return false;
+  return std::exchange(states_[static_cast<std::size_t>(n)], state) != state;
 }
 
 int DogStrip::Width() const {

@@ -21,8 +21,9 @@ class DogStrip {
   // Empties the strip and gives it slots 0 to dogCount. hue is the scheme's, in degrees.
   void Open(int dogCount, int hue);
 
-  // Unit n: 0 steered, 1 waiting, 2 dead. Numbers that have no slot are passed over.
-  void DrawDogN(int n, int state);
+  // Unit n: 0 steered, 1 waiting, 2 dead. Numbers that have no slot are passed over. Whether the strip looks
+  // different now.
+  bool DrawDogN(int n, int state);
 
   // Of the whole strip, in the desktop's units.
   int Width() const;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QImage>
+#include <QRegion>
 #include <QSize>
 #include <vector>
 
@@ -20,6 +21,24 @@ QSize DrawnCell(const ViewArea& view, QSize frame);
 
 // The size of the drawn view: not more than the frame's.
 QSize DrawnSize(const ViewArea& view, QSize cell);
+
+// A drawn view, and what it shows, by which the next picture knows what has changed since.
+struct DrawnView {
+  struct Shown {
+    CellPicture picture;
+    EdgeMask edges = 0;
+
+    bool operator==(const Shown&) const = default;
+  };
+
+  QImage image;
+  ViewArea view;
+  std::vector<Shown> cells;  // row by row; empty: nothing that can be relied upon
+};
+
+// Composes the view over the one that was drawn last, from the same tile sets, and answers what has changed.
+QRegion DrawChanges(const ViewArea& view, QSize cell, const CellPictures& pictures, TileSets& tiles,
+                    DrawnView& drawn);
 
 // Composes the view. The image gets the size that DrawnSize tells; one that has it is drawn over, and costs
 // no memory anew. A view of no size gives an empty image.

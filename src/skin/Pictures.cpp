@@ -5,7 +5,9 @@
 #include <QBuffer>
 #include <QImageReader>
 #include <algorithm>
+#include <bit>
 #include <filesystem>
+#include <span>
 #include <system_error>
 
 #include "data/Cp1250.h"
@@ -34,6 +36,51 @@ QImage ErrorTile() {
 // Other formats than these are not for a stranger's skin: a drawing can be small and yet fill the memory.
 bool IsKnown(const QByteArray& format) {
   return format == "gif" || format == "bmp" || format == "jpeg" || format == "jpg";
+}
+
+// A bitmap as the build makes them holds the very pixels that an image has in memory, the lowest line first.
+constexpr std::size_t kReadyHead = 122;
+
+std::uint32_t NumberAt(std::string_view head, std::size_t place, std::size_t length) {
+  std::uint32_t number = 0;
+  for (std::size_t i = length; i > 0; --i)
+    number = number << 8U | static_cast<unsigned char>(head[place + i - 1]);
+  return number;
+}
+
+// The size that the head of such a bitmap tells; an empty one for any other.
+QSize ReadySize(std::string_view head) {
+  constexpr std::uint32_t kBitFields = 3;
+  constexpr std::uint32_t kMostSide = 1U << 15U;
+  if (head.size() < kReadyHead || !head.starts_with("BM")) return {};
+  const auto number = [head](std::size_t place) { return NumberAt(head, place, 4); };
+  const bool pixels = number(10) == kReadyHead && number(14) == kReadyHead - 14 &&
+                      NumberAt(head, 26, 2) == 1 && NumberAt(head, 28, 2) == 32 && number(30) == kBitFields;
+  const bool masks = number(54) == 0x00FF0000U && number(58) == 0x0000FF00U && number(62) == 0x000000FFU &&
+                     number(66) == 0xFF000000U;
+  const std::uint32_t width = number(18), height = number(22);
+  if (!pixels || !masks || width - 1 >= kMostSide || height - 1 >= kMostSide) return {};
+  return {static_cast<int>(width), static_cast<int>(height)};
+}
+
+// Reads such a bitmap. Anything else, one that is too large or damaged too, gives an empty image: it is for
+// the toolkit, which asks every pixel for its masks and takes ten times as long.
+QImage ReadReady(const std::string& path, std::int64_t mostPixels) {
+  if constexpr (std::endian::native != std::endian::little) return {};
+  const auto head = ReadStart(path, kReadyHead);
+  const QSize size = head ? ReadySize(*head) : QSize();
+  if (size.isEmpty() || std::int64_t{size.width()} * size.height() > mostPixels) return {};
+  QImage image(size, QImage::Format_ARGB32);
+  if (image.isNull()) return {};
+  const std::span pixels(reinterpret_cast<char*>(image.bits()),
+                         static_cast<std::size_t>(image.sizeInBytes()));
+  if (!ReadRest(path, kReadyHead, pixels)) return {};
+  const auto line = static_cast<std::size_t>(image.bytesPerLine());
+  for (int y = 0; y < image.height() / 2; ++y) {
+    uchar* const upper = image.scanLine(y);
+    std::swap_ranges(upper, upper + line, image.scanLine(image.height() - 1 - y));
+  }
+  return image;
 }
 
 // A picture's file, read as a whole: the toolkit itself would wait for ever at a pipe.
@@ -118,6 +165,7 @@ PictureState StateOf(const std::string& path, std::int64_t mostPixels) {
 }
 
 QImage ReadImage(const std::string& path, std::int64_t mostPixels) {
+  if (QImage ready = ReadReady(path, mostPixels); !ready.isNull()) return ready;
   QImageReader::setAllocationLimit(kMostMegabytesOfOne);
   PictureSource source(path);
   if (source.State(mostPixels) != PictureState::Good) return {};

@@ -47,7 +47,10 @@ std::optional<std::string> FindFile(const SkinPlaces& places, std::string_view n
                                     const Extensions& extensions, const Usable& usable) {
   const std::filesystem::path path = PathOf(name);
   if (LeadsUp(path)) return std::nullopt;
-  for (const std::string& folder : SearchFolders(places, path.parent_path().string())) {
+  for (const std::string& searched : SearchFolders(places, path.parent_path().string())) {
+    const std::string folder = ResolvePath(searched);
+    std::error_code error;
+    if (!std::filesystem::is_directory(folder, error)) continue;
     for (const char* const extension : extensions) {
       std::string file = ResolvePath(folder + "/" + path.filename().string() + extension);
       if (IsFile(file) && usable(file)) return file;

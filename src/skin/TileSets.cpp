@@ -64,7 +64,8 @@ void DrawEdges(QPainter& painter, const QImage& edges, Ground ground, EdgeMask m
 
 TileSets::TileSets() {
   Sheets sheets;
-  for (std::size_t i = 0; i < kTileSetCount; ++i) sheets[i].image = BlackTile();
+  const QImage black = BlackTile();  // which all of them share
+  for (std::size_t i = 0; i < kTileSetCount; ++i) sheets[i].image = black;
   Use(std::move(sheets));
 }
 

@@ -5,6 +5,17 @@
 namespace zorik::test {
 namespace {
 
+TEST_F(GameEditors, SpeakAnotherLanguageAlsoWhenTheyHaveBeenOpenBefore) {
+  Leave();
+  const DialogScript script = {[](QWidget& dialog) {
+    dialog.findChild<QComboBox*>("Combo1")->setCurrentText("English");
+    QTest::keyClick(&dialog, Qt::Key_Escape);
+  }};
+  Click(Screen<FrmStart2>(), "changeskin");
+  EXPECT_TRUE(Screen<FrmSada>()->windowTitle().startsWith("Zorík's collection editor"));
+  EXPECT_EQ(Screen<FrmMain>()->windowTitle(), "Zorík's cave editor");
+}
+
 TEST_F(GameEditors, LeadBackToTheStartByTheWayThatTheyCame) {
   Leave();
 }

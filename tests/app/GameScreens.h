@@ -18,6 +18,8 @@
 #include "app/Game.h"
 #include "data/Files.h"
 #include "data/RecordFile.h"
+#include "editors/FrmMain.h"
+#include "editors/FrmSada.h"
 #include "screens/CaveList.h"
 #include "screens/DialogScript.h"
 #include "screens/Folder.h"

@@ -52,6 +52,31 @@ TEST_F(WholeFile, IsReadAsItWasWritten) {
   EXPECT_EQ(*again, bytes);
 }
 
+TEST_F(WholeFile, MayBeReadInPartOnly) {
+  ASSERT_TRUE(WriteWhole(In("a"), "0123456789"));
+  EXPECT_EQ(*ReadStart(In("a"), 4), "0123");
+  EXPECT_EQ(*ReadStart(In("a"), 10), "0123456789");
+  EXPECT_EQ(*ReadStart(In("a"), 99), "0123456789");
+  EXPECT_EQ(*ReadStart(In("a"), 0), "");
+  EXPECT_FALSE(ReadStart(In("none"), 4));
+  EXPECT_FALSE(ReadStart(path_, 4)) << "a folder";
+  ASSERT_EQ(mkfifo(In("pipe").c_str(), 0600), 0);
+  EXPECT_FALSE(ReadStart(In("pipe"), 4));
+  std::string rest(7, '-');
+  EXPECT_TRUE(ReadRest(In("a"), 3, rest));
+  EXPECT_EQ(rest, "3456789");
+}
+
+TEST_F(WholeFile, OfAnotherSizeHasNoSuchRest) {
+  ASSERT_TRUE(WriteWhole(In("a"), "0123456789"));
+  std::string rest(6, '-');
+  EXPECT_FALSE(ReadRest(In("a"), 3, rest)) << "one more is left";
+  rest.resize(8);
+  EXPECT_FALSE(ReadRest(In("a"), 3, rest)) << "one less is left";
+  EXPECT_FALSE(ReadRest(In("none"), 3, rest));
+  EXPECT_FALSE(ReadRest(path_, 0, rest)) << "a folder";
+}
+
 TEST_F(WholeFile, MayBeEmpty) {
   ASSERT_TRUE(WriteWhole(In("a.zk"), ""));
   EXPECT_EQ(*ReadWhole(In("a.zk")), "");

@@ -252,4 +252,18 @@ expect "a library that knows SDL" 1 "window or sound: SDL_Init" "$here/links.sh"
 expect "a library that knows the time" 1 "clock, chance or console of the system: time" "$here/links.sh" "$nm" clock.o plain
 expect "a program that links SDL" 1 "links libSDL2-sample.so" "$here/links.sh" "$nm" sound.o loud
 
+# A build of three outputs, two of which are made of the rule.
+cat >ninja <<'BUILD'
+#!/bin/sh
+case $5 in
+  src/app/zorik | spoilt.wav) echo objects/Slime.cpp.o ;;
+  sound.wav) echo recipes/Slime.cpp.oak ;;
+esac
+BUILD
+chmod +x ninja
+expect "a sound of its recipe" 0 "" "$here/reasons.sh" ./ninja . Slime.cpp.o sound.wav
+expect "a sound of a rule" 1 "Slime.cpp.o: a reason to make spoilt.wav anew" "$here/reasons.sh" ./ninja . Slime.cpp.o sound.wav spoilt.wav
+expect "a sound of nothing" 2 "none.wav: is made of nothing" "$here/reasons.sh" ./ninja . Slime.cpp.o none.wav
+expect "a rule of nothing" 2 "Fly.cpp.o: no reason for anything" "$here/reasons.sh" ./ninja . Fly.cpp.o sound.wav
+
 exit $((failures > 0))

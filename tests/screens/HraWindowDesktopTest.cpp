@@ -35,6 +35,19 @@ class HraWindowDesktopTest : public test::HraScreen {
   bool FillsTheScreen() const { return window->windowState().testFlag(Qt::WindowFullScreen); }
 };
 
+// Sound
+
+TEST(HraWindowWithoutSound, SaysSoWhenACaveOpens) {
+  Skin skin;
+  DSound none({"nonsense"});
+  Settings settings;
+  HraWindow window(skin, none, settings);
+  QSignalSpy told(&window, &HraWindow::NoSound);
+  ASSERT_TRUE(PaintCave(window.Machine(), test::CaveTextOf(Corridor()), RunKind::Play));
+  ASSERT_EQ(told.count(), 1);
+  EXPECT_EQ(told[0][0].toString(), "Unable to initialize DirectSound.");
+}
+
 // The whole screen
 
 TEST_F(HraWindowDesktopTest, FillsTheScreenWithF11AndGoesBack) {

@@ -417,6 +417,9 @@ TEST_F(HraWindowTest, ShowsEveryTickOfTheLargestCaveAtTheFastestSpeedAndSeesAKey
   test::Picture cave(60, "W" + std::string(98, ';') + "W");
   cave.front() = cave.back() = std::string(100, 'W');
   cave[1] = "W1" + std::string(97, '.') + "W";
+  // Two of them go round a hall, so that in each tick something looks different, also when the dog stands.
+  for (std::size_t row = 4; row < 8; ++row) cave[row].replace(3, 12, "............");
+  cave[4].replace(5, 5, "F...F");
   Show();
   window->resize(1920, 1080);
   ASSERT_TRUE(window->Start(CaveTextOf(cave), RunKind::Play));

@@ -23,6 +23,11 @@ std::set<std::string> ShippedKeys(const std::string& skin) {
   return keys;
 }
 
+// The first window of a first start shows what these say; FrmLanguageTest sees to it.
+bool IsOfLanguage(const std::string& key) {
+  return key.starts_with("language.");
+}
+
 // Those whose effect is seen in these tests.
 std::set<std::string> SeenKeys() {
   using namespace test;
@@ -43,7 +48,8 @@ TEST(SkinKeys, AreAllSeenInSomeWindow) {
   const std::set<std::string> seen = SeenKeys();
   const std::set<std::string> shipped = ShippedKeys("Default");
   EXPECT_GT(shipped.size(), 150U);
-  for (const std::string& key : shipped) EXPECT_TRUE(seen.contains(key)) << key << " has no row";
+  for (const std::string& key : shipped)
+    EXPECT_NE(seen.contains(key), IsOfLanguage(key)) << key << " has no row";
 }
 
 // The version stands at the lower edge of the palm, however large a skin makes that, unless it is told where.
@@ -68,7 +74,7 @@ TEST(SkinKeys, ThatAreNumbersOrColoursAreCheckedBeforeTheSkinIsWorn) {
 TEST(SkinKeys, OfAnotherLanguageAreWords) {
   const std::set<std::string> seen = SeenKeys();
   for (const std::string& key : ShippedKeys("English")) {
-    if (key.starts_with("caption.") || key == "help.folder") continue;
+    if (key.starts_with("caption.") || key == "help.folder" || IsOfLanguage(key)) continue;
     EXPECT_TRUE(seen.contains(key)) << key;
     EXPECT_TRUE(key.ends_with("text")) << key;
   }

@@ -32,6 +32,19 @@ class StartFolders : public testing::Test {
   test::Folder folder_;
 };
 
+TEST_F(StartFolders, NothingBehindTheFirstLineIsRead) {
+  FirstLine("a.zk", "EAlfa");
+  const std::string path = folder_.Root() + "/Caves/a.zk";
+  std::filesystem::resize_file(path, std::uintmax_t{300} << 20U);  // more than the game reads of any file
+  EXPECT_EQ(Names(), QStringList("Alfa"));
+}
+
+TEST_F(StartFolders, TheLongestNameIsReadAsAWhole) {
+  const std::string name(190, 'x');
+  FirstLine("a.zk", static_cast<char>(65 + 190) + name + std::string(99, 'A'));
+  EXPECT_EQ(Names(), QStringList(QString::fromStdString(name)));
+}
+
 TEST_F(StartFolders, ANameIsAsLongAsItsFirstLetterSays) {
   FirstLine("a.zk", "EAlfa");     // E is 65 + 4
   FirstLine("b.zk", "EBetaABC");  // open caves stand behind it

@@ -1,9 +1,13 @@
 #include <gtest/gtest.h>
 
+#include <QPaintEvent>
+#include <QScreen>
 #include <QSignalSpy>
 #include <QTest>
 #include <algorithm>
 #include <cmath>
+#include <functional>
+#include <utility>
 
 #include "screens/BarButton.h"
 #include "screens/TopBar.h"
@@ -25,6 +29,83 @@ TEST(TopBar, WritesItsFiguresWithLeadingZeros) {
   EXPECT_EQ(bar.ClockText(), "090");
   EXPECT_EQ(bar.GemsText(), "007 / 042");
   EXPECT_EQ(bar.ValueText(), "05");
+}
+
+// The parts of a bar that are painted from now on.
+class PaintedParts : public QObject {
+ public:
+  explicit PaintedParts(QWidget& widget) { widget.installEventFilter(this); }
+  QRegion Take() { return std::exchange(parts_, QRegion()); }
+
+ protected:
+  bool eventFilter(QObject* /*object*/, QEvent* event) override {
+    if (event->type() == QEvent::Paint) parts_ += static_cast<QPaintEvent*>(event)->region();
+    return false;
+  }
+
+ private:
+  QRegion parts_;
+};
+
+QImage Stripes(QSize size) {
+  QImage image(size, QImage::Format_ARGB32);
+  for (int x = 0; x < image.width(); ++x) {
+    for (int y = 0; y < image.height(); ++y)
+      image.setPixel(x, y, qRgba(x * 5 % 256, y * 9 % 256, 90, 200 + x % 56));
+  }
+  return image;
+}
+
+void ShowFigures(TopBar& bar, int clock, int gems, int needed, int value) {
+  bar.SetClock(clock);
+  bar.SetGems(gems);
+  bar.SetNeeded(needed);
+  bar.SetValue(value);
+}
+
+TEST(TopBar, IsPaintedOnlyWhereAFigureHasChanged) {
+  TopBar bar(nullptr);
+  bar.resize(1000, kTopBar);
+  bar.ShowUnits(3, 120);
+  bar.show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&bar));
+  PaintedParts painted(bar);
+  const auto change = [&](const std::function<void()>& act) {
+    QTest::qWait(1);
+    painted.Take();
+    act();
+    QTest::qWait(20);
+    return painted.Take().boundingRect();
+  };
+  const auto around = [](const QRect& place) { return place.adjusted(-3, -3, 3, 3); };
+  EXPECT_EQ(change([&] { bar.SetClock(90); }), around(bar.Places().clock));
+  EXPECT_EQ(change([&] { bar.SetGems(3); }), around(bar.Places().gems));
+  EXPECT_EQ(change([&] { bar.SetValue(7); }), around(bar.Places().value));
+  EXPECT_EQ(change([&] { bar.DrawDogN(2, 1); }), bar.Places().psi);
+  EXPECT_TRUE(change([&] { bar.DrawDogN(2, 1); }).isEmpty()) << "it shows already";
+  EXPECT_TRUE(change([&] { bar.SetClock(90); }).isEmpty());
+}
+
+TEST(TopBar, LooksTheSameWhateverItHasShownBefore) {
+  TopBar changed(nullptr), fresh(nullptr);
+  for (TopBar* const bar : {&changed, &fresh}) {
+    bar->resize(1000, kTopBar);
+    bar->SetPictures(Stripes({600, 40}), Stripes({40, 40}), Stripes({40, 40}), {});
+    bar->ShowUnits(3, 120);
+  }
+  ShowFigures(changed, 888, 888, 888, 88);
+  changed.DrawDogN(1, 0);
+  changed.show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&changed));
+  for (TopBar* const bar : {&changed, &fresh}) {
+    ShowFigures(*bar, 7, 12, 11, 5);
+    bar->DrawDogN(1, 2);
+  }
+  QTest::qWait(20);
+  fresh.show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&fresh));
+  EXPECT_EQ(changed.screen()->grabWindow(changed.winId()).toImage(),
+            fresh.screen()->grabWindow(fresh.winId()).toImage());
 }
 
 TEST(TopBar, TellsOfItsButtons) {

@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <QPainter>
 #include <filesystem>
+#include <memory>
 
 #include "data/Result.h"
 #include "skin/CavePainter.h"
@@ -82,6 +84,95 @@ TEST_F(CavePainterTest, DrawsOverTheSameImageTickByTick) {
   Start({"1;..;", ".;;.."});
   const uchar* const memory = painter_->Compose(hra_, {200, 80}).constBits();
   for (int i = 0; i < 3; ++i) EXPECT_EQ(painter_->Compose(hra_, {200, 80}).constBits(), memory);
+}
+
+// Another painter of the same run, which draws each picture from nothing, as it has drawn one of another size
+// just before.
+class FromNothing : public Stage {
+ public:
+  FromNothing(Stage& first, const SkinPlaces& places, const Hra& hra)
+      : first_(first), painter_(places), hra_(hra) {}
+
+  QImage Compose(QSize frame) {
+    painter_.Compose(hra_, frame / 2);
+    return painter_.Compose(hra_, frame);
+  }
+  void SetScrollView(bool on) { painter_.SetScrollView(on); }
+
+ private:
+  void CaveOpens() override {
+    first_.CaveOpens();
+    painter_.CaveOpens(hra_);
+  }
+  void CellChanged(int x, int y) override {
+    first_.CellChanged(x, y);
+    painter_.CellChanged(hra_, x, y);
+  }
+  void MoveView(bool jump) override {
+    first_.MoveView(jump);
+    painter_.MoveView(hra_, jump);
+  }
+
+  Stage& first_;
+  CavePainter painter_;
+  const Hra& hra_;
+};
+
+// The image in which only this part may differ from the other one.
+QImage Within(const QImage& other, const QImage& image, const QRegion& part) {
+  QImage joined = other.copy();
+  QPainter painter(&joined);
+  painter.setClipRegion(part);
+  painter.drawImage(0, 0, image);
+  return joined;
+}
+
+test::Picture Bustle() {
+  test::Picture picture(23, std::string(39, ';'));
+  for (std::size_t x = 3; x < 39; x += 4) {
+    picture[2][x] = 'R';
+    picture[3][x] = '.';
+    picture[4][x] = '.';
+    for (std::size_t y = 8; y < 11; ++y) picture[y].replace(x - 2, 3, "...");
+    picture[8][x - 1] = x % 8 == 3 ? 'F' : 'U';
+  }
+  picture[6][5] = '1';
+  return picture;
+}
+
+TEST_F(CavePainterTest, DrawsOverTheLastPictureWhatItWouldDrawFromNothing) {
+  for (const bool scrolls : {true, false}) {
+    for (const QSize frame : {QSize(390, 230), QSize(413, 251)}) {
+      FromNothing other(*this, places_, hra_);
+      hra_.SetStage(other);
+      Start(Bustle());
+      painter_->SetScrollView(scrolls);
+      other.SetScrollView(scrolls);
+      QImage before = painter_->Compose(hra_, frame).copy();
+      int partly = 0;
+      for (int tick = 0; tick < 90; ++tick) {
+        test::Pass(hra_, 1, tick < 20 ? "R" : tick < 30 ? "D" : ".");
+        const QImage now = painter_->Compose(hra_, frame).copy();
+        ASSERT_EQ(now, other.Compose(frame)) << "tick " << tick << ", scrolls: " << scrolls;
+        ASSERT_EQ(Within(before, now, painter_->Changed()), now) << "tick " << tick;
+        if (painter_->Changed() != QRegion(now.rect())) ++partly;
+        before = now;
+      }
+      EXPECT_GE(partly, 30) << "the view stands still in the end";
+      hra_.SetStage(*this);
+    }
+  }
+}
+
+TEST_F(CavePainterTest, ChangesNothingWhereNothingHappens) {
+  Start({"1;..;", ".;;.."});
+  EXPECT_EQ(painter_->Compose(hra_, {200, 80}).size(), QSize(200, 80));
+  EXPECT_EQ(painter_->Changed(), QRegion(0, 0, 200, 80)) << "it was drawn from nothing";
+  painter_->Compose(hra_, {200, 80});
+  EXPECT_TRUE(painter_->Changed().isEmpty());
+  test::Pass(hra_, 1, "R");
+  painter_->Compose(hra_, {200, 80});
+  EXPECT_EQ(painter_->Changed(), QRegion(0, 0, 80, 40)) << "the dog has gone from one cell to the next";
 }
 
 TEST_F(CavePainterTest, LeavesAnImageAloneThatSomebodyHolds) {

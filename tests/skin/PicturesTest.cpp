@@ -4,6 +4,10 @@
 
 #include <QBuffer>
 #include <QByteArray>
+#include <QImageReader>
+#include <cstdint>
+#include <string>
+#include <vector>
 
 #include "PictureFolder.h"
 #include "data/Files.h"
@@ -188,6 +192,59 @@ TEST_F(PicturesTest, LoseOnlyTheirExactBlack) {
   EXPECT_EQ(clear.pixel(1, 0), 0xFF000001);
   EXPECT_EQ(clear.pixel(2, 0), 0xFF010000);
   EXPECT_EQ(clear.pixel(3, 0), kGreen);
+}
+
+// The head of a bitmap of 2 x 2 pixels with an alpha channel, as the makers of skins write it.
+std::string HeadOfBitmap() {
+  std::string head = "BM";
+  for (const std::uint32_t number : {122U + 16, 0U, 122U, 108U, 2U, 2U}) Append(head, number, 4);
+  Append(head, 1, 2);
+  Append(head, 32, 2);
+  for (const std::uint32_t number : {3U, 16U, 0U, 0U, 0U, 0U}) Append(head, number, 4);
+  for (const std::uint32_t mask : {0x00FF0000U, 0x0000FF00U, 0x000000FFU, 0xFF000000U}) Append(head, mask, 4);
+  head.resize(122, '\0');
+  return head;
+}
+
+const std::string kTwoLines("\1\2\3\4\5\6\7\x8\x11\x12\x13\x14\x15\x16\x17\x18", 16);
+
+class Bitmaps : public test::PictureFolder {
+ protected:
+  QImage Read(const std::string& bytes, std::int64_t mostPixels = kMostPixels) const {
+    EXPECT_TRUE(WriteWhole(At("a.bmp"), bytes));
+    return ReadImage(At("a.bmp"), mostPixels);
+  }
+};
+
+TEST_F(Bitmaps, HaveTheLowestLineFirstAndBlueBeforeRed) {
+  const QImage image = Read(HeadOfBitmap() + kTwoLines);
+  ASSERT_EQ(image.size(), QSize(2, 2));
+  EXPECT_EQ(image.format(), QImage::Format_ARGB32);
+  EXPECT_EQ(image.pixel(0, 1), 0x04030201U);
+  EXPECT_EQ(image.pixel(1, 1), 0x08070605U);
+  EXPECT_EQ(image.pixel(0, 0), 0x14131211U);
+  EXPECT_EQ(image.pixel(1, 0), 0x18171615U);
+}
+
+TEST_F(Bitmaps, WithMorePixelsThanAreReadAreNone) {
+  EXPECT_TRUE(Read(HeadOfBitmap() + kTwoLines, 3).isNull());
+  EXPECT_FALSE(Read(HeadOfBitmap() + kTwoLines, 4).isNull());
+}
+
+// Whatever the toolkit makes of them is what counts.
+TEST_F(Bitmaps, OfAnyOtherKindAreReadByTheToolkit) {
+  const std::string whole = HeadOfBitmap() + kTwoLines;
+  std::vector<std::string> others{whole + "more", whole.substr(0, 100)};
+  for (const std::size_t place : {0U, 10U, 14U, 18U, 21U, 22U, 25U, 26U, 28U, 30U, 54U, 58U, 62U, 66U}) {
+    others.push_back(whole);
+    others.back()[place] = static_cast<char>(others.back()[place] ^ 3);
+  }
+  for (std::size_t i = 0; i < others.size(); ++i) {
+    const QImage ours = Read(others[i]);
+    QImageReader toolkit(QString::fromStdString(At("a.bmp")), "bmp");
+    const bool large = std::int64_t{toolkit.size().width()} * toolkit.size().height() > kMostPixels;
+    EXPECT_EQ(ours, large ? QImage() : toolkit.read().convertToFormat(QImage::Format_ARGB32)) << i;
+  }
 }
 
 }  // namespace

@@ -31,6 +31,34 @@ TEST(ScrambleCommand, IsUndoneByUnscrambleForAnyBytes) {
   EXPECT_EQ(Zktool({"unscramble"}, Zktool({"scramble"}, bytes).out).out, bytes);
 }
 
+// Each of so many bytes has fifteen ways to be written.
+const std::string kLongText(200, 'z');
+
+TEST(ScrambleCommand, WritesOtherLettersAtEveryCall) {
+  const Told one = Zktool({"scramble"}, kLongText);
+  const Told other = Zktool({"scramble"}, kLongText);
+  EXPECT_NE(one.out, other.out);
+  EXPECT_EQ(UnscrambleText(one.out), kLongText);
+  EXPECT_EQ(UnscrambleText(other.out), kLongText);
+}
+
+TEST(ScrambleCommand, WritesTheSameLettersFromTheSameSeed) {
+  const std::string seven = Zktool({"scramble", "--seed", "7"}, kLongText).out;
+  EXPECT_EQ(UnscrambleText(seven), kLongText);
+  EXPECT_EQ(Zktool({"scramble", "--seed", "7"}, kLongText).out, seven);
+  EXPECT_NE(Zktool({"scramble", "--seed", "8"}, kLongText).out, seven);
+}
+
+TEST(ScrambleCommand, TakesNoSeedThatIsNoNumber) {
+  for (const char* seed : {"", "x", "-1", "7x", "18446744073709551616"}) {
+    const Told told = Zktool({"scramble", "--seed", seed}, "a");
+    EXPECT_EQ(told.exit, Exit::Usage) << seed;
+    EXPECT_NE(told.err.find("--seed"), std::string::npos) << told.err;
+    EXPECT_EQ(told.out, "") << seed;
+  }
+  EXPECT_EQ(Zktool({"scramble", "--seed", "18446744073709551615"}, "a").exit, Exit::Fine);
+}
+
 TEST(UnscrambleCommand, NeverFails) {
   const Told told = Zktool({"unscramble"}, std::string("not scrambled\0\xFF\nA", 17));
   EXPECT_EQ(told.exit, Exit::Fine);

@@ -35,6 +35,7 @@ constexpr std::array<Option, 2> kVerifyOptions{{{"--json"}, {"--collection", tru
 constexpr std::array<Option, 1> kUnpackOptions{{{"--force"}}};
 constexpr std::array<Option, 2> kPackOptions{{{"--strict"}, {"--words", true}}};
 constexpr std::array<Option, 1> kCarryOptions{{{"--player", true}}};
+constexpr std::array<Option, 1> kScrambleOptions{{{"--seed", true}}};
 constexpr std::array<Option, 5> kSolveOptions{
     {{"--seconds", true}, {"--shorten", true}, {"--seed", true}, {"--jobs", true}, {"--record", true}}};
 
@@ -160,7 +161,9 @@ total=<points> done=<caves> rest=<caves>. Control characters in a name are print
 constexpr std::string_view kScrambleDetails =
     R"(A line ends at a line feed; a carriage return right in front of it belongs to the line end, and a last line
 may lack its end. Line ends are copied as they are, everything between them is scrambled, byte by byte. So
-unscramble gives back whatever bytes have been scrambled.
+unscramble gives back whatever bytes have been scrambled. The letters differ from call to call.
+
+  --seed N   start of the chance that chooses the letters; the same seed gives the same ones
 )";
 
 constexpr std::string_view kUnscrambleDetails =
@@ -250,10 +253,10 @@ constexpr std::array<Command, 13> kCommands{{
      {2, 2},
      ProgressCommand},
     {"scramble",
-     "",
+     "[--seed N]",
      "Scrambles the standard input line by line.",
      kScrambleDetails,
-     {},
+     kScrambleOptions,
      {0, 0},
      ScrambleCommand},
     {"unscramble",

@@ -1,8 +1,10 @@
 #include "data/Scramble.h"
 
+#include <cstdint>
 #include <functional>
 #include <istream>
 #include <ostream>
+#include <random>
 
 #include "zktool/Commands.h"
 
@@ -22,11 +24,19 @@ Exit EachLine(Console& console, const std::function<std::string(std::string_view
   return Exit::Fine;
 }
 
+// A start of chance that nobody can tell beforehand, as the game itself has.
+std::uint64_t AnySeed() {
+  std::random_device device;
+  return std::uint64_t{device()} << 32U | device();
+}
+
 }  // namespace
 
-Exit ScrambleCommand(const CommandLine&, Console& console) {
-  Chance decoration;
-  return EachLine(console, [&decoration](std::string_view line) { return ScrambleText(line, decoration); });
+Exit ScrambleCommand(const CommandLine& line, Console& console) {
+  const Result<std::uint64_t> seed = NumberBehind<std::uint64_t>(line, "--seed", AnySeed());
+  if (!seed) return Fail(console, Exit::Usage, seed.Message());
+  Chance decoration(*seed);
+  return EachLine(console, [&decoration](std::string_view text) { return ScrambleText(text, decoration); });
 }
 
 Exit UnscrambleCommand(const CommandLine&, Console& console) {

@@ -14,6 +14,7 @@
 
 #include "core/Objects.h"
 #include "skin/Edges.h"
+#include "skin/Pictures.h"
 #include "skin/ZornePole.h"
 
 namespace zorik {
@@ -430,6 +431,19 @@ TEST(DefaultPictures, StandInForAMissingOneWithChequersAndAWhiteQuestionMark) {
   EXPECT_NE(error.pixel(2, 2), error.pixel(22, 2));
   EXPECT_EQ(error.pixel(22, 2), error.pixel(2, 22));
   EXPECT_GT(CountPixels(error, [](QRgb colour) { return colour == qRgb(255, 255, 255); }), 200);
+}
+
+// The game reads them by itself, as the toolkit takes its time.
+TEST(BuiltPictures, AreReadAsTheToolkitReadsThem) {
+  int pictures = 0;
+  for (const auto& entry : fs::recursive_directory_iterator(ZORIK_SKINS)) {
+    if (entry.path().extension() != ".bmp") continue;
+    ++pictures;
+    const QImage image(QString::fromStdString(entry.path().string()), "bmp");
+    ASSERT_FALSE(image.isNull()) << entry.path();
+    EXPECT_EQ(ReadImage(entry.path().string()), image.convertToFormat(QImage::Format_ARGB32)) << entry.path();
+  }
+  EXPECT_GT(pictures, 100);
 }
 
 }  // namespace
