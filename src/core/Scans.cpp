@@ -66,17 +66,16 @@ constexpr auto kEnds = [] {
   return ends;
 }();
 
+// What may reach far, and happens less often than the rest.
 void ActByItself(Hra& hra, Cell c, Acting acts, AmoebaList& room) {
   switch (acts) {
     case Acting::Nothing:
-      return;
     case Acting::GivesRoom:
-      return FindAmoebaRoom(hra, c, room);
+    case Acting::Steps:
+      return;  // seen to by Act
     case Acting::GoesOff:
       if (IsStruckBomb(hra, c)) Exploze(hra, c);
       return;
-    case Acting::Steps:
-      return Potvory(hra, c);
     case Acting::Hunts:
       Potvory(hra, c);
       return FindAmoebaRoom(hra, c, room);
