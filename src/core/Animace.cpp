@@ -5,6 +5,14 @@
 namespace zorik {
 namespace {
 
+void RepaintFlatCells(Hra& hra) {
+  const auto repaint = [&hra](Cell c) {
+    if (hra.FieldState(c) == kFlat) PREKR(hra, c);
+  };
+  if (IsHeard(hra)) return ForEachCell(hra, repaint);
+  ForEachOf(hra, hra.Deadly(), repaint);  // of which the dogs take a pose
+}
+
 // The running wall flickers, and so does all that is flat: sensors beside it hear that.
 void RunMagicWall(Hra& hra) {
   if (hra.MagicState != kMagicRunning) return;
@@ -14,9 +22,7 @@ void RunMagicWall(Hra& hra) {
     KockaEvent(hra, 'D');
     hra.stage().PZvukStop(SoundId::MagicWall);
   }
-  ForEachCell(hra, [&hra](Cell c) {
-    if (hra.FieldState(c) == kFlat) PREKR(hra, c);
-  });
+  RepaintFlatCells(hra);
 }
 
 void OpenExit(Hra& hra) {
@@ -31,10 +37,8 @@ void OpenExit(Hra& hra) {
 }
 
 void GlowFinish(Hra& hra) {
-  if (hra.GemsCollected < hra.GemsNeeded || hra.Count(kFinish) == 0) return;
-  ForEachCell(hra, [&hra](Cell c) {
-    if (hra.Field(c) == kFinish) PREKR(hra, c);
-  });
+  if (hra.GemsCollected < hra.GemsNeeded || !IsHeard(hra)) return;
+  ForEachOf(hra, hra.Finishes(), [&hra](Cell c) { PREKR(hra, c); });
 }
 
 }  // namespace

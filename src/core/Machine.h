@@ -1,5 +1,7 @@
 #pragma once
 
+#include <bit>
+
 #include "core/Hra.h"
 #include "data/CaveO.h"
 
@@ -24,11 +26,20 @@ void Stir(Hra& hra, Cell c);
 // Old records hold the draws of sensors that were set off by a mere repainting beside them, so it shall stay.
 inline constexpr bool kRepaintingArmsSensors = true;
 
+inline bool SensorsHear(const Hra& hra) {
+  return kRepaintingArmsSensors && hra.SensorsListen && hra.Count(kSensor) > 0;
+}
+
+// Whether it makes a difference that a cell is repainted, if that cell is no dog.
+inline bool IsHeard(const Hra& hra) {
+  return hra.Watched() || SensorsHear(hra);
+}
+
 // Repaints a cell. Every rule that changes a cell calls it. It is a rule itself: repainting tells sensors
 // next to the cell that something has changed there.
 inline void PREKR(Hra& hra, Cell c) {
   if (hra.Field(c) == kDog) ChoosePose(hra, c);
-  if (kRepaintingArmsSensors && hra.SensorsListen && hra.Count(kSensor) > 0) Stir(hra, c);
+  if (SensorsHear(hra)) Stir(hra, c);
   if (hra.Watched()) hra.stage().CellChanged(c.x(), c.y());
 }
 
@@ -109,6 +120,17 @@ void ForEachCell(const RunState& run, Action action) {
   for (int y = 0; y < run.CaveHeight; ++y) {
     Cell c(0, y);
     for (int x = 0; x < run.CaveWidth; ++x, c = c + kRight) action(c);
+  }
+}
+
+// The same for those that are in the set, which action does not change.
+template <class Action>
+void ForEachOf(const RunState& run, const CellSet& set, Action action) {
+  const std::size_t end = Cell(0, run.CaveHeight).place();
+  for (std::size_t place = Cell(0, 0).place() / CellSet::kTogether * CellSet::kTogether; place < end;
+       place += CellSet::kTogether) {
+    for (std::uint64_t cells = set.From(place); cells != 0; cells &= cells - 1)
+      action(Cell::AtPlace(place + static_cast<std::size_t>(std::countr_zero(cells))));
   }
 }
 

@@ -149,6 +149,9 @@ enum Secret : std::int8_t {
   kSecretFinish = 3,
 };
 
+// A mark above it is ten times the heading that a monster has followed in this tick.
+inline constexpr std::uint8_t kHighestHeading = 4;
+
 // A way in which an object stands in a new cave, and the letters that mean it in a cave text.
 struct Form {
   std::string_view letters;
@@ -203,7 +206,7 @@ inline constexpr auto kObjects = [] {
        .tiles = kSetDog,
        .column = 1,
        .rows = Rows::ByLot,
-       .traits = kBlocks | kDeadly | kSquashable | kStirring,
+       .traits = kBlocks | kDeadly | kSquashable | kStirring | kCounted,
        .forms = {{{"H123456789", kFlat, 0, 4, TextId::Dog}}}},
       {.code = kBrick,
        .tiles = kSetBrick,
@@ -333,7 +336,7 @@ inline constexpr auto kObjects = [] {
       {.code = kCat,
        .tiles = kSetCat,
        .rows = Rows::Own,
-       .traits = kBlocks | kDeadly | kSquashable | kStirring,
+       .traits = kBlocks | kDeadly | kSquashable | kStirring | kCounted,
        .forms = {{{"J", kFlat, 0, 33, TextId::Cat}}}},
       {.code = kDragonFly,
        .tiles = kSetDragonFly,

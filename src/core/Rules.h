@@ -6,8 +6,9 @@ namespace zorik {
 
 // The rules that the tick and other rules call; each lives in its own file below rules/.
 
-// Gravity.cpp: lets what stands in a cell fall, roll, pass a magic wall and split.
-void NewGravitace(Hra& hra, Cell c);
+// Gravity.cpp: lets what stands in a cell fall, roll, pass a magic wall and split; answers whether more has
+// happened than that it stayed or fell into the cell below.
+bool NewGravitace(Hra& hra, Cell c);
 
 // Impact.cpp: what the falling object in a cell does to the thing right below.
 void Dopad(Hra& hra, Cell c);
@@ -40,6 +41,7 @@ struct AmoebaList {
 };
 void FindAmoebaRoom(const Hra& hra, Cell c, AmoebaList& list);
 void GrowAmoeba(Hra& hra, const AmoebaList& list);
+bool IsAmoebaTooBig(const Hra& hra, int cells);
 std::optional<SoundId> SettleAmoeba(Hra& hra, Cell c, int& cells);
 void HurryAmoeba(Hra& hra);
 

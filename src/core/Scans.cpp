@@ -10,36 +10,48 @@ namespace {
 
 constexpr std::size_t kTogether = CellSet::kTogether;
 
-// Those of the cells from place on that have one of the set beside them.
-std::uint64_t Beside(const CellSet& set, std::size_t place) {
-  const std::uint64_t own = set.From(place);
-  return own << 1 | set.From(place - 1) >> 63 | own >> 1 | set.From(place + kTogether) << 63 |
-         set.From(place - Cell::kStride) | set.From(place + Cell::kStride);
+// Those of the cells from place on that have one of the set at their left, and at their right.
+std::uint64_t FromTheLeft(const CellSet& set, std::size_t place) {
+  return set.From(place) << 1 | set.From(place - 1) >> 63;
+}
+std::uint64_t FromTheRight(const CellSet& set, std::size_t place) {
+  return set.From(place) >> 1 | set.From(place + kTogether) << 63;
 }
 
-// Visits the cells that are due, row by row from the top left: question(place) gives the question that tells
-// which of the cells kept together from place on are so. It is asked afresh after every cell, so what an
-// action changes further on counts at once. It seldom does, so the walk goes on with the cells that it knew
-// of, and the processor need not wait for the answer.
-template <class Question, class Action>
-void ForEachDue(const RunState& run, Question question, Action action) {
+// Those that have one of the set beside them.
+std::uint64_t Beside(const CellSet& set, std::size_t place) {
+  return FromTheLeft(set, place) | FromTheRight(set, place) | set.From(place - Cell::kStride) |
+         set.From(place + Cell::kStride);
+}
+
+// Visits the cells that are due, row by row from the top left: due(place, ahead) tells which they are of the
+// cells kept together from place on, of those ahead of the walk. The action answers whether it may have
+// changed that: then it is asked afresh.
+template <class Due, class Action>
+void ForEachDue(const RunState& run, Due due, Action action) {
   if (run.CaveWidth == 0 || run.CaveHeight == 0) return;
   const std::size_t first = Cell(0, 0).place() / kTogether * kTogether;
   const std::size_t last = Cell(run.CaveWidth - 1, run.CaveHeight - 1).place();
   for (std::size_t place = first; place <= last; place += kTogether) {
-    const auto due = question(place);
-    std::uint64_t cells = due();
+    std::uint64_t cells = due(place, ~std::uint64_t{0});
     while (cells != 0) {
       const auto bit = static_cast<std::size_t>(std::countr_zero(cells));
-      const std::uint64_t ahead = ~std::uint64_t{1} << bit;
-      const std::uint64_t before = due();
-      action(Cell::AtPlace(place + bit));
-      cells &= ahead;
-      const std::uint64_t now = due();
-      if (((before ^ now) & ahead) != 0) [[unlikely]]
-        cells = now & ahead;
+      cells &= cells - 1;
+      if (action(Cell::AtPlace(place + bit))) cells = due(place, ~std::uint64_t{1} << bit);
     }
   }
+}
+
+// Of the things that rest those that could fall or roll, and some more: what is below is not looked at, but
+// what acts there may be the mouth of a splitter.
+std::uint64_t Loose(const Grids& grids, std::size_t place) {
+  const std::uint64_t resting = grids.Resting().From(place);
+  if (resting == 0) return 0;
+  const CellSet& taken = grids.Taken();
+  const std::size_t below = place + Cell::kStride;
+  const std::uint64_t left = FromTheLeft(taken, place) | FromTheLeft(taken, below);
+  const std::uint64_t right = FromTheRight(taken, place) | FromTheRight(taken, below);
+  return resting & (~(taken.From(below) & left & right) | grids.Acting().From(below));
 }
 
 // What the table tells of each code.
@@ -54,21 +66,16 @@ constexpr auto kEnds = [] {
   return ends;
 }();
 
-// Every test is made afresh on the cell as it is then, so an object that has just landed gets a second
-// chance, and the space that something left can take in amoeba.
-void Act(Hra& hra, Cell c, AmoebaList& room) {
-  if (hra.FieldState(c) == kFalling) NewGravitace(hra, c);
-  if (hra.FieldState(c) == kResting) NewGravitace(hra, c);
-  switch (kActs[hra.Field(c) % kCodes]) {
+// What may reach far, and happens less often than the rest.
+void ActByItself(Hra& hra, Cell c, Acting acts, AmoebaList& room) {
+  switch (acts) {
     case Acting::Nothing:
-      return;
     case Acting::GivesRoom:
-      return FindAmoebaRoom(hra, c, room);
+    case Acting::Steps:
+      return;  // seen to by Act
     case Acting::GoesOff:
       if (IsStruckBomb(hra, c)) Exploze(hra, c);
       return;
-    case Acting::Steps:
-      return Potvory(hra, c);
     case Acting::Hunts:
       Potvory(hra, c);
       return FindAmoebaRoom(hra, c, room);
@@ -81,26 +88,39 @@ void Act(Hra& hra, Cell c, AmoebaList& room) {
   }
 }
 
-// What the end of the tick makes of every mark. One above 4 is the moved-in-this-tick form of a heading, ten
-// times itself: a tenth, ties to the even number.
-constexpr std::array<std::uint8_t, 256> kSettledMarks = [] {
-  std::array<std::uint8_t, 256> marks{};
-  for (std::size_t mark = 0; mark < marks.size(); ++mark) {
-    const bool up = mark % 10 > 5 || (mark % 10 == 5 && mark / 10 % 2 == 1);
-    marks[mark] = static_cast<std::uint8_t>(mark <= 4 ? mark : mark / 10 + (up ? 1 : 0));
+// Every test is made afresh on the cell as it is then, so an object that has just landed gets a second
+// chance, and the space that something left can take in amoeba. Answers whether others in its row may be due
+// now, or no longer. A fall leaves a cell into which nothing can roll; a step leaves a cell closed and enters
+// one that nobody waits in.
+bool Act(Hra& hra, Cell c, AmoebaList& room) {
+  bool more = false;
+  if (hra.FieldState(c) >= kResting) {
+    if (hra.FieldState(c) == kFalling) more = NewGravitace(hra, c);
+    if (hra.FieldState(c) == kResting) more = NewGravitace(hra, c) || more;
   }
-  return marks;
-}();
+  const Acting acts = kActs[hra.Field(c) % kCodes];
+  if (acts == Acting::Steps) {
+    Potvory(hra, c);
+    return more;
+  }
+  if (acts == Acting::Nothing || acts == Acting::GivesRoom) {
+    if (acts == Acting::GivesRoom && hra.Count(kAmoeba) > 0) FindAmoebaRoom(hra, c, room);
+    return more;
+  }
+  ActByItself(hra, c, acts, room);
+  return true;
+}
 
-// Ends a move: the heading holds again, and what was vacated is open.
-void EndMove(Hra& hra, Cell c) {
-  const std::uint16_t code = hra.Field(c);
+void EndStep(Hra& hra, Cell c) {
+  hra.EndStep(c);
+  PREKR(hra, c);
+}
+
+// A mark that other things have taken over ends like that of a monster.
+void EndMark(Hra& hra, Cell c) {
   const std::uint8_t mark = hra.FieldMark(c);
-  // A product, since monsters and what they left stand mixed: no processor could guess a branch here.
-  const auto codeNow = static_cast<std::uint16_t>(code * (code != kVacated));
-  const std::uint8_t markNow = kSettledMarks[mark];
-  if (((code ^ codeNow) | (mark ^ markNow)) == 0) return;
-  hra.EndStep(c, codeNow, markNow);
+  if (mark <= kHighestHeading) return;
+  hra.SetFieldMark(c, Grids::EndedMark(mark));
   PREKR(hra, c);
 }
 
@@ -108,6 +128,9 @@ void EndMove(Hra& hra, Cell c) {
 struct Closing {
   int amoebaCells = 0;
   std::optional<SoundId> sound;
+  std::uint64_t touched = 0;  // of the cells at which the scan is those beside something deadly
+
+  bool IsTouched(Cell c) const { return (touched >> (c.place() % kTogether) & 1) != 0; }
 
   void Due(std::optional<SoundId> due) {
     if (due) sound = due;
@@ -118,28 +141,33 @@ struct Closing {
 void SettleOwn(Hra& hra, Cell c, Ending ends, Closing& closing) {
   if (ends == Ending::Repaints) PREKR(hra, c);
   if (ends == Ending::Counts) closing.Due(CountSensor(hra, c));
-  hra.SetFieldMoved(c, false);
   if (ends == Ending::Petrifies) closing.Due(SettleAmoeba(hra, c, closing.amoebaCells));
-  if (ends != Ending::Burns && ends != Ending::Counts) EndMove(hra, c);
-  Contact(hra, c);
+  if (ends != Ending::Counts) EndMark(hra, c);
 }
 
-void Settle(Hra& hra, Cell c, Closing& closing) {
-  const Ending ends = kEnds[hra.Field(c) % kCodes];
-  if (ends != Ending::Nothing) return SettleOwn(hra, c, ends, closing);
-  // Cleared here and not all at once: a bomb that is lit below from above or from the left waits one tick
-  // longer than one that the scan has still to reach.
-  hra.SetFieldMoved(c, false);
-  EndMove(hra, c);
-  if (BesideDeadly(hra, c)) Contact(hra, c);
+// Answers whether more than the cell itself may have changed.
+bool Settle(Hra& hra, Cell c, Closing& closing) {
+  if (hra.Stepped().Has(c)) {
+    EndStep(hra, c);
+  } else {
+    SettleOwn(hra, c, kEnds[hra.Field(c) % kCodes], closing);
+  }
+  if (!closing.IsTouched(c)) return false;
+  Contact(hra, c);
+  return true;
+}
+
+// Amoeba that lives on ends nothing but its picture.
+bool AmoebaEnds(const Hra& hra) {
+  return hra.AmoebaRoom == 0 || hra.AmoebaState == kAmoebaTooBig || IsAmoebaTooBig(hra, hra.Count(kAmoeba));
 }
 
 }  // namespace
 
 void ExplosionScan(Hra& hra) {
   if (hra.Count(kExplosion) + hra.Count(kSensor) == 0) return;
-  const auto burning = [&hra](std::size_t place) {
-    return [&hra, place] { return hra.Burning().From(place); };
+  const auto burning = [&hra](std::size_t place, std::uint64_t ahead) {
+    return hra.Burning().From(place) & ahead;
   };
   ForEachDue(hra, burning, [&hra](Cell c) {
     if (hra.Field(c) == kExplosion) {
@@ -147,24 +175,36 @@ void ExplosionScan(Hra& hra) {
     } else if (hra.FieldMark(c) == 1) {
       hra.SetFieldMark(c, 2);
     }
+    return false;
   });
 }
 
 void ObjectScan(Hra& hra, AmoebaList& room) {
   const bool amoeba = hra.Count(kAmoeba) > 0;
-  const auto acting = [&hra, amoeba](std::size_t place) {
+  const auto moving = [&hra, amoeba](std::size_t place, std::uint64_t ahead) {
     const std::uint64_t beside = amoeba ? Beside(hra.Amoeba(), place) : 0;
-    return [&hra, place, beside] { return (hra.Acting().From(place) | beside) & ~hra.Moved().From(place); };
+    const std::uint64_t due =
+        hra.Falling().From(place) | Loose(hra, place) | hra.Acting().From(place) | beside;
+    return due & ~hra.Moved().From(place) & ahead;
   };
-  ForEachDue(hra, acting, [&](Cell c) { Act(hra, c, room); });
+  ForEachDue(hra, moving, [&](Cell c) { return Act(hra, c, room); });
 }
 
+// The marks of the moved are cleared as the scan passes and not all at once: a bomb that is lit below from
+// above or from the left waits one tick longer than one that the scan has still to reach.
 std::optional<SoundId> ClosingScan(Hra& hra) {
   Closing closing;
-  const auto settling = [&hra](std::size_t place) {
-    return [&hra, place] { return hra.Settling().From(place) | hra.Moved().From(place); };
+  const bool heard = IsHeard(hra);
+  const bool amoeba = hra.Count(kAmoeba) > 0 && (heard || AmoebaEnds(hra));
+  const auto settling = [&hra, &closing, heard, amoeba](std::size_t place, std::uint64_t ahead) {
+    hra.ClearMoved(place, ahead);
+    if (!heard) hra.EndSteps(place, ahead);  // then the order in which they end makes no difference
+    closing.touched = Beside(hra.Deadly(), place);
+    const std::uint64_t touched = hra.Acting().From(place) & closing.touched;
+    const std::uint64_t own = hra.Settling().From(place) | (amoeba ? hra.Amoeba().From(place) : 0);
+    return (hra.Stepped().From(place) | own | touched) & ahead;
   };
-  ForEachDue(hra, settling, [&](Cell c) { Settle(hra, c, closing); });
+  ForEachDue(hra, settling, [&](Cell c) { return Settle(hra, c, closing); });
   return closing.sound;
 }
 

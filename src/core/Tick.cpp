@@ -1,5 +1,6 @@
 // A tick from start to end; docs/tick.md tells it in words.
 #include <algorithm>
+#include <cassert>
 
 #include "core/Machine.h"
 #include "core/Rules.h"
@@ -88,6 +89,7 @@ void ShowRemark(Hra& hra) {
 
 // Gems and keys glitter in every tick, and the sensors beside them hear it.
 void Shimmer(Hra& hra) {
+  if (!IsHeard(hra)) return;
   for (int x = 0; x <= hra.CaveWidth; ++x) {
     for (std::uint64_t due = hra.Glitter(x); due != 0; due &= due - 1) {
       PREKR(hra, {x, Cell::kMinY + std::countr_zero(due)});
@@ -111,6 +113,15 @@ void CommandKeys(const Hra& hra, const KeySnapshot& keys) {
 // The last line of a won run has no end.
 void EndRecordLine(Hra& hra) {
   if (hra.Recording && !hra.ReplayPlaying() && !hra.Win) hra.RecordText += "\r\n";
+}
+
+// In a build with assertions a walk looks after what the grids keep for the scans: another row in each tick.
+[[maybe_unused]] bool RowIsKeptRight(const Hra& hra) {
+  const int y = hra.CaveHeight == 0 ? 0 : hra.Ticks % hra.CaveHeight;
+  for (int x = 0; x < hra.CaveWidth; ++x) {
+    if (!hra.KeptRight({x, y})) return false;
+  }
+  return true;
 }
 
 void World(Hra& hra) {
@@ -152,6 +163,7 @@ TickEnd Tick(Hra& hra, const KeySnapshot& keys) {
     hra.stage().Post(Request::ViewToggle);
   Shimmer(hra);
   CommandKeys(hra, keys);
+  assert(RowIsKeptRight(hra));
   hra.SensorsListen = false;
   return end;
 }

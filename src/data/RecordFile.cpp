@@ -35,7 +35,7 @@ RecordHead ReadRecordHead(RecordLines& lines) {
   RecordHead head;
   head.CollectionName = UnscrambleText(lines.Next());
   const std::size_t length = head.CollectionName.size();
-  if (length > kScoreDigits && head.CollectionName[length - kScoreDigits - 1] == '\r') {
+  if (length > kScoreDigits && head.CollectionName.at(length - kScoreDigits - 1) == '\r') {
     head.Score = ScoreOf(std::string_view(head.CollectionName).substr(length - kScoreDigits));
     head.CollectionName.resize(length - kScoreDigits - 1);
   }

@@ -39,6 +39,10 @@ void FindAmoebaRoom(const Hra& hra, Cell c, AmoebaList& list) {
   ++list.count;
 }
 
+bool IsAmoebaTooBig(const Hra& hra, int cells) {
+  return cells * 22 >= hra.CaveWidth * hra.CaveHeight * 5;
+}
+
 // The first draw is made in every tick of every cave. Only the first candidate is looked at once more: one
 // that something else has taken meanwhile can be overgrown.
 void GrowAmoeba(Hra& hra, const AmoebaList& list) {
@@ -68,7 +72,7 @@ std::optional<SoundId> SettleAmoeba(Hra& hra, Cell c, int& cells) {
       Enclosed(hra);
     }
     ++cells;
-    if (cells * 22 >= hra.CaveWidth * hra.CaveHeight * 5) TooBig(hra);
+    if (IsAmoebaTooBig(hra, cells)) TooBig(hra);
   }
   if (hra.AmoebaState == kAmoebaTooBig) {
     Petrify(hra, c, kBoulder);

@@ -1,16 +1,18 @@
 // The cat: walks by its program, one token's step a tick, digs, takes keys and resting gems (which the dog
 // then lacks), pushes boxes and boulders. How the program jumps on events is told in CatScript.cpp.
-#include <algorithm>
-
 #include "core/Rules.h"
 #include "rules/Push.h"
 
 namespace zorik {
 namespace {
 
-// Directions of the language; -1 is none.
+// Directions of the language; -1 is none. A damaged record may name others, which lead nowhere.
 enum Direction : int { kNone = -1, kWest = 0, kEast = 1, kNorth = 2, kSouth = 3 };
 constexpr std::array<Step, 4> kWays{kLeft, kRight, kUp, kDown};
+
+bool LeadsOn(int direction) {
+  return direction >= kWest && direction <= kSouth;
+}
 
 // What the token of this tick wants.
 struct Want {
@@ -37,7 +39,7 @@ bool MuzeKockaJit(const Hra& hra, Cell c) {
 // A fly's headings: 1 up, 2 right, 3 down, 4 left.
 int FlyHeading(int direction) {
   constexpr std::array<int, 4> kHeadings{4, 2, 1, 3};
-  return direction == kNone ? 0 : kHeadings[static_cast<std::size_t>(direction)];
+  return LeadsOn(direction) ? kHeadings[static_cast<std::size_t>(direction)] : 0;
 }
 
 int DirectionOf(int flyHeading) {
@@ -69,11 +71,6 @@ Want Collect(Hra& hra, Cell c) {
   return want;
 }
 
-int RandomDirection(Hra& hra) {
-  const int direction = Nahoda(hra, 4) - 1;
-  return direction <= kSouth ? std::max(direction, +kNone) : kNone;
-}
-
 // Letters A to D step, E to H walk, I to L push: left, right, up, down.
 Want Decode(Hra& hra, Token token, Cell c) {
   Want want;
@@ -85,7 +82,7 @@ Want Decode(Hra& hra, Token token, Cell c) {
     want.walk = place >= 4 && place < 8;
     want.push = place >= 8;
   } else if (token == "-P") {
-    want.direction = RandomDirection(hra);
+    want.direction = Nahoda(hra, 4) - 1;
     want.advance = true;
   } else if (token == "/D") {
     want.direction = DirectionOf(MouchaS(hra, c, FlyHeading(hra.CatLastDir)));
@@ -122,7 +119,15 @@ void Enter(Hra& hra, Cell old, Cell target, Want& want) {
   hra.CatY = target.y();
 }
 
+void GoOn(Hra& hra, const Want& want) {
+  if (want.advance) ++hra.CatPC;
+}
+
 void Move(Hra& hra, Cell old, Want& want) {
+  if (!LeadsOn(want.direction)) {
+    Nahoda(hra, 4);
+    return GoOn(hra, want);
+  }
   Step step = kWays[static_cast<std::size_t>(want.direction)];
   const Cell target = old + step;
   if (want.walk && (!MuzeKockaJit(hra, target + step) || !MuzeKockaJit(hra, target))) want.advance = true;
@@ -131,12 +136,12 @@ void Move(Hra& hra, Cell old, Want& want) {
   const bool pushed = chance == 1 && PushBoulder(hra, target, step, kFlat);
   if (want.push && (swapped || pushed)) want.advance = true;
   if (MuzeKockaJit(hra, target)) Enter(hra, old, target, want);
-  if (want.advance) ++hra.CatPC;
+  GoOn(hra, want);
 }
 
 int PoseOf(int direction) {
   constexpr std::array<int, 4> kPoses{0, 2, 3, 1};
-  return direction == kNone ? 1 : kPoses[static_cast<std::size_t>(direction)];
+  return LeadsOn(direction) ? kPoses[static_cast<std::size_t>(direction)] : 1;
 }
 
 }  // namespace

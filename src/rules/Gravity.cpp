@@ -15,9 +15,9 @@ void Drop(Hra& hra, Cell target, std::uint16_t code) {
 
 // Also what rolls sideways falls from then on.
 void MoveObject(Hra& hra, Cell from, Cell to) {
-  hra.SetObject(to, hra.Field(from), kFalling);
+  hra.LetFall(from, to);
   hra.SetFieldMoved(to, true);
-  ClearField(hra, from);
+  PREKR(hra, from);
   PREKR(hra, to);
 }
 
@@ -31,13 +31,14 @@ bool Roll(Hra& hra, Cell c) {
   return false;
 }
 
-void Rest(Hra& hra, Cell c) {
+// Answers, like all that follow, whether more has happened than a fall into the cell below.
+bool Rest(Hra& hra, Cell c) {
   const Cell below = c + kDown;
   if (hra.Field(below) == kSpace) {
     MoveObject(hra, c, below);
-  } else if (hra.FieldState(below) != kFlat) {
-    Roll(hra, c);
+    return false;
   }
+  return hra.FieldState(below) != kFlat && Roll(hra, c);
 }
 
 void WakeMagicWall(Hra& hra) {
@@ -67,18 +68,22 @@ void PassMagicWall(Hra& hra, Cell c) {
 //
 // Goes on also over a magic wall, on the cell that it has just emptied. So that cell keeps the state of a
 // resting object though it is space, and what enters it without a state of its own can fall.
-void Fall(Hra& hra, Cell c) {
+bool Fall(Hra& hra, Cell c) {
   const Cell below = c + kDown;
-  if (IsMagicWall(hra, below)) PassMagicWall(hra, c);
+  const bool magic = IsMagicWall(hra, below);
+  if (magic) PassMagicWall(hra, c);
   if (hra.Field(below) == kSpace) {
     MoveObject(hra, c, below);
-  } else if (hra.FieldState(below) != kFlat) {
+    return magic;
+  }
+  if (hra.FieldState(below) != kFlat) {
     Dopad(hra, c);
     if (!Roll(hra, c)) hra.SetFieldState(c, kResting);
   } else {
     hra.SetFieldState(c, kResting);
     Dopad(hra, c);
   }
+  return true;
 }
 
 // With both outlets taken the object is simply gone.
@@ -92,10 +97,13 @@ void Split(Hra& hra, Cell c) {
 
 }  // namespace
 
-void NewGravitace(Hra& hra, Cell c) {
-  if (hra.FieldState(c) == kResting) Rest(hra, c);
-  if (hra.FieldState(c) == kFalling) Fall(hra, c);
-  if (IsSplitterMouth(hra, c + kDown)) Split(hra, c);
+bool NewGravitace(Hra& hra, Cell c) {
+  bool more = false;
+  if (hra.FieldState(c) == kResting) more = Rest(hra, c);
+  if (hra.FieldState(c) == kFalling) more = Fall(hra, c) || more;
+  if (!IsSplitterMouth(hra, c + kDown)) return more;
+  Split(hra, c);
+  return true;
 }
 
 }  // namespace zorik

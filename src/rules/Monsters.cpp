@@ -6,32 +6,42 @@
 namespace zorik {
 namespace {
 
-constexpr std::array<Step, 5> kWays{Step{}, kLeft, kUp, kRight, kDown};
+// A way, and the heading that a monster has after it.
+struct Heading {
+  Step way;
+  std::uint8_t number = 0;
+};
+constexpr Heading kWest{kLeft, 1}, kNorth{kUp, 2}, kEast{kRight, 3}, kSouth{kDown, 4};
 
 struct Turn {
-  std::size_t first;    // the heading tried first
-  std::size_t then;     // the one tried next
-  std::size_t blocked;  // the one to turn to, which takes the whole tick
+  Heading first;    // tried first
+  Heading then;     // tried next
+  Heading blocked;  // to turn to, which takes the whole tick
 };
 
 // By heading.
-constexpr std::array<Turn, 5> kFireFlyTurns{{{}, {4, 1, 2}, {1, 2, 3}, {2, 3, 4}, {3, 4, 1}}};
-constexpr std::array<Turn, 5> kButterFlyTurns{{{}, {2, 1, 4}, {3, 2, 1}, {4, 3, 2}, {1, 4, 3}}};
+using Turns = std::array<Turn, 5>;
+constexpr Turns kFireFlyTurns{
+    {{}, {kSouth, kWest, kNorth}, {kWest, kNorth, kEast}, {kNorth, kEast, kSouth}, {kEast, kSouth, kWest}}};
+constexpr Turns kButterFlyTurns{
+    {{}, {kNorth, kWest, kSouth}, {kEast, kNorth, kWest}, {kSouth, kEast, kNorth}, {kWest, kSouth, kEast}}};
 
-// Looks at both ways before it chooses, and a blocked monster enters its own cell: that is quicker than to
-// ask one after the other.
-void FollowWall(Hra& hra, Cell c, const std::array<Turn, 5>& turns) {
+// Chooses from behind, and a blocked monster enters its own cell: that is quicker than to leave at the first
+// free way, since the processor then need not guess which it is.
+void FollowWall(Hra& hra, Cell c, const Turns& turns) {
   const std::size_t heading = hra.FieldMark(c);
   if (heading == 0 || heading >= turns.size()) return;
   const Turn& turn = turns[heading];
-  const bool first = hra.Field(c + kWays[turn.first]) == kSpace;
-  const bool then = hra.Field(c + kWays[turn.then]) == kSpace;
-  const std::size_t open = first ? turn.first : turn.then;
-  const bool blocked = !(first | then);
   const std::uint16_t code = hra.Field(c);
+  const Cell first = c + turn.first.way;
+  const Cell then = c + turn.then.way;
+  Cell target = hra.Field(then) == kSpace ? then : c;
+  std::uint8_t now = hra.Field(then) == kSpace ? turn.then.number : turn.blocked.number;
+  const bool free = hra.Field(first) == kSpace;
+  target = free ? first : target;
+  now = free ? turn.first.number : now;
   hra.Vacate(c);
-  hra.Enter(c + kWays[blocked ? 0 : open], code,
-            static_cast<std::uint8_t>(10 * (blocked ? turn.blocked : open)));
+  hra.Enter(target, code, static_cast<std::uint8_t>(10 * now));
 }
 
 }  // namespace

@@ -114,8 +114,12 @@ void ExpectDueAs(const Grids& grids, Cell c, std::uint16_t code, int state, int 
   EXPECT_EQ(grids.Field(c), code);
   EXPECT_EQ(grids.FieldState(c), state);
   EXPECT_EQ(grids.FieldMark(c), mark);
-  EXPECT_EQ(grids.Acting().Has(c), plain.Acting().Has(c));
-  EXPECT_EQ(grids.Settling().Has(c), plain.Settling().Has(c));
+  for (const auto kept :
+       {&Grids::Taken, &Grids::Falling, &Grids::Resting, &Grids::Acting, &Grids::Stepped, &Grids::Settling,
+        &Grids::Burning, &Grids::Amoeba, &Grids::Deadly, &Grids::Finishes}) {
+    EXPECT_EQ((grids.*kept)().Has(c), (plain.*kept)().Has(c));
+  }
+  EXPECT_TRUE(grids.KeptRight(c));
 }
 
 TEST(TheGrids, LetAMonsterStepAndKeepTheStatesOfBothCells) {
@@ -128,14 +132,14 @@ TEST(TheGrids, LetAMonsterStepAndKeepTheStatesOfBothCells) {
         grids.SetObject(from, code, static_cast<std::uint8_t>(stateOfFrom));
         grids.SetFieldMark(from, 4);
         grids.SetFieldState(to, static_cast<std::uint8_t>(stateOfTo));
-        grids.SetFieldMark(to, 9);
+        grids.SetFieldMark(to, 9);  // of something else that was there
         grids.Vacate(from);
         ExpectDueAs(grids, from, kVacated, stateOfFrom, 0);
         grids.Enter(to, code, 40);
         ExpectDueAs(grids, to, code, stateOfTo, 40);
-        grids.EndStep(to, code, 4);
+        grids.EndStep(to);
         ExpectDueAs(grids, to, code, stateOfTo, 4);
-        grids.EndStep(from, kSpace, 0);
+        grids.EndStep(from);
         ExpectDueAs(grids, from, kSpace, stateOfFrom, 0);
       }
     }
@@ -150,6 +154,73 @@ TEST(TheGrids, LetAMonsterTurnInItsOwnCell) {
   grids.Vacate(c);
   grids.Enter(c, kFireFly, 20);
   ExpectDueAs(grids, c, kFireFly, 0, 20);
+}
+
+// Headings of 46 and more come from damaged records: they take more than one tick to end.
+TEST(TheGrids, EndAllStepsOfARowAsTheyEndEachOfThem) {
+  Grids each;
+  for (int x = 0; x < 60; ++x) {
+    const Cell c(x, 7);
+    each.SetObject(c, kFly, static_cast<std::uint8_t>(x % 4));
+    each.SetFieldMark(c, static_cast<std::uint8_t>(x < 40 ? x : 5 * x - 50));
+    if (x % 3 == 0) each.Vacate(c);
+  }
+  Grids together = each;
+  const Cell first = Cell::AtPlace(Cell(0, 7).place() / CellSet::kTogether * CellSet::kTogether);
+  const std::uint64_t some = 0x7FFF'FFFF'FFFF'F0FF;
+  together.EndSteps(first.place(), some);
+  for (int x = 0; x < 60; ++x) {
+    const Cell c(x, 7);
+    SCOPED_TRACE(x);
+    const bool asked = (some >> (c.place() - first.place()) & 1) != 0;
+    const bool left = asked && together.Stepped().Has(c);
+    if (each.Stepped().Has(c) && asked && !left) each.EndStep(c);
+    EXPECT_EQ(left, each.Stepped().Has(c) && asked && Grids::EndedMark(each.FieldMark(c)) > 4);
+    ExpectDueAs(together, c, each.Field(c), each.FieldState(c), each.FieldMark(c));
+  }
+}
+
+TEST(TheGrids, LetAnythingFallAndKeepTheMarksOfBothCells) {
+  const Cell from(5, 6);
+  const Cell to(5, 7);
+  for (std::uint16_t code = 0; code < kObjectCount; ++code) {
+    for (const std::uint8_t state : {kFlat, kResting, kFalling}) {
+      for (const std::uint8_t mark : std::initializer_list<std::uint8_t>{0, 3, 30}) {
+        SCOPED_TRACE(code);
+        Grids grids;
+        grids.SetObject(from, code, state);
+        grids.SetFieldMark(from, mark);
+        grids.SetFieldState(to, state);
+        grids.SetFieldMark(to, static_cast<std::uint8_t>(30 - mark));
+        const int count = grids.Count(code);
+        grids.LetFall(from, to);
+        EXPECT_EQ(grids.Count(code), count);
+        ExpectDueAs(grids, from, kSpace, kFlat, mark);
+        ExpectDueAs(grids, to, code, kFalling, 30 - mark);
+      }
+    }
+  }
+}
+
+// A tenth, ties to the even number.
+TEST(AMarkAboveFour, EndsAsTheWholeNumberNextToItsTenth) {
+  for (const auto& [mark, ended] : {std::pair{0, 0},
+                                    {4, 4},
+                                    {5, 0},
+                                    {6, 1},
+                                    {10, 1},
+                                    {15, 2},
+                                    {20, 2},
+                                    {25, 2},
+                                    {26, 3},
+                                    {40, 4},
+                                    {45, 4},
+                                    {46, 5},
+                                    {55, 6},
+                                    {250, 25},
+                                    {255, 26}}) {
+    EXPECT_EQ(Grids::EndedMark(static_cast<std::uint8_t>(mark)), ended) << mark;
+  }
 }
 
 TEST(TheGrids, CountWhatTheTickAsksFor) {

@@ -429,7 +429,10 @@ TEST(TheLowestUnitThatLives, IsSteeredFirstWhenThereIsNoDogOne) {
 }
 
 TEST(ACaveWithoutADog, StartsAndCanOnlyBeRestarted) {
-  Hra hra = Play({"...", ".D."});
+  Diary diary;
+  Hra hra = Play({"...", ".D."}, {}, &diary);
+  EXPECT_EQ(diary.Count("message *"), 1);
+  EXPECT_TRUE(diary.Has("message 90 white 0"));
   EXPECT_EQ(hra.DogCount, 0);
   EXPECT_EQ(hra.ActiveDog, 1);
   Pass(hra, 3, "R>1!");

@@ -151,6 +151,15 @@ TEST(RecordHead, OfACollectionWithoutANameIsSixCharactersLong) {
   EXPECT_EQ(head.CollectionName, "");
 }
 
+TEST(RecordHead, OfFiveCharactersAndFewerIsAllName) {
+  for (const char* line : {"00042", "\r0042", "Sadka", "\r", ""}) {
+    RecordLines lines(HeadOf(line, "", ""));
+    const RecordHead head = ReadRecordHead(lines);
+    EXPECT_EQ(head.Score, 0);
+    EXPECT_EQ(head.CollectionName, line);
+  }
+}
+
 TEST(RecordHead, CountsAScoreThatIsNoNumberAsZero) {
   RecordLines lines(HeadOf("Sada\r12a45", "", ""));
   const RecordHead head = ReadRecordHead(lines);

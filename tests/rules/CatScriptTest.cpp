@@ -111,6 +111,22 @@ TEST(CatScript, ARandomStepOfARecordThatHasRunDryHasNoDirection) {
   EXPECT_EQ(hra.CatLastDir, -1);
 }
 
+TEST(CatScript, ARandomStepWithAnOutcomeThatNamesNoWayDrawsAndGoesOnAndLeadsNowhere) {
+  for (const int drawn : {5, 9, 190, -3}) {
+    SCOPED_TRACE(drawn);
+    Hra hra = CatIn(kOpen, "*A-P/D");
+    LetAct(hra, {drawn, 1});
+    EXPECT_EQ(CatCell(hra), kMiddle);
+    EXPECT_EQ(Drawn(hra), kOpen);
+    EXPECT_EQ(hra.CatPC, 2);
+    EXPECT_EQ(hra.CatPose, 1);
+    EXPECT_TRUE(hra.CatLastAdvanced);
+    // To wander on from it is as from no direction: not to heading 2, the right.
+    LetAct(hra, {2, 1, 3});
+    EXPECT_EQ(CatCell(hra), kMiddle + kUp);
+  }
+}
+
 // Walks
 
 TEST(CatScript, AWalkGoesOnWithTheLastPossibleStep) {
@@ -294,6 +310,19 @@ TEST(CatScript, AnEventDuringAWaitJumpsAtOnceAndTheWaitRunsOn) {
   EXPECT_EQ(hra.CatPC, 6);
 }
 
+TEST(CatScript, TheEndOfAWaitGoesOnByOneAlsoFromALabel) {
+  Hra hra = CatIn(kOpen, "*A-N/Z*B*C-A/Z");
+  for (int tick = 1; tick <= 3; ++tick) LetAct(hra);
+  KockaEvent(hra, 'B');
+  for (int wait = 6; wait >= 1; --wait) LetAct(hra);
+  EXPECT_EQ(hra.CatPC, 4);
+  LetAct(hra);
+  EXPECT_EQ(hra.CatWait, 0);
+  EXPECT_EQ(hra.CatPC, 5);
+  LetAct(hra, {2});
+  EXPECT_EQ(CatCell(hra), kMiddle + kLeft);
+}
+
 TEST(CatScript, TokensThatDrawDoSoWhileTheCatWaitsToo) {
   Hra random = CatIn(kOpen, "*A-P/Z");
   random.CatWait = 3;
@@ -308,45 +337,6 @@ TEST(CatScript, TokensThatDrawDoSoWhileTheCatWaitsToo) {
   EXPECT_EQ(wander.CatWait, 2);
   EXPECT_EQ(wander.CatLastDir, 2);
   EXPECT_EQ(CatCell(wander), kMiddle);
-}
-
-// Wandering
-
-TEST(CatScript, AWanderingCatFliesLikeAFlyAndNeverTurnsBackWhereItHasAChoice) {
-  constexpr std::array<int, 4> kHeadings{4, 2, 1, 3};
-  constexpr std::array<std::size_t, 4> kBack{1, 0, 3, 2};
-  for (std::size_t last = 0; last < 4; ++last) {
-    for (std::size_t way = 0; way < 4; ++way) {
-      if (way == kBack[last]) continue;
-      SCOPED_TRACE(std::to_string(last) + " " + std::to_string(way));
-      Hra hra = CatIn(kOpen, "*A/D/Z");
-      hra.CatLastDir = static_cast<int>(last);
-      LetAct(hra, {kHeadings[kBack[last]], kHeadings[way], 2});
-      EXPECT_EQ(CatCell(hra), kMiddle + kWays[way]);
-      EXPECT_EQ(hra.CatLastDir, static_cast<int>(way));
-      EXPECT_EQ(hra.CatPC, 1);
-      EXPECT_FALSE(hra.CatLastAdvanced);
-    }
-  }
-}
-
-TEST(CatScript, AWanderingCatTakesTheOnlyFreeWayWithoutChoosingAndDoesNotSeeDirtAsFree) {
-  Hra hra = CatIn({";;;", ";J.", ";;;"}, "*A/D");
-  hra.CatLastDir = 0;
-  LetAct(hra, {2});
-  EXPECT_EQ(Drawn(hra), (Picture{";;;", ";.J", ";;;"}));
-}
-
-TEST(CatScript, AWanderingCatWithNoFreeWayKeepsItsDirection) {
-  Hra walled = CatIn(kWalled, "*A/D");
-  walled.CatLastDir = 3;
-  LetAct(walled, {2});
-  EXPECT_EQ(Drawn(walled), kWalled);
-  EXPECT_EQ(walled.CatLastDir, 3);
-  Hra buried = CatIn({";;;", ";J;", ";;;"}, "*A/D");
-  buried.CatLastDir = 2;
-  LetAct(buried, {2});
-  EXPECT_EQ(Drawn(buried), (Picture{";J;", ";.;", ";;;"}));
 }
 
 // Collecting

@@ -297,6 +297,14 @@ TEST(DogStep, ADogThatWasDeclaredDeadDoesNotTakeOver) {
   EXPECT_EQ(hra.ActiveDog, 1);
 }
 
+TEST(DogStep, TheEntryOfADeadDogHidesALivingOneOfAHigherNumberInItsCell) {
+  Hra hra = PlayBack({"12.3"}, {});
+  hra.Dog[3] = hra.Dog[2];
+  hra.Dog[2].Alive = false;
+  StepDog(hra, kKeyRight, 1);
+  EXPECT_EQ(hra.ActiveDog, 1);
+}
+
 // The finish
 
 // Notes how things stand at the moments that matter in a win.

@@ -131,6 +131,26 @@ TEST(Fly, KeepsNoHeadingWhenTheRecordHasRunDry) {
   EXPECT_EQ(hra.FieldMark(kMiddle), 0);
 }
 
+TEST(Fly, KeepsNoHeadingWhenTheRecordHasRunDryAlsoWhereOneWayIsFree) {
+  Hra hra = Open(0, {1, 2, 3});
+  Foretell(hra, {});
+  Potvory(hra, kMiddle);
+  EXPECT_EQ(hra.Field(kMiddle), kFly);
+  EXPECT_EQ(hra.FieldMark(kMiddle), 0);
+}
+
+// A mark cannot hold what is below 0, so it is not written.
+TEST(Fly, KeepsNoHeadingWhereADamagedRecordNamesOneBelowNought) {
+  for (const int drawn : {-1, -2, -60}) {
+    Hra hra = Open(0, {1, 2, 3});
+    Foretell(hra, {drawn});
+    Potvory(hra, kMiddle);
+    EXPECT_EQ(hra.Field(kMiddle), kFly) << drawn;
+    EXPECT_EQ(hra.FieldMark(kMiddle), 0) << drawn;
+    EXPECT_TRUE(Drained(hra));
+  }
+}
+
 TEST(MouchaS, StrikesOutTheWayBackAndDrawsUntilAFreeWayComesUp) {
   // Way back of 1 up is 3, of 2 right is 4, and so on; the blocked way comes up in vain too.
   struct Row {

@@ -130,6 +130,15 @@ TEST(Keys, TheCatKeyRaisesItsEventAndTheOthersDoNot) {
   }
 }
 
+TEST(Keys, TheCatKeyMovesTheProgramOfADeadCatToo) {
+  Hra hra = Play({".WWWWJ"}, {.script = "*A-M*I-M/Z"});
+  Exploze(hra, {5, 0});
+  ASSERT_FALSE(hra.CatPresent);
+  Put(hra, 0, 0, '$');
+  Take(hra, 0, 0);
+  EXPECT_EQ(hra.CatPC, 3);
+}
+
 TEST(Keys, AFallingKeyIsNotCollected) {
   Hra hra = Play({"1#&"});
   hra.SetFieldState({1, 0}, kFalling);

@@ -202,6 +202,23 @@ TEST(Teleport, TheCatRidesRestsOnTheWayAndStandsAtTheExit) {
                         }));
 }
 
+TEST(Teleport, AnotherCatThatRidesTakesThePlaceOfTheDeadOneWithIt) {
+  Hra hra = Play(
+      {
+          "....J",
+          ".S.WW",
+          ".W.S.",
+      },
+      {.script = "*A-M/Z"});
+  Exploze(hra, {4, 0});
+  ASSERT_FALSE(hra.CatPresent);
+  Put(hra, 1, 1, 'J');
+  Ride(hra, 4);
+  EXPECT_EQ(hra.Field({3, 2}), kCat);
+  EXPECT_EQ(Cell(hra.CatX, hra.CatY), Cell(3, 2));
+  EXPECT_FALSE(hra.CatPresent);
+}
+
 TEST(Teleport, AnEmptiedEntranceHasNoMarkWhateverItGotMeanwhile) {
   Hra hra = Play(kStation);
   Put(hra, 1, 1, 'B');
