@@ -18,6 +18,7 @@ constexpr std::array<Step, 4> kSteps{kLeft, kUp, kRight, kDown};
 constexpr int kLookAhead = 8;             // deeds
 constexpr int kPatience = 150;            // ticks to wait for a deed beyond its time
 constexpr int kLostPatience = 15;         // the same once the way was lost
+constexpr int kDodges = 20;               // ticks of a walk that may be spent with that
 constexpr int kHorizon = 8;               // ticks that a step aside should be good for
 constexpr int kPushes = 60;               // tries
 constexpr int kRescues = 60;              // searches for a lost way
@@ -26,6 +27,10 @@ constexpr std::uint64_t kRescue = 8'000;  // ticks of one of them
 
 bool IsPushed(std::uint16_t code) {
   return code == kBox || code == kBoulder;
+}
+
+bool IsTaken(std::uint16_t code) {
+  return code == kGem || IsKey(code) || code == kCatKey;
 }
 
 class Follower {
@@ -113,8 +118,7 @@ class Follower {
       const Step step = kSteps[static_cast<std::size_t>(deed.direction)];
       return code == deed.found && (run_.Field(deed.target + step) == kSpace || !deed.moved || code == kBox);
     }
-    if (deed.found == kGem || IsKey(deed.found) || deed.found == kCatKey)
-      return code == deed.found && run_.FieldState(deed.target) == kResting;
+    if (IsTaken(deed.found)) return code == deed.found && run_.FieldState(deed.target) == kResting;
     return CanEnter(run_, deed.target);
   }
 
@@ -127,7 +131,8 @@ class Follower {
   bool Carry(const Deed& deed) {
     if (deed.unit == 0) return CarrySwarm(deed);
     if (Obsolete(deed)) return true;
-    if (!Choose(deed.unit) || !GoTo(deed.from)) return false;
+    if (!Choose(deed.unit)) return false;
+    if (!GoTo(deed.from)) return IsTaken(deed.found) && !deed.action && GoTo(deed.target);
     while (Going() && run_.Ticks < deed.tick && !Kills({kWait}, 2)) Do(kWait);
     for (int waited = 0; Going() && !(Ready(deed) && !Kills(Coming(), 0)); ++waited) {
       if (waited > (rescues_ > 0 ? kLostPatience : kPatience)) return false;
@@ -175,7 +180,8 @@ class Follower {
 
   // Walks to a cell if it is not there; false when it does not come there.
   bool GoTo(Cell goal) {
-    for (int tries = 0; Going() && tries < 400; ++tries) {
+    int dodges = 0, stuck = 0;
+    while (Going()) {
       const auto own = UnitCell(run_, run_.ActiveDog);
       if (!own || !ActiveUnit(run_).Alive) return false;
       if (*own == goal) return true;
@@ -186,7 +192,11 @@ class Follower {
       ways_.Find(run_, *own, 0, other_);
       if (!ways_.Reaches(goal)) return false;
       const auto move = static_cast<Move>(kStepBase + ways_.To(goal).front());
-      if (Kills({move}, 3) ? !Dodge() : !Do(move)) return false;
+      const bool held = Kills({move}, 3);
+      if (held && ++dodges > kDodges) return false;
+      if (held ? !Dodge() : !Do(move)) return false;
+      stuck = UnitCell(run_, run_.ActiveDog) == own ? stuck + 1 : 0;
+      if (stuck > kPushes) return false;
     }
     return UnitCell(run_, run_.ActiveDog) == goal;
   }
@@ -241,8 +251,7 @@ class Follower {
   void Resume() {
     for (; next_ < deeds_.size(); ++next_) {
       const Deed& deed = deeds_[next_];
-      const bool goal = deed.found != kSpace && deed.found != kDirt;
-      if (goal && (Ready(deed) || deed.found == kFinish)) return;
+      if (deed.found != kSpace && deed.found != kDirt && Ready(deed)) return;
     }
   }
 
