@@ -59,7 +59,7 @@ namespace zorik {
 // may be left out, all others not.
 
 // The file that tells what the collection is, and names those of its caves.
-inline constexpr std::string_view kCollectionFile = "collection.txt";
+inline constexpr const char* kCollectionFile = "collection.txt";
 
 // Contents by file names.
 using TextFiles = std::map<std::string, std::string>;

@@ -1,74 +1,48 @@
 #include "solve/Impossible.h"
 
-#include <vector>
+#include <algorithm>
 
 #include "core/Machine.h"
-#include "core/Patterns.h"
+#include "solve/Reach.h"
 
 namespace zorik {
 namespace {
 
-// What a dog could ever come to if everything but steel gave way: nothing destroys steel.
-struct Within {
-  bool finish = false;
-  int gems = 0;
-  bool makesGems = false;  // something in there may make gems, or two of one
-};
-
-bool MakesGems(const RunState& run, Cell c) {
-  switch (run.Field(c)) {
-    case kButterFly:
-    case kAmoeba:
-    case kWallH:  // perhaps the mouth of a splitter
-      return true;
-    default:
-      return IsMagicWall(run, c);
-  }
-}
-
-Within LookAround(const Hra& run) {
-  Within within;
-  std::vector<bool> seen(Cell::kPlaces);
-  std::vector<Cell> due;
-  const auto enter = [&](Cell c) {
-    if (seen[c.place()] || run.Field(c) == kSteel) return;
-    seen[c.place()] = true;
-    due.push_back(c);
-  };
-  for (int n = 1; n <= run.DogCount; ++n) {
-    if (const auto c = UnitCell(run, n); c && run.Dog[static_cast<std::size_t>(n)].Alive) enter(*c);
-  }
-  while (!due.empty()) {
-    const Cell c = due.back();
-    due.pop_back();
-    within.finish |= run.Field(c) == kFinish;
-    within.gems += run.Field(c) == kGem ? 1 : 0;
-    within.makesGems |= MakesGems(run, c);
-    for (const Step step : {kLeft, kUp, kRight, kDown}) enter(c + step);
-    // What rides comes out there: the dog, but also a gem from where no dog can go.
-    if (run.TeleportActive && c == run.TeleportIn) enter(run.TeleportOut);
-    if (run.TeleportActive && c == run.TeleportOut) enter(run.TeleportIn);
-  }
-  return within;
-}
-
-bool AnyDog(const Hra& run) {
-  for (int n = 1; n <= run.DogCount; ++n) {
-    if (run.Dog[static_cast<std::size_t>(n)].Alive) return true;
-  }
-  return false;
+std::optional<std::string> TooFewGems(const Hra& run, const Reach& reach) {
+  const std::optional<int> most = MostGems(run, reach);
+  if (!most || *most >= run.GemsNeeded) return std::nullopt;
+  int there = 0;
+  ForEachCell(run, [&](Cell c) { there += run.Field(c) == kGem && reach.FeedsDogs(c) ? 1 : 0; });
+  const std::string needed =
+      std::to_string(run.GemsNeeded) + " gems are needed, the dogs can come to " + std::to_string(there);
+  if (*most <= there) return needed + ", and nothing makes more";
+  return needed + ", and no more than " + std::to_string(*most) + " can come to be";
 }
 
 }  // namespace
 
+std::optional<int> FewestTicks(const Hra& run, const Reach& reach) {
+  std::optional<int> fewest;
+  ForEachCell(run, [&](Cell c) {
+    if (run.Field(c) != kFinish || !reach.Dogs(c)) return;
+    fewest = std::min(fewest.value_or(reach.Ticks(c)), reach.Ticks(c));
+  });
+  // A tick takes one gem, and the finish is a tick of its own.
+  if (fewest) fewest = std::max(*fewest, run.GemsNeeded + 1);
+  return fewest;
+}
+
 std::optional<std::string> WhyImpossible(const Hra& run) {
-  if (!AnyDog(run)) return "there is no dog";
+  if (LiveDogs(run) == 0) return "there is no dog";
   if (run.Count(kFinish) == 0) return "there is no finish";
-  const Within within = LookAround(run);
-  if (!within.finish) return "steel stands between the dogs and the finish";
-  if (within.makesGems || within.gems >= run.GemsNeeded) return std::nullopt;
-  return std::to_string(run.GemsNeeded) + " gems are needed, the dogs can come to " +
-         std::to_string(within.gems) + ", and nothing makes more";
+  const Reach reach(run);
+  const std::optional<int> fewest = FewestTicks(run, reach);
+  if (!fewest) return "no dog can ever come to the finish";
+  if (auto why = TooFewGems(run, reach)) return why;
+  const int time = run.TimeLimit * kTicksPerSecond;
+  if (*fewest <= time) return std::nullopt;
+  return "no way is shorter than " + std::to_string(*fewest) + " ticks, and the time is up after " +
+         std::to_string(time);
 }
 
 }  // namespace zorik

@@ -1,8 +1,18 @@
 #include "solve/Move.h"
 
+#include <array>
 #include <string_view>
 
+#include "core/Machine.h"
+
 namespace zorik {
+
+bool Trespasses(const Hra& run, Move move, const Avoided& avoided) {
+  constexpr std::array<Step, 4> kSteps{kLeft, kUp, kRight, kDown};
+  if (!avoided || move < kStepBase || move >= kChooseBase || run.ActiveDog == 0) return false;
+  const auto own = UnitCell(run, run.ActiveDog);
+  return own && avoided->Has(*own + kSteps[static_cast<std::size_t>((move - kStepBase) % 4)]);
+}
 
 KeySnapshot KeysOf(Move move) {
   KeySnapshot keys;

@@ -1,9 +1,11 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <vector>
 
+#include "core/Hra.h"
 #include "core/Keys.h"
 
 namespace zorik {
@@ -17,6 +19,12 @@ inline constexpr Move kChooseBase = 9;  // + the number of the unit
 
 // What is done tick by tick from the start of a run.
 using Plan = std::vector<Move>;
+
+// Cells that no dog of a search may enter or act on; null for none.
+using Avoided = std::shared_ptr<const CellSet>;
+
+// Whether the move leads the steered dog into one of them.
+bool Trespasses(const Hra& run, Move move, const Avoided& avoided);
 
 // The keys that a player holds for it.
 KeySnapshot KeysOf(Move move);

@@ -7,10 +7,18 @@
 namespace zorik {
 namespace {
 
+constexpr int kMostBroken = 12;  // walls that count
 constexpr std::array<Step, 4> kSteps{kLeft, kUp, kRight, kDown};
 
 int Keys(const Grids& run) {
   return run.Count(kKeyRed) + run.Count(kKeyGreen) + run.Count(kKeyBlue) + run.Count(kCatKey);
+}
+
+// What stands for ever unless something blows up beside it.
+int Walls(const RunState& run) {
+  int walls = 0;
+  ForEachCell(run, [&](Cell c) { walls += run.Field(c) == kBrick || run.Field(c) == kBiomass ? 1 : 0; });
+  return walls;
 }
 
 std::uint64_t Mix(std::uint64_t hash, std::uint64_t value) {
@@ -29,6 +37,7 @@ Search::Search(const Hra& begin, std::uint64_t seed, Temper temper)
   keysAtStart_ = Keys(run_);
   gemsAtStart_ = run_.Count(kGem);
   dogsAtStart_ = LiveDogs(run_);
+  wallsAtStart_ = Walls(run_);
   limit_ = std::max(1, run_.TimeLimit * kTicksPerSecond);
   run_.CaveText.clear();
   run_.RecordText.clear();
@@ -40,7 +49,9 @@ int Search::Level() const {
   const int gems = std::min(run_.GemsCollected, run_.GemsNeeded);
   const int open = std::min(ReachableGems(), std::max(0, run_.GemsNeeded - run_.GemsCollected));
   const int made = std::max(0, run_.GemsCollected + run_.Count(kGem) - gemsAtStart_);
-  return gems * 4 + open * 3 + made + (run_.ExitOpen ? 8 : 0) + (keysAtStart_ - Keys(run_)) * 4 -
+  // A wall that is gone may be the way to all the rest.
+  const int broken = std::clamp(wallsAtStart_ - Walls(run_), 0, kMostBroken);
+  return gems * 4 + open * 3 + made + broken + (run_.ExitOpen ? 8 : 0) + (keysAtStart_ - Keys(run_)) * 4 -
          (dogsAtStart_ - LiveDogs(run_)) * 6;
 }
 
@@ -159,6 +170,15 @@ Plan Search::PlanTo(std::int32_t node) const {
   return plan;
 }
 
+Plan Search::BestPlan() const {
+  const auto row =
+      std::find_if(levels_.begin(), levels_.end(), [](const auto& level) { return !level.second.empty(); });
+  if (row == levels_.end()) return {};
+  const auto length = [this](std::int32_t node) { return nodes_[static_cast<std::size_t>(node)].length; };
+  return PlanTo(*std::min_element(row->second.begin(), row->second.end(),
+                                  [&](std::int32_t a, std::int32_t b) { return length(a) < length(b); }));
+}
+
 bool Search::Go(std::uint64_t ticks) {
   const std::uint64_t until = ticks_ + ticks;
   while (!found_ && ticks_ < until) Explore(Pick());
@@ -182,7 +202,7 @@ void Search::Explore(std::size_t number) {
 
 // One tick. False when nothing more can come of this run, or it is won.
 bool Search::Do(Move move) {
-  if (over_) return false;
+  if (over_ || Trespasses(run_, move, avoided_)) return false;
   const int gems = run_.GemsCollected;
   const bool open = run_.ExitOpen;
   ++ticks_;

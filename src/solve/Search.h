@@ -35,12 +35,18 @@ class Search {
   // From now on only plans of fewer ticks count.
   void SetBound(int ticks) { bound_ = ticks; }
 
+  // From now on no dog enters these cells.
+  void Avoid(Avoided avoided) { avoided_ = std::move(avoided); }
+
   std::uint64_t Ticks() const { return ticks_; }
   int MostGems() const { return mostGems_; }
   std::size_t Bytes() const { return bytes_; }  // that the archive takes, about
 
   // The plan that wins, once found.
   const std::optional<Plan>& Found() const { return found_; }
+
+  // The plan that leads to the best moment so far, the shortest of several; empty if that is the beginning.
+  Plan BestPlan() const;
 
  private:
   struct Node {
@@ -89,10 +95,11 @@ class Search {
   int parentLength_ = 0;
   Plan moves_;
   bool over_ = false;
-  int keysAtStart_ = 0, dogsAtStart_ = 0, gemsAtStart_ = 0;
+  int keysAtStart_ = 0, dogsAtStart_ = 0, gemsAtStart_ = 0, wallsAtStart_ = 0;
   int limit_ = 1;  // ticks
   int bound_ = std::numeric_limits<int>::max();
   int mostGems_ = 0;
+  Avoided avoided_;
   std::size_t bytes_ = 0;
   std::uint64_t ticks_ = 0;
   std::optional<Plan> found_;

@@ -17,8 +17,8 @@ bool AnyDogLives(const RunState& run) {
 // A plan that wins, and moments on its way from which variants are tried.
 class Shortener {
  public:
-  Shortener(const Hra& begin, Plan plan, const std::function<bool()>& enough)
-      : run_(begin), snapshots_(begin), plan_(std::move(plan)), enough_(enough) {
+  Shortener(const Hra& begin, Plan plan, const std::function<bool()>& enough, const Avoided& avoided)
+      : run_(begin), snapshots_(begin), plan_(std::move(plan)), enough_(enough), avoided_(avoided) {
     moments_.push_back(snapshots_.Keep(run_));
     KeepFrom(0);
   }
@@ -56,6 +56,7 @@ class Shortener {
     snapshots_.Restore(run_, moments_[moment]);
     for (std::size_t i = moment * kApart; i < plan.size(); ++i) {
       run_.RecordText.clear();
+      if (Trespasses(run_, plan[i], avoided_)) return false;
       if (Tick(run_, KeysOf(plan[i])) == TickEnd::Won) {
         plan.resize(i + 1);
         return true;
@@ -79,13 +80,14 @@ class Shortener {
   Snapshots snapshots_;
   Plan plan_;
   const std::function<bool()>& enough_;
+  const Avoided& avoided_;
   std::vector<Snapshots::Snapshot> moments_;  // moment i is behind i * kApart ticks
 };
 
 }  // namespace
 
-Plan Shorten(const Hra& begin, Plan plan, const std::function<bool()>& enough) {
-  return Shortener(begin, std::move(plan), enough).Run();
+Plan Shorten(const Hra& begin, Plan plan, const std::function<bool()>& enough, const Avoided& avoided) {
+  return Shortener(begin, std::move(plan), enough, avoided).Run();
 }
 
 }  // namespace zorik

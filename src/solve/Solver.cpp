@@ -20,8 +20,8 @@ std::uint64_t Luby(std::uint64_t i) {
 
 }  // namespace
 
-Solver::Solver(const Hra& begin, std::uint64_t seed, std::size_t mostBytes)
-    : begin_(begin), mostBytes_(mostBytes / kArms), chance_(seed) {
+Solver::Solver(const Hra& begin, std::uint64_t seed, std::size_t mostBytes, Avoided avoided)
+    : begin_(begin), mostBytes_(mostBytes / kArms), chance_(seed), avoided_(std::move(avoided)) {
   for (std::size_t arm = 0; arm < kArms; ++arm) BeginAnew(arm);
 }
 
@@ -30,6 +30,7 @@ void Solver::BeginAnew(std::size_t arm) {
   const std::uint64_t seed = std::uint64_t{chance_.Below(1U << 31U)} << 31U | chance_.Below(1U << 31U);
   arms_[arm] = std::make_unique<Search>(begin_, seed, kTempers[temper]);
   arms_[arm]->SetBound(bound_);
+  arms_[arm]->Avoid(avoided_);
   if (arm == kArms - 1) ++rounds_;
 }
 

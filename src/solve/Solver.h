@@ -18,7 +18,8 @@ class Solver {
  public:
   // begin: a run at its start, with its chance seeded, which is the chance of the plan. mostBytes: of memory,
   // about; a search that needs more begins anew.
-  Solver(const Hra& begin, std::uint64_t seed, std::size_t mostBytes = std::size_t{512} << 20U);
+  Solver(const Hra& begin, std::uint64_t seed, std::size_t mostBytes = std::size_t{512} << 20U,
+         Avoided avoided = {});
 
   // Goes on for about so many ticks. True when a plan was found.
   bool Go(std::uint64_t ticks);
@@ -39,6 +40,7 @@ class Solver {
   std::size_t mostBytes_;  // of an archive
   Chance chance_;
   std::array<std::unique_ptr<Search>, kArms> arms_;
+  Avoided avoided_;
   int bound_ = std::numeric_limits<int>::max();
   std::size_t turn_ = 0;
   std::uint64_t rounds_ = 0;

@@ -15,13 +15,59 @@ TEST(Impossible, IsACaveWithoutADogOrAFinish) {
   EXPECT_EQ(Why({"WWWWW", "W1;DW", "WWWWW"}, 1), "there is no finish");
 }
 
-TEST(Impossible, IsAFinishBehindSteelButNotBehindAnythingElse) {
-  EXPECT_EQ(Why({"WWWWWW", "W1DW;T", "WWWWWW"}, 1), "steel stands between the dogs and the finish");
-  for (const char wall : std::string("XMKEVS%^&RIFUALC")) {
+TEST(Impossible, IsAFinishBehindWhatNeverGivesWay) {
+  for (const char wall : std::string("WXMCEV%^&")) {
+    std::string row = "W1D?;T";
+    row[3] = wall;
+    EXPECT_EQ(Why({"WWWWWW", row, "WWWWWW"}, 1), "no dog can ever come to the finish") << wall;
+  }
+}
+
+// Between steels it would be the pad of a teleport.
+TEST(Impossible, IsAFinishBehindSlime) {
+  EXPECT_EQ(Why({"XXXXXX", "X1DS;T", "XXXXXX"}, 1), "no dog can ever come to the finish");
+}
+
+TEST(Impossible, IsNotAFinishBehindWhatMayGiveWay) {
+  for (const char wall : std::string("KRIFUALG;")) {
     std::string row = "W1D?;T";
     row[3] = wall;
     EXPECT_EQ(Why({"WWWWWW", row, "WWWWWW"}, 1), "") << wall;
   }
+}
+
+// Steel alone stands for ever where something can blow up: a monster, a bomb, fleas, a cat or a second dog
+// under a boulder.
+TEST(Impossible, IsNoWallButSteelWhereSomethingMayBlowUp) {
+  for (const char* const blast : {"F", "L", ":", "I", "N", "J;R", "2;R"}) {
+    for (const char wall : std::string("XMCEVS%^&")) {
+      std::string row = std::string("W1D?;T;") + blast;
+      row[3] = wall;
+      EXPECT_EQ(Why({std::string(row.size(), 'X'), row}, 1), "") << blast << wall;
+    }
+  }
+  EXPECT_NE(Why({"XXXXXXXX", "W1;X;T;J"}, 0), "");
+}
+
+TEST(Impossible, IsALockWhoseKeyLiesBehindIt) {
+  EXPECT_EQ(Why({"WWWWWWW", "W1D#&;T", "WWWWWWW"}, 1), "");
+  EXPECT_NE(Why({"WWWWWWW", "W1D&#;T", "WWWWWWW"}, 1), "");
+  EXPECT_EQ(Why({"WWWWWWWWW", "W1D@^#&;T", "WWWWWWWWW"}, 1), "");
+  EXPECT_NE(Why({"WWWWWWWWW", "W1D@&#^;T", "WWWWWWWWW"}, 1), "");
+}
+
+TEST(Impossible, IsATimeBelowTheShortestWay) {
+  const Picture picture{"1D" + std::string(50, ';') + "T"};
+  EXPECT_EQ(WhyImpossible(Play(picture, {.time = 5, .needed = 1})).value_or(""),
+            "no way is shorter than 52 ticks, and the time is up after 50");
+  EXPECT_EQ(WhyImpossible(Play(picture, {.time = 6, .needed = 1})), std::nullopt);
+}
+
+TEST(Impossible, IsATimeInWhichTheGemsCannotBeTaken) {
+  const Picture picture{"1T" + std::string(60, 'D')};
+  EXPECT_EQ(WhyImpossible(Play(picture, {.time = 6, .needed = 60})).value_or(""),
+            "no way is shorter than 61 ticks, and the time is up after 60");
+  EXPECT_EQ(WhyImpossible(Play(picture, {.time = 6, .needed = 59})), std::nullopt);
 }
 
 TEST(Impossible, IsNotAFinishThatTheTeleportReaches) {
@@ -42,11 +88,26 @@ TEST(Impossible, GemsBehindSteelDoNotCount) {
 }
 
 TEST(Impossible, IsNotWhatAMakerOfGemsMayStillBring) {
-  for (const char maker : std::string("UYZBAME")) {
+  for (const char maker : std::string("UYZBA")) {
     std::string row = "W1D?;T";
     row[3] = maker;
     EXPECT_EQ(Why({"WWWWWW", row, "WWWWWW"}, 9), "") << maker;
   }
+  EXPECT_EQ(Why({"WWWWWW", "W1DM;T", "WRRRRR"}, 6), "");
+  EXPECT_EQ(Why({"WWWWWW", "W1D;;T", "W;WEW;"}, 9), "");
+}
+
+TEST(Impossible, AreMoreGemsThanTheMakersCanMake) {
+  EXPECT_EQ(Why({"WWWWWW", "W1DU;T", "WWWWWW"}, 11),
+            "11 gems are needed, the dogs can come to 1, and no more than 10 can come to be");
+  EXPECT_EQ(Why({"WWWWWW", "W1DM;T", "WRRRRR"}, 7),
+            "7 gems are needed, the dogs can come to 1, and no more than 6 can come to be");
+}
+
+// They fall where no dog can go.
+TEST(Impossible, IsNotWhatASplitterBringsThroughSteel) {
+  const Picture picture{"WW.D.WW", "WW...WW", "WWWEWWW", "W;.W.;W", "W1;;;;T", "WWWWWWW"};
+  EXPECT_EQ(Why(picture, 2), "");
 }
 
 TEST(Impossible, AMakerBehindSteelBringsNothing) {

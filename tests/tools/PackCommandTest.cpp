@@ -87,7 +87,9 @@ TEST(PackCommand, WarnsOfALetterThatMeansNoObjectOnceAndWhereItStandsFirst) {
 }
 
 TEST(PackCommand, KnowsEveryLetterOfTheReadMe) {
-  EXPECT_EQ(WarningsOf(CaveOf("| .;RD1WXMEVT$ASFOPQUYZBL:GIK!@#%^&CNJ\n")), Warnings{});
+  const std::string letters = ".;RD1XMEVT$ASFOPQUYZBL:GIK!@#%^&CNJW";
+  EXPECT_EQ(WarningsOf(CaveOf("| " + std::string(letters.size(), ';') + "\n| " + letters + "\n")),
+            Warnings{});
 }
 
 TEST(PackCommand, WarnsOfNumbersThatTheGameCannotUse) {
@@ -145,17 +147,18 @@ TEST(PackCommand, WarnsOfTooFewGemsWhereNothingMakesMore) {
   const auto warnings = [](const std::string& rest) {
     return WarningsOf(CaveOf("| 1TD" + rest + "\n", "2"));
   };
-  // A boulder alone makes none, nor does a firefly, a wall that grows, or a box between two steels.
-  for (const char* rest : {"", "R", "F", "L", "E.W", "WKW", "WVW", "K!C$"})
+  // A boulder alone makes none, nor does a firefly, a wall that grows, or a box between two steels; a magic
+  // wall with nothing but a gem makes a boulder of it, and nothing can fall on a splitter in the first row.
+  for (const char* rest : {"", "R", "F", "L", "E.W", "WKW", "WVW", "K!$C", "M", "WEW"})
     EXPECT_EQ(warnings(rest), tooFew) << rest;
   // Butterflies leave gems, an amoeba chokes to gems, what falls into a magic wall may be a gem below it, and
   // a splitter makes two of one; the steel around the cave can be a part of it.
-  for (const char* rest : {"U", "Y", "Z", "B", "A", "MR", "M!", "ML", "M", "WEW", "WE"})
+  for (const char* rest : {"U", "Y", "Z", "B", "A", "RM", "!M", "ML", ";;;\n| ;;;WEW", ";;\n| ;;;WE"})
     EXPECT_EQ(warnings(rest), Warnings{}) << rest;
   EXPECT_EQ(warnings("D"), Warnings{});
   for (const ObjectLetter& object : kObjectLetters) {
     if (object.state == kResting) {
-      EXPECT_EQ(warnings(std::string("M") + object.letter), Warnings{}) << object.letter;
+      EXPECT_EQ(warnings(std::string(1, object.letter) + "M"), Warnings{}) << object.letter;
     }
   }
 }
@@ -182,9 +185,11 @@ TEST(PackCommand, WarnsOfALineThatTheGameTakesForACaveAndCannotRead) {
       0U);
 }
 
-TEST(PackCommand, TellsOfACaveThatIsListedTwiceOnce) {
-  EXPECT_EQ(WarningsOf(CaveOf("| W1D\n"), Replaced(kMain, "cave: a.txt\n", "cave: a.txt\ncave: a.txt\n")),
-            Warnings{"a.txt, line 10: there is no finish"});
+TEST(PackCommand, TellsOfACaveThatIsListedTwiceOnceAndThatItIs) {
+  EXPECT_EQ(
+      WarningsOf(CaveOf("| W1D\n"), Replaced(kMain, "cave: a.txt\n", "cave: a.txt\ncave: a.txt\n")),
+      (Warnings{"a.txt, line 10: there is no finish",
+                "a.txt, line 1: its record has the file name of cave 1, so one win replaces the other"}));
 }
 
 TEST(PackCommand, WritesNothingThatLooksWrongIfItIsToBeStrict) {

@@ -1,6 +1,12 @@
 #include <gtest/gtest.h>
 
+#include <atomic>
+#include <chrono>
+#include <thread>
+
 #include "data/Collection.h"
+#include "data/Lines.h"
+#include "data/RecordFile.h"
 #include "data/Result.h"
 #include "support/Scene.h"
 #include "tools/Tool.h"
@@ -12,10 +18,10 @@ std::string Hopeless() {
   return CaveTextOf({"WWWWWW", "W1DW;T", "WWWWWW"}, {.needed = 1, .name = "Hopeless"});
 }
 
-// Nothing proves it, but the second gem lies where no dog comes.
+// Nothing proves it, but the second gem lies where no dog comes, and nobody frees the butterfly.
 std::string Vain() {
   return CaveTextOf({"WWWWWWWW", "W1D;X.XT", "W;;;XDXW", "W;;;XXXU", "WWWWWWWW"},
-                    {.needed = 60, .name = "Vain"});
+                    {.needed = 11, .name = "Vain"});
 }
 
 std::string Collection(const std::vector<std::string>& caves) {
@@ -51,7 +57,7 @@ TEST_F(Solve, OfACollectionTellsEachCaveAndTheWorstEnd) {
   const std::vector<std::string> lines = LinesOf(told.out);
   ASSERT_EQ(lines.size(), 2U);
   EXPECT_EQ(lines[0].substr(0, 7), " 1 won ");
-  EXPECT_EQ(lines[1], " 2 impossible: steel stands between the dogs and the finish; Hopeless");
+  EXPECT_EQ(lines[1], " 2 impossible: no dog can ever come to the finish; Hopeless");
   EXPECT_EQ(Zktool({"verify", folder.In("records/01.zkr")}).exit, Exit::Fine);
   EXPECT_EQ(BytesOf(folder.In("records/02.zkr")), "(no file)");
 }
@@ -78,6 +84,41 @@ TEST_F(Solve, TellsItsSecondsAsTheyWereGivenAlsoBehindAWin) {
   ASSERT_EQ(lines.size(), 2U);
   EXPECT_EQ(lines[0].substr(0, 7), " 1 won ");
   EXPECT_EQ(lines[1].substr(0, 26), " 2 not found in 1.125 s, g");
+}
+
+TEST_F(Solve, EndsWithinItsSecondsPlusOne) {
+  const std::string cave = folder.Write("cave", Vain());
+  const auto start = std::chrono::steady_clock::now();
+  EXPECT_EQ(Zktool({"solve", cave, "--seconds", "0.5", "--jobs", "2"}).exit, Exit::No);
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(1500));
+}
+
+TEST_F(Solve, KeepsARecordAsSoonAsItIsFound) {
+  const std::string collection = folder.Write("sada.zk", Collection({ShortCave(), Vain()}));
+  std::atomic<bool> over = false;
+  const std::jthread search([&] {
+    Zktool({"solve", collection, "--seconds", "4", "--shorten", "0", "--record", folder.In("records")});
+    over = true;
+  });
+  while (!over && BytesOf(folder.In("records/01.zkr")) == "(no file)")
+    std::this_thread::sleep_for(std::chrono::milliseconds(10));
+  EXPECT_FALSE(over);
+}
+
+TEST_F(Solve, TakesReadableCavesAndTellsWhoMadeTheRecord) {
+  folder.Write("f/collection.txt", "name: Sada\nopen: 1\nauthor:\nmail:\ncave: b.txt\ncave: a.txt\n");
+  const std::string cave =
+      folder.Write("f/a.txt",
+                   "name: A\ntime: 60\ngems: 1\npoints-before: 10\npoints-after: 15\nmagic-wall-time: 20\n"
+                   "amoeba-time: 30\ncolouring: 4\nslime: 4\ncells:\n| W1D;\n| R;;T\n");
+  const std::string record = folder.In("a.zkr");
+  const Told told = Zktool({"solve", cave, "--shorten", "0", "--record", record, "--player", "Zor\xC3\xADk"});
+  ASSERT_EQ(told.exit, Exit::Fine) << told.err;
+  RecordLines lines(BytesOf(record));
+  const RecordHead head = ReadRecordHead(lines);
+  EXPECT_EQ(head.CollectionName, "Sada");
+  EXPECT_EQ(head.Player, "Zor\xEDk");
+  EXPECT_EQ(head.CaveText.substr(head.CaveText.size() - 5), "---02");
 }
 
 TEST_F(Solve, RefusesACollectionWithoutCaves) {

@@ -19,6 +19,7 @@ struct Command {
   std::span<const Option> options;
   Operands operands;
   Exit (*run)(const CommandLine& line, Console& console);
+  void (*more)(std::ostream& out) = nullptr;  // prints what else its help tells
 };
 
 constexpr std::size_t kAnyNumber = std::numeric_limits<std::size_t>::max();
@@ -36,8 +37,23 @@ constexpr std::array<Option, 1> kUnpackOptions{{{"--force"}}};
 constexpr std::array<Option, 2> kPackOptions{{{"--strict"}, {"--words", true}}};
 constexpr std::array<Option, 1> kCarryOptions{{{"--player", true}}};
 constexpr std::array<Option, 1> kScrambleOptions{{{"--seed", true}}};
-constexpr std::array<Option, 5> kSolveOptions{
-    {{"--seconds", true}, {"--shorten", true}, {"--seed", true}, {"--jobs", true}, {"--record", true}}};
+constexpr std::array<Option, 7> kSolveOptions{{{"--seconds", true},
+                                               {"--shorten", true},
+                                               {"--seed", true},
+                                               {"--jobs", true},
+                                               {"--record", true},
+                                               {"--player", true},
+                                               {"--avoid", true}}};
+
+constexpr std::array<Option, 4> kTableOptions{
+    {{"--seconds", true}, {"--seeds", true}, {"--retries", true}, {"--jobs", true}}};
+constexpr std::array<Option, 3> kLintOptions{{{"--json"}, {"--proofs", true}, {"--jobs", true}}};
+constexpr std::array<Option, 6> kRateOptions{{{"--json"},
+                                              {"--proofs", true},
+                                              {"--seconds", true},
+                                              {"--retries", true},
+                                              {"--seed", true},
+                                              {"--jobs", true}}};
 
 constexpr std::string_view kRunDetails =
     R"(The cave file holds a plain cave text (zktool fetch, zktool new), all its bytes. Line t of the key file
@@ -115,11 +131,10 @@ constexpr std::string_view kPackDetails =
     R"(Reads collection.txt in the folder and the cave files that it names. The same texts give the same bytes
 each time.
 
-Warnings, with file and line, tell what can be packed but is seldom meant: a letter that means no object, a
+Warnings, with file and line, tell what can be packed but is certainly wrong: a letter that means no object, a
 number that the game cannot use (slime above 8, colouring above 14, time below 5, the times of magic wall and
-amoeba outside 1 to 150 in a cave that has them), a cave larger than 100 x 60, dogs that are missing or stand
-there twice, no finish, fewer gems than the finish needs where nothing in the cave makes more, an open cave
-that there is none of, a line that is read as a cave and holds none.
+amoeba outside 1 to 150 in a cave that has them), a cave that nobody can win, an open cave that there is none
+of, and all else that zktool lint calls a fault.
 
   --strict       take these for failures: nothing is written
   --words TABLE  tell the collection in the words of this table, a file such as
@@ -174,26 +189,93 @@ that is not scrambled gives rubbish, never a failure.
 )";
 
 constexpr std::string_view kSolveDetails =
-    R"(Of a collection every cave is tried; any other file is taken for a plain cave text (zktool fetch). The
-search plays the game itself: chance is never chosen, it follows from the seed and from what is done, so what
-is found is a run that a player could have made.
+    R"(CAVE-OR-COLLECTION is a collection, a folder of readable texts with its collection.txt, one readable cave, or
+a plain cave text (zktool fetch). Of a collection every cave is tried. The search plays the game itself: chance
+is never chosen, it follows from the seed and from what is done, so what is found is a run that a player could
+have made.
 
-  --seconds S   for each cave, 60 if not given; it ends then, found or not
-  --shorten S   how much of that goes into a shorter way once one is known, 5 if not given
-  --seed N      start of the game's chance, and of the search's, 0 if not given
-  --jobs J      so many caves at a time, or so many searches for a single cave
-  --record OUT  write the record of the win into this file; of a collection into a folder, as NN.zkr
+  --seconds S      for each cave, 60 if not given; it ends then, found or not
+  --shorten S      how much of that goes into a shorter way once one is known, 5 if not given
+  --seed N         start of the game's chance, and of the search's, 0 if not given
+  --jobs J         so many caves at a time, or so many searches for a single cave
+  --record OUT     write the record of the win into this file as soon as there is one, and again once it is
+                   shorter; of a collection into a folder, as NN.zkr
+  --player NAME    who made the record, hrac if not given
+  --avoid X,Y,WxH  find a way on which no dog enters these cells or acts on them: can the idea that is there be
+                   walked past? From the top left, which is 0,0
 
 For each cave a line, in a collection behind its number:
   won length=<ticks of the run> score=<points> seconds=<until a way was found> ticks=<tried until then> NAME
   not found in S s, gems=<most that were collected>/<needed> ticks=<tried> NAME
   impossible: REASON; NAME
   bad-cave: REASON
-Not found does not mean that there is no way; impossible does: no dog, no finish, steel all around, or fewer
-gems than are needed and nothing that makes any. The exit code is that of the worst line.
+Not found does not mean that there is no way; impossible does: no dog, no finish, none that a dog can come to
+(steel stands for ever, bricks and the like where nothing can blow up, a lock without a key that can be had),
+more gems needed than can ever be, or a way that is longer than the time. The exit code is that of the worst
+line.
 )";
 
-constexpr std::array<Command, 13> kCommands{{
+constexpr std::string_view kRateDetails =
+    R"(CAVE-OR-COLLECTION is what zktool lint takes. The best proof of each cave is looked at tick by tick: the record
+that is given, or one that a search finds.
+
+  --proofs PATH  a folder with the records, NN.zkr for cave NN, or for a single cave its record
+  --seconds S    for each cave, in all, 30 if not given
+  --retries N    other seeds under which the plan is followed, 20 if not given
+  --seed N       of the searches, 0 if not given
+  --jobs J       so many caves at a time
+  --json         print the same as one JSON object
+
+length       of the proof; a second of the game has ten ticks. The limit is the cave's time divided by that
+idle         ticks in which the player does nothing: no arrow is held, or what it does changes nothing and
+             pushes at nothing. The longest row of them, and where it begins
+decisions    goals of the proof: something taken, pushed or opened (of one kind within a second: one), a change
+             of the unit, going on after more than a second's rest
+danger       times at which letting go of the keys would kill a dog within a second; the fewest ticks until then
+odds         the plan is followed under other seeds: not its keys but its goals, in their order. A push is
+             tried until it gives way, a step waits until what was there is there again and until it does not
+             kill; where the way is lost a search finds the next one, which does not know the run's chance
+used         what the proof takes, moves, opens, blows up, sets off, rides, or meets (a monster within 2 cells)
+mirror       the part of the cells that equal their mirror, left and right or top and bottom
+paws         1 to 5: 8 decisions, 4 narrow escapes or a minute are a point each (of at most 3, 2 and 2), odds
+             below 90 % one more; two points make a paw
+skippable    things close together that a win leaves alone, X,Y,WxH: one of the wins that were found, or one
+             that was looked for which may not enter there. What the cave is about should not be among them
+untouched    the cave's rows; blank is what at least one win enters, changes or lets something fall through.
+             Steel is left as it is
+
+The command says no where a cave could not be rated.
+)";
+
+constexpr std::string_view kTableDetails =
+    R"(Each folder in CAVES-FOLDER that has a collection.txt gets a chapter in OUT.md: its caves with what zktool rate
+tells of their proofs (records/NN.zkr), the objects and the caves in which they stand, and what zktool solve
+finds. The file notes.txt beside collection.txt holds what only people know of a cave:
+
+  cave: 01-name-of-its-file.txt
+  idea: The idea, in a sentence.
+  trial: What was changed when somebody else had played it.
+
+  --seconds S  for each cave and seed of the solver, 60 if not given
+  --seeds N    of the solver, 0 to 10, 3 if not given
+  --retries N  other seeds under which a proof's plan is followed, 20 if not given
+  --jobs J     so many caves at a time
+)";
+
+constexpr std::string_view kLintDetails =
+    R"(CAVE-OR-COLLECTION is a collection, a folder of readable texts with its collection.txt, one readable cave, or
+a plain cave text (zktool fetch). A line for each doubt says where it is, whether it is a fault or a hint, by
+which word, in which cell (column,row from the top left 0,0), and what is doubted; the last line counts them.
+A fault is certain, a hint only suspicious, so the command says no only where there is a fault.
+
+  --json         print the same as one JSON object
+  --proofs PATH  look at the proofs, too: a folder with the records, NN.zkr for cave NN, or for a single cave its
+                 record. Only then there are hints about limit, idleness and odds (zktool rate)
+  --jobs J       so many proofs at a time
+
+)";
+
+constexpr std::array<Command, 16> kCommands{{
     {"run",
      "--cave FILE --keys FILE [--seed N] [--ticks T] [--record OUT.zkr] [--record-always] [--grid]",
      "Plays a cave with the keys of a script and prints the trace.",
@@ -267,12 +349,35 @@ constexpr std::array<Command, 13> kCommands{{
      {0, 0},
      UnscrambleCommand},
     {"solve",
-     "CAVE-OR-COLLECTION [--seconds S] [--shorten S] [--seed N] [--jobs J] [--record OUT]",
+     "CAVE-OR-COLLECTION [--seconds S] [--shorten S] [--seed N] [--jobs J] [--record OUT] [--player NAME] "
+     "[--avoid X,Y,WxH]",
      "Looks for ways to win caves.",
      kSolveDetails,
      kSolveOptions,
      {1, 1},
      SolveCommand},
+    {"lint",
+     "CAVE-OR-COLLECTION [--json] [--proofs PATH] [--jobs J]",
+     "Finds what is wrong or suspicious in caves.",
+     kLintDetails,
+     kLintOptions,
+     {1, 1},
+     LintCommand,
+     PrintDoubtWords},
+    {"rate",
+     "CAVE-OR-COLLECTION [--proofs PATH] [--seconds S] [--retries N] [--seed N] [--jobs J] [--json]",
+     "Tells what caves are worth by the runs that win them.",
+     kRateDetails,
+     kRateOptions,
+     {1, 1},
+     RateCommand},
+    {"table",
+     "CAVES-FOLDER OUT.md [--seconds S] [--seeds N] [--retries N] [--jobs J]",
+     "Writes a page about all caves of some collections.",
+     kTableDetails,
+     kTableOptions,
+     {2, 2},
+     TableCommand},
 }};
 
 std::string UsageOf(const Command& command) {
@@ -292,10 +397,9 @@ Exit PrintHelp(std::ostream& out) {
 }
 
 Exit PrintHelp(const Command& command, std::ostream& out) {
-  out << "usage: " << UsageOf(command) << "\n\n"
-      << command.summary << "\n\n"
-      << command.details << "\n"
-      << "The exit codes are listed by zktool --help.\n";
+  out << "usage: " << UsageOf(command) << "\n\n" << command.summary << "\n\n" << command.details;
+  if (command.more != nullptr) command.more(out);
+  out << "\nThe exit codes are listed by zktool --help.\n";
   return Exit::Fine;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <iosfwd>
 #include <span>
 #include <string>
 #include <vector>
@@ -30,5 +31,11 @@ Exit ProgressCommand(const CommandLine& line, Console& console);
 Exit ScrambleCommand(const CommandLine& line, Console& console);
 Exit UnscrambleCommand(const CommandLine& line, Console& console);
 Exit SolveCommand(const CommandLine& line, Console& console);
+Exit LintCommand(const CommandLine& line, Console& console);
+Exit RateCommand(const CommandLine& line, Console& console);
+Exit TableCommand(const CommandLine& line, Console& console);
+
+// The words of the doubts, for the help of the commands that tell them.
+void PrintDoubtWords(std::ostream& out);
 
 }  // namespace zorik

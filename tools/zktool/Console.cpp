@@ -15,7 +15,7 @@ struct ExitRow {
 
 constexpr std::array<ExitRow, 13> kExits{{
     {Exit::Fine, "fine", "all went well"},
-    {Exit::No, "no", "a check said no: verify, diff, solve"},
+    {Exit::No, "no", "a check said no: verify, diff, solve, lint, rate"},
     {Exit::Usage, "usage", "the command line is wrong"},
     {Exit::CannotRead, "cannot-read", "a file or folder cannot be read"},
     {Exit::CannotWrite, "cannot-write", "a file, a folder or the output cannot be written"},

@@ -2,189 +2,49 @@
 
 #include <algorithm>
 #include <array>
-#include <map>
-#include <optional>
 #include <set>
 #include <string_view>
 
-#include "core/Hra.h"
-#include "core/Objects.h"
 #include "data/CaveO.h"
+#include "data/Collection.h"
+#include "data/CollectionFaults.h"
 #include "data/Cp1250.h"
+#include "data/ReadableCave.h"
 #include "data/ReadableText.h"
 #include "data/Result.h"
+#include "solve/Lint.h"
 
 namespace zorik {
 namespace {
 
-constexpr const char* kMainFile = "collection.txt";
-
-// What a cave's number may be. Some matter only where one of these letters stands.
-struct Limits {
-  std::string_view key;
-  int lowest;
-  int highest;
-  std::string_view letters;
-};
-constexpr std::array<Limits, 5> kLimits{{
-    {"time", 5, kHighestPair, ""},
-    {"magic-wall-time", 1, 150, "M"},
-    {"amoeba-time", 1, 150, "A"},
-    {"colouring", 0, 14, ""},
-    {"slime", 0, 8, ""},
-}};
-
-constexpr std::string_view kButterFlies = "UYZB";
-
-// What falls, or leaves something behind that does.
-bool Falls(char letter) {
-  const ObjectLetter* object = FindLetter(letter);
-  if (object == nullptr) return false;
-  return object->state == kResting || object->code == kFly || object->code == kAmoeba;
+std::string LineOf(std::string_view file, int line) {
+  return std::string(file) + ", line " + std::to_string(line);
 }
 
-// A letter as it can be typed into a readable file.
-std::string Spelled(char letter) {
-  std::string content;
-  WriteLines(content, "", {std::string(1, letter)});
-  return content.substr(4, content.size() - 5);  // without ":\n| " and the line end
+// The line of a cave's readable file in which the doubt is to be mended.
+int LineOf(const Doubt& doubt, const std::vector<ReadableEntry>& entries) {
+  const ReadableEntry* entry = FindEntry(entries, doubt.key);
+  if (entry == nullptr && doubt.key == "cat") entry = FindEntry(entries, "cat-text");
+  if (entry == nullptr) entry = FindEntry(entries, "cells");
+  const bool row =
+      doubt.cell && entry->key == "cells" && static_cast<std::size_t>(doubt.cell->y) < entry->lines.size();
+  return row ? entry->lines[static_cast<std::size_t>(doubt.cell->y)].number : entry->number;
 }
-
-// The doubts about one file.
-class CaveFile {
- public:
-  CaveFile(const std::string& name, const std::string& content)
-      : name_(name), entries_(*ReadEntries(name, content)), cells_(*FindEntry(entries_, "cells")) {
-    for (const ReadableLine& row : cells_.lines) {
-      for (const char letter : row.text) ++counts_[letter];
-    }
-  }
-
-  std::vector<std::string> Doubts() {
-    NumbersOutOfLimits();
-    TooLarge();
-    UnknownLetters();
-    Dogs();
-    if (!Has("T")) Add(cells_.number, "there is no finish");
-    TooFewGems();
-    return std::move(doubts_);
-  }
-
- private:
-  void Add(int line, const std::string& message) {
-    doubts_.push_back(FailureAt(name_, line, message).message);
-  }
-
-  int CountOf(std::string_view letters) const {
-    int count = 0;
-    for (const auto& [letter, times] : counts_) {
-      if (letters.find(letter) != std::string_view::npos) count += times;
-    }
-    return count;
-  }
-  bool Has(std::string_view letters) const { return CountOf(letters) > 0; }
-  bool HasWhatFalls() const {
-    return std::any_of(counts_.begin(), counts_.end(), [](const auto& count) { return Falls(count.first); });
-  }
-
-  // The entry stands in the file, and holds a number.
-  int Number(const ReadableEntry& entry) const { return *NumberOf(entry.Text(), 0, kHighestPair); }
-
-  void NumbersOutOfLimits() {
-    for (const Limits& limits : kLimits) {
-      const ReadableEntry& entry = *FindEntry(entries_, limits.key);
-      const int number = Number(entry);
-      const bool matters = limits.letters.empty() || Has(limits.letters);
-      if (!matters || (number >= limits.lowest && number <= limits.highest)) continue;
-      Add(entry.number, entry.key + " is " + std::to_string(number) + ", it should be from " +
-                            std::to_string(limits.lowest) + " to " + std::to_string(limits.highest));
-    }
-  }
-
-  void TooLarge() {
-    const std::size_t width = cells_.lines.empty() ? 0 : cells_.lines[0].text.size();
-    const std::size_t height = cells_.lines.size();
-    if (width > 0 && width <= kMaxWidth && height <= kMaxHeight) return;
-    Add(cells_.number, "a cave of " + std::to_string(width) + " x " + std::to_string(height) +
-                           " cells cannot be played, the largest has " + std::to_string(kMaxWidth) + " x " +
-                           std::to_string(kMaxHeight));
-  }
-
-  // Each letter once, where it stands first.
-  void UnknownLetters() {
-    std::set<char> told;
-    for (const ReadableLine& row : cells_.lines) {
-      for (const char letter : row.text) {
-        if (FindLetter(letter) != nullptr || !told.insert(letter).second) continue;
-        const int times = CountOf({&letter, 1});
-        Add(row.number, "the letter \"" + Spelled(letter) + "\" means no object" +
-                            (times > 1 ? ", it stands there " + std::to_string(times) + " times" : ""));
-      }
-    }
-  }
-
-  void Dogs() {
-    int highest = 0;
-    std::array<int, 10> count{};
-    for (const auto& [letter, times] : counts_) {
-      const int dog = DogNumber(letter);
-      highest = std::max(highest, dog);
-      count[static_cast<std::size_t>(dog)] += times;
-    }
-    if (highest == 0) return Add(cells_.number, "there is no dog");
-    for (int dog = 1; dog <= highest; ++dog) {
-      const int times = count[static_cast<std::size_t>(dog)];
-      const std::string name = "dog " + std::to_string(dog);
-      if (times == 0) Add(cells_.number, name + " is missing, the highest is dog " + std::to_string(highest));
-      if (times > 1) Add(cells_.number, name + " stands there " + std::to_string(times) + " times");
-    }
-  }
-
-  // Steel lies around the cave as well.
-  bool HasSplitter() const {
-    return std::any_of(cells_.lines.begin(), cells_.lines.end(), [](const ReadableLine& row) {
-      return ("W" + row.text + "W").find("WEW") != std::string::npos;
-    });
-  }
-
-  // Gems come from butterflies and amoebas, and from all that falls into a magic wall; a splitter makes two
-  // of one. Where any of these is nobody can tell how many there will be.
-  bool GemsCanBeMade() const {
-    if (Has(kButterFlies) || Has("A")) return true;
-    if (Has("M") && HasWhatFalls()) return true;
-    return Has("D") && HasSplitter();
-  }
-
-  void TooFewGems() {
-    const ReadableEntry& entry = *FindEntry(entries_, "gems");
-    const int needed = Number(entry);
-    const int there = CountOf("D");
-    if (there >= needed || GemsCanBeMade()) return;
-    Add(entry.number, "the finish opens at " + std::to_string(needed) + " gems, but the cave has " +
-                          std::to_string(there) + " and nothing that makes more");
-  }
-
-  const std::string& name_;
-  std::vector<ReadableEntry> entries_;
-  const ReadableEntry& cells_;
-  std::map<char, int> counts_;
-  std::vector<std::string> doubts_;
-};
 
 // The doubts about collection.txt.
 class MainFile {
  public:
   explicit MainFile(const std::vector<ReadableEntry>& entries) : entries_(entries) {}
 
-  std::vector<std::string> Doubts() {
+  std::vector<PlacedDoubt> Doubts() {
     OpenCaves();
     Lines();
     return std::move(doubts_);
   }
 
  private:
-  void Add(int line, const std::string& message) {
-    doubts_.push_back(FailureAt(kMainFile, line, message).message);
+  void Add(DoubtKind kind, const std::string& place, std::string sentence) {
+    doubts_.push_back({place, 0, false, {kind, std::move(sentence), {}, {}}});
   }
 
   int CaveCount() const {
@@ -195,12 +55,12 @@ class MainFile {
 
   void OpenCaves() {
     const int caves = CaveCount();
-    if (caves == 0) doubts_.push_back(std::string(kMainFile) + ": there is no cave");
+    if (caves == 0) Add(DoubtKind::NoCave, kCollectionFile, "there is no cave");
     const ReadableEntry* open = FindEntry(entries_, "open");
     if (!open) return;
     for (const std::string& word : WordsOf(open->Text())) {
       if (NumberOf(word, 1, caves)) continue;
-      Add(open->number,
+      Add(DoubtKind::OpenCave, LineOf(kCollectionFile, open->number),
           "there is no cave " + word + " that could be open, there are " + std::to_string(caves));
     }
   }
@@ -211,27 +71,126 @@ class MainFile {
       const std::string text = entry.Text();
       if (entry.key != "line" || !EndsWithMarker(text)) continue;
       const Result<CaveRecord> cave = ParseCaveText(text);
-      if (!cave) Add(entry.number, "the game cannot open the collection with this cave: " + cave.Message());
+      if (!cave) {
+        Add(DoubtKind::BadLine, LineOf(kCollectionFile, entry.number),
+            "the game cannot open the collection with this cave: " + cave.Message());
+      }
     }
   }
 
   const std::vector<ReadableEntry>& entries_;
-  std::vector<std::string> doubts_;
+  std::vector<PlacedDoubt> doubts_;
 };
+
+// What a line of a collection's file may have.
+std::string SentenceOf(CollectionFault fault) {
+  switch (fault) {
+    case CollectionFault::UnreadableCave:
+      return "the cave cannot be read";
+    case CollectionFault::Marker:
+      return "the two characters behind \"---\" are no number";
+    case CollectionFault::NoCave:
+      return "a line among the caves is none";
+    case CollectionFault::TooMany:
+      return "a collection holds no more caves";
+    case CollectionFault::Letters:
+      return "there are letters that no scrambling gives";
+    case CollectionFault::CutLine:
+      return "the last line has no end";
+    case CollectionFault::NoCongratulation:
+    case CollectionFault::NoCaves:
+      break;
+  }
+  return "there is no cave";
+}
+
+// The doubts about the file of a collection.
+std::vector<PlacedDoubt> DoubtsOfBytes(const CaveSet& set) {
+  std::vector<PlacedDoubt> doubts;
+  for (const FaultyLine& line : FaultsOfCollection(set.bytes)) {
+    if (line.fault == CollectionFault::NoCongratulation) continue;
+    const bool none = line.fault == CollectionFault::NoCaves;
+    doubts.push_back({none ? "" : "line " + std::to_string(line.line),
+                      0,
+                      false,
+                      {none ? DoubtKind::NoCave : DoubtKind::BadLine, SentenceOf(line.fault), {}, {}}});
+  }
+  const Result<PlayedCollection> collection = ReadForPlay(set.bytes);
+  for (std::size_t i = set.caves.size() + 1; collection && i < collection->OpenCaves.size(); ++i) {
+    if (!collection->OpenCaves[i]) continue;
+    doubts.push_back({"line 1",
+                      0,
+                      false,
+                      {DoubtKind::OpenCave,
+                       "there is no cave " + std::to_string(i) + " that could be open, there are " +
+                           std::to_string(set.caves.size()),
+                       {},
+                       {}}});
+  }
+  return doubts;
+}
+
+// Those about the names of the records need all caves at once.
+void AddNames(const CaveSet& set, std::vector<PlacedDoubt>& doubts) {
+  std::vector<std::string> names;
+  for (const NamedCave& cave : set.caves) names.push_back(cave.record.Name);
+  for (NameDoubt& doubt : DoubtsAboutNames(set.name, names))
+    doubts.push_back(Placed(set, doubt.cave, std::move(doubt.doubt)));
+}
+
+void AddCaves(const CaveSet& set, std::vector<PlacedDoubt>& doubts) {
+  std::set<std::string> seen;
+  for (std::size_t i = 0; i < set.caves.size(); ++i) {
+    const NamedCave& cave = set.caves[i];
+    if (!cave.file.empty() && !seen.insert(cave.file).second) continue;
+    for (Doubt& doubt : DoubtsAboutCave(cave.record)) doubts.push_back(Placed(set, i, std::move(doubt)));
+  }
+}
+
+// The caves that readable files tell, also where a collection with them could not be opened.
+CaveSet SetOf(const TextFiles& files, const std::vector<ReadableEntry>& entries) {
+  CaveSet set{true, {}, {}, files, {}};
+  if (const ReadableEntry* name = FindEntry(entries, "name")) set.name = name->Text();
+  for (const ReadableEntry& entry : entries) {
+    if (entry.key != "cave") continue;
+    const int number = static_cast<int>(set.caves.size()) + 1;
+    const std::string file = ToUtf8(entry.Text());
+    const Result<std::string> text = ReadReadableCave(file, files.at(file), number);
+    const Result<CaveRecord> record = text ? ParseCaveText(*text) : Result<CaveRecord>(Failure{});
+    if (record) set.caves.push_back({number, *text, *record, file});
+  }
+  return set;
+}
 
 }  // namespace
 
-std::vector<std::string> DoubtsOf(const TextFiles& files) {
-  const std::vector<ReadableEntry> entries = *ReadEntries(kMainFile, files.at(kMainFile));
-  std::vector<std::string> doubts = MainFile(entries).Doubts();
-  std::set<std::string> seen;
-  for (const ReadableEntry& entry : entries) {
-    const std::string name = ToUtf8(entry.Text());
-    if (entry.key != "cave" || !seen.insert(name).second) continue;
-    const auto file = files.find(name);
-    for (std::string& doubt : CaveFile(file->first, file->second).Doubts())
-      doubts.push_back(std::move(doubt));
+PlacedDoubt Placed(const CaveSet& set, std::size_t cave, Doubt doubt) {
+  const NamedCave& named = set.caves[cave];
+  const auto file = set.texts.find(named.file);
+  std::string place = set.collection ? "cave " + std::to_string(named.number) : std::string();
+  if (file != set.texts.end()) {
+    const auto entries = ReadEntries(file->first, file->second);
+    const int line = entries ? LineOf(doubt, *entries) : 0;
+    place = set.collection ? LineOf(file->first, line) : "line " + std::to_string(line);
   }
+  return {std::move(place), cave, true, std::move(doubt)};
+}
+
+std::vector<PlacedDoubt> DoubtsOf(const TextFiles& files) {
+  const std::vector<ReadableEntry> entries = *ReadEntries(kCollectionFile, files.at(kCollectionFile));
+  std::vector<PlacedDoubt> doubts = MainFile(entries).Doubts();
+  const CaveSet set = SetOf(files, entries);
+  AddCaves(set, doubts);
+  AddNames(set, doubts);
+  return doubts;
+}
+
+std::vector<PlacedDoubt> DoubtsOf(const CaveSet& set) {
+  if (set.texts.contains(kCollectionFile)) return DoubtsOf(set.texts);
+  std::vector<PlacedDoubt> doubts;
+  if (set.collection) doubts = DoubtsOfBytes(set);
+  AddCaves(set, doubts);
+  AddNames(set, doubts);
   return doubts;
 }
 

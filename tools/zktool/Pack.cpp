@@ -1,39 +1,21 @@
-#include "data/Cp1250.h"
 #include "data/Files.h"
 #include "data/OtherWords.h"
 #include "data/Readable.h"
-#include "data/ReadableText.h"
 #include "data/Result.h"
+#include "zktool/Caves.h"
 #include "zktool/Commands.h"
 #include "zktool/Doubts.h"
 
 namespace zorik {
 namespace {
 
-// The names of the cave files that collection.txt names. A mistake in it is told by the packing.
-std::vector<std::string> NamedFiles(const std::string& content) {
-  std::vector<std::string> names;
-  const auto entries = ReadEntries(kCollectionFile, content);
-  if (!entries) return names;
-  for (const ReadableEntry& entry : *entries) {
-    const std::string name = ToUtf8(entry.Text());
-    const bool staysInFolder = name.find('/') == std::string::npos;
-    if (entry.key == "cave" && staysInFolder && !name.empty()) names.push_back(name);
+// What is certainly wrong, a sentence each.
+std::vector<std::string> FaultsOf(const TextFiles& files) {
+  std::vector<std::string> faults;
+  for (const PlacedDoubt& placed : DoubtsOf(files)) {
+    if (RowOf(placed.doubt.kind).fault) faults.push_back(placed.place + ": " + placed.doubt.sentence);
   }
-  return names;
-}
-
-Result<TextFiles> ReadTexts(const std::string& folder) {
-  const std::string start = folder + "/";
-  const Result<std::string> content = ReadWhole(start + std::string(kCollectionFile));
-  if (!content) return Failure{content.Message()};
-  TextFiles files{{std::string(kCollectionFile), *content}};
-  for (const std::string& name : NamedFiles(*content)) {
-    Result<std::string> cave = ReadWhole(start + name);
-    if (!cave) return Failure{cave.Message()};
-    files[name] = std::move(*cave);
-  }
-  return files;
+  return faults;
 }
 
 // The texts of the folder, in the words of a table if one is named.
@@ -59,16 +41,16 @@ Exit PackCommand(const CommandLine& line, Console& console) {
   Chance decoration;
   const Result<std::string> bytes = PackCollection(*files, decoration);
   if (!bytes) return Fail(console, Exit::BadText, folder + ": " + bytes.Message());
-  const std::vector<std::string> doubts = DoubtsOf(*files);
+  const std::vector<std::string> faults = FaultsOf(*files);
   const bool strict = line.Has("--strict");
-  for (const std::string& doubt : doubts) {
-    const std::string sentence = folder + ": " + doubt;
+  for (const std::string& fault : faults) {
+    const std::string sentence = folder + ": " + fault;
     if (strict)
       Fail(console, Exit::BadText, sentence);
     else
       Warn(console, sentence);
   }
-  if (strict && !doubts.empty()) return Exit::BadText;
+  if (strict && !faults.empty()) return Exit::BadText;
   const Result<Done> written = WriteWhole(line.operands[1], *bytes);
   return written ? Exit::Fine : Fail(console, Exit::CannotWrite, written.Message());
 }

@@ -1,0 +1,87 @@
+#include "solve/Rating.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+
+#include "solve/Lint.h"
+
+namespace zorik {
+namespace {
+
+constexpr int kMostPaws = 5;
+
+std::string Rounded(double number) {
+  std::array<char, 32> text{};
+  std::snprintf(text.data(), text.size(), "%.1f", number);
+  return text.data();
+}
+
+// Up to 3 points for decisions (8 give one), 2 each for narrow escapes (4 give one) and length (a minute
+// gives one), 1 for a plan that luck may spoil. Two points make a paw.
+int PawsOf(const Rating& rating) {
+  const Review& review = rating.review;
+  const double decisions = std::min(3.0, review.decisions / 8.0);
+  const double escapes = std::min(2.0, review.closeCalls / 4.0);
+  const double length = std::min(2.0, review.ticks / (60.0 * kTicksPerSecond));
+  const double luck = rating.survived < kLeastOdds * rating.tries ? 1 : 0;
+  const double points = decisions + escapes + length + luck;
+  return std::clamp(1 + static_cast<int>(points / 2), 1, kMostPaws);
+}
+
+}  // namespace
+
+Rating RateCave(const CaveRecord& cave, std::vector<Review> wins, int tries, int survived) {
+  Rating rating;
+  rating.wins = static_cast<int>(wins.size());
+  rating.untouched.assign(Cell::kPlaces, true);
+  for (const Review& win : wins) {
+    for (std::size_t place = 0; place < win.touched.size(); ++place)
+      rating.untouched[place] = rating.untouched[place] && !win.touched[place];
+  }
+  rating.review = std::move(wins.front());
+  rating.tries = tries;
+  rating.survived = survived;
+  rating.limitRatio = static_cast<double>(cave.Time * kTicksPerSecond) / std::max(1, rating.review.ticks);
+  rating.mirror = MirrorShare(cave);
+  rating.paws = PawsOf(rating);
+  return rating;
+}
+
+std::vector<std::string> UntouchedRows(const CaveRecord& cave, const Rating& rating) {
+  std::vector<std::string> rows(cave.Height);
+  for (int y = 0; y < cave.Height; ++y) {
+    for (int x = 0; x < cave.Width; ++x) {
+      const char letter = cave.Cells[static_cast<std::size_t>(x)][static_cast<std::size_t>(y)];
+      const bool shown = letter == 'W' || rating.untouched[Cell(x, y).place()];
+      rows[static_cast<std::size_t>(y)] += shown ? letter : ' ';
+    }
+  }
+  return rows;
+}
+
+std::vector<Doubt> DoubtsAboutProof(const Rating& rating) {
+  std::vector<Doubt> doubts;
+  const Review& review = rating.review;
+  if (rating.limitRatio > kMostLimitRatio)
+    doubts.push_back({DoubtKind::LooseLimit,
+                      "the time is " + Rounded(rating.limitRatio) + " times that of the proof",
+                      "time",
+                      {}});
+  if (review.idleStretch > kLongestIdle)
+    doubts.push_back({DoubtKind::IdleStretch,
+                      "the proof does nothing for " +
+                          Rounded(static_cast<double>(review.idleStretch) / kTicksPerSecond) +
+                          " s from tick " + std::to_string(review.idleFrom + 1) + " on",
+                      "cells",
+                      {}});
+  if (rating.survived < kLeastOdds * rating.tries)
+    doubts.push_back({DoubtKind::LowOdds,
+                      "the proof's plan wins with " + std::to_string(rating.survived) + " of " +
+                          std::to_string(rating.tries) + " other seeds",
+                      "cells",
+                      {}});
+  return doubts;
+}
+
+}  // namespace zorik
