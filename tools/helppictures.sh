@@ -46,13 +46,14 @@ export DISPLAY SDL_AUDIODRIVER=dummy QT_QPA_PLATFORM=xcb XDG_RUNTIME_DIR="$scrat
 mkdir -m 700 "$XDG_RUNTIME_DIR"
 openbox >/dev/null 2>&1 &
 
-# A player who has solved the first caves of the first collection, with the records that came with the game.
+# player COUNT LANGUAGE: one who has solved the first caves of the first collection in this language, with the records
+# that came with the game.
 player() {
-  local collection="$caves/prvni-krucky.zk" folder="$ZORIK_HOME/Players/Zorík" name number title
+  local school="1-zorikova-skola-$2" folder="$ZORIK_HOME/Players/Zorík" name number title
   mkdir -p "$folder" "$scratch/nobody"
-  name=$("$tool" verify "$caves/records/prvni-krucky/01.zkr" | sed -n '1s/.* collection="\([^"]*\)" .*/\1/p')
-  "$tool" progress "$collection" "$scratch/nobody" | head -n "$1" | while IFS=$'\t' read -r number _ _ title; do
-    cp "$caves/records/prvni-krucky/$(printf %02d "$number").zkr" \
+  name=$("$tool" verify "$caves/records/$school/01.zkr" | sed -n '1s/.* collection="\([^"]*\)" .*/\1/p')
+  "$tool" progress "$caves/$school.zk" "$scratch/nobody" | head -n "$1" | while IFS=$'\t' read -r number _ _ title; do
+    cp "$caves/records/$school/$(printf %02d "$number").zkr" \
       "$folder/$(tr -d '?*\\/,;:=\t"' <<<"$name - $title.zkr")"
   done
 }
@@ -100,7 +101,7 @@ pictures() {
   export ZORIK_HOME="$scratch/$1/home" XDG_CONFIG_HOME="$scratch/$1/config" LC_ALL=C.UTF-8
   mkdir -p "$out" "$XDG_CONFIG_HOME/Ortvan"
   printf '[General]\nSkin=%s\nSound=0\n' "$2" >"$XDG_CONFIG_HOME/Ortvan/Zorik2.ini"
-  player 5
+  player 11 "$1"
   "$app/zorik" >/dev/null 2>&1 &
   game=$!
   sleep 5
@@ -109,7 +110,7 @@ pictures() {
   take skin
   keys Escape Return
   take select
-  keys Home Down Down Down Down Return # the cave of fireflies and butterflies
+  keys Home Down Down Down Down Down Down Down Down Down Down Return # the cave of the firefly
   sleep 4
   keys Down Right Right Right
   take game
