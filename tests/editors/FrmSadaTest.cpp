@@ -301,6 +301,7 @@ TEST_F(FrmSadaTest, RefusesACongratulationThatWouldBeReadAsACave) {
   const auto ending = [](const QString& end) {
     return [end](QWidget& dialog) {
       auto* const text = dialog.findChild<QPlainTextEdit*>("Text1");
+      ASSERT_NE(text, nullptr) << dialog.windowTitle().toStdString();
       text->moveCursor(QTextCursor::End);
       QTest::keyClicks(text, end);
       QTest::mouseClick(dialog.findChild<SkinButton*>("ok"), Qt::LeftButton);
