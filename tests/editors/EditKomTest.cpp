@@ -154,6 +154,7 @@ class Painted : public QObject {
 
 TEST_F(EditKomTest, PaintsTheOldPlaceOfADogAnew) {
   Pick(kDogTool);
+  Area().setFocus();  // which paints all of it
   Move(4, 3, Qt::NoButton);
   const Painted painted(Area());
   Press(4, 3);
