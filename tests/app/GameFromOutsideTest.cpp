@@ -75,6 +75,7 @@ TEST_F(GameFromOutside, ACollectionEndsTheRunThatIsPlayedWhenThePlayerLikes) {
   ASSERT_TRUE(HandOverMeanwhile("Caves/b.zk"));
   ASSERT_TRUE(Wait(BetaIsOpen));
   EXPECT_FALSE(Shows<HraWindow>() || Shows<FrmStart2>());
+  EXPECT_FALSE(Screen<HraWindow>()->Ticking());
 }
 
 TEST_F(GameFromOutside, ACollectionWaitsForTheEndOfARunThatThePlayerGoesOnWith) {
@@ -116,6 +117,7 @@ TEST_F(GameFromOutside, ACollectionThatIsRefusedTwiceLeavesThePlayerAmongHisCave
     ReadScores();
     QTest::qWait(600);
     EXPECT_EQ(reader.said, QStringList({OfferOf("b.zk")}));
+    EXPECT_EQ(reader.owners, QWidgetList({Screen<FrmPoSt>()}));
   }
   EXPECT_TRUE(Shows<FrmPoSt>() && !Shows<FrmStart2>() && IsOpen("Alfa"));
   EXPECT_TRUE(ReadWhole(RecordPath()));

@@ -124,5 +124,25 @@ TEST_F(GameKeysTest, OpensTheHelpWithF1WhileTheRunWaits) {
   EXPECT_TRUE(Screen<HraWindow>()->Ticking());
 }
 
+TEST_F(GameKeysTest, OpensTheHelpWithF1AndNoPauseWhereNothingRuns) {
+  folder.File("Help/help.html", "<p>");
+  PlayCave();
+  Screen<HraWindow>()->Stop();
+  const DesktopStandIn desktop(0);
+  const DialogScript nothing = {};
+  QTest::keyClick(Screen<HraWindow>(), Qt::Key_F1);
+  EXPECT_TRUE(desktop.Opened().endsWith("help.html"));
+}
+
+TEST_F(GameKeysTest, StaysWithTheScoreWhenTheGameIsClosedBehindIt) {
+  PlayCave();
+  QTest::keyClick(Screen<HraWindow>(), Qt::Key_Right);
+  ASSERT_TRUE(Wait(Shows<FrmAnalyze>));
+  Screen<HraWindow>()->close();
+  EXPECT_FALSE(Shows<FrmPoSt>());
+  ReadScores();
+  EXPECT_TRUE(ReadWhole(RecordPath()));
+}
+
 }  // namespace
 }  // namespace zorik::test

@@ -5,8 +5,10 @@
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
+#include <QElapsedTimer>
 #include <QFileDialog>
 #include <QLabel>
+#include <QPointer>
 #include <QSettings>
 #include <QStandardPaths>
 #include <QTemporaryDir>
@@ -57,6 +59,7 @@ class BoxReader : public QObject {
 
   QStringList said;
   QStringList titles;
+  QWidgetList owners;
 
  protected:
   void timerEvent(QTimerEvent* /*event*/) override {
@@ -65,12 +68,36 @@ class BoxReader : public QObject {
     if (text == nullptr) return;
     said.push_back(text->text());
     titles.push_back(box->windowTitle());
+    owners.push_back(box->parentWidget());
     QTest::keyRelease(box, answer_);  // the finger whose press has opened the box
     QTest::keyClick(box, answer_);
   }
 
  private:
   Qt::Key answer_;
+};
+
+// Closes a dialog that stays open for longer than any test lets it, which is an error: so a test fails that
+// would wait for it for ever.
+class DialogLimit : public QObject {
+ public:
+  DialogLimit() { startTimer(500); }
+
+ protected:
+  void timerEvent(QTimerEvent* /*event*/) override {
+    QWidget* const dialog = QApplication::activeModalWidget();
+    if (dialog == nullptr || dialog != open_) {
+      open_ = dialog;
+      since_.start();
+    } else if (since_.hasExpired(2 * kPatience)) {
+      ADD_FAILURE() << "nobody closes " << dialog->windowTitle().toStdString();
+      dialog->close();
+    }
+  }
+
+ private:
+  QPointer<QWidget> open_;
+  QElapsedTimer since_;
 };
 
 // The whole program on a folder with a collection of two caves and a player, walked through by keys.
@@ -141,6 +168,7 @@ class GameTest : public testing::Test {
 
   std::string RecordPath() const { return folder.Root() + "/Players/Ada/Alfa - Jedna.zkr"; }
 
+  DialogLimit limit;
   Folder folder;
   Settings settings{.Speed = 2, .SpeedR = 5, .Sound = false};
   std::unique_ptr<Inbox> inbox;

@@ -1,6 +1,8 @@
 #include "app/GameScreens.h"
 #include "data/Lines.h"
 #include "data/Result.h"
+#include "support/DesktopStandIn.h"
+#include "support/Scene.h"
 
 namespace zorik::test {
 namespace {
@@ -99,6 +101,42 @@ TEST_F(GameTest, SaysThatARecordCannotBePlayedAndStaysWhereItWas) {
   EXPECT_TRUE(reader.said[0].contains("x.zkr")) << reader.said[0].toStdString();
   EXPECT_TRUE(Shows<FrmStart2>());
   EXPECT_FALSE(Shows<HraWindow>());
+}
+
+TEST_F(GameTest, SaysThatACaveCannotBePlayedAndLeadsBackToTheCaves) {
+  folder.Collection("a.zk", "Alfa", {CaveTextOf({std::string(101, 'W'), "W1T" + std::string(98, 'W')}, {})});
+  OpenCollection();
+  const BoxReader reader;
+  Press(Screen<FrmPoSt>(), Qt::Key_Return);
+  ASSERT_TRUE(Wait([&] { return reader.said.size() == 1; }));
+  EXPECT_TRUE(Shows<FrmPoSt>());
+  EXPECT_FALSE(Shows<HraWindow>());
+}
+
+TEST_F(GameTest, LeavesARecordWithEscAndNoOtherKey) {
+  WinCave();
+  Press(Screen<FrmPoSt>(), Qt::Key_Up);
+  folder.File("Players/Ada/Alfa - Jedna.zkr", RecordOf({"1.T"}, std::vector<RecordTick>(500)));
+  {
+    const DialogScript script = {test::Press(Qt::Key_Return)};  // which says whose it is
+    Screen<FrmStart2>()->AnotherRepl(QString::fromStdString(RecordPath()));
+  }
+  ASSERT_TRUE(Wait(Shows<HraWindow>));
+  Press(Screen<HraWindow>(), Qt::Key_F5);
+  EXPECT_TRUE(Shows<HraWindow>());
+  Press(Screen<HraWindow>(), Qt::Key_Escape);
+  EXPECT_FALSE(Shows<HraWindow>());
+  EXPECT_FALSE(Screen<HraWindow>()->Ticking());
+  EXPECT_TRUE(Shows<FrmStart2>());
+}
+
+TEST_F(GameTest, OpensTheHelpFromTheCaves) {
+  folder.File("Help/help.html", "<p>");
+  folder.File("Help/about.html", "<p>");
+  OpenCollection();
+  const DesktopStandIn desktop(0);
+  Press(Screen<FrmPoSt>(), Qt::Key_F1);
+  EXPECT_TRUE(desktop.Opened().endsWith("/help.html")) << desktop.Opened().toStdString();
 }
 
 TEST_F(GameTest, OpensACollectionAndPlaysACaveByDoubleClicks) {

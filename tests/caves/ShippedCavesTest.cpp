@@ -30,8 +30,6 @@ constexpr const char* kNuts = "3-deset-orisku";
 constexpr const char* kDogs = "123456789";
 constexpr int kEditorWidth = 80;  // larger caves could not be edited
 constexpr int kEditorHeight = 50;
-constexpr int kGemsOfAButterfly = 9;
-constexpr int kBouldersOfAFly = 9;
 
 std::vector<std::string> CollectionNames() {
   std::vector<std::string> names;
@@ -82,23 +80,6 @@ int CountOf(const CaveRecord& cave, std::string_view letters) {
   }));
 }
 
-int Splitters(const CaveRecord& cave) {
-  const std::string rows = Rows(cave);
-  int count = 0;
-  for (std::size_t at = rows.find("WEW"); at != std::string::npos; at = rows.find("WEW", at + 1)) ++count;
-  return count;
-}
-
-// How many gems the cave can give at the very most: those that lie in it, what butterflies leave, what an
-// amoeba turns into when it has eaten all there is to eat, what a magic wall makes of boulders, also of those
-// in a fly, and all of it twice if it goes through a splitter.
-int MostGems(const CaveRecord& cave) {
-  int gems = CountOf(cave, "D") + kGemsOfAButterfly * CountOf(cave, "UYZB");
-  if (CountOf(cave, "A") > 0) gems += CountOf(cave, "A.;");
-  if (CountOf(cave, "M") > 0) gems += CountOf(cave, "R") + kBouldersOfAFly * CountOf(cave, "L");
-  return Splitters(cave) > 0 ? 2 * gems : gems;
-}
-
 template <class Check>
 void ForEachCollection(Check check) {
   for (const std::string& name : CollectionNames()) {
@@ -142,7 +123,7 @@ TEST(ShippedCaves, HaveOneFinishAndAtMostOneCat) {
   ForEachCave([](const CaveRecord& cave) {
     EXPECT_EQ(CountOf(cave, "T"), 1);
     EXPECT_LE(CountOf(cave, "J"), 1);
-    EXPECT_EQ(CountOf(cave, "J") == 1, !cave.Script.empty());
+    if (!cave.Script.empty()) EXPECT_EQ(CountOf(cave, "J"), 1);
   });
 }
 
@@ -155,18 +136,12 @@ TEST(ShippedCaves, HaveAKeyForEveryLockAndALockForEveryKey) {
   });
 }
 
-TEST(ShippedCaves, CanGiveTheGemsThatTheyAskFor) {
-  ForEachCave([](const CaveRecord& cave) {
-    EXPECT_GT(cave.GemsNeeded, 0);
-    EXPECT_LE(cave.GemsNeeded, MostGems(cave));
-  });
-}
-
 TEST(ShippedCaves, TellWhatTheyAreAboutAndLeaveTimeForIt) {
   ForEachCave([](const CaveRecord& cave) {
     EXPECT_FALSE(cave.Name.empty());
     EXPECT_FALSE(cave.Description.empty());
     EXPECT_LE(cave.Time, 999);  // three digits on the clock
+    EXPECT_GT(cave.GemsNeeded, 0);
     EXPECT_GT(cave.PointsBefore, 0);
     EXPECT_GE(cave.PointsAfter, cave.PointsBefore);
     EXPECT_LE(cave.PointsAfter, 99);  // two digits beside it
@@ -302,16 +277,13 @@ TEST(ShippedCollections, EndWithACongratulationThatNamesThePoints) {
   });
 }
 
-// Whoever has had all lessons has met whatever there is, and so has who has been on all the travels.
-TEST(ShippedCollections, HoldEveryObjectThatThereIsInTheLessonsAndOnTheTravels) {
-  for (const char* name : {kSchool, kTravels}) {
-    std::string rows;
-    for (const PlayedCave& cave : Open(InCzech(name)).Caves) rows += Rows(cave.Record);
-    for (const char* object :
-         {".", ";", "R", "D", kDogs, "X", "M", "FOPQ", "UYZB", "W", "T", "A", "K", "I", "E",
-          "V", "S", "L", "!", "@",   "#", "%", "^",    "&",    "C", "N", "G", "J", ":", "$"}) {
-      EXPECT_NE(rows.find_first_of(object), std::string::npos) << name << ": " << object;
-    }
+TEST(ShippedCollections, TeachEveryObjectThatThereIs) {
+  std::string rows;
+  for (const PlayedCave& cave : Open(InCzech(kSchool)).Caves) rows += Rows(cave.Record);
+  for (const char* object :
+       {".", ";", "R", "D", kDogs, "X", "M", "FOPQ", "UYZB", "W", "T", "A", "K", "I", "E",
+        "V", "S", "L", "!", "@",   "#", "%", "^",    "&",    "C", "N", "G", "J", ":", "$"}) {
+    EXPECT_NE(rows.find_first_of(object), std::string::npos) << object;
   }
 }
 

@@ -115,5 +115,12 @@ TEST(Cp1250, TakesAnyBytes) {
   }
 }
 
+TEST(Cp1250, KnowsControlCharactersByTheirCodePoints) {
+  for (const char* const control : {"\x01", "\x1F", "\x7F", "\xC2\x80", "\xC2\x9F"})
+    EXPECT_EQ(WithoutControls(std::string("a") + control + "b"), "ab");
+  for (const char* const other : {" ", "~", "\xC2\xA0"})
+    EXPECT_EQ(WithoutControls(std::string("a") + other + "b"), std::string("a") + other + "b");
+}
+
 }  // namespace
 }  // namespace zorik

@@ -338,6 +338,12 @@ TEST_F(FileSystemNames, TooLongKeepNoExtensionThatIsNone) {
   EXPECT_EQ(shortened[255 - 17], '~');
 }
 
+TEST_F(FileSystemNames, TooLongKeepAnExtensionOfFifteenLetters) {
+  const std::string longest = "." + std::string(15, 'e');
+  EXPECT_TRUE(FileSystemName(std::string(300, 'x') + longest).ends_with(longest));
+  EXPECT_FALSE(FileSystemName(std::string(300, 'x') + longest + "e").ends_with("ee"));
+}
+
 TEST_F(FileSystemNames, TooLongDifferWhereTheWholeNamesDiffer) {
   const std::string start(300, 'a');
   EXPECT_NE(FileSystemName(start + "1.zkr"), FileSystemName(start + "2.zkr"));

@@ -95,6 +95,16 @@ TEST(Unpack, WritesAFileForEachCave) {
   EXPECT_TRUE(files.contains("cave-02.txt"));
 }
 
+TEST(Unpack, NamesTheFilesOfCavesWithTwoFigures) {
+  Lines caves;
+  for (int number = 1; number <= 10; ++number)
+    caves.push_back(CaveText("A") + (number < 10 ? "---0" : "---") + std::to_string(number));
+  const TextFiles files = UnpackCollection(CollectionFile(caves));
+  EXPECT_TRUE(files.contains("cave-09.txt"));
+  EXPECT_TRUE(files.contains("cave-10.txt"));
+  EXPECT_EQ(files.size(), 11U);
+}
+
 TEST(Unpack, KeepsAMarkerThatIsNotTheCavesNumber) {
   for (const std::string marker : {"07", "00", "x\r", "--", "  ", "\xFF\x80"}) {
     const std::string bytes = CollectionFile({CaveText("a") + "---" + marker, "K"});

@@ -56,6 +56,9 @@ class Dialogs : public QObject {
     return Then([](QWidget& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
   }
 
+  // What was said last; nothing if no box came.
+  QString Last() const { return said.isEmpty() ? QString() : said.last(); }
+
   // Whether all that was foreseen has happened, and nothing else.
   bool Done() const { return acts_.empty() && unforeseen == 0; }
 

@@ -1,6 +1,7 @@
 #include <QSignalSpy>
 
 #include "editors/EditKom.h"
+#include "editors/EditTiles.h"
 #include "editors/EditorScreen.h"
 
 namespace zorik {
@@ -98,6 +99,97 @@ TEST_F(EditKomTest, LeavesNoGapWhenTheMouseIsQuick) {
     for (int y = 0; y < 6; ++y) drawn += window->Model().At(x, y) == 'R' ? 1 : 0;
     EXPECT_EQ(drawn, 1) << x;
   }
+}
+
+TEST_F(EditKomTest, LeavesNoGapInASteepStrokeEither) {
+  Open(Full(6, 12, '.'));
+  Press(0, 11);
+  Move(5, 0, Qt::LeftButton);
+  Release(5, 0);
+  for (int y = 0; y < 12; ++y) {
+    int drawn = 0;
+    for (int x = 0; x < 6; ++x) drawn += window->Model().At(x, y) == 'R' ? 1 : 0;
+    EXPECT_EQ(drawn, 1) << y;
+  }
+}
+
+TEST_F(EditKomTest, EndsAStrokeThatLosesTheFocus) {
+  Press(1, 1);
+  QFocusEvent lost(QEvent::FocusOut);
+  QApplication::sendEvent(&Area(), &lost);
+  Move(4, 1, Qt::LeftButton);
+  EXPECT_EQ(Letters(), (Picture{"WWWWWW", "WR...W", "W....W", "W...AW", "WWWWWW"}));
+  QTest::keyClick(window.get(), Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(Letters(), kRoom);
+}
+
+TEST_F(EditKomTest, BeginsTheStrokeOfASecondButtonWhereThatOneIsAlone) {
+  Press(1, 1, Qt::LeftButton);
+  QMouseEvent second(QEvent::MouseButtonPress, Place(1, 1), Area().mapToGlobal(Place(1, 1)), Qt::RightButton,
+                     Qt::LeftButton | Qt::RightButton, Qt::NoModifier);
+  QApplication::sendEvent(&Area(), &second);
+  Move(4, 1, Qt::LeftButton);
+  Release(4, 1);
+  EXPECT_EQ(Letters(), (Picture{"WWWWWW", "WR..RW", "W....W", "W...AW", "WWWWWW"}));
+  QTest::keyClick(window.get(), Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(Letters(), kRoom) << "all in one step";
+}
+
+// Where the picture was painted since it was watched.
+class Painted : public QObject {
+ public:
+  explicit Painted(QWidget& picture) {
+    QApplication::processEvents();
+    picture.installEventFilter(this);
+  }
+
+  QRegion region;
+
+ protected:
+  bool eventFilter(QObject* /*object*/, QEvent* event) override {
+    if (event->type() == QEvent::Paint) region += static_cast<QPaintEvent*>(event)->region();
+    return false;
+  }
+};
+
+TEST_F(EditKomTest, PaintsTheOldPlaceOfADogAnew) {
+  Pick(kDogTool);
+  Area().setFocus();  // which paints all of it
+  Move(4, 3, Qt::NoButton);
+  const Painted painted(Area());
+  Press(4, 3);
+  QApplication::processEvents();
+  EXPECT_TRUE(painted.region.contains(Place(1, 1))) << "already within the stroke";
+  Release(4, 3);
+}
+
+// An arrow lies at the side where the monster goes first.
+TEST_F(EditKomTest, PointsEachArrowWhereTheMonsterStarts) {
+  constexpr int kSize = 26;
+  const std::array<QRect, 4> sides{QRect(0, 4, 10, 18), QRect(4, 0, 18, 10), QRect(16, 4, 10, 18),
+                                   QRect(4, 16, 18, 10)};
+  const auto white = [](const QImage& tile, const QRect& side) {
+    int count = 0;
+    for (int y = side.top(); y <= side.bottom(); ++y) {
+      for (int x = side.left(); x <= side.right(); ++x) count += tile.pixel(x, y) == qRgb(255, 255, 255);
+    }
+    return count;
+  };
+  EditTiles tiles;
+  tiles.Load(skin.Places(), "Earth");
+  int monsters = 0;
+  for (const ObjectLetter& object : kObjectLetters) {
+    if (object.mark == 0 || object.palette < 0) continue;
+    ++monsters;
+    const QImage tile = tiles.Tile(object.palette, 1, kSize);
+    const std::size_t start = static_cast<std::size_t>(object.mark - 1);
+    for (std::size_t side = 0; side < sides.size(); ++side) {
+      if (side == start) continue;
+      EXPECT_GT(white(tile, sides[start]), white(tile, sides[side]) + 10) << object.letter << " " << side;
+    }
+  }
+  EXPECT_EQ(monsters % 4, 0);
+  EXPECT_GT(monsters, 4);
 }
 
 TEST_F(EditKomTest, DrawsNothingWithoutAButton) {

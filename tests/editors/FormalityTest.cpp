@@ -186,6 +186,13 @@ TEST(Petrifying, TakesTheWholeSlowTimeWhenThatJustSuffices) {
   EXPECT_EQ(answer.time, 16);
 }
 
+// 30 s are 9 slow cells and a bit; the bit counts where the ninth is the last.
+TEST(Petrifying, TakesTheWholeSlowTimeWhereItsLastCellIsTheLastOfAll) {
+  const Petrifying answer = ComputePetrifying(22, 10, 41, 30);
+  EXPECT_EQ(answer.cells, 9);
+  EXPECT_EQ(answer.time, 30);
+}
+
 // 3.2 x -3 is -9.6, which rounds down.
 TEST(Petrifying, RoundsDownBelowZeroToo) {
   const Petrifying answer = ComputePetrifying(22, 10, 53, 16);

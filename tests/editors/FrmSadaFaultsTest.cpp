@@ -30,8 +30,8 @@ TEST_F(FrmSadaFaultsTest, KeepsADamagedFileBesideTheFirstThatItSaves) {
   EXPECT_TRUE(window->isWindowModified());
   dialogs.Press("ok");
   Key(Qt::Key_S, Qt::ControlModifier);
-  EXPECT_TRUE(dialogs.said.last().startsWith("Původní poškozený soubor zůstal vedle pod jménem"));
-  EXPECT_EQ(*ReadWhole(Path("a.zk~1")), damaged);
+  EXPECT_TRUE(dialogs.Last().startsWith("Původní poškozený soubor zůstal vedle pod jménem"));
+  EXPECT_EQ(Bytes("a.zk~1"), damaged);
   EXPECT_EQ(Lines("a.zk").size(), 6U);
   Action("mnuSave").trigger();
   EXPECT_FALSE(std::filesystem::exists(Path("a.zk~2")));
@@ -40,13 +40,13 @@ TEST_F(FrmSadaFaultsTest, KeepsADamagedFileBesideTheFirstThatItSaves) {
 TEST_F(FrmSadaFaultsTest, AsksBeforeItIsClosedWithADamagedFileThatWasNotTouched) {
   folder.File("Caves/a.zk", "");
   OpenCaves({"A"});
-  const std::string whole = *ReadWhole(Path("a.zk"));
+  const std::string whole = Bytes("a.zk");
   folder.File("Caves/a.zk", whole.substr(0, whole.size() - 4));
   dialogs.Press("ok").Press("no");
   Open(Path("a.zk"));
   window->close();
-  EXPECT_TRUE(dialogs.said.last().endsWith("Uložit změny?"));
-  EXPECT_EQ(*ReadWhole(Path("a.zk")), whole.substr(0, whole.size() - 4));
+  EXPECT_TRUE(dialogs.Last().endsWith("Uložit změny?"));
+  EXPECT_EQ(Bytes("a.zk"), whole.substr(0, whole.size() - 4));
 }
 
 TEST_F(FrmSadaFaultsTest, LeavesACaveInPlaceOfTheCongratulationOutAndTells) {
@@ -57,11 +57,11 @@ TEST_F(FrmSadaFaultsTest, LeavesACaveInPlaceOfTheCongratulationOutAndTells) {
   folder.File("Caves/a.zk", ScrambleLines(lines, chance));
   dialogs.Press("ok");
   Open(Path("a.zk"));
-  EXPECT_TRUE(dialogs.said.last().contains("Místo gratulace je na konci komnata: 5"));
+  EXPECT_TRUE(dialogs.Last().contains("Místo gratulace je na konci komnata: 5"));
   EXPECT_EQ(Sada().CongratulationText(), lines.back());
   dialogs.Press("ok");
   Key(Qt::Key_S, Qt::ControlModifier);
-  EXPECT_TRUE(dialogs.said.last().endsWith("Gratulace by se četla jako komnata, v souboru proto není."));
+  EXPECT_TRUE(dialogs.Last().endsWith("Gratulace by se četla jako komnata, v souboru proto není."));
   lines.emplace_back();
   EXPECT_EQ(Lines("a.zk"), lines);
   Open(Path("a.zk"));
@@ -86,7 +86,7 @@ TEST_F(FrmSadaFaultsTest, SaysWhichCavesItCouldNotRead) {
   dialogs.Press("ok");
   Open(Path("d.zk"));
   ASSERT_EQ(dialogs.said.size(), 1);
-  EXPECT_TRUE(dialogs.said[0].contains(" nelze přečíst: 4, 6 ")) << dialogs.said[0].toStdString();
+  EXPECT_TRUE(dialogs.said.value(0).contains(" nelze přečíst: 4, 6 ")) << dialogs.said.value(0).toStdString();
   EXPECT_EQ(Rows(), Names{"*B"});
   EXPECT_EQ(Box("Text3").text(), "Sada");
 }

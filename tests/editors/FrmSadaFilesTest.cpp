@@ -23,7 +23,7 @@ TEST_F(FrmSadaFilesTest, AsksForAFileWhenACollectionHasNone) {
   dialogs.Type(Path("nova"));
   Key(Qt::Key_S, Qt::ControlModifier);
   EXPECT_EQ(Lines("nova.zk").size(), 5U);
-  EXPECT_EQ(Lines("nova.zk").front(),
+  EXPECT_EQ(Line("nova.zk", 0),
             "HJeskyn\xEC"
             "A");
   EXPECT_EQ(Sada().FileName(), Path("nova.zk"));
@@ -39,7 +39,7 @@ TEST_F(FrmSadaFilesTest, StoresACollectionOfAnOldArchiveInItsPlace) {
   TypeName("Nova");
   Key(Qt::Key_S, Qt::ControlModifier);
   EXPECT_FALSE(window->isWindowModified());
-  EXPECT_EQ(Lines("Sk\xE1la.zk").front().substr(1, 4), "Nova");
+  EXPECT_EQ(Line("Sk\xE1la.zk", 0).substr(1, 4), "Nova");
   dialogs.Then([](QWidget& dialog) {
     EXPECT_EQ(dialog.findChild<QLineEdit*>("fileNameEdit")->text(), "Skála.zk");
     dialog.close();
@@ -78,7 +78,7 @@ TEST_F(FrmSadaFilesTest, AsksBeforeItReplacesAFileWhoseEndingWasNotTyped) {
   folder.File("Caves/verze 1.5.zk", "stary");
   dialogs.Type(Path("verze 1.5")).Press("no").Cancel();
   Action("mnuSaveAs").trigger();
-  EXPECT_EQ(*ReadWhole(Path("verze 1.5.zk")), "stary");
+  EXPECT_EQ(Bytes("verze 1.5.zk"), "stary");
 }
 
 TEST_F(FrmSadaFilesTest, SavesEmptyTextsAndLineBreaks) {
@@ -94,7 +94,7 @@ TEST_F(FrmSadaFilesTest, SavesEmptyTextsAndLineBreaks) {
   Key(Qt::Key_Return);
   QTest::keyClicks(&Text4(), "b");
   Key(Qt::Key_S, Qt::ControlModifier);
-  EXPECT_EQ(Lines("a.zk")[1], "Aa\r\nb");
+  EXPECT_EQ(Line("a.zk", 1), "Aa\r\nb");
   Open(Path("a.zk"));
   EXPECT_EQ(Text4().toPlainText(), "a\nb");
 }
@@ -112,7 +112,7 @@ TEST_F(FrmSadaFilesTest, AsksBeforeItReplacesAnotherFile) {
   folder.File("Caves/b.zk", "stary");
   dialogs.Type(Path("b.zk")).Press("no").Cancel();
   Action("mnuSaveAs").trigger();
-  EXPECT_EQ(*ReadWhole(Path("b.zk")), "stary");
+  EXPECT_EQ(Bytes("b.zk"), "stary");
   EXPECT_EQ(Sada().FileName(), Path("a.zk"));
   dialogs.Type(Path("b.zk")).Press("yes");
   Action("mnuSaveAs").trigger();
@@ -125,11 +125,10 @@ TEST_F(FrmSadaFilesTest, TellsWhenAFileCannotBeWrittenAndKeepsEverything) {
   TypeName("Jinak");
   dialogs.Type(Path("neni/b.zk")).Press("later");
   Action("mnuSaveAs").trigger();
-  EXPECT_TRUE(dialogs.said.last().startsWith("Soubor se nepodařilo uložit."))
-      << dialogs.said.last().toStdString();
+  EXPECT_TRUE(dialogs.Last().startsWith("Soubor se nepodařilo uložit.")) << dialogs.Last().toStdString();
   EXPECT_TRUE(window->isWindowModified());
   EXPECT_EQ(Sada().FileName(), Path("a.zk"));
-  EXPECT_EQ(Lines("a.zk").front(), "ESadaA");
+  EXPECT_EQ(Line("a.zk", 0), "ESadaA");
   EXPECT_EQ(Box("Text3").text(), "Jinak");
   EXPECT_EQ(Rows(), Names{"*A"});
 }
@@ -143,7 +142,7 @@ TEST_F(FrmSadaFilesTest, LosesNothingWhenTheFileAskedForCannotBeWritten) {
   for (int i = 0; i < 2; ++i) {
     dialogs.Press("yes").Press("later");
     i == 0 ? Key(Qt::Key_O, Qt::ControlModifier) : static_cast<void>(window->close());
-    EXPECT_EQ(dialogs.said.last().toStdString(),
+    EXPECT_EQ(dialogs.Last().toStdString(),
               "Soubor se nepodařilo uložit. " + Path("a.zk") + " Sada zatím zůstává v paměti.");
     EXPECT_EQ(Box("Text3").text(), "Jinak");
     EXPECT_EQ(Rows(), (Names{"*Nová malá komnata", "*A"}));
@@ -160,7 +159,7 @@ TEST_F(FrmSadaFilesTest, TellsWhenItsFileHasGoneWithItsFolder) {
   dialogs.Press("later");
   Key(Qt::Key_S, Qt::ControlModifier);
   ASSERT_EQ(dialogs.said.size(), 1);
-  EXPECT_TRUE(dialogs.said[0].startsWith("Soubor se nepodařilo uložit."));
+  EXPECT_TRUE(dialogs.said.value(0).startsWith("Soubor se nepodařilo uložit."));
   EXPECT_TRUE(window->isWindowModified());
   EXPECT_EQ(Box("Text3").text(), "Jinak");
 }
@@ -176,7 +175,7 @@ TEST_F(FrmSadaFilesTest, TriesAgainToSaveUntilItSucceeds) {
   });
   Key(Qt::Key_S, Qt::ControlModifier);
   EXPECT_EQ(dialogs.said.size(), 2);
-  EXPECT_EQ(Lines("a.zk").front(), "FJinakA");
+  EXPECT_EQ(Line("a.zk", 0), "FJinakA");
   EXPECT_FALSE(window->isWindowModified());
 }
 
@@ -191,7 +190,7 @@ TEST_F(FrmSadaFilesTest, SavesElsewhereWhatCannotBeSavedWhereItWas) {
   dialogs.Press("yes").Press("elsewhere").Type(Path("neni/b.zk")).Press("elsewhere").Type(Path("b.zk"));
   window->close();
   EXPECT_EQ(closed, 1);
-  EXPECT_EQ(Lines("b.zk").front(), "FJinakA");
+  EXPECT_EQ(Line("b.zk", 0), "FJinakA");
 }
 
 TEST_F(FrmSadaFilesTest, NamesTheTextThatIsTooLongToBeSaved) {
@@ -205,10 +204,10 @@ TEST_F(FrmSadaFilesTest, NamesTheTextThatIsTooLongToBeSaved) {
     dialogs.Press("ok");
     Key(Qt::Key_S, Qt::ControlModifier);
     ASSERT_EQ(dialogs.said.size(), 1);
-    EXPECT_TRUE(dialogs.said[0].contains(QString(label) + ": ")) << dialogs.said[0].toStdString();
-    EXPECT_TRUE(dialogs.said[0].contains("191") && dialogs.said[0].contains("190"));
+    EXPECT_TRUE(dialogs.said.value(0).contains(QString(label) + ": ")) << dialogs.said.value(0).toStdString();
+    EXPECT_TRUE(dialogs.said.value(0).contains("191") && dialogs.said.value(0).contains("190"));
     EXPECT_EQ(window->focusWidget(), &Box(box));
-    EXPECT_EQ(Lines("a.zk").front(), "ESadaA");
+    EXPECT_EQ(Line("a.zk", 0), "ESadaA");
     EXPECT_TRUE(window->isWindowModified());
   }
 }
@@ -276,7 +275,7 @@ TEST_F(FrmSadaFilesTest, AsksToSaveBeforeItOpensAnotherFile) {
   TypeName("Jinak");
   dialogs.Press("yes").Cancel();
   Key(Qt::Key_O, Qt::ControlModifier);
-  EXPECT_EQ(Lines("a.zk").front(), "FJinakA");
+  EXPECT_EQ(Line("a.zk", 0), "FJinakA");
   EXPECT_FALSE(window->isWindowModified());
 }
 
@@ -308,7 +307,7 @@ TEST_F(FrmSadaFilesTest, ShowsAClosedCollectionAsClosedAndBeginsANewOne) {
   });
   Open(Path("z.zk"));
   EXPECT_EQ(dialogs.titles, QStringList("Uzavřená sada"));
-  EXPECT_TRUE(dialogs.said[0].startsWith("Autor tuto sadu uzavřel"));
+  EXPECT_TRUE(dialogs.said.value(0).startsWith("Autor tuto sadu uzavřel"));
   EXPECT_EQ(Box("Text3").text(), "Nová sada");
   EXPECT_EQ(Rows(), Names{"*Nová malá komnata"});
   EXPECT_EQ(Sada().FileName(), "");
@@ -323,7 +322,7 @@ TEST_F(FrmSadaFilesTest, BeginsANewCollectionWhenAClosedOneWasChosen) {
   Key(Qt::Key_O, Qt::ControlModifier);
   EXPECT_EQ(Rows(), Names{"*Nová malá komnata"});
   EXPECT_EQ(Sada().FileName(), "");
-  EXPECT_EQ(Lines("z.zk")[2], "a@b.czQ") << "its file stays";
+  EXPECT_EQ(Line("z.zk", 2), "a@b.czQ") << "its file stays";
 }
 
 TEST_F(FrmSadaFilesTest, SpeaksTheLanguageOfTheSkin) {
@@ -385,7 +384,7 @@ TEST_F(FrmSadaFilesTest, TellsOfAFileThatCannotBeOpenedAndBeginsANewCollection) 
     QTest::keyClick(&dialog, Qt::Key_Return);
   });
   Open(Path("neni.zk"));
-  EXPECT_TRUE(dialogs.said[0].contains("neni.zk"));
+  EXPECT_TRUE(dialogs.said.value(0).contains("neni.zk"));
   EXPECT_EQ(Box("Text3").text(), "Nová sada");
   EXPECT_TRUE(window->isVisible());
 }
@@ -422,13 +421,13 @@ TEST_F(FrmSadaFilesTest, AsksToSaveWhenItIsClosed) {
     dialogs.Press("yes");
     leave();
     EXPECT_EQ(closed, 1);
-    EXPECT_EQ(Lines("a.zk").front(), "FJinakA");
+    EXPECT_EQ(Line("a.zk", 0), "FJinakA");
     OpenCaves({"A"});
     TypeName("Zahodit");
     dialogs.Press("no");
     leave();
     EXPECT_EQ(closed, 2);
-    EXPECT_EQ(Lines("a.zk").front(), "ESadaA");
+    EXPECT_EQ(Line("a.zk", 0), "ESadaA");
   }
 }
 

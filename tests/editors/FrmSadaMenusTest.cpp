@@ -276,7 +276,7 @@ TEST_F(FrmSadaMenusTest, TellsOfEachPageThatIsNotThere) {
     dialogs.Press("ok");
     Action(qPrintable(QString("mnuHelp(%1)").arg(i))).trigger();
     ASSERT_EQ(dialogs.said.size(), i + 1);
-    EXPECT_TRUE(dialogs.said.last().endsWith(pages[i] + ".html")) << dialogs.said.last().toStdString();
+    EXPECT_TRUE(dialogs.Last().endsWith(pages[i] + ".html")) << dialogs.Last().toStdString();
   }
 }
 

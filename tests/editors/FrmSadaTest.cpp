@@ -1,6 +1,10 @@
 // The commands of the collection editor.
 #include <gtest/gtest.h>
 
+#include <QContextMenuEvent>
+#include <QLabel>
+#include <QMenu>
+
 #include "data/Result.h"
 #include "editors/FrmSada.h"
 #include "editors/SadaScreen.h"
@@ -45,6 +49,28 @@ TEST_F(FrmSadaTest, MakesANewCollectionAtOnceByCtrlN) {
 
 // Caves
 
+TEST_F(FrmSadaTest, CountsItsCavesInTheRightWords) {
+  struct Row {
+    int caves;
+    const char* words;
+  };
+  for (const Row& row : {Row{1, "1 komnata"}, Row{2, "2 komnaty"}, Row{4, "4 komnaty"}, Row{5, "5 komnat"}}) {
+    OpenMany(row.caves);
+    EXPECT_EQ(Child<QLabel>("lblCount").text(), row.words);
+  }
+}
+
+TEST_F(FrmSadaTest, HasTheCommandsForACaveInTheListsMenuToo) {
+  OpenCaves({"A", "B"});
+  const QPoint place = List().lblCave(2).center();
+  QContextMenuEvent asked(QContextMenuEvent::Mouse, place, List().viewport()->mapToGlobal(place));
+  QApplication::sendEvent(List().viewport(), &asked);
+  auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+  ASSERT_NE(menu, nullptr);
+  EXPECT_TRUE(menu->actions().contains(&Action("mnuEdit")));
+  menu->close();
+}
+
 TEST_F(FrmSadaTest, AddsASmallCaveAboveTheSelectedOneByF3) {
   OpenCaves({"A", "B"});
   ClickCave(2);
@@ -78,7 +104,7 @@ TEST_F(FrmSadaTest, OpensTheFirstCaveAgainWhenAClosedOneMovesThere) {
   EXPECT_EQ(Rows(), (Names{"*B", "*A", "C"}));
   EXPECT_TRUE(MarkSeen(1) && MarkSeen(2) && !MarkSeen(3));
   Key(Qt::Key_S, Qt::ControlModifier);
-  EXPECT_EQ(Lines("a.zk").front(), "ESadaAB");
+  EXPECT_EQ(Line("a.zk", 0), "ESadaAB");
 }
 
 TEST_F(FrmSadaTest, ChangesNothingAtTheEndsOfTheList) {
@@ -275,6 +301,7 @@ TEST_F(FrmSadaTest, RefusesACongratulationThatWouldBeReadAsACave) {
   const auto ending = [](const QString& end) {
     return [end](QWidget& dialog) {
       auto* const text = dialog.findChild<QPlainTextEdit*>("Text1");
+      ASSERT_NE(text, nullptr) << dialog.windowTitle().toStdString();
       text->moveCursor(QTextCursor::End);
       QTest::keyClicks(text, end);
       QTest::mouseClick(dialog.findChild<SkinButton*>("ok"), Qt::LeftButton);
@@ -288,7 +315,7 @@ TEST_F(FrmSadaTest, RefusesACongratulationThatWouldBeReadAsACave) {
   Action("mnuGratulace").trigger();
   EXPECT_EQ(Sada().CongratulationText(), "Hura-----abc");
   Key(Qt::Key_S, Qt::ControlModifier);
-  const auto played = ReadForPlay(*ReadWhole(Path("a.zk")));
+  const auto played = ReadForPlay(Bytes("a.zk"));
   ASSERT_TRUE(played);
   EXPECT_EQ(played->Congratulation, "Hura-----abc");
 }

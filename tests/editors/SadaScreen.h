@@ -79,6 +79,16 @@ class SadaScreen {
     return bytes ? PlainLines(*bytes) : std::vector<std::string>();
   }
 
+  std::string Line(const std::string& file, std::size_t place) const {
+    const std::vector<std::string> lines = Lines(file);
+    return place < lines.size() ? lines[place] : std::string();
+  }
+  std::string Bytes(const std::string& file) const {
+    const auto bytes = ReadWhole(Path(file));
+    EXPECT_TRUE(bytes) << file;
+    return bytes ? *bytes : std::string();
+  }
+
   const SadaModel& Sada() const { return window->Sada(); }
   std::vector<std::string> Rows() const {
     std::vector<std::string> rows;

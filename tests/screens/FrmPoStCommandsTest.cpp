@@ -233,6 +233,9 @@ TEST_F(FrmPoStCommands, AsksForHelp) {
   Click("help");
   Press(Qt::Key_F1);
   EXPECT_EQ(help.size(), 2);
+  QKeyEvent held(QEvent::KeyPress, Qt::Key_F1, {}, {}, true);
+  QApplication::sendEvent(window.get(), &held);
+  EXPECT_EQ(help.size(), 2) << "a key that is held asks once";
 }
 
 // The desktop may find out only when a cave is played.

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QIcon>
+#include <QKeyEvent>
 #include <QTest>
 
 #include "core/Keys.h"
@@ -52,6 +53,21 @@ TEST(HideAway, TellsOfTheNameThatIsTypedIntoIt) {
   window.show();
   for (const Qt::Key key : {Qt::Key_Z, Qt::Key_O, Qt::Key_R, Qt::Key_I}) QTest::keyClick(&window, key);
   EXPECT_EQ(found, 0);
+  QTest::keyClick(&window, Qt::Key_K);
+  EXPECT_EQ(found, 1);
+}
+
+TEST(HideAway, PassesOverItsArrowKeysAndCountsAHeldKeyOnce) {
+  HideAway window;
+  int found = 0;
+  QObject::connect(&window, &HideAway::Found, [&found] { ++found; });
+  window.show();
+  for (const Qt::Key key :
+       {Qt::Key_Z, Qt::Key_Left, Qt::Key_O, Qt::Key_Up, Qt::Key_R, Qt::Key_Right, Qt::Key_I, Qt::Key_Down}) {
+    QTest::keyClick(&window, key);
+    QKeyEvent held(QEvent::KeyPress, key, {}, {}, true);
+    QApplication::sendEvent(&window, &held);
+  }
   QTest::keyClick(&window, Qt::Key_K);
   EXPECT_EQ(found, 1);
 }

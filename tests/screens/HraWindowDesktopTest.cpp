@@ -157,6 +157,35 @@ TEST_F(HraWindowDesktopTest, ReadsThePadsCentreWhenTheSettingIsSwitchedOn) {
   ExpectCentreOf8000(pad);
 }
 
+TEST_F(HraWindowDesktopTest, IsSteeredByThePadNoMoreWhenTheSettingIsSwitchedOff) {
+  VirtualPad pad;
+  OpenWithPad();
+  EditSettings([](QWidget& dialog) {
+    QTest::mouseClick(dialog.findChild<QWidget*>("check3"), Qt::LeftButton);
+    QTest::keyClick(&dialog, Qt::Key_Return);
+  });
+  ASSERT_FALSE(settings.Joystick);
+  window->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+  pad.Axes(32767, 0);
+  ASSERT_TRUE(TicksPass(5));
+  EXPECT_EQ(Dog(), Cell(1, 1));
+}
+
+TEST_F(HraWindowDesktopTest, StandsStillForWhatThePadDidBehindADialog) {
+  VirtualPad pad;
+  OpenWithPad();
+  ASSERT_TRUE(TicksPass(2));
+  window->WithDialog([&pad] {
+    pad.Axes(32767, 0);
+    QTest::qWait(20);
+    pad.Axes(0, 0);
+    QTest::qWait(20);
+  });
+  ASSERT_TRUE(TicksPass(5));
+  EXPECT_EQ(Dog(), Cell(1, 1));
+}
+
 TEST_F(HraWindowDesktopTest, ReadsThePadsCentreWhenTheCaveOpensAndNotInItsFirstTick) {
   VirtualPad pad;
   pad.Axes(8000, 0);

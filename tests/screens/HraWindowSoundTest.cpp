@@ -10,7 +10,10 @@
 namespace zorik {
 namespace {
 
+using test::Answers;
+using test::Corridor;
 using test::Samples;
+using test::Wait;
 
 // A run in a cave with an amoeba, of which something is heard all the time.
 class HraWindowSoundTest : public test::HraScreen {
@@ -66,6 +69,68 @@ TEST_F(HraWindowSoundTest, OpensACaveAsMuteAsTheSettingsSay) {
   EXPECT_EQ(Playing(), 0);
   ClickSetting("check4");
   EXPECT_EQ(Playing(), 1);
+}
+
+TEST_F(HraWindowSoundTest, IsSilentWhileThePauseIsOpen) {
+  OpenCave();
+  Answers answers(0);
+  answers.Linger(5, [this] { return Playing(); });
+  QTest::keyClick(window.get(), Qt::Key_P);
+  ASSERT_TRUE(Wait([&] { return !answers.said.isEmpty(); }));
+  EXPECT_EQ(answers.seen, QSet<int>{0});
+  EXPECT_EQ(Playing(), 1) << "and goes on behind it";
+}
+
+TEST_F(HraWindowSoundTest, IsSilentWhileItIsHidden) {
+  OpenCave();
+  QTest::keyClick(window.get(), Qt::Key_F12);
+  ASSERT_TRUE(Wait([&] { return !window->isVisible(); }));
+  EXPECT_EQ(Playing(), 0);
+  const_cast<HideAway*>(&window->Hidden())->close();
+  EXPECT_EQ(Playing(), 1);
+}
+
+TEST_F(HraWindowSoundTest, IsSilentWhileItIsMinimised) {
+  OpenCave();
+  window->setWindowState(Qt::WindowMinimized);
+  ASSERT_TRUE(Wait([&] { return !window->Ticking(); }));
+  EXPECT_EQ(Playing(), 0);
+  window->setWindowState(Qt::WindowNoState);
+  EXPECT_EQ(Playing(), 1);
+}
+
+TEST_F(HraWindowSoundTest, LetsNothingBeHeardBehindAPauseThatWasSilentBeforeIt) {
+  OpenCave();
+  ClickSetting("check2");
+  ASSERT_EQ(Playing(), 0);
+  QTest::keyClick(window.get(), Qt::Key_F12);
+  ASSERT_TRUE(Wait([&] { return !window->isVisible(); }));
+  const_cast<HideAway*>(&window->Hidden())->close();
+  EXPECT_EQ(Playing(), 0);
+}
+
+TEST_F(HraWindowSoundTest, IsSilentWhenTheRunIsOver) {
+  OpenCave();
+  window->Stop();
+  EXPECT_EQ(Playing(), 0);
+}
+
+TEST_F(HraWindowSoundTest, EndsTheSoundsOfOneCaveWhereTheNextBegins) {
+  OpenCave();
+  ASSERT_TRUE(window->Start(test::CaveTextOf(Corridor()), RunKind::Play));
+  EXPECT_EQ(Playing(), 0);
+}
+
+TEST_F(HraWindowSoundTest, OpensACaveInSilenceWhereSoundIsSwitchedOff) {
+  settings.Sound = false;
+  OpenCave();
+  EXPECT_EQ(Playing(), 0);
+}
+
+TEST_F(HraWindowSoundTest, EndsTheSoundOfAnAmoebaThatCannotGrow) {
+  Open({"WWWWWWW", "W1..WAW", "WWWWWWW"});
+  ASSERT_TRUE(TicksPass(5));
+  EXPECT_EQ(Playing(), 0);
 }
 
 // Half the way to the left is a quarter as loud.

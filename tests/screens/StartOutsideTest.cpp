@@ -51,6 +51,11 @@ class StartOutside : public test::StartScreen {
   }
 };
 
+TEST_F(StartOutside, TellsTheDesktopWhereTheProgramIsThatOpensItsFiles) {
+  const QSettings store(QSettings::IniFormat, QSettings::UserScope, "Ortvan", "Zorik2");
+  EXPECT_EQ(store.value("Path").toString(), QCoreApplication::applicationDirPath());
+}
+
 TEST_F(StartOutside, ACollectionIsCopiedAndTheCopyOpened) {
   const QString path = Foreign("x.zk", "Cizí");
   const DialogScript script = {Copy(Qt::Key_Y), Delete(Qt::Key_N)};

@@ -108,6 +108,149 @@ TEST(TopBar, LooksTheSameWhateverItHasShownBefore) {
             fresh.screen()->grabWindow(fresh.winId()).toImage());
 }
 
+// What of the bar is drawn otherwise once something has been done with it.
+QRect Changed(TopBar& bar, const std::function<void()>& act) {
+  const QImage before = bar.grab().toImage();
+  act();
+  const QImage after = bar.grab().toImage();
+  QRect changed;
+  for (int y = 0; y < before.height(); ++y) {
+    for (int x = 0; x < before.width(); ++x) {
+      if (before.pixel(x, y) != after.pixel(x, y)) changed |= QRect(x, y, 1, 1);
+    }
+  }
+  return changed;
+}
+
+// Whether something in a panel has exactly this colour.
+bool Has(TopBar& bar, const QRect& panel, QRgb colour) {
+  const QImage drawn = bar.grab(panel).toImage();
+  for (int y = 0; y < drawn.height(); ++y) {
+    for (int x = 0; x < drawn.width(); ++x) {
+      if (drawn.pixel(x, y) == colour) return true;
+    }
+  }
+  return false;
+}
+
+// The first row in which something is drawn.
+int FirstRow(const QImage& image) {
+  int row = 0;
+  const auto bare = [&image](int y) {
+    for (int x = 0; x < image.width(); ++x) {
+      if (image.pixel(x, y) != image.pixel(0, 0)) return false;
+    }
+    return true;
+  };
+  while (row < image.height() && bare(row)) ++row;
+  return row;
+}
+
+class Paints : public QObject {
+ public:
+  int count = 0;
+
+ protected:
+  bool eventFilter(QObject* /*object*/, QEvent* event) override {
+    if (event->type() == QEvent::Paint) ++count;
+    return false;
+  }
+};
+
+TEST(TopBar, DrawsEachFigureInItsPanel) {
+  TopBar bar(nullptr);
+  bar.resize(1000, kTopBar);
+  const TopBarLayout& places = bar.Places();
+  const auto in = [](const QRect& panel, const QRect& changed) {
+    return !changed.isEmpty() && panel.contains(changed);
+  };
+  EXPECT_TRUE(in(places.clock, Changed(bar, [&] { bar.SetClock(345); })));
+  EXPECT_TRUE(in(places.value, Changed(bar, [&] { bar.SetValue(17); })));
+  bar.SetNeeded(555);
+  const QRect gems = Changed(bar, [&] { bar.SetGems(444); });
+  const QRect needed = Changed(bar, [&] { bar.SetNeeded(888); });
+  EXPECT_TRUE(in(places.gems, gems));
+  EXPECT_TRUE(in(places.gems, needed));
+  EXPECT_LT(gems.right(), needed.left());
+}
+
+TEST(TopBar, DrawsTheLastTenSecondsInAnotherColour) {
+  constexpr QRgb kPlain = qRgb(0xF4, 0xEA, 0xD4), kLate = qRgb(0xFF, 0x7A, 0x5A);
+  TopBar bar(nullptr);
+  bar.resize(1000, kTopBar);
+  bar.show();
+  const QRect panel = bar.Places().clock;
+  bar.SetClock(11);
+  EXPECT_TRUE(Has(bar, panel, kPlain) && !Has(bar, panel, kLate));
+  bar.SetClock(10);
+  EXPECT_TRUE(Has(bar, panel, kLate) && !Has(bar, panel, kPlain));
+}
+
+TEST(TopBar, DrawsTheGemsInGreenAsSoonAsThereAreEnough) {
+  constexpr QRgb kPlain = qRgb(0xF4, 0xEA, 0xD4), kEnough = qRgb(0x8C, 0xF0, 0x8C);
+  TopBar bar(nullptr);
+  bar.resize(1000, kTopBar);
+  bar.show();
+  const QRect panel = bar.Places().gems;
+  bar.SetNeeded(8);
+  bar.SetGems(7);
+  EXPECT_TRUE(Has(bar, panel, kPlain) && !Has(bar, panel, kEnough));
+  bar.SetGems(8);
+  EXPECT_TRUE(Has(bar, panel, kEnough) && !Has(bar, panel, kPlain));
+}
+
+TEST(TopBar, IsDrawnAnewForEachFigureThatHasChangedAndForNoOther) {
+  TopBar bar(nullptr);
+  bar.resize(1000, kTopBar);
+  bar.show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&bar));
+  QTest::qWait(20);
+  Paints paints;
+  bar.installEventFilter(&paints);
+  int painted = 0;
+  for (void (TopBar::*const set)(int) :
+       {&TopBar::SetClock, &TopBar::SetGems, &TopBar::SetNeeded, &TopBar::SetValue}) {
+    (bar.*set)(77);
+    QTest::qWait(20);
+    EXPECT_EQ(paints.count, ++painted);
+    (bar.*set)(77);
+    QTest::qWait(20);
+    EXPECT_EQ(paints.count, painted);
+  }
+}
+
+TEST(TopBar, HasButtonsThatLookOtherwiseUnderThePointerAndWhilePressed) {
+  TopBar bar(nullptr);
+  bar.resize(1000, kTopBar);
+  bar.show();
+  BarButton* const button = Button(bar, "Command4");
+  const auto face = [button] { return button->grab().toImage(); };
+  const QImage still = face();
+  button->setAttribute(Qt::WA_UnderMouse, true);
+  const QImage hovered = face();
+  EXPECT_GT(hovered.pixelColor(hovered.rect().center()).lightness(),
+            still.pixelColor(still.rect().center()).lightness());
+  button->setAttribute(Qt::WA_UnderMouse, false);
+  QTest::mousePress(button, Qt::LeftButton);
+  const QImage pressed = face();
+  QTest::mouseRelease(button, Qt::LeftButton);
+  EXPECT_LT(pressed.pixelColor(pressed.rect().center()).lightness(),
+            still.pixelColor(still.rect().center()).lightness());
+  EXPECT_EQ(FirstRow(pressed), FirstRow(still) + 1) << "it goes down";
+  EXPECT_EQ(face(), still);
+}
+
+TEST(TopBar, HasButtonsThatHeedTheLeftMouseButtonOnly) {
+  TopBar bar(nullptr);
+  bar.resize(1000, kTopBar);
+  bar.show();
+  QSignalSpy settings(&bar, &TopBar::SettingsClicked);
+  QTest::mouseClick(Button(bar, "Command4"), Qt::RightButton);
+  QTest::mousePress(Button(bar, "Command4"), Qt::RightButton);
+  QTest::mouseRelease(Button(bar, "Command4"), Qt::LeftButton);
+  EXPECT_EQ(settings.count(), 0);
+}
+
 TEST(TopBar, TellsOfItsButtons) {
   TopBar bar(nullptr);
   bar.resize(1000, kTopBar);
@@ -222,6 +365,9 @@ TEST(TopBar, HasARestartThatGlowsAndFadesWhileItPulses) {
   bar.PulseRestart(true);
   EXPECT_TRUE(QTest::qWaitFor([&] { return button->grab().toImage() != still; }));
   EXPECT_TRUE(QTest::qWaitFor([&] { return button->grab().toImage() == still; })) << "it fades in turn";
+  const auto green = [](const QImage& face) { return face.pixelColor(face.rect().center()).green(); };
+  EXPECT_TRUE(QTest::qWaitFor([&] { return green(button->grab().toImage()) > green(still) + 60; }))
+      << "it glows so that it is seen";
   bar.PulseRestart(false);
   QTest::qWait(100);
   EXPECT_EQ(button->grab().toImage(), still);

@@ -222,6 +222,34 @@ TEST_F(CavePainterTest, ShowsAnotherSkinFromTheNextCaveOn) {
   EXPECT_EQ(CellColour(painter_->Compose(hra_, {200, 80}), 40, 1, 0), kOther);
 }
 
+TEST_F(CavePainterTest, ShowsTheFramesOfAPictureOneAfterAnother) {
+  QImage frames(80, 160, QImage::Format_RGB32);
+  frames.fill(kOther);
+  for (int y = 80; y < 160; ++y) {
+    for (int x = 0; x < 80; ++x) frames.setPixel(x, y, kDirtColour);
+  }
+  ASSERT_TRUE(frames.save(QString::fromStdString(places_.SkinsPath + "/Default/Game/Keys.bmp")));
+  Start({"1.!..", "WWWWW"});
+  for (int tick = 0; tick < 4; ++tick) {
+    test::Pass(hra_);
+    EXPECT_EQ(CellColour(painter_->Compose(hra_, {200, 80}), 40, 2, 0),
+              hra_.Elapsed % 2 == 0 ? kOther : kDirtColour);
+  }
+}
+
+// As long as the cave is placed nobody knows whether the other end of the teleport comes, too.
+TEST_F(CavePainterTest, ShowsTheOnlyEndOfATeleportAsPlainSteelOnceTheCaveIsPlaced) {
+  constexpr QRgb kSteelColour = 0xFF808080, kTeleportColour = 0xFF0000FF;
+  Paint("Default/Game/Steel.bmp", kSteelColour);
+  Paint("Default/Game/Teleport.bmp", kTeleportColour);
+  Start({"1....", "..S..", "..W..", "....."});
+  const QImage image = painter_->Compose(hra_, {200, 160});
+  EXPECT_EQ(CellColour(image, 40, 2, 2), kSteelColour);
+  EXPECT_EQ(CellColour(image, 40, 2, 1), kSpaceColour);
+  Start({"1....", "..S.W", "..W.S", "....."});
+  EXPECT_EQ(CellColour(painter_->Compose(hra_, {200, 160}), 40, 2, 2), kTeleportColour);
+}
+
 TEST_F(CavePainterTest, ShowsThePartAroundTheDogOrTheWholeCave) {
   test::Picture picture(23, std::string(39, ';'));
   picture[22][38] = '1';

@@ -89,6 +89,40 @@ TEST_F(DogStripTest, DrawsANumberInItsSlotAndLeavesTheOthersEmpty) {
   EXPECT_LE(drawn.right(), 3 * Slot());
 }
 
+// Which figure is most like what stands in a slot.
+int FigureIn(const QImage& slot, const QFont& font, QRgb colour) {
+  const auto unlike = [&](int figure) {
+    QImage image(slot.size(), QImage::Format_ARGB32_Premultiplied);
+    image.fill(kNothing);
+    QPainter painter(&image);
+    painter.setFont(font);
+    DrText(painter, image.rect(), QString::number(figure), 0);
+    painter.end();
+    int pixels = 0;
+    for (int y = 0; y < slot.height(); ++y) {
+      for (int x = 0; x < slot.width(); ++x)
+        pixels += (qAlpha(image.pixel(x, y)) > 127) != (slot.pixel(x, y) == colour) ? 1 : 0;
+    }
+    return pixels;
+  };
+  int best = 0;
+  for (int figure = 1; figure <= 9; ++figure) best = unlike(figure) < unlike(best) ? figure : best;
+  return best;
+}
+
+TEST_F(DogStripTest, DrawsEachNumberInTheSlotOfThatNumber) {
+  strip_.Open(9, kHue);
+  for (int n = 0; n <= 9; ++n) strip_.DrawDogN(n, 0);
+  QFont font = GameFont(60);
+  font.setBold(true);
+  int size = 60;
+  while (QFontMetrics(font).height() > kStripHeight) font.setPixelSize(--size);
+  const QImage strip = Painted();
+  const int slot = strip_.Width() / 10;
+  for (int n = 0; n <= 9; ++n)
+    EXPECT_EQ(FigureIn(strip.copy(n * slot, 0, slot, kStripHeight), font, ColourOf(191)), n);
+}
+
 TEST_F(DogStripTest, DrawsTheSwarmAsZero) {
   strip_.DrawDogN(0, 1);
   EXPECT_LT(Drawn(Painted()).right(), Slot());

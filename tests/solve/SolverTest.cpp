@@ -99,6 +99,7 @@ TEST(Move, IsHeldAsTheKeysThatItsTextNames) {
   EXPECT_EQ(KeysOf(kStepBase).down, Keys("L").down);
   EXPECT_TRUE(KeysOf(kActBase + 3).Down(kKeyDown));
   EXPECT_TRUE(KeysOf(kActBase + 3).Down(kKeySpace));
+  EXPECT_EQ(KeysOf(kChooseBase).down, Keys("0").down);
   EXPECT_EQ(KeysOf(kChooseBase + 9).down, Keys("9").down);
   EXPECT_TRUE(KeysOf(kWait).down.none());
 }
