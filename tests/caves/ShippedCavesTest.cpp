@@ -123,7 +123,9 @@ TEST(ShippedCaves, HaveOneFinishAndAtMostOneCat) {
   ForEachCave([](const CaveRecord& cave) {
     EXPECT_EQ(CountOf(cave, "T"), 1);
     EXPECT_LE(CountOf(cave, "J"), 1);
-    if (!cave.Script.empty()) EXPECT_EQ(CountOf(cave, "J"), 1);
+    if (!cave.Script.empty()) {
+      EXPECT_EQ(CountOf(cave, "J"), 1);
+    }
   });
 }
 
