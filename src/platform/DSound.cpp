@@ -117,9 +117,9 @@ DSound::DSound(std::vector<std::string> drivers) : device_(std::make_unique<Devi
 DSound::~DSound() = default;
 
 Result<Done> DSound::DSInit() {
-  if (!device_->open) device_->open = device_->player.Choose(device_->drivers);
-  if (!device_->open) return Failure{"Unable to initialize DirectSound."};
-  return Done{};
+  if (device_->open) return Done{};
+  device_->open = static_cast<bool>(device_->player.Choose(device_->drivers));
+  return device_->open ? Result<Done>(Done{}) : Failure{"Unable to initialize DirectSound."};
 }
 
 int DSound::DSLoad(const std::string& path, bool looping) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <span>
 
+#include "data/Result.h"
 #include "platform/Sdl.h"
 #include "platform/WaveFile.h"
 
@@ -22,27 +23,32 @@ SoundDevice::~SoundDevice() {
   sdl_->QuitSubSystem(SDL_INIT_AUDIO);
 }
 
-bool SoundDevice::Choose(const std::vector<std::string>& drivers) {
-  if (chosen_) return true;
+Result<Done> SoundDevice::Choose(const std::vector<std::string>& drivers) {
+  if (chosen_) return Done{};
   sdl_ = FindSdl();
-  if (sdl_ == nullptr) return false;
+  if (sdl_ == nullptr) return Failure{"there is no library of sound"};
   sdl_->SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
   sdl_->SetHint(SDL_HINT_AUDIO_DEVICE_APP_NAME, "Zorík");
   sdl_->SetHint(SDL_HINT_AUDIO_DEVICE_STREAM_ROLE, "game");
-  chosen_ =
-      std::any_of(drivers.begin(), drivers.end(), [this](const auto& name) { return OpenDriver(name); });
+  Result<Done> opened = Failure{"there is no driver of sound"};
+  for (const std::string& name : drivers) {
+    opened = OpenDriver(name);
+    if (opened) break;
+  }
+  chosen_ = static_cast<bool>(opened);
   if (chosen_) watch_ = std::jthread([this](const std::stop_token& end) { Watch(end); });
-  return chosen_;
+  return opened;
 }
 
-bool SoundDevice::OpenDriver(const std::string& name) {
+Result<Done> SoundDevice::OpenDriver(const std::string& name) {
   if (!name.empty()) sdl_->SetHintWithPriority(SDL_HINT_AUDIODRIVER, name.c_str(), SDL_HINT_OVERRIDE);
   const bool begun = sdl_->InitSubSystem(SDL_INIT_AUDIO) == 0;
   if (!name.empty()) sdl_->ResetHint(SDL_HINT_AUDIODRIVER);
-  if (!begun) return false;
+  if (!begun) return Failure{"the driver of sound \"" + name + "\" does not begin"};
   device_ = OpenDevice();
-  if (device_ == 0) sdl_->QuitSubSystem(SDL_INIT_AUDIO);
-  return device_ != 0;
+  if (device_ != 0) return Done{};
+  sdl_->QuitSubSystem(SDL_INIT_AUDIO);
+  return Failure{"the driver of sound \"" + name + "\" opens no device"};
 }
 
 std::uint32_t SoundDevice::OpenDevice() {

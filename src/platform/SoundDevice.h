@@ -7,6 +7,7 @@
 #include <thread>
 #include <vector>
 
+#include "data/ResultFwd.h"
 #include "platform/MixBus.h"
 
 namespace zorik {
@@ -23,9 +24,9 @@ class SoundDevice {
   SoundDevice(const SoundDevice&) = delete;
   SoundDevice& operator=(const SoundDevice&) = delete;
 
-  // Chooses the first of these drivers that can be opened, once; an empty name is the system's choice. False
+  // Chooses the first of these drivers that can be opened, once; an empty name is the system's choice. Fails
   // if there is none.
-  bool Choose(const std::vector<std::string>& drivers);
+  Result<Done> Choose(const std::vector<std::string>& drivers);
 
   // The driver that was chosen, empty if none.
   std::string Driver() const;
@@ -44,7 +45,7 @@ class SoundDevice {
  private:
   static void Fill(void* self, std::uint8_t* stream, int length);
 
-  bool OpenDriver(const std::string& name);
+  Result<Done> OpenDriver(const std::string& name);
   std::uint32_t OpenDevice();
   void Watch(const std::stop_token& end);
   void Wake(std::unique_lock<std::mutex>& lock);
