@@ -1,32 +1,11 @@
 #include <gtest/gtest.h>
 
-#include "support/Scene.h"
+#include "rules/CatScene.h"
 
 // The cat that flies like a fly: "/D" of its program.
 namespace zorik::test {
 namespace {
 
-// Lets the cat take its part of a tick; it must draw all outcomes and none beyond them.
-void LetAct(Hra& hra, std::initializer_list<int> outcomes) {
-  Foretell(hra, outcomes);
-  Kocka(hra);
-  EXPECT_TRUE(Drained(hra));
-}
-
-Hra CatIn(const Picture& picture, const std::string& program) {
-  return Live(picture, {.script = program});
-}
-
-Cell CatCell(const Hra& hra) {
-  return {hra.CatX, hra.CatY};
-}
-
-const Picture kOpen{".....", ".....", "..J..", ".....", "....."};
-const Picture kWalled{"WWW", "WJW", "WWW"};
-constexpr Cell kMiddle(2, 2);
-
-// By direction of the language: left, right, up, down.
-constexpr std::array<zorik::Step, 4> kWays{kLeft, kRight, kUp, kDown};
 constexpr std::array<int, 4> kHeadings{4, 2, 1, 3};
 
 TEST(AWanderingCat, FliesLikeAFlyAndNeverTurnsBackWhereItHasAChoice) {

@@ -4,25 +4,11 @@
 #include <QTest>
 
 #include "screens/BarColours.h"
+#include "screens/PaintedParts.h"
 #include "screens/Ram.h"
 
 namespace zorik {
 namespace {
-
-// Keeps what was painted of the widgets that it watches.
-class PaintedParts : public QObject {
- public:
-  QRegion Take() { return std::exchange(parts_, QRegion()); }
-
- protected:
-  bool eventFilter(QObject* /*object*/, QEvent* event) override {
-    if (event->type() == QEvent::Paint) parts_ += static_cast<QPaintEvent*>(event)->region();
-    return false;
-  }
-
- private:
-  QRegion parts_;
-};
 
 // A frame of 100 x 80 units with a picture of 90 x 70 in its middle.
 class ShownPicture : public testing::Test {
@@ -30,7 +16,7 @@ class ShownPicture : public testing::Test {
   ShownPicture() {
     ram_.resize(100, 80);
     picture_.fill(Qt::green);
-    ram_.installEventFilter(&painted_);
+    painted_.Watch(ram_);
     ram_.show();
     EXPECT_TRUE(QTest::qWaitForWindowExposed(&ram_));
     ram_.Show(picture_);
@@ -41,7 +27,7 @@ class ShownPicture : public testing::Test {
 
   Ram ram_{nullptr};
   QImage picture_{90, 70, QImage::Format_RGB32};
-  PaintedParts painted_;
+  test::PaintedParts painted_;
 };
 
 TEST_F(ShownPicture, StandsInTheMiddleOfItsMargins) {

@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "screens/BarButton.h"
+#include "screens/PaintedParts.h"
 #include "screens/TopBar.h"
 #include "skin/HslColor.h"
 
@@ -30,22 +31,6 @@ TEST(TopBar, WritesItsFiguresWithLeadingZeros) {
   EXPECT_EQ(bar.GemsText(), "007 / 042");
   EXPECT_EQ(bar.ValueText(), "05");
 }
-
-// The parts of a bar that are painted from now on.
-class PaintedParts : public QObject {
- public:
-  explicit PaintedParts(QWidget& widget) { widget.installEventFilter(this); }
-  QRegion Take() { return std::exchange(parts_, QRegion()); }
-
- protected:
-  bool eventFilter(QObject* /*object*/, QEvent* event) override {
-    if (event->type() == QEvent::Paint) parts_ += static_cast<QPaintEvent*>(event)->region();
-    return false;
-  }
-
- private:
-  QRegion parts_;
-};
 
 QImage Stripes(QSize size) {
   QImage image(size, QImage::Format_ARGB32);
@@ -69,7 +54,8 @@ TEST(TopBar, IsPaintedOnlyWhereAFigureHasChanged) {
   bar.ShowUnits(3, 120);
   bar.show();
   ASSERT_TRUE(QTest::qWaitForWindowExposed(&bar));
-  PaintedParts painted(bar);
+  test::PaintedParts painted;
+  painted.Watch(bar);
   const auto change = [&](const std::function<void()>& act) {
     QTest::qWait(1);
     painted.Take();
