@@ -59,12 +59,11 @@ std::optional<std::string> NameIn(const std::string& bytes) {
   return name;
 }
 
-// The language that the name of a collection's file ends in; empty when it tells none.
+// What may be the language that the name of a collection's file ends in; empty when it tells none.
 QString LanguageOfFile(const QString& file) {
   constexpr qsizetype kEnd = 6;  // "-en.zk"
   const QString end = file.right(kEnd).toLower();
-  const bool told = end.size() == kEnd && end[0] == '-' && end[1].isLetter() && end[2].isLetter();
-  return told ? end.mid(1, 2) : QString();
+  return end.size() == kEnd && end[0] == '-' ? end.mid(1, 2) : QString();
 }
 
 bool Exists(const std::string& path) {
@@ -84,7 +83,9 @@ std::vector<CollRow> ReadColls(const std::string& folder, const QString& languag
   QStringList files = SortedAsPeopleDo(FilesIn(folder, ".zk"));
   const auto rank = [&language](const QString& file) {
     const QString own = LanguageOfFile(file);
-    return own.isEmpty() ? 1 : own == language ? 0 : 2;
+    if (!own.isEmpty() && own == language) return 0;
+    const bool shipped = own == "cs" || own == "en";  // any other two letters may be a word
+    return shipped ? 2 : 1;
   };
   std::stable_sort(files.begin(), files.end(),
                    [&rank](const QString& one, const QString& other) { return rank(one) < rank(other); });

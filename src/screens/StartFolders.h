@@ -23,8 +23,8 @@ struct CollRow {
 QString CollName(const std::string& path);
 
 // The collections (*.zk) of a folder, sorted by file as people sort: first those in this language, two
-// letters, then those in no language, then those in others. A file tells its language by the end of its name:
-// "-en.zk". One whose first line holds no name goes by the name of its file.
+// letters, then those that tell none, then those in another language of the game. A file tells its language
+// by the end of its name, "-en.zk". One whose first line holds no name goes by the name of its file.
 std::vector<CollRow> ReadColls(const std::string& folder, const QString& language);
 
 // The players of a folder, which are its folders, sorted as people sort, as PathText writes them. A folder

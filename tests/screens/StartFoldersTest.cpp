@@ -85,13 +85,14 @@ TEST_F(StartFolders, FilesAreSortedAsPeopleSort) {
 }
 
 TEST_F(StartFolders, TheLanguageOfTheSkinGoesFirstAndOtherLanguagesLast) {
-  for (const char* file : {"1-a-cs.zk", "1-a-en.zk", "2-b-EN.ZK", "3-c.zk", "x-12.zk", "-cs.zk", "encs.zk"}) {
+  for (const char* file :
+       {"1-a-cs.zk", "1-a-en.zk", "2-b-EN.ZK", "3-c.zk", "x-12.zk", "-cs.zk", "encs.zk", "jdi-na.zk"}) {
     FirstLine(file, "BX");
   }
-  EXPECT_EQ(Files("cs"),
-            (QStringList{"-cs.zk", "1-a-cs.zk", "3-c.zk", "encs.zk", "x-12.zk", "1-a-en.zk", "2-b-EN.ZK"}));
-  EXPECT_EQ(Files("en"),
-            (QStringList{"1-a-en.zk", "2-b-EN.ZK", "3-c.zk", "encs.zk", "x-12.zk", "-cs.zk", "1-a-cs.zk"}));
+  EXPECT_EQ(Files("cs"), (QStringList{"-cs.zk", "1-a-cs.zk", "3-c.zk", "encs.zk", "jdi-na.zk", "x-12.zk",
+                                      "1-a-en.zk", "2-b-EN.ZK"}));
+  EXPECT_EQ(Files("en"), (QStringList{"1-a-en.zk", "2-b-EN.ZK", "3-c.zk", "encs.zk", "jdi-na.zk", "x-12.zk",
+                                      "-cs.zk", "1-a-cs.zk"}));
 }
 
 TEST_F(StartFolders, OnlyCollectionsAreListed) {
