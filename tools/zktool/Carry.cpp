@@ -1,15 +1,12 @@
-#include <algorithm>
-#include <optional>
 #include <string>
 
 #include "data/CaveO.h"
-#include "data/Collection.h"
-#include "data/Cp1250.h"
 #include "data/Files.h"
 #include "data/Lines.h"
 #include "data/RecordFile.h"
 #include "data/Result.h"
 #include "data/Scramble.h"
+#include "zktool/Caves.h"
 #include "zktool/Commands.h"
 #include "zktool/Verdict.h"
 
@@ -35,39 +32,22 @@ std::string MovesOf(const std::string& record) {
   return at == std::string::npos ? std::string() : record.substr(at);
 }
 
-Needed<PlayedCollection> ReadTarget(const std::string& path) {
-  const Result<std::string> bytes = ReadWhole(path);
-  if (!bytes) return Refusal{{bytes.Message()}, Exit::CannotRead};
-  Result<PlayedCollection> collection = ReadForPlay(*bytes);
-  if (!collection) return Refusal{{path + ": " + collection.Message()}, Exit::BadCollection};
-  return std::move(*collection);
-}
-
-// The player to be named, in Windows-1250: that of the record if none is told.
-Needed<std::string> PlayerOf(const CommandLine& line, const RecordHead& head) {
-  if (!line.Has("--player")) return head.Player;
-  const std::optional<std::string> name = FromUtf8(line.Value("--player"));
-  if (!name || name->empty() || std::any_of(name->begin(), name->end(), IsControl))
-    return Refusal{{"--player: no name that a player can have"}, Exit::Usage};
-  return *name;
-}
-
-Needed<std::string> Carried(const std::string& record, const PlayedCollection& collection, int number,
+Needed<std::string> Carried(const std::string& record, const CaveSet& collection, int number,
                             const CommandLine& line) {
-  if (number < 1 || static_cast<std::size_t>(number) > collection.Caves.size())
+  if (number < 1 || static_cast<std::size_t>(number) > collection.caves.size())
     return Refusal{{"the collection has no cave with the number " + std::to_string(number)},
                    Exit::NoSuchCave};
-  const PlayedCave& cave = collection.Caves[static_cast<std::size_t>(number) - 1];
+  const NamedCave& cave = collection.caves[static_cast<std::size_t>(number) - 1];
   RecordLines lines(record);
   const RecordHead head = ReadRecordHead(lines);
   const Result<CaveRecord> own = ParseCaveText(head.CaveText);
   if (!own) return Refusal{{own.Message()}, Exit::BadCave};
-  if (!AreSame(*own, cave.Record)) return Refusal{{"the record's cave is another one"}, Exit::BadCave};
-  const Needed<std::string> player = PlayerOf(line, head);
-  if (!player) return Refusal{player.Why()};
+  if (!AreSame(*own, cave.record)) return Refusal{{"the record's cave is another one"}, Exit::BadCave};
+  const Result<std::string> player = PlayerBehind(line, head.Player);
+  if (!player) return Refusal{{player.Message()}, Exit::Usage};
   Chance decoration;
-  std::string carried = BuildRecordHead(collection.Name, head.Score, *player, decoration) +
-                        ScrambleText(cave.Text, decoration) + "\r\n" + MovesOf(record);
+  std::string carried = BuildRecordHead(collection.name, head.Score, *player, decoration) +
+                        ScrambleText(cave.text, decoration) + "\r\n" + MovesOf(record);
   Hra hra;
   if (Judge(hra, carried).verdict != Verdict::Won) return Refusal{{"the record does not win"}, Exit::No};
   return carried;
@@ -80,7 +60,7 @@ Exit CarryCommand(const CommandLine& line, Console& console) {
   if (!record) return Fail(console, Exit::CannotRead, record.Message());
   const Result<int> number = ReadNumber<int>(line.operands[2]);
   if (!number) return Fail(console, Exit::Usage, number.Message());
-  const Needed<PlayedCollection> collection = ReadTarget(line.operands[1]);
+  const Needed<CaveSet> collection = ReadCaves(line.operands[1]);
   if (!collection) return Fail(console, collection.Why());
   const Needed<std::string> carried = Carried(*record, *collection, *number, line);
   if (!carried) return Fail(console, carried.Why());

@@ -2,7 +2,10 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <optional>
 
+#include "data/CaveO.h"
+#include "data/Cp1250.h"
 #include "data/Result.h"
 
 namespace zorik {
@@ -53,6 +56,15 @@ Result<CommandLine> ReadCommandLine(std::span<const std::string> arguments, std:
   const Result<Done> counts = CheckCounts(line, options, operands);
   if (!counts) return Failure{counts.Message()};
   return line;
+}
+
+Result<std::string> PlayerBehind(const CommandLine& line, std::string otherwise) {
+  if (!line.Has("--player")) return otherwise;
+  const std::optional<std::string> name = FromUtf8(line.Value("--player"));
+  const bool holds = name && !name->empty() && name->size() <= kHighestNumber &&
+                     std::none_of(name->begin(), name->end(), IsControl);
+  if (!holds) return Failure{"--player: no name that a record can hold"};
+  return *name;
 }
 
 }  // namespace zorik

@@ -60,4 +60,7 @@ Result<Number> NumberBehind(const CommandLine& line, std::string_view option, Nu
   return *number;
 }
 
+// The name behind "--player" in Windows-1250, as a record can hold it; the other one if it is not there.
+Result<std::string> PlayerBehind(const CommandLine& line, std::string otherwise);
+
 }  // namespace zorik

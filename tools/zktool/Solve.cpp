@@ -192,12 +192,9 @@ Result<Terms> ReadTerms(const CommandLine& line) {
   terms.search.shortening = *shortening;
   terms.seed = *seed;
   terms.jobs = *jobs;
-  if (line.Has("--player")) {
-    const std::optional<std::string> player = FromUtf8(line.Value("--player"));
-    if (!player || player->size() > kHighestNumber)
-      return Failure{"--player: no name that a record can hold"};
-    terms.player = *player;
-  }
+  const Result<std::string> player = PlayerBehind(line, terms.player);
+  if (!player) return Failure{player.Message()};
+  terms.player = *player;
   if (line.Has("--record")) terms.out = line.Value("--record");
   return terms;
 }
