@@ -14,10 +14,6 @@ namespace zorik {
 
 namespace {
 
-bool SamePlayer(std::string_view left, std::string_view right) {
-  return LowerCase(Trimmed(left)) == LowerCase(Trimmed(right));
-}
-
 struct CaveResult {
   CaveState state;
   int score;
@@ -40,6 +36,10 @@ bool IsBonus(const PlayedCollection& collection, std::size_t number) {
 }
 
 }  // namespace
+
+bool SamePlayer(std::string_view left, std::string_view right) {
+  return LowerCase(Trimmed(left)) == LowerCase(Trimmed(right));
+}
 
 RecordSource RecordsInFolder(std::string folder) {
   return RecordsInFolder(std::make_shared<FolderNames>(std::move(folder)));

@@ -30,6 +30,9 @@ struct Progress {
   int Rest = 0;  // the others; with none left the collection is finished
 };
 
+// Whether a name in a record is that of a player: letter case and outer blanks play no part.
+bool SamePlayer(std::string_view left, std::string_view right);
+
 // Answers the bytes of the record file with this name (RecordFileName, Windows-1250), or nothing if the
 // player has no such file.
 using RecordSource = std::function<std::optional<std::string>(const std::string& name)>;
@@ -40,7 +43,7 @@ RecordSource RecordsInFolder(std::shared_ptr<FolderNames> names);
 
 // Works out a player's progress from nothing but the player's record files. A record counts when the cave in
 // it equals the collection's up to the marker; it opens the next cave, whoever made it. Bonus caves that are
-// open do not block the way. Player names are compared without regard to case and outer blanks.
+// open do not block the way.
 Progress ReadProgress(const PlayedCollection& collection, std::string_view player,
                       const RecordSource& records);
 
