@@ -106,6 +106,11 @@ struct RunFacts {
   bool CatLastAdvanced = false;
   int CatLastX = kAbsent, CatLastY = kAbsent;
 
+  // What has happened so far; no rule asks for it.
+  int KeysTaken = 0;    // by dogs or the cat, its own key too
+  int LocksOpened = 0;  // not those that were blown up
+  int Explosions = 0;
+
   // Record
   std::string RecordText;       // of the run that is played
   std::string_view RecordLine;  // what is left of the line that is replayed
@@ -121,7 +126,9 @@ struct RunState : Grids, RunFacts {};
 
 enum class TickEnd { Running, Won, RecordOver, Restarted };
 
-enum class RunKind { Play, Replay, Test };  // Test: from the cave editor
+// Test: from the cave editor. Practice: as in play, but nothing of it is kept, and chance comes from the
+// run's own stream alone, so that the same keys from the same moment on lead to the same again.
+enum class RunKind { Play, Replay, Test, Practice };
 
 // The game: one run and what outlives it. A copy is a snapshot that goes on by itself, on the same stage.
 struct Hra : RunState {
@@ -130,6 +137,7 @@ struct Hra : RunState {
   RunKind Kind = RunKind::Play;  // of the run, or of the last one
   bool ReplayPlaying() const { return Kind == RunKind::Replay; }
   bool EditorRun() const { return Kind == RunKind::Test; }
+  bool Practising() const { return Kind == RunKind::Practice; }
 
   bool Recording = false;
   int Score = 0;  // sum of gem values; goes nowhere, and back to 0 when a replay starts
@@ -149,6 +157,7 @@ struct Hra : RunState {
   Stage& stage() const { return Watched() ? *stage_ : Silence(); }
   bool Watched() const { return stage_ != nullptr; }  // by anybody but the silent stage
   void SetStage(Stage& stage) { stage_ = &stage; }    // not owned
+  void LeaveStage() { stage_ = nullptr; }             // goes on unwatched
 
  private:
   static Stage& Silence();
@@ -159,9 +168,9 @@ struct Hra : RunState {
 // comes back and nothing has changed.
 Result<Done> PaintCave(Hra& hra, std::string_view caveText, RunKind kind);
 
-// Starts a run in play of a cave that a collection holds, which has been read already; fails as PaintCave
+// Starts a run of a cave that a collection holds, which has been read already; fails as PaintCave
 // does.
-Result<Done> OpenCave(Hra& hra, const PlayedCave& cave);
+Result<Done> OpenCave(Hra& hra, const PlayedCave& cave, RunKind kind = RunKind::Play);
 
 // Starts the playback of a record, given as the bytes of its file; fails as PaintCave does.
 Result<Done> Replay(Hra& hra, std::string bytes);
@@ -175,7 +184,8 @@ void RestartCave(Hra& hra);
 // Leaves the run: silence, and the record that was played is let go.
 void EndGame(Hra& hra);
 
-// The bytes of the record of a won run, to be stored under RecordFileName; empty in a replay.
+// The bytes of the record of a won run, to be stored under RecordFileName; empty in a replay and in
+// practice.
 std::string SaveRecord(Hra& hra, int score);
 
 // The breakdown of a score, in Windows-1250.

@@ -34,6 +34,8 @@ struct KeySnapshot {
   int joyDirection = 0;  // 1 left, 2 up, 3 right, 4 down, 0 none or no joystick
   int joyButtons = 0;    // button word, 0 to 3
 
+  bool operator==(const KeySnapshot&) const = default;
+
   bool Down(int key) const { return down[static_cast<std::size_t>(key)]; }
 };
 

@@ -43,7 +43,7 @@ void EndGame(Hra& hra) {
 }
 
 std::string SaveRecord(Hra& hra, int score) {
-  if (!hra.Recording || hra.ReplayPlaying()) return {};
+  if (!hra.Recording || hra.ReplayPlaying() || hra.Practising()) return {};
   const std::string player = hra.EditorRun() ? std::string() : hra.PlayerName;
   return BuildRecordHead(hra.CollectionName, score, player, hra.Decoration) + hra.RecordText;
 }

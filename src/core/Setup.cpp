@@ -176,8 +176,8 @@ void StartRun(Hra& hra, std::string caveText, const CaveRecord& cave, RunKind ki
   static_cast<RunState&>(hra) = RunState();
   hra.CaveText = std::move(caveText);
   hra.Kind = kind;
-  if (!hra.ReplayPlaying()) hra.Recording = true;
-  if (hra.Recording) hra.RecordText = ScrambleText(hra.CaveText, hra.Decoration) + "\r\n";
+  if (!hra.ReplayPlaying() && !hra.Practising()) hra.Recording = true;
+  if (hra.Recording && !hra.Practising()) hra.RecordText = ScrambleText(hra.CaveText, hra.Decoration) + "\r\n";
 
   CopyRecord(hra, cave);
   hra.stage().CaveOpens();
@@ -197,9 +197,9 @@ Result<Done> PaintCave(Hra& hra, std::string_view caveText, RunKind kind) {
   return Done{};
 }
 
-Result<Done> OpenCave(Hra& hra, const PlayedCave& cave) {
+Result<Done> OpenCave(Hra& hra, const PlayedCave& cave, RunKind kind) {
   if (Result<Done> playable = Playable(cave.Text, cave.Record); !playable) return playable;
-  StartRun(hra, cave.Text, cave.Record, RunKind::Play);
+  StartRun(hra, cave.Text, cave.Record, kind);
   return Done{};
 }
 

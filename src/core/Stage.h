@@ -51,7 +51,8 @@ class Stage {
   virtual void Post(Request) {}
   // The run is won; the state is that of the winning moment, later steps of the tick follow.
   virtual void Won(const WinResult&) {}
-  // A new seed for the game's chance, asked for at every step of a dog; nothing keeps the stream going.
+  // A new seed for the game's chance, asked for at every step of a dog in play; nothing
+  // keeps the stream going.
   virtual std::optional<std::uint64_t> Reseed() { return std::nullopt; }
 };
 

@@ -112,6 +112,7 @@ void CommandKeys(const Hra& hra, const KeySnapshot& keys) {
 
 // The last line of a won run has no end.
 void EndRecordLine(Hra& hra) {
+  if (hra.Practising()) return hra.RecordText.clear();
   if (hra.Recording && !hra.ReplayPlaying() && !hra.Win) hra.RecordText += "\r\n";
 }
 

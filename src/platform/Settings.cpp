@@ -1,6 +1,7 @@
 #include "platform/Settings.h"
 
 #include <algorithm>
+#include <array>
 
 #include "data/Result.h"
 #include "platform/PathText.h"
@@ -18,8 +19,23 @@ int ReadSpeed(const QSettings& store, const char* name) {
   return std::clamp(store.value(name).toInt(), 1, 10);
 }
 
-bool ReadFlag(const QSettings& store, const char* name, bool otherwise) {
-  return store.value(name, otherwise ? 1 : 0).toInt() != 0;
+struct Flag {
+  const char* name;
+  bool Settings::*value;
+};
+constexpr std::array kFlags{Flag{"NoSurprise", &Settings::NoSurprise},
+                            Flag{"Sound", &Settings::Sound},
+                            Flag{"Joystick", &Settings::Joystick},
+                            Flag{"Loops", &Settings::Loops},
+                            Flag{"Ghost", &Settings::Ghost},
+                            Flag{"SmoothMotion", &Settings::SmoothMotion},
+                            Flag{"LessFlashing", &Settings::LessFlashing},
+                            Flag{"PauseOnFocusLoss", &Settings::PauseOnFocusLoss}};
+
+// One that is not stored stays as it is.
+void ReadFlag(const QSettings& store, const Flag& flag, Settings& settings) {
+  bool& value = settings.*flag.value;
+  value = store.value(flag.name, value ? 1 : 0).toInt() != 0;
 }
 
 // A value that is no number must not make the game mute.
@@ -61,23 +77,17 @@ Settings FindSett() {
   }
   settings.Speed = ReadSpeed(store, "Speed");
   settings.SpeedR = ReadSpeed(store, "SpeedR");
-  settings.Sound = ReadFlag(store, "Sound", settings.Sound);
-  settings.Joystick = ReadFlag(store, "Joystick", settings.Joystick);
-  settings.NoSurprise = ReadFlag(store, "NoSurprise", settings.NoSurprise);
   settings.Volume = ReadVolume(store);
-  settings.Loops = ReadFlag(store, "Loops", settings.Loops);
+  for (const Flag& flag : kFlags) ReadFlag(store, flag, settings);
   return settings;
 }
 
 Result<Done> StoreSett(const Settings& settings) {
   ZorikStore store;
-  store.setValue("NoSurprise", settings.NoSurprise ? 1 : 0);
   store.setValue("Speed", settings.Speed);
   store.setValue("SpeedR", settings.SpeedR);
-  store.setValue("Sound", settings.Sound ? 1 : 0);
-  store.setValue("Joystick", settings.Joystick ? 1 : 0);
   store.setValue("Volume", settings.Volume);
-  store.setValue("Loops", settings.Loops ? 1 : 0);
+  for (const Flag& flag : kFlags) store.setValue(flag.name, settings.*flag.value ? 1 : 0);
   return Write(store);
 }
 

@@ -16,8 +16,12 @@ struct Settings {
   bool Joystick = false;
   bool NoSurprise = false;  // show what is hidden
   QString Skin = "Default";
-  int Volume = kFullVolume;  // of all sounds, 0 is silence
-  bool Loops = true;         // the sounds that go on and on: amoeba, magic wall
+  int Volume = kFullVolume;       // of all sounds, 0 is silence
+  bool Loops = true;              // the sounds that go on and on: amoeba, magic wall
+  bool Ghost = false;             // the best record runs beside a normal run
+  bool SmoothMotion = false;      // what moves is also drawn on its way
+  bool LessFlashing = false;      // no flash of the finish, no glitter
+  bool PauseOnFocusLoss = false;  // a run waits while the player is in another window
 
   bool operator==(const Settings&) const = default;
 };

@@ -70,7 +70,9 @@ Cell Go(Hra& hra, Cell old, Cell target) {
   return target;
 }
 
+// A replay asks for no chance, and practice that was taken back shall go on as it did.
 void Reseed(Hra& hra) {
+  if (hra.ReplayPlaying() || hra.Practising()) return;
   if (const auto seed = hra.stage().Reseed()) hra.Luck.Seed(*seed);
 }
 

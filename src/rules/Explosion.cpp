@@ -61,6 +61,7 @@ void LightBomb(Hra& hra, Cell c) {
 
 void Exploze(Hra& hra, Cell c) {
   hra.stage().PZvuk(SoundId::Explosion);
+  ++hra.Explosions;
   const Kind kind = KindOf(hra.Field(c));
   if (IsStruckBomb(hra, c)) hra.SetField(c, kSpace);
   for (const Step row : {kUp, Step{}, kDown}) {

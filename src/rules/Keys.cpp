@@ -26,6 +26,7 @@ struct Locks {
 
 void Open(Hra& hra, Cell c, Opened opened) {
   hra.SetObject(c, opened.code, opened.state);
+  ++hra.LocksOpened;
   PREKR(hra, c);
 }
 
@@ -84,6 +85,7 @@ void OpenLocks(Hra& hra, std::uint16_t key) {
 
 void SpapanZamek(Hra& hra, Cell c) {
   const std::uint16_t code = hra.Field(c);
+  if (code == kCatKey || IsKey(code)) ++hra.KeysTaken;
   if (code == kCatKey) KockaEvent(hra, 'I');
   if (IsKey(code)) OpenLocks(hra, code);
 }

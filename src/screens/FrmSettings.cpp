@@ -21,6 +21,7 @@ constexpr int kHeadLetters = 20;
 constexpr int kMargin = 20;
 constexpr int kGap = 12;
 constexpr int kRowGap = 8;
+constexpr int kColumnGap = 24;
 
 constexpr int kSlowest = 10;
 constexpr int kFastest = 1;
@@ -32,11 +33,25 @@ constexpr int Turned(int value) {
 
 constexpr std::array<StartWords, 3> kScaleWords{
     {{"settings.speed.text"}, {"settings.speedreplay.text"}, {"settings.volume.text"}}};
-constexpr std::array<StartWords, 4> kCheckWords{
-    {{"settings.check1.text"}, {"settings.check2.text"}, {"settings.check3.text"}, {"settings.check4.text"}}};
 
-// From the top: what goes on and on stands below all sounds.
-constexpr std::array<std::size_t, 4> kCheckOrder{0, 1, 3, 2};
+// A check by its number, which its skin keys have had from the beginning, and the place where it stands.
+struct CheckRow {
+  StartWords words;
+  bool Settings::*value;
+  int row;
+  int column;
+};
+constexpr std::array<CheckRow, 8> kChecks{{{{"settings.check1.text"}, &Settings::NoSurprise, 0, 0},
+                                           {{"settings.check2.text"}, &Settings::Sound, 1, 0},
+                                           {{"settings.check3.text"}, &Settings::Joystick, 3, 0},
+                                           {{"settings.check4.text"}, &Settings::Loops, 2, 0},
+                                           {{"settings.check5.text"}, &Settings::Ghost, 0, 1},
+                                           {{"settings.check6.text"}, &Settings::SmoothMotion, 1, 1},
+                                           {{"settings.check7.text"}, &Settings::LessFlashing, 2, 1},
+                                           {{"settings.check8.text"}, &Settings::PauseOnFocusLoss, 3, 1}}};
+
+// The order in which the Tab key goes through them: down one column, then the other.
+constexpr std::array<std::size_t, 8> kCheckOrder{0, 1, 3, 2, 4, 5, 6, 7};
 
 }  // namespace
 
@@ -47,7 +62,8 @@ FrmSettings::FrmSettings(Skin& skin, QWidget* parent)
       lblScale_{NewLabel(this), NewLabel(this), NewLabel(this)},
       scales_{new SkinScale(kFastest, kSlowest, this), new SkinScale(kFastest, kSlowest, this),
               new SkinScale(0, kFullVolume, this)},
-      checks_{new SkinCheck(this), new SkinCheck(this), new SkinCheck(this), new SkinCheck(this)},
+      checks_{new SkinCheck(this), new SkinCheck(this), new SkinCheck(this), new SkinCheck(this),
+              new SkinCheck(this), new SkinCheck(this), new SkinCheck(this), new SkinCheck(this)},
       ok_(new SkinButton(this)),
       close_(new SkinButton(this)) {
   NameParts();
@@ -83,7 +99,13 @@ void FrmSettings::LayOut() {
     scales->addWidget(scales_[i], static_cast<int>(i), 1);
   }
   rows->addLayout(scales);
-  for (const std::size_t i : kCheckOrder) rows->addWidget(checks_[i]);
+
+  auto* const checks = new QGridLayout;
+  checks->setHorizontalSpacing(kColumnGap);
+  checks->setVerticalSpacing(kRowGap);
+  for (std::size_t i = 0; i < checks_.size(); ++i)
+    checks->addWidget(checks_[i], kChecks[i].row, kChecks[i].column);
+  rows->addLayout(checks);
   for (std::size_t i = 1; i < kCheckOrder.size(); ++i)
     setTabOrder(checks_[kCheckOrder[i - 1]], checks_[kCheckOrder[i]]);
 
@@ -117,7 +139,7 @@ void FrmSettings::SkinIt() {
     scales_[i]->setAccessibleName(caption);
   }
   for (std::size_t i = 0; i < checks_.size(); ++i) {
-    checks_[i]->setText(InMenu(kCheckWords[i].In(skin_)));
+    checks_[i]->setText(InMenu(kChecks[i].words.In(skin_)));
     checks_[i]->SetPicture(skin_.Picture("settings.checks.image"));
   }
   ok_->SetPicture(skin_.Picture("settings.ok.image"));
@@ -130,10 +152,7 @@ void FrmSettings::SetSett(const Settings& settings) {
   scales_[0]->setValue(Turned(settings.Speed));
   scales_[1]->setValue(Turned(settings.SpeedR));
   scales_[2]->setValue(settings.Volume);
-  checks_[0]->setChecked(settings.NoSurprise);
-  checks_[1]->setChecked(settings.Sound);
-  checks_[2]->setChecked(settings.Joystick);
-  checks_[3]->setChecked(settings.Loops);
+  for (std::size_t i = 0; i < checks_.size(); ++i) checks_[i]->setChecked(settings.*kChecks[i].value);
 }
 
 bool FrmSettings::Edit(Settings& settings) {
@@ -142,13 +161,10 @@ bool FrmSettings::Edit(Settings& settings) {
   scales_[0]->setFocus();
   adjustSize();
   if (exec() != Accepted) return false;
-  settings.NoSurprise = checks_[0]->isChecked();
-  settings.Sound = checks_[1]->isChecked();
-  settings.Joystick = checks_[2]->isChecked();
   settings.Speed = Turned(scales_[0]->value());
   settings.SpeedR = Turned(scales_[1]->value());
   settings.Volume = scales_[2]->value();
-  settings.Loops = checks_[3]->isChecked();
+  for (std::size_t i = 0; i < checks_.size(); ++i) settings.*kChecks[i].value = checks_[i]->isChecked();
   if (!StoreSett(settings))
     Tell(skin_, parentWidget(), skin_.Text(TextId::Program), kNotStoredWords.In(skin_));
   return true;

@@ -16,7 +16,7 @@ class SkinCheck;
 class SkinScale;
 
 // The window of the options: two speeds and the volume, on scales whose right end is the fast or loud one,
-// and four checks. What the player changes is dropped unless he confirms it.
+// and below them eight checks in two columns. What the player changes is dropped unless he confirms it.
 class FrmSettings : public SkinDialog {
   Q_OBJECT
 
@@ -41,7 +41,7 @@ class FrmSettings : public SkinDialog {
   QLabel* lblCaption_;
   std::array<QLabel*, 3> lblScale_;
   std::array<SkinScale*, 3> scales_;  // Speed, SpeedR, Volume
-  std::array<SkinCheck*, 4> checks_;  // NoSurprise, Sound, Joystick, Loops
+  std::array<SkinCheck*, 8> checks_;
   SkinButton* ok_;
   SkinButton* close_;
 };

@@ -4,9 +4,9 @@
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
-#include <sstream>
 
 #include "data/Result.h"
+#include "support/GameState.h"
 #include "support/RandomCave.h"
 #include "support/Scene.h"
 
@@ -26,20 +26,6 @@ Hra BeginReplay(const std::string& record) {
   Hra hra(99);
   EXPECT_TRUE(Replay(hra, record));
   return hra;
-}
-
-// All of the state that later ticks of a run can depend on, in play and in a replay alike. What only one of
-// the two has, or only shows, is left out: held keys, the latch, poses, idle ticks.
-std::string GameState(const Hra& hra) {
-  std::uint64_t moved = 0;
-  ForEachCell(hra, [&](Cell c) { moved = moved * 31 + (hra.FieldMoved(c) ? 1 : 0); });
-  std::ostringstream text;
-  text << TickLine(hra) << ' ' << moved << ' ' << hra.MagicStart << ' ' << hra.AmoebaRoom << ' '
-       << hra.PrevAmoebaRoom << ' ' << hra.KeyDirection << ' ' << hra.KeyAction << ' ' << hra.DogCount << ' '
-       << hra.TeleportField << ' ' << int{hra.TeleportState} << ' ' << int{hra.TeleportMark} << ' '
-       << hra.TeleportDogBusy << hra.CatInTransit << hra.Win.has_value() << ' ' << hra.CatPose << ' '
-       << hra.CatLastDir << ' ' << hra.CatLastAdvanced << ' ' << hra.CatLastX << ' ' << hra.CatLastY;
-  return text.str();
 }
 
 using Trace = std::vector<std::string>;

@@ -43,6 +43,8 @@ TEST_F(SettingsTest, TheFirstRunWritesTheDefaults) {
   EXPECT_EQ(store.value("NoSurprise").toInt(), 0);
   EXPECT_EQ(store.value("Volume").toInt(), 10);
   EXPECT_EQ(store.value("Loops").toInt(), 1);
+  for (const char* name : {"Ghost", "SmoothMotion", "LessFlashing", "PauseOnFocusLoss"})
+    EXPECT_EQ(store.value(name).toString(), "0") << name;
 }
 
 TEST_F(SettingsTest, AFirstStartIsOneOfWhichNothingIsStored) {
@@ -62,6 +64,22 @@ TEST_F(SettingsTest, TheVolumeAndTheLoopsAreKept) {
   EXPECT_EQ(FindSett(), quiet);
 }
 
+TEST_F(SettingsTest, EachOfTheLaterOptionsIsKeptUnderItsOwnName) {
+  const std::pair<const char*, bool Settings::*> kOptions[] = {
+      {"Ghost", &Settings::Ghost},
+      {"SmoothMotion", &Settings::SmoothMotion},
+      {"LessFlashing", &Settings::LessFlashing},
+      {"PauseOnFocusLoss", &Settings::PauseOnFocusLoss}};
+  for (const auto& [name, option] : kOptions) {
+    Settings one;
+    one.*option = true;
+    ASSERT_TRUE(StoreSett(one));
+    EXPECT_EQ(FindSett(), one) << name;
+    IniStore("Zorik2").setValue(name, 0);
+    EXPECT_EQ(FindSett(), Settings()) << name;
+  }
+}
+
 TEST_F(SettingsTest, AVolumeOutOfRangeIsLimited) {
   EXPECT_TRUE(StoreSett(Settings()));
   const std::pair<const char*, int> kValues[] = {{"-3", 0}, {"0", 0}, {"11", 10}, {"loud", 10}, {"", 10}};
@@ -71,9 +89,10 @@ TEST_F(SettingsTest, AVolumeOutOfRangeIsLimited) {
   }
 }
 
-TEST_F(SettingsTest, OfAnOlderGameAreFullyLoud) {
+TEST_F(SettingsTest, OfAnOlderGameAreFullyLoudAndHaveNoneOfTheLaterOptions) {
   EXPECT_TRUE(StoreSett(Settings()));
-  for (const char* name : {"Volume", "Loops"}) IniStore("Zorik2").remove(name);
+  for (const char* name : {"Volume", "Loops", "Ghost", "SmoothMotion", "LessFlashing", "PauseOnFocusLoss"})
+    IniStore("Zorik2").remove(name);
   EXPECT_EQ(FindSett(), Settings());
 }
 

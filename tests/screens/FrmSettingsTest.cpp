@@ -53,7 +53,7 @@ class FrmSettingsTest : public testing::Test {
     Scale(window, 0).setValue(7);
     Scale(window, 1).setValue(2);
     Scale(window, 2).setValue(6);
-    for (int i = 0; i < 4; ++i) Check(window, i).click();
+    for (int i = 0; i < 8; ++i) Check(window, i).click();
   }
 
   test::TestSkin skin_;
@@ -61,7 +61,17 @@ class FrmSettingsTest : public testing::Test {
   bool stayed_ = false;
 };
 
-const Settings kChanged{4, 9, false, true, true, "Default", 6, false};
+const Settings kChanged{.Speed = 4,
+                        .SpeedR = 9,
+                        .Sound = false,
+                        .Joystick = true,
+                        .NoSurprise = true,
+                        .Volume = 6,
+                        .Loops = false,
+                        .Ghost = true,
+                        .SmoothMotion = true,
+                        .LessFlashing = true,
+                        .PauseOnFocusLoss = true};
 
 TEST_F(FrmSettingsTest, ShowsElevenMinusTheSpeed) {
   for (int speed = 1; speed <= 10; ++speed) {
@@ -83,18 +93,27 @@ TEST_F(FrmSettingsTest, ShowsTheDefaults) {
     EXPECT_TRUE(Check(window, 1).isChecked());
     EXPECT_FALSE(Check(window, 2).isChecked());
     EXPECT_TRUE(Check(window, 3).isChecked());
+    for (int i = 4; i < 8; ++i) EXPECT_FALSE(Check(window, i).isChecked()) << i;
   });
 }
 
-TEST_F(FrmSettingsTest, ShowsHiddenThingsSoundsJoystickAndLoopsByTheirNumbers) {
-  for (int on = 0; on < 4; ++on) {
-    settings_.Loops = on == 3;
-    settings_.NoSurprise = on == 0;
-    settings_.Sound = on == 1;
-    settings_.Joystick = on == 2;
-    Edit([on](QWidget& window) {
-      for (int i = 0; i < 4; ++i) EXPECT_EQ(Check(window, i).isChecked(), i == on);
-    });
+TEST_F(FrmSettingsTest, ShowsAndTakesEachOptionByItsOwnCheck) {
+  const std::vector<bool Settings::*> options = {
+      &Settings::NoSurprise, &Settings::Sound,        &Settings::Joystick,     &Settings::Loops,
+      &Settings::Ghost,      &Settings::SmoothMotion, &Settings::LessFlashing, &Settings::PauseOnFocusLoss};
+  for (int on = 0; on < 8; ++on) {
+    for (int i = 0; i < 8; ++i) settings_.*options.at(static_cast<std::size_t>(i)) = i == on;
+    const Settings before = settings_;
+    EXPECT_TRUE(Edit([on](QWidget& window) {
+      for (int i = 0; i < 8; ++i) EXPECT_EQ(Check(window, i).isChecked(), i == on);
+      Check(window, on).click();
+      Check(window, (on + 1) % 8).click();
+      QTest::keyClick(&window, Qt::Key_Return);
+    }));
+    for (int i = 0; i < 8; ++i)
+      EXPECT_EQ(settings_.*options.at(static_cast<std::size_t>(i)), i == (on + 1) % 8) << i;
+    EXPECT_NE(settings_, before);
+    EXPECT_EQ(FindSett(), settings_);
   }
 }
 
@@ -257,6 +276,10 @@ TEST_F(FrmSettingsTest, HasTheWordsOfTheSkin) {
     EXPECT_EQ(Check(window, 1).text(), "Zvuky");
     EXPECT_EQ(Check(window, 2).text(), "Joystick");
     EXPECT_EQ(Check(window, 3).text(), "Trvalé zvuky: améba, kouzelná zeď") << "the skin is older than these";
+    EXPECT_EQ(Check(window, 4).text(), "Duch nejlepšího záznamu");
+    EXPECT_EQ(Check(window, 5).text(), "Plynulý pohyb");
+    EXPECT_EQ(Check(window, 6).text(), "Méně blikání");
+    EXPECT_EQ(Check(window, 7).text(), "Pauza při přepnutí jinam");
   });
 }
 
@@ -301,7 +324,8 @@ TEST_F(FrmSettingsTest, IsWalkedThroughWithTheTabKey) {
   Edit([](QWidget& window) {
     const std::vector<QWidget*> order = {&Scale(window, 0), &Scale(window, 1), &Scale(window, 2),
                                          &Check(window, 0), &Check(window, 1), &Check(window, 3),
-                                         &Check(window, 2), &Scale(window, 0)};
+                                         &Check(window, 2), &Check(window, 4), &Check(window, 5),
+                                         &Check(window, 6), &Check(window, 7), &Scale(window, 0)};
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     for (QWidget* const part : order) {
       EXPECT_EQ(QApplication::focusWidget(), part);

@@ -34,6 +34,7 @@ TEST(DefaultWords, BesidesCaptionsAreInBothSkins) {
     for (const char* key :
          {"settings.text", "settings.speed.text", "settings.speedreplay.text", "settings.volume.text",
           "settings.check1.text", "settings.check2.text", "settings.check3.text", "settings.check4.text",
+          "settings.check5.text", "settings.check6.text", "settings.check7.text", "settings.check8.text",
           "start.fingerPlay.text", "start.fingerReplay.text", "start.fingerEditor.text", "addplayer.text"}) {
       const SkinTable::Entry* const entry = table.Find(key);
       EXPECT_TRUE(entry != nullptr && !entry->Value.empty()) << key << " of " << skin;

@@ -71,8 +71,9 @@ const std::vector<Group> kGroups = {
     {{"version"}, {"textcolor"}},
     {{"settings", "dialog"}, {"color"}},
     {{"start.fingerPlay", "start.fingerReplay", "start.fingerEditor", "version", "settings",
-      "settings.check1", "settings.check2", "settings.check3", "settings.check4", "settings.speed",
-      "settings.speedreplay", "settings.volume", "congratulation", "addplayer", "skin.author"},
+      "settings.check1", "settings.check2", "settings.check3", "settings.check4", "settings.check5",
+      "settings.check6", "settings.check7", "settings.check8", "settings.speed", "settings.speedreplay",
+      "settings.volume", "congratulation", "addplayer", "skin.author"},
      {"text"}},
     {{"language"}, {"code", "text"}},
 };
