@@ -7,14 +7,12 @@
 #include <cstdlib>
 #include <filesystem>
 #include <memory>
-#include <random>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "bench/Copies.h"
-#include "core/Machine.h"
-#include "data/CaveO.h"
+#include "bench/Mixed.h"
 #include "data/Result.h"
 #include "skin/CavePainter.h"
 
@@ -24,29 +22,9 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr QSize kFrame(1920, 1132);  // 19.5 x 11.5 cells on a screen that is 1920 pixels wide
-constexpr int kWidth = 80;
-constexpr int kHeight = 50;
 
 SkinPlaces BuiltSkin() {
   return {ZORIK_SKINS};
-}
-
-// A cave of everything, so that hardly any two neighbours show the same frame.
-std::string MixedCave() {
-  std::mt19937 random(3);
-  const std::string letters = ";;;;....RRRDXXWFUL:SNCKI$!@#%^&GJTEVM";
-  CaveRecord cave;
-  cave.Time = 900;
-  cave.Width = kWidth;
-  cave.Height = kHeight;
-  for (int x = 0; x < kWidth; ++x) {
-    for (int y = 0; y < kHeight; ++y) {
-      cave.Cells[static_cast<std::size_t>(x)][static_cast<std::size_t>(y)] =
-          letters[random() % letters.size()];
-    }
-  }
-  cave.Cells[40][25] = '1';
-  return *BuildCaveText(cave);
 }
 
 // A cave that is pictured but not played.
@@ -112,13 +90,13 @@ void ScrolledView(benchmark::State& state) {
   PicturesInCopies(state, BuiltSkin(), kScrolled);
 }
 void WholeCave(benchmark::State& state) {
-  PicturesInCopies(state, BuiltSkin(), ZornePole::Whole(kWidth, kHeight));
+  PicturesInCopies(state, BuiltSkin(), ZornePole::Whole(kMixedWidth, kMixedHeight));
 }
 void ScrolledViewOfHardEdges(benchmark::State& state) {
   PicturesInCopies(state, HardSkin().Places(), kScrolled);
 }
 void WholeCaveOfHardEdges(benchmark::State& state) {
-  PicturesInCopies(state, HardSkin().Places(), ZornePole::Whole(kWidth, kHeight));
+  PicturesInCopies(state, HardSkin().Places(), ZornePole::Whole(kMixedWidth, kMixedHeight));
 }
 BENCHMARK(ScrolledView);
 BENCHMARK(ScrolledViewOfHardEdges);

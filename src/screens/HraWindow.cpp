@@ -155,8 +155,7 @@ void HraWindow::AfterTick(TickEnd end) {
 
 void HraWindow::PresentView() {
   if (hra_.CaveWidth == 0) return;
-  const QImage& picture = painter_.Compose(hra_, ram_->PixelSize());
-  ram_->ShowChanges(picture, painter_.Changed());
+  ram_->ShowChanges(painter_, painter_.Look(hra_, ram_->PixelSize()));
   if (std::exchange(flash_, false)) ShowFlash();
 }
 

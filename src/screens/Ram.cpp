@@ -4,37 +4,30 @@
 #include <QPaintEvent>
 #include <QPainter>
 #include <cmath>
-#include <cstring>
 
 #include "screens/BarColours.h"
 
 namespace zorik {
 namespace {
 
-// The image that a painter paints on, if it has pixels like those of the picture.
-QImage* PixelsBehind(const QPainter& painter) {
+// The image that a painter of a screen of this ratio paints on, if its pixels can be written as they are.
+QImage* PixelsBehind(const QPainter& painter, int ratio) {
   QPaintDevice* const device = painter.paintEngine()->paintDevice();
   if (device == nullptr || device->devType() != QInternal::Image) return nullptr;
   auto* const image = static_cast<QImage*>(device);
   const bool alike =
       image->format() == QImage::Format_RGB32 || image->format() == QImage::Format_ARGB32_Premultiplied;
-  const bool plain =
-      image->devicePixelRatio() == 1 && painter.deviceTransform().type() <= QTransform::TxTranslate;
+  const QTransform& transform = painter.deviceTransform();
+  const bool plain = transform.type() <= QTransform::TxScale && transform.m11() == ratio &&
+                     transform.m22() == ratio && image->devicePixelRatio() == ratio;
   return alike && plain && image->isDetached() ? image : nullptr;
 }
 
-// Copies parts of a picture into an image in which its upper left corner stands there. Many small parts are
-// what a painter is slow at: it hands out the lines of each to several threads.
-void CopyParts(const QImage& picture, const QRegion& parts, QImage& target, QPoint corner) {
-  for (const QRect& wanted : parts) {
-    const QRect part = wanted & picture.rect() & target.rect().translated(-corner);
-    const auto length = static_cast<std::size_t>(part.width()) * sizeof(QRgb);
-    for (int y = part.top(); y <= part.bottom(); ++y) {
-      const uchar* const from = picture.constScanLine(y) + static_cast<qsizetype>(part.left()) * 4;
-      std::memcpy(target.scanLine(corner.y() + y) + static_cast<qsizetype>(corner.x() + part.left()) * 4,
-                  from, length);
-    }
-  }
+QRegion Scaled(const QRegion& region, int ratio) {
+  if (ratio == 1) return region;
+  QRegion scaled;
+  for (const QRect& part : region) scaled += QRect(part.topLeft() * ratio, part.size() * ratio);
+  return scaled;
 }
 
 }  // namespace
@@ -49,20 +42,39 @@ QSize Ram::PixelSize() const {
   return {static_cast<int>(std::floor(width() * ratio)), static_cast<int>(std::floor(height() * ratio))};
 }
 
-void Ram::Show(const QImage& picture) {
+void Ram::Show(PartPainter& picture) {
   picture_ = &picture;
-  shown_ = picture.size();
+  shown_ = picture.Size();
+  copy_ = {};
   repaint();
 }
 
-void Ram::ShowChanges(const QImage& picture, const QRegion& changed) {
-  if (&picture != picture_ || picture.size() != shown_) return Show(picture);
+void Ram::ShowChanges(PartPainter& picture, const QRegion& changed) {
+  if (&picture != picture_ || picture.Size() != shown_) return Show(picture);
+  if (!copy_.isNull()) due_ += changed;
   repaint(OnWidget(changed.translated(Place().topLeft())));
 }
 
+QImage Ram::Picture() const {
+  if (picture_ == nullptr || picture_->Size().isEmpty()) return {};
+  QImage image(picture_->Size(), QImage::Format_RGB32);
+  picture_->PaintPart(image.rect(), image, {});
+  return image;
+}
+
+const QImage& Ram::Copy() {
+  if (copy_.isNull()) {
+    copy_ = Picture();
+  } else if (!due_.isEmpty()) {
+    picture_->PaintPart(due_, copy_, {});
+  }
+  due_ = {};
+  return copy_;
+}
+
 QRect Ram::Place() const {
-  const QSize rest = PixelSize() - picture_->size();
-  return {QPoint(rest.width() / 2, rest.height() / 2), picture_->size()};
+  const QSize rest = PixelSize() - shown_;
+  return {QPoint(rest.width() / 2, rest.height() / 2), shown_};
 }
 
 // In the units of the desktop, which may be several pixels: whole ones.
@@ -76,21 +88,27 @@ QRegion Ram::OnWidget(const QRegion& pixels) const {
   return region;
 }
 
-// Around the picture are the margins, which it leaves when its cells do not divide the frame.
+// Around the picture are the margins, which it leaves when its cells do not divide the frame. Where a unit of
+// the desktop is a whole number of pixels the picture is painted right where it is seen.
 void Ram::paintEvent(QPaintEvent* event) {
   QPainter painter(this);
   const qreal ratio = devicePixelRatioF();
-  if (QImage* const target = PixelsBehind(painter); target != nullptr && ratio == 1) {
-    for (const QRect& margin : event->region() - Place()) painter.fillRect(margin, kBarColour);
-    const QPoint corner = painter.deviceTransform().map(QPoint());
-    const QRegion seen = event->region() & Place();
-    CopyParts(*picture_, seen.translated(-Place().topLeft()), *target, corner + Place().topLeft());
+  const int whole = static_cast<int>(ratio);
+  if (QImage* const target = PixelsBehind(painter, whole); target != nullptr && ratio == whole) {
+    const QRegion wanted = Scaled(event->region(), whole);
+    painter.save();
+    painter.scale(1 / ratio, 1 / ratio);
+    for (const QRect& margin : wanted - Place()) painter.fillRect(margin, kBarColour);
+    painter.restore();
+    if (picture_ == nullptr) return;
+    const QPoint corner = painter.deviceTransform().map(QPoint()) + Place().topLeft();
+    picture_->PaintPart((wanted & Place()).translated(-Place().topLeft()), *target, corner);
     return;
   }
   painter.fillRect(rect(), kBarColour);
-  if (picture_->isNull()) return;
+  if (shown_.isEmpty()) return;
   painter.scale(1 / ratio, 1 / ratio);
-  painter.drawImage(Place().topLeft(), *picture_);
+  painter.drawImage(Place().topLeft(), Copy());
 }
 
 }  // namespace zorik

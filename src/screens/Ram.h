@@ -1,12 +1,15 @@
 #pragma once
 
 #include <QImage>
+#include <QRegion>
 #include <QSize>
 #include <QWidget>
 
+#include "skin/PartPainter.h"
+
 namespace zorik {
 
-// The frame in which the cave is seen. It shows a finished picture in one piece.
+// The frame in which the cave is seen.
 class Ram : public QWidget {
   Q_OBJECT
 
@@ -16,14 +19,15 @@ class Ram : public QWidget {
   // Its size in pixels of the screen, which on a dense screen are more than the desktop counts.
   QSize PixelSize() const;
 
-  // Puts the picture on the screen at once, a pixel of it on a pixel of the screen. It is not copied: it has
-  // to stay where it is, and is shown again as it is then whenever the desktop asks for it.
-  void Show(const QImage& picture);
+  // Puts the picture on the screen at once, a pixel of it on a pixel of the screen. It has to stay where it
+  // is, and is painted again as it is then whenever the desktop asks for it.
+  void Show(PartPainter& picture);
 
   // The same for a picture that shows already, of which this part, in its pixels, has changed.
-  void ShowChanges(const QImage& picture, const QRegion& changed);
+  void ShowChanges(PartPainter& picture, const QRegion& changed);
 
-  const QImage& Picture() const { return *picture_; }
+  // A copy of the picture that it shows.
+  QImage Picture() const;
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -32,10 +36,12 @@ class Ram : public QWidget {
   // Where the picture stands, in pixels of the screen.
   QRect Place() const;
   QRegion OnWidget(const QRegion& pixels) const;
+  const QImage& Copy();
 
-  const QImage none_;
-  const QImage* picture_ = &none_;
+  PartPainter* picture_ = nullptr;
   QSize shown_;  // of the picture when it was shown last
+  QImage copy_;  // of the picture, for want of the pixels of the screen; empty unless it was wanted
+  QRegion due_;  // what has changed since it was made
 };
 
 }  // namespace zorik

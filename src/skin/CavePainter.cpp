@@ -8,7 +8,6 @@ void CavePainter::CaveOpens(const Hra& hra) {
   tiles_.Load(cache_, places_, hra.Scheme);
   around_ = LoadDecoration(cache_, places_, hra.Scheme);
   drawn_.cells.clear();
-  spare_.cells.clear();
   pictures_.SetFrames(tiles_.Frames());
   pictures_.Open(hra);
 }
@@ -19,13 +18,21 @@ void CavePainter::MoveView(const Hra& hra, bool jump) {
   view_.Follow(unit.x, unit.y, hra.CaveWidth, hra.CaveHeight, jump);
 }
 
-const QImage& CavePainter::Compose(const Hra& hra, QSize frame) {
+const QRegion& CavePainter::Look(const Hra& hra, QSize frame) {
   const ViewArea area = scrollView_ ? view_.Scrolled() : ZornePole::Whole(hra.CaveWidth, hra.CaveHeight);
-  const bool held = !drawn_.image.isDetached();
-  if (held) std::swap(drawn_, spare_);
-  changed_ = DrawChanges(area, DrawnCell(area, frame), pictures_, tiles_, drawn_);
-  if (held) changed_ = drawn_.image.rect();
-  return drawn_.image;
+  changed_ = LookAt(area, DrawnCell(area, frame), pictures_, tiles_, drawn_);
+  return changed_;
+}
+
+void CavePainter::PaintPart(const QRegion& part, QImage& target, QPoint corner) {
+  zorik::PaintPart(drawn_, tiles_, part, target, corner);
+}
+
+QImage CavePainter::Compose(const Hra& hra, QSize frame) {
+  Look(hra, frame);
+  QImage image(drawn_.size, QImage::Format_RGB32);
+  PaintPart(image.rect(), image, {});
+  return image;
 }
 
 }  // namespace zorik

@@ -6,6 +6,7 @@
 #include "skin/CellPictures.h"
 #include "skin/Decoration.h"
 #include "skin/DrawView.h"
+#include "skin/PartPainter.h"
 #include "skin/TileSets.h"
 #include "skin/ZornePole.h"
 
@@ -13,7 +14,7 @@ namespace zorik {
 
 // The picture of a run: what a stage needs to show a cave. It follows the run by the stage's calls of the
 // same meaning and never changes it.
-class CavePainter {
+class CavePainter final : public PartPainter {
  public:
   explicit CavePainter(SkinPlaces places, std::uint64_t seed = 0)
       : places_(std::move(places)), pictures_(seed) {}
@@ -33,12 +34,19 @@ class CavePainter {
   void SetScrollView(bool on) { scrollView_ = on; }
   bool ScrollView() const { return scrollView_; }
 
-  // The cave as it is now, as large as fits into a frame of this size in pixels. The image is drawn over by a
-  // later call; a copy that is still held then stays as it is.
-  const QImage& Compose(const Hra& hra, QSize frame);
+  // Looks at the cave as it is now, for a picture as large as fits into a frame of this size in pixels, and
+  // answers what has changed in it since the last look.
+  const QRegion& Look(const Hra& hra, QSize frame);
 
-  // What the last call has changed in the image that the one before it has answered.
+  // What the last look has found changed.
   const QRegion& Changed() const { return changed_; }
+
+  // The picture of the last look.
+  QSize Size() const override { return drawn_.size; }
+  void PaintPart(const QRegion& part, QImage& target, QPoint corner) override;
+
+  // Looks, and answers the whole picture.
+  QImage Compose(const Hra& hra, QSize frame);
 
   // The picture of a cell as it is drawn next.
   CellPicture PictureAt(int x, int y) const { return pictures_.At(x, y); }
@@ -55,7 +63,6 @@ class CavePainter {
   Decoration around_;
   bool scrollView_ = true;
   DrawnView drawn_;
-  DrawnView spare_;  // drawn in turn with the other as long as somebody holds that
   QRegion changed_;
 };
 

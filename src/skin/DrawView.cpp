@@ -11,49 +11,98 @@ namespace {
 
 constexpr std::size_t kPixel = sizeof(QRgb);
 
-// What a row of cells takes from a frame, scanline by scanline.
-struct Source {
-  const uchar* pixels = nullptr;  // the first one to copy
+// The lines of a target that is painted.
+struct Target {
+  uchar* pixels = nullptr;  // where the view's upper left corner stands
   qsizetype stride = 0;
-  std::size_t start = 0;  // byte in the target's line
+
+  uchar* At(int x, int y) const { return pixels + y * stride + static_cast<qsizetype>(x) * 4; }
+};
+
+// What a row of cells takes from a frame, line by line.
+struct Source {
+  const uchar* pixels = nullptr;  // of the frame's first line, the first one to copy
+  qsizetype stride = 0;
+  int start = 0;  // in the view
   std::size_t length = 0;
 };
 
-using Sources = std::vector<Source>;
+// Where a span ends: at the next one or, since lengths are rounded down, a little later at the view's end.
+int EndOf(const std::vector<DrawnSpan>& spans, std::size_t i, int viewEnd) {
+  return i + 1 < spans.size() ? spans[i + 1].start : viewEnd;
+}
 
-// Line by line through the whole row, so that the target is written from its start to its end.
-void CopyRow(const Sources& sources, const DrawnSpan& down, uchar* target, qsizetype stride) {
-  for (int y = 0; y < down.length; ++y) {
-    uchar* const line = target + (down.start + y) * stride;
-    for (const Source& source : sources) {
-      std::memcpy(line + source.start, source.pixels + (down.cut + y) * source.stride, source.length);
+// The span in which a pixel lies.
+std::size_t SpanAt(const std::vector<DrawnSpan>& spans, int pixel) {
+  const auto after = std::upper_bound(spans.begin(), spans.end(), pixel,
+                                      [](int place, const DrawnSpan& span) { return place < span.start; });
+  return after == spans.begin() ? 0 : static_cast<std::size_t>(after - spans.begin()) - 1;
+}
+
+// Paints rectangles of a view row by row of its cells.
+class RectPainter {
+ public:
+  RectPainter(const DrawnView& drawn, TileSets& tiles, Target target)
+      : drawn_(drawn), tiles_(tiles), target_(target) {}
+
+  void Paint(const QRect& rect) {
+    const std::vector<DrawnSpan>& rows = drawn_.rows;
+    for (std::size_t row = SpanAt(rows, rect.top()); row < rows.size() && rows[row].start <= rect.bottom();
+         ++row) {
+      Gather(row, rect);
+      const int top = std::max(rect.top(), rows[row].start);
+      CopyLines(rows[row], top, std::min(rect.bottom() + 1, EndOf(rows, row, drawn_.size.height())));
     }
   }
-}
 
-Source SourceOf(const QImage& frame, const DrawnSpan& across) {
-  return {frame.constBits() + static_cast<std::size_t>(across.cut) * kPixel, frame.bytesPerLine(),
-          static_cast<std::size_t>(across.start) * kPixel, static_cast<std::size_t>(across.length) * kPixel};
-}
+ private:
+  // What the cells of a row give to the rectangle.
+  void Gather(std::size_t row, const QRect& rect) {
+    const std::vector<DrawnSpan>& columns = drawn_.columns;
+    sources_.clear();
+    for (std::size_t i = SpanAt(columns, rect.left()); i < columns.size() && columns[i].start <= rect.right();
+         ++i) {
+      const DrawnSpan& across = columns[i];
+      const DrawnView::Shown& shown = drawn_.At(i, row);
+      const QImage& frame = tiles_.Frame(shown.picture, drawn_.cell, shown.edges);
+      const int left = std::max(rect.left(), across.start);
+      const int right = std::min(rect.right() + 1, across.start + across.length);
+      Source source{frame.constBits(), frame.bytesPerLine(), left};
+      source.pixels += static_cast<std::size_t>(across.cut) * kPixel;
+      lastPixel_ = source.pixels + static_cast<std::size_t>(across.length - 1) * kPixel;
+      lastStride_ = source.stride;
+      source.pixels += static_cast<std::size_t>(left - across.start) * kPixel;
+      source.length = static_cast<std::size_t>(std::max(0, right - left)) * kPixel;
+      sources_.push_back(source);
+    }
+    const int end = columns.back().start + columns.back().length;
+    fillStart_ = std::max(end, rect.left());
+    fill_ = std::max(0, rect.right() + 1 - fillStart_);
+  }
 
-// Lengths are rounded down, so a pixel may be left at the far edges: it looks like the one beside it.
-void FillEdges(QImage& drawn, int width, int height) {
-  const QSize size = drawn.size();
-  if (width < size.width()) {
-    for (int y = 0; y < height; ++y) {
-      auto* const line = reinterpret_cast<QRgb*>(drawn.scanLine(y));
-      std::fill(line + width, line + size.width(), line[width - 1]);
+  // Line by line through the whole row, so that the target is written from its start to its end. A pixel that
+  // is left at the far edges looks like the one beside it.
+  void CopyLines(const DrawnSpan& down, int top, int bottom) const {
+    for (int y = top; y < bottom; ++y) {
+      const int line = down.cut + std::min(y - down.start, down.length - 1);
+      for (const Source& source : sources_)
+        std::memcpy(target_.At(source.start, y), source.pixels + line * source.stride, source.length);
+      if (fill_ == 0) continue;
+      QRgb last{};
+      std::memcpy(&last, lastPixel_ + line * lastStride_, kPixel);
+      std::fill_n(reinterpret_cast<QRgb*>(target_.At(fillStart_, y)), fill_, last);
     }
   }
-  for (int y = height; y < size.height(); ++y) {
-    std::memcpy(drawn.scanLine(y), drawn.constScanLine(height - 1),
-                static_cast<std::size_t>(drawn.bytesPerLine()));
-  }
-}
 
-int EndOf(const std::vector<DrawnSpan>& spans) {
-  return spans.back().start + spans.back().length;
-}
+  const DrawnView& drawn_;
+  TileSets& tiles_;
+  Target target_;
+  std::vector<Source> sources_;
+  const uchar* lastPixel_ = nullptr;  // of the rightmost cell, in its frame's first line
+  qsizetype lastStride_ = 0;
+  int fillStart_ = 0;
+  int fill_ = 0;  // pixels right of all cells
+};
 
 // Where cells overlap by a pixel the later one is seen, so that the earlier one is drawn without it.
 std::vector<DrawnSpan> WithoutOverlaps(std::vector<DrawnSpan> spans) {
@@ -65,17 +114,16 @@ std::vector<DrawnSpan> WithoutOverlaps(std::vector<DrawnSpan> spans) {
 // The cells of a row that look different, as runs without gaps.
 class ChangedRuns {
  public:
-  // What is left at the far edges looks like the last cell, and changes with it.
-  ChangedRuns(const std::vector<DrawnSpan>& columns, QSize size) : columns_(columns), size_(size) {}
+  explicit ChangedRuns(const DrawnView& drawn) : drawn_(drawn) {}
 
-  void Add(std::size_t column, const DrawnSpan& row, bool lastRow) {
-    const int left = columns_[column].start;
-    const int right = column + 1 < columns_.size() ? columns_[column + 1].start : size_.width();
-    const int bottom = lastRow ? size_.height() : row.start + row.length;
-    if (!runs_.empty() && runs_.back().top() == row.start && runs_.back().right() + 1 == left) {
-      runs_.back().setRight(right - 1);
+  void Add(std::size_t column, std::size_t row) {
+    const QPoint from(drawn_.columns[column].start, drawn_.rows[row].start);
+    const QPoint to(EndOf(drawn_.columns, column, drawn_.size.width()) - 1,
+                    EndOf(drawn_.rows, row, drawn_.size.height()) - 1);
+    if (!runs_.empty() && runs_.back().top() == from.y() && runs_.back().right() + 1 == from.x()) {
+      runs_.back().setRight(to.x());
     } else {
-      runs_.emplace_back(QPoint(left, row.start), QPoint(right - 1, bottom - 1));
+      runs_.emplace_back(from, to);
     }
   }
 
@@ -86,15 +134,9 @@ class ChangedRuns {
   }
 
  private:
-  const std::vector<DrawnSpan>& columns_;
-  QSize size_;
+  const DrawnView& drawn_;
   std::vector<QRect> runs_;
 };
-
-// Whether the image has the size for the view, and shows it as it was a while ago.
-bool ShowsView(const DrawnView& drawn, const ViewArea& view, QSize size, std::size_t cells) {
-  return drawn.view == view && drawn.image.size() == size && drawn.cells.size() == cells;
-}
 
 bool Fit(QImage& image, QSize size) {
   if (image.size() != size || image.format() != QImage::Format_RGB32)
@@ -132,45 +174,54 @@ QSize DrawnSize(const ViewArea& view, QSize cell) {
   return {view.width * cell.width() / kTileSize, view.height * cell.height() / kTileSize};
 }
 
-QRegion DrawChanges(const ViewArea& view, QSize cell, const CellPictures& pictures, TileSets& tiles,
-                    DrawnView& drawn) {
+QRegion LookAt(const ViewArea& view, QSize cell, const CellPictures& pictures, TileSets& tiles,
+               DrawnView& drawn) {
   const QSize size = DrawnSize(view, cell);
-  const std::vector<DrawnSpan> columns = WithoutOverlaps(SpansOf(view.left, view.width, cell.width()));
-  const std::vector<DrawnSpan> rows = WithoutOverlaps(SpansOf(view.top, view.height, cell.height()));
-  const bool known = ShowsView(drawn, view, size, columns.size() * rows.size());
-  if (columns.empty() || rows.empty() || !Fit(drawn.image, size)) {
+  const bool same = drawn.view == view && drawn.size == size && drawn.cell == cell && !drawn.cells.empty();
+  if (!same) {
+    drawn.columns = WithoutOverlaps(SpansOf(view.left, view.width, cell.width()));
+    drawn.rows = WithoutOverlaps(SpansOf(view.top, view.height, cell.height()));
+  }
+  if (drawn.columns.empty() || drawn.rows.empty()) {
     drawn = {};
     return {};
   }
   drawn.view = view;
-  drawn.cells.resize(columns.size() * rows.size());
+  drawn.cell = cell;
+  drawn.size = size;
+  drawn.cells.resize(drawn.columns.size() * drawn.rows.size());
   tiles.Prepare(cell);
-  const EdgeMap edges(columns, rows, pictures, tiles);
-  uchar* const target = drawn.image.bits();
-  ChangedRuns changed(columns, size);
-  Sources sources;
-  for (std::size_t row = 0; row < rows.size(); ++row) {
-    sources.clear();
-    for (std::size_t i = 0; i < columns.size(); ++i) {
-      const DrawnView::Shown now{pictures.At(columns[i].cell, rows[row].cell), edges.At(i, row)};
-      DrawnView::Shown& shown = drawn.cells[row * columns.size() + i];
-      if (known && shown == now) continue;
-      shown = now;
-      sources.push_back(SourceOf(tiles.Frame(now.picture, cell, now.edges), columns[i]));
-      changed.Add(i, rows[row], row + 1 == rows.size());
+  const EdgeMap edges(drawn.columns, drawn.rows, pictures, tiles);
+  ChangedRuns changed(drawn);
+  auto shown = drawn.cells.begin();
+  for (std::size_t row = 0; row < drawn.rows.size(); ++row) {
+    for (std::size_t i = 0; i < drawn.columns.size(); ++i, ++shown) {
+      const DrawnView::Shown now{pictures.At(drawn.columns[i].cell, drawn.rows[row].cell), edges.At(i, row)};
+      if (*shown == now) continue;
+      *shown = now;
+      changed.Add(i, row);
     }
-    CopyRow(sources, rows[row], target, drawn.image.bytesPerLine());
   }
-  FillEdges(drawn.image, EndOf(columns), EndOf(rows));
-  return known ? changed.Region() : QRegion(QRect(QPoint(), size));
+  return same ? changed.Region() : QRegion(QRect(QPoint(), size));
+}
+
+void PaintPart(const DrawnView& drawn, TileSets& tiles, const QRegion& part, QImage& target, QPoint corner) {
+  if (drawn.cells.empty()) return;
+  const QRect room = QRect(QPoint(), drawn.size) & target.rect().translated(-corner);
+  const qsizetype stride = target.bytesPerLine();
+  uchar* const pixels = target.bits() + corner.y() * stride + static_cast<qsizetype>(corner.x()) * 4;
+  RectPainter painter(drawn, tiles, {pixels, stride});
+  for (const QRect& wanted : part) {
+    const QRect rect = wanted & room;
+    if (!rect.isEmpty()) painter.Paint(rect);
+  }
 }
 
 void DrawView(const ViewArea& view, QSize cell, const CellPictures& pictures, TileSets& tiles,
               QImage& drawn) {
   DrawnView fresh;
-  fresh.image = std::move(drawn);
-  DrawChanges(view, cell, pictures, tiles, fresh);
-  drawn = std::move(fresh.image);
+  LookAt(view, cell, pictures, tiles, fresh);
+  if (Fit(drawn, fresh.size)) PaintPart(fresh, tiles, drawn.rect(), drawn, {});
 }
 
 }  // namespace zorik

@@ -22,7 +22,8 @@ QSize DrawnCell(const ViewArea& view, QSize frame);
 // The size of the drawn view: not more than the frame's.
 QSize DrawnSize(const ViewArea& view, QSize cell);
 
-// A drawn view, and what it shows, by which the next picture knows what has changed since.
+// A view as it is drawn: the cells that it shows and where. The next look at it tells by them what has
+// changed.
 struct DrawnView {
   struct Shown {
     CellPicture picture;
@@ -31,14 +32,22 @@ struct DrawnView {
     bool operator==(const Shown&) const = default;
   };
 
-  QImage image;
   ViewArea view;
-  std::vector<Shown> cells;  // row by row; empty: nothing that can be relied upon
+  QSize cell;                            // in pixels
+  QSize size;                            // of the whole view, in pixels
+  std::vector<DrawnSpan> columns, rows;  // none covers a part of the next
+  std::vector<Shown> cells;              // row by row; empty: nothing that can be relied upon
+
+  const Shown& At(std::size_t column, std::size_t row) const { return cells[row * columns.size() + column]; }
 };
 
-// Composes the view over the one that was drawn last, from the same tile sets, and answers what has changed.
-QRegion DrawChanges(const ViewArea& view, QSize cell, const CellPictures& pictures, TileSets& tiles,
-                    DrawnView& drawn);
+// Looks at the view anew and answers where it looks different from the last time. A view of no size has no
+// cells.
+QRegion LookAt(const ViewArea& view, QSize cell, const CellPictures& pictures, TileSets& tiles,
+               DrawnView& drawn);
+
+// Paints a part of the view: what a PartPainter does.
+void PaintPart(const DrawnView& drawn, TileSets& tiles, const QRegion& part, QImage& target, QPoint corner);
 
 // Composes the view. The image gets the size that DrawnSize tells; one that has it is drawn over, and costs
 // no memory anew. A view of no size gives an empty image.

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <QPaintEvent>
+#include <QPainter>
 #include <QTest>
 
 #include "screens/BarColours.h"
@@ -10,12 +11,26 @@
 namespace zorik {
 namespace {
 
+// An image, as a picture that is painted in parts.
+class Painted : public PartPainter {
+ public:
+  Painted() { image.fill(Qt::green); }
+
+  QSize Size() const override { return image.size(); }
+  void PaintPart(const QRegion& part, QImage& target, QPoint corner) override {
+    QPainter painter(&target);
+    painter.setClipRegion(part.translated(corner));
+    painter.drawImage(corner, image);
+  }
+
+  QImage image{90, 70, QImage::Format_RGB32};
+};
+
 // A frame of 100 x 80 units with a picture of 90 x 70 in its middle.
 class ShownPicture : public testing::Test {
  protected:
   ShownPicture() {
     ram_.resize(100, 80);
-    picture_.fill(Qt::green);
     painted_.Watch(ram_);
     ram_.show();
     EXPECT_TRUE(QTest::qWaitForWindowExposed(&ram_));
@@ -26,7 +41,7 @@ class ShownPicture : public testing::Test {
   QRgb Pixel(int x, int y) { return ram_.grab().toImage().pixel(x, y); }
 
   Ram ram_{nullptr};
-  QImage picture_{90, 70, QImage::Format_RGB32};
+  Painted picture_;
   test::PaintedParts painted_;
 };
 
@@ -57,23 +72,45 @@ TEST_F(ShownPicture, IsNotPaintedWhenNothingHasChanged) {
 }
 
 TEST_F(ShownPicture, ShowsItsChanges) {
-  picture_.setPixelColor(10, 10, Qt::red);
+  picture_.image.setPixelColor(10, 10, Qt::red);
   ram_.ShowChanges(picture_, QRect(10, 10, 1, 1));
   EXPECT_EQ(Pixel(15, 15), QColor(Qt::red).rgb());
   EXPECT_EQ(Pixel(16, 15), QColor(Qt::green).rgb());
 }
 
 TEST_F(ShownPicture, IsPaintedAsAWholeWhenItIsAnotherOne) {
-  const QImage other = picture_.copy();
+  Painted other;
   ram_.ShowChanges(other, QRect(0, 0, 1, 1));
   EXPECT_EQ(painted_.Take(), QRegion(0, 0, 100, 80));
-  picture_ = QImage(80, 70, QImage::Format_RGB32);
+  picture_.image = QImage(80, 70, QImage::Format_RGB32);
   ram_.Show(other);
   ram_.Show(picture_);
   painted_.Take();
-  picture_ = QImage(60, 60, QImage::Format_RGB32);
+  picture_.image = QImage(60, 60, QImage::Format_RGB32);
   ram_.ShowChanges(picture_, QRect(0, 0, 1, 1));
   EXPECT_EQ(painted_.Take(), QRegion(0, 0, 100, 80)) << "it has another size";
+}
+
+TEST_F(ShownPicture, CanBeCopied) {
+  picture_.image.setPixelColor(10, 10, Qt::red);
+  EXPECT_EQ(ram_.Picture(), picture_.image);
+  EXPECT_TRUE(Ram(nullptr).Picture().isNull()) << "there is none";
+}
+
+TEST_F(ShownPicture, ShowsItsChangesWhereItCannotBePaintedInPlace) {
+  const auto onAnother = [this] {
+    QImage drawn(100, 80, QImage::Format_RGB888);  // pixels of another kind
+    ram_.render(&drawn);
+    return drawn;
+  };
+  EXPECT_EQ(onAnother().pixel(15, 15), QColor(Qt::green).rgb());
+  picture_.image.setPixelColor(10, 10, Qt::red);
+  picture_.image.setPixelColor(50, 10, Qt::red);
+  ram_.ShowChanges(picture_, QRect(10, 10, 1, 1));
+  EXPECT_EQ(onAnother().pixel(15, 15), QColor(Qt::red).rgb());
+  EXPECT_EQ(onAnother().pixel(55, 15), QColor(Qt::green).rgb()) << "nobody said that this has changed";
+  ram_.Show(picture_);
+  EXPECT_EQ(onAnother().pixel(55, 15), QColor(Qt::red).rgb());
 }
 
 }  // namespace
