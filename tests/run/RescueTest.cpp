@@ -97,7 +97,7 @@ TEST(Rescue, ComesToTheSameInSlices) {
 // Of a record, too: what is found holds for the run that takes it over there.
 TEST(Rescue, KeepsAliveInEveryCaveWhomItSaysItWouldHaveKept) {
   int deaths = 0, saved = 0;
-  const int many = HowMany(120);
+  const int many = HowMany(30);
   for (int i = 0; i < many; ++i) {
     SCOPED_TRACE("random run " + std::to_string(i));
     const RandomRun random = MakeRun(static_cast<std::uint64_t>(i));
@@ -108,7 +108,7 @@ TEST(Rescue, KeepsAliveInEveryCaveWhomItSaysItWouldHaveKept) {
     ASSERT_TRUE(Replay(*replay, SaveRecord(*played, 0)));
     const Timeline timeline = WholeReplay(*replay);
     Rescue rescue(timeline);
-    rescue.Go(20'000);
+    rescue.Go(10'000);
     const auto last = timeline.At(timeline.Length());
     if (timeline.Events().empty() || LiveDogs(*last) > 0 || last->Win) {
       EXPECT_FALSE(rescue.Found());
