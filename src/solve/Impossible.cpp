@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/Machine.h"
+#include "core/Patterns.h"
 #include "solve/Reach.h"
 
 namespace zorik {
@@ -19,6 +20,26 @@ std::optional<std::string> TooFewGems(const Hra& run, const Reach& reach) {
   return needed + ", and no more than " + std::to_string(*most) + " can come to be";
 }
 
+// What stays where it is. A cell over a magic wall keeps its state when it is emptied, and one of these that
+// has grown into it can fall.
+bool Stands(std::uint16_t code) {
+  return code == kSteel || code == kBrick || code == kBiomass || code == kWallH || code == kWallV ||
+         code == kSlime || code == kFinish || (code >= kLockRed && code <= kLockBlue);
+}
+
+// Whether the cave is as one at its start may be: nothing falls, burns, rides, or is about to go off. Only
+// then a look at its cells tells what can come of it.
+bool IsAtRest(const Hra& run) {
+  if (run.TeleportStage != 0 || run.Count(kExplosion) > 0) return false;
+  bool rests = true;
+  ForEachCell(run, [&](Cell c) {
+    const std::uint8_t state = run.FieldState(c);
+    const bool loose = state == kResting && Stands(run.Field(c));
+    rests = rests && state != kFalling && !loose && !IsStruckBomb(run, c);
+  });
+  return rests;
+}
+
 }  // namespace
 
 std::optional<int> FewestTicks(const Hra& run, const Reach& reach) {
@@ -28,8 +49,21 @@ std::optional<int> FewestTicks(const Hra& run, const Reach& reach) {
     fewest = std::min(fewest.value_or(reach.Ticks(c)), reach.Ticks(c));
   });
   // A tick takes one gem, and the finish is a tick of its own.
-  if (fewest) fewest = std::max(*fewest, run.GemsNeeded + 1);
+  if (fewest) fewest = std::max(*fewest, std::max(0, run.GemsNeeded - run.GemsCollected) + 1);
   return fewest;
+}
+
+bool IsLost(const Hra& run) {
+  if (run.Win) return false;
+  const int time = run.TimeLimit * kTicksPerSecond - run.Elapsed;
+  if (time <= 0) return true;
+  if (LiveDogs(run) == 0) return !run.TeleportDogBusy;
+  if (!IsAtRest(run)) return false;
+  const Reach reach(run);
+  const std::optional<int> fewest = FewestTicks(run, reach);
+  if (!fewest || *fewest > time) return true;
+  const std::optional<int> most = MostGems(run, reach);
+  return most && *most < run.GemsNeeded - run.GemsCollected;
 }
 
 std::optional<std::string> WhyImpossible(const Hra& run) {

@@ -12,7 +12,10 @@ class Reach;
 // Why a cave can certainly not be won, in a sentence; nothing where that is not sure. run: at its start.
 std::optional<std::string> WhyImpossible(const Hra& run);
 
-// So many ticks every win takes; most take far more. Nothing where no dog can come to the finish.
+// Whether a run can certainly not be won any more, at any of its moments.
+bool IsLost(const Hra& run);
+
+// So many ticks every win takes from here; most take far more. Nothing where no dog can come to the finish.
 std::optional<int> FewestTicks(const Hra& run, const Reach& reach);
 
 }  // namespace zorik

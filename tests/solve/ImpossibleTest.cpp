@@ -114,5 +114,38 @@ TEST(Impossible, AMakerBehindSteelBringsNothing) {
   EXPECT_NE(Why({"WWWWWWWW", "W1D;TWUW", "WWWWWWWW"}, 9), "");
 }
 
+TEST(ARun, IsNotLostByTheGemsThatItHasTaken) {
+  Hra run = Play({"WWWWWW", "W1DD;T", "WWWWWW"}, {.needed = 2});
+  Pass(run, 1, "R");
+  ASSERT_EQ(run.GemsCollected, 1);
+  EXPECT_FALSE(IsLost(run));
+  EXPECT_TRUE(IsLost(Play({"WWWWWW", "W1DD;T", "WWWWWW"}, {.needed = 3})));
+}
+
+// Three steps are left and three ticks, then two.
+TEST(ARun, IsLostWhenTheTimeIsShorterThanTheWay) {
+  Hra run = Play({"WWWWWW", "W1D;T;", "WWWWWW"}, {.time = 1, .needed = 1});
+  Pass(run, 7);
+  EXPECT_FALSE(IsLost(run));
+  Pass(run, 1);
+  EXPECT_TRUE(IsLost(run));
+}
+
+// Nothing is said of a cave in which something falls, since what it may strike is not foreseen.
+TEST(ARun, IsNotCalledLostWhileAnythingFalls) {
+  const Picture picture{"WWWWWWW", "W1X;TrW", "WWWWW.W", "WWWWW.W", "WWWWWWW"};
+  Hra run = Live(picture, {.needed = 0});
+  EXPECT_FALSE(IsLost(run));
+  Pass(run, 4);
+  EXPECT_TRUE(IsLost(run));
+}
+
+TEST(ARun, ThatIsWonIsNotLost) {
+  Hra run = Play({"WWWWW", "W1DTW", "WWWWW"}, {.needed = 1});
+  Pass(run, 2, "R");
+  ASSERT_TRUE(run.Win);
+  EXPECT_FALSE(IsLost(run));
+}
+
 }  // namespace
 }  // namespace zorik::test
