@@ -63,6 +63,20 @@ void Snapshots::Restore(Hra& run, const Snapshot& snapshot) const {
   }
 }
 
+std::uint64_t Snapshots::HashOfCells(const Snapshot& snapshot) {
+  std::uint64_t hash = 0;
+  const std::uint64_t* words = snapshot.words.data();
+  for (const std::uint16_t line : snapshot.lines) {
+    if ((line & kOfLuck) != 0) break;  // they come last
+    for (const std::uint64_t value : {std::uint64_t{line}, words[0], words[1]}) {
+      hash = (hash ^ value) * 0x9E3779B97F4A7C15U;
+      hash ^= hash >> 29U;
+    }
+    words += kWords;
+  }
+  return hash;
+}
+
 std::size_t Snapshots::SizeOf(const Snapshot& snapshot) {
   return sizeof(Snapshot) + snapshot.lines.capacity() * sizeof(std::uint16_t) +
          snapshot.words.capacity() * sizeof(std::uint64_t) + snapshot.facts.CatProgram.capacity();

@@ -26,6 +26,9 @@ class Snapshots {
   // Brings a run of the same cave back to that moment.
   void Restore(Hra& run, const Snapshot& snapshot) const;
 
+  // Alike where all cells are, whatever the chance and the counters.
+  static std::uint64_t HashOfCells(const Snapshot& snapshot);
+
   // Bytes that a snapshot takes.
   static std::size_t SizeOf(const Snapshot& snapshot);
 

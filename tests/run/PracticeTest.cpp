@@ -56,8 +56,8 @@ TEST(Practice, StaysPracticeWhenItIsBegunAgain) {
 }
 
 TEST(Practice, ThatWasTakenOverBeginsAgainWithItsCave) {
-  auto run = std::make_unique<Hra>(
-      PlayBack({"1;;;;"}, {{.direction = 39, .after = {2}}, {.direction = 39, .after = {2}}}));
+  auto run = std::make_unique<Hra>(PlayBack({"1;;;;"}, {{.before = {9}, .direction = 39, .after = {2}},
+                                                        {.before = {9}, .direction = 39, .after = {2}}}));
   Pass(*run, 1);
   TakeOver(*run);
   EXPECT_EQ(Pass(*run, 1, "R"), TickEnd::Running);
@@ -75,7 +75,8 @@ TEST(TakingOver, LeavesWhatIsNoReplayAsItIs) {
 
 TEST(AReplay, AsksForNoSeeds) {
   Seeds seeds;
-  auto run = std::make_unique<Hra>(PlayBack({"1;;;;"}, {{.direction = 39, .after = {2}}}, {}, &seeds));
+  auto run = std::make_unique<Hra>(
+      PlayBack({"1;;;;"}, {{.before = {9}, .direction = 39, .after = {2}}}, {}, &seeds));
   Pass(*run, 1);
   EXPECT_EQ(run->Dog[1].x, 1);
   EXPECT_EQ(seeds.given, 0U);

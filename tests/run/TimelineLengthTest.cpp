@@ -45,7 +45,7 @@ TEST(ATimeline, TakesNoMoreThan64MegabytesForTenThousandTicksOfALargeCave) {
 
 TEST(ATimeline, DoesNotGrowWithTheRunButForItsKeys) {
   const auto bytesAfter = [](int ticks) {
-    auto run = std::make_unique<Hra>(Play({"W1;;;;;;;;;W", "W;;;;FF;;;;W"}, {.time = 30'000}));
+    auto run = std::make_unique<Hra>(Play({"W1;;;;;;;;;W", "W;;;;FF;;;;W"}, {.time = 1900}));
     run->Kind = RunKind::Practice;
     Timeline timeline(*run);
     for (int tick = 0; tick < ticks; ++tick) {
@@ -96,7 +96,7 @@ TEST(ATimeline, TellsTheStageNothing) {
 // A line without anything begins a record again.
 TEST(AWholeReplay, EndsWhereTheRecordBeginsAnewOrWhereItIsLongEnough) {
   const Picture picture{"1;;;;"};
-  const std::string step = LineOf({.direction = 39, .after = {2}});
+  const std::string step = LineOf({.before = {9}, .direction = 39, .after = {2}});
   const auto length = [&](const std::vector<std::string>& lines, int most) {
     const auto run = std::make_unique<Hra>(1);
     EXPECT_TRUE(Replay(*run, RecordOfLines(picture, lines)));
