@@ -52,6 +52,14 @@ inline constexpr StartWords kLeaveWords{"caption.game.leave"};
 inline constexpr StartWords kRecordEndWords{"caption.game.recordend"};
 inline constexpr StartWords kTableWords{"caption.game.table"};
 
+// Of two records side by side.
+inline constexpr StartWords kPairWords{"caption.pair.title"};
+inline constexpr StartWords kDifferenceWords{"caption.pair.difference"};
+inline constexpr StartWords kSameWords{"caption.pair.same"};
+inline constexpr StartWords kPairTimeWords{"caption.pair.time"};
+inline constexpr StartWords kPairGemsWords{"caption.pair.gems"};
+inline constexpr StartWords kPairScoreWords{"caption.pair.score"};
+
 // Messages; what is meant stands behind those that end in a colon.
 inline constexpr StartWords kNoCollectionWords{"caption.error.nocollection"};
 inline constexpr StartWords kNoCaveWords{"caption.error.cave"};

@@ -7,24 +7,12 @@
 #include <vector>
 
 #include "core/Hra.h"
+#include "run/TickText.h"
 
 namespace zorik {
 
 // A run as text, so that two machines can be compared tick by tick. A line for the cave, one for each
 // finished tick (with a grid also one for each row of the cave), one for the end.
-
-// The first line, without line end; so are the others.
-std::string CaveLine(const RunState& run);
-
-// The state at this moment.
-std::string TickLine(const Hra& hra);
-
-// The cells of all rows, a line each, each with a line end.
-std::string GridLines(const RunState& run);
-
-// FNV-1a over the cave's cells, row by row from the top left, four bytes a cell: the object's low and high
-// byte, its state, its mark.
-std::uint64_t CellHash(const RunState& run);
 
 struct TraceOptions {
   bool grid = false;
