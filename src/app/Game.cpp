@@ -16,6 +16,7 @@
 #include "screens/CavesOffer.h"
 #include "screens/DesktopServices.h"
 #include "screens/FrmLanguage.h"
+#include "screens/GhostMenu.h"
 #include "screens/MsgBox.h"
 #include "screens/SkinFlaws.h"
 #include "screens/StartWords.h"
@@ -114,6 +115,8 @@ void Game::ConnectScreens() {
   connect(&frmPoSt_, &FrmPoSt::Back, this, &Game::ShowStart);
   connect(&frmPoSt_, &FrmPoSt::HelpWanted, this,
           [this] { OpenFileOrTell(skin_, &frmPoSt_, HelpPage(paths_, skin_, "help.html")); });
+  connect(&frmPoSt_, &FrmPoSt::GhostWanted, this,
+          [this](const QPoint& at) { AskForGhost(skin_, flow_, settings_, frmPoSt_, at); });
   connect(&hra_, &HraWindow::NoSound, this, &Game::EndWithoutSound, Qt::QueuedConnection);
   connect(&hra_, &HraWindow::RunWon, &winFlow_, &WinFlow::RunWon);
   connect(&hra_, &HraWindow::EndRequested, this, &Game::EndGame);
@@ -196,7 +199,11 @@ void Game::PlayCave() {
   bool begun = false;
   {
     const BusyNotice notice(frmLoading_);
-    begun = Begun([this] { return flow_.Start(); });
+    begun = Begun([this] {
+      Result<Done> started = flow_.Start();
+      if (started) hra_.SetGhost(flow_.GhostRecord());
+      return started;
+    });
     if (begun) frmPoSt_.hide();
   }
   if (begun) return;

@@ -146,6 +146,18 @@ Result<Done> Flow::StoreElsewhere(const WonRun& run, const std::string& path) {
   return written;
 }
 
+// The ghost
+
+std::string Flow::GhostRecord() const {
+  const RecordSlot slot = ChosenSlot();
+  if (!rival_.empty()) {
+    if (std::optional<std::string> his = RecordOfRival(folders_.Players, rival_, slot)) return *his;
+  }
+  if (const WonRun* const kept = wins_.Find(slot)) return kept->Bytes;
+  Result<std::string> own = ReadWhole(slot.Path);
+  return own ? *own : std::string();
+}
+
 // Editing
 
 void Flow::BeginEditing(const std::string& playerFolder) {

@@ -9,6 +9,7 @@
 #include "data/RecordSlot.h"
 #include "data/Result.h"
 #include "data/Selection.h"
+#include "flow/Rivals.h"
 #include "flow/SadaModel.h"
 
 namespace zorik {
@@ -119,6 +120,19 @@ class Flow {
   UnstoredWins& Unstored() { return wins_; }
   const UnstoredWins& Unstored() const { return wins_; }
 
+  // The ghost
+
+  // The other players who have won the chosen cave.
+  std::vector<Rival> Rivals() const { return FindRivals(folders_.Players, ChosenSlot()); }
+
+  // From now on the player with this folder is to go beside the player; an empty name: his own best run.
+  void ChooseGhost(const std::string& rivalFolder) { rival_ = rivalFolder; }
+  const std::string& ChosenGhost() const { return rival_; }
+
+  // The record that goes beside a run of the chosen cave. Where the one who was chosen has none, it is the
+  // player's own; empty when he has none either.
+  std::string GhostRecord() const;
+
   // Editing
 
   // Who tries out what he edits; an empty name for nobody.
@@ -143,6 +157,7 @@ class Flow {
   std::optional<Selection> selection_;
   RecordSlot slot_;  // of the last run that could get a record, since its start
   UnstoredWins wins_;
+  std::string rival_;
   SadaModel sada_;
 
   // The last win

@@ -107,12 +107,13 @@ void FrmPoSt::Build() {
   send_ = new SkinButton(this);
   close_ = new SkinButton(this);
   help_ = new SkinButton(this);
+  ghost_ = new SkinButton(this);
   vscroll_ = new ScrollButton(Qt::Vertical, this);
 
   const std::pair<SkinButton*, const char*> names[] = {
-      {replay_, "replay"},  {play_, "play"},   {congratulation_, "congratulation"},
-      {send_, "send"},      {close_, "close"}, {help_, "help"},
-      {vscroll_, "vscroll"}};
+      {replay_, "replay"}, {play_, "play"},      {congratulation_, "congratulation"},
+      {send_, "send"},     {close_, "close"},    {help_, "help"},
+      {ghost_, "ghost"},   {vscroll_, "vscroll"}};
   for (const auto& [button, name] : names) button->setObjectName(name);
 
   connect(author_, &SkinLabel::LinkClicked, this, &FrmPoSt::ClickedAuthor);
@@ -125,6 +126,7 @@ void FrmPoSt::Build() {
   connect(send_, &SkinButton::clicked, this, &FrmPoSt::ClickedSend);
   connect(close_, &SkinButton::clicked, this, &FrmPoSt::Back);
   connect(help_, &SkinButton::clicked, this, &FrmPoSt::HelpWanted);
+  connect(ghost_, &SkinButton::clicked, this, &FrmPoSt::ChooseGhost);
   connect(vscroll_, &ScrollButton::Stepped, list_, &CaveList::Scroll);
 }
 
@@ -207,6 +209,7 @@ void FrmPoSt::SkinButtons() {
   PlaceButton(skin_, *vscroll_, "select.vscroll", QString());
   PlaceButton(skin_, *close_, "select.close", kCloseWords.In(skin_));
   PlaceButton(skin_, *help_, "select.help", kHelpWords.In(skin_));
+  PlaceButton(skin_, *ghost_, "select.ghost", kGhostWords.In(skin_));
 }
 
 void FrmPoSt::SkinIt() {
@@ -354,6 +357,16 @@ void FrmPoSt::ClickedAuthor() {
   openers_.link(MailLink(address, subject), TellNoProgram(address));
 }
 
+// The menu opens at the button, or at the list where the skin gives that no place.
+void FrmPoSt::ChooseGhost() {
+  const QWidget& by = ghost_->isHidden() ? static_cast<QWidget&>(*list_) : *ghost_;
+  emit GhostWanted(by.mapToGlobal(by.rect().center()));
+}
+
+void FrmPoSt::contextMenuEvent(QContextMenuEvent* event) {
+  if (flow_.IsOpen()) emit GhostWanted(event->globalPos());
+}
+
 // The desktop may take a while to find out that it has none.
 OpenFailed FrmPoSt::TellNoProgram(const QString& target) {
   return [here = QPointer(this), target] {
@@ -391,6 +404,9 @@ bool FrmPoSt::Command(int key) {
       return true;
     case Qt::Key_U:
       if (!flow_.IsStored(Caves().Selected())) emit StoreWanted();
+      return true;
+    case Qt::Key_D:
+      ChooseGhost();
       return true;
     case Qt::Key_F1:
       button = help_;

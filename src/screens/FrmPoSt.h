@@ -56,12 +56,16 @@ class FrmPoSt : public SkinWindow {
   void PlayRecord();
   // The selected cave's win, which could not be stored, is to be stored after all.
   void StoreWanted();
+  // The player wants to choose whose ghost goes beside him in the selected cave, from a menu at this place of
+  // the screen.
+  void GhostWanted(const QPoint& at);
   void Back();
   void HelpWanted();
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
 
  private:
   void Build();
@@ -85,6 +89,7 @@ class FrmPoSt : public SkinWindow {
   void Congratulate();
   void ClickedSend();
   void ClickedAuthor();
+  void ChooseGhost();
   OpenFailed TellNoProgram(const QString& target);
   void Say(const QString& text);
 
@@ -108,6 +113,7 @@ class FrmPoSt : public SkinWindow {
   SkinButton* send_;
   SkinButton* close_;
   SkinButton* help_;
+  SkinButton* ghost_;
   ScrollButton* vscroll_;
 };
 

@@ -25,6 +25,7 @@
 #include "screens/SkinPlacing.h"
 #include "screens/StartLists.h"
 #include "screens/StartWords.h"
+#include "screens/StatisticsWindow.h"
 #include "screens/ToolkitWords.h"
 #include "skin/GameFont.h"
 #include "skin/Skin.h"
@@ -87,7 +88,8 @@ FrmStart2::FrmStart2(Skin& skin, const Paths& paths, Settings& settings)
       hscroll_(new ScrollButton(Qt::Horizontal, this)),
       play_(new SkinButton(this)),
       addplayer_(new SkinButton(this)),
-      changeskin_(new SkinButton(this)) {
+      changeskin_(new SkinButton(this)),
+      statistics_(new SkinButton(this)) {
   setFocusPolicy(Qt::StrongFocus);
   settled_.setSingleShot(true);
   settled_.setInterval(kSettling);
@@ -107,6 +109,7 @@ void FrmStart2::NameParts() {
   play_->setObjectName("play");
   addplayer_->setObjectName("addplayer");
   changeskin_->setObjectName("changeskin");
+  statistics_->setObjectName("statistics");
   for (std::size_t i = 0; i < fingers_.size(); ++i) fingers_[i]->setObjectName(kFingers[i].name);
 }
 
@@ -116,6 +119,7 @@ void FrmStart2::Connect() {
   connect(play_, &SkinButton::clicked, this, &FrmStart2::Open);
   connect(addplayer_, &SkinButton::clicked, this, &FrmStart2::NewPlayer);
   connect(changeskin_, &SkinButton::clicked, this, &FrmStart2::ChangeSkin);
+  connect(statistics_, &SkinButton::clicked, this, &FrmStart2::ShowStatistics);
   connect(vscroll_, &ScrollButton::Stepped, lblCColl_, &LabelList::Scroll);
   connect(hscroll_, &ScrollButton::Stepped, lblPlr_, &LabelList::Scroll);
   connect(lblCColl_, &LabelList::Opened, this, &FrmStart2::Open);
@@ -177,6 +181,7 @@ void FrmStart2::SkinButtons() {
   PlaceButton(skin_, *play_, "start.play", skin_.Caption(kFingers[0].text));
   PlaceButton(skin_, *addplayer_, "start.addplayer", skin_.Text(TextId::NewPlayer));
   PlaceButton(skin_, *changeskin_, "start.changeskin", kChangeSkinWords.In(skin_));
+  PlaceButton(skin_, *statistics_, "start.statistics", kStatisticsWords.In(skin_));
 }
 
 void FrmStart2::SkinLists() {
@@ -408,6 +413,12 @@ void FrmStart2::ChangeSkin() {
   window.exec();
 }
 
+void FrmStart2::ShowStatistics() {
+  if (Player().isEmpty()) return;
+  const std::string folder = PathBytes(Player());
+  StatisticsWindow(skin_, paths_.PlayersPath + '/' + folder, PlayerOfFolder(folder), this).exec();
+}
+
 void FrmStart2::Help() {
   OpenFileOrTell(skin_, this, HelpPage(paths_, skin_, "help.html"));
 }
@@ -434,6 +445,8 @@ void FrmStart2::keyPressEvent(QKeyEvent* event) {
       return Help();
     case Qt::Key_F2:
       return ChangeSkin();
+    case Qt::Key_F3:
+      return ShowStatistics();
     default:
       if (!lblCColl_->TypeAhead(*event)) event->ignore();
   }

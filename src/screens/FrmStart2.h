@@ -25,7 +25,7 @@ class SkinButton;
 //
 // Keys: up and down, PageUp and PageDown, Home and End, and the first letters of its name choose the
 // collection, left and right the player, Tab and 1 to 4 the mode; Enter and Space open; Insert asks for a new
-// player, F1 helps, F2 changes the skin.
+// player, F1 helps, F2 changes the skin, F3 tells what the player's records say.
 class FrmStart2 : public SkinWindow {
   Q_OBJECT
 
@@ -113,6 +113,7 @@ class FrmStart2 : public SkinWindow {
   bool IsThere(const QString& path);
   void NewPlayer();
   void ChangeSkin();
+  void ShowStatistics();
   void Help();
   void TellOf(const QString& words, const QString& path = QString());
 
@@ -136,6 +137,7 @@ class FrmStart2 : public SkinWindow {
   SkinButton* play_;
   SkinButton* addplayer_;
   SkinButton* changeskin_;
+  SkinButton* statistics_;
   std::array<FingerButton*, 4> fingers_;  // by mode
 };
 

@@ -155,7 +155,9 @@ void HraWindow::AfterTick(TickEnd end) {
 
 void HraWindow::PresentView() {
   if (hra_.CaveWidth == 0) return;
-  ram_->ShowChanges(painter_, painter_.Look(hra_, ram_->PixelSize()));
+  const QRegion& changed = painter_.Look(hra_, ram_->PixelSize());
+  ram_->SetOverlay(painter_.Lay(ghost_.Beside(hra_, settings_.Ghost, painter_)));
+  ram_->ShowChanges(painter_, changed);
   if (std::exchange(flash_, false)) ShowFlash();
 }
 

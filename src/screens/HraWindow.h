@@ -12,6 +12,7 @@
 #include "platform/JoyPad.h"
 #include "platform/Keyboard.h"
 #include "platform/Settings.h"
+#include "screens/GhostView.h"
 #include "screens/HideAway.h"
 #include "screens/MessageStrip.h"
 #include "screens/PictureBar.h"
@@ -35,6 +36,10 @@ class HraWindow : public QWidget, private Stage {
 
   // Lets time go on in the run that has just been started on its machine.
   void StartTicking();
+
+  // The record of a win of the cave goes beside the run in play that has just been started, as its ghost. No
+  // bytes: none does.
+  void SetGhost(std::string record) { ghost_.SetRecord(std::move(record)); }
 
   // The run is over: it stands still and keeps silent.
   void Stop();
@@ -124,6 +129,7 @@ class HraWindow : public QWidget, private Stage {
   Settings& settings_;
   Sounds sounds_;
   CavePainter painter_;
+  GhostView ghost_;
   Hra hra_;
 
   Keyboard keyboard_;

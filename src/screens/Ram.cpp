@@ -4,6 +4,7 @@
 #include <QPaintEvent>
 #include <QPainter>
 #include <cmath>
+#include <utility>
 
 #include "screens/BarColours.h"
 
@@ -52,7 +53,14 @@ void Ram::Show(PartPainter& picture) {
 void Ram::ShowChanges(PartPainter& picture, const QRegion& changed) {
   if (&picture != picture_ || picture.Size() != shown_) return Show(picture);
   if (!copy_.isNull()) due_ += changed;
-  repaint(OnWidget(changed.translated(Place().topLeft())));
+  const QRegion all = changed + std::exchange(overlaid_, {});
+  repaint(OnWidget(all.translated(Place().topLeft())));
+}
+
+void Ram::SetOverlay(LaidOverlay overlay) {
+  overlaid_ += overlay_.Touched();
+  overlay_ = std::move(overlay);
+  overlaid_ += overlay_.Touched();
 }
 
 QImage Ram::Picture() const {
@@ -88,8 +96,8 @@ QRegion Ram::OnWidget(const QRegion& pixels) const {
   return region;
 }
 
-// Around the picture are the margins, which it leaves when its cells do not divide the frame. Where a unit of
-// the desktop is a whole number of pixels the picture is painted right where it is seen.
+// Around the picture are the margins, which it leaves when its cells do not divide the frame. Where a unit
+// of the desktop is a whole number of pixels the picture is painted right where it is seen.
 void Ram::paintEvent(QPaintEvent* event) {
   QPainter painter(this);
   const qreal ratio = devicePixelRatioF();
@@ -103,12 +111,17 @@ void Ram::paintEvent(QPaintEvent* event) {
     if (picture_ == nullptr) return;
     const QPoint corner = painter.deviceTransform().map(QPoint()) + Place().topLeft();
     picture_->PaintPart((wanted & Place()).translated(-Place().topLeft()), *target, corner);
+    painter.scale(1 / ratio, 1 / ratio);
+    painter.translate(Place().topLeft());
+    overlay_.Paint(painter);
     return;
   }
   painter.fillRect(rect(), kBarColour);
   if (shown_.isEmpty()) return;
   painter.scale(1 / ratio, 1 / ratio);
-  painter.drawImage(Place().topLeft(), Copy());
+  painter.translate(Place().topLeft());
+  painter.drawImage(0, 0, Copy());
+  overlay_.Paint(painter);
 }
 
 }  // namespace zorik

@@ -5,6 +5,7 @@
 #include <QSize>
 #include <QWidget>
 
+#include "skin/Overlay.h"
 #include "skin/PartPainter.h"
 
 namespace zorik {
@@ -26,6 +27,9 @@ class Ram : public QWidget {
   // The same for a picture that shows already, of which this part, in its pixels, has changed.
   void ShowChanges(PartPainter& picture, const QRegion& changed);
 
+  // Lays something over the pictures that are shown from now on, in place of what lay there.
+  void SetOverlay(LaidOverlay overlay);
+
   // A copy of the picture that it shows.
   QImage Picture() const;
 
@@ -42,6 +46,8 @@ class Ram : public QWidget {
   QSize shown_;  // of the picture when it was shown last
   QImage copy_;  // of the picture, for want of the pixels of the screen; empty unless it was wanted
   QRegion due_;  // what has changed since it was made
+  LaidOverlay overlay_;
+  QRegion overlaid_;  // changes with the next picture, since something was laid over it or taken away
 };
 
 }  // namespace zorik

@@ -48,6 +48,27 @@ inline constexpr StartWords kSettingsWords{"settings.text"};
 inline constexpr StartWords kViewWords{"caption.game.view"};
 inline constexpr StartWords kLeaveWords{"caption.game.leave"};
 
+// Of the ghost that goes beside a run.
+inline constexpr StartWords kGhostWords{"caption.ghost.choose"};
+inline constexpr StartWords kNoGhostWords{"caption.ghost.none"};
+inline constexpr StartWords kOwnGhostWords{"caption.ghost.own"};
+inline constexpr StartWords kRivalGhostWords{"caption.ghost.rival"};
+
+// Of the statistics of a player.
+inline constexpr StartWords kStatisticsWords{"caption.statistics.title"};
+inline constexpr StartWords kStatisticsOfWords{"caption.statistics.of"};
+inline constexpr StartWords kCavesWonWords{"caption.statistics.caves"};
+inline constexpr StartWords kTimePlayedWords{"caption.statistics.time"};
+inline constexpr StartWords kTicksWords{"caption.statistics.ticks"};
+inline constexpr StartWords kGemsTakenWords{"caption.statistics.gems"};
+inline constexpr StartWords kPointsWords{"caption.statistics.points"};
+inline constexpr StartWords kCaveColumn{"caption.statistics.cave"};
+inline constexpr StartWords kBestTimeColumn{"caption.statistics.best"};
+inline constexpr StartWords kReadingWords{"caption.statistics.reading"};
+inline constexpr StartWords kNothingWonWords{"caption.statistics.nothing"};
+inline constexpr StartWords kOfOthersWords{"caption.statistics.others"};
+inline constexpr StartWords kFaultyWords{"caption.statistics.faulty"};
+
 // What else the game window says.
 inline constexpr StartWords kRecordEndWords{"caption.game.recordend"};
 inline constexpr StartWords kTableWords{"caption.game.table"};

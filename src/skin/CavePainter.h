@@ -6,6 +6,7 @@
 #include "skin/CellPictures.h"
 #include "skin/Decoration.h"
 #include "skin/DrawView.h"
+#include "skin/Overlay.h"
 #include "skin/PartPainter.h"
 #include "skin/TileSets.h"
 #include "skin/ZornePole.h"
@@ -47,6 +48,12 @@ class CavePainter final : public PartPainter {
 
   // Looks, and answers the whole picture.
   QImage Compose(const Hra& hra, QSize frame);
+
+  // Lays things over the picture of the last look.
+  LaidOverlay Lay(const Overlay& overlay) { return {overlay, drawn_.view, drawn_.cell, tiles_}; }
+
+  // How a cell of another run in the same cave looks.
+  CellPicture PictureOf(const Hra& other, Cell c) { return pictures_.Choose(other, c); }
 
   // The picture of a cell as it is drawn next.
   CellPicture PictureAt(int x, int y) const { return pictures_.At(x, y); }

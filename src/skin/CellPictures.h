@@ -41,6 +41,9 @@ class CellPictures {
   // what they have.
   void Change(const Hra& hra, int x, int y);
 
+  // The picture that a cell of this run, or of another one in the same cave, would get now.
+  CellPicture Choose(const Hra& hra, Cell c);
+
   // The picture of a cell; empty space outside of -1..100 and -1..60.
   CellPicture At(int x, int y) const;
 
@@ -52,7 +55,6 @@ class CellPictures {
   static constexpr int kRows = 62;
   static std::optional<std::size_t> Place(int x, int y);
 
-  CellPicture Choose(const Hra& hra, Cell c);
   // The picture that a cell starts from, and how the row of its frame is found.
   struct Base {
     CellPicture picture;

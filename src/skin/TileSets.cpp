@@ -213,4 +213,13 @@ const QImage& TileSets::Frame(const CellPicture& picture, QSize size, EdgeMask e
   return frame;
 }
 
+QImage TileSets::Sprite(const CellPicture& picture, QSize size) const {
+  const Sheet& sheet = sheets_[std::min<std::size_t>(picture.Pic, kTileSetCount - 1)];
+  const int column = std::min<int>(picture.Col, sheet.columns - 1);
+  const int row = std::min<int>(picture.Row, sheet.rows - 1);
+  return Tile(sheet.picture, column, row)
+      .convertToFormat(QImage::Format_ARGB32_Premultiplied)
+      .scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+}
+
 }  // namespace zorik

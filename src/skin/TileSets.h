@@ -54,6 +54,9 @@ class TileSets {
   // the next call of Load or Prepare.
   const QImage& Frame(const CellPicture& picture, QSize size, EdgeMask edges = 0);
 
+  // The same without the ground, which is clear.
+  QImage Sprite(const CellPicture& picture, QSize size) const;
+
  private:
   // A set over its ground, and the file that it was made from.
   struct Sheet {

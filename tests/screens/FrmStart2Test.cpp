@@ -166,6 +166,21 @@ TEST_F(FrmStart2Test, SelectsANewPlayerAndStoresThat) {
   EXPECT_EQ(ReadPosledniHrac(), 1);
 }
 
+TEST_F(FrmStart2Test, ShowsTheStatisticsOfTheSelectedPlayer) {
+  Player("Adam");
+  Player("Cyril");
+  Load();
+  Key(Qt::Key_Right);
+  QStringList shown;
+  const auto look = [&shown](QWidget& dialog) {
+    shown += dialog.objectName() + ": " + dialog.findChild<QLabel*>("lblCaption")->text();
+    QTest::keyClick(&dialog, Qt::Key_Escape);
+  };
+  const DialogScript script = {look};
+  Key(Qt::Key_F3);
+  EXPECT_EQ(shown, QStringList{"statistics: Statistika: Cyril"});
+}
+
 TEST_F(FrmStart2Test, MakesTheFolderOfWhatIsLeftOfAName) {
   Player("Adam");
   Load();

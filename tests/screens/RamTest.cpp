@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include <QPaintEvent>
-#include <QPainter>
 #include <QTest>
 
 #include "screens/BarColours.h"
@@ -18,9 +17,13 @@ class Painted : public PartPainter {
 
   QSize Size() const override { return image.size(); }
   void PaintPart(const QRegion& part, QImage& target, QPoint corner) override {
-    QPainter painter(&target);
-    painter.setClipRegion(part.translated(corner));
-    painter.drawImage(corner, image);
+    for (const QRect& wanted : part) {
+      const QRect seen = wanted & image.rect() & target.rect().translated(-corner);
+      for (int y = seen.top(); y <= seen.bottom(); ++y) {
+        for (int x = seen.left(); x <= seen.right(); ++x)
+          target.setPixel(corner + QPoint(x, y), image.pixel(x, y));  // the frame's painter is at work there
+      }
+    }
   }
 
   QImage image{90, 70, QImage::Format_RGB32};
@@ -111,6 +114,57 @@ TEST_F(ShownPicture, ShowsItsChangesWhereItCannotBePaintedInPlace) {
   EXPECT_EQ(onAnother().pixel(55, 15), QColor(Qt::green).rgb()) << "nobody said that this has changed";
   ram_.Show(picture_);
   EXPECT_EQ(onAnother().pixel(55, 15), QColor(Qt::red).rgb());
+}
+
+// Over the same frame, things of a skin without pictures: a dot in the cell of 10 pixels at (3, 2).
+class OverlaidPicture : public ShownPicture {
+ protected:
+  LaidOverlay Dot(int x, int y) {
+    Overlay overlay;
+    overlay.marks.push_back({{x, y}, Qt::red});
+    return {overlay, {0, 0, 9 * kTileSize, 7 * kTileSize}, {10, 10}, tiles_};
+  }
+
+  TileSets tiles_;
+};
+
+TEST_F(OverlaidPicture, ShowsWhatLiesOverItWithItsNextChanges) {
+  ram_.SetOverlay(Dot(3, 2));
+  EXPECT_TRUE(painted_.Take().isEmpty());
+  ram_.ShowChanges(picture_, QRect(0, 0, 4, 4));
+  EXPECT_EQ(painted_.Take(), QRegion(5, 5, 4, 4) + QRect(35, 25, 10, 10));
+  EXPECT_EQ(Pixel(40, 30), QColor(Qt::red).rgb());
+  EXPECT_EQ(Pixel(36, 26), QColor(Qt::green).rgb());
+  EXPECT_EQ(ram_.Picture(), picture_.image) << "the picture itself is as it was";
+}
+
+TEST_F(OverlaidPicture, IsPaintedWhereSomethingLayAndWhereItLiesNow) {
+  ram_.SetOverlay(Dot(3, 2));
+  ram_.ShowChanges(picture_, {});
+  painted_.Take();
+  ram_.SetOverlay(Dot(5, 6));
+  ram_.ShowChanges(picture_, {});
+  EXPECT_EQ(painted_.Take(), QRegion(35, 25, 10, 10) + QRect(55, 65, 10, 10));
+  EXPECT_EQ(Pixel(40, 30), QColor(Qt::green).rgb()) << "it is gone from there";
+  EXPECT_EQ(Pixel(60, 70), QColor(Qt::red).rgb());
+  painted_.Take();  // a look at a pixel paints all of it
+  ram_.SetOverlay({});
+  ram_.ShowChanges(picture_, {});
+  EXPECT_EQ(painted_.Take(), QRegion(55, 65, 10, 10));
+  EXPECT_EQ(Pixel(60, 70), QColor(Qt::green).rgb());
+  painted_.Take();
+  ram_.SetOverlay({});
+  ram_.ShowChanges(picture_, {});
+  EXPECT_TRUE(painted_.Take().isEmpty()) << "nothing lies there any more";
+}
+
+TEST_F(OverlaidPicture, ShowsWhatLiesOverItWhereItCannotBePaintedInPlace) {
+  ram_.SetOverlay(Dot(3, 2));
+  ram_.ShowChanges(picture_, {});
+  QImage drawn(100, 80, QImage::Format_RGB888);  // pixels of another kind
+  ram_.render(&drawn);
+  EXPECT_EQ(drawn.pixel(40, 30), QColor(Qt::red).rgb());
+  EXPECT_EQ(drawn.pixel(50, 30), QColor(Qt::green).rgb());
 }
 
 }  // namespace

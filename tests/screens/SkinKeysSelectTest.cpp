@@ -142,7 +142,8 @@ SkinKeys KeysOfSelection() {
          KeysOfBox("select.cavedescription", "lblCaveDescription") + KeysOfButton("select.replay", "replay") +
          KeysOfButton("select.play", "play") + KeysOfButton("select.congratulation", "congratulation") +
          KeysOfButton("select.send", "send") + KeysOfButton("select.vscroll", "vscroll") +
-         KeysOfButton("select.close", "close") + KeysOfButton("select.help", "help") + KeysOfRest() +
+         KeysOfButton("select.close", "close") + KeysOfButton("select.help", "help") +
+         KeysOfButton("select.ghost", "ghost") + KeysOfRest() +
          KeysOfRecord() + KeysOfCaves();
 }
 

@@ -69,7 +69,9 @@ inline SkinKeys ReadSkinKeys(const std::string& path) {
       trap("a key said twice");
     }
   }
-  if (lines->size() >= 400) keys.Traps.push_back("too many lines");
+  // A skin is read after the default one, in the menus and in the game: four such tables are what one can
+  // hold.
+  if (lines->size() >= 500) keys.Traps.push_back("too many lines");
   return keys;
 }
 
