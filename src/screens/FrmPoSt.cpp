@@ -105,14 +105,15 @@ void FrmPoSt::Build() {
   play_ = new SkinButton(this);
   congratulation_ = new SkinButton(this);
   send_ = new SkinButton(this);
+  practice_ = new SkinButton(this);
   close_ = new SkinButton(this);
   help_ = new SkinButton(this);
   vscroll_ = new ScrollButton(Qt::Vertical, this);
 
   const std::pair<SkinButton*, const char*> names[] = {
-      {replay_, "replay"},  {play_, "play"},   {congratulation_, "congratulation"},
-      {send_, "send"},      {close_, "close"}, {help_, "help"},
-      {vscroll_, "vscroll"}};
+      {replay_, "replay"},   {play_, "play"},        {congratulation_, "congratulation"},
+      {send_, "send"},       {close_, "close"},      {help_, "help"},
+      {vscroll_, "vscroll"}, {practice_, "practice"}};
   for (const auto& [button, name] : names) button->setObjectName(name);
 
   connect(author_, &SkinLabel::LinkClicked, this, &FrmPoSt::ClickedAuthor);
@@ -123,6 +124,7 @@ void FrmPoSt::Build() {
   connect(play_, &SkinButton::clicked, this, &FrmPoSt::ClickedStart);
   connect(congratulation_, &SkinButton::clicked, this, &FrmPoSt::Congratulate);
   connect(send_, &SkinButton::clicked, this, &FrmPoSt::ClickedSend);
+  connect(practice_, &SkinButton::clicked, this, &FrmPoSt::ClickedPractice);
   connect(close_, &SkinButton::clicked, this, &FrmPoSt::Back);
   connect(help_, &SkinButton::clicked, this, &FrmPoSt::HelpWanted);
   connect(vscroll_, &ScrollButton::Stepped, list_, &CaveList::Scroll);
@@ -204,6 +206,7 @@ void FrmPoSt::SkinButtons() {
   PlaceButton(skin_, *play_, "select.play", skin_.Text(TextId::PlayCave));
   PlaceButton(skin_, *congratulation_, "select.congratulation", skin_.Text(TextId::ReadCongratulation));
   PlaceButton(skin_, *send_, "select.send", skin_.Text(TextId::SendRecords));
+  PlaceButton(skin_, *practice_, "select.practice", kPracticeButtonWords.In(skin_));
   PlaceButton(skin_, *vscroll_, "select.vscroll", QString());
   PlaceButton(skin_, *close_, "select.close", kCloseWords.In(skin_));
   PlaceButton(skin_, *help_, "select.help", kHelpWords.In(skin_));
@@ -306,6 +309,7 @@ void FrmPoSt::ShowCave() {
   const QString& rowName = list_->Rows()[static_cast<std::size_t>(number - 1)].name;
   Show(*replay_, solved);
   Show(*play_, state != CaveState::Closed);
+  Show(*practice_, state != CaveState::Closed);
   imgBonus_->setVisible(JeBonus(rowName.toStdString()));
   lblCaveName_->SetText(rowName);
   ShowRecord(solved);
@@ -330,6 +334,10 @@ void FrmPoSt::ShowRecord(bool solved) {
 
 void FrmPoSt::ClickedStart() {
   if (flow_.MayStart()) emit PlayCave();
+}
+
+void FrmPoSt::ClickedPractice() {
+  if (flow_.MayStart()) emit PracticeWanted();
 }
 
 void FrmPoSt::Congratulate() {
@@ -385,6 +393,9 @@ bool FrmPoSt::Command(int key) {
     case Qt::Key_E:
     case Qt::Key_S:
       ClickedSend();
+      return true;
+    case Qt::Key_T:
+      ClickedPractice();
       return true;
     case Qt::Key_M:
       if (author_->IsLink()) ClickedAuthor();

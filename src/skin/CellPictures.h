@@ -41,6 +41,10 @@ class CellPictures {
   // what they have.
   void Change(const Hra& hra, int x, int y);
 
+  // Chooses the pictures of all cells for a moment that was not played towards. What is drawn by lot stays as
+  // it is where the cell holds the same.
+  void ShowMoment(const Hra& hra);
+
   // The picture of a cell; empty space outside of -1..100 and -1..60.
   CellPicture At(int x, int y) const;
 
