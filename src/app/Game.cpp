@@ -18,6 +18,7 @@
 #include "screens/FrmLanguage.h"
 #include "screens/GhostMenu.h"
 #include "screens/MsgBox.h"
+#include "screens/RunControls.h"
 #include "screens/SkinFlaws.h"
 #include "screens/StartWords.h"
 #include "skin/ToQString.h"
@@ -110,6 +111,8 @@ void Game::ConnectScreens() {
   connect(&frmStart2_, &FrmStart2::SkinChanged, this, &Game::ReSkin);
   connect(&frmStart2_, &FrmStart2::Quit, this, &Game::EndProgram);
   connect(&frmPoSt_, &FrmPoSt::PlayCave, this, &Game::PlayCave);
+  connect(&frmPoSt_, &FrmPoSt::PracticeWanted, this, &Game::PractiseCave);
+  connect(&hra_.Controls().Training(), &Practice::EarnestWanted, this, &Game::PlayCave, Qt::QueuedConnection);
   connect(&frmPoSt_, &FrmPoSt::PlayRecord, this, &Game::PlayRecord);
   connect(&frmPoSt_, &FrmPoSt::StoreWanted, this, &Game::StoreAgain);
   connect(&frmPoSt_, &FrmPoSt::Back, this, &Game::ShowStart);
@@ -121,10 +124,15 @@ void Game::ConnectScreens() {
   connect(&hra_, &HraWindow::RunWon, &winFlow_, &WinFlow::RunWon);
   connect(&hra_, &HraWindow::EndRequested, this, &Game::EndGame);
   connect(&hra_, &HraWindow::OtherKey, this, [this](int key) {
-    if (key == Qt::Key_Escape && flow_.Kind() == RunKind::Replay) EndGame();
+    const bool light = flow_.Kind() == RunKind::Replay || flow_.Kind() == RunKind::Practice;
+    if (key == Qt::Key_Escape && light) EndGame();
     if (key == Qt::Key_F1) ShowHelpOfGame();
   });
   connect(&winFlow_, &WinFlow::HideGame, &hra_, &QWidget::hide);
+  connect(&winFlow_, &WinFlow::PlayAgain, this, [this] {
+    ShowGame();
+    hra_.Controls().Record().PlayAgain();
+  });
   connect(&winFlow_, &WinFlow::ShowStart, this, &Game::ShowStart);
   connect(&winFlow_, &WinFlow::ShowEditor, this, &Game::ShowEditor);
 }
@@ -196,14 +204,22 @@ bool Game::Begun(const std::function<Result<Done>()>& step) {
 }
 
 void Game::PlayCave() {
+  PlayWith([this] {
+    Result<Done> started = flow_.Start();
+    if (started) hra_.SetGhost(flow_.GhostRecord());
+    return started;
+  });
+}
+
+void Game::PractiseCave() {
+  PlayWith([this] { return flow_.StartPractice(); });
+}
+
+void Game::PlayWith(const std::function<Result<Done>()>& step) {
   bool begun = false;
   {
     const BusyNotice notice(frmLoading_);
-    begun = Begun([this] {
-      Result<Done> started = flow_.Start();
-      if (started) hra_.SetGhost(flow_.GhostRecord());
-      return started;
-    });
+    begun = Begun(step);
     if (begun) frmPoSt_.hide();
   }
   if (begun) return;

@@ -58,6 +58,8 @@ class Game : public QObject {
   void ShowGame();
   void OpenCollection(const QString& path, const QString& player);
   void PlayCave();
+  void PractiseCave();
+  void PlayWith(const std::function<Result<Done>()>& step);
   void PlayRecord();
   void PlayRecordFile(const QString& path);
   void ReplayWith(const std::function<Result<Done>()>& step, QWidget& from, const std::string& path);

@@ -49,11 +49,19 @@ bool Flow::IsStored(int number) const {
 // Runs
 
 Result<Done> Flow::Start() {
-  if (!MayStart()) return Failure{"the cave is closed"};
-  const auto step = [this] { return OpenCave(hra_, selection_->Cave(selection_->Selected())); };
-  Result<Done> started = Begin(selection_->Collection().Name, selection_->Player(), step);
+  Result<Done> started = StartAs(RunKind::Play);
   if (started) slot_ = ChosenSlot();
   return started;
+}
+
+Result<Done> Flow::StartPractice() {
+  return StartAs(RunKind::Practice);
+}
+
+Result<Done> Flow::StartAs(RunKind kind) {
+  if (!MayStart()) return Failure{"the cave is closed"};
+  const auto step = [&] { return OpenCave(hra_, selection_->Cave(selection_->Selected()), kind); };
+  return Begin(selection_->Collection().Name, selection_->Player(), step);
 }
 
 Result<Done> Flow::ReplayChosen() {
@@ -95,7 +103,7 @@ WayBack Flow::Leave() {
 // The win
 
 bool Flow::Win() {
-  if (!hra_.Win || Busy()) return false;
+  if (!hra_.Win || hra_.Practising() || Busy()) return false;
   const WinResult& win = *hra_.Win;
   kind_ = hra_.Kind;
   after_ = WayBackFrom(hra_);

@@ -69,6 +69,9 @@ class Flow {
   bool MayStart() const { return selection_->State(selection_->Selected()) != CaveState::Closed; }
   Result<Done> Start();
 
+  // Lets the chosen cave be practised, unless it is closed. Nothing of that counts or is kept.
+  Result<Done> StartPractice();
+
   // Plays the player's record of the chosen cave, or for nobody a record from outside.
   Result<Done> ReplayChosen();
   Result<Done> ReplayFile(const std::string& path);
@@ -84,7 +87,7 @@ class Flow {
   // The win
 
   // To be called when the machine has won its run. It is not needed for what follows. False when there is no
-  // win, or the player has not been led on from the last one yet.
+  // win, or one of practice, or the player has not been led on from the last one yet.
   bool Win();
 
   // Whether he has not yet.
@@ -149,6 +152,7 @@ class Flow {
   Result<Done> Replay(const std::string& path, const std::string& player);
   Result<Done> Begin(const std::string& collection, const std::string& player,
                      const std::function<Result<Done>()>& step);
+  Result<Done> StartAs(RunKind kind);
   RecordSlot TestSlot() const;
 
   Hra& hra_;

@@ -1,7 +1,9 @@
 #include "screens/BarButton.h"
 
+#include <QFontMetrics>
 #include <QMouseEvent>
 #include <QPainter>
+#include <algorithm>
 #include <cmath>
 #include <numbers>
 #include <utility>
@@ -15,6 +17,12 @@ constexpr qreal kRound = 10;
 constexpr int kPulseStep = 40;   // milliseconds
 constexpr int kPulseSteps = 24;  // from one glow to the next
 constexpr int kGlow = 170;       // alpha
+
+QFont CaptionFont(int height) {
+  QFont font = GameFont(std::max(1, height * 3 / 5));
+  font.setBold(true);
+  return font;
+}
 
 // A plate for a letter, in the manner of the pictures.
 void PaintPlate(QPainter& painter, const QRect& place) {
@@ -37,6 +45,10 @@ BarButton::BarButton(QWidget* parent) : QWidget(parent) {
     pulseStep_ = (pulseStep_ + 1) % kPulseSteps;
     update();
   });
+}
+
+int BarButton::CaptionWidth(int height) const {
+  return QFontMetrics(CaptionFont(height)).horizontalAdvance(caption_);
 }
 
 void BarButton::SetPulse(bool pulses) {
@@ -90,9 +102,7 @@ QImage BarButton::Face() const {
     painter.drawImage(rect(), picture_);
   } else {
     PaintPlate(painter, rect());
-    QFont font = GameFont(height() * 3 / 5);
-    font.setBold(true);
-    painter.setFont(font);
+    painter.setFont(CaptionFont(height()));
     painter.setPen(QColor(0xFF, 0xF8, 0xE8));
     painter.drawText(rect(), Qt::AlignCenter, caption_);
   }

@@ -20,6 +20,8 @@ class BarButton : public QWidget {
   // Shown while there is no picture.
   void SetCaption(const QString& caption);
   const QString& Caption() const { return caption_; }
+  // How wide the caption is on a button of this height.
+  int CaptionWidth(int height) const;
 
   // It glows and fades in turn, to be found.
   void SetPulse(bool pulses);

@@ -26,11 +26,13 @@ constexpr QRect kLineBox(40, 80, 440, 36);
 constexpr QRect kTotalBox(185, 126, 150, 40);
 constexpr QRect kSecondsBox(318, 171, 40, 32);
 constexpr QPoint kBonusPlace(400, 118);
+constexpr QRect kAgainBox(312, 172, 178, 32);
 constexpr QColor kLightText(0xE8, 0xE8, 0xE0);
 
 constexpr int kLineLetters = 20;
 constexpr int kTotalLetters = 26;
 constexpr int kSecondsLetters = 20;
+constexpr int kAgainLetters = 14;
 constexpr int kPadding = 8;
 
 QLabel* NewLabel(const char* name, const QRect& place, QWidget* parent) {
@@ -72,10 +74,13 @@ FrmAnalyze::FrmAnalyze(Skin& skin, QWidget* parent)
       total_(NewLabel("Label3", kTotalBox, this)),
       seconds_(NewLabel("Label4", kSecondsBox, this)),
       Image1_(new SkinPicture(this)),
-      ok_(new SkinButton(this)) {
+      ok_(new SkinButton(this)),
+      again_(new SkinLabel(this)) {
   setModal(true);
   Image1_->setObjectName("Image1");
   ok_->setObjectName("ok");
+  again_->setObjectName("again");
+  again_->hide();
   total_->setFont(GameFont(kTotalLetters));
   seconds_->setFont(GameFont(kSecondsLetters));
   seconds_->installEventFilter(this);
@@ -83,6 +88,7 @@ FrmAnalyze::FrmAnalyze(Skin& skin, QWidget* parent)
   Timer1_.setInterval(kSecond);
   connect(&Timer1_, &QTimer::timeout, this, &FrmAnalyze::CountDown);
   connect(ok_, &SkinButton::clicked, this, &FrmAnalyze::Close);
+  connect(again_, &SkinLabel::LinkClicked, this, &FrmAnalyze::Again);
 }
 
 void FrmAnalyze::SkinIt() {
@@ -100,6 +106,11 @@ void FrmAnalyze::SkinIt() {
   Image1_->SetPicture(skin_.Picture("select.bonus.image"));
   Image1_->move(BoxOf(skin_, "score.bonus", QRect(kBonusPlace, QSize())).topLeft());
   PlaceButton(skin_, *ok_, "score.ok", kOkWords.In(skin_));
+  again_->setGeometry(BoxOf(skin_, "score.again", kAgainBox));
+  const QColor colour = TextOn(picture, again_->geometry());
+  again_->SetLook(colour, Qt::AlignCenter, kAgainLetters);
+  again_->SetLink(colour, QString());
+  again_->SetText(kPlayAgainWords.In(skin_) + " (R)");
 }
 
 void FrmAnalyze::SetScore(const QString& line, int total, bool bonus) {
@@ -108,6 +119,10 @@ void FrmAnalyze::SetScore(const QString& line, int total, bool bonus) {
   line_->setText(line);
   total_->setText(QString::fromStdString(FiveDigits(total)));
   Image1_->setVisible(bonus);
+}
+
+void FrmAnalyze::OfferAgain(bool offered) {
+  again_->setVisible(offered);
 }
 
 void FrmAnalyze::NastavCas(int seconds) {
@@ -142,7 +157,15 @@ void FrmAnalyze::Close() {
   emit Closed();
 }
 
+void FrmAnalyze::Again() {
+  if (again_->isHidden() || !isVisible()) return;
+  Timer1_.stop();
+  hide();
+  emit AgainWanted();
+}
+
 void FrmAnalyze::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_R || event->key() == Qt::Key_Z) return Again();
   if (event->key() == Qt::Key_Space && !event->isAutoRepeat()) {
     Close();
     return;

@@ -10,10 +10,11 @@ namespace zorik {
 
 class Skin;
 class SkinButton;
+class SkinLabel;
 class SkinPicture;
 
 // The breakdown of a won run's score. It stands over the other windows, and closes by itself when its seconds
-// are over.
+// are over. A record can be had again from here, by a click or the keys R and Z.
 class FrmAnalyze : public SkinDialog {
   Q_OBJECT
 
@@ -22,6 +23,9 @@ class FrmAnalyze : public SkinDialog {
 
   // What it shows: the line, the total without a bonus, and whether there is one.
   void SetScore(const QString& line, int total, bool bonus);
+
+  // Whether it is that of a record, which can be had again.
+  void OfferAgain(bool offered);
 
   // Lets it close by itself after so many seconds.
   void NastavCas(int seconds);
@@ -34,6 +38,8 @@ class FrmAnalyze : public SkinDialog {
 
  signals:
   void Closed();
+  // It has closed for the record to be played again.
+  void AgainWanted();
 
  protected:
   void OnEnter() override { Close(); }
@@ -45,6 +51,7 @@ class FrmAnalyze : public SkinDialog {
   void SkinIt();
   void CountDown();
   void Close();
+  void Again();
 
   Skin& skin_;
   int Countdown_ = 0;  // seconds left
@@ -55,6 +62,7 @@ class FrmAnalyze : public SkinDialog {
   QLabel* seconds_;      // the seconds
   SkinPicture* Image1_;  // the bonus sign
   SkinButton* ok_;
+  SkinLabel* again_;
 };
 
 }  // namespace zorik

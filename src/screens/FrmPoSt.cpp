@@ -105,15 +105,16 @@ void FrmPoSt::Build() {
   play_ = new SkinButton(this);
   congratulation_ = new SkinButton(this);
   send_ = new SkinButton(this);
+  practice_ = new SkinButton(this);
   close_ = new SkinButton(this);
   help_ = new SkinButton(this);
   ghost_ = new SkinButton(this);
   vscroll_ = new ScrollButton(Qt::Vertical, this);
 
   const std::pair<SkinButton*, const char*> names[] = {
-      {replay_, "replay"}, {play_, "play"},      {congratulation_, "congratulation"},
-      {send_, "send"},     {close_, "close"},    {help_, "help"},
-      {ghost_, "ghost"},   {vscroll_, "vscroll"}};
+      {replay_, "replay"},   {play_, "play"},         {congratulation_, "congratulation"},
+      {send_, "send"},       {close_, "close"},       {help_, "help"},
+      {vscroll_, "vscroll"}, {practice_, "practice"}, {ghost_, "ghost"}};
   for (const auto& [button, name] : names) button->setObjectName(name);
 
   connect(author_, &SkinLabel::LinkClicked, this, &FrmPoSt::ClickedAuthor);
@@ -124,6 +125,7 @@ void FrmPoSt::Build() {
   connect(play_, &SkinButton::clicked, this, &FrmPoSt::ClickedStart);
   connect(congratulation_, &SkinButton::clicked, this, &FrmPoSt::Congratulate);
   connect(send_, &SkinButton::clicked, this, &FrmPoSt::ClickedSend);
+  connect(practice_, &SkinButton::clicked, this, &FrmPoSt::ClickedPractice);
   connect(close_, &SkinButton::clicked, this, &FrmPoSt::Back);
   connect(help_, &SkinButton::clicked, this, &FrmPoSt::HelpWanted);
   connect(ghost_, &SkinButton::clicked, this, &FrmPoSt::ChooseGhost);
@@ -206,6 +208,7 @@ void FrmPoSt::SkinButtons() {
   PlaceButton(skin_, *play_, "select.play", skin_.Text(TextId::PlayCave));
   PlaceButton(skin_, *congratulation_, "select.congratulation", skin_.Text(TextId::ReadCongratulation));
   PlaceButton(skin_, *send_, "select.send", skin_.Text(TextId::SendRecords));
+  PlaceButton(skin_, *practice_, "select.practice", kPracticeButtonWords.In(skin_));
   PlaceButton(skin_, *vscroll_, "select.vscroll", QString());
   PlaceButton(skin_, *close_, "select.close", kCloseWords.In(skin_));
   PlaceButton(skin_, *help_, "select.help", kHelpWords.In(skin_));
@@ -309,6 +312,7 @@ void FrmPoSt::ShowCave() {
   const QString& rowName = list_->Rows()[static_cast<std::size_t>(number - 1)].name;
   Show(*replay_, solved);
   Show(*play_, state != CaveState::Closed);
+  Show(*practice_, state != CaveState::Closed);
   imgBonus_->setVisible(JeBonus(rowName.toStdString()));
   lblCaveName_->SetText(rowName);
   ShowRecord(solved);
@@ -333,6 +337,10 @@ void FrmPoSt::ShowRecord(bool solved) {
 
 void FrmPoSt::ClickedStart() {
   if (flow_.MayStart()) emit PlayCave();
+}
+
+void FrmPoSt::ClickedPractice() {
+  if (flow_.MayStart()) emit PracticeWanted();
 }
 
 void FrmPoSt::Congratulate() {
@@ -398,6 +406,9 @@ bool FrmPoSt::Command(int key) {
     case Qt::Key_E:
     case Qt::Key_S:
       ClickedSend();
+      return true;
+    case Qt::Key_T:
+      ClickedPractice();
       return true;
     case Qt::Key_M:
       if (author_->IsLink()) ClickedAuthor();

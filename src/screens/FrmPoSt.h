@@ -50,10 +50,15 @@ class FrmPoSt : public SkinWindow {
   // Asks for the selected cave to be played (also to be played again), if it is open.
   void ClickedStart();
 
+  // Likewise in practice.
+  void ClickedPractice();
+
  signals:
   // The selected cave is to be played, or its record.
   void PlayCave();
   void PlayRecord();
+  // The selected cave is to be played in practice.
+  void PracticeWanted();
   // The selected cave's win, which could not be stored, is to be stored after all.
   void StoreWanted();
   // The player wants to choose whose ghost goes beside him in the selected cave, from a menu at this place of
@@ -111,6 +116,7 @@ class FrmPoSt : public SkinWindow {
   SkinButton* play_;
   SkinButton* congratulation_;
   SkinButton* send_;
+  SkinButton* practice_;
   SkinButton* close_;
   SkinButton* help_;
   SkinButton* ghost_;

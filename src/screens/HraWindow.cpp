@@ -12,18 +12,20 @@
 #include "core/Machine.h"
 #include "core/Patterns.h"
 #include "core/Speed.h"
-#include "data/Cp1250.h"
 #include "data/Result.h"
 #include "screens/FrmSettings.h"
+#include "screens/Moment.h"
 #include "screens/MsgBox.h"
 #include "screens/PlainText.h"
+#include "screens/RunCaption.h"
+#include "screens/RunControls.h"
 #include "screens/StartWords.h"
 #include "skin/ToQString.h"
 
 namespace zorik {
 namespace {
 
-constexpr QSize kSmallest(480, 320);
+constexpr QSize kSmallest(480, 260);  // finds room where a small screen is magnified
 constexpr QSize kUsual(39 * 24, 23 * 24 + kTopBar + kBottomBar);
 constexpr int kBelowBar = 8;      // the message strip
 constexpr int kFlashAtLeast = 5;  // milliseconds
@@ -32,6 +34,11 @@ QColor ToColour(Colour colour) {
   const auto number = static_cast<std::uint32_t>(colour);
   return QColor(static_cast<int>(number & 255U), static_cast<int>(number >> 8U & 255U),
                 static_cast<int>(number >> 16U & 255U));
+}
+
+bool UnitIsLost(const RunState& run) {
+  return std::any_of(run.Dog.begin() + 1, run.Dog.begin() + run.DogCount + 1,
+                     [](const Unit& unit) { return unit.x != kAbsentUnit && !unit.Alive; });
 }
 
 std::uint64_t ClockNow() {
@@ -51,7 +58,8 @@ HraWindow::HraWindow(Skin& skin, DSound& sound, Settings& settings)
       imOk2_(new PictureBar(this)),
       strip_(new MessageStrip(this)),
       pctBlesk_(new QWidget(this)),
-      hideAway_(std::make_unique<HideAway>()) {
+      hideAway_(std::make_unique<HideAway>()),
+      controls_(std::make_unique<RunControls>(*this, skin, settings)) {
   setObjectName("frmHra");
   setFocusPolicy(Qt::StrongFocus);
   setAttribute(Qt::WA_OpaquePaintEvent);
@@ -64,22 +72,35 @@ HraWindow::HraWindow(Skin& skin, DSound& sound, Settings& settings)
   hra_.SetStage(*this);
   tmrHra_.setTimerType(Qt::PreciseTimer);
   connect(&tmrHra_, &QTimer::timeout, this, &HraWindow::OnTick);
-  connect(topBar_, &TopBar::RestartClicked, this, &HraWindow::RestartClicked);
+  connect(topBar_, &TopBar::RestartClicked, this, &HraWindow::Restart);
   connect(topBar_, &TopBar::SettingsClicked, this, &HraWindow::EditSettings);
   connect(topBar_, &TopBar::ViewClicked, this, &HraWindow::ToggleView);
   connect(topBar_, &TopBar::LeaveClicked, this, &HraWindow::EndRequested);
   connect(hideAway_.get(), &HideAway::Found, this, &HraWindow::ComeBack);
 }
 
-void HraWindow::StartTicking() {
-  running_ = true;
+HraWindow::~HraWindow() = default;
+
+void HraWindow::StartTicking(bool again) {
   ListenToPad();
   ReleaseKeys();
   topBar_->PulseRestart(false);
-  UpdateCaption();
-  SetInterval();
+  SetTitle(*this, RunCaption(hra_, skin_));
+  controls_->Starts(again);
+  PaceChanged();
   PresentView();
+  GoOn();
+}
+
+void HraWindow::GoOn() {
+  running_ = true;
   if (!paused_ && dialogs_ == 0) tmrHra_.start();
+}
+
+void HraWindow::ShowMoment(bool jump) {
+  zorik::ShowMoment(hra_, jump, painter_, *topBar_, *strip_);
+  topBar_->PulseRestart(NothingHelps());
+  PresentView();
 }
 
 void HraWindow::Stop() {
@@ -88,13 +109,17 @@ void HraWindow::Stop() {
   hideAway_->hide();
   tmrHra_.stop();
   sounds_.StopAll();
+  controls_->Now().Stops();
 }
 
 // At its fastest the game shows every tick, so there are no more ticks than the screen has pictures.
-void HraWindow::SetInterval() {
-  const int wanted = TimerInterval(hra_.ReplayPlaying() ? settings_.SpeedR : settings_.Speed);
+int HraWindow::Paced(int wanted) const {
   const qreal rate = std::max(1.0, screen()->refreshRate());
-  tmrHra_.setInterval(std::max(wanted, static_cast<int>(std::ceil(1000 / rate))));
+  return std::max(wanted, static_cast<int>(std::ceil(1000 / rate)));
+}
+
+void HraWindow::PaceChanged() {
+  tmrHra_.setInterval(Paced(controls_->Now().Interval()));
 }
 
 // The tick
@@ -107,7 +132,7 @@ void HraWindow::OnTick() {
     joyPad_->Forget();
   }
   requests_.clear();
-  const TickEnd end = Tick(hra_, keys);
+  const TickEnd end = controls_->Now().Pass(keys);
   PresentView();
   AfterTick(end);
 }
@@ -124,6 +149,7 @@ void HraWindow::ListenToPad() {
 void HraWindow::ReleaseKeys() {
   keyboard_.ReleaseAll();
   if (joyPad_) joyPad_->Forget();
+  controls_->Now().ReleaseKeys();
 }
 
 // The run goes on, but nobody can bring it to an end any more.
@@ -136,14 +162,17 @@ bool HraWindow::NothingHelps() const {
 void HraWindow::RecordEnds() {
   strip_->ShowNotice(kRecordEndWords.In(skin_), ToColour(Colour::White));
   topBar_->PulseRestart(true);
+  controls_->Now().RecordEnds();
   emit RecordOver();
 }
 
 void HraWindow::AfterTick(TickEnd end) {
   const std::vector<Request> requests = std::exchange(requests_, {});
   for (const Request request : requests) Act(request);
-  if (end == TickEnd::Restarted) UpdateCaption();
+  if (end == TickEnd::Restarted) SetTitle(*this, RunCaption(hra_, skin_));
   topBar_->PulseRestart(end == TickEnd::Running && NothingHelps());
+  const bool mourns = hra_.Kind == RunKind::Play && UnitIsLost(hra_);
+  topBar_->AddToRestartTip(mourns ? kTryPracticeWords.In(skin_) : QString());
   if (end != TickEnd::Won && end != TickEnd::RecordOver) return;
   Stop();
   if (end == TickEnd::Won) {
@@ -208,7 +237,8 @@ void HraWindow::ChangeSpeed(int delta) {
   int& speed = hra_.ReplayPlaying() ? settings_.SpeedR : settings_.Speed;
   speed = ZmenRychlost(speed, delta);
   Disregard(StoreSett(settings_));  // a speed that cannot be kept is good for this run all the same
-  SetInterval();
+  controls_->Now().SpeedChosen();
+  PaceChanged();
 }
 
 void HraWindow::ToggleView() {
@@ -217,14 +247,14 @@ void HraWindow::ToggleView() {
   PresentView();
 }
 
-void HraWindow::RestartClicked() {
+void HraWindow::Restart() {
   ReleaseKeys();
   RestartCave(hra_);
-  StartTicking();
+  StartTicking(true);
 }
 
 void HraWindow::EditSettings() {
-  const bool shown = settings_.NoSurprise;
+  const Settings before = settings_;
   bool changed = false;
   WithDialog([&] { changed = FrmSettings(skin_, this).Edit(settings_); });
   if (!changed) return;
@@ -232,8 +262,9 @@ void HraWindow::EditSettings() {
   sounds_.SwitchLoops(settings_.Loops);
   sounds_.Switch(settings_.Sound);
   ListenToPad();
-  SetInterval();
-  if (settings_.NoSurprise != shown) RepaintHiddenThings();
+  if (settings_.SpeedR != before.SpeedR) controls_->Now().SpeedChosen();
+  PaceChanged();
+  if (settings_.NoSurprise != before.NoSurprise) RepaintHiddenThings();
 }
 
 void HraWindow::RepaintHiddenThings() {
@@ -299,10 +330,27 @@ void HraWindow::CaveOpens() {
   if (!loaded) emit NoSound(QString::fromStdString(loaded.Message()));
   ShowDecoration();
   topBar_->HideUnits();
-  // The view toggle starts as whether this is a replay; in play the view scrolls whatever it says.
+  ShowKind();
+}
+
+// The view toggle starts as whether this is a replay; in play the view scrolls whatever it says.
+void HraWindow::ShowKind() {
   painter_.SetScrollView(!hra_.EditorRun());
   topBar_->ShowLabel1(hra_.ReplayPlaying() || hra_.EditorRun());
   topBar_->SetScrollView(painter_.ScrollView());
+}
+
+void HraWindow::KindChanged() {
+  ShowKind();
+  SetTitle(*this, RunCaption(hra_, skin_));
+  ReleaseKeys();
+  PaceChanged();
+  PresentView();
+}
+
+void HraWindow::Say(const QString& text, bool stays) {
+  if (stays) return strip_->ShowNotice(text, ToColour(Colour::White));
+  strip_->ShowMessage(text, ToColour(Colour::White));
 }
 
 void HraWindow::ShowDecoration() {
@@ -335,20 +383,7 @@ void HraWindow::ShowRemark(std::string_view text, Colour colour) {
 }
 
 void HraWindow::Label(LabelId label, int value) {
-  switch (label) {
-    case LabelId::Clock:
-      topBar_->SetClock(value);
-      break;
-    case LabelId::Gems:
-      topBar_->SetGems(value);
-      break;
-    case LabelId::Needed:
-      topBar_->SetNeeded(value);
-      break;
-    case LabelId::Value:
-      topBar_->SetValue(value);
-      break;
-  }
+  topBar_->SetFigure(label, value);
 }
 
 void HraWindow::DrawDogN(int n, int state) {
@@ -363,26 +398,10 @@ std::optional<std::uint64_t> HraWindow::Reseed() {
   return ClockNow();
 }
 
-void HraWindow::UpdateCaption() {
-  QString caption = QString(kProgramTitle) + " - ";
-  if (!hra_.EditorRun() && !hra_.CollectionName.empty()) caption += ToQString(hra_.CollectionName) + " - ";
-  caption += ToQString(hra_.CaveName) + "   ...";
-  const bool nobody = hra_.PlayerName == kNobody;
-  if (hra_.ReplayPlaying() && nobody) {
-    caption += skin_.Text(TextId::PlayingRecord);
-  } else {
-    const TextId what = hra_.EditorRun()       ? TextId::TestedBy
-                        : hra_.ReplayPlaying() ? TextId::RecordForPlayer
-                                               : TextId::PlayedBy;
-    const std::string player = nobody ? std::string() : ToUtf8(hra_.PlayerName);
-    caption += QString::fromStdString(BlankJoin(skin_.Words().At(what), player));
-  }
-  SetTitle(*this, QString::fromStdString(WithoutControls(caption.toStdString())));
-}
-
 // The window's events
 
 void HraWindow::keyPressEvent(QKeyEvent* event) {
+  if (controls_->Now().Press(*event)) return;
   if (GameKey(*event) >= 0) {
     keyboard_.Press(*event);
     return;
@@ -402,6 +421,7 @@ void HraWindow::SetFullScreen(bool full) {
 }
 
 void HraWindow::keyReleaseEvent(QKeyEvent* event) {
+  if (controls_->Now().Release(*event)) return;
   keyboard_.Release(*event);
 }
 
@@ -417,7 +437,7 @@ void HraWindow::showEvent(QShowEvent* event) {
 
 // Another screen may be finer, or show more pictures in a second.
 void HraWindow::ScreenChanged() {
-  SetInterval();
+  PaceChanged();
   Arrange();
 }
 
@@ -431,6 +451,7 @@ void HraWindow::Arrange() {
   ram_->setGeometry(layout.ram);
   imOk2_->setGeometry(layout.imOk2);
   strip_->SetTop(layout.imOk1.bottom() + 1 + kBelowBar);
+  controls_->Now().Arrange();
   if (pctBlesk_->isVisible()) pctBlesk_->setGeometry(rect());
   PresentView();
 }

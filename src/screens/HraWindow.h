@@ -24,6 +24,8 @@
 
 namespace zorik {
 
+class RunControls;
+
 // The game window: it plays one run at a time and is the machine's stage. Which run comes, and what becomes
 // of one that is won, is decided elsewhere. Dialogs open only when a tick is over, and no tick runs while one
 // is open.
@@ -33,9 +35,13 @@ class HraWindow : public QWidget, private Stage {
  public:
   // Settings are changed and stored by the window's own controls, too.
   HraWindow(Skin& skin, DSound& sound, Settings& settings);
+  ~HraWindow() override;
 
-  // Lets time go on in the run that has just been started on its machine.
-  void StartTicking();
+  // Lets time go on in the run that has just been started on its machine; again: it was on before.
+  void StartTicking(bool again = false);
+
+  // Starts the run anew.
+  void Restart();
 
   // The record of a win of the cave goes beside the run in play that has just been started, as its ghost. No
   // bytes: none does.
@@ -50,6 +56,24 @@ class HraWindow : public QWidget, private Stage {
   // Shows a dialog; the game stands still meanwhile and starts with no key held.
   void WithDialog(const std::function<void()>& dialog);
 
+  // The machine has been brought to another moment: shows it as it is by now, with jump at once in the view.
+  void ShowMoment(bool jump);
+
+  // The run has become one of another kind.
+  void KindChanged();
+
+  // A message of the run; one that stays is there until the next, or another moment.
+  void Say(const QString& text, bool stays);
+
+  // Time goes on in a run that had come to its end.
+  void GoOn();
+
+  // Takes the pace that is wanted by now; Paced answers what the display makes of milliseconds that are.
+  void PaceChanged();
+  int Paced(int wanted) const;
+
+  Sounds& RunSounds() { return sounds_; }
+  RunControls& Controls() { return *controls_; }
   Hra& Machine() { return hra_; }
   const Hra& Machine() const { return hra_; }
   const Ram& PlayArea() const { return *ram_; }
@@ -118,11 +142,9 @@ class HraWindow : public QWidget, private Stage {
   void ComeBack();
   void EditSettings();
   void RepaintHiddenThings();
-  void RestartClicked();
-  void SetInterval();
   void Pause();
   void Resume();
-  void UpdateCaption();
+  void ShowKind();
   void ShowDecoration();
 
   Skin& skin_;
@@ -148,6 +170,7 @@ class HraWindow : public QWidget, private Stage {
   MessageStrip* strip_;
   QWidget* pctBlesk_;
   std::unique_ptr<HideAway> hideAway_;
+  std::unique_ptr<RunControls> controls_;
   QTimer tmrHra_;
 };
 

@@ -81,6 +81,33 @@ inline constexpr StartWords kPairTimeWords{"caption.pair.time"};
 inline constexpr StartWords kPairGemsWords{"caption.pair.gems"};
 inline constexpr StartWords kPairScoreWords{"caption.pair.score"};
 
+// Of the bar of a record that plays.
+inline constexpr StartWords kPlayOrStopWords{"caption.theatre.play"};
+inline constexpr StartWords kStepBackWords{"caption.theatre.back"};
+inline constexpr StartWords kStepForwardWords{"caption.theatre.forward"};
+inline constexpr StartWords kSlowerWords{"caption.theatre.slower"};
+inline constexpr StartWords kFasterWords{"caption.theatre.faster"};
+inline constexpr StartWords kSeekWords{"caption.theatre.seek"};
+inline constexpr StartWords kPlayAgainWords{"caption.theatre.again"};
+inline constexpr StartWords kTakeOverWords{"caption.theatre.takeover"};
+inline constexpr StartWords kTakeOverHint{"caption.theatre.takeoverhint"};
+
+// Of a run in practice.
+inline constexpr StartWords kPracticeWords{"caption.practice.badge"};
+inline constexpr StartWords kPracticeKeysWords{"caption.practice.keys"};
+inline constexpr StartWords kPractisedByWords{"caption.practice.by"};
+inline constexpr StartWords kPracticeLostWords{"caption.practice.lost"};
+inline constexpr StartWords kPracticeWonWords{"caption.practice.won"};
+inline constexpr StartWords kEarnestWords{"caption.practice.earnest"};
+inline constexpr StartWords kMarkedWords{"caption.practice.marked"};
+inline constexpr StartWords kNoMarkWords{"caption.practice.nomark"};
+inline constexpr StartWords kSearchingWords{"caption.practice.searching"};
+inline constexpr StartWords kCouldBeSavedWords{"caption.practice.saved"};
+inline constexpr StartWords kNotSavedWords{"caption.practice.notsaved"};
+inline constexpr StartWords kStillAliveWords{"caption.practice.alive"};
+inline constexpr StartWords kTryPracticeWords{"caption.practice.try"};
+inline constexpr StartWords kPracticeButtonWords{"caption.practice.begin"};
+
 // Messages; what is meant stands behind those that end in a colon.
 inline constexpr StartWords kNoCollectionWords{"caption.error.nocollection"};
 inline constexpr StartWords kNoCaveWords{"caption.error.cave"};

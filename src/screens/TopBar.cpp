@@ -77,10 +77,30 @@ void TopBar::SetPictures(const QImage& border1, const QImage& restart, const QIm
 
 void TopBar::SetTips(const QString& restart, const QString& settings, const QString& view,
                      const QString& leave) {
+  restartTip_ = restart;
+  moreOfRestart_.clear();
   SetHint(*picRestart_, restart);
   SetHint(*settings_, settings);
   SetHint(*view_, view);
   SetHint(*leave_, leave);
+}
+
+void TopBar::AddToRestartTip(const QString& more) {
+  if (std::exchange(moreOfRestart_, more) == more) return;
+  SetHint(*picRestart_, more.isEmpty() ? restartTip_ : restartTip_ + '\n' + more);
+}
+
+void TopBar::SetFigure(LabelId label, int value) {
+  switch (label) {
+    case LabelId::Clock:
+      return SetClock(value);
+    case LabelId::Gems:
+      return SetGems(value);
+    case LabelId::Needed:
+      return SetNeeded(value);
+    case LabelId::Value:
+      return SetValue(value);
+  }
 }
 
 void TopBar::Change(int& number, int value, const QRect& place) {

@@ -23,6 +23,10 @@ class TopBar : public QWidget {
   // What the buttons say under the pointer.
   void SetTips(const QString& restart, const QString& settings, const QString& view, const QString& leave);
 
+  // What the button that begins anew says beside that; nothing for an empty text.
+  void AddToRestartTip(const QString& more);
+
+  void SetFigure(LabelId label, int value);
   void SetClock(int seconds);
   void SetGems(int collected);
   void SetNeeded(int needed);
@@ -72,6 +76,8 @@ class TopBar : public QWidget {
   QImage ground_;  // all that lies below figures and buttons, as it is on the screen; empty until it is drawn
   TopBarLayout layout_;
   DogStrip psi_;
+  QString restartTip_;
+  QString moreOfRestart_;
   bool units_ = false;
   int clock_ = 0;
   int gems_ = 0;

@@ -18,6 +18,7 @@ constexpr int kFirstSeconds = 3;
 WinFlow::WinFlow(Flow& flow, FrmPoSt& frmPoSt, FrmAnalyze& frmAnalyze, RecordKeeper& keeper)
     : flow_(flow), frmPoSt_(frmPoSt), frmAnalyze_(frmAnalyze), keeper_(keeper) {
   connect(&frmAnalyze_, &FrmAnalyze::Closed, this, &WinFlow::OnClosed);
+  connect(&frmAnalyze_, &FrmAnalyze::AgainWanted, this, &WinFlow::OnAgain);
 }
 
 void WinFlow::RunWon() {
@@ -34,7 +35,14 @@ void WinFlow::ShowScore() {
   } else {
     frmAnalyze_.ClearCountdown();
   }
+  frmAnalyze_.OfferAgain(flow_.Kind() == RunKind::Replay);
   frmAnalyze_.Open();
+}
+
+void WinFlow::OnAgain() {
+  if (!flow_.Busy()) return;
+  flow_.ScoreClosed();
+  emit PlayAgain();
 }
 
 void WinFlow::OnClosed() {

@@ -26,9 +26,12 @@ class WinFlow : public QObject {
   // A window is to come that this one does not know: the start screen, or the cave editor.
   void ShowStart();
   void ShowEditor();
+  // The record that was won is to be played again, in the game window.
+  void PlayAgain();
 
  private:
   void ShowScore();
+  void OnAgain();
   void OnClosed();
   void ShowNext();
   void StoreWin();

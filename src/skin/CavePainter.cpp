@@ -18,6 +18,11 @@ void CavePainter::MoveView(const Hra& hra, bool jump) {
   view_.Follow(unit.x, unit.y, hra.CaveWidth, hra.CaveHeight, jump);
 }
 
+void CavePainter::ShowMoment(const Hra& hra, bool jump) {
+  pictures_.ShowMoment(hra);
+  MoveView(hra, jump);
+}
+
 const QRegion& CavePainter::Look(const Hra& hra, QSize frame) {
   const ViewArea area = scrollView_ ? view_.Scrolled() : ZornePole::Whole(hra.CaveWidth, hra.CaveHeight);
   changed_ = LookAt(area, DrawnCell(area, frame), pictures_, tiles_, drawn_);

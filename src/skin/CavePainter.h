@@ -25,6 +25,9 @@ class CavePainter final : public PartPainter {
   void CellChanged(const Hra& hra, int x, int y) { pictures_.Change(hra, x, y); }
   void MoveView(const Hra& hra, bool jump);
 
+  // The run is at a moment that no call has led to.
+  void ShowMoment(const Hra& hra, bool jump);
+
   // Another skin, from the next cave on.
   void SetPlaces(SkinPlaces places) { places_ = std::move(places); }
 

@@ -104,6 +104,20 @@ void CellPictures::Change(const Hra& hra, int x, int y) {
   pictures_[*place] = Choose(hra, c);
 }
 
+void CellPictures::ShowMoment(const Hra& hra) {
+  for (int y = -1; y <= hra.CaveHeight; ++y) {
+    for (int x = -1; x <= hra.CaveWidth; ++x) {
+      if (!IsObject(hra.Field(Cell(x, y)))) continue;
+      const Rows rows = ChooseBase(hra, Cell(x, y)).rows;
+      const CellPicture before = At(x, y);
+      Change(hra, x, y);
+      CellPicture& now = pictures_[*Place(x, y)];
+      const bool byLot = rows == Rows::ByLot || rows == Rows::MostlyFirst;
+      if (byLot && now.Pic == before.Pic && now.Col == before.Col) now = before;
+    }
+  }
+}
+
 // What a cell passes for: a pattern, or the object that the table tells of.
 CellPictures::Base CellPictures::ChooseBase(const Hra& hra, Cell c) const {
   if (IsBomb(hra, c)) return {{kSetBomb, 0, 0}};

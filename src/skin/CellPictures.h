@@ -44,6 +44,10 @@ class CellPictures {
   // The picture that a cell of this run, or of another one in the same cave, would get now.
   CellPicture Choose(const Hra& hra, Cell c);
 
+  // Chooses the pictures of all cells for a moment that was not played towards. What is drawn by lot stays as
+  // it is where the cell holds the same.
+  void ShowMoment(const Hra& hra);
+
   // The picture of a cell; empty space outside of -1..100 and -1..60.
   CellPicture At(int x, int y) const;
 

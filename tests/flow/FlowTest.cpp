@@ -304,5 +304,47 @@ TEST_F(FlowBetterScore, CountsForNothingOnceTheCaveHasChanged) {
   EXPECT_EQ(Head(path).Score, 40);
 }
 
+// Practice
+
+TEST_F(FlowTest, LetsTheChosenCaveBePractised) {
+  Open({OneStepCave("a"), OneStepCave("b", 51)});
+  ASSERT_TRUE(flow.StartPractice());
+  EXPECT_EQ(flow.Kind(), RunKind::Practice);
+  EXPECT_EQ(hra.CaveName, "a");
+  EXPECT_EQ(hra.CollectionName, "Sada");
+  EXPECT_EQ(hra.PlayerName, "Ada");
+  EXPECT_EQ(flow.Leave(), WayBack::Selection);
+  flow.Choose(2);
+  EXPECT_FALSE(flow.StartPractice()) << "it is closed";
+}
+
+TEST_F(FlowTest, OpensNoCaveAndKeepsAndCountsNothingOfAWinInPractice) {
+  Open({OneStepCave("a"), OneStepCave("b", 51)});
+  ASSERT_TRUE(flow.StartPractice());
+  test::StepToWin(hra);
+  ASSERT_TRUE(hra.Win);
+  EXPECT_FALSE(flow.Win());
+  EXPECT_FALSE(flow.Busy());
+  EXPECT_EQ(flow.Caves().State(1), CaveState::Open);
+  EXPECT_EQ(flow.Caves().State(2), CaveState::Closed);
+  EXPECT_EQ(flow.Caves().Total(), 0);
+  EXPECT_TRUE(std::filesystem::is_empty(PlayerFolder()));
+  EXPECT_TRUE(flow.Unstored().All().empty());
+}
+
+TEST_F(FlowTest, LeavesTheRecordOfAnEarlierWinAloneInPractice) {
+  Open({OneStepCave("a"), OneStepCave("b", 51)});
+  Win(1);
+  const std::string path = flow.ChosenSlot().Path;
+  flow.Choose(1);
+  const std::string record = *ReadWhole(flow.ChosenSlot().Path);
+  ASSERT_TRUE(flow.StartPractice());
+  test::StepToWin(hra);
+  EXPECT_FALSE(flow.Win());
+  EXPECT_EQ(*ReadWhole(flow.ChosenSlot().Path), record);
+  EXPECT_FALSE(Exists(path)) << "of the cave behind it";
+  EXPECT_EQ(flow.Caves().Total(), kPoints);
+}
+
 }  // namespace
 }  // namespace zorik

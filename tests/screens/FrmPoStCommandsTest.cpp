@@ -52,6 +52,36 @@ TEST_F(FrmPoStCommands, PlaysNoClosedCave) {
   EXPECT_EQ(played.size(), 0);
 }
 
+TEST_F(FrmPoStCommands, LetsAnOpenCaveBePractisedByButtonAndKey) {
+  Caves(2);
+  Open();
+  QSignalSpy practised(window.get(), &FrmPoSt::PracticeWanted);
+  EXPECT_TRUE(Button("practice").isVisible());
+  EXPECT_TRUE(Button("practice").toolTip().startsWith("Trénink"));
+  Click("practice");
+  Press(Qt::Key_T);
+  EXPECT_EQ(practised.size(), 2);
+  ClickRow(2);
+  EXPECT_FALSE(Button("practice").isVisible());
+  Press(Qt::Key_T);
+  EXPECT_EQ(practised.size(), 2) << "a closed cave";
+}
+
+TEST_F(FrmPoStCommands, LetsACaveBePractisedByKeyInASkinWithoutTheButton) {
+  auto table = *ReadWhole(folder.Root() + "/Skins/Default/Menu/skindata.txt");
+  const std::string key = "practice.image=";
+  ASSERT_NE(table.find(key), std::string::npos);
+  table.erase(table.find(key), table.find("vscroll.image=", table.find(key)) - table.find(key));
+  folder.File("Skins/Default/Menu/skindata.txt", table);
+  ASSERT_TRUE(skin.Apply({folder.Root() + "/Skins"}));
+  Caves(1);
+  Open();
+  EXPECT_FALSE(Button("practice").isVisible());
+  QSignalSpy practised(window.get(), &FrmPoSt::PracticeWanted);
+  Press(Qt::Key_T);
+  EXPECT_EQ(practised.size(), 1);
+}
+
 TEST_F(FrmPoStCommands, PlaysTheRecordOfASolvedCaveByButtonAndKeys) {
   Caves(2);
   Record(1, 10, "Jiný");

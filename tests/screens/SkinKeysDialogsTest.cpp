@@ -110,6 +110,7 @@ SkinKeys KeysOfScore() {
                   {"score.image", "ground", Pixel({6, 6}), KeyHome::GroundColour().name()}} +
          KeysOfButton("score.ok", "ok") + KeysOfScoreLabel("score.line", "Label2") +
          KeysOfScoreLabel("score.total", "Label3") + KeysOfScoreLabel("score.seconds", "Label4") +
+         KeysOfScoreLabel("score.again", "again") +
          SkinKeys{{"score.bonus.left", "61", Left("Image1"), "61"},
                   {"score.bonus.top", "73", Top("Image1"), "73"}};
 }

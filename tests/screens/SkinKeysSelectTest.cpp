@@ -141,10 +141,10 @@ SkinKeys KeysOfSelection() {
          KeysOfBox("select.colldescription", "lblDescription") + KeysOfBox("select.collauthor", "Label3") +
          KeysOfBox("select.cavedescription", "lblCaveDescription") + KeysOfButton("select.replay", "replay") +
          KeysOfButton("select.play", "play") + KeysOfButton("select.congratulation", "congratulation") +
-         KeysOfButton("select.send", "send") + KeysOfButton("select.vscroll", "vscroll") +
-         KeysOfButton("select.close", "close") + KeysOfButton("select.help", "help") +
-         KeysOfButton("select.ghost", "ghost") + KeysOfRest() +
-         KeysOfRecord() + KeysOfCaves();
+         KeysOfButton("select.send", "send") + KeysOfButton("select.practice", "practice") +
+         KeysOfButton("select.vscroll", "vscroll") + KeysOfButton("select.close", "close") +
+         KeysOfButton("select.help", "help") +
+         KeysOfButton("select.ghost", "ghost") + KeysOfRest() + KeysOfRecord() + KeysOfCaves();
 }
 
 SkinKeys KeysOfPlainAuthor() {

@@ -239,6 +239,30 @@ TEST_F(WinFlowTest, ShowsTheScoreOfAReplayOnceAndStoresNothing) {
   EXPECT_EQ(Text("lblCaveName"), "a");
 }
 
+TEST_F(WinFlowTest, OffersARecordAgainAndNothingElse) {
+  Start({"a", "b"});
+  ASSERT_TRUE(WriteWhole(RecordPath(1), RecordOf(1, "Jiný")));
+  const auto* const again = analyze_->findChild<SkinLabel*>("again");
+  for (const Qt::Key key : {Qt::Key_R, Qt::Key_Z}) {
+    events_.clear();
+    ASSERT_TRUE(flow.ReplayChosen());
+    EndTheRun();
+    EXPECT_TRUE(again->isVisible());
+    EXPECT_EQ(again->Text(), "Znovu, rychlostí hry (R)");
+    QTest::keyClick(analyze_.get(), key);
+    EXPECT_FALSE(analyze_->isVisible());
+    EXPECT_FALSE(flow.Busy());
+    EXPECT_FALSE(window->isVisible());
+    EXPECT_EQ(events_, QStringList({"hide", "again"}));
+  }
+  Win(1);
+  EXPECT_FALSE(again->isVisible());
+  QTest::keyClick(analyze_.get(), Qt::Key_R);
+  EXPECT_TRUE(analyze_->isVisible());
+  CloseScore();
+  CloseScore();
+}
+
 TEST_F(WinFlowTest, LeadsFromARecordFromOutsideToTheStartScreen) {
   Start({"a"});
   folder.File("x.zkr", RecordOf(1, "Jiný"));

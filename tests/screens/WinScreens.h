@@ -32,10 +32,11 @@ class WinScreens : public testing::Test, public PostScreen {
     Open();
     analyze_ = std::make_unique<FrmAnalyze>(skin, window.get());
     windows_ = std::make_unique<WinFlow>(flow, *window, *analyze_, keeper_);
-    for (const auto& [name, signal] : std::initializer_list<std::pair<const char*, void (WinFlow::*)()>>{
-             {"hide", &WinFlow::HideGame},
-             {"start", &WinFlow::ShowStart},
-             {"editor", &WinFlow::ShowEditor}}) {
+    for (const auto& [name, signal] :
+         std::initializer_list<std::pair<const char*, void (WinFlow::*)()>>{{"hide", &WinFlow::HideGame},
+                                                                            {"start", &WinFlow::ShowStart},
+                                                                            {"editor", &WinFlow::ShowEditor},
+                                                                            {"again", &WinFlow::PlayAgain}}) {
       QObject::connect(windows_.get(), signal, [this, name = name] { events_ << name; });
     }
     window->hide();

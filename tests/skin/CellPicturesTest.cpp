@@ -27,6 +27,27 @@ TEST(CellPictures, LetAnOpenFinishFollowTheClock) {
   EXPECT_EQ(cave.Again(1, 0), Of(kFinish, 0, 3));
 }
 
+TEST(CellPictures, ShowAnotherMomentWithoutDrawingAnewWhatStaysThere) {
+  Pictured cave({";;;;;;;;;;;;", "XXXXXXXXXXXX", "RRRRRRRRRRRR", "1D......;..;"});
+  std::vector<CellPicture> before;
+  for (int y = 0; y < 4; ++y) {
+    for (int x = 0; x < 12; ++x) before.push_back(cave.At(x, y));
+  }
+  cave.hra.SetObject(Cell(0, 0), kSpace, kFlat);
+  cave.hra.SetObject(Cell(1, 2), kSpace, kFlat);
+  cave.hra.Elapsed = 3;
+  cave.pictures.ShowMoment(cave.hra);
+  int kept = 0;
+  for (int y = 0; y < 3; ++y) {
+    for (int x = 0; x < 12; ++x)
+      kept += cave.At(x, y) == before[static_cast<std::size_t>(y * 12 + x)] ? 1 : 0;
+  }
+  EXPECT_EQ(kept, 36 - 2) << "all but the two cells that are empty now";
+  EXPECT_EQ(cave.At(0, 0).Pic, kSetSpace);
+  EXPECT_EQ(cave.At(1, 2).Pic, kSetSpace);
+  EXPECT_EQ(cave.At(1, 3), Of(kSetGem, 0, 3)) << "a gem glitters with the clock";
+}
+
 TEST(CellPictures, ShowGrowingWallsAsBrick) {
   Pictured cave({"1.E.V"}, {}, 1);
   EXPECT_EQ(cave.At(2, 0), Of(kBrick));

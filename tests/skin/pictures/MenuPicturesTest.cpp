@@ -22,7 +22,7 @@ constexpr Picture kButtons[] = {
     {"help", 96, 32},      {"vscroll", 60, 48},    {"hscroll", 144, 20},   {"replay", 216, 40},
     {"playcave", 216, 40}, {"congrat", 216, 40},   {"send", 216, 40},      {"ok", 240, 32},
     {"yes", 240, 32},      {"no", 240, 32},        {"cancel", 240, 32},    {"retry", 240, 32},
-    {"plate", 240, 32},    {"plateback", 240, 32},
+    {"plate", 240, 32},    {"plateback", 240, 32}, {"practice", 96, 32},
 };
 
 constexpr Picture kOthers[] = {

@@ -40,6 +40,7 @@ const std::vector<Group> kGroups = {
       "select.play",
       "select.congratulation",
       "select.send",
+      "select.practice",
       "select.vscroll",
       "select.close",
       "select.help",
@@ -68,7 +69,7 @@ const std::vector<Group> kGroups = {
     {{"select.score"}, {"left", "top", "textcolor"}},
     {{"congratulation.congrat", "addplayer.name"}, {"left", "top", "width", "height", "color", "textcolor"}},
     {{"select.rest", "select.record"}, {"left", "top", "width", "height", "alignment", "textcolor"}},
-    {{"score.line", "score.total", "score.seconds"}, {"left", "top", "width", "height"}},
+    {{"score.line", "score.total", "score.seconds", "score.again"}, {"left", "top", "width", "height"}},
     {{"score.bonus"}, {"left", "top"}},
     {{"version"}, {"textcolor"}},
     {{"settings", "dialog"}, {"color"}},
@@ -223,8 +224,8 @@ TEST_F(SkinFiles, PutButtonsAndBoxesOntoTheWindowsPicture) {
                "start.changeskin"},
               {"start.caves", "start.players"});
   CheckPlaces("select.image",
-              {"select.replay", "select.play", "select.congratulation", "select.send", "select.vscroll",
-               "select.close", "select.help"},
+              {"select.replay", "select.play", "select.congratulation", "select.send", "select.practice",
+               "select.vscroll", "select.close", "select.help"},
               {"select.caves"});
   CheckPlaces("congratulation.image", {"congratulation.ok", "congratulation.close", "congratulation.help"},
               {"congratulation.congrat"});

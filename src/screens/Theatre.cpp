@@ -1,0 +1,284 @@
+#include "screens/Theatre.h"
+
+#include <QKeyEvent>
+#include <QLocale>
+#include <QMouseEvent>
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <utility>
+
+#include "core/Speed.h"
+#include "screens/HraWindow.h"
+#include "screens/StartWords.h"
+#include "screens/TheatreBar.h"
+#include "skin/Skin.h"
+
+namespace zorik {
+namespace {
+
+constexpr int kBarStays = 3000;  // milliseconds
+constexpr int kLookForKeys = 40;
+constexpr int kFarTicks = 5 * kTicksPerSecond;
+constexpr double kSlowest = 0.25;  // of the speed of play
+constexpr double kAlike = 1.06;    // two speeds that nobody tells apart
+
+QString SpeedText(double speed, const Skin& skin) {
+  const QChar times(0xD7);
+  if (speed < 0.3) return QString(QChar(0xBC)) + times;
+  if (speed < 0.6) return QString(QChar(0xBD)) + times;
+  const int digits = std::abs(speed - std::round(speed)) < 0.05 ? 0 : 1;
+  return QLocale(LanguageOf(skin)).toString(speed, 'f', digits) + times;
+}
+
+}  // namespace
+
+Theatre::Theatre(HraWindow& window, const Skin& skin, const Settings& settings)
+    : RunControl(window, settings), skin_(skin), bar_(new TheatreBar(&window)) {
+  leave_.setSingleShot(true);
+  leave_.setInterval(kBarStays);
+  leave_.callOnTimeout([this] { MaybeHideBar(); });
+  connect(bar_, &TheatreBar::Sought, this, &Theatre::SeekTo);
+  connect(bar_, &TheatreBar::Stepped, this, &Theatre::Step);
+  connect(bar_, &TheatreBar::PlayClicked, this, &Theatre::TogglePlay);
+  connect(bar_, &TheatreBar::SpeedClicked, this, &Theatre::ChangeSpeed);
+  connect(bar_, &TheatreBar::AgainClicked, this, &Theatre::PlayAgain);
+  connect(bar_, &TheatreBar::TakeOverClicked, this, &Theatre::TakeOver);
+  connect(bar_, &TheatreBar::Dropped, this, [this] { Stand(stands_); });
+  Watch(window);
+  for (QWidget* const widget : window.findChildren<QWidget*>()) Watch(*widget);
+}
+
+void Theatre::Watch(QWidget& widget) {
+  widget.setMouseTracking(true);
+  widget.installEventFilter(this);
+}
+
+void Theatre::Starts(bool again) {
+  timeline_.emplace(WholeReplay(window_.Machine()));
+  stands_ = over_ = false;
+  fresh_ = true;
+  if (!again) speed_.reset();
+  bar_->SetWords(skin_);
+  bar_->SetRun(timeline_->Length(), timeline_->Events());
+  bar_->OfferAgain(false);
+  ShowBar();
+}
+
+void Theatre::Stops() {
+  RunControl::Stops();
+  leave_.stop();
+  bar_->hide();
+}
+
+// While the knob is dragged the run waits for where it is dropped.
+TickEnd Theatre::Pass(const KeySnapshot& keys) {
+  if (std::exchange(fresh_, false)) leave_.start();
+  if (stands_ || bar_->Dragging()) {
+    const TickEnd end = StandStill(keys);
+    if (end == TickEnd::Restarted) Stand(false);
+    return end;
+  }
+  const TickEnd end = Tick(window_.Machine(), keys);
+  if (bar_->isVisible()) ShowPosition();
+  return end;
+}
+
+int Theatre::Position() const {
+  return std::min(window_.Machine().Ticks, timeline_->Length());
+}
+
+// Keys
+
+Theatre::Act Theatre::ActOf(int key) {
+  static constexpr std::array<std::pair<int, Act>, 12> kActs{{{Qt::Key_Space, &Theatre::TogglePlay},
+                                                              {Qt::Key_Period, &Theatre::StepOn},
+                                                              {Qt::Key_Comma, &Theatre::StepBack},
+                                                              {Qt::Key_Right, &Theatre::SeekOn},
+                                                              {Qt::Key_Left, &Theatre::SeekBack},
+                                                              {Qt::Key_Home, &Theatre::ToStart},
+                                                              {Qt::Key_End, &Theatre::ToEnd},
+                                                              {Qt::Key_Up, &Theatre::Faster},
+                                                              {Qt::Key_Down, &Theatre::Slower},
+                                                              {Qt::Key_F7, &Theatre::WhatKilledMe},
+                                                              {Qt::Key_Return, &Theatre::TakeOver},
+                                                              {Qt::Key_Enter, &Theatre::TakeOver}}};
+  for (const auto& [its, act] : kActs) {
+    if (its == key) return act;
+  }
+  return nullptr;
+}
+
+bool Theatre::Press(const QKeyEvent& event) {
+  const Act act = ActOf(event.key());
+  const bool chord = (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) != 0;
+  if (act == nullptr || chord || !timeline_) return false;
+  const bool goesOn = act == &Theatre::StepOn || act == &Theatre::StepBack || act == &Theatre::SeekOn ||
+                      act == &Theatre::SeekBack;
+  if (event.isAutoRepeat() && !goesOn) return true;
+  (this->*act)();
+  return true;
+}
+
+// At the end there is nothing left to play but all of it.
+void Theatre::TogglePlay() {
+  if (!stands_ || Position() < timeline_->Length()) return Stand(!stands_);
+  SeekTo(0);
+  Stand(false);
+}
+
+void Theatre::SeekOn() {
+  Seek(kFarTicks);
+}
+
+void Theatre::SeekBack() {
+  Seek(-kFarTicks);
+}
+
+void Theatre::ToStart() {
+  SeekTo(0);
+}
+
+void Theatre::ToEnd() {
+  SeekTo(timeline_->Length());
+}
+
+void Theatre::Step(int ticks) {
+  SeekTo(Position() + ticks);
+  Stand(true);
+}
+
+void Theatre::Seek(int ticks) {
+  SeekTo(Position() + ticks);
+}
+
+// Whoever goes to the end wants to see it, and not the score behind it.
+void Theatre::SeekTo(int tick) {
+  if (!timeline_) return;
+  MoveTo(*timeline_, tick);
+  const bool over = std::exchange(over_, false);
+  if (over) window_.GoOn();
+  Stand((stands_ && !over) || Position() == timeline_->Length());
+}
+
+void Theatre::Stand(bool stands) {
+  stands_ = stands;
+  window_.PaceChanged();
+  if (stands) {
+    Hush();
+  } else if (!bar_->Dragging()) {
+    SoundAgain();
+  }
+  bar_->OfferAgain(Position() == timeline_->Length());
+  ShowBar();
+}
+
+void Theatre::TakeOver() {
+  if (!timeline_) return;
+  SeekTo(std::min(Position(), timeline_->Length() - (window_.Machine().Win ? 1 : 0)));
+  emit TakeOverWanted();
+}
+
+void Theatre::WhatKilledMe() {
+  AskWhatKilled(*timeline_, skin_);
+}
+
+void Theatre::CouldBeSaved(int tick) {
+  SeekTo(tick);
+  Stand(true);
+}
+
+Timeline Theatre::HandOver() {
+  Timeline timeline = std::move(*timeline_);
+  timeline_.reset();
+  timeline.Cut(window_.Machine().Ticks);
+  Stops();
+  return timeline;
+}
+
+// The end
+
+void Theatre::RecordEnds() {
+  over_ = stands_ = true;
+  bar_->OfferAgain(true);
+  ShowBar();
+}
+
+void Theatre::PlayAgain() {
+  speed_ = 1;
+  window_.Restart();
+}
+
+// Speed
+
+int Theatre::PlayInterval() const {
+  return window_.Paced(TimerInterval(settings_.Speed));
+}
+
+int Theatre::Interval() const {
+  if (stands_) return kLookForKeys;
+  if (!speed_) return TimerInterval(settings_.SpeedR);
+  return static_cast<int>(std::lround(PlayInterval() / *speed_));
+}
+
+double Theatre::SpeedNow() const {
+  if (speed_) return *speed_;
+  return static_cast<double>(PlayInterval()) / window_.Paced(TimerInterval(settings_.SpeedR));
+}
+
+// The next power of two, or what the display shows at most.
+void Theatre::ChangeSpeed(int delta) {
+  const double most = static_cast<double>(PlayInterval()) / window_.Paced(0);
+  const double now = SpeedNow();
+  double next = kSlowest;
+  if (delta > 0) {
+    while (next < now * kAlike) next *= 2;
+  } else {
+    while (next * 2 < now / kAlike) next *= 2;
+  }
+  speed_ = std::min(next, std::max(most, kSlowest));
+  window_.PaceChanged();
+  ShowBar();
+}
+
+void Theatre::SpeedChosen() {
+  speed_.reset();
+  if (bar_->isVisible()) ShowPosition();
+}
+
+// The bar
+
+bool Theatre::eventFilter(QObject* object, QEvent* event) {
+  if (event->type() == QEvent::MouseMove && timeline_ && window_.Machine().ReplayPlaying()) {
+    const QPoint pointer = static_cast<QMouseEvent*>(event)->globalPosition().toPoint();
+    if (std::exchange(pointer_, pointer) != pointer) ShowBar();
+  }
+  return RunControl::eventFilter(object, event);
+}
+
+void Theatre::ShowBar() {
+  ShowPosition();
+  Arrange();
+  bar_->raise();
+  bar_->show();
+  leave_.start();
+}
+
+void Theatre::ShowPosition() {
+  bar_->SetSpeed(SpeedText(SpeedNow(), skin_));
+  bar_->ShowMoment(Position(), stands_);
+}
+
+// It stays as long as it is made use of, and while the run stands still.
+void Theatre::MaybeHideBar() {
+  if (fresh_ || stands_ || bar_->Dragging() || bar_->underMouse()) return leave_.start();
+  bar_->hide();
+}
+
+void Theatre::Arrange() {
+  QRect frame = window_.rect();
+  frame.setBottom(std::min(frame.bottom(), window_.PlayArea().geometry().bottom() + kBottomBar));
+  bar_->PlaceIn(frame);
+}
+
+}  // namespace zorik
