@@ -25,8 +25,7 @@ namespace {
 
 constexpr QSize kSmallest(480, 320);
 constexpr QSize kUsual(39 * 24, 23 * 24 + kTopBar + kBottomBar);
-constexpr int kBelowBar = 8;      // the message strip
-constexpr int kFlashAtLeast = 5;  // milliseconds
+constexpr int kBelowBar = 8;  // the message strip
 
 QColor ToColour(Colour colour) {
   const auto number = static_cast<std::uint32_t>(colour);
@@ -50,20 +49,17 @@ HraWindow::HraWindow(Skin& skin, DSound& sound, Settings& settings)
       ram_(new Ram(this)),
       imOk2_(new PictureBar(this)),
       strip_(new MessageStrip(this)),
-      pctBlesk_(new QWidget(this)),
+      pctBlesk_(new FlashCover(this)),
       hideAway_(std::make_unique<HideAway>()) {
   setObjectName("frmHra");
   setFocusPolicy(Qt::StrongFocus);
   setAttribute(Qt::WA_OpaquePaintEvent);
   setMinimumSize(kSmallest);
   resize(kUsual);
-  pctBlesk_->setObjectName("pctBlesk");
-  pctBlesk_->setAutoFillBackground(true);
-  pctBlesk_->setPalette(QPalette(Qt::white));
-  pctBlesk_->hide();
   hra_.SetStage(*this);
   tmrHra_.setTimerType(Qt::PreciseTimer);
   connect(&tmrHra_, &QTimer::timeout, this, &HraWindow::OnTick);
+  connect(&motion_, &MotionClock::Due, this, &HraWindow::PresentView);
   connect(topBar_, &TopBar::RestartClicked, this, &HraWindow::RestartClicked);
   connect(topBar_, &TopBar::SettingsClicked, this, &HraWindow::EditSettings);
   connect(topBar_, &TopBar::ViewClicked, this, &HraWindow::ToggleView);
@@ -86,7 +82,7 @@ void HraWindow::Stop() {
   running_ = false;
   paused_ = false;
   hideAway_->hide();
-  tmrHra_.stop();
+  StopTicks();
   sounds_.StopAll();
 }
 
@@ -107,8 +103,10 @@ void HraWindow::OnTick() {
     joyPad_->Forget();
   }
   requests_.clear();
+  Arrive();
+  painter_.TickBegins(settings_.SmoothMotion);
   const TickEnd end = Tick(hra_, keys);
-  PresentView();
+  PresentTick(end);
   AfterTick(end);
 }
 
@@ -155,18 +153,27 @@ void HraWindow::AfterTick(TickEnd end) {
 
 void HraWindow::PresentView() {
   if (hra_.CaveWidth == 0) return;
-  ram_->ShowChanges(painter_, painter_.Look(hra_, ram_->PixelSize()));
-  if (std::exchange(flash_, false)) ShowFlash();
+  ram_->ShowChanges(painter_, painter_.Look(hra_, ram_->PixelSize(), motion_.Way()));
+  if (std::exchange(flash_, false) && !settings_.LessFlashing) pctBlesk_->ShowOnce();
 }
 
-// The flash stands for one picture of the screen.
-void HraWindow::ShowFlash() {
-  pctBlesk_->setGeometry(rect());
-  pctBlesk_->raise();
-  pctBlesk_->show();
-  pctBlesk_->repaint();
-  const qreal rate = std::max(1.0, screen()->refreshRate());
-  QTimer::singleShot(std::max(kFlashAtLeast, static_cast<int>(1000 / rate)), pctBlesk_, &QWidget::hide);
+// With smooth motion a tick's picture is complete when the next tick begins.
+void HraWindow::PresentTick(TickEnd end) {
+  painter_.TickEnds(hra_);
+  if (end == TickEnd::Running && painter_.Moves(hra_)) motion_.Begin(Interval(), screen()->refreshRate());
+  if (!motion_.Runs()) PresentView();
+}
+
+// What is on its way is there.
+void HraWindow::Arrive() {
+  if (!motion_.Runs()) return;
+  motion_.End();
+  PresentView();
+}
+
+void HraWindow::StopTicks() {
+  tmrHra_.stop();
+  Arrive();
 }
 
 void HraWindow::Act(Request request) {
@@ -231,6 +238,7 @@ void HraWindow::EditSettings() {
   sounds_.Switch(settings_.Sound);
   ListenToPad();
   SetInterval();
+  painter_.SetStill(settings_.LessFlashing);
   if (settings_.NoSurprise != shown) RepaintHiddenThings();
 }
 
@@ -243,7 +251,7 @@ void HraWindow::RepaintHiddenThings() {
 }
 
 void HraWindow::WithDialog(const std::function<void()>& dialog) {
-  tmrHra_.stop();
+  StopTicks();
   ReleaseKeys();
   ++dialogs_;
   dialog();
@@ -256,7 +264,7 @@ void HraWindow::WithDialog(const std::function<void()>& dialog) {
 
 void HraWindow::Pause() {
   if (std::exchange(paused_, true)) return;
-  tmrHra_.stop();
+  StopTicks();
   ReleaseKeys();
   sounds_.PauseAll();
 }
@@ -288,6 +296,7 @@ void HraWindow::ComeBack() {
 void HraWindow::CaveOpens() {
   strip_->Clear();
   painter_.SetNoSurprise(settings_.NoSurprise);
+  painter_.SetStill(settings_.LessFlashing);
   painter_.SetPlaces(skin_.Places());
   painter_.CaveOpens(hra_);
   sounds_.SetSound(settings_.Sound);
@@ -429,7 +438,7 @@ void HraWindow::Arrange() {
   ram_->setGeometry(layout.ram);
   imOk2_->setGeometry(layout.imOk2);
   strip_->SetTop(layout.imOk1.bottom() + 1 + kBelowBar);
-  if (pctBlesk_->isVisible()) pctBlesk_->setGeometry(rect());
+  pctBlesk_->Fit();
   PresentView();
 }
 
