@@ -103,6 +103,56 @@ BENCHMARK(ScrolledViewOfHardEdges);
 BENCHMARK(WholeCave);
 BENCHMARK(WholeCaveOfHardEdges);
 
+// A picture between two ticks: the view scrolls, and everywhere things are on their way.
+class Moving : public Stage {
+ public:
+  Moving() {
+    hra_.SetStage(*this);
+    if (!PaintCave(hra_, MixedCave(), RunKind::Play)) std::abort();
+    for (int tick = 0; tick < 2; ++tick) {
+      moves_ = 0;
+      painter_.TickBegins(true);
+      hra_.Dog[1].x += 6;  // so that the view goes on
+      Tick(hra_, {});
+      painter_.TickEnds(hra_);
+    }
+    Draw();
+  }
+
+  void Draw() {
+    constexpr QSize kMovingFrame(1760, 1038);
+    way_ = way_ > 0.9 ? 0.05 : way_ + 0.1;
+    painter_.Look(hra_, kMovingFrame, way_);
+    if (image_.size() != painter_.Size()) image_ = QImage(painter_.Size(), QImage::Format_RGB32);
+    painter_.PaintPart(image_.rect(), image_, {});
+  }
+  const QImage& Image() const { return image_; }
+  int Moves() const { return moves_; }  // in the whole cave
+
+ private:
+  void CaveOpens() override { painter_.CaveOpens(hra_); }
+  void CellChanged(int x, int y) override { painter_.CellChanged(hra_, x, y); }
+  void Moved(Cell from, Cell to) override {
+    painter_.Moved(hra_, from, to);
+    ++moves_;
+  }
+  void MoveView(bool jump) override { painter_.MoveView(hra_, jump); }
+
+  Hra hra_{1};
+  CavePainter painter_{BuiltSkin()};
+  QImage image_;
+  double way_ = 0;
+  int moves_ = 0;
+};
+
+void MovingView(benchmark::State& state) {
+  Moving moving;
+  for (int i = 0; i < 10; ++i) moving.Draw();
+  state.counters["moves"] = moving.Moves();
+  MeasureInCopies(state, moving.Image(), [&] { moving.Draw(); });
+}
+BENCHMARK(MovingView);
+
 void LoadTileSets(benchmark::State& state) {
   InTurn turns;
   for (auto _ : state) {

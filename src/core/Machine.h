@@ -43,6 +43,11 @@ inline void PREKR(Hra& hra, Cell c) {
   if (hra.Watched()) hra.stage().CellChanged(c.x(), c.y());
 }
 
+// Tells whoever watches that what is in a cell has come from the other one, unless that is the same.
+inline void TellMove(const Hra& hra, Cell from, Cell to) {
+  if (hra.Watched() && from != to) hra.stage().Moved(from, to);
+}
+
 // The object and the state become 0; the mark stays.
 inline void ClearField(Hra& hra, Cell c) {
   hra.SetObject(c, kSpace, kFlat);

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string_view>
 
+#include "core/Cell.h"
 #include "core/SoundId.h"
 #include "core/TextId.h"
 
@@ -31,6 +32,8 @@ class Stage {
   virtual void CaveOpens() {}
   // The picture of the cell may have changed; x and y run from -2, since the frame counts too.
   virtual void CellChanged(int /*x*/, int /*y*/) {}
+  // What was in a cell has gone into the one beside it, and stands there.
+  virtual void Moved(Cell /*from*/, Cell /*to*/) {}
   // Plays a sound, starts it anew if it sounds.
   virtual void PZvuk(SoundId) {}
   virtual void PZvukStop(SoundId) {}

@@ -156,6 +156,7 @@ void Kocka(Hra& hra) {
   hra.CatPose = PoseOf(want.direction);
   const Cell now(hra.CatX, hra.CatY);
   hra.SetObject(now, kCat, kFlat);
+  TellMove(hra, old, now);
   PREKR(hra, now);
   hra.CatLastDir = want.direction;
   hra.CatLastAdvanced = want.advance;

@@ -27,6 +27,7 @@ void Leave(Hra& hra, Cell old, Cell finish) {
   hra.SensorsListen = false;
   hra.SetField(finish, kDog);
   hra.SetField(old, kSpace);
+  TellMove(hra, old, finish);
   PREKR(hra, old);
   hra.DogPose = hra.KeyDirection;
   PREKR(hra, finish);
@@ -49,6 +50,7 @@ void Collect(Hra& hra, Cell target) {
 void Enter(Hra& hra, Cell old, Cell target) {
   hra.SetField(target, kDog);
   if (hra.Field(old) != kBox) hra.SetField(old, kSpace);
+  TellMove(hra, old, target);
   PREKR(hra, old);
 }
 

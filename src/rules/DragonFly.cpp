@@ -48,6 +48,7 @@ void MoveDragonFly(Hra& hra, Cell c) {
   }
   const Cell now = c + step;
   hra.SetField(now, kDragonFly);
+  TellMove(hra, c, now);
   PREKR(hra, now);
   hra.SetFieldMoved(now, true);
 }

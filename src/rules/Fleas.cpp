@@ -10,6 +10,7 @@ void StepFlea(Hra& hra, Cell c, Step step) {
   if (hra.Field(c) != kFlea || hra.Field(c + step) != kSpace) return;
   hra.SetField(c + step, kFleaInTransit);
   hra.SetField(c, kSpace);
+  TellMove(hra, c, c + step);
   PREKR(hra, c);
 }
 

@@ -28,6 +28,7 @@ void MoveFly(Hra& hra, Cell c) {
   }
   hra.Vacate(c);
   hra.Enter(target, kFly, static_cast<std::uint8_t>(heading * 10));
+  TellMove(hra, c, target);
 }
 
 int MouchaS(Hra& hra, Cell c, int heading) {

@@ -13,11 +13,15 @@ void Drop(Hra& hra, Cell target, std::uint16_t code) {
   PREKR(hra, target);
 }
 
-// Also what rolls sideways falls from then on.
+// Also what rolls sideways falls from then on. Where nobody listens the cell that is empty now matters to
+// none.
 void MoveObject(Hra& hra, Cell from, Cell to) {
   hra.LetFall(from, to);
   hra.SetFieldMoved(to, true);
-  PREKR(hra, from);
+  if (IsHeard(hra)) {
+    TellMove(hra, from, to);
+    PREKR(hra, from);
+  }
   PREKR(hra, to);
 }
 

@@ -42,6 +42,8 @@ void FollowWall(Hra& hra, Cell c, const Turns& turns) {
   now = free ? turn.first.number : now;
   hra.Vacate(c);
   hra.Enter(target, code, static_cast<std::uint8_t>(10 * now));
+  if (hra.Watched()) [[unlikely]]
+    TellMove(hra, c, target);
 }
 
 }  // namespace

@@ -8,6 +8,7 @@ namespace {
 void MoveOn(Hra& hra, Cell from, Cell to) {
   hra.SetObject(to, hra.Field(from), hra.FieldState(from));
   hra.SetObject(from, kSpace, kFlat);
+  TellMove(hra, from, to);
 }
 
 }  // namespace

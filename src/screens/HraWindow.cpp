@@ -27,8 +27,7 @@ namespace {
 
 constexpr QSize kSmallest(480, 260);  // finds room where a small screen is magnified
 constexpr QSize kUsual(39 * 24, 23 * 24 + kTopBar + kBottomBar);
-constexpr int kBelowBar = 8;      // the message strip
-constexpr int kFlashAtLeast = 5;  // milliseconds
+constexpr int kBelowBar = 8;  // the message strip
 
 QColor ToColour(Colour colour) {
   const auto number = static_cast<std::uint32_t>(colour);
@@ -57,7 +56,7 @@ HraWindow::HraWindow(Skin& skin, DSound& sound, Settings& settings)
       ram_(new Ram(this)),
       imOk2_(new PictureBar(this)),
       strip_(new MessageStrip(this)),
-      pctBlesk_(new QWidget(this)),
+      pctBlesk_(new FlashCover(this)),
       hideAway_(std::make_unique<HideAway>()),
       controls_(std::make_unique<RunControls>(*this, skin, settings)) {
   setObjectName("frmHra");
@@ -65,13 +64,10 @@ HraWindow::HraWindow(Skin& skin, DSound& sound, Settings& settings)
   setAttribute(Qt::WA_OpaquePaintEvent);
   setMinimumSize(kSmallest);
   resize(kUsual);
-  pctBlesk_->setObjectName("pctBlesk");
-  pctBlesk_->setAutoFillBackground(true);
-  pctBlesk_->setPalette(QPalette(Qt::white));
-  pctBlesk_->hide();
   hra_.SetStage(*this);
   tmrHra_.setTimerType(Qt::PreciseTimer);
   connect(&tmrHra_, &QTimer::timeout, this, &HraWindow::OnTick);
+  connect(&motion_, &MotionClock::Due, this, &HraWindow::PresentView);
   connect(topBar_, &TopBar::RestartClicked, this, &HraWindow::Restart);
   connect(topBar_, &TopBar::SettingsClicked, this, &HraWindow::EditSettings);
   connect(topBar_, &TopBar::ViewClicked, this, &HraWindow::ToggleView);
@@ -98,6 +94,7 @@ void HraWindow::GoOn() {
 }
 
 void HraWindow::ShowMoment(bool jump) {
+  motion_.End();
   zorik::ShowMoment(hra_, jump, painter_, *topBar_, *strip_);
   topBar_->PulseRestart(NothingHelps());
   PresentView();
@@ -107,7 +104,7 @@ void HraWindow::Stop() {
   running_ = false;
   paused_ = false;
   hideAway_->hide();
-  tmrHra_.stop();
+  StopTicks();
   sounds_.StopAll();
   controls_->Now().Stops();
 }
@@ -132,8 +129,10 @@ void HraWindow::OnTick() {
     joyPad_->Forget();
   }
   requests_.clear();
+  Arrive();
+  painter_.TickBegins(settings_.SmoothMotion);
   const TickEnd end = controls_->Now().Pass(keys);
-  PresentView();
+  PresentTick(end);
   AfterTick(end);
 }
 
@@ -184,20 +183,29 @@ void HraWindow::AfterTick(TickEnd end) {
 
 void HraWindow::PresentView() {
   if (hra_.CaveWidth == 0) return;
-  const QRegion& changed = painter_.Look(hra_, ram_->PixelSize());
+  const QRegion& changed = painter_.Look(hra_, ram_->PixelSize(), motion_.Way());
   ram_->SetOverlay(painter_.Lay(ghost_.Beside(hra_, settings_.Ghost, painter_)));
   ram_->ShowChanges(painter_, changed);
-  if (std::exchange(flash_, false)) ShowFlash();
+  if (std::exchange(flash_, false) && !settings_.LessFlashing) pctBlesk_->ShowOnce();
 }
 
-// The flash stands for one picture of the screen.
-void HraWindow::ShowFlash() {
-  pctBlesk_->setGeometry(rect());
-  pctBlesk_->raise();
-  pctBlesk_->show();
-  pctBlesk_->repaint();
-  const qreal rate = std::max(1.0, screen()->refreshRate());
-  QTimer::singleShot(std::max(kFlashAtLeast, static_cast<int>(1000 / rate)), pctBlesk_, &QWidget::hide);
+// With smooth motion a tick's picture is complete when the next tick begins.
+void HraWindow::PresentTick(TickEnd end) {
+  painter_.TickEnds(hra_);
+  if (end == TickEnd::Running && painter_.Moves(hra_)) motion_.Begin(Interval(), screen()->refreshRate());
+  if (!motion_.Runs()) PresentView();
+}
+
+// What is on its way is there.
+void HraWindow::Arrive() {
+  if (!motion_.Runs()) return;
+  motion_.End();
+  PresentView();
+}
+
+void HraWindow::StopTicks() {
+  tmrHra_.stop();
+  Arrive();
 }
 
 void HraWindow::Act(Request request) {
@@ -264,6 +272,7 @@ void HraWindow::EditSettings() {
   ListenToPad();
   if (settings_.SpeedR != before.SpeedR) controls_->Now().SpeedChosen();
   PaceChanged();
+  painter_.SetStill(settings_.LessFlashing);
   if (settings_.NoSurprise != before.NoSurprise) RepaintHiddenThings();
 }
 
@@ -276,7 +285,7 @@ void HraWindow::RepaintHiddenThings() {
 }
 
 void HraWindow::WithDialog(const std::function<void()>& dialog) {
-  tmrHra_.stop();
+  StopTicks();
   ReleaseKeys();
   ++dialogs_;
   dialog();
@@ -289,7 +298,7 @@ void HraWindow::WithDialog(const std::function<void()>& dialog) {
 
 void HraWindow::Pause() {
   if (std::exchange(paused_, true)) return;
-  tmrHra_.stop();
+  StopTicks();
   ReleaseKeys();
   sounds_.PauseAll();
 }
@@ -321,6 +330,7 @@ void HraWindow::ComeBack() {
 void HraWindow::CaveOpens() {
   strip_->Clear();
   painter_.SetNoSurprise(settings_.NoSurprise);
+  painter_.SetStill(settings_.LessFlashing);
   painter_.SetPlaces(skin_.Places());
   painter_.CaveOpens(hra_);
   sounds_.SetSound(settings_.Sound);
@@ -452,7 +462,7 @@ void HraWindow::Arrange() {
   imOk2_->setGeometry(layout.imOk2);
   strip_->SetTop(layout.imOk1.bottom() + 1 + kBelowBar);
   controls_->Now().Arrange();
-  if (pctBlesk_->isVisible()) pctBlesk_->setGeometry(rect());
+  pctBlesk_->Fit();
   PresentView();
 }
 

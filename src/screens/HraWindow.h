@@ -12,9 +12,11 @@
 #include "platform/JoyPad.h"
 #include "platform/Keyboard.h"
 #include "platform/Settings.h"
+#include "screens/FlashCover.h"
 #include "screens/GhostView.h"
 #include "screens/HideAway.h"
 #include "screens/MessageStrip.h"
+#include "screens/MotionClock.h"
 #include "screens/PictureBar.h"
 #include "screens/Ram.h"
 #include "screens/TopBar.h"
@@ -111,6 +113,7 @@ class HraWindow : public QWidget, private Stage {
   // The stage
   void CaveOpens() override;
   void CellChanged(int x, int y) override;
+  void Moved(Cell from, Cell to) override { painter_.Moved(hra_, from, to); }
   void PZvuk(SoundId sound) override { sounds_.PZvuk(sound); }
   void PZvukStop(SoundId sound) override { sounds_.PZvukStop(sound); }
   void StopSounds() override { sounds_.StopAll(); }
@@ -132,9 +135,11 @@ class HraWindow : public QWidget, private Stage {
   void ListenToPad();
   void SetFullScreen(bool full);
   void PresentView();
+  void PresentTick(TickEnd end);
+  void Arrive();
+  void StopTicks();
   void Arrange();
   void ScreenChanged();
-  void ShowFlash();
   void Act(Request request);
   void ChangeSpeed(int delta);
   void ToggleView();
@@ -168,10 +173,11 @@ class HraWindow : public QWidget, private Stage {
   Ram* ram_;
   PictureBar* imOk2_;
   MessageStrip* strip_;
-  QWidget* pctBlesk_;
+  FlashCover* pctBlesk_;
   std::unique_ptr<HideAway> hideAway_;
   std::unique_ptr<RunControls> controls_;
   QTimer tmrHra_;
+  MotionClock motion_;
 };
 
 }  // namespace zorik

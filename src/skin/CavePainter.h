@@ -9,6 +9,7 @@
 #include "skin/Overlay.h"
 #include "skin/PartPainter.h"
 #include "skin/TileSets.h"
+#include "skin/ViewMotion.h"
 #include "skin/ZornePole.h"
 
 namespace zorik {
@@ -28,19 +29,34 @@ class CavePainter final : public PartPainter {
   // The run is at a moment that no call has led to.
   void ShowMoment(const Hra& hra, bool jump);
 
+  // With smooth motion what moves in a tick can be drawn on its way afterwards.
+  void TickBegins(bool smooth);
+  void Moved(const Hra& hra, Cell from, Cell to) { motion_.Add(hra, from, to); }
+  void TickEnds(const Hra& hra) { motion_.Settle(hra, pictures_, tiles_); }
+
+  // Whether the last tick has left anything to be drawn on its way.
+  bool Moves(const Hra& hra) const { return motion_.Moves(Area(hra)); }
+
   // Another skin, from the next cave on.
   void SetPlaces(SkinPlaces places) { places_ = std::move(places); }
 
   // Whether hidden things are shown, from the next change of each cell on.
   void SetNoSurprise(bool on) { pictures_.SetNoSurprise(on); }
 
+  // Whether nothing glitters, from the next change of each cell on.
+  void SetStill(bool on) { pictures_.SetStill(on); }
+
   // Whether the view follows the steered unit; if not it holds the whole cave.
   void SetScrollView(bool on) { scrollView_ = on; }
   bool ScrollView() const { return scrollView_; }
 
   // Looks at the cave as it is now, for a picture as large as fits into a frame of this size in pixels, and
-  // answers what has changed in it since the last look.
-  const QRegion& Look(const Hra& hra, QSize frame);
+  // answers what has changed in it since the last look. With a way from 0 to 1 it is that far from the end of
+  // the tick before to the end of the last one.
+  const QRegion& Look(const Hra& hra, QSize frame, double way = 1);
+
+  // Whether the last look saw what moves on its way.
+  bool OnTheWay() const { return way_ < 1; }
 
   // What the last look has found changed.
   const QRegion& Changed() const { return changed_; }
@@ -65,6 +81,8 @@ class CavePainter final : public PartPainter {
   const Decoration& Around() const { return around_; }
 
  private:
+  ViewArea Area(const Hra& hra) const;
+
   SkinPlaces places_;
   PictureCache cache_;
   TileSets tiles_;
@@ -73,6 +91,8 @@ class CavePainter final : public PartPainter {
   Decoration around_;
   bool scrollView_ = true;
   DrawnView drawn_;
+  ViewMotion motion_;
+  double way_ = 1;  // of the last look
   QRegion changed_;
 };
 

@@ -33,6 +33,11 @@ int SensorRow(const Hra& hra, Cell c) {
   return hra.Elapsed % 4 == 2 ? 2 : 1;
 }
 
+// Glitters by itself, or glows.
+bool Shimmers(std::uint16_t code) {
+  return (Grids::Traits(code) & trait::kGlitters) != 0 || code == kFinish;
+}
+
 int DogColumn(const Hra& hra, Cell c) {
   const int n = DogIn(hra, c);
   if (n != 0 && n != hra.ActiveDog) return kWaitingDog;
@@ -86,14 +91,8 @@ void CellPictures::Placed(const Hra& hra) {
   });
 }
 
-std::optional<std::size_t> CellPictures::Place(int x, int y) {
-  if (x < -1 || x >= kColumns - 1 || y < -1 || y >= kRows - 1) return std::nullopt;
-  return static_cast<std::size_t>((y + 1) * kColumns + x + 1);
-}
-
-CellPicture CellPictures::At(int x, int y) const {
-  const auto place = Place(x, y);
-  return place ? pictures_[*place] : CellPicture{};
+CellPicture CellPictures::GroundAt(Cell c) const {
+  return {kSetSpace, 0, Number((c.x() + c.y()) % FramesOf(kSetSpace))};
 }
 
 void CellPictures::Change(const Hra& hra, int x, int y) {
@@ -135,6 +134,12 @@ CellPictures::Base CellPictures::ChooseBase(const Hra& hra, Cell c) const {
 
 std::uint16_t CellPictures::ChooseRow(const Hra& hra, Cell c, const Base& base) {
   const int frames = FramesOf(base.picture.Pic);
+  if (still_) {
+    if (Shimmers(hra.Field(c))) return base.picture.Row;
+    const CellPicture shown = At(c.x(), c.y());
+    const bool lot = base.rows == Rows::ByLot || base.rows == Rows::MostlyFirst;
+    if (lot && shown.Pic == base.picture.Pic && shown.Col == base.picture.Col) return shown.Row;
+  }
   const auto any = [&] { return Number(static_cast<int>(rnd_.Below(static_cast<std::uint32_t>(frames)))); };
   switch (base.rows) {
     case Rows::ByLot:

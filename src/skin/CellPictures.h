@@ -32,6 +32,9 @@ class CellPictures {
   // Shows what is hidden: magic walls, growing walls, the closed finish.
   void SetNoSurprise(bool on) { noSurprise_ = on; }
 
+  // What glitters stands still, and what has several looks keeps the one that it has.
+  void SetStill(bool on) { still_ = on; }
+
   // A cave is about to be set up: all cells are empty space.
   void Open(const Hra& hra);
   // Its cells are placed. A pad of a teleport that has no other pad is none, and shows no more.
@@ -49,7 +52,13 @@ class CellPictures {
   void ShowMoment(const Hra& hra);
 
   // The picture of a cell; empty space outside of -1..100 and -1..60.
-  CellPicture At(int x, int y) const;
+  CellPicture At(int x, int y) const {
+    const auto place = Place(x, y);
+    return place ? pictures_[*place] : CellPicture{};
+  }
+
+  // The ground of a cell, whatever stands there.
+  CellPicture GroundAt(Cell c) const;
 
   // Whether the cave has this cell.
   bool Inside(int x, int y) const { return x >= 0 && x < width_ && y >= 0 && y < height_; }
@@ -57,7 +66,10 @@ class CellPictures {
  private:
   static constexpr int kColumns = 102;
   static constexpr int kRows = 62;
-  static std::optional<std::size_t> Place(int x, int y);
+  static std::optional<std::size_t> Place(int x, int y) {
+    if (x < -1 || x >= kColumns - 1 || y < -1 || y >= kRows - 1) return std::nullopt;
+    return static_cast<std::size_t>((y + 1) * kColumns + x + 1);
+  }
 
   // The picture that a cell starts from, and how the row of its frame is found.
   struct Base {
@@ -74,6 +86,7 @@ class CellPictures {
   std::array<CellPicture, kColumns * kRows> pictures_{};
   std::array<int, kTileSetCount> frames_{};
   bool noSurprise_ = false;
+  bool still_ = false;
   bool placing_ = false;
   int width_ = 0;  // of the cave
   int height_ = 0;

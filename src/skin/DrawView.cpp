@@ -5,19 +5,10 @@
 #include <utility>
 
 #include "skin/Edges.h"
+#include "skin/Pixels.h"
 
 namespace zorik {
 namespace {
-
-constexpr std::size_t kPixel = sizeof(QRgb);
-
-// The lines of a target that is painted.
-struct Target {
-  uchar* pixels = nullptr;  // where the view's upper left corner stands
-  qsizetype stride = 0;
-
-  uchar* At(int x, int y) const { return pixels + y * stride + static_cast<qsizetype>(x) * 4; }
-};
 
 // What a row of cells takes from a frame, line by line.
 struct Source {
@@ -42,7 +33,7 @@ std::size_t SpanAt(const std::vector<DrawnSpan>& spans, int pixel) {
 // Paints rectangles of a view row by row of its cells.
 class RectPainter {
  public:
-  RectPainter(const DrawnView& drawn, TileSets& tiles, Target target)
+  RectPainter(const DrawnView& drawn, TileSets& tiles, const Pixels& target)
       : drawn_(drawn), tiles_(tiles), target_(target) {}
 
   void Paint(const QRect& rect) {
@@ -68,11 +59,11 @@ class RectPainter {
       const int left = std::max(rect.left(), across.start);
       const int right = std::min(rect.right() + 1, across.start + across.length);
       Source source{frame.constBits(), frame.bytesPerLine(), left};
-      source.pixels += static_cast<std::size_t>(across.cut) * kPixel;
-      lastPixel_ = source.pixels + static_cast<std::size_t>(across.length - 1) * kPixel;
+      source.pixels += static_cast<std::size_t>(across.cut) * Pixels::kSize;
+      lastPixel_ = source.pixels + static_cast<std::size_t>(across.length - 1) * Pixels::kSize;
       lastStride_ = source.stride;
-      source.pixels += static_cast<std::size_t>(left - across.start) * kPixel;
-      source.length = static_cast<std::size_t>(std::max(0, right - left)) * kPixel;
+      source.pixels += static_cast<std::size_t>(left - across.start) * Pixels::kSize;
+      source.length = static_cast<std::size_t>(std::max(0, right - left)) * Pixels::kSize;
       sources_.push_back(source);
     }
     const int end = columns.back().start + columns.back().length;
@@ -89,14 +80,14 @@ class RectPainter {
         std::memcpy(target_.At(source.start, y), source.pixels + line * source.stride, source.length);
       if (fill_ == 0) continue;
       QRgb last{};
-      std::memcpy(&last, lastPixel_ + line * lastStride_, kPixel);
-      std::fill_n(reinterpret_cast<QRgb*>(target_.At(fillStart_, y)), fill_, last);
+      std::memcpy(&last, lastPixel_ + line * lastStride_, Pixels::kSize);
+      std::fill_n(target_.At(fillStart_, y), fill_, last);
     }
   }
 
   const DrawnView& drawn_;
   TileSets& tiles_;
-  Target target_;
+  Pixels target_;
   std::vector<Source> sources_;
   const uchar* lastPixel_ = nullptr;  // of the rightmost cell, in its frame's first line
   qsizetype lastStride_ = 0;
@@ -175,7 +166,7 @@ QSize DrawnSize(const ViewArea& view, QSize cell) {
 }
 
 QRegion LookAt(const ViewArea& view, QSize cell, const CellPictures& pictures, TileSets& tiles,
-               DrawnView& drawn) {
+               DrawnView& drawn, const MovingCells& moving) {
   const QSize size = DrawnSize(view, cell);
   const bool same = drawn.view == view && drawn.size == size && drawn.cell == cell && !drawn.cells.empty();
   if (!same) {
@@ -196,21 +187,22 @@ QRegion LookAt(const ViewArea& view, QSize cell, const CellPictures& pictures, T
   auto shown = drawn.cells.begin();
   for (std::size_t row = 0; row < drawn.rows.size(); ++row) {
     for (std::size_t i = 0; i < drawn.columns.size(); ++i, ++shown) {
-      const DrawnView::Shown now{pictures.At(drawn.columns[i].cell, drawn.rows[row].cell), edges.At(i, row)};
-      if (*shown == now) continue;
+      const Cell c(drawn.columns[i].cell, drawn.rows[row].cell);
+      const bool bare = moving.bare.Has(c);
+      const DrawnView::Shown now{bare ? pictures.GroundAt(c) : pictures.At(c.x(), c.y()), edges.At(i, row)};
+      if (*shown == now && !moving.touched.Has(c) && !drawn.touched.Has(c)) continue;
       *shown = now;
       changed.Add(i, row);
     }
   }
+  drawn.touched = moving.touched;
   return same ? changed.Region() : QRegion(QRect(QPoint(), size));
 }
 
 void PaintPart(const DrawnView& drawn, TileSets& tiles, const QRegion& part, QImage& target, QPoint corner) {
   if (drawn.cells.empty()) return;
   const QRect room = QRect(QPoint(), drawn.size) & target.rect().translated(-corner);
-  const qsizetype stride = target.bytesPerLine();
-  uchar* const pixels = target.bits() + corner.y() * stride + static_cast<qsizetype>(corner.x()) * 4;
-  RectPainter painter(drawn, tiles, {pixels, stride});
+  RectPainter painter(drawn, tiles, PixelsOf(target, corner));
   for (const QRect& wanted : part) {
     const QRect rect = wanted & room;
     if (!rect.isEmpty()) painter.Paint(rect);

@@ -5,6 +5,7 @@
 #include <QSize>
 #include <vector>
 
+#include "core/Grids.h"
 #include "skin/CellPictures.h"
 #include "skin/DrawnSpan.h"
 #include "skin/TileSets.h"
@@ -22,6 +23,12 @@ QSize DrawnCell(const ViewArea& view, QSize frame);
 // The size of the drawn view: not more than the frame's.
 QSize DrawnSize(const ViewArea& view, QSize cell);
 
+// The cells of a view in which something is on its way.
+struct MovingCells {
+  CellSet bare;     // show the ground: what is to stand in them is still on its way
+  CellSet touched;  // look different in each picture
+};
+
 // A view as it is drawn: the cells that it shows and where. The next look at it tells by them what has
 // changed.
 struct DrawnView {
@@ -37,6 +44,7 @@ struct DrawnView {
   QSize size;                            // of the whole view, in pixels
   std::vector<DrawnSpan> columns, rows;  // none covers a part of the next
   std::vector<Shown> cells;              // row by row; empty: nothing that can be relied upon
+  CellSet touched;                       // by what was on its way
 
   const Shown& At(std::size_t column, std::size_t row) const { return cells[row * columns.size() + column]; }
 };
@@ -44,7 +52,7 @@ struct DrawnView {
 // Looks at the view anew and answers where it looks different from the last time. A view of no size has no
 // cells.
 QRegion LookAt(const ViewArea& view, QSize cell, const CellPictures& pictures, TileSets& tiles,
-               DrawnView& drawn);
+               DrawnView& drawn, const MovingCells& moving = {});
 
 // Paints a part of the view: what a PartPainter does.
 void PaintPart(const DrawnView& drawn, TileSets& tiles, const QRegion& part, QImage& target, QPoint corner);

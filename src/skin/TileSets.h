@@ -12,6 +12,7 @@
 
 #include "skin/CellPictures.h"
 #include "skin/Edges.h"
+#include "skin/LooseFrame.h"
 #include "skin/Pictures.h"
 #include "skin/SkinPlaces.h"
 #include "skin/ZornePole.h"
@@ -57,6 +58,9 @@ class TileSets {
   // The same without the ground, which is clear.
   QImage Sprite(const CellPicture& picture, QSize size) const;
 
+  // The same without the ground.
+  const LooseFrame& Loose(const CellPicture& picture, QSize size);
+
  private:
   // A set over its ground, and the file that it was made from.
   struct Sheet {
@@ -74,9 +78,10 @@ class TileSets {
   // A number of each set, without that of the edges.
   std::array<int, kTileSetCount> OfEachSet(int Sheet::*number) const;
 
-  // A frame in one size, as it is and with edges; empty images where not made yet.
+  // A frame in one size, as it is, with edges, and without its ground; empty images where not made yet.
   struct ScaledFrame {
     QImage plain;
+    LooseFrame loose;
     std::vector<QImage> edged;  // by their mask
   };
   // Frames of a set stand after those of the one before.

@@ -1,13 +1,16 @@
 // What the game window shows: its skin, its messages, its pace.
 #include <QPainter>
 #include <QScreen>
+#include <algorithm>
 #include <array>
+#include <map>
 
 #include "core/Speed.h"
 #include "data/Chance.h"
 #include "data/Scramble.h"
 #include "screens/GameLayout.h"
 #include "screens/HraScreen.h"
+#include "screens/PaintedParts.h"
 #include "screens/SkinScale.h"
 
 namespace zorik {
@@ -114,6 +117,79 @@ TEST_F(HraWindowShownTest, FlashesOverAllThatItShows) {
   EXPECT_EQ(flash->geometry(), window->rect());
   EXPECT_EQ(window->childAt(window->Bar().geometry().center()), flash);
   EXPECT_EQ(window->childAt(window->PlayArea().geometry().center()), flash);
+}
+
+TEST_F(HraWindowShownTest, DoesNotFlashWhenThatIsNotWanted) {
+  settings.LessFlashing = true;
+  Open({"WWWWWW", "W1.D.W", "WWWWWW"}, {.needed = 1});
+  test::PaintedParts painted;
+  painted.Watch(*window->findChild<QWidget*>("pctBlesk"));
+  QTest::keyPress(window.get(), Qt::Key_Right);
+  ASSERT_TRUE(Wait([&] { return window->Machine().ExitOpen; }));
+  ASSERT_TRUE(TicksPass(2));
+  EXPECT_TRUE(painted.Take().isEmpty());
+}
+
+// Smooth motion
+
+// How often something is painted in each tick.
+class PaintedTicks : public QObject {
+ public:
+  PaintedTicks(QObject& painted, const Hra& run) : run_(run) { painted.installEventFilter(this); }
+
+  std::map<int, int> times;
+
+ protected:
+  bool eventFilter(QObject* /*object*/, QEvent* event) override {
+    if (event->type() == QEvent::Paint) ++times[run_.Ticks];
+    return false;
+  }
+
+ private:
+  const Hra& run_;
+};
+
+int Most(const std::map<int, int>& times) {
+  int most = 0;
+  for (const auto& [tick, count] : times) most = std::max(most, count);
+  return most;
+}
+
+TEST_F(HraWindowShownTest, DrawsWhatMovesAlsoBetweenTwoTicks) {
+  settings.Speed = 10;
+  for (const bool smooth : {false, true}) {
+    settings.SmoothMotion = smooth;
+    Open(Corridor());
+    PaintedTicks painted(*window->findChild<Ram*>(), window->Machine());
+    QTest::keyPress(window.get(), Qt::Key_Right);
+    ASSERT_TRUE(Wait([&] { return Dog().x() >= 6; }));
+    QTest::keyRelease(window.get(), Qt::Key_Right);
+    if (smooth) {
+      EXPECT_GE(Most(painted.times), 2) << "there is time for ten";
+    } else {
+      EXPECT_LE(Most(painted.times), 1);
+    }
+    window->Stop();
+  }
+}
+
+TEST_F(HraWindowShownTest, DrawsNothingBetweenTicksInWhichNothingMoves) {
+  settings.Speed = 10;
+  settings.SmoothMotion = true;
+  Open(Corridor());
+  ASSERT_TRUE(TicksPass(2));
+  PaintedTicks painted(*window->findChild<Ram*>(), window->Machine());
+  ASSERT_TRUE(TicksPass(4));
+  EXPECT_LE(Most(painted.times), 1);
+}
+
+TEST_F(HraWindowShownTest, LetsAllArriveWhenTheGameStandsStill) {
+  settings.Speed = 10;
+  settings.SmoothMotion = true;
+  Open(Corridor());
+  QTest::keyPress(window.get(), Qt::Key_Right);
+  ASSERT_TRUE(Wait([&] { return window->Painter().OnTheWay(); }));
+  window->WithDialog([&] { EXPECT_FALSE(window->Painter().OnTheWay()); });
 }
 
 // The pace

@@ -340,5 +340,37 @@ TEST(CellPictures, AreEmptySpaceWhenANewCaveOpens) {
   EXPECT_EQ(cave.At(2, 0), CellPicture{});
 }
 
+// With less flashing
+
+TEST(CellPictures, LetNothingGlitterOrGlowWhenTheyAreStill) {
+  Pictured cave({"1D!@#$T"}, {}, 8);
+  cave.hra.ExitOpen = true;
+  for (const bool still : {false, true}) {
+    cave.pictures.SetStill(still);
+    cave.hra.Elapsed = 3;
+    for (int x = 1; x < 7; ++x) EXPECT_EQ(cave.Again(x, 0).Row, still ? 0 : 3) << x << " still: " << still;
+  }
+}
+
+TEST(CellPictures, KeepTheLookThatTheyHaveWhenTheyAreStill) {
+  Pictured cave({"1;RX"}, {}, 8);
+  cave.pictures.SetStill(true);
+  for (int x = 1; x < 4; ++x) {
+    const CellPicture first = cave.At(x, 0);
+    for (int i = 0; i < 30; ++i) ASSERT_EQ(cave.Again(x, 0), first) << x;
+  }
+}
+
+TEST(CellPictures, ShowWhatHappensWhenTheyAreStill) {
+  Pictured cave({"1;FM"}, {}, 8);
+  cave.pictures.SetStill(true);
+  cave.hra.Elapsed = 3;
+  cave.hra.MagicState = kMagicRunning;
+  EXPECT_EQ(cave.Again(2, 0), Of(kSetFireFly, 0, 3)) << "monsters beat their wings";
+  EXPECT_EQ(cave.Again(3, 0), Of(kSetMagicWall, 0, 3));
+  cave.hra.SetObject({1, 0}, kGem, kResting);
+  EXPECT_EQ(cave.Again(1, 0), Of(kSetGem));
+}
+
 }  // namespace
 }  // namespace zorik
