@@ -145,6 +145,50 @@ TEST(CaveModelUndo, EndsAStrokeBeforeItUndoes) {
   EXPECT_TRUE(model.CanRedo());
 }
 
+TEST(CaveModelUndo, ForgetsWhatBelongedToTheCaveBefore) {
+  CaveModel model;
+  ASSERT_TRUE(model.OpenCave(CaveTextOf(Full(6, 6, ';'))));
+  model.Draw(1, 1, 'R');
+  model.Draw(2, 1, 'R');
+  model.Undo();
+  ASSERT_TRUE(model.CanUndo() && model.CanRedo());
+  model.BeginStroke();
+  ASSERT_TRUE(model.OpenCave(CaveTextOf(Full(6, 6, '.'))));
+  EXPECT_FALSE(model.CanUndo());
+  EXPECT_FALSE(model.CanRedo());
+  model.EndStroke();
+  EXPECT_FALSE(model.CanUndo());
+  model.Draw(1, 1, 'R');
+  EXPECT_TRUE(model.CanUndo());
+}
+
+// Whatever is done to the whole cave ends the stroke that is under way: both are steps of their own.
+TEST(CaveModelUndo, EndsAStrokeBeforeAnyOtherChange) {
+  const auto change = [](int which, CaveModel& model) {
+    Chance chance(1);
+    Formality formality = FormalityOf(model.Cave());
+    formality.Name = "X";
+    if (which == 0) model.ReplaceO(';', 'D', 1);
+    if (which == 1) model.ReplaceRandom(';', 'D', 3, chance);
+    if (which == 2) model.MakeFrame('X');
+    if (which == 3) model.SetProperties(formality);
+    if (which == 4) model.SaveScript("*A/Z");
+    if (which == 5) model.Restore();
+  };
+  for (int which = 0; which < 6; ++which) {
+    CaveModel model;
+    ASSERT_TRUE(model.OpenCave(CaveTextOf(Full(6, 6, ';'))));
+    model.BeginStroke();
+    model.Draw(1, 1, 'R');
+    change(which, model);
+    model.Undo();
+    EXPECT_EQ(model.At(1, 1), 'R') << which;
+    model.Undo();
+    EXPECT_EQ(model.At(1, 1), ';') << which;
+    EXPECT_FALSE(model.CanUndo()) << which;
+  }
+}
+
 TEST(CaveModelUndo, KeepsTheLookOfALetterWithoutATile) {
   CaveModel model = Opened({"WWWWW", "W1R.W", "W.$.W", "W...W", "WWWWW"});
   ASSERT_EQ(model.LookAt(2, 2), 'R');

@@ -108,6 +108,37 @@ TEST_F(CaveViewTest, ScrollsWithTheWheel) {
   EXPECT_GT(Across().value(), 0);
 }
 
+TEST_F(CaveViewTest, ScrollsAcrossWithAWheelThatTurnsAcross) {
+  OpenLargest();
+  const QPoint place(50, 50);
+  QWheelEvent event(place, Area().mapToGlobal(QPointF(place)), QPoint(), QPoint(-120, 0), Qt::NoButton,
+                    Qt::NoModifier, Qt::NoScrollPhase, false);
+  QApplication::sendEvent(&Area(), &event);
+  EXPECT_GT(Across().value(), 0);
+  EXPECT_EQ(Down().value(), 0);
+}
+
+TEST_F(CaveViewTest, ScrollsByWhatIsSeenPerPage) {
+  OpenLargest();
+  // In half cells.
+  EXPECT_EQ(Across().pageStep(), 38);
+  EXPECT_EQ(Down().pageStep(), 22);
+}
+
+// A wheel that turns in small pieces zooms when they make a step.
+TEST_F(CaveViewTest, AddsUpThePiecesOfAWheel) {
+  OpenLargest();
+  std::vector<int> sizes;
+  for (int i = 0; i < 6; ++i) {
+    const QPoint place(50, 50);
+    QWheelEvent event(place, Area().mapToGlobal(QPointF(place)), QPoint(), QPoint(0, 80), Qt::NoButton,
+                      Qt::ControlModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&Area(), &event);
+    sizes.push_back(Area().CellSize());
+  }
+  EXPECT_EQ(sizes, (std::vector<int>{26, 32, 40, 40, 52, 78}));
+}
+
 TEST_F(CaveViewTest, ZoomsAroundThePointerWithCtrlAndTheWheel) {
   OpenLargest();
   Across().setValue(40);

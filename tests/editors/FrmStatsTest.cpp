@@ -38,6 +38,34 @@ TEST_F(FrmStatsTest, CountsTheCaveAsItIsNow) {
   EXPECT_EQ(Rows(), QStringList({"Hlína: 29", "Balvan: 1"}));
 }
 
+TEST_F(FrmStatsTest, CountsAllDogsAndAllLettersThatItDoesNotKnow) {
+  Open({"WWWWWW", "W9...W", "W\xE9\xE9x.W", "W....W", "WWWWWW"});
+  EXPECT_EQ(Rows(), QStringList({"Prázdno: 8", "Zorík č. 9: 1", "Ocel: 18", "\"x\": 1", "\"é\": 2"}));
+}
+
+TEST_F(FrmStatsTest, ShowsAPictureOfWhatHasATile) {
+  Open({"WWWWWW", "W1...W", "W$...W", "W....W", "WWWWWW"});
+  InDialogNamed dialog("frmStats", [](QWidget& it) {
+    const auto& table = *it.findChild<QTableWidget*>("lstStats");
+    ASSERT_EQ(table.rowCount(), 4);
+    for (int row = 0; row < 4; ++row) EXPECT_EQ(table.item(row, 0)->icon().isNull(), row == 3) << row;
+  });
+  Action("mnuStats").trigger();
+  EXPECT_TRUE(dialog.opened);
+}
+
+TEST_F(FrmStatsTest, RemembersItsSize) {
+  Open(test::Full(6, 5, ';'));
+  {
+    const InDialogNamed dialog("frmStats", [](QWidget& it) { it.resize(431, 322); });
+    Action("mnuStats").trigger();
+  }
+  QSize size;
+  const InDialogNamed dialog("frmStats", [&size](QWidget& it) { size = it.size(); });
+  Action("mnuStats").trigger();
+  EXPECT_EQ(size, QSize(431, 322));
+}
+
 TEST_F(FrmStatsTest, IsShutWithEnter) {
   Open(test::Full(6, 5, ';'));
   InDialogNamed dialog("frmStats", [](QWidget& it) { QTest::keyClick(it.focusWidget(), Qt::Key_Return); });

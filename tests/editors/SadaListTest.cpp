@@ -116,6 +116,19 @@ TEST_F(SadaListTest, EditsACaveByDoubleClickAndByEnter) {
   EXPECT_EQ(edited.size(), 2U);
 }
 
+// Two clicks on a mark are two changes, and no wish to edit.
+TEST_F(SadaListTest, EditsNothingByADoubleClickOnAMark) {
+  OpenCaves({"A", "B"});
+  QTest::mouseDClick(List().viewport(), Qt::LeftButton, {}, List().lblPoc(2).center());
+  EXPECT_TRUE(edited.empty());
+}
+
+TEST_F(SadaListTest, SelectsTheCaveWhoseMenuIsAskedFor) {
+  OpenCaves({"A", "B", "C"});
+  QTest::mousePress(List().viewport(), Qt::RightButton, {}, List().lblCave(3).center());
+  EXPECT_EQ(Sada().ListSelected(), 3);
+}
+
 // Marks
 
 TEST_F(SadaListTest, ShowsAndRemovesTheMarkThatIsClicked) {
@@ -145,6 +158,60 @@ TEST_F(SadaListTest, HintsThatAMarkCanBeClickedWithoutShowingOne) {
   }
   QTest::mouseMove(List().viewport(), List().lblPoc(1).center());
   EXPECT_FALSE(frame(1) || frame(3)) << "the first mark is no button";
+}
+
+TEST_F(SadaListTest, TakesTheHintAwayWhenThePointerLeaves) {
+  OpenCaves({"A", "B"});
+  const auto mark = [this] { return List().viewport()->grab(List().lblPoc(2)).toImage(); };
+  const QImage bare = mark();
+  QTest::mouseMove(List().viewport(), List().lblPoc(2).center());
+  EXPECT_NE(mark(), bare);
+  QEvent leave(QEvent::Leave);
+  QApplication::sendEvent(List().viewport(), &leave);
+  EXPECT_EQ(mark(), bare);
+}
+
+// It cannot be changed.
+TEST_F(SadaListTest, ShowsTheFirstMarkFaintly) {
+  OpenCaves({"A", "*B", "*C"});
+  ClickCave(3);
+  const auto darkest = [this](int number) {
+    const QImage mark = List().viewport()->grab(List().lblPoc(number)).toImage();
+    int least = 255;
+    for (int x = 0; x < mark.width(); ++x) {
+      for (int y = 0; y < mark.height(); ++y) least = std::min(least, qGray(mark.pixel(x, y)));
+    }
+    return least;
+  };
+  EXPECT_GT(darkest(1), darkest(2) + 40);
+}
+
+TEST_F(SadaListTest, NumbersItsRowsFromOne) {
+  OpenMany(12);
+  // The numbers end at the names: those of two digits begin farther to the left.
+  const auto begin = [this](int number) {
+    const QRect row = List().RowOf(number);
+    const QImage shown =
+        List()
+            .viewport()
+            ->grab(QRect(row.left(), row.top() + 1, List().lblCave(number).left(), row.height() - 2))
+            .toImage();
+    for (int x = 1; x < shown.width(); ++x) {
+      for (int y = 0; y < shown.height(); ++y) {
+        if (shown.pixel(x, y) != shown.pixel(0, 0)) return x;
+      }
+    }
+    return shown.width();
+  };
+  for (int number = 2; number <= 9; ++number) EXPECT_GT(begin(number), begin(10)) << number;
+  EXPECT_LT(std::abs(begin(10) - begin(12)), 3);
+}
+
+TEST_F(SadaListTest, TellsTheSelectedCaveToThoseWhoListen) {
+  OpenCaves({"A", "B"});
+  EXPECT_EQ(List().accessibleDescription(), "1 A P");
+  ClickCave(2);
+  EXPECT_EQ(List().accessibleDescription(), "2 B");
 }
 
 TEST_F(SadaListTest, DoesNotLetTheFirstMarkBeClicked) {

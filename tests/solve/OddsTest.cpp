@@ -1,0 +1,86 @@
+#include <gtest/gtest.h>
+
+#include "solve/Odds.h"
+#include "solve/Solver.h"
+#include "solve/Walks.h"
+
+namespace zorik::test {
+namespace {
+
+bool Never() {
+  return false;
+}
+
+// Under how many of ten other seeds what was done in the walk wins.
+int Survived(const Walk& walk) {
+  const std::string text = CaveTextOf(walk.picture, walk.numbers);
+  const std::vector<Deed> deeds = ReviewOf(walk).deeds;
+  int won = 0;
+  for (std::uint64_t seed = 100; seed < 110; ++seed) won += FollowPlan(text, deeds, seed, Never) ? 1 : 0;
+  return won;
+}
+
+// In each of these caves not a tick can be spared: the dog's last step is the last one that the time allows.
+Walk Tight(Picture picture, int needed, const std::string& keys) {
+  Walk walk{std::move(picture), {.time = 5, .needed = needed}, keys};
+  EXPECT_EQ(walk.keys.size(), 50U);
+  return walk;
+}
+
+TEST(Odds, OfAWayWithoutChanceAreCertainToTheLastTick) {
+  EXPECT_EQ(Survived(Tight({"1" + std::string(40, ';') + "D" + std::string(8, ';') + "T"}, 1,
+                           std::string(50, 'R'))),
+            10);
+}
+
+TEST(Odds, ReachOutWhereTheWinnerDid) {
+  EXPECT_EQ(Survived(Tight({"W" + std::string(20, 'W') + "D" + std::string(40, 'W'),
+                            "1" + std::string(48, ';') + "T" + std::string(12, 'W'), std::string(62, 'W')},
+                           1, std::string(21, 'R') + "u" + std::string(28, 'R'))),
+            10);
+}
+
+TEST(Odds, ChooseTheDogsThatTheWinnerChose) {
+  EXPECT_EQ(Survived(Tight({"1;D" + std::string(60, 'W'), "W" + std::string(62, 'W'),
+                            "2" + std::string(45, ';') + "T" + std::string(16, 'W')},
+                           1, "RR2" + std::string(46, 'R') + ".")),
+            10);
+}
+
+TEST(Odds, LeadTheSwarmAsTheWinnerDid) {
+  const Picture picture{"WWWWWWWWWWWW", "W1;;D;N;;;TW", "WWWWWW.WWWWW", "WWWWWW.WWWWW", "WWWWWWWWWWWW"};
+  EXPECT_EQ(Survived({picture, {.time = 5, .needed = 1}, "0DD1RRRRRRRRR"}), 10);
+}
+
+// Nobody knows what to do, and yet the cave can be won.
+TEST(Odds, FindAWayThatWasLost) {
+  const std::string text = CaveTextOf({"WWWWWWWW", "W1;D;D;T", "W;;;;;;W", "WWWWWWWW"}, {.needed = 2});
+  for (std::uint64_t seed = 1; seed < 4; ++seed) EXPECT_TRUE(FollowPlan(text, {}, seed, Never)) << seed;
+}
+
+TEST(Odds, AreNoneOfACaveThatCannotBeWonOrPlayed) {
+  EXPECT_FALSE(
+      FollowPlan(CaveTextOf({"WWWWWW", "W1;DWT", "WWWWWW"}, {.time = 5, .needed = 1}), {}, 1, Never));
+  EXPECT_FALSE(FollowPlan("rubbish", {}, 1, Never));
+}
+
+// A firefly flies up and down a shaft that the way crosses. When the dog comes there depends on the boulder,
+// which moves at one try of four; he waits until he can pass.
+TEST(Odds, PutOffWhatWouldKill) {
+  const Picture picture{"WWWWWWWWWWWWW", "WWWWWWWW.WWWW", "WWWWWWWW.WWWW", "WWWWWWWW.WWWW", "W1R.;;;;.;D;T",
+                        "WWW.WWWW.WWWW", "WWWWWWWW.WWWW", "WWWWWWWWFWWWW", "WWWWWWWWWWWWW"};
+  const RunTerms terms{CaveTextOf(picture, {.needed = 1}), "sada"};
+  const auto begin = BeginRun(terms);
+  ASSERT_TRUE(begin);
+  Solver solver(**begin, 1);
+  ASSERT_TRUE(solver.Go(1'000'000));
+  const Result<Review> review = ReviewRecord(RecordOfPlan(terms, *solver.Found()));
+  ASSERT_TRUE(review) << review.Message();
+  int won = 0;
+  for (std::uint64_t seed = 100; seed < 120; ++seed)
+    won += FollowPlan(terms.caveText, review->deeds, seed, Never) ? 1 : 0;
+  EXPECT_GE(won, 18);
+}
+
+}  // namespace
+}  // namespace zorik::test

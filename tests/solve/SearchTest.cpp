@@ -1,0 +1,142 @@
+#include <gtest/gtest.h>
+
+#include "core/Machine.h"
+#include "solve/Search.h"
+#include "solve/Solver.h"
+#include "support/Scene.h"
+
+namespace zorik::test {
+namespace {
+
+constexpr std::uint64_t kPatience = 1'000'000;  // ticks
+
+std::shared_ptr<const CellSet> Only(Cell cell) {
+  auto cells = std::make_shared<CellSet>();
+  cells->Add(cell);
+  return cells;
+}
+
+// The run after a plan; the last tick of it won or not.
+Hra After(const Hra& begin, const Plan& plan) {
+  Hra run = begin;
+  for (const Move move : plan) Tick(run, KeysOf(move));
+  return run;
+}
+
+// Without a finish a search goes on and on.
+const Picture kNoFinish{"WWWWWWWWW", "W1;D;D;;W", "W;;;;D;;W", "WWWWWWWWW"};
+
+TEST(Search, GoesOnForAboutSoManyTicks) {
+  Search search(Play(kNoFinish, {.needed = 9}), 1, {});
+  search.Go(1000);
+  EXPECT_GE(search.Ticks(), 1000U);
+  EXPECT_LT(search.Ticks(), 1500U);
+  const std::uint64_t before = search.Ticks();
+  search.Go(1000);
+  EXPECT_GE(search.Ticks(), before + 1000);
+  EXPECT_LT(search.Ticks(), before + 1500);
+}
+
+TEST(Search, RemembersTheMostGemsThatItEverHad) {
+  Search search(Play(kNoFinish, {.needed = 9}), 1, {});
+  int most = 0;
+  for (int i = 0; i < 200; ++i) {
+    search.Go(100);
+    EXPECT_GE(search.MostGems(), most);
+    most = search.MostGems();
+  }
+  EXPECT_EQ(most, 3);
+}
+
+// There is nothing to gain, and a dog can be lost.
+TEST(Search, TakesTheDeathOfADogForNoGain) {
+  const Hra begin = Play({"WWWWWW", "W.R.2W", "W1...W", "W....W", "WWWWWW"});
+  Search search(begin, 1, {});
+  search.Go(20'000);
+  EXPECT_EQ(LiveDogs(After(begin, search.BestPlan())), 2);
+}
+
+TEST(Search, KeepsNoMoreMomentsThanThereAre) {
+  Search search(Play({"WWWW", "W1.W", "WWWW"}), 1, {});
+  search.Go(20'000);
+  const std::size_t bytes = search.Bytes();
+  EXPECT_GT(bytes, 0U);
+  search.Go(100'000);
+  EXPECT_EQ(search.Bytes(), bytes);
+}
+
+TEST(Search, IsTheSameForTheSameSeed) {
+  const Hra begin = Play(kNoFinish, {.needed = 2});
+  const auto after = [&begin](std::uint64_t seed) {
+    Search search(begin, seed, {});
+    search.Go(3000);
+    return std::pair(search.Ticks(), search.BestPlan());
+  };
+  EXPECT_EQ(after(7), after(7));
+}
+
+TEST(Search, FindsNoPlanAsLongAsItsBound) {
+  // Four steps, and none can be spared.
+  const Hra begin = Play({"WWWWWW", "W1;D;T", "WWWWWW"}, {.needed = 1});
+  for (std::uint64_t seed = 1; seed < 6; ++seed) {
+    Search search(begin, seed, {});
+    search.SetBound(4);
+    EXPECT_FALSE(search.Go(20'000)) << seed;
+  }
+  Search search(begin, 1, {});
+  search.SetBound(5);
+  ASSERT_TRUE(search.Go(kPatience));
+  EXPECT_EQ(search.Found()->size(), 4U);
+}
+
+TEST(Search, LeadsNoDogThroughCellsThatItShallAvoid) {
+  const Hra begin = Play({"WWWWWWW", "W1;D;;T", "W;;;;;W", "WWWWWWW"}, {.needed = 1});
+  Search search(begin, 1, {});
+  search.Avoid(Only({2, 1}));
+  ASSERT_TRUE(search.Go(kPatience));
+  Hra run = begin;
+  for (const Move move : *search.Found()) {
+    Tick(run, KeysOf(move));
+    EXPECT_NE(UnitCell(run, 1), std::optional(Cell(2, 1)));
+  }
+  EXPECT_TRUE(run.Win);
+}
+
+// All of the time counts, to its last tick.
+TEST(Search, UsesTheWholeTime) {
+  const Hra begin = Play({"1" + std::string(47, ';') + "DT"}, {.time = 5, .needed = 1});
+  Search search(begin, 1, {});
+  ASSERT_TRUE(search.Go(kPatience));
+  EXPECT_LE(search.Found()->size(), 50U);
+}
+
+TEST(Solver, GoesOnWhereItStopped) {
+  Solver solver(Play(kNoFinish, {.needed = 9}), 1);
+  solver.Go(2000);
+  EXPECT_GE(solver.Ticks(), 2000U);
+  EXPECT_LT(solver.Ticks(), 3000U);
+  solver.Go(2000);
+  EXPECT_GE(solver.Ticks(), 4000U);
+  EXPECT_LT(solver.Ticks(), 6000U);
+}
+
+TEST(Solver, RemembersTheMostGemsOfAllItsSearches) {
+  Solver solver(Play(kNoFinish, {.needed = 9}), 1);
+  int most = 0;
+  for (int i = 0; i < 100; ++i) {
+    solver.Go(500);
+    EXPECT_GE(solver.MostGems(), most);
+    most = solver.MostGems();
+  }
+  EXPECT_EQ(most, 3);
+}
+
+TEST(Solver, FindsAlsoWithLittleMemory) {
+  const Hra begin = Play({"WWWWWWWW", "W1;D;D;W", "W;;;;;;T", "WWWWWWWW"}, {.needed = 2});
+  Solver solver(begin, 1, 1);
+  ASSERT_TRUE(solver.Go(kPatience));
+  EXPECT_TRUE(After(begin, *solver.Found()).Win);
+}
+
+}  // namespace
+}  // namespace zorik::test

@@ -1,0 +1,164 @@
+#include <gtest/gtest.h>
+
+#include "core/Machine.h"
+#include "data/Lines.h"
+#include "data/RecordFile.h"
+#include "solve/Shorten.h"
+#include "solve/Snapshot.h"
+#include "solve/Walks.h"
+
+namespace zorik::test {
+namespace {
+
+bool Never() {
+  return false;
+}
+
+Plan Short(const Picture& picture, const std::string& plan, const Avoided& avoided = {}) {
+  return Shorten(Play(picture, {.needed = 1}), PlanOf(plan), Never, avoided);
+}
+
+const Picture kLane{"WWWWWW", "W1;D;T", "WWWWWW"};
+const Picture kHall{"WWWWWWW", "W;;;;;W", "W1;D;;T", "W;;;;;W", "WWWWWWW"};
+
+TEST(Shorten, DropsWhatStandsBehindTheWin) {
+  EXPECT_EQ(Short(kLane, "RRRR."), PlanOf("RRRR"));
+  EXPECT_EQ(Short(kLane, "RRRR......................."), PlanOf("RRRR"));
+}
+
+TEST(Shorten, DropsWaysThereAndBackAroundAWait) {
+  // The two steps go only once the wait between them has gone.
+  EXPECT_EQ(Short(kHall, "D.URRRRR"), PlanOf("RRRRR"));
+}
+
+TEST(Shorten, DropsPiecesOfAnyLengthFromLongPlans) {
+  EXPECT_EQ(Short(kLane, std::string(300, '.') + "RRRR"), PlanOf("RRRR"));
+  std::string plan;
+  for (const char letter : std::string("RRRR")) plan += std::string(37, '.') + letter + std::string(11, '.');
+  EXPECT_EQ(Short(kLane, plan), PlanOf("RRRR"));
+  std::string walk;
+  for (int i = 0; i < 30; ++i) walk += "RL.U..D.";
+  EXPECT_EQ(Short(kHall, walk + "RRRRR"), PlanOf("RRRRR"));
+}
+
+// Two finishes: straight on, or a row below.
+const Picture kFork{"WWWWWWW", "W1;D;;T", "W;;;;;T", "WWWWWWW"};
+
+TEST(Shorten, EntersNoCellThatIsAvoided) {
+  auto cells = std::make_shared<CellSet>();
+  cells->Add({4, 1});
+  EXPECT_EQ(Short(kFork, "..RR.DRRR", cells), PlanOf("RRDRRR"));
+  EXPECT_EQ(Short(kFork, "..RR.DRRR"), PlanOf("RRRRR"));
+}
+
+TEST(Shorten, StopsInTheMiddleOfATry) {
+  const Plan plan = PlanOf(std::string(200, '.') + "RRRR");
+  int asked = 0;
+  const Plan left = Shorten(Play(kLane, {.needed = 1}), plan, [&asked] { return ++asked > 5; });
+  EXPECT_EQ(left, plan);
+}
+
+const Picture kBlock{"WWWWWWWW", "W;;;;;;W", "W1WWWWDT", "W;WWWW;W", "W;;;;;;W", "WWWWWWWW"};
+
+// Below the block the way is longer, and no piece of it can be spared.
+TEST(MakeShort, FindsAnotherWayThatIsShorter) {
+  const Hra begin = Play(kBlock, {.needed = 1});
+  const Plan below = PlanOf("DDRRRRRUUR"), above = PlanOf("URRRRRDR");
+  EXPECT_EQ(Shorten(begin, below, Never), below);
+  int asked = 0;
+  const Plan plan = MakeShort(begin, below, 1, std::size_t{64} << 20U, [&asked] { return ++asked > 2'000; });
+  EXPECT_EQ(plan.size(), above.size());
+}
+
+TEST(MakeShort, MakesNoPlanLonger) {
+  const Hra begin = Play(kBlock, {.needed = 1});
+  const Plan above = PlanOf("URRRRRDR");
+  for (std::uint64_t seed = 1; seed < 6; ++seed) {
+    int asked = 0;
+    EXPECT_EQ(MakeShort(begin, above, seed, std::size_t{64} << 20U, [&asked] { return ++asked > 500; }),
+              above)
+        << seed;
+  }
+}
+
+TEST(MakeShort, EntersNoCellThatIsAvoided) {
+  auto cells = std::make_shared<CellSet>();
+  cells->Add({4, 1});
+  const Hra begin = Play(kFork, {.needed = 1});
+  int asked = 0;
+  const Plan plan = MakeShort(
+      begin, PlanOf("..RR.DRRR"), 1, std::size_t{64} << 20U, [&asked] { return ++asked > 500; }, cells);
+  Hra run = begin;
+  for (const Move move : plan) {
+    Tick(run, KeysOf(move));
+    EXPECT_NE(UnitCell(run, 1), std::optional(Cell(4, 1)));
+  }
+  EXPECT_TRUE(run.Win);
+  EXPECT_EQ(plan.size(), 6U);
+}
+
+TEST(Win, LeavesARecordOfThePlayerTheCollectionAndTheScore) {
+  const RunTerms terms{CaveTextOf(kLane, {.needed = 1}), "Sada", 3, "Eva"};
+  const std::string record = RecordOfPlan(terms, PlanOf("RRRR"));
+  RecordLines lines(record);
+  const RecordHead head = ReadRecordHead(lines);
+  EXPECT_EQ(head.CollectionName, "Sada");
+  EXPECT_EQ(head.Player, "Eva");
+  EXPECT_EQ(head.CaveText, terms.caveText);
+  const auto run = BeginRun(terms);
+  ASSERT_TRUE(run);
+  Hra played = **run;
+  for (const Move move : PlanOf("RRRR")) Tick(played, KeysOf(move));
+  ASSERT_TRUE(played.Win);
+  EXPECT_EQ(head.Score, played.Win->Score);
+  EXPECT_GT(head.Score, 0);
+}
+
+TEST(Win, LeavesNoRecordOfAPlanThatDoesNotWin) {
+  EXPECT_EQ(RecordOfPlan({CaveTextOf(kLane, {.needed = 1}), "Sada"}, PlanOf("RRR")), "");
+  EXPECT_EQ(RecordOfPlan({"rubbish", "Sada"}, PlanOf("RRRR")), "");
+}
+
+TEST(Win, BeginsARunWithItsSeed) {
+  const std::string cave = CaveTextOf({"WWWWWWW", "W1....W", "W..L..W", "W.....W", "WWWWWWW"});
+  const auto cells = [&cave](std::uint64_t seed) {
+    const auto run = BeginRun({cave, "Sada", seed});
+    std::string all;
+    for (int i = 0; run && i < 20; ++i) {
+      Tick(**run, {});
+      for (const std::string& row : Drawn(**run)) all += row;
+    }
+    return all;
+  };
+  EXPECT_EQ(cells(5), cells(5));
+  int others = 0;
+  for (std::uint64_t seed = 6; seed < 16; ++seed) others += cells(seed) != cells(5) ? 1 : 0;
+  EXPECT_GT(others, 0);
+}
+
+TEST(Snapshot, TellsHowMuchItTakes) {
+  Hra run = Play({"WWWWWWWWWWWW", "W1;;R;D;FF.W", "W;;;;;;;...W", "W;A;D;U.;;;W", "WWWWWWWWWWWW"});
+  const Snapshots snapshots(run);
+  for (int i = 0; i < 50; ++i) Tick(run, {});
+  const auto kept = snapshots.Keep(run);
+  EXPECT_GT(kept.lines.size(), 3U);
+  EXPECT_GE(Snapshots::SizeOf(kept), sizeof(RunFacts) + kept.lines.size() * 2 + kept.words.size() * 8);
+}
+
+TEST(Snapshot, BringsBackTheScoreAndTheGems) {
+  Hra run = Play({"WWWWWW", "W1DD;W", "WWWWWW"}, {.needed = 1});
+  const Snapshots snapshots(run);
+  Pass(run, 1, "R");
+  const int score = run.Score;
+  const Picture drawn = Drawn(run);
+  const auto kept = snapshots.Keep(run);
+  Pass(run, 1, "R");
+  ASSERT_NE(run.Score, score);
+  snapshots.Restore(run, kept);
+  EXPECT_EQ(run.Score, score);
+  EXPECT_EQ(run.GemsCollected, 1);
+  EXPECT_EQ(Drawn(run), drawn);
+}
+
+}  // namespace
+}  // namespace zorik::test
