@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QLabel>
 #include <QPushButton>
 #include <QTest>
 #include <cstdlib>
@@ -27,14 +28,14 @@ class GameFirstStart : public testing::Test {
   }
 
   // What the toe that plays is called then.
-  QString Begin(const char* desktop, DialogScript::Act act) {
+  QString Begin(const char* desktop, std::initializer_list<DialogScript::Act> acts) {
     std::filesystem::create_directories(folder.Root() + "/Players/Ada");
     setenv("LC_ALL", desktop, 1);
     Paths paths = folder.Paths();
     paths.ShippedSkins = ZORIK_BUILT_SKINS;
     inbox = std::make_unique<Inbox>(InboxPlace(folder.Root()));
     game = std::make_unique<Game>(paths, Settings{.Sound = false}, *inbox);
-    const DialogScript script = {std::move(act)};
+    const DialogScript script(acts);
     game->Begin(true);
     for (QWidget* const widget : QApplication::topLevelWidgets()) {
       if (dynamic_cast<FrmStart2*>(widget) == nullptr) continue;
@@ -51,19 +52,30 @@ class GameFirstStart : public testing::Test {
 };
 
 TEST_F(GameFirstStart, OffersTheLanguageOfTheDesktop) {
-  EXPECT_EQ(Begin("de_DE.UTF-8", Press(Qt::Key_Return)), "Play");
+  EXPECT_EQ(Begin("de_DE.UTF-8", {Press(Qt::Key_Return)}), "Play");
   EXPECT_EQ(FindSett().Skin, "English");
 }
 
 TEST_F(GameFirstStart, OffersCzechWhereTheDesktopTellsNoLanguage) {
-  EXPECT_EQ(Begin("C", Press(Qt::Key_Return)), "Hrát");
+  EXPECT_EQ(Begin("C", {Press(Qt::Key_Return)}), "Hrát");
   EXPECT_EQ(FindSett().Skin, "Default");
 }
 
 TEST_F(GameFirstStart, TakesTheOtherLanguageIfThatIsChosen) {
   const auto czech = [](QWidget& window) { window.findChild<QPushButton*>("Default")->click(); };
-  EXPECT_EQ(Begin("en_GB.UTF-8", czech), "Hrát");
+  EXPECT_EQ(Begin("en_GB.UTF-8", {czech}), "Hrát");
   EXPECT_EQ(FindSett().Skin, "Default");
+}
+
+TEST_F(GameFirstStart, TellsOnceWhatIsWrongWithTheSkinThatIsChosenAsItIs) {
+  folder.File("Skins/Default/Menu/palm.bmp", "no picture");
+  const auto read = [](QWidget& box) {
+    const auto* const text = box.findChild<QLabel*>("lblText");
+    ASSERT_NE(text, nullptr);
+    EXPECT_TRUE(text->text().contains("palm.bmp")) << text->text().toStdString();
+    QTest::keyClick(&box, Qt::Key_Return);
+  };
+  EXPECT_EQ(Begin("cs_CZ.UTF-8", {read, Press(Qt::Key_Return)}), "Hrát");
 }
 
 }  // namespace

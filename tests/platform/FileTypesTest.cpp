@@ -90,6 +90,15 @@ TEST_F(FileTypesTest, LeavesItToAnInstallationForTheWholeSystem) {
   EXPECT_FALSE(fs::exists(At("home")));
 }
 
+TEST_F(FileTypesTest, LeavesItToNoInstallationThatHasNoEntry) {
+  File("local/mime/packages/zorik.xml");
+  File("usr/mime/packages/zorik.xml");
+  EXPECT_TRUE(HasWritten());
+  fs::remove_all(At("home"));
+  File("local/applications/zorik-open.desktop");
+  EXPECT_FALSE(HasWritten());
+}
+
 TEST_F(FileTypesTest, WritesNothingWithoutTheHelper) {
   fs::remove(At("game/downloader"));
   EXPECT_FALSE(HasWritten());

@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <chrono>
 #include <csignal>
 #include <filesystem>
@@ -14,6 +15,7 @@
 #include "data/Result.h"
 #include "platform/LeftFiles.h"
 #include "platform/Paths.h"
+#include "support/AsNobody.h"
 #include "support/TempFolder.h"
 
 namespace zorik {
@@ -80,6 +82,56 @@ TEST_F(LeftFilesTest, TheFileOfAProcessThatLivesStays) {
   waitpid(child, nullptr, 0);
   Sweep();
   EXPECT_FALSE(IsThere(name));
+}
+
+// The number of a process that lives and belongs to another user, so that nobody here may even ask for it.
+class Stranger {
+ public:
+  Stranger() {
+    if (geteuid() != 0) return;
+    child_ = fork();
+    if (child_ == 0) {
+      if (setuid(kStrangersNumber) != 0) _exit(1);
+      for (;;) pause();
+    }
+    while (kill(child_, 0) == 0 && OwnerOf(child_) != kStrangersNumber) usleep(1000);
+  }
+  ~Stranger() {
+    if (child_ == 0) return;
+    kill(child_, SIGKILL);
+    waitpid(child_, nullptr, 0);
+  }
+  Stranger(const Stranger&) = delete;
+  Stranger& operator=(const Stranger&) = delete;
+
+  pid_t Number() const { return child_ == 0 ? 1 : child_; }
+
+ private:
+  static constexpr uid_t kStrangersNumber = 65533;
+
+  static uid_t OwnerOf(pid_t process) {
+    struct stat status = {};
+    return stat(("/proc/" + std::to_string(process)).c_str(), &status) == 0 ? status.st_uid
+                                                                            : kStrangersNumber;
+  }
+
+  pid_t child_ = 0;
+};
+
+TEST_F(LeftFilesTest, TheFileOfAnotherUsersProcessStays) {
+  const Stranger stranger;
+  const std::string name = ".zorik-" + std::to_string(stranger.Number()) + "-0.tmp";
+  const std::string gone = ".zorik-" + Gone() + "-0.tmp";
+  File(name, 3600);
+  File(gone, 3600);
+  fs::permissions(root_, fs::perms::all);
+  {
+    const test::AsNobody nobody;
+    ASSERT_TRUE(kill(stranger.Number(), 0) != 0 && errno == EPERM);
+    Sweep();
+  }
+  EXPECT_TRUE(IsThere(name));
+  EXPECT_FALSE(IsThere(gone)) << "files can be swept here";
 }
 
 TEST_F(LeftFilesTest, AnEarlierProcessMayHaveHadTheNumberOfThisOne) {

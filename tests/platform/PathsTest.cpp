@@ -100,6 +100,15 @@ TEST_F(PathsTest, ZorikHomeOverridesBoth) {
   EXPECT_EQ(paths->ShippedSkins, At("opt/bin/Skins")) << "those that came with the program";
 }
 
+TEST_F(PathsTest, ZorikHomeMayBeNamedFromWhereOneStands) {
+  const fs::path before = fs::current_path();
+  fs::current_path(root_);
+  const auto paths = FindPaths(Around("mine"));
+  fs::current_path(before);
+  EXPECT_TRUE(paths);
+  EXPECT_TRUE(fs::is_directory(At("mine")));
+}
+
 TEST_F(PathsTest, SkinsAndHelpAreThePlayersOwnAndThoseOfTheInstallation) {
   for (const bool own : {false, true}) {
     SCOPED_TRACE(own ? "with folders of the player's own" : "without");

@@ -114,5 +114,20 @@ TEST_F(FrmLoadingTest, AppearsAgainAtOnce) {
   EXPECT_EQ(clicks, 0);
 }
 
+// A piece of the work may have a notice of its own.
+TEST_F(FrmLoadingTest, StaysAsItIsWhileItShows) {
+  FrmLoading notice(skin_.Skin());
+  notice.Appear();
+  const QImage first = notice.grab().toImage();
+  notice.move(3, 4);
+  skin_.Picture("working", test::Strips({Qt::blue}, {200, 38}));
+  skin_.Data("caption.loading=Working...\n");
+  skin_.Apply();
+  notice.Appear();
+  EXPECT_EQ(notice.grab().toImage(), first);
+  EXPECT_EQ(notice.pos(), QPoint(3, 4));
+  notice.Disappear();
+}
+
 }  // namespace
 }  // namespace zorik

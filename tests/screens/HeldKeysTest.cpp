@@ -85,6 +85,17 @@ TEST_F(HeldKeysTest, WhoseReleaseWasLostMeanSomethingWhenTheyArePressedAgain) {
   EXPECT_EQ(other_.presses, 1);
 }
 
+// So can another program.
+TEST_F(HeldKeysTest, WhoseReleaseWentToAnotherProgramMeanSomethingWhenTheyArePressedAgain) {
+  Send(one_, QEvent::KeyPress, false, 100);
+  emit qApp->applicationStateChanged(Qt::ApplicationInactive);
+  emit qApp->applicationStateChanged(Qt::ApplicationActive);
+  Send(other_, QEvent::KeyPress, true, 180);
+  EXPECT_EQ(other_.presses, 0) << "it calls itself a repeat";
+  Send(other_, QEvent::KeyPress, false, 200);
+  EXPECT_EQ(other_.presses, 1);
+}
+
 TEST_F(HeldKeysTest, MeanNothingToAWindowThatWasHiddenMeanwhile) {
   Send(one_, QEvent::KeyPress);
   one_.hide();

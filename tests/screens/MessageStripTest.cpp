@@ -115,6 +115,18 @@ TEST_F(MessageStripTest, HasSeveralLinesForAMessageThatIsTooLongForOne) {
   ExpectUnclipped();
 }
 
+TEST_F(MessageStripTest, BreaksALineOnlyWhereTheStripWouldLeaveTheWindow) {
+  const QFontMetrics metrics(strip_.font());
+  int widest = 0;
+  for (int letters = 1; letters < 2000; ++letters) {
+    strip_.ShowMessage(QString(letters, 'i'), Qt::white);
+    if (strip_.Lines().lines.size() > 1) break;
+    widest = strip_.width();
+  }
+  EXPECT_LE(widest, parent_.width());
+  EXPECT_GT(widest + metrics.horizontalAdvance('i') + 1, parent_.width());
+}
+
 TEST_F(MessageStripTest, BreaksAMessageWhereItsTextDoes) {
   strip_.ShowMessage("Haf!\r\nMňau!", Qt::white);
   EXPECT_EQ(strip_.Lines().lines, (QStringList{"Haf!", "Mňau!"}));

@@ -33,6 +33,25 @@ TEST(SkinButtonWithAPlate, WritesItsWordsOnItAndIsAsWideAsTheyAre) {
   EXPECT_GE(button.width(), 30);
 }
 
+// A look of so few pixels that its ends are all it has, each column in a colour of its own.
+TEST(SkinButtonWithAPlate, KeepsTheEndsOfANarrowPlateAsTheyAre) {
+  constexpr int kWide = 17;
+  const auto ofColumn = [](int x) { return QColor(10 * x, 255 - 10 * x, 90); };
+  QImage plate(3 * kWide, 24, QImage::Format_RGB32);
+  for (int x = 0; x < plate.width(); ++x) {
+    for (int y = 0; y < plate.height(); ++y) plate.setPixelColor(x, y, ofColumn(x % kWide));
+  }
+  SkinButton button(nullptr);
+  button.SetPlate(plate);
+  button.SetWords("Uložit někam docela jinam");
+  const QImage image = button.grab().toImage();
+  ASSERT_GT(image.width(), 3 * kWide);
+  for (int x = 0; x < kWide / 2; ++x) {
+    EXPECT_EQ(image.pixelColor(x, 1), ofColumn(x)) << "left " << x;
+    EXPECT_EQ(image.pixelColor(image.width() - 1 - x, 1), ofColumn(kWide - 1 - x)) << "right " << x;
+  }
+}
+
 TEST(SkinButtonWithAPlate, IsAPlainButtonWithoutThePicture) {
   SkinButton plate(nullptr);
   plate.SetPlate(QImage());
@@ -104,6 +123,13 @@ TEST_F(SkinButtonTest, ChangesItsLookUnderThePointer) {
   stage_.Point(kInside);
   EXPECT_EQ(stage_.Look(), kLooks[1]);
   stage_.Point(kOutside);
+  EXPECT_EQ(stage_.Look(), kLooks[0]);
+}
+
+TEST_F(SkinButtonTest, LooksAsAlwaysUnderThePointerWhileItCanDoNothing) {
+  stage_.button->setEnabled(false);
+  stage_.Point(kInside);
+  ASSERT_TRUE(stage_.button->underMouse());
   EXPECT_EQ(stage_.Look(), kLooks[0]);
 }
 
@@ -246,6 +272,31 @@ TEST(PlainCheck, ShowsWhetherItIsOn) {
   const QImage off = stage.button->grab().toImage();
   stage.button->setChecked(true);
   EXPECT_NE(stage.button->grab().toImage(), off);
+}
+
+TEST(PlainCheck, HasARingAroundItsCaptionWhileKeysTurnIt) {
+  OneButton<SkinCheck> stage;
+  const QColor ring(Qt::magenta);
+  QPalette colours = stage.button->palette();
+  colours.setColor(QPalette::Highlight, ring);
+  stage.button->setPalette(colours);
+  stage.button->setText("Zvuky");
+  stage.button->resize(stage.button->sizeHint());
+  stage.Show();
+  const auto edge = [&] {
+    return stage.button->grab().toImage().pixelColor(stage.button->width() - 1, stage.button->height() / 2);
+  };
+  stage.button->window()->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(stage.button->window()));
+  stage.button->clearFocus();
+  const QColor without = edge();
+  EXPECT_LT(without.green(), without.red() + 30) << "no ring";
+  EXPECT_NE(without, ring);
+  stage.button->setFocus();
+  ASSERT_TRUE(stage.button->hasFocus());
+  EXPECT_EQ(edge(), ring);
+  stage.button->clearFocus();
+  EXPECT_EQ(edge(), without);
 }
 
 }  // namespace

@@ -157,9 +157,12 @@ class Dialog : public SkinDialog {
  public:
   using SkinDialog::SkinDialog;
 
+  int enters = 0;
+  int escapes = 0;
+
  protected:
-  void OnEnter() override {}
-  void OnEsc() override {}
+  void OnEnter() override { ++enters; }
+  void OnEsc() override { ++escapes; }
 };
 
 class SkinDialogTest : public testing::Test {
@@ -189,6 +192,18 @@ TEST_F(SkinDialogTest, StaysWhereItWasDragged) {
   dialog_.move(10, 20);
   parent_.setGeometry(40, 60, 600, 440);
   EXPECT_EQ(dialog_.pos(), QPoint(10, 20));
+}
+
+TEST_F(SkinDialogTest, IsAnsweredOnceByAKeyThatStaysDown) {
+  const auto press = [this](Qt::Key key, bool repeat) {
+    QKeyEvent event(QEvent::KeyPress, key, {}, {}, repeat);
+    QApplication::sendEvent(&dialog_, &event);
+  };
+  for (const Qt::Key key : {Qt::Key_Escape, Qt::Key_Return, Qt::Key_Enter}) {
+    for (const bool repeat : {false, true, true}) press(key, repeat);
+  }
+  EXPECT_EQ(dialog_.escapes, 1);
+  EXPECT_EQ(dialog_.enters, 2) << "of either key";
 }
 
 }  // namespace

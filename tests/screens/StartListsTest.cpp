@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <QHelpEvent>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
 #include <QTextDocumentFragment>
@@ -138,6 +139,22 @@ TEST_F(Rows, ADoubleClickOpens) {
   QTest::mouseDClick(list_.viewport(), Qt::LeftButton, {}, list_.PlaceOf(2).center());
   ASSERT_EQ(opened.count(), 1);
   EXPECT_EQ(opened.at(0), QVariantList{2});
+}
+
+// The second press can come when the rows have been scrolled.
+TEST_F(Rows, ADoubleClickOnAnotherRowThanItsFirstPressDoesNotOpen) {
+  QSignalSpy opened(&list_, &LabelList::Opened);
+  list_.Select(1);
+  const auto second = [this](int place) {
+    const QPointF where = list_.PlaceOf(place).center();
+    QMouseEvent event(QEvent::MouseButtonDblClick, where, list_.mapToGlobal(where), Qt::LeftButton,
+                      Qt::LeftButton, {});
+    QApplication::sendEvent(list_.viewport(), &event);
+  };
+  second(3);
+  EXPECT_EQ(opened.count(), 0);
+  second(1);
+  EXPECT_EQ(opened.count(), 1);
 }
 
 TEST_F(Rows, ADoubleClickBelowTheLastRowDoesNothing) {
@@ -296,6 +313,12 @@ TEST_F(RowsTyping, TakesNoOtherKeys) {
   EXPECT_EQ(list_.Selected(), 5);
 }
 
+TEST_F(RowsTyping, SelectsNothingByAnAccentThatHasNoLetterYet) {
+  list_.Select(2);
+  list_.keyboardSearch(QString(QChar(0x0301)));
+  EXPECT_EQ(list_.Selected(), 2);
+}
+
 TEST_F(RowsTyping, SelectsNothingInAnEmptyList) {
   list_.SetLabels({});
   EXPECT_TRUE(Type("c"));
@@ -342,6 +365,18 @@ TEST(Strip, ASelectedLabelIsScrolledIntoSight) {
     strip.Select(place);
     EXPECT_TRUE(strip.rect().contains(strip.PlaceOf(place))) << place;
   }
+}
+
+TEST(Strip, ALabelThatLacksOnePixelIsScrolledIntoSightToo) {
+  LabelList strip(Qt::Horizontal, nullptr);
+  strip.resize(100, 20);
+  strip.SetLabels({" « Adam » ", " « Bára » ", " « Cyril » ", " « David » "});
+  const int left = strip.PlaceOf(0).left();
+  QScrollBar& bar = *strip.horizontalScrollBar();
+  for (int value = 0; value <= bar.maximum() && strip.PlaceOf(1).left() >= left; ++value) bar.setValue(value);
+  ASSERT_EQ(strip.PlaceOf(1).left(), left - 1);
+  strip.Select(1);
+  EXPECT_EQ(strip.PlaceOf(1).left(), left);
 }
 
 TEST(Strip, ANameWiderThanTheFrameShowsItsBeginning) {

@@ -31,5 +31,17 @@ TEST(Tones, LetTextBeReadWellOnDarkAndLightGround) {
   }
 }
 
+TEST(Tones, HaveAGoldenMarkWhereverThatIsSeen) {
+  const QColor gold(0xF0, 0xB0, 0x40);
+  int golden = 0;
+  for (int grey = 0; grey < 256; ++grey) {
+    const QColor ground(grey, grey, grey);
+    const Tones tones = TonesOf(ground);
+    EXPECT_EQ(tones.mark, Contrast(gold, ground) >= 3 ? gold : tones.text) << grey;
+    golden += tones.mark == gold ? 1 : 0;
+  }
+  EXPECT_GT(golden, 90) << "up to a grey of a third of white's strength";
+}
+
 }  // namespace
 }  // namespace zorik

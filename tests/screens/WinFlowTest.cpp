@@ -341,5 +341,19 @@ TEST_F(WinFlowTest, ClosesTheFirstShowingByItselfAndStaysOnAClick) {
   EXPECT_EQ(Seconds(), "");
 }
 
+TEST_F(WinFlowTest, DoesNothingForAScoreThatBelongsToNoWin) {
+  Start({"a", "b"});
+  Win(1);
+  CloseScore();
+  CloseScore();
+  ASSERT_TRUE(Stored(1));
+  window->hide();
+  std::filesystem::remove(RecordPath(1));
+  analyze_->Open();
+  CloseScore();
+  EXPECT_FALSE(window->isVisible());
+  EXPECT_FALSE(Stored(1));
+}
+
 }  // namespace
 }  // namespace zorik

@@ -172,5 +172,35 @@ TEST_F(WinFlowUnstored, NeverTakeThePlaceOfAnotherCaveUnasked) {
   EXPECT_NE(*ReadWhole(RecordPath(2)), "the record");
 }
 
+// A box can be read with twelve names; of more it says that there are more.
+TEST_F(WinFlowUnstored, AreNamedAtTheEndUpToTwelve) {
+  Mend();
+  std::vector<QString> names;
+  for (int i = 1; i <= 13; ++i) names.push_back("jeskyně " + QString::number(i) + ".");
+  Start(names);
+  Spoil();
+  const auto listed = [this] {
+    QString said;
+    const test::DialogScript script = {[&said](QWidget& box) {
+      said = box.findChild<QLabel*>("lblText")->text();
+      QTest::keyClick(&box, Qt::Key_Escape);
+    }};
+    EXPECT_FALSE(keeper_.MayEnd(nullptr));
+    return said;
+  };
+  for (int cave = 1; cave <= 13; ++cave) {
+    Win(cave);
+    {
+      const test::DialogScript later = {test::Press(Qt::Key_L)};
+      CloseScore();
+    }
+    CloseScore();
+    if (cave < 12) continue;
+    const QString said = listed();
+    EXPECT_EQ(said.count("jeskyně"), 12) << said.toStdString();
+    EXPECT_EQ(said.contains(QChar(0x2026)), cave > 12) << said.toStdString();
+  }
+}
+
 }  // namespace
 }  // namespace zorik

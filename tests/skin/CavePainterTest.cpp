@@ -259,5 +259,23 @@ TEST_F(CavePainterTest, ShowsThePartAroundTheDogOrTheWholeCave) {
   EXPECT_EQ(image.pixel(image.width() - 12, image.height() - 3), kDirtColour);
 }
 
+// Lengths are rounded down, and a column of pixels can be left at the right.
+TEST_F(CavePainterTest, FillsWhatIsLeftAtTheRightWithWhatLiesBesideIt) {
+  test::Picture cave(20, std::string(18, ';') + std::string(42, '.'));
+  cave[10][20] = '1';
+  cave[10].replace(0, 18, std::string(18, '.'));
+  Start(cave);
+  bool scrolled = false;
+  for (int tick = 0; tick < 30; ++tick) {
+    Tick(hra_, test::Keys("R"));
+    const QImage& image = painter_->Compose(hra_, {390, 230});
+    for (int y = 0; y < 60; ++y) {
+      ASSERT_EQ(image.pixel(image.width() - 1, y), kSpaceColour) << "tick " << tick << " at " << y;
+      scrolled = scrolled || image.pixel(0, y) == kDirtColour;
+    }
+  }
+  EXPECT_TRUE(scrolled) << "at the left lies earth";
+}
+
 }  // namespace
 }  // namespace zorik

@@ -226,5 +226,12 @@ TEST(DrText, HasItsOutlineOnAllSides) {
   EXPECT_NEAR(outlined.y(), still.y(), 0.2);
 }
 
+TEST_F(DogStripTest, HasNoSlotBeyondItsLastDog) {
+  EXPECT_FALSE(strip_.DrawDogN(kDogs + 1, 1));
+  EXPECT_FALSE(strip_.DrawDogN(-1, 1));
+  EXPECT_TRUE(strip_.DrawDogN(kDogs, 1));
+  EXPECT_FALSE(strip_.DrawDogN(kDogs, 1)) << "nothing new";
+}
+
 }  // namespace
 }  // namespace zorik

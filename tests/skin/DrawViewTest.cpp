@@ -46,6 +46,13 @@ TEST(DrawView, CutsCellsAtBothEndsOfAScrolledView) {
   EXPECT_EQ(spans[19], (DrawnSpan{22, 1816, 94, 0}));  // 1483 are 1816.675, the rest of 77 is 94.325
 }
 
+TEST(DrawView, CutsALastCellThatLacksOneLogicalPixel) {
+  const auto spans = SpansOf(1, 158, 80);
+  ASSERT_EQ(spans.size(), 2U);
+  EXPECT_EQ(spans[0], (DrawnSpan{0, 0, 79, 1}));
+  EXPECT_EQ(spans[1], (DrawnSpan{1, 79, 79, 0}));
+}
+
 TEST(DrawView, LeavesNoGapWhereCellsDoNotDivide) {
   for (const int cell : {11, 49, 65, 98}) {
     for (int from = 0; from < 80; ++from) {

@@ -218,6 +218,23 @@ TEST_F(SkinDataTest, NoNameLeadsOutOfTheFoldersOfSkins) {
   places_.SkinsPath.erase(places_.SkinsPath.rfind('/'));
 }
 
+TEST_F(SkinDataTest, ASkinWhoseNameIsNoFoldersIsTheDefaultSkin) {
+  places_.ShippedSkins = At("shipped");
+  const std::vector<std::string> plain = FoldersOf(places_, "Default", "Menu");
+  for (const char* const name : {"", ".", "..", "a/b", "a\\b", "../..", "/"})
+    EXPECT_EQ(FoldersOf(places_, name, "Menu"), plain) << name;
+  for (const char* const name : {"...", "..a", "a b", "Default"})
+    EXPECT_EQ(FoldersOf(places_, name, "Menu").front(), At(std::string(name) + "/Menu"));
+}
+
+TEST_F(SkinDataTest, AFolderOfSkinsThatCameWithTheGameIsSearchedOnce) {
+  EXPECT_EQ(SkinRoots(places_), std::vector<std::string>{places_.SkinsPath});
+  places_.ShippedSkins = places_.SkinsPath;
+  EXPECT_EQ(SkinRoots(places_), std::vector<std::string>{places_.SkinsPath});
+  places_.ShippedSkins = At("shipped");
+  EXPECT_EQ(SkinRoots(places_), (std::vector<std::string>{places_.SkinsPath, At("shipped")}));
+}
+
 TEST_F(SkinDataTest, APictureOfNoUseIsPassedOver) {
   places_.Skin = "Mine";
   Touch("Mine/Menu/palm.jpg", "broken");

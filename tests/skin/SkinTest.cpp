@@ -126,6 +126,42 @@ TEST_F(SkinTest, AsksNothingWhileAQuestionIsOpen) {
   EXPECT_EQ(questions_.size(), 1U);
 }
 
+TEST_F(SkinTest, AsksForNoLanguageWhileAQuestionIsOpen) {
+  skin_.Skin().SetRetry([this](const std::string& question) {
+    questions_.push_back(question);
+    if (questions_.size() > 1) return false;
+    std::filesystem::remove(skin_.Places().SkinsPath + "/Default/Menu/cestina.txt");
+    skin_.Apply();
+    return false;
+  });
+  skin_.Apply();
+  EXPECT_TRUE(skin_.Skin().MenuPicture("nowhere").isNull());
+  EXPECT_EQ(questions_.size(), 1U);
+}
+
+TEST_F(SkinTest, AsksAgainForAPictureWhenItIsWornAgain) {
+  AnswerYes(0);
+  for (std::size_t times = 1; times <= 2; ++times) {
+    skin_.Apply();
+    EXPECT_TRUE(skin_.Skin().MenuPicture("nowhere").isNull());
+    EXPECT_TRUE(skin_.Skin().MenuPicture("nowhere").isNull());
+    EXPECT_EQ(questions_.size(), times);
+  }
+}
+
+// What came with the game is not the player's to mend.
+TEST_F(SkinTest, TellsOfNoFileThatCameWithTheGame) {
+  skin_.File("palm.bmp", "no picture");
+  skin_.File("../Sound/dirt.wav", "no sound");
+  EXPECT_TRUE(skin_.Skin().Apply(skin_.Places()).flaws.empty());
+  SkinPlaces mine = skin_.Places();
+  mine.Skin = "Mine";
+  skin_.File("../../Mine/Menu/palm.bmp", "no picture");
+  const SkinFlaws flaws = skin_.Skin().Apply(mine).flaws;
+  ASSERT_EQ(flaws.size(), 1U);
+  EXPECT_TRUE(flaws.front().file.ends_with("Mine/Menu/palm.bmp")) << flaws.front().file;
+}
+
 TEST_F(SkinTest, AsksForNoPictureWhoseKeyIsAbsent) {
   AnswerYes(0);
   skin_.Apply();

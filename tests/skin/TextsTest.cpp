@@ -105,6 +105,8 @@ TEST(Texts, TakeANumberWithOneBlankInFront) {
             "Zoríci v komnatě: 3. Přepínáš klávesou Tab.");
   EXPECT_EQ(WithNumber("V komnatě je 5-9 Zoríků.", " 5-9", 5), "V komnatě je 5 Zoríků.");
   EXPECT_EQ(WithNumber("chybí ?1? buněk", " ?1?", -7), "chybí-7 buněk");
+  EXPECT_EQ(WithNumber("chybí ?1? buněk", " ?1?", 0), "chybí 0 buněk")
+      << "as of a number that is not negative";
   EXPECT_EQ(WithNumber("nic", " 2-4", 3), "nic");
 }
 

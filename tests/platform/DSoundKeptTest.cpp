@@ -1,0 +1,94 @@
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <filesystem>
+#include <memory>
+
+#include "data/Result.h"
+#include "platform/DSound.h"
+#include "support/Waves.h"
+
+namespace zorik {
+namespace {
+
+namespace fs = std::filesystem;
+using State = DSound::State;
+using test::Environment;
+using test::Samples;
+using test::SoundFolder;
+using test::SoundOnDisk;
+using test::Tone;
+using test::WaveFileOf;
+
+// What the buffers keep of files and of what was asked before.
+class DSoundKept : public testing::Test {
+ protected:
+  DSoundKept() { EXPECT_TRUE(sound_.DSInit()); }
+
+  std::string Wave(const std::string& name, const Samples& samples) const {
+    return folder_.Write(name, WaveFileOf(samples));
+  }
+
+  SoundFolder folder_;
+  Environment driver_{"SDL_AUDIODRIVER", "dummy"};
+  DSound sound_;
+};
+
+TEST_F(DSoundKept, IsNoSoundThatWasStoppedBeforeThePause) {
+  const std::string path = Wave("a.wav", Tone(50, 500, 20000));
+  const int stopped = sound_.DSLoad(path, true);
+  const int never = sound_.DSLoad(path, true);
+  const int sounding = sound_.DSLoad(path, true);
+  sound_.DSPlay(stopped);
+  sound_.DSPlay(sounding);
+  sound_.DSStop(stopped);
+  sound_.DSPauseAll();
+  sound_.DSResumeAll();
+  EXPECT_EQ(sound_.StateOf(stopped), State::Stopped);
+  EXPECT_EQ(sound_.StateOf(never), State::Loaded);
+  EXPECT_EQ(sound_.StateOf(sounding), State::Playing);
+}
+
+// Another file can bear the time of the one before, such as one that was copied with it.
+TEST_F(DSoundKept, IsNoFileThatHasGotAnotherLengthUnderTheSameTime) {
+  const std::string path = Wave("a.wav", Tone(50, 500, 20000));
+  const int handle = sound_.DSLoad(path, true);
+  sound_.DSPlay(handle);
+  const auto time = fs::last_write_time(path);
+  Wave("a.wav", Tone(50, 700, 20000));
+  fs::last_write_time(path, time);
+  EXPECT_EQ(sound_.DSReload(handle, path, true), handle);
+  EXPECT_EQ(sound_.StateOf(handle), State::Loaded) << "the old recording plays on";
+}
+
+TEST_F(DSoundKept, IsAFileThatNoBufferHasWhileOthersAreRead) {
+  const std::string path = Wave("a.wav", Tone(50, 500, 20000));
+  ASSERT_NE(sound_.DSLoad(path, false), DSound::kNoBuffer);
+  sound_.DSFreeAll();
+  ASSERT_NE(sound_.DSLoad(Wave("b.wav", Tone(50, 500, 20000)), false), DSound::kNoBuffer);
+  const auto time = fs::last_write_time(path);
+  folder_.Write("a.wav", std::string(fs::file_size(path), 'x'));
+  fs::last_write_time(path, time);
+  EXPECT_NE(sound_.DSLoad(path, false), DSound::kNoBuffer) << "it was read again";
+}
+
+// The driver makes its file when the way to the card is opened.
+TEST(DSoundResting, IsNotWokenByWhatMakesNoSound) {
+  const SoundFolder folder;
+  const SoundOnDisk disk(folder);
+  DSound sound;
+  ASSERT_TRUE(sound.DSInit());
+  const int handle = sound.DSLoad(folder.Write("a.wav", WaveFileOf(Tone(50, 500, 20000))), false);
+  ASSERT_GT(disk.AwaitRest(), 0U);
+  disk.Forget();
+  sound.DSSetVolume(0.5F);
+  sound.DSStop(handle);
+  sound.DSPauseAll();
+  sound.DSResumeAll();
+  EXPECT_EQ(disk.AwaitRest(), 0U);
+  sound.DSPlay(handle);
+  EXPECT_TRUE(disk.Await(400)) << "the next sound is heard";
+}
+
+}  // namespace
+}  // namespace zorik

@@ -1,0 +1,95 @@
+#include <SDL.h>
+#include <gtest/gtest.h>
+
+#include <utility>
+#include <vector>
+
+#include "platform/JoyPad.h"
+#include "platform/JoyStick.h"
+#include "platform/Keyboard.h"
+#include "support/VirtualPad.h"
+
+namespace zorik {
+namespace {
+
+using test::VirtualPad;
+
+constexpr Sint16 kLeast = -32768;
+
+using Heard = std::pair<int, int>;  // of a pad in a tick: direction and buttons
+
+Heard Sample(JoyPad& joyPad) {
+  KeySnapshot keys;
+  joyPad.Sample(keys);
+  return {keys.joyDirection, keys.joyButtons};
+}
+
+TEST(SteeringEdges, NothingIsHeardOfASecondPad) {
+  JoyPad joyPad;
+  VirtualPad first;
+  VirtualPad second;
+  EXPECT_EQ(Sample(joyPad), Heard(0, 0));
+  second.Axes(kLeast, 0);
+  EXPECT_EQ(Sample(joyPad), Heard(0, 0)) << "its axes";
+  second.Axes(0, 0);
+  second.Hat(SDL_HAT_UP);
+  EXPECT_EQ(Sample(joyPad), Heard(0, 0)) << "its hat";
+  second.Hat(SDL_HAT_CENTERED);
+  second.Button(0, true);
+  second.Button(1, true);
+  EXPECT_EQ(Sample(joyPad), Heard(0, 0)) << "its buttons";
+  first.Axes(kLeast, 0);
+  EXPECT_EQ(Sample(joyPad), Heard(1, 0));
+}
+
+// A counter goes up by one a tick and stops at 999, where nobody knows any more which push was later.
+TEST(SteeringEdges, TheLaterPushWinsForNineHundredTicksAndMore) {
+  JoyStick stick;
+  stick.JoyInit({32768, 32768, 0});
+  stick.Read({0, 32768, 0});
+  EXPECT_EQ(stick.JoyDirection(2), 1);
+  stick.Read({0, 0, 0});
+  for (int tick = 1; tick < 999; ++tick) ASSERT_EQ(stick.JoyDirection(2), 2) << "tick " << tick;
+  EXPECT_EQ(stick.JoyDirection(2), 0) << "both have been pushed for 999 ticks";
+}
+
+std::vector<int> Down(const KeySnapshot& keys) {
+  std::vector<int> down;
+  for (int key = 0; key < 256; ++key) {
+    if (keys.Down(key)) down.push_back(key);
+  }
+  return down;
+}
+
+TEST(SteeringEdges, TheKeypadHasTenDigits) {
+  Keyboard keyboard;
+  for (int digit = 0; digit <= 9; ++digit) {
+    const QKeyEvent press(QEvent::KeyPress, Qt::Key_0 + digit, Qt::KeypadModifier);
+    EXPECT_EQ(GameKey(press), kKeyPad0 + digit);
+    keyboard.Press(press);
+    EXPECT_EQ(Down(keyboard.Take()), std::vector<int>{kKeyPad0 + digit});
+  }
+  for (const Qt::Key key : {Qt::Key_Slash, Qt::Key_Colon}) {
+    EXPECT_EQ(GameKey(QKeyEvent(QEvent::KeyPress, key, Qt::KeypadModifier)), -1) << "beside the digits";
+  }
+}
+
+// A release and a press of one moment are a key that goes on, unless the window lost its keys in between.
+TEST(SteeringEdges, APressAfterTheFocusWasLostIsNew) {
+  Keyboard keyboard;
+  QKeyEvent press(QEvent::KeyPress, Qt::Key_Right, {});
+  QKeyEvent release(QEvent::KeyRelease, Qt::Key_Right, {});
+  keyboard.Press(press);
+  keyboard.Take();
+  release.setTimestamp(600);
+  keyboard.Release(release);
+  keyboard.ReleaseAll();
+  press.setTimestamp(600);
+  keyboard.Press(press);
+  release.setTimestamp(610);
+  keyboard.Release(release);
+  EXPECT_EQ(Down(keyboard.Take()), std::vector<int>{kKeyRight});
+}
+
+}  // namespace
+}  // namespace zorik
