@@ -53,6 +53,7 @@ class TopBar : public QWidget {
   QString GemsText() const;
   QString ValueText() const;
   bool UnitsShown() const { return units_; }
+  const DogStrip& Units() const { return psi_; }
   const TopBarLayout& Places() const { return layout_; }
 
  signals:

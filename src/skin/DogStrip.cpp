@@ -61,6 +61,12 @@ bool DogStrip::DrawDogN(int n, int state) {
   return std::exchange(states_[static_cast<std::size_t>(n)], state) != state;
 }
 
+std::optional<int> DogStrip::State(int n) const {
+  if (n < 0 || n >= slots_) return std::nullopt;
+  const int state = states_[static_cast<std::size_t>(n)];
+  return state == kEmpty ? std::nullopt : std::optional(state);
+}
+
 int DogStrip::Width() const {
   return slots_ * slotWidth_;
 }

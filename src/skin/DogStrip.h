@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <QPoint>
 #include <array>
+#include <optional>
 
 #include "core/Hra.h"
 
@@ -24,6 +25,9 @@ class DogStrip {
   // Unit n: 0 steered, 1 waiting, 2 dead. Numbers that have no slot are passed over. Whether the strip looks
   // different now.
   bool DrawDogN(int n, int state);
+
+  // What slot n shows, nothing while it is empty.
+  std::optional<int> State(int n) const;
 
   // Of the whole strip, in the desktop's units.
   int Width() const;

@@ -81,7 +81,7 @@ TEST_F(GamePracticeTest, TakesOverNoRecordForEnterThatIsStillHeld) {
   QKeyEvent down(QEvent::KeyPress, Qt::Key_Return, {});
   QApplication::sendEvent(Screen<FrmPoSt>(), &down);
   ASSERT_TRUE(Wait(Shows<HraWindow>));
-  Screen<HraWindow>()->close();
+  Close(Screen<HraWindow>());
   ASSERT_TRUE(Wait(Shows<FrmPoSt>));
   Press(Screen<FrmPoSt>(), Qt::Key_R);
   ASSERT_TRUE(Wait(Shows<HraWindow>));

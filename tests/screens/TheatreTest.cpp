@@ -209,21 +209,29 @@ TEST_F(TheatreTest, WaitsWhileTheKnobIsHeldAndGoesOnWhereItIsDropped) {
 TEST_F(TheatreTest, ShowsFiguresAndUnitsOfTheMoment) {
   const std::string record = RecordOfKeys({"WWWWWWW", "W1DD..W", "W2;;..W", "WWWWWWW"}, "RR.>..",
                                           {.time = 90, .needed = 1, .before = 7, .after = 11});
+  const DogStrip& units = window->Bar().Units();
   StandAt(record, 6);
   EXPECT_EQ(window->Bar().GemsText(), "002 / 001");
   EXPECT_EQ(window->Bar().ValueText(), "11");
-  EXPECT_EQ(window->Machine().ActiveDog, 2);
-  auto* const top = window->findChild<TopBar*>();
-  const QImage late = top->grab().toImage();
+  EXPECT_EQ(window->Bar().ClockText(), "089");
+  EXPECT_EQ(units.State(1), 1) << "waits";
+  EXPECT_EQ(units.State(2), 0) << "is steered";
   Press(Qt::Key_Home);
   EXPECT_EQ(window->Bar().GemsText(), "000 / 001");
   EXPECT_EQ(window->Bar().ValueText(), "07");
   EXPECT_EQ(window->Bar().ClockText(), "090");
-  const QImage early = top->grab().toImage();
-  const QRect psi = window->Bar().Places().psi;
-  EXPECT_NE(early.copy(psi), late.copy(psi)) << "another dog is steered";
-  Press(Qt::Key_End);
-  EXPECT_EQ(top->grab().toImage().copy(psi), late.copy(psi));
+  EXPECT_EQ(units.State(1), 0);
+  EXPECT_EQ(units.State(2), 1);
+  EXPECT_EQ(units.State(0), std::nullopt) << "there are no fleas";
+}
+
+TEST_F(TheatreTest, ShowsADeadDogAliveAgainBeforeItDied) {
+  StandAt(RecordOfKeys({"WWWWWWW", "W2WF..W", "WWW.1.W", "WWWWWWW"}, std::string(30, '.')), 30);
+  const DogStrip& units = window->Bar().Units();
+  EXPECT_EQ(units.State(1), 2) << "a firefly came by";
+  Press(Qt::Key_Home);
+  EXPECT_EQ(units.State(1), 0);
+  EXPECT_EQ(units.State(2), 1);
 }
 
 TEST_F(TheatreTest, ShowsTheCaveOfTheMomentAndPutsTheViewOnItsTargetAtOnce) {
