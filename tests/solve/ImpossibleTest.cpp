@@ -63,6 +63,11 @@ TEST(Impossible, IsATimeBelowTheShortestWay) {
   EXPECT_EQ(WhyImpossible(Play(picture, {.time = 6, .needed = 1})), std::nullopt);
 }
 
+TEST(Impossible, IsNotATimeThatSufficesForTheNearestFinish) {
+  for (const std::string& row : {"1DT" + std::string(60, ';') + "T", "T" + std::string(60, ';') + "1DT"})
+    EXPECT_EQ(WhyImpossible(Play({row}, {.time = 5, .needed = 1})), std::nullopt) << row;
+}
+
 TEST(Impossible, IsATimeInWhichTheGemsCannotBeTaken) {
   const Picture picture{"1T" + std::string(60, 'D')};
   EXPECT_EQ(WhyImpossible(Play(picture, {.time = 6, .needed = 60})).value_or(""),

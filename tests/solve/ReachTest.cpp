@@ -64,6 +64,19 @@ TEST(Reach, TakesADogUnderABoulderForABlastWhereAnotherIsLeft) {
   EXPECT_TRUE(Opens('X', "JR"));
 }
 
+TEST(Reach, OpensALockByAKeyOfItsColour) {
+  for (const char lock : std::string("%^&")) {
+    for (const char key : std::string("!@#")) {
+      std::string row = "W!1%;W";
+      row[1] = key;
+      row[3] = lock;
+      const bool fits = std::string("%^&").find(lock) == std::string("!@#").find(key);
+      const Hra run = Play({"WWWWWW", row, "WWWWWW"});
+      EXPECT_EQ(Reach(run).Dogs({4, 1}), fits) << row;
+    }
+  }
+}
+
 TEST(Reach, OpensOneLockByTheKeyBehindAnother) {
   const Hra run = Play({"WWWWWWWWW", "W!1%@^#&;", "WWWWWWWWW"});
   const Reach reach(run);
