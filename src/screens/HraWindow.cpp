@@ -16,6 +16,7 @@
 #include "data/Result.h"
 #include "screens/FrmSettings.h"
 #include "screens/MsgBox.h"
+#include "screens/PauseBox.h"
 #include "screens/PlainText.h"
 #include "screens/StartWords.h"
 #include "skin/ToQString.h"
@@ -73,7 +74,7 @@ HraWindow::HraWindow(Skin& skin, DSound& sound, Settings& settings)
 
 void HraWindow::StartTicking() {
   running_ = true;
-  ListenToPad();
+  UseKeys();
   ReleaseKeys();
   topBar_->PulseRestart(false);
   UpdateCaption();
@@ -85,6 +86,7 @@ void HraWindow::StartTicking() {
 void HraWindow::Stop() {
   running_ = false;
   paused_ = false;
+  away_ = false;
   hideAway_->hide();
   tmrHra_.stop();
   sounds_.StopAll();
@@ -113,12 +115,14 @@ void HraWindow::OnTick() {
 }
 
 // The pad's centre is read when it is looked for: before anybody pushes it in play.
-void HraWindow::ListenToPad() {
+void HraWindow::UseKeys() {
+  keyboard_.SetKeys(settings_.Keys);
   if (!settings_.Joystick) {
     joyPad_.reset();
   } else if (!joyPad_) {
     joyPad_.emplace();
   }
+  if (joyPad_) joyPad_->SetButtons(settings_.Pad);
 }
 
 void HraWindow::ReleaseKeys() {
@@ -196,8 +200,7 @@ void HraWindow::Act(Request request) {
 
 void HraWindow::PauseRun() {
   sounds_.PauseAll();
-  WithDialog(
-      [this] { Tell(skin_, this, skin_.Text(TextId::Program), skin_.Text(TextId::Paused), Qt::Key_P); });
+  WithDialog([this] { ShowPause(skin_, this, settings_, joyPad_ ? &*joyPad_ : nullptr); });
   sounds_.ResumeAll();
 }
 
@@ -230,7 +233,7 @@ void HraWindow::EditSettings() {
   sounds_.SetVolume(settings_.Volume);
   sounds_.SwitchLoops(settings_.Loops);
   sounds_.Switch(settings_.Sound);
-  ListenToPad();
+  UseKeys();
   SetInterval();
   if (settings_.NoSurprise != shown) RepaintHiddenThings();
 }
@@ -267,6 +270,23 @@ void HraWindow::Resume() {
   sounds_.ResumeAll();
   ReleaseKeys();
   if (running_ && dialogs_ == 0) tmrHra_.start();
+}
+
+// A dialog of the game is no other window; the run waits for it anyway. The pause's own box would take the
+// keys from the other window: it opens when the player is back.
+void HraWindow::LookedAway() {
+  const bool plays = running_ && !paused_ && dialogs_ == 0;
+  if (!plays || !settings_.PauseOnFocusLoss || QApplication::activeWindow() != nullptr) return;
+  away_ = true;
+  Pause();
+  strip_->ShowNotice(kPauseWords.In(skin_), ToColour(Colour::White));
+}
+
+void HraWindow::LookedBack() {
+  if (!std::exchange(away_, false)) return;
+  strip_->Clear();
+  Resume();
+  PauseRun();
 }
 
 void HraWindow::Hide() {
@@ -382,7 +402,7 @@ void HraWindow::UpdateCaption() {
 // The window's events
 
 void HraWindow::keyPressEvent(QKeyEvent* event) {
-  if (GameKey(*event) >= 0) {
+  if (GameKey(*event, settings_.Keys) >= 0) {
     keyboard_.Press(*event);
     return;
   }
@@ -444,6 +464,8 @@ void HraWindow::changeEvent(QEvent* event) {
       Resume();
     }
   }
+  if (event->type() == QEvent::ActivationChange)
+    QTimer::singleShot(0, this, isActiveWindow() ? &HraWindow::LookedBack : &HraWindow::LookedAway);
   QWidget::changeEvent(event);
 }
 

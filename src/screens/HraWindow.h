@@ -100,7 +100,9 @@ class HraWindow : public QWidget, private Stage {
   bool NothingHelps() const;
   void RecordEnds();
   void ReleaseKeys();
-  void ListenToPad();
+  void UseKeys();
+  void LookedAway();
+  void LookedBack();
   void SetFullScreen(bool full);
   void PresentView();
   void Arrange();
@@ -131,6 +133,7 @@ class HraWindow : public QWidget, private Stage {
   std::vector<Request> requests_;
   bool flash_ = false;
   bool paused_ = false;     // minimised or hidden, and the timer stopped for that
+  bool away_ = false;       // paused because the player is in another window
   bool running_ = false;    // a run is on: the timer runs unless a dialog or a pause stops it
   int dialogs_ = 0;         // that are open
   bool maximised_ = false;  // before it filled the screen

@@ -51,6 +51,7 @@ inline constexpr StartWords kLeaveWords{"caption.game.leave"};
 // What else the game window says.
 inline constexpr StartWords kRecordEndWords{"caption.game.recordend"};
 inline constexpr StartWords kTableWords{"caption.game.table"};
+inline constexpr StartWords kPauseWords{"caption.keys.pause"};
 
 // Messages; what is meant stands behind those that end in a colon.
 inline constexpr StartWords kNoCollectionWords{"caption.error.nocollection"};
