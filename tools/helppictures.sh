@@ -116,7 +116,9 @@ pictures() {
   take game
   keys F2
   take settings
-  keys Escape alt+F4
+  keys F2
+  take keys
+  keys Escape Escape alt+F4
   sleep 1
   keys Home z # the record of the first cave
   wait_for_score

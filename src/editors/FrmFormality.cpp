@@ -14,7 +14,7 @@
 
 #include "data/Cp1250.h"
 #include "editors/BoxText.h"
-#include "editors/Marks.h"
+#include "screens/Marks.h"
 #include "editors/WindowPlace.h"
 #include "screens/MsgBox.h"
 #include "screens/PlainText.h"

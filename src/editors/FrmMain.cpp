@@ -14,7 +14,7 @@
 #include "editors/CaveView.h"
 #include "editors/FrmFormality.h"
 #include "editors/FrmStats.h"
-#include "editors/Marks.h"
+#include "screens/Marks.h"
 #include "editors/Palette.h"
 #include "editors/ToolHint.h"
 #include "editors/ToolNames.h"

@@ -4,7 +4,7 @@
 
 #include "editors/CaveView.h"
 #include "editors/FrmMain.h"
-#include "editors/Marks.h"
+#include "screens/Marks.h"
 #include "editors/Palette.h"
 #include "screens/PlainText.h"
 #include "skin/Skin.h"

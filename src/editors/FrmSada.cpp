@@ -14,7 +14,7 @@
 #include "data/Result.h"
 #include "editors/BoxText.h"
 #include "editors/FaultWords.h"
-#include "editors/Marks.h"
+#include "screens/Marks.h"
 #include "editors/SadaBoxes.h"
 #include "editors/SadaList.h"
 #include "editors/WindowPlace.h"

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "editors/Marks.h"
+#include "screens/Marks.h"
 #include "editors/ToolTable.h"
 #include "skin/Skin.h"
 #include "skin/ToQString.h"

@@ -28,6 +28,7 @@ void JoyStick::Read(const JoyInfo& info) {
   const std::array<bool, 4> before = Pushed();
   const unsigned pressed = info.buttons & ~info_.buttons;
   first_ |= pressed & kFirst;
+  commands_ |= pressed & (kRestart | kPause);
   if ((pressed & kSecond) != 0) chord_ = info.buttons & (kFirst | kSecond);
   info_ = info;
   const std::array<bool, 4> now = Pushed();
@@ -37,6 +38,7 @@ void JoyStick::Read(const JoyInfo& info) {
 void JoyStick::Forget() {
   tapped_ = {};
   first_ = 0;
+  commands_ = 0;
   chord_ = 0;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <utility>
 
 namespace zorik {
 
@@ -36,6 +37,13 @@ class JoyStick {
   // the keys of action do; the second once for each press, together with what the first one was then.
   int JoyButtons();
 
+  // Two more buttons give commands.
+  static constexpr unsigned kRestart = 4;
+  static constexpr unsigned kPause = 8;
+
+  // Those that went down since this was last asked.
+  unsigned JoyCommands() { return std::exchange(commands_, 0U); }
+
  private:
   static constexpr unsigned kFirst = 1;
   static constexpr unsigned kSecond = 2;
@@ -50,6 +58,7 @@ class JoyStick {
   int sensitivity_ = 2;
   std::array<bool, 4> tapped_{};  // directions that were entered since the last tick
   unsigned first_ = 0;            // the first button's tap since then
+  unsigned commands_ = 0;         // the commands given since then
   unsigned chord_ = 0;            // what the second button was pressed with, and itself
   int JoyCentreX_ = 0;
   int JoyCentreY_ = 0;

@@ -8,27 +8,45 @@
 namespace zorik {
 namespace {
 
-constexpr std::array<std::pair<int, int>, 15> kKeys{{{Qt::Key_Tab, kKeyTab},
-                                                     {Qt::Key_Backtab, kKeyTab},
-                                                     {Qt::Key_Shift, kKeyShift},
-                                                     {Qt::Key_Control, kKeyCtrl},
-                                                     {Qt::Key_Space, kKeySpace},
-                                                     {Qt::Key_Left, kKeyLeft},
-                                                     {Qt::Key_Up, kKeyUp},
-                                                     {Qt::Key_Right, kKeyRight},
-                                                     {Qt::Key_Down, kKeyDown},
-                                                     {Qt::Key_A, kKeyA},
-                                                     {Qt::Key_C, kKeyC},
-                                                     {Qt::Key_P, kKeyP},
-                                                     {Qt::Key_R, kKeyR},
-                                                     {Qt::Key_S, kKeyS},
-                                                     {Qt::Key_F12, kKeyF12}}};
+// The keys that are the same for everybody.
+constexpr std::array<std::pair<int, int>, 4> kKeys{
+    {{Qt::Key_A, kKeyA}, {Qt::Key_C, kKeyC}, {Qt::Key_S, kKeyS}, {Qt::Key_F12, kKeyF12}}};
+
+// What the game calls the key of a use; -1 where a tick has nothing to do with it.
+int CodeOf(KeyUse use) {
+  constexpr std::array<int, kKeyUses> kCodes{kKeyLeft, kKeyUp,  kKeyRight, kKeyDown, kKeySpace, kKeyR,
+                                             kKeyP,    kKeyTab, -1,        -1,       -1,        -1};
+  return kCodes[static_cast<std::size_t>(use)];
+}
+
+// Of the keys of action Shift and Ctrl have codes of their own.
+int ActionCode(int key) {
+  if (key == Qt::Key_Shift) return kKeyShift;
+  return key == Qt::Key_Control ? kKeyCtrl : kKeySpace;
+}
 
 int KeypadKey(int key) {
   if (key >= Qt::Key_0 && key <= Qt::Key_9) return kKeyPad0 + (key - Qt::Key_0);
   if (key == Qt::Key_Plus) return kKeyPadPlus;
   if (key == Qt::Key_Minus) return kKeyPadMinus;
   return -1;
+}
+
+// A digit of the main row. Where that row writes other letters than digits, it is known by its place.
+int RowKey(const KeyChoice& key) {
+  constexpr std::uint32_t kPlaceOf1 = 10;
+  constexpr std::uint32_t kPlaceOf0 = 19;
+  if (key.key >= Qt::Key_0 && key.key <= Qt::Key_9) return kKeyPad0 + (key.key - Qt::Key_0);
+  if (key.place < kPlaceOf1 || key.place > kPlaceOf0) return -1;
+  return kKeyPad0 + static_cast<int>((key.place - kPlaceOf1 + 1) % 10);
+}
+
+// A key that the player has not chosen for anything.
+int FixedKey(const KeyChoice& key) {
+  if (key.keypad) return KeypadKey(key.key);
+  const auto* const row =
+      std::find_if(kKeys.begin(), kKeys.end(), [&key](const auto& pair) { return pair.first == key.key; });
+  return row == kKeys.end() ? RowKey(key) : row->second;
 }
 
 // These act once for each press, not for as long as they are held.
@@ -87,14 +105,14 @@ std::int64_t SteadyMilliseconds() {
 
 }  // namespace
 
-int GameKey(const QKeyEvent& event) {
-  if (event.modifiers().testFlag(Qt::KeypadModifier)) {
-    const int key = KeypadKey(event.key());
-    if (key >= 0) return key;
-  }
-  const auto* const row = std::find_if(kKeys.begin(), kKeys.end(),
-                                       [&event](const auto& pair) { return pair.first == event.key(); });
-  return row == kKeys.end() ? -1 : row->second;
+int GameKey(const QKeyEvent& event, const KeyMap& keys) {
+  const auto use = keys.UseOf(event);
+  if (!use) return FixedKey(KeyOf(event));
+  return *use == KeyUse::Action ? ActionCode(event.key()) : CodeOf(*use);
+}
+
+bool HasFixedMeaning(const KeyChoice& key) {
+  return FixedKey(key) >= 0;
 }
 
 std::uint64_t PlaceOfKey(const QKeyEvent& event) {
@@ -146,8 +164,13 @@ Keyboard::Turn& Keyboard::NewTurn() {
   return turns_.emplace_back();
 }
 
+void Keyboard::SetKeys(const KeyMap& keys) {
+  ReleaseAll();
+  keys_ = keys;
+}
+
 void Keyboard::Press(const QKeyEvent& event) {
-  const int key = GameKey(event);
+  const int key = GameKey(event, keys_);
   if (key < 0) return;
   if (IsCommand(key)) {
     if (!event.isAutoRepeat() || !Waits(key)) PressOther(key, event);
@@ -182,14 +205,24 @@ void Keyboard::PressModifier(int key) {
 // Of a key that has been down since another window had the keys, only the next press tells.
 void Keyboard::Recall(const QKeyEvent& event) {
   for (const ModifierRow& row : kModifiers) {
+    if (keys_.UseOf(row.meaning) != KeyUse::Action) continue;
     if (event.modifiers().testFlag(row.flag) && !Modifiers()[static_cast<std::size_t>(row.key)])
       held_[PlaceByMeaning(row.meaning)] = row.key;
   }
 }
 
+// The game knows the restart by Ctrl, whatever the player's own key for it is.
+Keyboard::KeySet Keyboard::PressedWith(int key, const QKeyEvent& event) const {
+  KeySet with = Modifiers();
+  const bool needsCtrl = keys_.Of(KeyUse::Restart).front().ctrl;
+  if (key == kKeyR && (!needsCtrl || event.modifiers().testFlag(Qt::ControlModifier)))
+    with.set(static_cast<std::size_t>(kKeyCtrl));
+  return with;
+}
+
 void Keyboard::PressOther(int key, const QKeyEvent& event) {
   Recall(event);
-  const KeySet with = Modifiers();
+  const KeySet with = PressedWith(key, event);
   Turn& turn = !turns_.empty() && turns_.back().Takes(key, with) ? turns_.back() : NewTurn();
   turn.keys.set(static_cast<std::size_t>(key));
   if (Rank(key) != kNoRank) turn.rank = Rank(key);
@@ -202,7 +235,7 @@ void Keyboard::Release(const QKeyEvent& event) {
   const std::uint64_t place = PlaceOfKey(event);
   released_ = Released{place, event.timestamp()};
   held_.erase(place);
-  if (IsModifier(GameKey(event))) held_.erase(PlaceByMeaning(event.key()));
+  if (IsModifier(GameKey(event, keys_))) held_.erase(PlaceByMeaning(event.key()));
   if (chord_ && chord_->place == place) chord_.reset();
   EndChord();
 }

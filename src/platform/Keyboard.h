@@ -9,12 +9,18 @@
 #include <optional>
 
 #include "core/Keys.h"
+#include "platform/KeyMap.h"
 
 namespace zorik {
 
-// The key code of an event as the game counts it, -1 for a key that it does not know. Digits, plus and minus
-// are those of the numeric keypad; its arrows, with the number lock off, are arrows.
-int GameKey(const QKeyEvent& event);
+// The key code of an event as the game counts it, -1 for a key that it does not know. What the player has
+// chosen goes first. Plus and minus are those of the numeric keypad; its arrows, with the number lock off,
+// are arrows. Digits of the main row are those of the keypad, with Shift or without: which way they are
+// written depends on the country.
+int GameKey(const QKeyEvent& event, const KeyMap& keys = DefaultKeys());
+
+// Whether the key means something in play where the player has not chosen it for anything.
+bool HasFixedMeaning(const KeyChoice& key);
 
 // A key is known again by its place on the keyboard: what it means may change with other keys while it is
 // held.
@@ -31,6 +37,9 @@ class Keyboard {
   using Clock = std::function<std::int64_t()>;  // milliseconds
 
   explicit Keyboard(Clock clock = {});
+
+  // The keys that the player has chosen. Nothing is held then.
+  void SetKeys(const KeyMap& keys);
 
   void Press(const QKeyEvent& event);
   void Release(const QKeyEvent& event);
@@ -67,6 +76,7 @@ class Keyboard {
   KeySet Modifiers() const;
   Turn& NewTurn();
   void Recall(const QKeyEvent& event);
+  KeySet PressedWith(int key, const QKeyEvent& event) const;
   void PressModifier(int key);
   void PressOther(int key, const QKeyEvent& event);
   void EndChord();
@@ -78,6 +88,7 @@ class Keyboard {
   };
 
   Clock clock_;
+  KeyMap keys_;
   std::map<std::uint64_t, int> held_;  // game key by place
   std::deque<Turn> turns_;             // since the last tick
   std::optional<Chord> chord_;

@@ -79,6 +79,8 @@ Settings FindSett() {
   settings.SpeedR = ReadSpeed(store, "SpeedR");
   settings.Volume = ReadVolume(store);
   for (const Flag& flag : kFlags) ReadFlag(store, flag, settings);
+  settings.Keys = KeyMap::Read(store);
+  settings.Pad = PadMap::Read(store);
   return settings;
 }
 
@@ -88,6 +90,8 @@ Result<Done> StoreSett(const Settings& settings) {
   store.setValue("SpeedR", settings.SpeedR);
   store.setValue("Volume", settings.Volume);
   for (const Flag& flag : kFlags) store.setValue(flag.name, settings.*flag.value ? 1 : 0);
+  settings.Keys.Write(store);
+  settings.Pad.Write(store);
   return Write(store);
 }
 

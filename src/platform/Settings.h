@@ -3,6 +3,8 @@
 #include <QString>
 
 #include "data/ResultFwd.h"
+#include "platform/KeyMap.h"
+#include "platform/PadMap.h"
 
 namespace zorik {
 
@@ -22,6 +24,8 @@ struct Settings {
   bool SmoothMotion = false;      // what moves is also drawn on its way
   bool LessFlashing = false;      // no flash of the finish, no glitter
   bool PauseOnFocusLoss = false;  // a run waits while the player is in another window
+  KeyMap Keys = {};               // of the keyboard
+  PadMap Pad = {};                // the buttons of a pad
 
   bool operator==(const Settings&) const = default;
 };

@@ -1,9 +1,12 @@
 #include "screens/FrmSettings.h"
 
 #include <QGridLayout>
+#include <QKeyEvent>
 #include <QLabel>
 
 #include "data/Result.h"
+#include "screens/FrmKeys.h"
+#include "screens/KeyWords.h"
 #include "screens/MsgBox.h"
 #include "screens/PlainText.h"
 #include "screens/SkinButton.h"
@@ -64,9 +67,11 @@ FrmSettings::FrmSettings(Skin& skin, QWidget* parent)
               new SkinScale(0, kFullVolume, this)},
       checks_{new SkinCheck(this), new SkinCheck(this), new SkinCheck(this), new SkinCheck(this),
               new SkinCheck(this), new SkinCheck(this), new SkinCheck(this), new SkinCheck(this)},
+      keysButton_(new SkinButton(this)),
       ok_(new SkinButton(this)),
       close_(new SkinButton(this)) {
   NameParts();
+  connect(keysButton_, &SkinButton::clicked, this, &FrmSettings::EditKeys);
   connect(ok_, &SkinButton::clicked, this, &FrmSettings::OnEnter);
   connect(close_, &SkinButton::clicked, this, &FrmSettings::OnEsc);
   LayOut();
@@ -81,6 +86,7 @@ void FrmSettings::NameParts() {
   }
   for (std::size_t i = 0; i < checks_.size(); ++i)
     checks_[i]->setObjectName("check" + QString::number(i + 1));
+  keysButton_->setObjectName("keys");
   ok_->setObjectName("ok");
   close_->setObjectName("close");
 }
@@ -111,10 +117,10 @@ void FrmSettings::LayOut() {
 
   auto* const buttons = new QHBoxLayout;
   buttons->setSpacing(kGap);
+  buttons->addWidget(keysButton_);
   buttons->addStretch();
   buttons->addWidget(ok_);
   buttons->addWidget(close_);
-  buttons->addStretch();
   rows->addSpacing(kGap);
   rows->addLayout(buttons);
 }
@@ -142,6 +148,8 @@ void FrmSettings::SkinIt() {
     checks_[i]->setText(InMenu(kChecks[i].words.In(skin_)));
     checks_[i]->SetPicture(skin_.Picture("settings.checks.image"));
   }
+  keysButton_->SetPlate(skin_.Picture("dialog.plateback.image"));
+  keysButton_->SetWords(kKeysWords.In(skin_));
   ok_->SetPicture(skin_.Picture("settings.ok.image"));
   ok_->SetWords(kOkWords.In(skin_));
   close_->SetPicture(skin_.Picture("settings.close.image"));
@@ -153,6 +161,19 @@ void FrmSettings::SetSett(const Settings& settings) {
   scales_[1]->setValue(Turned(settings.SpeedR));
   scales_[2]->setValue(settings.Volume);
   for (std::size_t i = 0; i < checks_.size(); ++i) checks_[i]->setChecked(settings.*kChecks[i].value);
+  keys_ = settings.Keys;
+  pad_ = settings.Pad;
+}
+
+// Other keys hold when these settings are confirmed.
+void FrmSettings::EditKeys() {
+  FrmKeys(skin_, this).Edit(keys_, pad_);
+}
+
+// The key that has opened these settings leads on.
+void FrmSettings::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_F2 && !event->isAutoRepeat()) return EditKeys();
+  SkinDialog::keyPressEvent(event);
 }
 
 bool FrmSettings::Edit(Settings& settings) {
@@ -165,6 +186,8 @@ bool FrmSettings::Edit(Settings& settings) {
   settings.SpeedR = Turned(scales_[1]->value());
   settings.Volume = scales_[2]->value();
   for (std::size_t i = 0; i < checks_.size(); ++i) settings.*kChecks[i].value = checks_[i]->isChecked();
+  settings.Keys = keys_;
+  settings.Pad = pad_;
   if (!StoreSett(settings))
     Tell(skin_, parentWidget(), skin_.Text(TextId::Program), kNotStoredWords.In(skin_));
   return true;

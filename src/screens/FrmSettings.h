@@ -16,7 +16,8 @@ class SkinCheck;
 class SkinScale;
 
 // The window of the options: two speeds and the volume, on scales whose right end is the fast or loud one,
-// and below them eight checks in two columns. What the player changes is dropped unless he confirms it.
+// and below them eight checks in two columns. A button leads to the player's own keys. What the player
+// changes is dropped unless he confirms it.
 class FrmSettings : public SkinDialog {
   Q_OBJECT
 
@@ -30,20 +31,25 @@ class FrmSettings : public SkinDialog {
  protected:
   void OnEnter() override { accept(); }
   void OnEsc() override { done(Rejected); }
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   void NameParts();
   void LayOut();
   void SkinIt();
   void SetSett(const Settings& settings);
+  void EditKeys();
 
   Skin& skin_;
   QLabel* lblCaption_;
   std::array<QLabel*, 3> lblScale_;
   std::array<SkinScale*, 3> scales_;  // Speed, SpeedR, Volume
   std::array<SkinCheck*, 8> checks_;
+  SkinButton* keysButton_;
   SkinButton* ok_;
   SkinButton* close_;
+  KeyMap keys_;
+  PadMap pad_;
 };
 
 }  // namespace zorik

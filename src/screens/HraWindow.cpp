@@ -16,9 +16,11 @@
 #include "screens/FrmSettings.h"
 #include "screens/Moment.h"
 #include "screens/MsgBox.h"
+#include "screens/PauseBox.h"
 #include "screens/PlainText.h"
 #include "screens/RunCaption.h"
 #include "screens/RunControls.h"
+#include "screens/RunFate.h"
 #include "screens/StartWords.h"
 #include "skin/ToQString.h"
 
@@ -33,11 +35,6 @@ QColor ToColour(Colour colour) {
   const auto number = static_cast<std::uint32_t>(colour);
   return QColor(static_cast<int>(number & 255U), static_cast<int>(number >> 8U & 255U),
                 static_cast<int>(number >> 16U & 255U));
-}
-
-bool UnitIsLost(const RunState& run) {
-  return std::any_of(run.Dog.begin() + 1, run.Dog.begin() + run.DogCount + 1,
-                     [](const Unit& unit) { return unit.x != kAbsentUnit && !unit.Alive; });
 }
 
 std::uint64_t ClockNow() {
@@ -78,7 +75,7 @@ HraWindow::HraWindow(Skin& skin, DSound& sound, Settings& settings)
 HraWindow::~HraWindow() = default;
 
 void HraWindow::StartTicking(bool again) {
-  ListenToPad();
+  UseKeys();
   ReleaseKeys();
   topBar_->PulseRestart(false);
   SetTitle(*this, RunCaption(hra_, skin_));
@@ -96,13 +93,14 @@ void HraWindow::GoOn() {
 void HraWindow::ShowMoment(bool jump) {
   motion_.End();
   zorik::ShowMoment(hra_, jump, painter_, *topBar_, *strip_);
-  topBar_->PulseRestart(NothingHelps());
+  topBar_->PulseRestart(NothingHelps(hra_));
   PresentView();
 }
 
 void HraWindow::Stop() {
   running_ = false;
   paused_ = false;
+  away_ = false;
   hideAway_->hide();
   StopTicks();
   sounds_.StopAll();
@@ -137,25 +135,20 @@ void HraWindow::OnTick() {
 }
 
 // The pad's centre is read when it is looked for: before anybody pushes it in play.
-void HraWindow::ListenToPad() {
+void HraWindow::UseKeys() {
+  keyboard_.SetKeys(settings_.Keys);
   if (!settings_.Joystick) {
     joyPad_.reset();
   } else if (!joyPad_) {
     joyPad_.emplace();
   }
+  if (joyPad_) joyPad_->SetButtons(settings_.Pad);
 }
 
 void HraWindow::ReleaseKeys() {
   keyboard_.ReleaseAll();
   if (joyPad_) joyPad_->Forget();
   controls_->Now().ReleaseKeys();
-}
-
-// The run goes on, but nobody can bring it to an end any more.
-bool HraWindow::NothingHelps() const {
-  const auto* const end = hra_.Dog.begin() + hra_.DogCount + 1;
-  const bool alive = std::any_of(hra_.Dog.begin(), end, [](const Unit& unit) { return unit.Alive; });
-  return !alive || hra_.Elapsed >= hra_.TimeLimit * kTicksPerSecond;
 }
 
 void HraWindow::RecordEnds() {
@@ -169,7 +162,7 @@ void HraWindow::AfterTick(TickEnd end) {
   const std::vector<Request> requests = std::exchange(requests_, {});
   for (const Request request : requests) Act(request);
   if (end == TickEnd::Restarted) SetTitle(*this, RunCaption(hra_, skin_));
-  topBar_->PulseRestart(end == TickEnd::Running && NothingHelps());
+  topBar_->PulseRestart(end == TickEnd::Running && NothingHelps(hra_));
   const bool mourns = hra_.Kind == RunKind::Play && UnitIsLost(hra_);
   topBar_->AddToRestartTip(mourns ? kTryPracticeWords.In(skin_) : QString());
   if (end != TickEnd::Won && end != TickEnd::RecordOver) return;
@@ -234,8 +227,7 @@ void HraWindow::Act(Request request) {
 
 void HraWindow::PauseRun() {
   sounds_.PauseAll();
-  WithDialog(
-      [this] { Tell(skin_, this, skin_.Text(TextId::Program), skin_.Text(TextId::Paused), Qt::Key_P); });
+  WithDialog([this] { ShowPause(skin_, this, settings_, joyPad_ ? &*joyPad_ : nullptr); });
   sounds_.ResumeAll();
 }
 
@@ -269,7 +261,7 @@ void HraWindow::EditSettings() {
   sounds_.SetVolume(settings_.Volume);
   sounds_.SwitchLoops(settings_.Loops);
   sounds_.Switch(settings_.Sound);
-  ListenToPad();
+  UseKeys();
   if (settings_.SpeedR != before.SpeedR) controls_->Now().SpeedChosen();
   PaceChanged();
   painter_.SetStill(settings_.LessFlashing);
@@ -308,6 +300,23 @@ void HraWindow::Resume() {
   sounds_.ResumeAll();
   ReleaseKeys();
   if (running_ && dialogs_ == 0) tmrHra_.start();
+}
+
+// A dialog of the game is no other window; the run waits for it anyway. The pause's own box would take the
+// keys from the other window: it opens when the player is back.
+void HraWindow::LookedAway() {
+  const bool plays = running_ && !paused_ && dialogs_ == 0;
+  if (!plays || !settings_.PauseOnFocusLoss || QApplication::activeWindow() != nullptr) return;
+  away_ = true;
+  Pause();
+  strip_->ShowNotice(kPauseWords.In(skin_), ToColour(Colour::White));
+}
+
+void HraWindow::LookedBack() {
+  if (!std::exchange(away_, false)) return;
+  strip_->Clear();
+  Resume();
+  PauseRun();
 }
 
 void HraWindow::Hide() {
@@ -412,7 +421,7 @@ std::optional<std::uint64_t> HraWindow::Reseed() {
 
 void HraWindow::keyPressEvent(QKeyEvent* event) {
   if (controls_->Now().Press(*event)) return;
-  if (GameKey(*event) >= 0) {
+  if (GameKey(*event, settings_.Keys) >= 0) {
     keyboard_.Press(*event);
     return;
   }
@@ -476,6 +485,8 @@ void HraWindow::changeEvent(QEvent* event) {
       Resume();
     }
   }
+  if (event->type() == QEvent::ActivationChange)
+    QTimer::singleShot(0, this, isActiveWindow() ? &HraWindow::LookedBack : &HraWindow::LookedAway);
   QWidget::changeEvent(event);
 }
 

@@ -129,10 +129,11 @@ class HraWindow : public QWidget, private Stage {
 
   void OnTick();
   void AfterTick(TickEnd end);
-  bool NothingHelps() const;
   void RecordEnds();
   void ReleaseKeys();
-  void ListenToPad();
+  void UseKeys();
+  void LookedAway();
+  void LookedBack();
   void SetFullScreen(bool full);
   void PresentView();
   void PresentTick(TickEnd end);
@@ -164,6 +165,7 @@ class HraWindow : public QWidget, private Stage {
   std::vector<Request> requests_;
   bool flash_ = false;
   bool paused_ = false;     // minimised or hidden, and the timer stopped for that
+  bool away_ = false;       // paused because the player is in another window
   bool running_ = false;    // a run is on: the timer runs unless a dialog or a pause stops it
   int dialogs_ = 0;         // that are open
   bool maximised_ = false;  // before it filled the screen

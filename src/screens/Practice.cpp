@@ -117,30 +117,33 @@ int Practice::Interval() const {
 
 // Keys
 
-Practice::Act Practice::ActOf(int key) {
-  static constexpr std::array<std::pair<int, Act>, 7> kActs{{{Qt::Key_Backspace, &Practice::StartBack},
-                                                             {Qt::Key_F5, &Practice::SetMark},
-                                                             {Qt::Key_F6, &Practice::SlowDown},
-                                                             {Qt::Key_F7, &Practice::WhatKilledMe},
-                                                             {Qt::Key_F8, &Practice::ToMark},
-                                                             {Qt::Key_Return, &Practice::InEarnest},
-                                                             {Qt::Key_Enter, &Practice::InEarnest}}};
-  for (const auto& [its, act] : kActs) {
-    if (its == key) return act;
+Practice::Act Practice::ActOf(const QKeyEvent& event) const {
+  switch (event.key()) {
+    case Qt::Key_F7:
+      return &Practice::WhatKilledMe;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      return &Practice::InEarnest;
+    default:
+      break;
   }
-  return nullptr;
+  const std::optional<KeyUse> use = settings_.Keys.UseOf(event);
+  if (use == KeyUse::Rewind) return &Practice::StartBack;
+  if (use == KeyUse::SetMark) return &Practice::SetMark;
+  if (use == KeyUse::BackToMark) return &Practice::ToMark;
+  return use == KeyUse::SlowMotion ? &Practice::SlowDown : nullptr;
 }
 
 bool Practice::Press(const QKeyEvent& event) {
-  const Act act = ActOf(event.key());
-  if (waits_ && (act != nullptr || GameKey(event) >= 0)) Wait(false);
+  const Act act = ActOf(event);
+  if (waits_ && (act != nullptr || GameKey(event, settings_.Keys) >= 0)) Wait(false);
   if (act == nullptr || !timeline_) return false;
   if (!event.isAutoRepeat()) (this->*act)();
   return true;
 }
 
 bool Practice::Release(const QKeyEvent& event) {
-  if (event.key() != Qt::Key_Backspace) return false;
+  if (settings_.Keys.UseOf(event) != KeyUse::Rewind) return false;
   if (!event.isAutoRepeat()) StopBack();
   return true;
 }

@@ -12,8 +12,9 @@ class Skin;
 
 // A run in practice: time can be turned back and slowed down, and nothing of it is recorded, as a badge says.
 //
-// Backspace, as long as it is held: back in time. F5: a mark, F8: back to it. F6: slower, slower still, and
-// as fast as play again. F7: what killed the last unit. Enter, when it is won: the same in earnest.
+// With the keys of the beginning: Backspace, as long as it is held: back in time. F5: a mark, F8: back to it.
+// F6: slower, slower still, and as fast as play again. Whatever the player's keys are, F7: what killed the
+// last unit; Enter, when it is won: the same in earnest.
 class Practice : public RunControl {
   Q_OBJECT
 
@@ -43,7 +44,7 @@ class Practice : public RunControl {
 
  private:
   using Act = void (Practice::*)();
-  static Act ActOf(int key);
+  Act ActOf(const QKeyEvent& event) const;
 
   // A moment to come back to, with the run that led there: what was played since may have been undone.
   struct Mark {

@@ -55,7 +55,7 @@ void RunView::RepaintCells(const Hra& before) {
 
 void RunView::Compose() {
   if (!run_ || ram_->PixelSize().isEmpty()) return;
-  ram_->Show(painter_.Compose(*run_, ram_->PixelSize()));
+  ram_->ShowChanges(painter_, painter_.Look(*run_, ram_->PixelSize()));
 }
 
 void RunView::resizeEvent(QResizeEvent* event) {

@@ -72,6 +72,7 @@ inline constexpr StartWords kFaultyWords{"caption.statistics.faulty"};
 // What else the game window says.
 inline constexpr StartWords kRecordEndWords{"caption.game.recordend"};
 inline constexpr StartWords kTableWords{"caption.game.table"};
+inline constexpr StartWords kPauseWords{"caption.keys.pause"};
 
 // Of two records side by side.
 inline constexpr StartWords kPairWords{"caption.pair.title"};

@@ -153,6 +153,81 @@ TEST_F(JoyPadTest, TakesTheFirstButtonWithThePressOfTheSecondHoweverSoonItIsUp) 
   EXPECT_EQ(Sample(), Heard(0, 1));
 }
 
+TEST_F(JoyPadTest, DoesWithItsButtonsWhatThePlayerHasChosen) {
+  PadMap map;
+  map.Choose(PadUse::Action, 3);
+  map.Choose(PadUse::NextUnit, 0);
+  map.Choose(PadUse::Pause, 1);
+  map.Choose(PadUse::Restart, 2);
+  pad_.SetButtons(map);
+  VirtualPad pad;
+  const auto tap = [&](int button) {
+    pad.Button(button, true);
+    pad.Button(button, false);
+    KeySnapshot keys;
+    pad_.Sample(keys);
+    return keys;
+  };
+  tap(0);  // makes the pad known
+  EXPECT_EQ(tap(3).joyButtons, 1);
+  EXPECT_EQ(tap(0).joyButtons, 2);
+  const KeySnapshot pause = tap(1);
+  EXPECT_TRUE(pause.Down(kKeyP));
+  EXPECT_EQ(pause.down.count(), 1U);
+  EXPECT_EQ(pause.joyButtons, 0);
+  const KeySnapshot restart = tap(2);
+  EXPECT_TRUE(restart.Down(kKeyR) && restart.Down(kKeyCtrl));
+  EXPECT_EQ(restart.down.count(), 2U);
+  EXPECT_EQ(restart.joyButtons, 0);
+}
+
+TEST_F(JoyPadTest, CommandsOnceForEachPress) {
+  PadMap map;
+  map.Choose(PadUse::Pause, 2);
+  pad_.SetButtons(map);
+  VirtualPad pad;
+  Sample();
+  pad.Button(2, true);
+  KeySnapshot keys;
+  pad_.Sample(keys);
+  EXPECT_TRUE(keys.Down(kKeyP));
+  KeySnapshot next;
+  pad_.Sample(next);
+  EXPECT_FALSE(next.Down(kKeyP)) << "it is held";
+  pad.Button(2, false);
+  pad.Button(2, true);
+  EXPECT_TRUE(pad_.PausePressed());
+  EXPECT_FALSE(pad_.PausePressed());
+  pad.Button(2, false);
+  pad.Button(2, true);
+  pad_.Forget();
+  EXPECT_FALSE(pad_.PausePressed());
+}
+
+TEST_F(JoyPadTest, CommandsNothingWithAButtonThatWasHeldWhenItWasChosen) {
+  VirtualPad pad;
+  Sample();
+  pad.Button(3, true);
+  PadMap map;
+  map.Choose(PadUse::Pause, 3);
+  pad_.SetButtons(map);
+  EXPECT_FALSE(pad_.PausePressed());
+}
+
+TEST_F(JoyPadTest, TellsWhichButtonWentDownWhateverItDoes) {
+  EXPECT_FALSE(pad_.IsThere());
+  VirtualPad pad;
+  EXPECT_TRUE(pad_.IsThere());
+  EXPECT_EQ(pad_.PressedButton(), std::nullopt);
+  pad.Button(3, true);
+  pad.Button(3, false);
+  EXPECT_EQ(pad_.PressedButton(), 3);
+  EXPECT_EQ(pad_.PressedButton(), std::nullopt);
+  pad.Button(0, true);
+  EXPECT_EQ(pad_.PressedButton(), 0);
+  EXPECT_EQ(pad_.PressedButton(), std::nullopt) << "it is held";
+}
+
 TEST_F(JoyPadTest, ForgetsWhatWasPushedForAnotherWindow) {
   VirtualPad pad;
   EXPECT_EQ(Sample(), Heard(0, 0));

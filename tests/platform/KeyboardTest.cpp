@@ -97,13 +97,101 @@ TEST(Keyboard, TakesTabWithShiftForTab) {
   EXPECT_EQ(Down(keyboard.Take()), (Codes{kKeyTab, kKeyShift}));
 }
 
-TEST(Keyboard, TakesDigitsFromTheKeypadOnly) {
+TEST(Keyboard, TakesDigitsOfTheMainRowForThoseOfTheKeypad) {
   Keyboard keyboard;
-  keyboard.Press(Pressed(Qt::Key_3));
-  EXPECT_EQ(Down(keyboard.Take()), Codes{});
+  for (int digit = 0; digit <= 9; ++digit) {
+    keyboard.Press(Pressed(Qt::Key_0 + digit));
+    EXPECT_EQ(Down(keyboard.Take()), Codes{kKeyPad0 + digit});
+    keyboard.Release(Released(Qt::Key_0 + digit));
+    EXPECT_EQ(Down(keyboard.Take()), Codes{});
+  }
   keyboard.Press(Pressed(Qt::Key_3, Qt::KeypadModifier));
   EXPECT_EQ(Down(keyboard.Take()), Codes{kKeyPad0 + 3});
   EXPECT_EQ(Down(keyboard.Take()), Codes{}) << "a digit is a command";
+}
+
+TEST(Keyboard, KnowsTheDigitsOfAMainRowThatWritesLettersByTheirPlace) {
+  const std::vector<int> czech{Qt::Key_Plus, u'Ě',           u'Š',           u'Č',           u'Ř',
+                               u'Ž',         Qt::Key_Yacute, Qt::Key_Aacute, Qt::Key_Iacute, Qt::Key_Eacute};
+  for (quint32 i = 0; i < 10; ++i) {
+    Keyboard keyboard;
+    keyboard.Press(AtPlace(QEvent::KeyPress, 10 + i, czech[i], Qt::NoModifier));
+    EXPECT_EQ(Down(keyboard.Take()), Codes{kKeyPad0 + static_cast<int>((i + 1) % 10)});
+  }
+  Keyboard keyboard;
+  keyboard.Press(AtPlace(QEvent::KeyPress, 20, Qt::Key_Equal, Qt::NoModifier));
+  keyboard.Press(AtPlace(QEvent::KeyPress, 9, Qt::Key_Escape, Qt::NoModifier));
+  EXPECT_EQ(Down(keyboard.Take()), Codes{}) << "what lies beside the digits";
+}
+
+TEST(Keyboard, IsSteeredByTheKeysThatThePlayerHasChosen) {
+  KeyMap keys;
+  keys.Choose(KeyUse::Left, {Qt::Key_A});
+  keys.Choose(KeyUse::Action, {Qt::Key_Less});
+  keys.Choose(KeyUse::Pause, {Qt::Key_F9});
+  keys.Choose(KeyUse::NextUnit, {Qt::Key_Q});
+  Keyboard keyboard;
+  keyboard.SetKeys(keys);
+  keyboard.Press(Pressed(Qt::Key_Less));
+  keyboard.Press(Pressed(Qt::Key_A));
+  EXPECT_EQ(Down(keyboard.Take()), (Codes{kKeySpace, kKeyLeft}));
+  EXPECT_EQ(Down(keyboard.Take()), (Codes{kKeySpace, kKeyLeft})) << "they are held";
+  keyboard.ReleaseAll();
+  keyboard.Press(Pressed(Qt::Key_F9));
+  keyboard.Press(Pressed(Qt::Key_Q));
+  EXPECT_EQ(Down(keyboard.Take()), (Codes{kKeyTab, kKeyP}));
+  for (const int key : {Qt::Key_Left, Qt::Key_Shift, Qt::Key_Control, Qt::Key_Space, Qt::Key_P, Qt::Key_Tab})
+    keyboard.Press(Pressed(key));
+  EXPECT_EQ(Down(keyboard.Take()), Codes{}) << "these have done it before";
+}
+
+TEST(Keyboard, LetsGoAChosenKeyThatChangedItsSignWithShift) {
+  KeyMap keys;
+  keys.Choose(KeyUse::Right, {Qt::Key_Period, false, false, 60});
+  Keyboard keyboard;
+  keyboard.SetKeys(keys);
+  keyboard.Press(AtPlace(QEvent::KeyPress, 50, Qt::Key_Shift, Qt::NoModifier));
+  keyboard.Press(AtPlace(QEvent::KeyPress, 60, Qt::Key_Greater, Qt::ShiftModifier));
+  EXPECT_EQ(Down(keyboard.Take()), (Codes{kKeyShift, kKeyRight}));
+  keyboard.Release(AtPlace(QEvent::KeyRelease, 50, Qt::Key_Shift, Qt::ShiftModifier));
+  keyboard.Release(AtPlace(QEvent::KeyRelease, 60, Qt::Key_Period, Qt::NoModifier));
+  EXPECT_EQ(Down(keyboard.Take()), Codes{});
+}
+
+TEST(Keyboard, RestartsByAChosenKeyAloneOrByItWithCtrl) {
+  KeyMap keys;
+  keys.Choose(KeyUse::Restart, {Qt::Key_F9});
+  Keyboard keyboard;
+  keyboard.SetKeys(keys);
+  keyboard.Press(Pressed(Qt::Key_F9));
+  EXPECT_EQ(Down(keyboard.Take()), (Codes{kKeyCtrl, kKeyR}));
+  EXPECT_EQ(Down(keyboard.Take()), Codes{});
+  keys.Choose(KeyUse::Restart, {Qt::Key_N, false, true});
+  keys.Choose(KeyUse::Action, {Qt::Key_X});
+  keyboard.SetKeys(keys);
+  keyboard.Press(Pressed(Qt::Key_N));
+  EXPECT_EQ(Down(keyboard.Take()), Codes{kKeyR}) << "no restart without Ctrl";
+  keyboard.Press(Pressed(Qt::Key_Control, Qt::ControlModifier));
+  EXPECT_EQ(Down(keyboard.Take()), Codes{}) << "Ctrl is no key of action any more";
+  keyboard.Press(Pressed(Qt::Key_N, Qt::ControlModifier));
+  EXPECT_EQ(Down(keyboard.Take()), (Codes{kKeyCtrl, kKeyR}));
+}
+
+TEST(Keyboard, TakesNoShiftFromAnotherWindowForActionWhenThePlayerActsByAnotherKey) {
+  KeyMap keys;
+  keys.Choose(KeyUse::Action, {Qt::Key_X});
+  Keyboard keyboard;
+  keyboard.SetKeys(keys);
+  keyboard.Press(Pressed(Qt::Key_Right, Qt::ShiftModifier | Qt::ControlModifier));
+  EXPECT_EQ(Down(keyboard.Take()), Codes{kKeyRight});
+}
+
+TEST(Keyboard, LeavesTheKeysOfPracticeToOthers) {
+  for (const int key : {Qt::Key_Backspace, Qt::Key_F5, Qt::Key_F8})
+    EXPECT_EQ(GameKey(Pressed(key)), -1) << key;
+  KeyMap keys;
+  keys.Choose(KeyUse::Rewind, {Qt::Key_C});
+  EXPECT_EQ(GameKey(Pressed(Qt::Key_C), keys), -1) << "what is chosen goes before what it meant";
 }
 
 TEST(Keyboard, TakesPlusAndMinusFromTheKeypadOnly) {

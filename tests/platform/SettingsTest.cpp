@@ -80,6 +80,17 @@ TEST_F(SettingsTest, EachOfTheLaterOptionsIsKeptUnderItsOwnName) {
   }
 }
 
+TEST_F(SettingsTest, ThePlayersOwnKeysAreKept) {
+  Settings own;
+  own.Keys.Choose(KeyUse::Left, {Qt::Key_J});
+  own.Pad.Choose(PadUse::Pause, 7);
+  ASSERT_TRUE(StoreSett(own));
+  EXPECT_EQ(FindSett(), own);
+  IniStore("Zorik2").setValue("KeyLeft", "many");
+  IniStore("Zorik2").setValue("PadPause", "some");
+  EXPECT_EQ(FindSett(), Settings());
+}
+
 TEST_F(SettingsTest, AVolumeOutOfRangeIsLimited) {
   EXPECT_TRUE(StoreSett(Settings()));
   const std::pair<const char*, int> kValues[] = {{"-3", 0}, {"0", 0}, {"11", 10}, {"loud", 10}, {"", 10}};

@@ -45,8 +45,8 @@ class FrmSettingsTest : public testing::Test {
   static SkinCheck& Check(const QWidget& window, int number) {
     return *window.findChildren<SkinCheck*>().at(number);
   }
-  static SkinButton& Ok(const QWidget& window) { return *window.findChildren<SkinButton*>().at(0); }
-  static SkinButton& Close(const QWidget& window) { return *window.findChildren<SkinButton*>().at(1); }
+  static SkinButton& Ok(const QWidget& window) { return *window.findChild<SkinButton*>("ok"); }
+  static SkinButton& Close(const QWidget& window) { return *window.findChild<SkinButton*>("close"); }
 
   // Changes everything there is.
   static void ChangeAll(QWidget& window) {

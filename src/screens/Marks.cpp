@@ -1,4 +1,4 @@
-#include "editors/Marks.h"
+#include "screens/Marks.h"
 
 namespace zorik {
 

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "core/Hra.h"
+
+namespace zorik {
+
+// A dog that the cave has is dead.
+bool UnitIsLost(const RunState& run);
+
+// The run goes on, but nobody can bring it to an end any more: no unit lives, or the time is up.
+bool NothingHelps(const RunState& run);
+
+}  // namespace zorik
