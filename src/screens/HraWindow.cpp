@@ -401,10 +401,6 @@ void HraWindow::ShowRemark(std::string_view text, Colour colour) {
   strip_->ShowMessage(ToQString(text), ToColour(colour));
 }
 
-void HraWindow::Label(LabelId label, int value) {
-  topBar_->SetFigure(label, value);
-}
-
 void HraWindow::DrawDogN(int n, int state) {
   if (!topBar_->UnitsShown()) {
     if (!hra_.MultiDog) return;

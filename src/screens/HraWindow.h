@@ -120,7 +120,7 @@ class HraWindow : public QWidget, private Stage {
   void PZvukTime(int seconds) override { sounds_.PZvukTime(seconds); }
   void ShowMessage(TextId text, Colour colour, int dogs) override;
   void ShowRemark(std::string_view text, Colour colour) override;
-  void Label(LabelId label, int value) override;
+  void Label(LabelId label, int value) override { topBar_->SetFigure(label, value); }
   void DrawDogN(int n, int state) override;
   void MoveView(bool jump) override;
   void Flash() override { flash_ = true; }
