@@ -14,8 +14,8 @@
 
 #include "data/Cp1250.h"
 #include "editors/BoxText.h"
-#include "screens/Marks.h"
 #include "editors/WindowPlace.h"
+#include "screens/Marks.h"
 #include "screens/MsgBox.h"
 #include "screens/PlainText.h"
 #include "screens/StartWords.h"

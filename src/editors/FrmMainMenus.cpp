@@ -4,8 +4,8 @@
 
 #include "editors/CaveView.h"
 #include "editors/FrmMain.h"
-#include "screens/Marks.h"
 #include "editors/Palette.h"
+#include "screens/Marks.h"
 #include "screens/PlainText.h"
 #include "skin/Skin.h"
 

@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "screens/Marks.h"
 #include "editors/ToolTable.h"
+#include "screens/Marks.h"
 #include "skin/Skin.h"
 #include "skin/ToQString.h"
 

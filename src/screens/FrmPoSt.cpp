@@ -101,21 +101,16 @@ void FrmPoSt::Build() {
   imgBonus_ = new SkinPicture(this);
   imgBonus_->setObjectName("imgBonus");
   list_ = new CaveList(this);
-  replay_ = new SkinButton(this);
-  play_ = new SkinButton(this);
-  congratulation_ = new SkinButton(this);
-  send_ = new SkinButton(this);
-  practice_ = new SkinButton(this);
-  close_ = new SkinButton(this);
-  help_ = new SkinButton(this);
-  ghost_ = new SkinButton(this);
   vscroll_ = new ScrollButton(Qt::Vertical, this);
-
-  const std::pair<SkinButton*, const char*> names[] = {
-      {replay_, "replay"},   {play_, "play"},         {congratulation_, "congratulation"},
-      {send_, "send"},       {close_, "close"},       {help_, "help"},
-      {vscroll_, "vscroll"}, {practice_, "practice"}, {ghost_, "ghost"}};
-  for (const auto& [button, name] : names) button->setObjectName(name);
+  vscroll_->setObjectName("vscroll");
+  const std::pair<SkinButton*&, const char*> buttons[] = {
+      {replay_, "replay"}, {play_, "play"},         {congratulation_, "congratulation"},
+      {send_, "send"},     {practice_, "practice"}, {close_, "close"},
+      {help_, "help"},     {ghost_, "ghost"}};
+  for (const auto& [button, name] : buttons) {
+    button = new SkinButton(this);
+    button->setObjectName(name);
+  }
 
   connect(author_, &SkinLabel::LinkClicked, this, &FrmPoSt::ClickedAuthor);
   connect(lblRecord_, &SkinLabel::LinkClicked, this, &FrmPoSt::StoreWanted);
@@ -387,22 +382,31 @@ void FrmPoSt::Say(const QString& text) {
   Tell(skin_, this, skin_.Text(TextId::Program), text);
 }
 
-// Presses the button of a key, if it is to be seen. False when the key has none.
-bool FrmPoSt::Command(int key) {
-  SkinButton* button = nullptr;
+SkinButton* FrmPoSt::ButtonOf(int key) const {
   switch (key) {
     case Qt::Key_Z:
     case Qt::Key_R:
-      button = replay_;
-      break;
+      return replay_;
     case Qt::Key_Space:
     case Qt::Key_Return:
     case Qt::Key_Enter:
-      button = play_;
-      break;
+      return play_;
     case Qt::Key_G:
-      button = congratulation_;
-      break;
+      return congratulation_;
+    case Qt::Key_F1:
+      return help_;
+    default:
+      return nullptr;
+  }
+}
+
+// Presses the button of a key, if it is to be seen. False when the key has none and does nothing else.
+bool FrmPoSt::Command(int key) {
+  if (SkinButton* const button = ButtonOf(key); button != nullptr) {
+    if (!button->isHidden()) emit button->clicked();
+    return true;
+  }
+  switch (key) {
     case Qt::Key_E:
     case Qt::Key_S:
       ClickedSend();
@@ -419,17 +423,12 @@ bool FrmPoSt::Command(int key) {
     case Qt::Key_D:
       ChooseGhost();
       return true;
-    case Qt::Key_F1:
-      button = help_;
-      break;
     case Qt::Key_Escape:
       emit Back();
       return true;
     default:
       return false;
   }
-  if (!button->isHidden()) emit button->clicked();
-  return true;
 }
 
 void FrmPoSt::keyPressEvent(QKeyEvent* event) {

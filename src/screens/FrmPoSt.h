@@ -89,6 +89,7 @@ class FrmPoSt : public SkinWindow {
   void ShowCave();
   void ShowRecord(bool solved);
   const Selection& Caves() const;
+  SkinButton* ButtonOf(int key) const;
   bool Command(int key);
 
   void Congratulate();

@@ -119,6 +119,7 @@ TEST_F(HraWindowKeysTest, PausesAndGoesOnByAButtonOfThePad) {
   bool ended = false;
   const test::DialogScript script = {[&](QWidget& box) {
     EXPECT_TRUE(QTest::qWaitForWindowActive(&box));
+    QTest::qWait(50);  // the window behind it forgets what was pressed when it loses the focus
     tap();
     ended = Wait([&box] { return !box.isVisible(); });
     if (!ended) box.close();

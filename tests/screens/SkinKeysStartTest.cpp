@@ -118,9 +118,8 @@ SkinKeys KeysOfStart() {
          KeysOfButton("start.close", "close") + KeysOfButton("start.help", "help") +
          KeysOfButton("start.vscroll", "vscroll") + KeysOfButton("start.hscroll", "hscroll") +
          KeysOfButton("start.play", "play") + KeysOfButton("start.addplayer", "addplayer") +
-         KeysOfButton("start.changeskin", "changeskin") +
-         KeysOfButton("start.statistics", "statistics") + KeysOfList("start.caves", "lblCColl") +
-         KeysOfList("start.players", "lblPlr") +
+         KeysOfButton("start.changeskin", "changeskin") + KeysOfButton("start.statistics", "statistics") +
+         KeysOfList("start.caves", "lblCColl") + KeysOfList("start.players", "lblPlr") +
          SkinKeys{{"start.caves.lines", "4", Height("lblCColl"), "60", {"start.caves.height=-1"}}} +
          KeysOfFinger("start.fingerPlay.image", "fingerPlay") +
          KeysOfFinger("start.fingerrePlay.image", "fingerRePlay") +
