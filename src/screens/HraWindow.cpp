@@ -29,7 +29,8 @@ namespace {
 
 constexpr QSize kSmallest(480, 260);  // finds room where a small screen is magnified
 constexpr QSize kUsual(39 * 24, 23 * 24 + kTopBar + kBottomBar);
-constexpr int kBelowBar = 8;  // the message strip
+constexpr int kBelowBar = 8;   // the message strip
+constexpr int kSettles = 100;  // milliseconds in which another window of the game gets the focus
 
 QColor ToColour(Colour colour) {
   const auto number = static_cast<std::uint32_t>(colour);
@@ -382,10 +383,6 @@ void HraWindow::ShowDecoration() {
   update();
 }
 
-void HraWindow::CellChanged(int x, int y) {
-  painter_.CellChanged(hra_, x, y);
-}
-
 void HraWindow::MoveView(bool jump) {
   painter_.MoveView(hra_, jump);
 }
@@ -481,8 +478,10 @@ void HraWindow::changeEvent(QEvent* event) {
       Resume();
     }
   }
-  if (event->type() == QEvent::ActivationChange)
-    QTimer::singleShot(0, this, isActiveWindow() ? &HraWindow::LookedBack : &HraWindow::LookedAway);
+  if (event->type() == QEvent::ActivationChange) {
+    const bool back = isActiveWindow();
+    QTimer::singleShot(back ? 0 : kSettles, this, back ? &HraWindow::LookedBack : &HraWindow::LookedAway);
+  }
   QWidget::changeEvent(event);
 }
 

@@ -112,7 +112,7 @@ class HraWindow : public QWidget, private Stage {
  private:
   // The stage
   void CaveOpens() override;
-  void CellChanged(int x, int y) override;
+  void CellChanged(int x, int y) override { painter_.CellChanged(hra_, x, y); }
   void Moved(Cell from, Cell to) override { painter_.Moved(hra_, from, to); }
   void PZvuk(SoundId sound) override { sounds_.PZvuk(sound); }
   void PZvukStop(SoundId sound) override { sounds_.PZvukStop(sound); }

@@ -181,7 +181,7 @@ TEST_F(HraWindowKeysTest, PausesOnceForThePlayerWhoLooksAwayFromAPause) {
   const test::DialogScript script = {[this, &opened](QWidget& box) {
     ++opened;
     LookAway();
-    QTest::qWait(30);
+    QTest::qWait(150);
     EXPECT_NE(window->Message().Text(), "Pauza");
     box.close();
   }};
@@ -198,15 +198,15 @@ TEST_F(HraWindowKeysTest, DoesNotPauseForTheSettingsNorBehindTheTableNorWhenNoth
   ASSERT_TRUE(TicksPass(3));
   QTest::keyClick(window.get(), Qt::Key_F12);
   ASSERT_TRUE(Wait([&] { return !window->isVisible(); }));
-  QTest::qWait(30);
+  QTest::qWait(150);
   EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
   const_cast<HideAway*>(&window->Hidden())->close();
   ASSERT_TRUE(TicksPass(2));
   window->Stop();
   LookAway();
-  QTest::qWait(30);
+  QTest::qWait(150);
   LookBack();
-  QTest::qWait(30);
+  QTest::qWait(150);
   EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
 }
 
