@@ -177,7 +177,8 @@ void StartRun(Hra& hra, std::string caveText, const CaveRecord& cave, RunKind ki
   hra.CaveText = std::move(caveText);
   hra.Kind = kind;
   if (!hra.ReplayPlaying() && !hra.Practising()) hra.Recording = true;
-  if (hra.Recording && !hra.Practising()) hra.RecordText = ScrambleText(hra.CaveText, hra.Decoration) + "\r\n";
+  if (hra.Recording && !hra.Practising())
+    hra.RecordText = ScrambleText(hra.CaveText, hra.Decoration) + "\r\n";
 
   CopyRecord(hra, cave);
   hra.stage().CaveOpens();
