@@ -226,11 +226,7 @@ const LooseFrame& TileSets::Loose(const CellPicture& picture, QSize size) {
   if (scaled_[0].size != size) Prepare(size);
   LooseFrame& frame = scaled_[0].frames[PlaceOf(picture)].loose;
   if (!frame.IsNull()) return frame;
-  const Sheet& sheet = sheets_[std::min<std::size_t>(picture.Pic, kTileSetCount - 1)];
-  const QImage tile = Tile(sheet.picture, std::min<int>(picture.Col, sheet.columns - 1),
-                           std::min<int>(picture.Row, sheet.rows - 1));
-  frame = LooseFrame(tile.convertToFormat(QImage::Format_ARGB32_Premultiplied)
-                         .scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+  frame = LooseFrame(Sprite(picture, size));
   scaled_[0].bytes += frame.Bytes();
   return frame;
 }
