@@ -104,9 +104,10 @@ mapfile -t round < <(parts)
 shares=$(printf '%s\n' "${round[@]}" | awk '{ sum += $2 } END { print sum }')
 export root folder corpus home programs rounds
 export -f run_part run_tests run_fuzzer counts
+shortest_round=40  # seconds, which all parts need to do something
 rounds=0 SECONDS=0
 trap 'account stopped' INT
-while ((SECONDS < minutes * 60 - 5)); do
+while ((rounds == 0 || SECONDS + shortest_round < minutes * 60)); do
   rest=$((minutes * 60 - SECONDS))
   left=$(((rest + longest_round - 1) / longest_round))
   # Starting, ending and sifting take some seconds of each share.
@@ -114,7 +115,7 @@ while ((SECONDS < minutes * 60 - 5)); do
   ((rounds += 1))
   # shellcheck disable=SC2016
   printf '%s\n' "${round[@]}" |
-    awk -v share="$share" '{ seconds = $2 * share - 4; print $1, seconds < 1 ? 1 : seconds, $3, $4 }' |
+    awk -v share="$share" '{ seconds = $2 * share - 4; print $1, seconds < 2 ? 2 : seconds, $3, $4 }' |
     xargs -P "$jobs" -L 1 bash -c 'run_part "$@"' part
   echo "round $rounds, after $((SECONDS / 60)) min $((SECONDS % 60)) s: $(wc -l 2>/dev/null <"$folder/found" || echo 0) finds"
 done

@@ -106,13 +106,12 @@ void Growth::Look(const std::vector<long>& others) {
 
 void Growth::ExpectNone() const {
   constexpr double kNoise = 4096;
-  constexpr double kEachLook = 16;
   std::vector<long> bytes, handles;
   for (const Held& held : looks_) {
     bytes.push_back(held.bytes);
     handles.push_back(held.handles);
   }
-  ExpectNone("bytes", bytes, kNoise + kEachLook * static_cast<double>(looks_.size()) / kParts);
+  ExpectNone("bytes", bytes, kNoise + bytesEach_ * static_cast<double>(looks_.size()) / kParts);
   ExpectNone("handles", handles, 0);
   for (std::size_t i = 0; i < names_.size(); ++i) {
     std::vector<long> values;
