@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QCoreApplication>
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
@@ -16,7 +17,13 @@ class DesktopStandIn {
            "#!/bin/sh\nprintf '%s' \"$1\" >'" + Asked() + "'\nexit " + QString::number(exitCode) + '\n');
     qputenv("PATH", QFile::encodeName(folder_.path()));
   }
-  ~DesktopStandIn() { qputenv("PATH", path_); }
+  ~DesktopStandIn() {
+    // Until the opener has ended the game waits for its answer.
+    static_cast<void>(QTest::qWaitFor([] { return !HasChildren(); }, 5000));
+    QCoreApplication::processEvents();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    qputenv("PATH", path_);
+  }
   DesktopStandIn(const DesktopStandIn&) = delete;
   DesktopStandIn& operator=(const DesktopStandIn&) = delete;
 
@@ -35,6 +42,12 @@ class DesktopStandIn {
   bool Called() const { return QFile::exists(Asked()); }
 
  private:
+  // Whether a process that this one has started is still there.
+  static bool HasChildren() {
+    QFile children("/proc/thread-self/children");
+    return children.open(QIODevice::ReadOnly) && !children.readAll().trimmed().isEmpty();
+  }
+
   QString Asked() const { return folder_.path() + "/asked"; }
 
   void Script(const QString& name, const QString& lines) const {
