@@ -91,7 +91,9 @@ TEST_F(EnduringWindows, RestartACaveWithoutGrowing) {
     if (patience.Rounds() % kTickEach == 0) TicksPass(3);
     const int ticks = window.Machine().Ticks;
     QTest::mouseClick(window.findChild<BarButton*>("picRestart"), Qt::LeftButton);
-    if (ticks > 0) EXPECT_LT(window.Machine().Ticks, ticks);
+    if (ticks > 0) {
+      EXPECT_LT(window.Machine().Ticks, ticks);
+    }
     Look();
   }
   Grown().ExpectNone();
