@@ -86,6 +86,14 @@ TEST(OtherWords, AreMissedWhereTheCollectionHasAText) {
             "english.txt: there is no name for b.txt");
 }
 
+TEST(OtherWords, AreNotMissedForATextThatIsEmpty) {
+  TextFiles files = kFiles;
+  files.at("b.txt") = "name: Balvan\ndescription:\n" + kCave;
+  const Result<TextFiles> told = InOtherWords(files, "english.txt", kTable);
+  ASSERT_TRUE(told) << told.Message();
+  EXPECT_EQ(Packed(*told).Caves.at(1).Record.Description, "");
+}
+
 TEST(OtherWords, AreRefusedWhereTheCollectionHasNone) {
   EXPECT_EQ(FailureOf(kTable + "cave-description: Beware.\n"),
             "english.txt: there is a description, but none in b.txt");

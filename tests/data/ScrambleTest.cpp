@@ -153,6 +153,19 @@ TEST(Unscrambling, AddsNothingForAValueAbove255InTheFirstGroup) {
   EXPECT_EQ(UnscrambleText("ZZZFCA"), Byte(52));
 }
 
+// What a writer can have written are groups of capitals that have a character.
+TEST(Unscrambling, TakesAGroupForAWritersIfItHasACharacter) {
+  std::string group = "AAA";
+  for (group[0] = 'A'; group[0] <= 'Z'; ++group[0]) {
+    for (group[1] = 'A'; group[1] <= 'Z'; ++group[1]) {
+      for (group[2] = 'A'; group[2] <= 'Z'; ++group[2])
+        ASSERT_EQ(IsScrambled(group), !UnscrambleText(group).empty()) << group;
+    }
+  }
+  EXPECT_TRUE(IsScrambled("ZFA")) << 255;
+  EXPECT_FALSE(IsScrambled("ZGA")) << 256;
+}
+
 TEST(Unscrambling, RepeatsTheCharacterBeforeAValueBelowZero) {
   EXPECT_EQ(UnscrambleText("FCA!AA"), Byte(52) + Byte(52));  // "!" is -32
 }

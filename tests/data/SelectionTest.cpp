@@ -405,5 +405,14 @@ TEST_F(SelectionTest, WritesScoresWithFiveDigits) {
   EXPECT_EQ(FiveDigits(123456), "123456");
 }
 
+// Names that lead to one file make each cave the other's other one, and no cave its own.
+TEST_F(SelectionTest, KnowsTheOtherCavesOfARecordsFile) {
+  Write({"a?b", "c", "a:b"});
+  const Selection selection = Open();
+  EXPECT_EQ(selection.Slot(1).OtherCaves, std::vector<std::string>{CaveText("a:b")});
+  EXPECT_EQ(selection.Slot(2).OtherCaves, std::vector<std::string>{});
+  EXPECT_EQ(selection.Slot(3).OtherCaves, std::vector<std::string>{CaveText("a?b")});
+}
+
 }  // namespace
 }  // namespace zorik

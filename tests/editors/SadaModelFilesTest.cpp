@@ -156,6 +156,17 @@ TEST_F(SadaTest, KeepsTheFileWithFaultsBesideTheFirstThatIsSaved) {
   EXPECT_EQ(sada_.Save(Path("o.zk"))->KeptAs, Path("o.zk~2"));
 }
 
+TEST_F(SadaTest, KeepsNothingBesideWhenTheFileWithFaultsHasGone) {
+  Opened(CollectionFile({CaveText("A") + "---01", "E!---02", "Hura"}));
+  ASSERT_TRUE(std::filesystem::remove(Path("o.zk")));
+  for (int times = 0; times < 2; ++times) {
+    const auto saved = sada_.Save(Path("o.zk"));
+    ASSERT_TRUE(saved) << saved.Message();
+    EXPECT_EQ(saved->KeptAs, "");
+  }
+  EXPECT_FALSE(std::filesystem::exists(Path("o.zk~1"))) << "what was saved first has no faults";
+}
+
 TEST_F(SadaTest, KeepsNoCopyOfAFileWithFaultsThatStays) {
   const std::string damaged = CollectionFile({CaveText("A") + "---01", "E!---02", "Hura"});
   Opened(damaged);

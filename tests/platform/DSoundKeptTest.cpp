@@ -86,6 +86,7 @@ TEST(DSoundResting, IsNotWokenByWhatMakesNoSound) {
   sound.DSPauseAll();
   sound.DSResumeAll();
   EXPECT_EQ(disk.AwaitRest(), 0U);
+  EXPECT_FALSE(fs::exists(folder.At("heard.raw"))) << "the way to the card was opened";
   sound.DSPlay(handle);
   EXPECT_TRUE(disk.Await(400)) << "the next sound is heard";
 }

@@ -53,6 +53,22 @@ TEST(MixBus, PlaysASingleSoundUnchanged) {
     ASSERT_EQ(player.At(i), tone[2 * i]) << "frame " << i;
 }
 
+TEST(MixBus, KeepsLeftAndRightApart) {
+  Samples sides;
+  for (std::size_t i = 0; i < 2 * kFrames; ++i) {
+    sides.push_back(1000);
+    sides.push_back(-3000);
+  }
+  MixBus bus;
+  bus.Start(0, sides, false);
+  Samples out(2 * kFrames, 12345);
+  bus.Mix(out);
+  for (std::size_t i = Limiter::kDelay; i < kFrames; ++i) {
+    ASSERT_EQ(out[2 * i], 1000) << "frame " << i;
+    ASSERT_EQ(out[2 * i + 1], -3000) << "frame " << i;
+  }
+}
+
 TEST(MixBus, GlidesToAnotherVolumeWithinABuffer) {
   Player player;
   const Samples level(2 * 3 * kFrames, 8000);

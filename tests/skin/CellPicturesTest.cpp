@@ -334,6 +334,16 @@ TEST(CellPictures, AreEmptySpaceWhereThereIsNoCell) {
   EXPECT_EQ(cave.At(101, 61), CellPicture{});
 }
 
+TEST(CellPictures, KnowTheFrameAllAroundTheLargestCave) {
+  Pictured cave(test::Picture(60, std::string(100, '.')), {}, 1);
+  ASSERT_EQ(cave.hra.CaveWidth, 100);
+  ASSERT_EQ(cave.hra.CaveHeight, 60);
+  for (const Cell corner : {Cell(-1, -1), Cell(100, -1), Cell(-1, 60), Cell(100, 60)}) {
+    cave.hra.SetField(corner, kFireFly);
+    EXPECT_EQ(cave.Again(corner.x(), corner.y()), Of(kFireFly)) << corner.x() << ' ' << corner.y();
+  }
+}
+
 TEST(CellPictures, AreEmptySpaceWhenANewCaveOpens) {
   Pictured cave({"1FFF"}, {}, 1);
   cave.pictures.Open(cave.hra);

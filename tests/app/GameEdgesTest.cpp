@@ -1,0 +1,88 @@
+// The whole program where a window is not as it usually is: minimised, hidden, without a cave or without
+// sound.
+#include "app/GameScreens.h"
+#include "screens/HideAway.h"
+
+namespace zorik::test {
+namespace {
+
+class GameEdges : public GameTest {
+ protected:
+  // How the program ends when the desktop's session does.
+  static int EndSession() {
+    constexpr int kStillThere = 7;
+    QTimer::singleShot(0, qApp, [] {
+      QEvent end(QEvent::Quit);
+      QApplication::sendEvent(qApp, &end);
+    });
+    QTimer patience;
+    patience.callOnTimeout([] { QCoreApplication::exit(kStillThere); });
+    patience.start(2000);
+    return QApplication::exec();
+  }
+};
+
+TEST_F(GameEdges, SaysWhySoundCannotBeOpenedAndEnds) {
+  const BoxReader reader;
+  QTimer::singleShot(0, qApp, [] { emit Screen<HraWindow>()->NoSound("Unable to initialize DirectSound."); });
+  EXPECT_EQ(QApplication::exec(), EXIT_FAILURE);
+  EXPECT_EQ(reader.said, QStringList{"Unable to initialize DirectSound."});
+}
+
+TEST_F(GameEdges, EndsWithTheDesktopsSessionWhileTheGameIsHidden) {
+  PlayCave();
+  Press(Screen<HraWindow>(), Qt::Key_F12);
+  ASSERT_TRUE(Wait(Shows<HideAway>));
+  EXPECT_EQ(EndSession(), 0);
+  EXPECT_FALSE(Shows<HideAway>() || Shows<HraWindow>() || Shows<FrmPoSt>() || Shows<FrmStart2>());
+}
+
+TEST_F(GameEdges, OpensTheNextCaveToBeSeenWhenTheOneBeforeWasLeftMinimised) {
+  PlayCave();
+  Screen<HraWindow>()->showMinimized();
+  Close(Screen<HraWindow>());
+  ASSERT_TRUE(Wait(Shows<FrmPoSt>));
+  Press(Screen<FrmPoSt>(), Qt::Key_Return);
+  ASSERT_TRUE(Wait(Shows<HraWindow>));
+  EXPECT_FALSE(Screen<HraWindow>()->isMinimized());
+  EXPECT_TRUE(Screen<HraWindow>()->Ticking());
+}
+
+TEST_F(GameEdges, StoresThatTheGameWindowFillsTheScreenUnlessItWasLeftMinimised) {
+  StoreMaximized(true);
+  PlayCave();
+  Screen<HraWindow>()->showMinimized();
+  Close(Screen<HraWindow>());
+  ASSERT_TRUE(Wait(Shows<FrmPoSt>));
+  Press(Screen<FrmPoSt>(), Qt::Key_Escape);
+  ASSERT_TRUE(Wait(Shows<FrmStart2>));
+  Click(Screen<FrmStart2>(), "close");
+  QSettings now(QSettings::IniFormat, QSettings::UserScope, "Ortvan", "Zorik");
+  now.sync();
+  EXPECT_EQ(now.value("Maximized").toInt(), 0);
+}
+
+TEST_F(GameEdges, GivesTheKeysToTheGameEachTimeItShows) {
+  for (int time = 0; time < 2; ++time) {
+    time == 0 ? PlayCave() : Press(Screen<FrmPoSt>(), Qt::Key_Return);
+    ASSERT_TRUE(Wait(Shows<HraWindow>));
+    EXPECT_TRUE(Wait([] { return QApplication::focusWidget() == Screen<HraWindow>(); }));
+    Close(Screen<HraWindow>());
+    ASSERT_TRUE(Wait(Shows<FrmPoSt>));
+  }
+}
+
+class GameEditorsEdges : public GameEditors {};
+
+TEST_F(GameEditorsEdges, SayThatACaveCannotBeTriedAndAreThereAgain) {
+  const BoxReader reader;
+  Screen<FrmMain>()->hide();
+  emit Screen<FrmMain>()->TestRun("rubbish");
+  EXPECT_EQ(reader.said, QStringList{"Komnatu nelze otevřít."});
+  EXPECT_TRUE(Shows<FrmMain>());
+  EXPECT_FALSE(Shows<HraWindow>());
+  Leave();
+}
+
+}  // namespace
+}  // namespace zorik::test
