@@ -11,11 +11,8 @@
 #include <cstdlib>
 #include <filesystem>
 
-#if defined(__has_feature)
-#if __has_feature(address_sanitizer)
-#define ZORIK_SANITIZED 1
+#ifdef ZORIK_SANITIZED
 #include <sanitizer/allocator_interface.h>
-#endif
 #endif
 
 namespace zorik::test {
