@@ -37,12 +37,12 @@ set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
 somewhere behind them is the way out, and the clock is running.
 .
 Every win is kept as a record of the whole run, tick by tick, which can be
-played again for ever. Caves, collections of them and programs for the cat are
-made in the game's own editors. Seventy caves come with it, each in Czech and in
-English.
+played again for ever. Caves, collections of them and programs for the cat
+are made in the game's own editors. Seventy caves come with it, each in Czech
+and in English.
 .
-The package also has zktool, which plays, checks and converts caves and records
-without a window.")
+The package also has zktool, which plays, checks and converts caves and
+records without a window.")
 
 configure_file(debian/Finish.cmake.in Finish.cmake @ONLY)
 include(CPack)

@@ -62,7 +62,10 @@ apt() { inside root apt-get -q -y --no-install-recommends "$@" >>"$folder/apt.lo
 field() { dpkg-deb --field "$package" "$1"; }
 step() { printf '%s\n' "$*"; }
 # What is installed, with its content; and what the player has.
-system() { (cd "$root" && find etc usr opt srv var/games -xdev \( -type f -exec md5sum {} + \) -o -printf '%y %p %l\n' 2>/dev/null | sort -k 2); }
+system() {
+  (cd "$root" && find etc usr opt srv var/lib -xdev \( -path var/lib/apt -o -path var/lib/dpkg \) -prune -o \
+    \( -type f -exec md5sum {} + \) -o -printf '%y %p %l\n' | sort -k 2)
+}
 home() { (cd "$root/home/player" && find . -type f -exec md5sum {} + | sort -k 2); }
 
 : >"$folder/apt.log"
@@ -161,4 +164,6 @@ apt purge zorik
 diff "$folder/home" <(home) || fail "Something of the player's has changed."
 step "the player keeps $(wc -l <"$folder/home") files"
 diff "$folder/before" <(system) || fail "The system is not what it was before."
+left=$(find "$root" -xdev -path "$root/home" -prune -o \( -iname '*zorik*' -o -iname '*morvek*' \) -not -name zorik.deb -print)
+[[ -z $left ]] || fail "This is left: $left"
 step "the system is what it was before"

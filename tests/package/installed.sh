@@ -23,7 +23,7 @@ needs() {
 }
 # same WHAT EXPECTED FOUND: two lists of lines.
 same() {
-  [[ -n $2 && $2 == "$3" ]] || wrong "$1: $(diff <(echo "$2") <(echo "$3") | grep '^[<>]' || echo "there are none")"
+  [[ -n $2 && $2 == "$3" ]] || wrong "$1, expected and found:" "$(diff -U 0 <(echo "$2") <(echo "$3") | sed -n '4,$p')"
 }
 below() { (cd "$1" && find . "${@:2}" -printf '%P\n' | sort); }
 
