@@ -180,8 +180,10 @@ Result<Written> WriteFileTypes(const FileTypes& types) {
   // An entry of the desktop can hold no path that is not UTF-8.
   const bool helper =
       IsUtf8(types.ProgramFolder) && fs::exists(fs::path(types.ProgramFolder) / kHelper, error);
-  if (types.DataHome.empty() || !helper || SystemHasThem(types.DataFolders)) return Written::Nothing;
+  if (types.DataHome.empty() || !helper) return Written::Nothing;
   const fs::path home = types.DataHome;
+  // What another copy of the game has once written for this user stands before what the system has.
+  if (SystemHasThem(types.DataFolders) && !fs::exists(home / kEntry, error)) return Written::Nothing;
   const Result<Written> entry = Put(home / kEntry, OpenerEntry(types.ProgramFolder));
   const Result<Written> package = Put(home / kPackage, MimePackage(types.CollectionWords, types.RecordWords));
   if (!entry) return entry;

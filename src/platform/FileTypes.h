@@ -27,9 +27,9 @@ std::string OpenerEntry(const std::string& programFolder);
 
 enum class Written { Nothing, Something };
 
-// Writes both for this user, in place of what stands there, unless the system has them from an installation
-// or there is no helper. What stands there already is not written again. Fails when one of them cannot be
-// written.
+// Writes both for this user, in place of what stands there, unless the system alone has them from an
+// installation or there is no helper. What stands there already is not written again. Fails when one of them
+// cannot be written.
 Result<Written> WriteFileTypes(const FileTypes& types);
 
 // The same for this user and this program; then the desktop is told to look anew, and the program's folder is

@@ -37,7 +37,7 @@ fs::path UsersFolder(const Environment& environment) {
 fs::path ShippedFolder(const Environment& environment) {
   const fs::path program = environment.ProgramFolder;
   if (IsFolder(program / "Skins")) return program;
-  return (program / ".." / "share" / "zorik").lexically_normal();
+  return (program / ".." / ZORIK_DATA).lexically_normal();
 }
 
 bool IsThere(const fs::path& path) {

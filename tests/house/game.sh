@@ -23,7 +23,7 @@ if [[ $2 == installed ]]; then
   unset ZORIK_HOME
   touch "$scratch/installed"
   sleep 0.1
-  XDG_DATA_HOME="$scratch/data" "$scratch/system/bin/zorik"
+  XDG_DATA_HOME="$scratch/data" "$scratch/system/games/zorik"
   find "$scratch/data/zorik/Caves" -name '*.zk' | grep -q . || { echo "The caves were not copied."; exit 1; }
   [[ -z $(find "$scratch/system" -newer "$scratch/installed") ]] ||
     { echo "The game wrote into its installation."; exit 1; }

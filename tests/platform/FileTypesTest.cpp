@@ -90,6 +90,16 @@ TEST_F(FileTypesTest, LeavesItToAnInstallationForTheWholeSystem) {
   EXPECT_FALSE(fs::exists(At("home")));
 }
 
+TEST_F(FileTypesTest, TheUsersOwnEntryWhichStandsBeforeTheSystemsFollowsTheGameThatIsPlayed) {
+  ASSERT_TRUE(HasWritten()) << "played in a build folder";
+  File("usr/games/downloader");
+  File("usr/applications/zorik-open.desktop");
+  File("usr/mime/packages/zorik.xml");
+  types_.ProgramFolder = At("usr/games");
+  EXPECT_TRUE(HasWritten()) << "installed after that";
+  EXPECT_EQ(Entry(), OpenerEntry(At("usr/games")));
+}
+
 TEST_F(FileTypesTest, LeavesItToNoInstallationThatHasNoEntry) {
   File("local/mime/packages/zorik.xml");
   File("usr/mime/packages/zorik.xml");

@@ -26,7 +26,7 @@ class PathsTest : public testing::Test {
   std::string At(const fs::path& path) const { return (root_ / path).string(); }
 
   Environment Around(const std::string& zorikHome = {}) const {
-    return {At("opt/bin"), zorikHome, At("data"), At("home"), {}};
+    return {At("opt/games"), zorikHome, At("data"), At("home"), {}};
   }
 
   test::TempFolder temp_{"paths"};
@@ -34,21 +34,21 @@ class PathsTest : public testing::Test {
 };
 
 TEST_F(PathsTest, TheProgramsFolderIsTheGamesIfItHoldsSkins) {
-  File("opt/bin/Skins/error.bmp");
+  File("opt/games/Skins/error.bmp");
   const auto paths = FindPaths(Around());
   ASSERT_TRUE(paths);
-  EXPECT_EQ(paths->AppPath, At("opt/bin"));
-  EXPECT_EQ(paths->SkinsPath, At("opt/bin/Skins"));
-  EXPECT_EQ(paths->PlayersPath, At("opt/bin/Players"));
+  EXPECT_EQ(paths->AppPath, At("opt/games"));
+  EXPECT_EQ(paths->SkinsPath, At("opt/games/Skins"));
+  EXPECT_EQ(paths->PlayersPath, At("opt/games/Players"));
 }
 
 TEST_F(PathsTest, AnInstalledGameKeepsItsFilesInTheUsersDataFolder) {
-  File("opt/share/zorik/Skins/error.bmp");
+  File("opt/share/games/zorik/Skins/error.bmp");
   const auto paths = FindPaths(Around());
   ASSERT_TRUE(paths);
   EXPECT_EQ(paths->AppPath, At("data/zorik"));
-  EXPECT_EQ(paths->ShippedSkins, At("opt/share/zorik/Skins"));
-  EXPECT_EQ(paths->ShippedReplays, At("opt/share/zorik/Replays"));
+  EXPECT_EQ(paths->ShippedSkins, At("opt/share/games/zorik/Skins"));
+  EXPECT_EQ(paths->ShippedReplays, At("opt/share/games/zorik/Replays"));
   EXPECT_TRUE(fs::is_directory(At("data/zorik")));
 }
 
@@ -92,12 +92,12 @@ TEST_F(PathsTest, AUserWithoutAHomeGetsNoFolderInTheOneHeStandsIn) {
 }
 
 TEST_F(PathsTest, ZorikHomeOverridesBoth) {
-  File("opt/bin/Skins/error.bmp");
+  File("opt/games/Skins/error.bmp");
   const auto paths = FindPaths(Around(At("mine")));
   ASSERT_TRUE(paths);
   EXPECT_EQ(paths->AppPath, At("mine"));
   EXPECT_EQ(paths->SkinsPath, At("mine/Skins"));
-  EXPECT_EQ(paths->ShippedSkins, At("opt/bin/Skins")) << "those that came with the program";
+  EXPECT_EQ(paths->ShippedSkins, At("opt/games/Skins")) << "those that came with the program";
 }
 
 TEST_F(PathsTest, ZorikHomeMayBeNamedFromWhereOneStands) {
@@ -117,20 +117,20 @@ TEST_F(PathsTest, SkinsAndHelpAreThePlayersOwnAndThoseOfTheInstallation) {
     const auto paths = FindPaths(Around());
     ASSERT_TRUE(paths);
     EXPECT_EQ(paths->SkinsPath, At("data/zorik/Skins"));
-    EXPECT_EQ(paths->ShippedSkins, At("opt/share/zorik/Skins"));
+    EXPECT_EQ(paths->ShippedSkins, At("opt/share/games/zorik/Skins"));
     EXPECT_EQ(paths->HelpPath, At("data/zorik/Help"));
-    EXPECT_EQ(paths->ShippedHelp, At("opt/share/zorik/Help"));
+    EXPECT_EQ(paths->ShippedHelp, At("opt/share/games/zorik/Help"));
   }
 }
 
 TEST_F(PathsTest, TheFirstStartCopiesTheShippedCaves) {
-  File("opt/share/zorik/Caves/one.zk");
+  File("opt/share/games/zorik/Caves/one.zk");
   ASSERT_TRUE(FindPaths(Around()));
   EXPECT_TRUE(fs::exists(At("data/zorik/Caves/one.zk")));
 }
 
 TEST_F(PathsTest, LaterStartsLeaveThePlayersCavesAlone) {
-  File("opt/share/zorik/Caves/one.zk");
+  File("opt/share/games/zorik/Caves/one.zk");
   File("data/zorik/Caves/two.zk");
   const auto paths = FindPaths(Around());
   ASSERT_TRUE(paths);
@@ -139,20 +139,20 @@ TEST_F(PathsTest, LaterStartsLeaveThePlayersCavesAlone) {
 }
 
 TEST_F(PathsTest, AFolderWithoutEntriesGivesWayToTheGamesFolder) {
-  File("opt/bin/Skins/error.bmp");
-  fs::create_directories(At("opt/bin/Caves"));
+  File("opt/games/Skins/error.bmp");
+  fs::create_directories(At("opt/games/Caves"));
   const auto paths = FindPaths(Around());
   ASSERT_TRUE(paths);
-  EXPECT_EQ(paths->CavesPath, At("opt/bin"));
-  EXPECT_EQ(paths->RecordsPath, At("opt/bin"));
+  EXPECT_EQ(paths->CavesPath, At("opt/games"));
+  EXPECT_EQ(paths->RecordsPath, At("opt/games"));
 }
 
 TEST_F(PathsTest, TestRunsAreNotLeftInTheGamesFolder) {
-  File("opt/bin/Skins/error.bmp");
+  File("opt/games/Skins/error.bmp");
   const auto paths = FindPaths(Around());
   ASSERT_TRUE(paths);
-  EXPECT_EQ(paths->TestRecordsPath, At("opt/bin/Replays"));
-  EXPECT_FALSE(fs::exists(At("opt/bin/Replays"))) << "it is made with the first of them";
+  EXPECT_EQ(paths->TestRecordsPath, At("opt/games/Replays"));
+  EXPECT_FALSE(fs::exists(At("opt/games/Replays"))) << "it is made with the first of them";
 }
 
 TEST_F(PathsTest, AFolderThatCannotBeMadeIsNamed) {

@@ -26,8 +26,8 @@ using Names = std::vector<std::string>;
 class ShippedCavesTest : public testing::Test {
  protected:
   ShippedCavesTest() {
-    fs::create_directories(root_ / "opt/share/zorik/Skins");
-    fs::create_directories(root_ / "opt/share/zorik/Caves");
+    fs::create_directories(root_ / "opt/share/games/zorik/Skins");
+    fs::create_directories(root_ / "opt/share/games/zorik/Caves");
     Ship("a.zk", Written(90, 1));
     Ship("b.zk", Written(20, 2));
   }
@@ -43,17 +43,17 @@ class ShippedCavesTest : public testing::Test {
   }
 
   void Ship(const std::string& name, const std::string& bytes) const {
-    ASSERT_TRUE(WriteWhole((root_ / "opt/share/zorik/Caves" / name).string(), bytes));
+    ASSERT_TRUE(WriteWhole((root_ / "opt/share/games/zorik/Caves" / name).string(), bytes));
   }
   std::string Shipped(const std::string& name) const {
-    return *ReadWhole((root_ / "opt/share/zorik/Caves" / name).string());
+    return *ReadWhole((root_ / "opt/share/games/zorik/Caves" / name).string());
   }
   std::string OwnPath(const std::string& name) const { return (root_ / "home/Caves" / name).string(); }
   void Own(const std::string& name, const std::string& bytes) const {
     ASSERT_TRUE(WriteWhole(OwnPath(name), bytes));
   }
   Paths Start() const {
-    const auto paths = FindPaths({(root_ / "opt/bin").string(), (root_ / "home").string(), {}, {}, {}});
+    const auto paths = FindPaths({(root_ / "opt/games").string(), (root_ / "home").string(), {}, {}, {}});
     EXPECT_TRUE(paths);
     return *paths;
   }
