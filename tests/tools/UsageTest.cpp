@@ -60,7 +60,7 @@ struct Wanted {
 Wanted WantedBy(const std::string& name) {
   const std::string help = Zktool({name, "--help"}).out;
   const std::string usage = help.substr(0, help.find('\n'));
-  const std::regex options(R"(\[[^\]]*\]|--\S+ \S+)");
+  const std::regex options(R"(\[[^\]]*\]|--?[a-z]\S* \S+)");
   std::istringstream words(std::regex_replace(usage, options, ""));
   const auto count = std::distance(std::istream_iterator<std::string>(words), {});
   return {static_cast<std::size_t>(count) - 3, usage.ends_with("...")};  // behind "usage: zktool NAME"

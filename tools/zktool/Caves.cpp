@@ -107,15 +107,19 @@ Needed<CaveSet> ReadCaves(const std::string& path) {
   if (std::filesystem::is_directory(path, error)) return ReadFolder(path);
   Result<std::string> bytes = ReadStream(path);
   if (!bytes) return Refusal{{bytes.Message()}, Exit::CannotRead};
-  if (LooksReadable(*bytes)) return ReadReadable(path, *bytes);
-  const Result<PlayedCollection> collection = ReadForPlay(*bytes);
-  if (collection) return OfCollection(*collection, std::move(*bytes));
-  const Result<CaveRecord> record = ParseCaveText(*bytes);
+  return ReadCavesIn(path, std::move(*bytes));
+}
+
+Needed<CaveSet> ReadCavesIn(const std::string& path, std::string bytes) {
+  if (LooksReadable(bytes)) return ReadReadable(path, bytes);
+  const Result<PlayedCollection> collection = ReadForPlay(bytes);
+  if (collection) return OfCollection(*collection, std::move(bytes));
+  const Result<CaveRecord> record = ParseCaveText(bytes);
   const bool named = FoldFileName(path).ends_with(".zk");
   if (named) return Refusal{{path + ": " + collection.Message()}, Exit::BadCollection};
   if (!record) return Refusal{{path + ": " + record.Message()}, Exit::BadCave};
-  if (bytes->empty()) return Refusal{{path + ": the cave is empty"}, Exit::BadCave};
-  return CaveSet{false, kNoCollection, {{0, *bytes, *record, {}}}, {}, {}};
+  if (bytes.empty()) return Refusal{{path + ": the cave is empty"}, Exit::BadCave};
+  return CaveSet{false, kNoCollection, {{0, std::move(bytes), *record, {}}}, {}, {}};
 }
 
 std::string ShownName(const CaveRecord& cave) {

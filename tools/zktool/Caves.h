@@ -33,6 +33,9 @@ Result<TextFiles> ReadTexts(const std::string& folder);
 // name of that collection.
 Needed<CaveSet> ReadCaves(const std::string& path);
 
+// The same for a file of this path whose bytes are known.
+Needed<CaveSet> ReadCavesIn(const std::string& path, std::string bytes);
+
 // The name of a cave for a terminal.
 std::string ShownName(const CaveRecord& cave);
 

@@ -7,6 +7,8 @@
 #include <ostream>
 
 #include "data/Result.h"
+#include "zktool/ShowHelp.h"
+#include "zktool/TextHelp.h"
 
 namespace zorik {
 namespace {
@@ -32,7 +34,7 @@ constexpr std::array<Option, 7> kRunOptions{{{"--cave", true, true},
                                              {"--record-always"},
                                              {"--grid"}}};
 constexpr std::array<Option, 2> kReplayOptions{{{"--grid"}, {"--ticks", true}}};
-constexpr std::array<Option, 2> kVerifyOptions{{{"--json"}, {"--collection", true}}};
+constexpr std::array<Option, 3> kVerifyOptions{{{"--json"}, {"--collection", true}, {"--jobs", true}}};
 constexpr std::array<Option, 1> kUnpackOptions{{{"--force"}}};
 constexpr std::array<Option, 2> kPackOptions{{{"--strict"}, {"--words", true}}};
 constexpr std::array<Option, 1> kCarryOptions{{{"--player", true}}};
@@ -87,6 +89,11 @@ holds, each in quotes as in JSON, and the file. The last line counts the verdict
 
   --json             print the same as one JSON object
   --collection FILE  say for each record whether it counts in this collection: counts=yes number=3
+  --jobs J           so many records at a time, as many as there are cores if not given
+
+In place of files - stands for paths on the standard input, one in a line, of which none is kept: each is told as
+soon as it is known, in no order, with --json as an object in a line, and the last line, {"summary": ...}, counts
+them.
 
 Of these verdicts the first that is true is given:
   unreadable      the file or folder cannot be read
@@ -116,17 +123,6 @@ A cell is object/state/mark in hex. Tick 0 is the start: counter=name and counte
 earlier the counter is "end". Runs that are the same print: equal ticks=150.
 )";
 
-constexpr std::string_view kUnpackDetails =
-    R"(The folder is made if it is not there. It gets collection.txt and a file for each cave, in UTF-8, which can
-be edited and packed again. The caves' files are named by their numbers, cave-01.txt and so on, whatever they
-were called when the collection was packed; so the folder has to be empty.
-
-  --force  unpack into a folder that is not empty, too: files of the same names are replaced, but only when
-           all could be written; others stay
-
-Any file will do: pack gives the same plain lines again.
-)";
-
 constexpr std::string_view kPackDetails =
     R"(Reads collection.txt in the folder and the cave files that it names. The same texts give the same bytes
 each time.
@@ -150,15 +146,6 @@ of, and all else that zktool lint calls a fault.
                  named, too. What is drawn stays the same, so carry takes the records of one to the other.
 )";
 
-constexpr std::string_view kFetchDetails =
-    R"(Prints the plain cave text whose marker holds the number N (0 to 99), marker included, as it is handed to
-the game: bytes in Windows-1250, without a line end.
-)";
-
-constexpr std::string_view kNewDetails =
-    R"(Prints the plain text of a cave of dirt, 19 x 11 or 30 x 20 cells, without a line end.
-)";
-
 constexpr std::string_view kCarryDetails =
     R"(Writes the record anew as one of cave N of the collection, which must be the same cave but for its name and
 description, as it is when a collection is told in another language (pack --words). The moves, the player and
@@ -171,21 +158,6 @@ constexpr std::string_view kProgressDetails =
     R"(The player has the name of the folder. For each cave a line: number, state, score, name, with tabs between
 them. States: 0 closed, 1 open, 2 solved, 3 solved by somebody else. The last line is
 total=<points> done=<caves> rest=<caves>. Control characters in a name are printed as blanks.
-)";
-
-constexpr std::string_view kScrambleDetails =
-    R"(A line ends at a line feed; a carriage return right in front of it belongs to the line end, and a last line
-may lack its end. Line ends are copied as they are, everything between them is scrambled, byte by byte. So
-unscramble gives back whatever bytes have been scrambled. The letters differ from call to call.
-
-  --seed N   start of the chance that chooses the letters; the same seed gives the same ones
-)";
-
-constexpr std::string_view kUnscrambleDetails =
-    R"(Lines are those of scramble: they end at a line feed, with a carriage return right in front of it if there
-is one, and their ends are copied as they are. A scrambled line may itself hold line breaks, which come out as
-such and are then no longer to be told from the ends of lines; to edit collections use unpack and pack. Text
-that is not scrambled gives rubbish, never a failure.
 )";
 
 constexpr std::string_view kSolveDetails =
@@ -275,7 +247,13 @@ A fault is certain, a hint only suspicious, so the command says no only where th
 
 )";
 
-constexpr std::array<Command, 16> kCommands{{
+constexpr std::array<Option, 5> kRenderOptions{
+    {{"-o", true, true}, {"--tick", true}, {"--cave", true}, {"--scheme", true}, {"--cell", true}}};
+constexpr std::array<Option, 4> kMovieOptions{
+    {{"-o", true, true}, {"--follow"}, {"--scheme", true}, {"--cell", true}}};
+constexpr std::array<Option, 2> kPostcardOptions{{{"-o", true}, {"--read"}}};
+
+constexpr std::array<Command, 19> kCommands{{
     {"run",
      "--cave FILE --keys FILE [--seed N] [--ticks T] [--record OUT.zkr] [--record-always] [--grid]",
      "Plays a cave with the keys of a script and prints the trace.",
@@ -291,7 +269,7 @@ constexpr std::array<Command, 16> kCommands{{
      {1, 1},
      ReplayCommand},
     {"verify",
-     "[--json] [--collection FILE.zk] FILE-OR-FOLDER...",
+     "[--json] [--collection FILE.zk] [--jobs J] FILE-OR-FOLDER...",
      "Replays records and says whether they win with their score.",
      kVerifyDetails,
      kVerifyOptions,
@@ -378,6 +356,27 @@ constexpr std::array<Command, 16> kCommands{{
      kTableOptions,
      {2, 2},
      TableCommand},
+    {"render",
+     "CAVE|RECORD.zkr [--tick N] [--cave N] [--scheme S] [--cell PX] -o OUT.png",
+     "Draws a cave, or a moment of a record.",
+     kRenderDetails,
+     kRenderOptions,
+     {1, 1},
+     RenderCommand},
+    {"movie",
+     "RECORD.zkr [--follow] [--scheme S] [--cell PX] -o OUT.gif|OUT.webp|OUT.mp4",
+     "Makes a movie of a record.",
+     kMovieDetails,
+     kMovieOptions,
+     {1, 1},
+     MovieCommand},
+    {"postcard",
+     "RECORD.zkr [-o OUT.png] [--read]",
+     "Writes a whole record into a picture that phones read, and reads it back.",
+     kPostcardDetails,
+     kPostcardOptions,
+     {1, 1},
+     PostcardCommand},
 }};
 
 std::string UsageOf(const Command& command) {

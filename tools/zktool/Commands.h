@@ -34,6 +34,9 @@ Exit SolveCommand(const CommandLine& line, Console& console);
 Exit LintCommand(const CommandLine& line, Console& console);
 Exit RateCommand(const CommandLine& line, Console& console);
 Exit TableCommand(const CommandLine& line, Console& console);
+Exit RenderCommand(const CommandLine& line, Console& console);
+Exit MovieCommand(const CommandLine& line, Console& console);
+Exit PostcardCommand(const CommandLine& line, Console& console);
 
 // The words of the doubts, for the help of the commands that tell them.
 void PrintDoubtWords(std::ostream& out);

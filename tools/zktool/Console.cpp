@@ -15,17 +15,17 @@ struct ExitRow {
 
 constexpr std::array<ExitRow, 13> kExits{{
     {Exit::Fine, "fine", "all went well"},
-    {Exit::No, "no", "a check said no: verify, diff, solve, lint, rate"},
+    {Exit::No, "no", "a check said no: verify, diff, solve, lint, rate, postcard"},
     {Exit::Usage, "usage", "the command line is wrong"},
     {Exit::CannotRead, "cannot-read", "a file or folder cannot be read"},
     {Exit::CannotWrite, "cannot-write", "a file, a folder or the output cannot be written"},
     {Exit::BadCave, "bad-cave", "a text tells no cave that can be played"},
     {Exit::BadKeys, "bad-keys", "a key script holds something else than keys"},
     {Exit::BadCollection, "bad-collection", "a file is no collection"},
-    {Exit::BadText, "bad-text", "a readable text of a collection has a mistake"},
+    {Exit::BadText, "bad-text", "a readable text of a collection, or a postcard's word, has a mistake"},
     {Exit::BadTrace, "bad-trace", "a saved trace holds a line that is none of a trace"},
     {Exit::NoSuchCave, "no-such-cave", "the collection has no cave of this number"},
-    {Exit::Failed, "failed", "the system gave no more memory or threads"},
+    {Exit::Failed, "failed", "the system gave no more memory or threads, or lacks a program"},
     {Exit::Impossible, "impossible", "a cave can certainly not be won"},
 }};
 

@@ -1,142 +1,128 @@
 #include <algorithm>
-#include <array>
 #include <atomic>
+#include <istream>
 #include <memory>
+#include <mutex>
 #include <optional>
 #include <ostream>
+#include <sstream>
 #include <thread>
 #include <utility>
 
-#include "data/Cp1250.h"
 #include "data/Files.h"
-#include "data/Lines.h"
 #include "data/Result.h"
 #include "zktool/Commands.h"
-#include "zktool/Json.h"
 #include "zktool/RecordFiles.h"
-#include "zktool/Standing.h"
-#include "zktool/Verdict.h"
+#include "zktool/Report.h"
+#include "zktool/Searching.h"
 
 namespace zorik {
 namespace {
 
-// What is told of a record file.
-struct Report {
-  Judgement judgement;
-  RecordHead head;
-  std::string cave;  // its name
-  Standing standing;
+constexpr const char* kFromInput = "-";  // stands for the paths on the standard input
+constexpr const char* kInputName = "the standard input";
+
+// How records are verified.
+struct VerifyTerms {
+  ReportForm form;
+  std::size_t jobs = 1;
+  const PlayedCollection* collection = nullptr;
 };
-using Reports = std::vector<Report>;  // one for each file
-using Counts = std::array<std::size_t, kVerdicts>;
 
-// The order in which the verdicts are counted for the user.
-constexpr std::array<Verdict, kVerdicts> kCounted{Verdict::Won,     Verdict::ScoreDiffers,
-                                                  Verdict::NotWon,  Verdict::RanDry,
-                                                  Verdict::BadCave, Verdict::Unreadable};
-
-// The collection may be missing.
-Report ReportOn(Hra& hra, const std::string& file, const PlayedCollection* collection) {
-  Report report;
-  Result<std::string> bytes = ReadStream(file);
-  if (bytes) {
-    RecordLines lines(*bytes);
-    report.head = ReadRecordHead(lines);
-    if (const Result<CaveRecord> cave = ParseCaveText(report.head.CaveText)) report.cave = cave->Name;
-    report.judgement = Judge(hra, std::move(*bytes));
-  } else {
-    report.judgement.message = bytes.Message();
-  }
-  if (collection != nullptr) report.standing = StandingOf(file, report.head, *collection);
-  return report;
-}
-
-// All cores take files from the same counter; each has a game of its own.
-Reports ReportOnAll(const std::vector<std::string>& files, const PlayedCollection* collection) {
-  Reports reports(files.size());
+// All jobs take files from the same counter; each has a game of its own.
+std::vector<Report> ReportOnAll(const std::vector<std::string>& files, const VerifyTerms& terms) {
+  std::vector<Report> reports(files.size());
   std::atomic<std::size_t> next = 0;
-  const auto work = [&] {
+  RunAll(std::min(terms.jobs, files.size()), [&](std::size_t) {
     const auto hra = std::make_unique<Hra>();
     for (std::size_t i = next++; i < files.size(); i = next++)
-      reports[i] = ReportOn(*hra, files[i], collection);
-  };
-  const std::size_t cores = std::max(1U, std::thread::hardware_concurrency());
-  std::vector<std::jthread> threads;
-  for (std::size_t i = 0; i < std::min(cores, files.size()); ++i) threads.emplace_back(work);
-  threads.clear();
+      reports[i] = ReportOn(*hra, files[i], terms.collection);
+  });
   return reports;
 }
 
-Counts CountOf(const Reports& reports) {
-  Counts counts{};
-  for (const Report& report : reports) ++counts[static_cast<std::size_t>(report.judgement.verdict)];
-  return counts;
-}
-
-bool DoesCount(const Report& report) {
-  return report.standing.worth == Worth::Yes;
-}
-
-std::ptrdiff_t CountingOf(const Reports& reports) {
-  return std::count_if(reports.begin(), reports.end(), DoesCount);
-}
-
-// A name as it stands in a record, in Windows-1250.
-std::string Quoted(const std::string& name) {
-  return JsonText(ToUtf8(name));
-}
-
-void PrintLines(const std::vector<std::string>& files, const Reports& reports, bool counted,
-                std::ostream& out) {
+void PrintAll(const std::vector<std::string>& files, const std::vector<Report>& reports, const ReportSum& sum,
+              ReportForm form, std::ostream& out) {
+  out << (form.json ? "{\"records\": [" : "");
   for (std::size_t i = 0; i < files.size(); ++i) {
-    const auto& [judgement, head, cave, standing] = reports[i];
-    out << WordOf(judgement.verdict) << " score=" << judgement.score << " stored=" << judgement.stored
-        << " ticks=" << judgement.ticks;
-    if (counted) out << " counts=" << WordOf(standing.worth) << " number=" << standing.number;
-    out << " collection=" << Quoted(head.CollectionName) << " cave=" << Quoted(cave)
-        << " player=" << Quoted(head.Player) << " " << files[i] << "\n";
+    if (form.json) out << (i == 0 ? "\n  " : ",\n  ");
+    PrintReport(files[i], reports[i], form, out);
+    if (!form.json) out << "\n";
   }
-  const Counts counts = CountOf(reports);
-  out << "total=" << files.size();
-  for (const Verdict verdict : kCounted) {
-    out << " " << WordOf(verdict) << "=" << counts[static_cast<std::size_t>(verdict)];
-  }
-  if (counted) out << " counting=" << CountingOf(reports);
-  out << "\n";
+  out << (form.json ? "\n], \"summary\": " : "");
+  sum.Print(form, out);
+  out << (form.json ? "}\n" : "\n");
 }
 
-void PrintJson(const std::vector<std::string>& files, const Reports& reports, bool counted,
-               std::ostream& out) {
-  out << "{\"records\": [";
-  for (std::size_t i = 0; i < files.size(); ++i) {
-    const auto& [judgement, head, cave, standing] = reports[i];
-    out << (i == 0 ? "\n" : ",\n") << "  {\"file\": " << JsonText(files[i]) << ", \"verdict\": \""
-        << WordOf(judgement.verdict) << "\", \"score\": " << judgement.score
-        << ", \"stored\": " << judgement.stored << ", \"ticks\": " << judgement.ticks;
-    if (counted) out << ", \"counts\": \"" << WordOf(standing.worth) << "\", \"number\": " << standing.number;
-    out << ", \"collection\": " << Quoted(head.CollectionName) << ", \"cave\": " << Quoted(cave)
-        << ", \"player\": " << Quoted(head.Player) << ", \"message\": " << JsonText(judgement.message) << "}";
-  }
-  const Counts counts = CountOf(reports);
-  out << "\n], \"summary\": {\"total\": " << files.size();
-  for (const Verdict verdict : kCounted) {
-    out << ", \"" << WordOf(verdict) << "\": " << counts[static_cast<std::size_t>(verdict)];
-  }
-  if (counted) out << ", \"counting\": " << CountingOf(reports);
-  out << "}}\n";
+Exit EndOf(const ReportSum& sum, const std::string& place, Console& console) {
+  if (sum.Total() == 0) return Fail(console, Exit::No, "there is no record in " + place);
+  return sum.AllFine() ? Exit::Fine : Exit::No;
 }
 
-void PrintReasons(const std::vector<std::string>& files, const Reports& reports, Console& console) {
+Exit VerifyFiles(const CommandLine& line, const VerifyTerms& terms, Console& console) {
+  const std::vector<std::string> files = RecordFilesOf(line.operands);
+  const std::vector<Report> reports = ReportOnAll(files, terms);
+  ReportSum sum(terms.form.counted);
   for (std::size_t i = 0; i < files.size(); ++i) {
-    const Judgement& judgement = reports[i].judgement;
-    const std::string& reason = reports[i].standing.reason;
-    if (judgement.verdict == Verdict::Unreadable) Fail(console, Exit::CannotRead, judgement.message);
-    if (judgement.verdict == Verdict::BadCave) {
-      Fail(console, Exit::BadCave, files[i] + ": " + judgement.message);
+    sum.Add(reports[i]);
+    PrintReason(files[i], reports[i], console);
+  }
+  PrintAll(files, reports, sum, terms.form, console.out);
+  return EndOf(sum, line.operands[0], console);
+}
+
+// Paths come from the standard input one by one and are told as soon as they are judged: however many there
+// are, no more is kept than what the jobs are busy with.
+class Stream {
+ public:
+  Stream(const VerifyTerms& terms, Console& console)
+      : terms_(terms), console_(console), sum_(terms.form.counted) {}
+
+  Exit Run() {
+    // A stream that is tied to the output flushes it whenever it is read, while another job writes there.
+    console_.in.tie(nullptr);
+    RunAll(terms_.jobs, [this](std::size_t) { Work(); });
+    console_.out << (terms_.form.json ? "{\"summary\": " : "");
+    sum_.Print(terms_.form, console_.out);
+    console_.out << (terms_.form.json ? "}\n" : "\n");
+    return EndOf(sum_, kInputName, console_);
+  }
+
+ private:
+  void Work() {
+    const auto hra = std::make_unique<Hra>();
+    while (const std::optional<std::string> path = Next()) {
+      for (const std::string& file : RecordFilesOf({*path}))
+        Tell(file, ReportOn(*hra, file, terms_.collection));
     }
-    if (!reason.empty()) Fail(console, Exit::No, files[i] + ": " + reason);
   }
-}
+
+  // When nobody takes the lines any more there is no sense in going on.
+  std::optional<std::string> Next() {
+    const std::lock_guard guard(reading_);
+    std::string path;
+    while (!deaf_ && std::getline(console_.in, path)) {
+      if (!path.empty()) return path;
+    }
+    return std::nullopt;
+  }
+
+  void Tell(const std::string& file, const Report& report) {
+    std::ostringstream text;
+    PrintReport(file, report, terms_.form, text);
+    text << "\n";
+    const std::lock_guard guard(telling_);
+    sum_.Add(report);
+    PrintReason(file, report, console_);
+    if (!(console_.out << text.view()).flush()) deaf_ = true;
+  }
+
+  const VerifyTerms& terms_;
+  Console& console_;
+  ReportSum sum_;
+  std::mutex reading_, telling_;
+  std::atomic<bool> deaf_ = false;
+};
 
 // The collection that the option names, or nothing if it is not given.
 Needed<std::optional<PlayedCollection>> CollectionOf(const CommandLine& line) {
@@ -149,26 +135,27 @@ Needed<std::optional<PlayedCollection>> CollectionOf(const CommandLine& line) {
   return std::optional(std::move(*collection));
 }
 
-Exit Verify(const CommandLine& line, const std::optional<PlayedCollection>& collection, Console& console) {
-  const std::vector<std::string> files = RecordFilesOf(line.operands);
-  const bool counted = collection.has_value();
-  const Reports reports = ReportOnAll(files, counted ? &*collection : nullptr);
-  PrintReasons(files, reports, console);
-  const auto print = line.Has("--json") ? PrintJson : PrintLines;
-  print(files, reports, counted, console.out);
-  if (files.empty()) return Fail(console, Exit::No, "there is no record in " + line.operands[0]);
-  const bool fine = std::all_of(reports.begin(), reports.end(), [counted](const Report& report) {
-    return report.judgement.verdict == Verdict::Won && (!counted || DoesCount(report));
-  });
-  return fine ? Exit::Fine : Exit::No;
+// As many jobs as there are cores, if nobody says anything else.
+Result<std::size_t> VerifyJobsOf(const CommandLine& line) {
+  if (!line.Has("--jobs")) return std::size_t{std::max(1U, std::thread::hardware_concurrency())};
+  const Result<int> jobs = JobsOf(line);
+  if (!jobs) return Failure{jobs.Message()};
+  return static_cast<std::size_t>(*jobs);
 }
 
 }  // namespace
 
 Exit VerifyCommand(const CommandLine& line, Console& console) {
+  const std::vector<std::string>& operands = line.operands;
+  const bool streams = std::find(operands.begin(), operands.end(), kFromInput) != operands.end();
+  if (streams && operands.size() > 1) return Fail(console, Exit::Usage, "\"-\" stands alone");
+  const Result<std::size_t> jobs = VerifyJobsOf(line);
+  if (!jobs) return Fail(console, Exit::Usage, jobs.Message());
   const auto collection = CollectionOf(line);
   if (!collection) return Fail(console, collection.Why());
-  return Verify(line, *collection, console);
+  const bool counted = collection->has_value();
+  const VerifyTerms terms{{line.Has("--json"), counted}, *jobs, counted ? &**collection : nullptr};
+  return streams ? Stream(terms, console).Run() : VerifyFiles(line, terms, console);
 }
 
 }  // namespace zorik
