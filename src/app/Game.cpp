@@ -8,6 +8,7 @@
 
 #include "app/HeadlessWords.h"
 #include "core/Hra.h"
+#include "core/Speed.h"
 #include "data/Result.h"
 #include "editors/FrmCat.h"
 #include "editors/FrmMain.h"
@@ -18,6 +19,7 @@
 #include "screens/FrmLanguage.h"
 #include "screens/GhostMenu.h"
 #include "screens/MsgBox.h"
+#include "screens/PairMenu.h"
 #include "screens/RunControls.h"
 #include "screens/SkinFlaws.h"
 #include "screens/StartWords.h"
@@ -120,6 +122,9 @@ void Game::ConnectScreens() {
           [this] { OpenFileOrTell(skin_, &frmPoSt_, HelpPage(paths_, skin_, "help.html")); });
   connect(&frmPoSt_, &FrmPoSt::GhostWanted, this,
           [this](const QPoint& at) { AskForGhost(skin_, flow_, settings_, frmPoSt_, at); });
+  connect(&frmPoSt_, &FrmPoSt::PairWanted, this, [this](const QPoint& at) {
+    ShowPairOfRecords(skin_, flow_, hra_.Paced(TimerInterval(settings_.Speed)), frmPoSt_, at);
+  });
   connect(&hra_, &HraWindow::NoSound, this, &Game::EndWithoutSound, Qt::QueuedConnection);
   connect(&hra_, &HraWindow::RunWon, &winFlow_, &WinFlow::RunWon);
   connect(&hra_, &HraWindow::EndRequested, this, &Game::EndGame);

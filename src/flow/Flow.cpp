@@ -154,16 +154,26 @@ Result<Done> Flow::StoreElsewhere(const WonRun& run, const std::string& path) {
   return written;
 }
 
-// The ghost
+// The ghost, and two records of a cave
+
+std::optional<std::string> Flow::RecordOf(const Rival& rival) const {
+  return RecordOfRival(folders_.Players, rival.Folder, ChosenSlot());
+}
+
+std::string Flow::OwnRecord() const {
+  const RecordSlot slot = ChosenSlot();
+  if (const WonRun* const kept = wins_.Find(slot)) return kept->Bytes;
+  if (ReadStanding(slot).Of != StandingRecord::Kind::ThisCave) return {};
+  Result<std::string> own = ReadWhole(slot.Path);
+  return own ? *own : std::string();
+}
 
 std::string Flow::GhostRecord() const {
   const RecordSlot slot = ChosenSlot();
   if (!rival_.empty()) {
     if (std::optional<std::string> his = RecordOfRival(folders_.Players, rival_, slot)) return *his;
   }
-  if (const WonRun* const kept = wins_.Find(slot)) return kept->Bytes;
-  Result<std::string> own = ReadWhole(slot.Path);
-  return own ? *own : std::string();
+  return OwnRecord();
 }
 
 // Editing

@@ -123,10 +123,16 @@ class Flow {
   UnstoredWins& Unstored() { return wins_; }
   const UnstoredWins& Unstored() const { return wins_; }
 
-  // The ghost
+  // The ghost, and two records of a cave
 
   // The other players who have won the chosen cave.
   std::vector<Rival> Rivals() const { return FindRivals(folders_.Players, ChosenSlot()); }
+
+  // Their records of it; nothing when one is gone meanwhile.
+  std::optional<std::string> RecordOf(const Rival& rival) const;
+
+  // The player's own record of it, be it stored or not; empty when he has none.
+  std::string OwnRecord() const;
 
   // From now on the player with this folder is to go beside the player; an empty name: his own best run.
   void ChooseGhost(const std::string& rivalFolder) { rival_ = rivalFolder; }

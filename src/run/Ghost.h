@@ -37,6 +37,9 @@ class Ghost {
   // Its run.
   const Hra& Run() const { return *run_; }
 
+  // Tells a stage, which lives longer, of all that happens in it.
+  void Watch(Stage& stage) { run_->SetStage(stage); }
+
  private:
   explicit Ghost(std::unique_ptr<Hra> run) : run_(std::move(run)) {}
 

@@ -135,4 +135,8 @@ QString AskForFile(Skin& skin, QWidget* parent, const QString& title, const QStr
   return box.selectedFiles().isEmpty() ? QString() : box.selectedFiles().constFirst();
 }
 
+QString RecordFilter(const Skin& skin) {
+  return skin.Text(TextId::RecordKind) + " (*.zkr)";
+}
+
 }  // namespace zorik

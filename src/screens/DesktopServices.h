@@ -38,4 +38,7 @@ void PrepareFileBox(QFileDialog& box, const Skin& skin, const QString& words);
 QString AskForFile(Skin& skin, QWidget* parent, const QString& title, const QString& folder,
                    const QStringList& filters);
 
+// The filter of records.
+QString RecordFilter(const Skin& skin);
+
 }  // namespace zorik

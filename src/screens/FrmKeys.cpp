@@ -1,12 +1,13 @@
 #include "screens/FrmKeys.h"
 
 #include <QGridLayout>
-#include <QHBoxLayout>
 #include <QLabel>
+#include <QVBoxLayout>
 #include <algorithm>
 
 #include "platform/JoyPad.h"
 #include "platform/Keyboard.h"
+#include "screens/FittingArea.h"
 #include "screens/KeyBox.h"
 #include "screens/KeyWords.h"
 #include "screens/Marks.h"
@@ -21,7 +22,6 @@ namespace zorik {
 namespace {
 
 constexpr int kLetters = 14;
-constexpr int kHeadLetters = 20;
 constexpr int kMargin = 16;
 constexpr int kGap = 12;
 constexpr int kRowGap = 4;
@@ -55,59 +55,46 @@ constexpr std::array kOrder{KeyUse::Left,   KeyUse::Up,       KeyUse::Right,    
 
 }  // namespace
 
-FrmKeys::FrmKeys(Skin& skin, QWidget* parent)
-    : SkinDialog(parent),
-      skin_(skin),
-      lblCaption_(NewLabel(this)),
-      lblPad_(NewLabel(this)),
-      lblSays_(NewLabel(this)),
-      reset_(new SkinButton(this)),
-      ok_(new SkinButton(this)),
-      close_(new SkinButton(this)) {
-  lblCaption_->setObjectName("lblCaption");
+FrmKeys::FrmKeys(Skin& skin, QWidget* parent, QSize room)
+    : SettingsDialog(skin, parent, room),
+      keyGrid_(new QGridLayout),
+      padGrid_(new QGridLayout),
+      lblPad_(NewLabel(part_)),
+      lblSays_(NewLabel(this)) {
   lblSays_->setObjectName("lblSays");
-  reset_->setObjectName("reset");
-  ok_->setObjectName("ok");
-  close_->setObjectName("close");
-  connect(reset_, &SkinButton::clicked, this, &FrmKeys::Reset);
-  connect(ok_, &SkinButton::clicked, this, &FrmKeys::OnEnter);
-  connect(close_, &SkinButton::clicked, this, &FrmKeys::OnEsc);
+  own_->setObjectName("reset");
+  connect(own_, &SkinButton::clicked, this, &FrmKeys::Reset);
   listening_.setInterval(kListenEvery);
   connect(&listening_, &QTimer::timeout, this, &FrmKeys::ListenToPad);
+  MakeKeyBoxes();
+  MakePadBoxes();
   LayOut();
 }
 
 FrmKeys::~FrmKeys() = default;
 
-void FrmKeys::AddKeyRow(QGridLayout& grid, std::size_t place) {
-  const KeyUse use = kOrder[place];
-  const auto i = static_cast<std::size_t>(use);
-  lblKeys_[i] = NewLabel(this);
-  boxes_[i] = new KeyBox(this, kKeyWidth);
-  boxes_[i]->setObjectName("key" + QString::number(i));
-  const int row = static_cast<int>(place % kRows);
-  const int column = place < kRows ? 0 : 3;
-  grid.addWidget(lblKeys_[i], row, column);
-  grid.addWidget(boxes_[i], row, column + 1);
-  connect(boxes_[i], &KeyBox::Asked, this, [this] { Say(kHowWords.In(skin_)); });
-  connect(boxes_[i], &KeyBox::Caught, this, [this, use](const KeyChoice& key) { KeyCaught(use, key); });
+// In the order in which the Tab key goes through them.
+void FrmKeys::MakeKeyBoxes() {
+  for (const KeyUse use : kOrder) {
+    const auto i = static_cast<std::size_t>(use);
+    lblKeys_[i] = NewLabel(part_);
+    boxes_[i] = new KeyBox(part_, kKeyWidth);
+    boxes_[i]->setObjectName("key" + QString::number(i));
+    connect(boxes_[i], &KeyBox::Asked, this, [this] { Say(kHowWords.In(skin_)); });
+    connect(boxes_[i], &KeyBox::Caught, this, [this, use](const KeyChoice& key) { KeyCaught(use, key); });
+  }
 }
 
-void FrmKeys::LayOutPad(QHBoxLayout& line) {
-  line.addWidget(lblPad_);
+void FrmKeys::MakePadBoxes() {
   for (std::size_t i = 0; i < kPadUses; ++i) {
     const auto use = static_cast<PadUse>(i);
-    lblButtons_[i] = NewLabel(this);
-    padBoxes_[i] = new KeyBox(this, kButtonWidth);
+    lblButtons_[i] = NewLabel(part_);
+    padBoxes_[i] = new KeyBox(part_, kButtonWidth);
     padBoxes_[i]->setObjectName("pad" + QString::number(i));
-    line.addSpacing(kGap);
-    line.addWidget(lblButtons_[i]);
-    line.addWidget(padBoxes_[i]);
     connect(padBoxes_[i], &KeyBox::Asked, this, &FrmKeys::PadAsked);
     connect(padBoxes_[i], &KeyBox::Caught, this,
             [this, use](const KeyChoice& key) { PadKeyCaught(use, key); });
   }
-  line.addStretch();
 }
 
 void FrmKeys::LayOut() {
@@ -117,17 +104,16 @@ void FrmKeys::LayOut() {
   rows->setSizeConstraint(QLayout::SetFixedSize);
   rows->addWidget(lblCaption_, 0, Qt::AlignHCenter);
 
-  auto* const grid = new QGridLayout;
-  grid->setHorizontalSpacing(kGap);
-  grid->setVerticalSpacing(kRowGap);
-  grid->setColumnMinimumWidth(2, kBetween);
-  for (std::size_t place = 0; place < kOrder.size(); ++place) AddKeyRow(*grid, place);
-  rows->addLayout(grid);
-  rows->addSpacing(kRowGap);
-  auto* const pad = new QHBoxLayout;
-  pad->setSpacing(kRowGap);
-  LayOutPad(*pad);
-  rows->addLayout(pad);
+  auto* const parts = new QVBoxLayout(part_);
+  parts->setContentsMargins(0, 0, 0, 0);
+  keyGrid_->setHorizontalSpacing(kGap);
+  keyGrid_->setVerticalSpacing(kRowGap);
+  padGrid_->setHorizontalSpacing(kRowGap);
+  padGrid_->setVerticalSpacing(kRowGap);
+  parts->addLayout(keyGrid_);
+  parts->addSpacing(kRowGap);
+  parts->addLayout(padGrid_);
+  rows->addWidget(area_, 0, Qt::AlignHCenter);
   lblSays_->setWordWrap(true);
   lblSays_->setAlignment(Qt::AlignCenter);
   rows->addWidget(lblSays_);
@@ -135,25 +121,44 @@ void FrmKeys::LayOut() {
   auto* const buttons = new QHBoxLayout;
   buttons->setSpacing(kGap);
   buttons->addStretch();
-  for (SkinButton* const button : {reset_, ok_, close_}) buttons->addWidget(button);
+  for (SkinButton* const button : {own_, ok_, close_}) buttons->addWidget(button);
   buttons->addStretch();
   rows->addLayout(buttons);
 }
 
-void FrmKeys::SkinIt() {
-  const Tones tones = TonesOf(skin_.Colour("settings.color", kPlainGround));
-  Surface().SetColour(tones.ground);
-  QPalette colours = PaletteOf(tones);
-  setPalette(colours);
-  setFont(GameFont(kLetters));
-  colours.setColor(QPalette::WindowText, tones.mark);
-  for (QLabel* const label : {lblCaption_, lblSays_}) label->setPalette(colours);
-  lblCaption_->setFont(GameFont(kHeadLetters));
-  lblSays_->setFixedHeight(2 * fontMetrics().lineSpacing());
+// The keys in two columns and the pad in one line, or the keys in one column and the pad in two lines.
+void FrmKeys::Place(bool narrow) {
+  for (std::size_t place = 0; place < kOrder.size(); ++place) {
+    const auto i = static_cast<std::size_t>(kOrder[place]);
+    const bool second = !narrow && place >= kRows;
+    const int row = static_cast<int>(second ? place - kRows : place);
+    keyGrid_->addWidget(lblKeys_[i], row, second ? 3 : 0);
+    keyGrid_->addWidget(boxes_[i], row, second ? 4 : 1);
+  }
+  keyGrid_->setColumnMinimumWidth(2, narrow ? 0 : kBetween);
+  PlacePad(narrow ? kPadUses / 2 : kPadUses);
+}
 
-  const QString title = kKeysWords.In(skin_);
-  SetTitle(*this, title);
-  lblCaption_->setText(OneLine(title, kMostInCaption));
+void FrmKeys::PlacePad(std::size_t inALine) {
+  const auto columnOf = [](std::size_t place) { return 1 + 3 * static_cast<int>(place); };
+  for (std::size_t place = 0; place <= kPadUses; ++place) {
+    padGrid_->setColumnMinimumWidth(columnOf(place), place < inALine ? kGap : 0);
+    padGrid_->setColumnStretch(columnOf(place), place == inALine ? 1 : 0);
+  }
+  padGrid_->addWidget(lblPad_, 0, 0);
+  for (std::size_t i = 0; i < kPadUses; ++i) {
+    const int row = static_cast<int>(i / inALine);
+    padGrid_->addWidget(lblButtons_[i], row, columnOf(i % inALine) + 1);
+    padGrid_->addWidget(padBoxes_[i], row, columnOf(i % inALine) + 2);
+  }
+}
+
+void FrmKeys::SkinIt() {
+  const Tones tones = TakeLooks(kLetters, kKeysWords.In(skin_), kKeysResetWords.In(skin_));
+  QPalette colours = palette();
+  colours.setColor(QPalette::WindowText, tones.mark);
+  lblSays_->setPalette(colours);
+  lblSays_->setFixedHeight(2 * fontMetrics().lineSpacing());
   lblPad_->setText(OneLine(kPadWords.Before(skin_), kMostInCaption));
   const auto skinBoxes = [this](auto& labels, auto& boxes, const auto& words, const QString& asking) {
     for (std::size_t i = 0; i < boxes.size(); ++i) {
@@ -163,12 +168,6 @@ void FrmKeys::SkinIt() {
   };
   skinBoxes(lblKeys_, boxes_, kUseWords, kPressWords.In(skin_));
   skinBoxes(lblButtons_, padBoxes_, kPadUseWords, kPadAsks);
-  reset_->SetPlate(skin_.Picture("dialog.plateback.image"));
-  reset_->SetWords(kKeysResetWords.In(skin_));
-  ok_->SetPicture(skin_.Picture("settings.ok.image"));
-  ok_->SetWords(kOkWords.In(skin_));
-  close_->SetPicture(skin_.Picture("settings.close.image"));
-  close_->SetWords(kCancelWords.In(skin_));
 }
 
 // What a box says is read aloud together with what it is for.
@@ -257,8 +256,7 @@ bool FrmKeys::Edit(KeyMap& keys, PadMap& pad) {
   Say(kHowWords.In(skin_));
   ShowAll();
   boxes_.front()->setFocus();
-  adjustSize();
-  const bool confirmed = exec() == Accepted;
+  const bool confirmed = Ask();
   listening_.stop();
   joyPad_.reset();
   if (!confirmed) return false;

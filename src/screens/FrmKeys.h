@@ -6,40 +6,37 @@
 
 #include "platform/KeyMap.h"
 #include "platform/PadMap.h"
-#include "screens/SkinWindow.h"
+#include "screens/SettingsDialog.h"
 
 class QGridLayout;
-class QHBoxLayout;
 class QLabel;
 
 namespace zorik {
 
 class JoyPad;
 class KeyBox;
-class Skin;
-class SkinButton;
 
 // The window of the player's own keys: what he can steer and command with, the keys of practice, and the
 // buttons of a pad. A key that did something else before is told. What he changes is dropped unless he
 // confirms it.
-class FrmKeys : public SkinDialog {
+class FrmKeys : public SettingsDialog {
   Q_OBJECT
 
  public:
-  FrmKeys(Skin& skin, QWidget* parent);
+  FrmKeys(Skin& skin, QWidget* parent, QSize room = {});
   ~FrmKeys() override;
 
   // Shows the keys until the player is done. When he confirms, they are what he chose; true then.
   bool Edit(KeyMap& keys, PadMap& pad);
 
  protected:
-  void OnEnter() override { accept(); }
-  void OnEsc() override { done(Rejected); }
+  void Place(bool narrow) override;
 
  private:
   void LayOut();
-  void LayOutPad(QHBoxLayout& line);
-  void AddKeyRow(QGridLayout& grid, std::size_t place);
+  void MakeKeyBoxes();
+  void MakePadBoxes();
+  void PlacePad(std::size_t inALine);
   void SkinIt();
   void ShowAll();
   void Say(const QString& words);
@@ -50,19 +47,16 @@ class FrmKeys : public SkinDialog {
   void ChooseButton(PadUse use, int button);
   void Reset();
 
-  Skin& skin_;
   KeyMap keys_;
   PadMap pad_;
-  QLabel* lblCaption_;
   std::array<QLabel*, kKeyUses> lblKeys_{};
   std::array<KeyBox*, kKeyUses> boxes_{};
+  QGridLayout* keyGrid_;
+  QGridLayout* padGrid_;
   QLabel* lblPad_;
   std::array<QLabel*, kPadUses> lblButtons_{};
   std::array<KeyBox*, kPadUses> padBoxes_{};
   QLabel* lblSays_;
-  SkinButton* reset_;
-  SkinButton* ok_;
-  SkinButton* close_;
   std::unique_ptr<JoyPad> joyPad_;  // once a box has asked for a button
   QTimer listening_;
 };

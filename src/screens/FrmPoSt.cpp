@@ -106,7 +106,7 @@ void FrmPoSt::Build() {
   const std::pair<SkinButton*&, const char*> buttons[] = {
       {replay_, "replay"}, {play_, "play"},         {congratulation_, "congratulation"},
       {send_, "send"},     {practice_, "practice"}, {close_, "close"},
-      {help_, "help"},     {ghost_, "ghost"}};
+      {help_, "help"},     {ghost_, "ghost"},       {pair_, "pair"}};
   for (const auto& [button, name] : buttons) {
     button = new SkinButton(this);
     button->setObjectName(name);
@@ -123,7 +123,8 @@ void FrmPoSt::Build() {
   connect(practice_, &SkinButton::clicked, this, &FrmPoSt::ClickedPractice);
   connect(close_, &SkinButton::clicked, this, &FrmPoSt::Back);
   connect(help_, &SkinButton::clicked, this, &FrmPoSt::HelpWanted);
-  connect(ghost_, &SkinButton::clicked, this, &FrmPoSt::ChooseGhost);
+  connect(ghost_, &SkinButton::clicked, this, [this] { emit GhostWanted(MenuPlace(*ghost_)); });
+  connect(pair_, &SkinButton::clicked, this, [this] { emit PairWanted(MenuPlace(*pair_)); });
   connect(vscroll_, &ScrollButton::Stepped, list_, &CaveList::Scroll);
 }
 
@@ -208,6 +209,7 @@ void FrmPoSt::SkinButtons() {
   PlaceButton(skin_, *close_, "select.close", kCloseWords.In(skin_));
   PlaceButton(skin_, *help_, "select.help", kHelpWords.In(skin_));
   PlaceButton(skin_, *ghost_, "select.ghost", kGhostWords.In(skin_));
+  PlaceButton(skin_, *pair_, "select.pair", kOpenPairWords.In(skin_));
 }
 
 void FrmPoSt::SkinIt() {
@@ -308,6 +310,7 @@ void FrmPoSt::ShowCave() {
   Show(*replay_, solved);
   Show(*play_, state != CaveState::Closed);
   Show(*practice_, state != CaveState::Closed);
+  Show(*pair_, solved);
   imgBonus_->setVisible(JeBonus(rowName.toStdString()));
   lblCaveName_->SetText(rowName);
   ShowRecord(solved);
@@ -360,10 +363,10 @@ void FrmPoSt::ClickedAuthor() {
   openers_.link(MailLink(address, subject), TellNoProgram(address));
 }
 
-// The menu opens at the button, or at the list where the skin gives that no place.
-void FrmPoSt::ChooseGhost() {
-  const QWidget& by = ghost_->isHidden() ? static_cast<QWidget&>(*list_) : *ghost_;
-  emit GhostWanted(by.mapToGlobal(by.rect().center()));
+// A menu opens at its button, or at the list where the skin gives that no place.
+QPoint FrmPoSt::MenuPlace(const SkinButton& button) const {
+  const QWidget& by = button.isHidden() ? static_cast<const QWidget&>(*list_) : button;
+  return by.mapToGlobal(by.rect().center());
 }
 
 void FrmPoSt::contextMenuEvent(QContextMenuEvent* event) {
@@ -421,7 +424,10 @@ bool FrmPoSt::Command(int key) {
       if (!flow_.IsStored(Caves().Selected())) emit StoreWanted();
       return true;
     case Qt::Key_D:
-      ChooseGhost();
+      emit GhostWanted(MenuPlace(*ghost_));
+      return true;
+    case Qt::Key_V:
+      emit PairWanted(MenuPlace(*pair_));
       return true;
     case Qt::Key_Escape:
       emit Back();

@@ -64,6 +64,8 @@ class FrmPoSt : public SkinWindow {
   // The player wants to choose whose ghost goes beside him in the selected cave, from a menu at this place of
   // the screen.
   void GhostWanted(const QPoint& at);
+  // His record of the selected cave is to be seen beside another one, likewise.
+  void PairWanted(const QPoint& at);
   void Back();
   void HelpWanted();
 
@@ -95,7 +97,7 @@ class FrmPoSt : public SkinWindow {
   void Congratulate();
   void ClickedSend();
   void ClickedAuthor();
-  void ChooseGhost();
+  QPoint MenuPlace(const SkinButton& button) const;
   OpenFailed TellNoProgram(const QString& target);
   void Say(const QString& text);
 
@@ -121,6 +123,7 @@ class FrmPoSt : public SkinWindow {
   SkinButton* close_;
   SkinButton* help_;
   SkinButton* ghost_;
+  SkinButton* pair_;
   ScrollButton* vscroll_;
 };
 

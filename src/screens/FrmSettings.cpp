@@ -5,6 +5,7 @@
 #include <QLabel>
 
 #include "data/Result.h"
+#include "screens/FittingArea.h"
 #include "screens/FrmKeys.h"
 #include "screens/KeyWords.h"
 #include "screens/MsgBox.h"
@@ -20,7 +21,6 @@ namespace zorik {
 namespace {
 
 constexpr int kLetters = 16;
-constexpr int kHeadLetters = 20;
 constexpr int kMargin = 20;
 constexpr int kGap = 12;
 constexpr int kRowGap = 8;
@@ -58,27 +58,20 @@ constexpr std::array<std::size_t, 8> kCheckOrder{0, 1, 3, 2, 4, 5, 6, 7};
 
 }  // namespace
 
-FrmSettings::FrmSettings(Skin& skin, QWidget* parent)
-    : SkinDialog(parent),
-      skin_(skin),
-      lblCaption_(NewLabel(this)),
-      lblScale_{NewLabel(this), NewLabel(this), NewLabel(this)},
-      scales_{new SkinScale(kFastest, kSlowest, this), new SkinScale(kFastest, kSlowest, this),
-              new SkinScale(0, kFullVolume, this)},
-      checks_{new SkinCheck(this), new SkinCheck(this), new SkinCheck(this), new SkinCheck(this),
-              new SkinCheck(this), new SkinCheck(this), new SkinCheck(this), new SkinCheck(this)},
-      keysButton_(new SkinButton(this)),
-      ok_(new SkinButton(this)),
-      close_(new SkinButton(this)) {
+FrmSettings::FrmSettings(Skin& skin, QWidget* parent, QSize room)
+    : SettingsDialog(skin, parent, room),
+      lblScale_{NewLabel(part_), NewLabel(part_), NewLabel(part_)},
+      scales_{new SkinScale(kFastest, kSlowest, part_), new SkinScale(kFastest, kSlowest, part_),
+              new SkinScale(0, kFullVolume, part_)},
+      checks_{new SkinCheck(part_), new SkinCheck(part_), new SkinCheck(part_), new SkinCheck(part_),
+              new SkinCheck(part_), new SkinCheck(part_), new SkinCheck(part_), new SkinCheck(part_)},
+      checkGrid_(new QGridLayout) {
   NameParts();
-  connect(keysButton_, &SkinButton::clicked, this, &FrmSettings::EditKeys);
-  connect(ok_, &SkinButton::clicked, this, &FrmSettings::OnEnter);
-  connect(close_, &SkinButton::clicked, this, &FrmSettings::OnEsc);
+  connect(own_, &SkinButton::clicked, this, &FrmSettings::EditKeys);
   LayOut();
 }
 
 void FrmSettings::NameParts() {
-  lblCaption_->setObjectName("lblCaption");
   constexpr std::array kScales = {"Speed", "SpeedR", "Volume"};
   for (std::size_t i = 0; i < scales_.size(); ++i) {
     lblScale_[i]->setObjectName(QString("lbl") + kScales[i]);
@@ -86,9 +79,7 @@ void FrmSettings::NameParts() {
   }
   for (std::size_t i = 0; i < checks_.size(); ++i)
     checks_[i]->setObjectName("check" + QString::number(i + 1));
-  keysButton_->setObjectName("keys");
-  ok_->setObjectName("ok");
-  close_->setObjectName("close");
+  own_->setObjectName("keys");
 }
 
 void FrmSettings::LayOut() {
@@ -98,26 +89,26 @@ void FrmSettings::LayOut() {
   rows->setSizeConstraint(QLayout::SetFixedSize);
   rows->addWidget(lblCaption_, 0, Qt::AlignHCenter);
 
+  auto* const parts = new QVBoxLayout(part_);
+  parts->setContentsMargins(0, 0, 0, 0);
+  parts->setSpacing(kRowGap);
   auto* const scales = new QGridLayout;
   scales->setHorizontalSpacing(kGap);
   for (std::size_t i = 0; i < scales_.size(); ++i) {
     scales->addWidget(lblScale_[i], static_cast<int>(i), 0);
     scales->addWidget(scales_[i], static_cast<int>(i), 1);
   }
-  rows->addLayout(scales);
-
-  auto* const checks = new QGridLayout;
-  checks->setHorizontalSpacing(kColumnGap);
-  checks->setVerticalSpacing(kRowGap);
-  for (std::size_t i = 0; i < checks_.size(); ++i)
-    checks->addWidget(checks_[i], kChecks[i].row, kChecks[i].column);
-  rows->addLayout(checks);
+  parts->addLayout(scales);
+  checkGrid_->setHorizontalSpacing(kColumnGap);
+  checkGrid_->setVerticalSpacing(kRowGap);
+  parts->addLayout(checkGrid_);
   for (std::size_t i = 1; i < kCheckOrder.size(); ++i)
     setTabOrder(checks_[kCheckOrder[i - 1]], checks_[kCheckOrder[i]]);
+  rows->addWidget(area_);
 
   auto* const buttons = new QHBoxLayout;
   buttons->setSpacing(kGap);
-  buttons->addWidget(keysButton_);
+  buttons->addWidget(own_);
   buttons->addStretch();
   buttons->addWidget(ok_);
   buttons->addWidget(close_);
@@ -125,20 +116,20 @@ void FrmSettings::LayOut() {
   rows->addLayout(buttons);
 }
 
-void FrmSettings::SkinIt() {
-  const Tones tones = TonesOf(skin_.Colour("settings.color", kPlainGround));
-  Surface().SetColour(tones.ground);
-  QPalette colours = PaletteOf(tones);
-  colours.setColor(QPalette::Mid, tones.line);  // the grooves of the scales
-  setPalette(colours);
-  setFont(GameFont(kLetters));
-  colours.setColor(QPalette::WindowText, tones.mark);
-  lblCaption_->setPalette(colours);
-  lblCaption_->setFont(GameFont(kHeadLetters));
+// In two columns, or one below the other.
+void FrmSettings::Place(bool narrow) {
+  for (std::size_t place = 0; place < kCheckOrder.size(); ++place) {
+    const std::size_t i = kCheckOrder[place];
+    const int row = narrow ? static_cast<int>(place) : kChecks[i].row;
+    checkGrid_->addWidget(checks_[i], row, narrow ? 0 : kChecks[i].column, Qt::AlignLeft);
+  }
+}
 
-  const QString title = skin_.Caption("settings.text");
-  SetTitle(*this, title);
-  lblCaption_->setText(OneLine(title, kMostInCaption));
+void FrmSettings::SkinIt() {
+  const Tones tones = TakeLooks(kLetters, skin_.Caption("settings.text"), kKeysWords.In(skin_));
+  QPalette grooves = palette();
+  grooves.setColor(QPalette::Mid, tones.line);
+  for (SkinScale* const scale : scales_) scale->setPalette(grooves);
   for (std::size_t i = 0; i < scales_.size(); ++i) {
     const QString caption = OneLine(kScaleWords[i].In(skin_), kMostInCaption);
     lblScale_[i]->setText(caption + " :");
@@ -148,12 +139,6 @@ void FrmSettings::SkinIt() {
     checks_[i]->setText(InMenu(kChecks[i].words.In(skin_)));
     checks_[i]->SetPicture(skin_.Picture("settings.checks.image"));
   }
-  keysButton_->SetPlate(skin_.Picture("dialog.plateback.image"));
-  keysButton_->SetWords(kKeysWords.In(skin_));
-  ok_->SetPicture(skin_.Picture("settings.ok.image"));
-  ok_->SetWords(kOkWords.In(skin_));
-  close_->SetPicture(skin_.Picture("settings.close.image"));
-  close_->SetWords(kCancelWords.In(skin_));
 }
 
 void FrmSettings::SetSett(const Settings& settings) {
@@ -167,7 +152,7 @@ void FrmSettings::SetSett(const Settings& settings) {
 
 // Other keys hold when these settings are confirmed.
 void FrmSettings::EditKeys() {
-  FrmKeys(skin_, this).Edit(keys_, pad_);
+  FrmKeys(skin_, this, room_).Edit(keys_, pad_);
 }
 
 // The key that has opened these settings leads on.
@@ -180,8 +165,7 @@ bool FrmSettings::Edit(Settings& settings) {
   SkinIt();
   SetSett(settings);
   scales_[0]->setFocus();
-  adjustSize();
-  if (exec() != Accepted) return false;
+  if (!Ask()) return false;
   settings.Speed = Turned(scales_[0]->value());
   settings.SpeedR = Turned(scales_[1]->value());
   settings.Volume = scales_[2]->value();

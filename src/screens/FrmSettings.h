@@ -4,33 +4,31 @@
 #include <array>
 
 #include "platform/Settings.h"
-#include "screens/SkinWindow.h"
+#include "screens/SettingsDialog.h"
 
+class QGridLayout;
 class QLabel;
 
 namespace zorik {
 
-class Skin;
-class SkinButton;
 class SkinCheck;
 class SkinScale;
 
 // The window of the options: two speeds and the volume, on scales whose right end is the fast or loud one,
-// and below them eight checks in two columns. A button leads to the player's own keys. What the player
+// and below them eight checks in two columns, or one. A button leads to the player's own keys. What the player
 // changes is dropped unless he confirms it.
-class FrmSettings : public SkinDialog {
+class FrmSettings : public SettingsDialog {
   Q_OBJECT
 
  public:
-  FrmSettings(Skin& skin, QWidget* parent);
+  FrmSettings(Skin& skin, QWidget* parent, QSize room = {});
 
   // Shows the settings until the player is done. When he confirms, they hold what he chose and are stored;
   // true then.
   bool Edit(Settings& settings);
 
  protected:
-  void OnEnter() override { accept(); }
-  void OnEsc() override { done(Rejected); }
+  void Place(bool narrow) override;
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
@@ -40,14 +38,10 @@ class FrmSettings : public SkinDialog {
   void SetSett(const Settings& settings);
   void EditKeys();
 
-  Skin& skin_;
-  QLabel* lblCaption_;
   std::array<QLabel*, 3> lblScale_;
   std::array<SkinScale*, 3> scales_;  // Speed, SpeedR, Volume
   std::array<SkinCheck*, 8> checks_;
-  SkinButton* keysButton_;
-  SkinButton* ok_;
-  SkinButton* close_;
+  QGridLayout* checkGrid_;
   KeyMap keys_;
   PadMap pad_;
 };

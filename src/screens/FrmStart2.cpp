@@ -42,9 +42,6 @@ constexpr QColor kVersionInk(0x3A, 0x24, 0x18);
 
 constexpr int kSettling = 150;  // milliseconds in which a file that is being written gets whole
 
-constexpr const char* kCollFilter = "*.zk";
-constexpr const char* kRecordFilter = "*.zkr";
-
 // What a finger is drawn like and called, by mode. The last one's words are in the language table.
 struct FingerRow {
   const char* name;
@@ -58,10 +55,6 @@ constexpr std::array kFingers = {
     FingerRow{"fingerEditor", "start.fingereditor.image", "start.fingerEditor.text"},
     FingerRow{"finger4", "start.finger4.image", ""},
 };
-
-QString FilterOf(const QString& words, const char* pattern) {
-  return words + " (" + pattern + ')';
-}
 
 ListLook LookOf(const Skin& skin, const std::string& key) {
   ListLook look;
@@ -342,14 +335,13 @@ void FrmStart2::AskForRecord() {
   const bool tested = std::filesystem::is_directory(paths_.TestRecordsPath, error);
   const QString others = PathText(tested ? paths_.TestRecordsPath : paths_.RecordsPath);
   AnotherRepl(AskForFile(skin_, this, skin_.Text(TextId::RecordFromFile), known ? own : others,
-                         {FilterOf(skin_.Text(TextId::RecordKind), kRecordFilter)}));
+                         {RecordFilter(skin_)}));
 }
 
 void FrmStart2::AskForAnyFile() {
   const QString path =
       AskForFile(skin_, this, skin_.Text(TextId::CollectionFromFile), PathText(paths_.CavesPath),
-                 {FilterOf(skin_.Text(TextId::CollectionFromFile), kCollFilter),
-                  FilterOf(skin_.Text(TextId::RecordKind), kRecordFilter)});
+                 {skin_.Text(TextId::CollectionFromFile) + " (*.zk)", RecordFilter(skin_)});
   if (!path.isEmpty()) OpenByKind(path);
 }
 

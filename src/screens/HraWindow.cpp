@@ -178,7 +178,7 @@ void HraWindow::AfterTick(TickEnd end) {
 void HraWindow::PresentView() {
   if (hra_.CaveWidth == 0) return;
   const QRegion& changed = painter_.Look(hra_, ram_->PixelSize(), motion_.Way());
-  ram_->SetOverlay(painter_.Lay(ghost_.Beside(hra_, settings_.Ghost, painter_)));
+  ram_->SetOverlay(painter_.Lay(ghost_.Beside(hra_, painter_, motion_.Way())));
   ram_->ShowChanges(painter_, changed);
   if (std::exchange(flash_, false) && !settings_.LessFlashing) pctBlesk_->ShowOnce();
 }
@@ -186,7 +186,8 @@ void HraWindow::PresentView() {
 // With smooth motion a tick's picture is complete when the next tick begins.
 void HraWindow::PresentTick(TickEnd end) {
   painter_.TickEnds(hra_);
-  if (end == TickEnd::Running && painter_.Moves(hra_)) motion_.Begin(Interval(), screen()->refreshRate());
+  const bool moves = ghost_.Moves(hra_, painter_) || painter_.Moves(hra_);
+  if (end == TickEnd::Running && moves) motion_.Begin(Interval(), screen()->refreshRate());
   if (!motion_.Runs()) PresentView();
 }
 

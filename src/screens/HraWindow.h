@@ -157,7 +157,7 @@ class HraWindow : public QWidget, private Stage {
   Settings& settings_;
   Sounds sounds_;
   CavePainter painter_;
-  GhostView ghost_;
+  GhostView ghost_{settings_};
   Hra hra_;
 
   Keyboard keyboard_;

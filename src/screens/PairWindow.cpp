@@ -1,20 +1,21 @@
 #include "screens/PairWindow.h"
 
 #include <QGridLayout>
-#include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QPushButton>
-#include <QStyle>
-#include <QVBoxLayout>
+#include <QScreen>
 #include <algorithm>
 #include <utility>
 
 #include "data/Result.h"
-#include "screens/PairLine.h"
+#include "screens/BarButton.h"
+#include "screens/Hint.h"
 #include "screens/PlainText.h"
 #include "screens/RunView.h"
+#include "screens/SeekLine.h"
 #include "screens/StartWords.h"
+#include "screens/TimeWords.h"
+#include "screens/TransportPictures.h"
 #include "skin/GameFont.h"
 #include "skin/Skin.h"
 #include "skin/ToQString.h"
@@ -22,21 +23,38 @@
 namespace zorik {
 namespace {
 
-constexpr int kLetters = 16;
-constexpr QSize kFirstSize(1100, 560);
-constexpr QSize kLeastView(200, 120);
+constexpr int kLetters = 15;
+constexpr int kMargin = 10;
+constexpr int kGap = 6;
+constexpr int kButton = 28;
+constexpr int kPlate = 10;  // at both sides of a button's words
+constexpr int kFrame = 40;  // that the desktop lays around a window, at most
+constexpr int kMostLine = 84;
 constexpr int kJump = 5 * kTicksPerSecond;
+constexpr QChar kHardBlank(0xA0);
+const QString kBetween("    ");
+constexpr QSize kFirstSize(1100, 620);
+constexpr QSize kLeastView(160, 80);
+
+// The colours of the two runs, and of what parts them.
+constexpr std::array<QColor, 2> kColours{QColor(0xF2, 0xB8, 0x3C), QColor(0x5C, 0xB8, 0xF2)};
+constexpr QRgb kDifference = 0xFFE84A4A;
 
 void Tint(QLabel* label, std::size_t run) {
   QPalette colours = label->palette();
-  colours.setColor(QPalette::WindowText, kPairColours[run]);
+  colours.setColor(QPalette::WindowText, kColours[run]);
   label->setPalette(colours);
 }
 
 }  // namespace
 
 PairWindow::PairWindow(Skin& skin, int interval, QWidget* parent)
-    : QDialog(parent), skin_(skin), line_(new PairLine(this)), moment_(NewLabel(this)) {
+    : QDialog(parent),
+      skin_(skin),
+      line_(new SeekLine(this)),
+      moment_(NewLabel(this)),
+      same_(NewLabel(this)) {
+  setObjectName("pair");
   SetTitle(*this, kPairWords.In(skin_));
   setFont(GameFont(kLetters));
   QPalette dark = palette();
@@ -45,18 +63,33 @@ PairWindow::PairWindow(Skin& skin, int interval, QWidget* parent)
   setPalette(dark);
   timer_.setInterval(interval);
   connect(&timer_, &QTimer::timeout, this, &PairWindow::PlayOn);
-  connect(line_, &PairLine::Sought, this, &PairWindow::Seek);
+  connect(line_, &SeekLine::Sought, this, &PairWindow::Seek);
   LayOut();
-  resize(kFirstSize);
+  const QSize room = screen()->availableSize() - QSize(kFrame, kFrame);
+  resize(kFirstSize.boundedTo(room));
 }
 
 void PairWindow::LayOut() {
   auto* const rows = new QVBoxLayout(this);
+  rows->setContentsMargins(kMargin, kGap, kMargin, kGap);
+  rows->setSpacing(kGap);
+  rows->addLayout(NewViews(), 4);
+  line_->setMinimumHeight(SeekLine::kHeightWithCurves);
+  line_->setMaximumHeight(kMostLine);
+  SetHint(*line_, kSeekWords.In(skin_));
+  rows->addWidget(line_, 1);
+  rows->addLayout(NewButtons());
+}
+
+// What a run has come to may take two lines in a narrow window.
+QLayout* PairWindow::NewViews() {
   auto* const pair = new QGridLayout;
+  pair->setSpacing(kGap);
   for (std::size_t run = 0; run < views_.size(); ++run) {
     const int column = static_cast<int>(run);
     names_[run] = NewLabel(this);
     totals_[run] = NewLabel(this);
+    totals_[run]->setWordWrap(true);
     views_[run] = new RunView(skin_.Places(), this);
     views_[run]->setMinimumSize(kLeastView);
     Tint(names_[run], run);
@@ -67,27 +100,42 @@ void PairWindow::LayOut() {
     pair->setColumnStretch(column, 1);
   }
   pair->setRowStretch(1, 1);
-  rows->addLayout(pair, 1);
-  rows->addWidget(line_);
+  return pair;
+}
+
+QLayout* PairWindow::NewButtons() {
   auto* const buttons = new QHBoxLayout;
-  buttons->addWidget(NewButton("start", QStyle::SP_MediaSkipBackward, &PairWindow::ToStart));
-  buttons->addWidget(NewButton("back", QStyle::SP_MediaSeekBackward, &PairWindow::StepBack));
-  buttons->addWidget(play_ = NewButton("play", QStyle::SP_MediaPlay, &PairWindow::TogglePlay));
-  buttons->addWidget(NewButton("forward", QStyle::SP_MediaSeekForward, &PairWindow::StepOn));
-  buttons->addWidget(NewButton("end", QStyle::SP_MediaSkipForward, &PairWindow::ToEnd));
+  buttons->setSpacing(kGap);
+  buttons->addWidget(NewButton("start", Transport::Start, kToStartWords, &PairWindow::ToStart));
+  buttons->addWidget(NewButton("back", Transport::Back, kStepBackWords, &PairWindow::StepBack));
+  play_ = NewButton("play", Transport::Play, kPlayOrStopWords, &PairWindow::TogglePlay);
+  buttons->addWidget(play_);
+  buttons->addWidget(NewButton("forward", Transport::Forward, kStepForwardWords, &PairWindow::StepOn));
+  buttons->addWidget(NewButton("end", Transport::End, kToEndWords, &PairWindow::ToEnd));
+  buttons->addSpacing(kGap);
   buttons->addWidget(moment_, 1);
-  buttons->addWidget(toDifference_ = NewButton("difference", -1, &PairWindow::ToDifference));
-  rows->addLayout(buttons);
+  toDifference_ = NewButton("difference", &PairWindow::ToDifference);
+  toDifference_->SetCaption(OneLine(kDifferenceWords.In(skin_), kMostInCaption));
+  toDifference_->setFixedSize(toDifference_->CaptionWidth(kButton) + 2 * kPlate, kButton);
+  buttons->addWidget(toDifference_);
+  same_->setText(OneLine(kSameWords.In(skin_), kMostInCaption));
+  buttons->addWidget(same_);
+  return buttons;
 }
 
 // The keys are the window's own.
-QPushButton* PairWindow::NewButton(const char* name, int icon, Act act) {
-  auto* const button = new QPushButton(this);
+BarButton* PairWindow::NewButton(const char* name, Act act) {
+  auto* const button = new BarButton(this);
   button->setObjectName(name);
-  button->setFocusPolicy(Qt::NoFocus);
-  button->setAutoDefault(false);
-  if (icon >= 0) button->setIcon(style()->standardIcon(static_cast<QStyle::StandardPixmap>(icon)));
-  connect(button, &QPushButton::clicked, this, act);
+  button->setFixedSize(kButton, kButton);
+  connect(button, &BarButton::Clicked, this, act);
+  return button;
+}
+
+BarButton* PairWindow::NewButton(const char* name, Transport picture, const StartWords& hint, Act act) {
+  BarButton* const button = NewButton(name, act);
+  button->SetPicture(TransportPicture(picture));
+  SetHint(*button, hint.In(skin_));
   return button;
 }
 
@@ -96,39 +144,39 @@ Result<Done> PairWindow::Open(const std::string& recordA, const std::string& rec
   if (!found) return Failure{found.Message()};
   length_ = found->Length();
   difference_ = found->firstDifference;
-  line_->SetRuns(length_, difference_, {found->totalsOfA.gemTicks, found->totalsOfB.gemTicks});
+  std::vector<SeekLine::Mark> marks;
+  if (difference_) marks.push_back({*difference_, kDifference});
+  line_->SetRun(length_, std::move(marks),
+                {{kColours[0], found->totalsOfA.gemTicks}, {kColours[1], found->totalsOfB.gemTicks}});
   SetTotals(0, found->totalsOfA);
   SetTotals(1, found->totalsOfB);
   views_[0]->SetRun(std::move(found->a));
   views_[1]->SetRun(std::move(found->b));
   for (std::size_t run = 0; run < views_.size(); ++run)
     names_[run]->setText(OneLine(ToQString(views_[run]->Run().RecordPlayer)));
-  toDifference_->setEnabled(difference_.has_value());
-  toDifference_->setText(InMenu((difference_ ? kDifferenceWords : kSameWords).In(skin_)));
+  toDifference_->setVisible(difference_.has_value());
+  same_->setVisible(!difference_);
   ShowTick(0);
   return Done{};
 }
 
-QString PairWindow::Time(int ticks) const {
-  const int seconds = ticks / kTicksPerSecond;
-  return QString("%1:%2.%3")
-      .arg(seconds / 60)
-      .arg(seconds % 60, 2, 10, QChar('0'))
-      .arg(ticks % kTicksPerSecond);
-}
-
 void PairWindow::SetTotals(std::size_t run, const RunTotals& totals) {
+  const auto part = [this](const StartWords& words, const QString& value) {
+    return words.Before(skin_).replace(' ', kHardBlank) + kHardBlank + value;
+  };
   const QString score = totals.won ? QString::number(totals.score) : QString(QChar(0x2013));
-  totals_[run]->setText(kPairTimeWords.Before(skin_) + ' ' + Time(totals.ticks) + "    " +
-                        kPairGemsWords.Before(skin_) + ' ' + QString::number(totals.gems) + "    " +
-                        kPairScoreWords.Before(skin_) + ' ' + score);
+  totals_[run]->setText(
+      OneLine(QStringList{part(kPairTimeWords, TimeWords(totals.ticks, skin_)),
+                          part(kPairTicksWords, QString::number(totals.ticks)),
+                          part(kPairGemsWords, QString::number(totals.gems)), part(kPairScoreWords, score)}
+                  .join(kBetween)));
 }
 
 void PairWindow::ShowTick(int tick) {
   tick_ = std::clamp(tick, 0, length_);
   for (RunView* const view : views_) view->ShowTick(tick_);
   line_->ShowTick(tick_);
-  moment_->setText(Time(tick_) + QString(" (%1)").arg(tick_));
+  moment_->setText(TimeWords(tick_, skin_) + QString(" (%1)").arg(tick_));
 }
 
 void PairWindow::SeekOn() {
@@ -159,7 +207,7 @@ void PairWindow::Play(bool plays) {
   } else {
     timer_.stop();
   }
-  play_->setIcon(style()->standardIcon(plays ? QStyle::SP_MediaPause : QStyle::SP_MediaPlay));
+  play_->SetPicture(TransportPicture(plays ? Transport::Stop : Transport::Play));
 }
 
 void PairWindow::PlayOn() {

@@ -9,16 +9,17 @@
 #include "data/ResultFwd.h"
 #include "run/Comparison.h"
 
-class QHBoxLayout;
 class QLabel;
-class QPushButton;
-class QStyle;
+class QLayout;
 
 namespace zorik {
 
-class PairLine;
+class BarButton;
 class RunView;
+class SeekLine;
 class Skin;
+enum class Transport;
+struct StartWords;
 
 // Two records of one cave, side by side on one timeline: both caves at the same tick, the first tick in which
 // the runs differ, and below what each has come to.
@@ -47,9 +48,11 @@ class PairWindow : public QDialog {
   static Act ActOf(int key);
 
   void LayOut();
-  QPushButton* NewButton(const char* name, int icon, Act act);
+  QLayout* NewViews();
+  QLayout* NewButtons();
+  BarButton* NewButton(const char* name, Act act);
+  BarButton* NewButton(const char* name, Transport picture, const StartWords& hint, Act act);
   void SetTotals(std::size_t run, const RunTotals& totals);
-  QString Time(int ticks) const;
 
   void TogglePlay();
   void StepOn() { Seek(tick_ + 1); }
@@ -72,10 +75,11 @@ class PairWindow : public QDialog {
   std::array<QLabel*, 2> names_{};
   std::array<RunView*, 2> views_{};
   std::array<QLabel*, 2> totals_{};
-  PairLine* line_;
+  SeekLine* line_;
   QLabel* moment_;
-  QPushButton* play_;
-  QPushButton* toDifference_;
+  QLabel* same_;
+  BarButton* play_ = nullptr;
+  BarButton* toDifference_ = nullptr;
 };
 
 }  // namespace zorik

@@ -81,6 +81,15 @@ inline constexpr StartWords kSameWords{"caption.pair.same"};
 inline constexpr StartWords kPairTimeWords{"caption.pair.time"};
 inline constexpr StartWords kPairGemsWords{"caption.pair.gems"};
 inline constexpr StartWords kPairScoreWords{"caption.pair.score"};
+inline constexpr StartWords kPairTicksWords{"caption.pair.ticks"};
+inline constexpr StartWords kToStartWords{"caption.pair.start"};
+inline constexpr StartWords kToEndWords{"caption.pair.end"};
+inline constexpr StartWords kOpenPairWords{"caption.pair.open"};
+inline constexpr StartWords kRivalRecordWords{"caption.pair.rival"};
+inline constexpr StartWords kRecordFileWords{"caption.pair.file"};
+inline constexpr StartWords kNoRivalWords{"caption.pair.norival"};
+inline constexpr StartWords kNoOwnRecordWords{"caption.pair.noown"};
+inline constexpr StartWords kNoPairWords{"caption.pair.cannot"};
 
 // Of the bar of a record that plays.
 inline constexpr StartWords kPlayOrStopWords{"caption.theatre.play"};

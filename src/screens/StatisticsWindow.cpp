@@ -9,11 +9,11 @@
 #include <algorithm>
 #include <vector>
 
-#include "core/Hra.h"
 #include "screens/PlainText.h"
 #include "screens/SkinButton.h"
 #include "screens/Sparkline.h"
 #include "screens/StartWords.h"
+#include "screens/TimeWords.h"
 #include "screens/Tones.h"
 #include "skin/GameFont.h"
 #include "skin/Skin.h"
@@ -147,7 +147,7 @@ void StatisticsWindow::ShowSums() {
     return OneLine(words.In(skin_)) + ": " +
            QLocale(LanguageOf(skin_)).toString(static_cast<qlonglong>(value));
   };
-  const QString time = OneLine(kTimePlayedWords.In(skin_)) + ": " + Time(statistics_.Ticks());
+  const QString time = OneLine(kTimePlayedWords.In(skin_)) + ": " + TimeWords(statistics_.Ticks(), skin_);
   lblSums_->setText(number(kCavesWonWords, statistics_.Caves()) + "   " + time + " (" +
                     number(kTicksWords, statistics_.Ticks()) + ")\n" +
                     number(kGemsTakenWords, statistics_.Gems()) + "   " +
@@ -186,26 +186,16 @@ void StatisticsWindow::Add(const CollectionStatistics& collection) {
   head->setText(kName, OneLine(ToQString(collection.Name)) + QString(" (%1)").arg(collection.Caves.size()));
   std::int64_t ticks = 0;
   for (const WonCave& cave : collection.Caves) ticks += cave.BestTicks;
-  head->setText(kBest, Time(ticks));
+  head->setText(kBest, TimeWords(ticks, skin_));
   head->setText(kPoints, QString::number(collection.Points));
   AlignNumbers(*head);
   const QImage line = Sparkline(PointsOf(collection), kBars, bars_, dots_, devicePixelRatioF());
   head->setData(kLine, Qt::DecorationRole, QPixmap::fromImage(line));
   for (const WonCave& cave : collection.Caves) {
-    auto* const row = new QTreeWidgetItem(
-        head, {CaveWords(cave), QString(), Time(cave.BestTicks), QString::number(cave.BestScore)});
+    auto* const row = new QTreeWidgetItem(head, {CaveWords(cave), QString(), TimeWords(cave.BestTicks, skin_),
+                                                 QString::number(cave.BestScore)});
     AlignNumbers(*row);
   }
-}
-
-// Minutes and seconds, in front of them hours if there are some, and tenths.
-QString StatisticsWindow::Time(std::int64_t ticks) const {
-  const std::int64_t seconds = ticks / kTicksPerSecond, minutes = seconds / 60, hours = minutes / 60;
-  const QString point = QLocale(LanguageOf(skin_)).decimalPoint();
-  const auto two = [](std::int64_t value) { return QString("%1").arg(value, 2, 10, QChar('0')); };
-  const QString start =
-      hours > 0 ? QString::number(hours) + ':' + two(minutes % 60) : QString::number(minutes);
-  return start + ':' + two(seconds % 60) + point + QString::number(ticks % kTicksPerSecond);
 }
 
 }  // namespace zorik

@@ -39,7 +39,6 @@ class StatisticsWindow : public SkinDialog {
   void ShowCollections();
   void Add(const CollectionStatistics& collection);
   QString Remarks() const;
-  QString Time(std::int64_t ticks) const;
 
   Skin& skin_;
   PlayerStatistics statistics_;

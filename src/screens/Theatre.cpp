@@ -10,6 +10,7 @@
 
 #include "core/Speed.h"
 #include "screens/HraWindow.h"
+#include "screens/SeekLine.h"
 #include "screens/StartWords.h"
 #include "screens/TheatreBar.h"
 #include "skin/Skin.h"
@@ -38,13 +39,13 @@ Theatre::Theatre(HraWindow& window, const Skin& skin, const Settings& settings)
   leave_.setSingleShot(true);
   leave_.setInterval(kBarStays);
   leave_.callOnTimeout([this] { MaybeHideBar(); });
-  connect(bar_, &TheatreBar::Sought, this, &Theatre::SeekTo);
+  connect(&bar_->Line(), &SeekLine::Sought, this, &Theatre::SeekTo);
   connect(bar_, &TheatreBar::Stepped, this, &Theatre::Step);
   connect(bar_, &TheatreBar::PlayClicked, this, &Theatre::TogglePlay);
   connect(bar_, &TheatreBar::SpeedClicked, this, &Theatre::ChangeSpeed);
   connect(bar_, &TheatreBar::AgainClicked, this, &Theatre::PlayAgain);
   connect(bar_, &TheatreBar::TakeOverClicked, this, &Theatre::TakeOver);
-  connect(bar_, &TheatreBar::Dropped, this, [this] { Stand(stands_); });
+  connect(&bar_->Line(), &SeekLine::Dropped, this, [this] { Stand(stands_); });
   Watch(window);
   for (QWidget* const widget : window.findChildren<QWidget*>()) Watch(*widget);
 }
@@ -74,7 +75,7 @@ void Theatre::Stops() {
 // While the knob is dragged the run waits for where it is dropped.
 TickEnd Theatre::Pass(const KeySnapshot& keys) {
   if (std::exchange(fresh_, false)) leave_.start();
-  if (stands_ || bar_->Dragging()) {
+  if (stands_ || bar_->Line().Dragging()) {
     const TickEnd end = StandStill(keys);
     if (end == TickEnd::Restarted) Stand(false);
     return end;
@@ -166,7 +167,7 @@ void Theatre::Stand(bool stands) {
   window_.PaceChanged();
   if (stands) {
     Hush();
-  } else if (!bar_->Dragging()) {
+  } else if (!bar_->Line().Dragging()) {
     SoundAgain();
   }
   bar_->OfferAgain(Position() == timeline_->Length());
@@ -271,7 +272,7 @@ void Theatre::ShowPosition() {
 
 // It stays as long as it is made use of, and while the run stands still.
 void Theatre::MaybeHideBar() {
-  if (fresh_ || stands_ || bar_->Dragging() || bar_->underMouse()) return leave_.start();
+  if (fresh_ || stands_ || bar_->Line().Dragging() || bar_->underMouse()) return leave_.start();
   bar_->hide();
 }
 

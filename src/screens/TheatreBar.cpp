@@ -1,13 +1,14 @@
 #include "screens/TheatreBar.h"
 
-#include <QMouseEvent>
 #include <QPainter>
 #include <algorithm>
+#include <array>
 #include <utility>
 
 #include "core/Hra.h"
 #include "screens/BarButton.h"
 #include "screens/Hint.h"
+#include "screens/SeekLine.h"
 #include "screens/StartWords.h"
 #include "screens/TransportPictures.h"
 #include "skin/GameFont.h"
@@ -20,8 +21,7 @@ constexpr int kHeight = 66;
 constexpr int kWidest = 760;
 constexpr int kNeeded = 620;  // below this all is smaller
 constexpr int kMargin = 10;
-constexpr int kLineTop = 8;
-constexpr int kLineHeight = 20;
+constexpr int kLineTop = 4;
 constexpr int kRowTop = 32;
 constexpr int kButton = 28;
 constexpr int kGap = 5;
@@ -34,8 +34,6 @@ constexpr int kBelow = 4;  // between the bar and the edge
 constexpr QColor kGround(0x20, 0x18, 0x2A, 240);
 constexpr QColor kRim(0xC9, 0xA2, 0x5C);
 constexpr QColor kPlain(0xF4, 0xEA, 0xD4);
-constexpr QColor kRail(0x4A, 0x40, 0x58);
-constexpr QColor kPast(0xB8, 0x9A, 0xE0);
 
 // What happens often is low, so that what is rare stands out of it.
 struct MarkLook {
@@ -58,6 +56,7 @@ QString Clock(int ticks) {
 
 TheatreBar::TheatreBar(QWidget* parent)
     : QWidget(parent),
+      line_(new SeekLine(this)),
       back_(NewButton("back")),
       play_(NewButton("play")),
       forward_(NewButton("forward")),
@@ -67,7 +66,6 @@ TheatreBar::TheatreBar(QWidget* parent)
       takeOver_(NewButton("takeover")) {
   setObjectName("theatre");
   setFocusPolicy(Qt::NoFocus);
-  setMouseTracking(true);
   play_->SetPicture(TransportPicture(Transport::Stop));
   back_->SetPicture(TransportPicture(Transport::Back));
   forward_->SetPicture(TransportPicture(Transport::Forward));
@@ -97,24 +95,27 @@ void TheatreBar::SetWords(const Skin& skin) {
   SetHint(*faster_, kFasterWords.In(skin));
   SetHint(*play_, kPlayOrStopWords.In(skin));
   SetHint(*takeOver_, kTakeOverHint.In(skin));
-  SetHint(*this, kSeekWords.In(skin));
+  SetHint(*line_, kSeekWords.In(skin));
   again_->SetCaption(kPlayAgainWords.In(skin));
   takeOver_->SetCaption(kTakeOverWords.In(skin));
   Arrange();
 }
 
-void TheatreBar::SetRun(int length, std::vector<RunEvent> events) {
-  length_ = length;
-  events_ = std::move(events);
-  dragging_ = false;
-  update();
+void TheatreBar::SetRun(int length, const std::vector<RunEvent>& events) {
+  std::vector<SeekLine::Mark> marks;
+  for (const MarkLook& look : kMarks) {
+    for (const RunEvent& event : events) {
+      if (event.kind == look.kind) marks.push_back({event.tick, look.colour, look.height});
+    }
+  }
+  line_->SetRun(length, std::move(marks));
 }
 
 void TheatreBar::ShowMoment(int tick, bool stands) {
-  tick_ = std::clamp(tick, 0, length_);
+  line_->ShowTick(tick);
   if (std::exchange(stands_, stands) != stands)
     play_->SetPicture(TransportPicture(stands ? Transport::Play : Transport::Stop));
-  update();
+  update(moment_);
 }
 
 void TheatreBar::SetSpeed(const QString& speed) {
@@ -129,8 +130,8 @@ void TheatreBar::OfferAgain(bool offered) {
 }
 
 QString TheatreBar::MomentText() const {
-  return Clock(tick_) + " / " + Clock(length_) + "   " + QString::number(tick_) + " / " +
-         QString::number(length_);
+  return Clock(line_->Tick()) + " / " + Clock(line_->Length()) + "   " + QString::number(line_->Tick()) +
+         " / " + QString::number(line_->Length());
 }
 
 // Places
@@ -147,24 +148,6 @@ int TheatreBar::Scaled(int units) const {
   return static_cast<int>(units * scale_);
 }
 
-QRect TheatreBar::Line() const {
-  return {Scaled(kMargin), Scaled(kLineTop), width() - 2 * Scaled(kMargin), Scaled(kLineHeight)};
-}
-
-int TheatreBar::PlaceOf(int tick) const {
-  const QRect line = Line();
-  if (length_ == 0) return line.left();
-  return line.left() + static_cast<int>(static_cast<std::int64_t>(line.width() - 1) *
-                                        std::clamp(tick, 0, length_) / length_);
-}
-
-int TheatreBar::TickAt(int x) const {
-  const QRect line = Line();
-  const int along = std::clamp(x - line.left(), 0, line.width() - 1);
-  const auto ticks = static_cast<std::int64_t>(length_) * along;
-  return static_cast<int>((ticks + (line.width() - 1) / 2) / std::max(1, line.width() - 1));
-}
-
 // A plate with words ends there.
 void TheatreBar::PlaceWide(BarButton& button, int right) {
   const int height = Scaled(kButton);
@@ -173,6 +156,8 @@ void TheatreBar::PlaceWide(BarButton& button, int right) {
 }
 
 void TheatreBar::Arrange() {
+  line_->SetScale(scale_);
+  line_->setGeometry(0, Scaled(kLineTop), width(), Scaled(SeekLine::kHeight));
   int left = Scaled(kMargin);
   const auto next = [&](int width) {
     const QRect place(left, Scaled(kRowTop), Scaled(width), Scaled(kButton));
@@ -191,22 +176,6 @@ void TheatreBar::Arrange() {
   update();
 }
 
-// The mouse
-
-void TheatreBar::mousePressEvent(QMouseEvent* event) {
-  if (event->button() != Qt::LeftButton || event->position().y() >= Scaled(kRowTop)) return;
-  dragging_ = true;
-  emit Sought(TickAt(static_cast<int>(event->position().x())));
-}
-
-void TheatreBar::mouseMoveEvent(QMouseEvent* event) {
-  if (dragging_) emit Sought(TickAt(static_cast<int>(event->position().x())));
-}
-
-void TheatreBar::mouseReleaseEvent(QMouseEvent* event) {
-  if (event->button() == Qt::LeftButton && std::exchange(dragging_, false)) emit Dropped();
-}
-
 // The picture
 
 void TheatreBar::paintEvent(QPaintEvent* /*event*/) {
@@ -215,31 +184,7 @@ void TheatreBar::paintEvent(QPaintEvent* /*event*/) {
   painter.setPen(QPen(kRim, 2));
   painter.setBrush(kGround);
   painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), 10, 10);
-  DrawLine(painter);
   DrawWords(painter);
-}
-
-void TheatreBar::DrawLine(QPainter& painter) const {
-  const QRect line = Line();
-  const int middle = line.center().y();
-  const int rail = std::max(2, Scaled(4));
-  painter.setPen(Qt::NoPen);
-  painter.fillRect(QRect(line.left(), middle - rail / 2, line.width(), rail), kRail);
-  const int now = PlaceOf(tick_);
-  painter.fillRect(QRect(line.left(), middle - rail / 2, now - line.left(), rail), kPast);
-  for (const MarkLook& look : kMarks) {
-    const int height = std::max(2, Scaled(look.height));
-    int last = -1;
-    for (const RunEvent& event : events_) {
-      if (event.kind != look.kind || PlaceOf(event.tick) == last) continue;
-      last = PlaceOf(event.tick);
-      painter.fillRect(QRect(last - 1, middle - height / 2, 2, height), QColor::fromRgba(look.colour));
-    }
-  }
-  painter.setPen(QPen(QColor(0x2A, 0x1A, 0x10), 1.5));
-  painter.setBrush(kPlain);
-  const qreal knob = 8 * scale_;
-  painter.drawEllipse(QPointF(now + 0.5, middle + 0.5), knob, knob);
 }
 
 void TheatreBar::DrawWords(QPainter& painter) const {

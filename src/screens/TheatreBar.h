@@ -2,7 +2,6 @@
 
 #include <QString>
 #include <QWidget>
-#include <array>
 #include <vector>
 
 #include "run/Timeline.h"
@@ -11,6 +10,7 @@ namespace zorik {
 
 class BarButton;
 class Skin;
+class SeekLine;
 
 // The bar of a record that plays: the whole run as a line on which its events are marks and the moment that
 // is seen is a knob to be dragged; below that buttons, the clock and the tick of the moment, and the speed.
@@ -23,7 +23,7 @@ class TheatreBar : public QWidget {
   void SetWords(const Skin& skin);
 
   // A run of so many ticks.
-  void SetRun(int length, std::vector<RunEvent> events);
+  void SetRun(int length, const std::vector<RunEvent>& events);
 
   // The moment that is seen, and whether the run stands still there.
   void ShowMoment(int tick, bool stands);
@@ -37,19 +37,11 @@ class TheatreBar : public QWidget {
   // Lies at the bottom of this part of its parent.
   void PlaceIn(const QRect& frame);
 
-  bool Dragging() const { return dragging_; }
-  int Length() const { return length_; }
-  int Tick() const { return tick_; }
+  SeekLine& Line() const { return *line_; }
   QString MomentText() const;
   const QString& SpeedText() const { return speed_; }
 
-  // Where a tick lies on the line, and the line in the bar.
-  int PlaceOf(int tick) const;
-  QRect Line() const;
-
  signals:
-  void Sought(int tick);  // by a press of the mouse or while the knob is dragged
-  void Dropped();         // the knob has been let go
   void PlayClicked();
   void Stepped(int ticks);
   void SpeedClicked(int faster);  // 1 or -1
@@ -58,29 +50,21 @@ class TheatreBar : public QWidget {
 
  protected:
   void paintEvent(QPaintEvent* event) override;
-  void mousePressEvent(QMouseEvent* event) override;
-  void mouseMoveEvent(QMouseEvent* event) override;
-  void mouseReleaseEvent(QMouseEvent* event) override;
 
  private:
   BarButton* NewButton(const char* name);
   int Scaled(int units) const;
-  int TickAt(int x) const;
   void Arrange();
   void PlaceWide(BarButton& button, int right);
-  void DrawLine(QPainter& painter) const;
   void DrawWords(QPainter& painter) const;
 
-  int length_ = 0;
-  std::vector<RunEvent> events_;
-  int tick_ = 0;
   bool stands_ = false;
-  bool dragging_ = false;
   qreal scale_ = 1;  // below 1 where all would not find room otherwise
   QString speed_;
   QRect moment_;  // where the clock and the tick are written
   QRect number_;  // and the speed
 
+  SeekLine* line_;
   BarButton* back_;
   BarButton* play_;
   BarButton* forward_;

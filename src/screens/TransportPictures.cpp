@@ -32,6 +32,12 @@ std::vector<QPolygonF> ShapesOf(Transport what) {
       return {block(24, 42, 48, 12)};
     case Transport::Faster:
       return {block(24, 42, 48, 12), block(42, 24, 12, 48)};
+    case Transport::Start:
+      return {block(18, 24, 9, 48), QPolygonF({{54, 24}, {54, 72}, {28, 48}}),
+              QPolygonF({{80, 24}, {80, 72}, {54, 48}})};
+    case Transport::End:
+      return {QPolygonF({{16, 24}, {16, 72}, {42, 48}}), QPolygonF({{42, 24}, {42, 72}, {68, 48}}),
+              block(69, 24, 9, 48)};
   }
   return {};
 }

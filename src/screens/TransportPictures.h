@@ -4,8 +4,8 @@
 
 namespace zorik {
 
-// What a button of the bar below a record does.
-enum class Transport { Play, Stop, Back, Forward, Slower, Faster };
+// What a button of the bar below a record, or below two, does.
+enum class Transport { Play, Stop, Back, Forward, Slower, Faster, Start, End };
 
 // The picture of such a button, square and large enough to be made smaller on any screen.
 QImage TransportPicture(Transport what);

@@ -2,6 +2,7 @@
 
 #include <QPainter>
 #include <algorithm>
+#include <cmath>
 
 #include "skin/DrawView.h"
 
@@ -13,9 +14,9 @@ constexpr double kDot = 0.3;
 constexpr double kStroke = 0.12;
 
 // Where a cell is drawn in the picture of a view, whether it is seen or not.
-QRect BoxOf(QPoint cell, const ViewArea& view, QSize size) {
-  const auto place = [](int number, int from, int pixels) {
-    return (number * kTileSize - from) * pixels / kTileSize;
+QRect BoxOf(QPointF cell, const ViewArea& view, QSize size) {
+  const auto place = [](double number, int from, int pixels) {
+    return static_cast<int>(std::floor((number * kTileSize - from) * pixels / kTileSize));
   };
   return {QPoint(place(cell.x(), view.left, size.width()), place(cell.y(), view.top, size.height())), size};
 }

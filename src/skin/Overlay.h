@@ -20,7 +20,7 @@ namespace zorik {
 // and trails from cell to cell. Places are cells; colours may be translucent.
 struct Overlay {
   struct Sprite {
-    QPoint cell;
+    QPointF cell;         // between two of them while it is on its way
     CellPicture picture;  // of which the ground stays clear
     double opacity = 1;
   };

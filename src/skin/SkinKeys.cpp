@@ -88,6 +88,8 @@ constexpr std::array kKeys = std::to_array<SkinKey>({
     {"select.help.top", SkinKind::Place},
     {"select.ghost.left", SkinKind::Place},
     {"select.ghost.top", SkinKind::Place},
+    {"select.pair.left", SkinKind::Place},
+    {"select.pair.top", SkinKind::Place},
     {"select.caves.left", SkinKind::Place},
     {"select.caves.top", SkinKind::Place},
     {"select.caves.width", SkinKind::Size},

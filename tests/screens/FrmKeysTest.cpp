@@ -1,10 +1,13 @@
 #include <QLabel>
+#include <QScrollBar>
 #include <QTest>
 #include <algorithm>
 #include <optional>
+#include <set>
 
 #include "data/Result.h"
 #include "platform/Settings.h"
+#include "screens/FittingArea.h"
 #include "screens/FrmKeys.h"
 #include "screens/FrmSettings.h"
 #include "screens/KeyBox.h"
@@ -23,7 +26,7 @@ class FrmKeysTest : public testing::Test {
  protected:
   bool Edit(const std::function<void(QWidget&)>& act) {
     const InDialog inside(act);
-    const bool confirmed = FrmKeys(skin_.Skin(), nullptr).Edit(keys_, pad_);
+    const bool confirmed = FrmKeys(skin_.Skin(), nullptr, room_).Edit(keys_, pad_);
     EXPECT_TRUE(inside.Opened());
     return confirmed;
   }
@@ -56,6 +59,7 @@ class FrmKeysTest : public testing::Test {
   test::TestSkin skin_;
   KeyMap keys_;
   PadMap pad_;
+  QSize room_;  // for the window; none: the screen's
 };
 
 TEST_F(FrmKeysTest, ShowsTheKeysThatThereAre) {
@@ -268,6 +272,25 @@ TEST_F(FrmKeysTest, OpensFromTheSettingsWhichKeepAndStoreWhatIsConfirmedInBoth) 
     EXPECT_EQ(settings.Keys.UseOf(Qt::Key_J).has_value(), confirmed);
     EXPECT_EQ(FindSett(), settings);
   }
+}
+
+// On a small screen that is magnified.
+TEST_F(FrmKeysTest, FindsRoomAndShowsTheBoxThatHasTheFocus) {
+  room_ = {512, 290};
+  Edit([this](QWidget& window) {
+    EXPECT_LE(window.height(), room_.height());
+    EXPECT_LE(window.width(), room_.width());
+    std::set<QWidget*> seen;
+    for (auto* box = qobject_cast<KeyBox*>(window.focusWidget()); box != nullptr && seen.insert(box).second;
+         box = qobject_cast<KeyBox*>(window.focusWidget())) {
+      EXPECT_EQ(box->visibleRegion(), QRegion(box->rect())) << box->objectName().toStdString();
+      QTest::keyClick(box, Qt::Key_Tab);
+    }
+    EXPECT_EQ(seen.size(), kKeyUses + kPadUses);
+    EXPECT_FALSE(window.findChild<FittingArea*>()->horizontalScrollBar()->isVisible());
+    EXPECT_TRUE(window.rect().contains(window.findChild<SkinButton*>("ok")->geometry()));
+    QTest::keyClick(&window, Qt::Key_Escape);
+  });
 }
 
 }  // namespace

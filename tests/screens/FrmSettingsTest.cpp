@@ -2,12 +2,14 @@
 
 #include <QFileInfo>
 #include <QLabel>
+#include <QScrollBar>
 #include <QSettings>
 #include <QTest>
 #include <algorithm>
 #include <optional>
 
 #include "data/Result.h"
+#include "screens/FittingArea.h"
 #include "screens/FrmSettings.h"
 #include "screens/SkinButton.h"
 #include "screens/SkinScale.h"
@@ -33,7 +35,7 @@ class FrmSettingsTest : public testing::Test {
 
   bool Edit(const std::function<void(QWidget&)>& act) {
     const InDialog inside(act);
-    const bool confirmed = FrmSettings(skin_.Skin(), nullptr).Edit(settings_);
+    const bool confirmed = FrmSettings(skin_.Skin(), nullptr, room_).Edit(settings_);
     EXPECT_TRUE(inside.Opened());
     stayed_ = inside.Stayed();
     return confirmed;
@@ -59,6 +61,7 @@ class FrmSettingsTest : public testing::Test {
   test::TestSkin skin_;
   Settings settings_;
   bool stayed_ = false;
+  QSize room_;  // for the window; none: the screen's
 };
 
 const Settings kChanged{.Speed = 4,
@@ -331,6 +334,26 @@ TEST_F(FrmSettingsTest, IsWalkedThroughWithTheTabKey) {
       EXPECT_EQ(QApplication::focusWidget(), part);
       QTest::keyClick(window.windowHandle(), Qt::Key_Tab);
     }
+  });
+}
+
+// On a small screen that is magnified. With the Tab key each of its parts comes into sight.
+TEST_F(FrmSettingsTest, FindsRoomInOneColumn) {
+  room_ = {512, 290};
+  Edit([this](QWidget& window) {
+    EXPECT_LE(window.width(), room_.width());
+    EXPECT_LE(window.height(), room_.height());
+    EXPECT_FALSE(window.findChild<FittingArea*>()->horizontalScrollBar()->isVisible());
+    EXPECT_EQ(Check(window, 0).x(), Check(window, 5).x());
+    EXPECT_TRUE(window.rect().contains(Ok(window).geometry()));
+    Scale(window, 2).setFocus();
+    for (int i = 0; i < 8; ++i) {
+      QTest::keyClick(window.focusWidget(), Qt::Key_Tab);
+      const QWidget* const check = window.focusWidget();
+      EXPECT_NE(qobject_cast<const SkinCheck*>(check), nullptr);
+      EXPECT_EQ(check->visibleRegion(), QRegion(check->rect())) << i;
+    }
+    QTest::keyClick(&window, Qt::Key_Escape);
   });
 }
 

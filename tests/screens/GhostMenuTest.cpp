@@ -1,14 +1,11 @@
-#include <QMenu>
-#include <QSignalSpy>
-
 #include "platform/Settings.h"
 #include "screens/GhostMenu.h"
-#include "screens/PostList.h"
+#include "screens/PostMenu.h"
 
 namespace zorik {
 namespace {
 
-class GhostMenu : public test::PostList {
+class GhostMenu : public test::PostMenu {
  protected:
   GhostMenu() {
     Caves(2);
@@ -28,30 +25,13 @@ class GhostMenu : public test::PostList {
         bytes);
   }
 
-  // Opens the menu, notes what it offers, the marked one with a star, and clicks on a place, if it has that.
-  QStringList Offered(int clicked, const std::function<void()>& open) {
-    QStringList offered;
-    QTimer::singleShot(0, [&] {
-      auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-      if (menu == nullptr) return;
-      for (const QAction* const action : menu->actions())
-        offered += (action->isChecked() ? "*" : "") + action->text();
-      if (clicked < menu->actions().size()) {
-        QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(menu->actions()[clicked]).center());
-      }
-      menu->close();
-    });
-    open();
-    return offered;
-  }
+  using PostMenu::Offered;
   QStringList Offered(int clicked) {
     return Offered(clicked, [this] { Press(Qt::Key_D); });
   }
 
   Settings settings;
 };
-
-constexpr int kNone = 99;
 
 TEST_F(GhostMenu, OffersNobodyAndThePlayersOwnRecordAndMarksWhatHolds) {
   const QStringList off{"*Bez ducha", "Duch: můj nejlepší záznam"};

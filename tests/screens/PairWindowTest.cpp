@@ -1,11 +1,11 @@
 #include <QLabel>
-#include <QPushButton>
 #include <QTest>
 
+#include "screens/BarButton.h"
 #include "screens/GameScreen.h"
-#include "screens/PairLine.h"
 #include "screens/PairWindow.h"
 #include "screens/RunView.h"
+#include "screens/SeekLine.h"
 #include "support/Scene.h"
 
 namespace zorik::test {
@@ -15,8 +15,10 @@ namespace {
 class PairWindowTest : public testing::Test {
  protected:
   PairWindowTest() {
-    const auto language = ReadWhole(ZORIK_SKIN_SOURCES "/Default/Menu/cestina.txt");
-    folder_.File("Skins/Default/Menu/cestina.txt", *FromUtf8(*language));
+    for (const std::string file : {"cestina.txt", "skindata.txt"}) {
+      const auto text = ReadWhole(ZORIK_SKIN_SOURCES "/Default/Menu/" + file);
+      folder_.File("Skins/Default/Menu/" + file, *FromUtf8(*text));
+    }
     EXPECT_TRUE(skin_.Apply(SkinPlaces{folder_.Root() + "/Skins"}));
     window = std::make_unique<PairWindow>(skin_, 1);
   }
@@ -47,8 +49,19 @@ class PairWindowTest : public testing::Test {
 
   QStringList Texts() const {
     QStringList texts;
-    for (const QLabel* const label : window->findChildren<QLabel*>()) texts.push_back(label->text());
+    for (const QLabel* const label : window->findChildren<QLabel*>())
+      texts.push_back(label->text().replace(QChar(0xA0), ' '));  // numbers stay with their words
     return texts;
+  }
+
+  BarButton* Button(const char* name) const { return window->findChild<BarButton*>(name); }
+
+  // How many labels that are not hidden say this.
+  int ShownLabel(const QString& words) const {
+    int shown = 0;
+    for (const QLabel* const label : window->findChildren<QLabel*>())
+      shown += label->text() == words && !label->isHidden() ? 1 : 0;
+    return shown;
   }
 
   Folder folder_;
@@ -118,7 +131,7 @@ TEST_F(PairWindowTest, StandsStillWhereSomebodySeeks) {
 
 TEST_F(PairWindowTest, FollowsTheMouseOnItsLine) {
   OpenTwo();
-  auto* const line = window->findChild<PairLine*>();
+  auto* const line = window->findChild<SeekLine*>();
   const auto at = [&](int tick) { return QPoint(line->PlaceOf(tick), line->height() - 8); };
   QTest::mouseClick(line, Qt::LeftButton, {}, at(3));
   EXPECT_EQ(window->Tick(), 3);
@@ -130,7 +143,7 @@ TEST_F(PairWindowTest, FollowsTheMouseOnItsLine) {
 
 TEST_F(PairWindowTest, MarksTheFirstDifferenceOnItsLine) {
   OpenTwo();
-  auto* const line = window->findChild<PairLine*>();
+  auto* const line = window->findChild<SeekLine*>();
   const QImage image = line->grab().toImage();
   const auto red = [&](int tick) {
     const QColor colour = image.pixelColor(line->PlaceOf(tick), 6);
@@ -145,23 +158,59 @@ TEST_F(PairWindowTest, NamesThePlayersAndWhatTheyHaveComeTo) {
   OpenTwo();
   EXPECT_TRUE(Texts().contains("Ada"));
   EXPECT_TRUE(Texts().contains("Bob"));
-  EXPECT_TRUE(Texts().contains("Čas: 0:00.5    Drahokamy: 1    Body: 109"));
-  EXPECT_TRUE(Texts().contains("Čas: 0:00.6    Drahokamy: 1    Body: 109"));
+  EXPECT_TRUE(Texts().contains("Čas: 0:00,5    Tiky: 5    Drahokamy: 1    Body: 109"));
+  EXPECT_TRUE(Texts().contains("Čas: 0:00,6    Tiky: 6    Drahokamy: 1    Body: 109"));
 }
 
 TEST_F(PairWindowTest, GivesNoPointsToARunThatDoesNotWin) {
   ASSERT_TRUE(window->Open(RecordOfKeys("RR", "Ada"), RecordOfKeys("RR.", "Bob")));
-  EXPECT_TRUE(Texts().contains("Čas: 0:00.2    Drahokamy: 1    Body: \u2013"));
+  EXPECT_TRUE(Texts().contains("Čas: 0:00,2    Tiky: 2    Drahokamy: 1    Body: \u2013"));
 }
 
 TEST_F(PairWindowTest, SaysThatTwoRecordsAreTheSame) {
   const std::string record = RecordOfKeys("RRRRR", "Ada");
   ASSERT_TRUE(window->Open(record, record));
-  const auto* const button = window->findChild<QPushButton*>("difference");
-  EXPECT_FALSE(button->isEnabled());
-  EXPECT_EQ(button->text(), "Oba záznamy jsou stejné");
+  EXPECT_TRUE(Button("difference")->isHidden());
+  EXPECT_EQ(ShownLabel("Oba záznamy jsou stejné"), 1);
+  window->ShowTick(2);
   Press(Qt::Key_D);
-  EXPECT_EQ(window->Tick(), 0);
+  EXPECT_EQ(window->Tick(), 2);
+  OpenTwo();
+  EXPECT_FALSE(Button("difference")->isHidden());
+  EXPECT_EQ(ShownLabel("Oba záznamy jsou stejné"), 0);
+}
+
+TEST_F(PairWindowTest, GoesWhereItsButtonsLead) {
+  OpenTwo();
+  const std::vector<std::pair<const char*, int>> ways{
+      {"end", 6}, {"back", 5}, {"start", 0}, {"forward", 1}, {"difference", 3}};
+  for (const auto& [name, tick] : ways) {
+    QTest::mouseClick(Button(name), Qt::LeftButton);
+    EXPECT_EQ(window->Tick(), tick) << name;
+  }
+  QTest::mouseClick(Button("play"), Qt::LeftButton);
+  EXPECT_TRUE(window->Plays());
+  QTest::mouseClick(Button("play"), Qt::LeftButton);
+  EXPECT_FALSE(window->Plays());
+}
+
+// The mark of the difference, the gems of both runs and the knob, from the top of the line to its bottom.
+TEST_F(PairWindowTest, DrawsTheGemsOfBothRunsAsCurvesInTheirColours) {
+  ASSERT_TRUE(window->Open(RecordOfKeys("RRRRR", "Ada"), RecordOfKeys("..RRRRR", "Bob")));
+  window->show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(window.get()));
+  auto* const line = window->findChild<SeekLine*>();
+  const QImage image = line->grab().toImage();
+  const auto curves = [&](int x) {
+    std::set<QRgb> seen;
+    for (int y = 0; y < line->Rail().top() - 4; ++y) seen.insert(image.pixel(x, y));
+    return std::pair(seen.contains(qRgb(0xF2, 0xB8, 0x3C)), seen.contains(qRgb(0x5C, 0xB8, 0xF2)));
+  };
+  const auto between = [&](int tick) { return (line->PlaceOf(tick) + line->PlaceOf(tick + 1)) / 2; };
+  EXPECT_EQ(curves(between(1)), std::pair(false, false)) << "nobody has a gem";
+  EXPECT_EQ(curves(between(2)), std::pair(true, false)) << "Ada has taken hers";
+  EXPECT_EQ(curves(between(3)), std::pair(true, false));
+  EXPECT_EQ(line->Length(), 7);
 }
 
 TEST_F(PairWindowTest, StaysAsItIsWhereRecordsDoNotGoTogether) {

@@ -143,8 +143,8 @@ SkinKeys KeysOfSelection() {
          KeysOfButton("select.play", "play") + KeysOfButton("select.congratulation", "congratulation") +
          KeysOfButton("select.send", "send") + KeysOfButton("select.practice", "practice") +
          KeysOfButton("select.vscroll", "vscroll") + KeysOfButton("select.close", "close") +
-         KeysOfButton("select.help", "help") + KeysOfButton("select.ghost", "ghost") + KeysOfRest() +
-         KeysOfRecord() + KeysOfCaves();
+         KeysOfButton("select.help", "help") + KeysOfButton("select.ghost", "ghost") +
+         KeysOfButton("select.pair", "pair") + KeysOfRest() + KeysOfRecord() + KeysOfCaves();
 }
 
 SkinKeys KeysOfPlainAuthor() {

@@ -3,6 +3,7 @@
 #include "data/Result.h"
 #include "screens/HraScreen.h"
 #include "screens/RunControls.h"
+#include "screens/SeekLine.h"
 #include "screens/TheatreBar.h"
 
 namespace zorik::test {

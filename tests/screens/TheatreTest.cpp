@@ -36,11 +36,12 @@ class TheatreTest : public test::TheatreScreen {
   }
 
   void Drag(int tick) {
-    auto* const bar = const_cast<TheatreBar*>(&Bar());
-    const QPoint place(Bar().PlaceOf(tick), Bar().Line().center().y());
-    QTest::mousePress(bar, Qt::LeftButton, {}, place);
-    QTest::mouseRelease(bar, Qt::LeftButton, {}, place);
+    QTest::mousePress(&Bar().Line(), Qt::LeftButton, {}, PlaceOf(tick));
+    QTest::mouseRelease(&Bar().Line(), Qt::LeftButton, {}, PlaceOf(tick));
   }
+
+  // Where a tick lies on the bar's line.
+  QPoint PlaceOf(int tick) const { return {Bar().Line().PlaceOf(tick), Bar().Line().Rail().center().y()}; }
 
   int PlayInterval() const { return window->Paced(TimerInterval(settings.Speed)); }
 
@@ -187,22 +188,19 @@ TEST_F(TheatreTest, SeeksWhereTheLineIsPressedOrDragged) {
   EXPECT_EQ(Tick(), 0);
   Drag(220);
   EXPECT_EQ(Tick(), 220);
-  auto* const bar = const_cast<TheatreBar*>(&Bar());
-  QTest::mousePress(bar, Qt::LeftButton, {}, QPoint(Bar().PlaceOf(50), Bar().Line().center().y()));
-  QTest::mouseMove(bar, QPoint(Bar().PlaceOf(20), Bar().Line().center().y()));
+  QTest::mousePress(&Bar().Line(), Qt::LeftButton, {}, PlaceOf(50));
+  QTest::mouseMove(&Bar().Line(), PlaceOf(20));
   EXPECT_EQ(Tick(), 20);
-  QTest::mouseRelease(bar, Qt::LeftButton, {}, QPoint(Bar().PlaceOf(20), Bar().Line().center().y()));
+  QTest::mouseRelease(&Bar().Line(), Qt::LeftButton, {}, PlaceOf(20));
   EXPECT_EQ(Tick(), 20);
 }
 
 TEST_F(TheatreTest, WaitsWhileTheKnobIsHeldAndGoesOnWhereItIsDropped) {
   PlayRecord(LongRecord());
-  auto* const bar = const_cast<TheatreBar*>(&Bar());
-  const QPoint place(Bar().PlaceOf(100), Bar().Line().center().y());
-  QTest::mousePress(bar, Qt::LeftButton, {}, place);
+  QTest::mousePress(&Bar().Line(), Qt::LeftButton, {}, PlaceOf(100));
   QTest::qWait(200);
   EXPECT_EQ(Tick(), 100);
-  QTest::mouseRelease(bar, Qt::LeftButton, {}, place);
+  QTest::mouseRelease(&Bar().Line(), Qt::LeftButton, {}, PlaceOf(100));
   EXPECT_TRUE(Wait([&] { return Tick() >= 103; }));
 }
 
@@ -391,7 +389,7 @@ TEST_F(TheatreTest, OffersARecordThatEndedShortOfTheFinishAgainAtTheSpeedOfPlay)
   EXPECT_FALSE(Button("again")->isVisible());
   ASSERT_TRUE(Wait([&] { return !window->Ticking(); }));
   EXPECT_TRUE(Bar().isVisible());
-  EXPECT_EQ(Bar().Tick(), 6);
+  EXPECT_EQ(Bar().Line().Tick(), 6);
   ASSERT_TRUE(Button("again")->isVisible());
   QTest::mouseClick(Button("again"), Qt::LeftButton);
   EXPECT_EQ(window->Interval(), TimerInterval(6));

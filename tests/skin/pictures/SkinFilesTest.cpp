@@ -34,6 +34,7 @@ const std::vector<Group> kGroups = {
       "select.help",         "select.ghost",    "congratulation.ok", "congratulation.close",
       "congratulation.help", "addplayer.ok",    "addplayer.close",   "score.ok"},
      {"image", "left", "top"}},
+    {{"select.pair"}, {"image", "left", "top"}},
     {{"start.caves", "start.players"},
      {"left", "top", "width", "height", "color", "textcolor", "selection.color", "selection.textcolor",
       "border.size", "border.color"}},
