@@ -103,7 +103,7 @@ enum class Rows : std::uint8_t {
   MostlyFirst,  // likewise, but the first one most of the time
   ByPlace,      // a fixed pattern over the cave
   ByClock,      // the next one in every tick
-  Own,          // skin/CellPictures.cpp has a rule for it
+  Own,          // view/CellPictures.cpp has a rule for it
 };
 
 // What the object scan does with an object, whatever its state; what can fall has fallen before.

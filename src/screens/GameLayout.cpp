@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "skin/ZornePole.h"
+#include "view/ZornePole.h"
 
 namespace zorik {
 namespace {

@@ -20,7 +20,7 @@
 #include "screens/PlainText.h"
 #include "screens/RunCaption.h"
 #include "screens/RunControls.h"
-#include "screens/RunFate.h"
+#include "run/RunFate.h"
 #include "screens/StartWords.h"
 #include "skin/ToQString.h"
 

@@ -4,7 +4,6 @@
 #include <cstring>
 #include <utility>
 
-#include "skin/Edges.h"
 #include "skin/Pixels.h"
 
 namespace zorik {
@@ -42,7 +41,7 @@ class RectPainter {
          ++row) {
       Gather(row, rect);
       const int top = std::max(rect.top(), rows[row].start);
-      CopyLines(rows[row], top, std::min(rect.bottom() + 1, EndOf(rows, row, drawn_.size.height())));
+      CopyLines(rows[row], top, std::min(rect.bottom() + 1, EndOf(rows, row, drawn_.size.height)));
     }
   }
 
@@ -55,7 +54,7 @@ class RectPainter {
          ++i) {
       const DrawnSpan& across = columns[i];
       const DrawnView::Shown& shown = drawn_.At(i, row);
-      const QImage& frame = tiles_.Frame(shown.picture, drawn_.cell, shown.edges);
+      const QImage& frame = tiles_.Frame(shown.picture, ToQSize(drawn_.cell), shown.edges);
       const int left = std::max(rect.left(), across.start);
       const int right = std::min(rect.right() + 1, across.start + across.length);
       Source source{frame.constBits(), frame.bytesPerLine(), left};
@@ -95,13 +94,6 @@ class RectPainter {
   int fill_ = 0;  // pixels right of all cells
 };
 
-// Where cells overlap by a pixel the later one is seen, so that the earlier one is drawn without it.
-std::vector<DrawnSpan> WithoutOverlaps(std::vector<DrawnSpan> spans) {
-  for (std::size_t i = 0; i + 1 < spans.size(); ++i)
-    spans[i].length = std::min(spans[i].length, spans[i + 1].start - spans[i].start);
-  return spans;
-}
-
 // The cells of a row that look different, as runs without gaps.
 class ChangedRuns {
  public:
@@ -109,8 +101,8 @@ class ChangedRuns {
 
   void Add(std::size_t column, std::size_t row) {
     const QPoint from(drawn_.columns[column].start, drawn_.rows[row].start);
-    const QPoint to(EndOf(drawn_.columns, column, drawn_.size.width()) - 1,
-                    EndOf(drawn_.rows, row, drawn_.size.height()) - 1);
+    const QPoint to(EndOf(drawn_.columns, column, drawn_.size.width) - 1,
+                    EndOf(drawn_.rows, row, drawn_.size.height) - 1);
     if (!runs_.empty() && runs_.back().top() == from.y() && runs_.back().right() + 1 == from.x()) {
       runs_.back().setRight(to.x());
     } else {
@@ -137,71 +129,16 @@ bool Fit(QImage& image, QSize size) {
 
 }  // namespace
 
-// Places are counted from the view's start; the first cell starts before it by the part that is cut.
-std::vector<DrawnSpan> SpansOf(int from, int extent, int cellSize) {
-  const int offset = from % kTileSize;
-  std::vector<DrawnSpan> spans;
-  int cell = from / kTileSize;
-  for (int place = -offset; place < extent; place += kTileSize, ++cell) {
-    DrawnSpan span{cell, place * cellSize / kTileSize, cellSize, 0};
-    if (place < 0) {
-      span.start = 0;
-      span.cut = offset * cellSize / kTileSize;
-      span.length = cellSize - span.cut;
-    } else if (place > extent - kTileSize) {
-      span.length = (extent - place) * cellSize / kTileSize;
-    }
-    if (span.length > 0) spans.push_back(span);
-  }
-  return spans;
-}
-
-QSize DrawnCell(const ViewArea& view, QSize frame) {
-  if (view.width <= 0 || view.height <= 0) return {0, 0};
-  return {frame.width() * kTileSize / view.width, frame.height() * kTileSize / view.height};
-}
-
-QSize DrawnSize(const ViewArea& view, QSize cell) {
-  return {view.width * cell.width() / kTileSize, view.height * cell.height() / kTileSize};
-}
-
-QRegion LookAt(const ViewArea& view, QSize cell, const CellPictures& pictures, TileSets& tiles,
-               DrawnView& drawn, const MovingCells& moving) {
-  const QSize size = DrawnSize(view, cell);
-  const bool same = drawn.view == view && drawn.size == size && drawn.cell == cell && !drawn.cells.empty();
-  if (!same) {
-    drawn.columns = WithoutOverlaps(SpansOf(view.left, view.width, cell.width()));
-    drawn.rows = WithoutOverlaps(SpansOf(view.top, view.height, cell.height()));
-  }
-  if (drawn.columns.empty() || drawn.rows.empty()) {
-    drawn = {};
-    return {};
-  }
-  drawn.view = view;
-  drawn.cell = cell;
-  drawn.size = size;
-  drawn.cells.resize(drawn.columns.size() * drawn.rows.size());
-  tiles.Prepare(cell);
-  const EdgeMap edges(drawn.columns, drawn.rows, pictures, tiles);
+QRegion ChangedIn(const DrawnView& drawn) {
+  if (drawn.fresh) return QRect(QPoint(), ToQSize(drawn.size));
   ChangedRuns changed(drawn);
-  auto shown = drawn.cells.begin();
-  for (std::size_t row = 0; row < drawn.rows.size(); ++row) {
-    for (std::size_t i = 0; i < drawn.columns.size(); ++i, ++shown) {
-      const Cell c(drawn.columns[i].cell, drawn.rows[row].cell);
-      const bool bare = moving.bare.Has(c);
-      const DrawnView::Shown now{bare ? pictures.GroundAt(c) : pictures.At(c.x(), c.y()), edges.At(i, row)};
-      if (*shown == now && !moving.touched.Has(c) && !drawn.touched.Has(c)) continue;
-      *shown = now;
-      changed.Add(i, row);
-    }
-  }
-  drawn.touched = moving.touched;
-  return same ? changed.Region() : QRegion(QRect(QPoint(), size));
+  for (const DrawnView::Place& place : drawn.changed) changed.Add(place.column, place.row);
+  return changed.Region();
 }
 
 void PaintPart(const DrawnView& drawn, TileSets& tiles, const QRegion& part, QImage& target, QPoint corner) {
   if (drawn.cells.empty()) return;
-  const QRect room = QRect(QPoint(), drawn.size) & target.rect().translated(-corner);
+  const QRect room = QRect(QPoint(), ToQSize(drawn.size)) & target.rect().translated(-corner);
   RectPainter painter(drawn, tiles, PixelsOf(target, corner));
   for (const QRect& wanted : part) {
     const QRect rect = wanted & room;
@@ -212,8 +149,8 @@ void PaintPart(const DrawnView& drawn, TileSets& tiles, const QRegion& part, QIm
 void DrawView(const ViewArea& view, QSize cell, const CellPictures& pictures, TileSets& tiles,
               QImage& drawn) {
   DrawnView fresh;
-  LookAt(view, cell, pictures, tiles, fresh);
-  if (Fit(drawn, fresh.size)) PaintPart(fresh, tiles, drawn.rect(), drawn, {});
+  LookAt(view, ToPixels(cell), pictures, tiles.Table(), fresh, {});
+  if (Fit(drawn, ToQSize(fresh.size))) PaintPart(fresh, tiles, drawn.rect(), drawn, {});
 }
 
 }  // namespace zorik

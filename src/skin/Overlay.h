@@ -8,9 +8,9 @@
 #include <QSize>
 #include <vector>
 
-#include "skin/CellPictures.h"
 #include "skin/TileSets.h"
-#include "skin/ZornePole.h"
+#include "view/CellPictures.h"
+#include "view/ZornePole.h"
 
 class QPainter;
 

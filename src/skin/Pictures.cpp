@@ -13,7 +13,7 @@
 #include "data/Cp1250.h"
 #include "data/Files.h"
 #include "data/Result.h"
-#include "skin/ZornePole.h"
+#include "view/ZornePole.h"
 
 namespace zorik {
 namespace {

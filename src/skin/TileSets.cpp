@@ -70,32 +70,29 @@ TileSets::TileSets() {
 }
 
 void TileSets::Use(Sheets sheets) {
-  frames_ = 0;
+  FrameTable::Numbers columns{}, rows{};
   for (std::size_t i = 0; i < kTileSetCount; ++i) {
-    Sheet& sheet = sheets[i];
-    sheet.columns = FramesIn(sheet.image.width());
-    sheet.rows = FramesIn(sheet.image.height());
-    first_[i] = frames_;
-    frames_ += static_cast<std::size_t>(sheet.columns * sheet.rows);
+    columns[i] = FramesIn(sheets[i].image.width());
+    rows[i] = FramesIn(sheets[i].image.height());
   }
+  table_ = FrameTable(columns, rows, FindGrounds(sheets));
   sheets_ = std::move(sheets);
   scaled_ = {};
-  FindGrounds();
 }
 
-void TileSets::FindGrounds() {
-  grounds_.clear();
-  if (sheets_[kEdges].picture.isNull()) return;
-  grounds_.reserve(frames_);
+std::vector<Ground> TileSets::FindGrounds(const Sheets& sheets) {
+  std::vector<Ground> grounds;
+  if (sheets[kEdges].picture.isNull()) return grounds;
   for (std::size_t set = 0; set < kTileSetCount; ++set) {
-    const Sheet& sheet = sheets_[set];
-    for (int row = 0; row < sheet.rows; ++row) {
-      for (int column = 0; column < sheet.columns; ++column) {
+    const Sheet& sheet = sheets[set];
+    for (int row = 0; row < FramesIn(sheet.image.height()); ++row) {
+      for (int column = 0; column < FramesIn(sheet.image.width()); ++column) {
         const bool bare = set == kSetSpace || ShowsGround(Tile(sheet.picture, column, row));
-        grounds_.push_back(set == kSetDirt ? Ground::Earth : bare ? Ground::Bare : Ground::Covered);
+        grounds.push_back(set == kSetDirt ? Ground::Earth : bare ? Ground::Bare : Ground::Covered);
       }
     }
   }
+  return grounds;
 }
 
 // The default skin's edges are those of its own earth and ground, and not laid over another skin's.
@@ -160,36 +157,19 @@ std::int64_t TileSets::BytesKept() const {
   return bytes;
 }
 
-std::array<int, kTileSetCount> TileSets::OfEachSet(int Sheet::*number) const {
-  std::array<int, kTileSetCount> numbers{};
-  std::transform(sheets_.begin(), sheets_.begin() + kTileSetCount, numbers.begin(),
-                 [number](const Sheet& sheet) { return sheet.*number; });
-  return numbers;
-}
-
 void TileSets::Prepare(QSize size) {
   if (scaled_[0].bytes + scaled_[1].bytes > kMostBytesScaled) scaled_ = {};
   Scaled& inUse = scaled_[0];
   if (inUse.size == size) return;
   std::swap(inUse, scaled_[1]);
   if (inUse.size == size) return;
-  inUse = {size, std::vector<ScaledFrame>(frames_)};
-}
-
-std::size_t TileSets::PlaceOf(const CellPicture& picture) const {
-  const std::size_t set = std::min<std::size_t>(picture.Pic, kTileSetCount - 1);
-  const Sheet& sheet = sheets_[set];
-  const int column = std::min<int>(picture.Col, sheet.columns - 1);
-  const int row = std::min<int>(picture.Row, sheet.rows - 1);
-  return first_[set] + static_cast<std::size_t>(row * sheet.columns + column);
+  inUse = {size, std::vector<ScaledFrame>(table_.Count())};
 }
 
 // A frame of 80 pixels over its ground, with the edges between the two.
 QImage TileSets::Composed(const CellPicture& picture, EdgeMask edges) const {
-  const std::size_t set = std::min<std::size_t>(picture.Pic, kTileSetCount - 1);
+  const auto [set, column, row] = table_.Drawn(picture);
   const Sheet& sheet = sheets_[set];
-  const int column = std::min<int>(picture.Col, sheet.columns - 1);
-  const int row = std::min<int>(picture.Row, sheet.rows - 1);
   if (edges == 0) return Tile(sheet.image, column, row);
   const bool itself = set == kSetSpace || set == kSetDirt;
   QImage tile = itself ? Tile(sheet.image, column, row) : Tile(sheets_[kSetSpace].image, 0, 0);
@@ -201,7 +181,7 @@ QImage TileSets::Composed(const CellPicture& picture, EdgeMask edges) const {
 
 const QImage& TileSets::Frame(const CellPicture& picture, QSize size, EdgeMask edges) {
   if (scaled_[0].size != size) Prepare(size);
-  ScaledFrame& scaled = scaled_[0].frames[PlaceOf(picture)];
+  ScaledFrame& scaled = scaled_[0].frames[table_.PlaceOf(picture)];
   if (edges != 0 && scaled.edged.empty()) scaled.edged.resize(kEdgeMasks);
   QImage& frame = edges == 0 ? scaled.plain : scaled.edged[edges];
   if (frame.isNull()) {
@@ -214,17 +194,15 @@ const QImage& TileSets::Frame(const CellPicture& picture, QSize size, EdgeMask e
 }
 
 QImage TileSets::Sprite(const CellPicture& picture, QSize size) const {
-  const Sheet& sheet = sheets_[std::min<std::size_t>(picture.Pic, kTileSetCount - 1)];
-  const int column = std::min<int>(picture.Col, sheet.columns - 1);
-  const int row = std::min<int>(picture.Row, sheet.rows - 1);
-  return Tile(sheet.picture, column, row)
+  const auto [set, column, row] = table_.Drawn(picture);
+  return Tile(sheets_[set].picture, column, row)
       .convertToFormat(QImage::Format_ARGB32_Premultiplied)
       .scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
 }
 
 const LooseFrame& TileSets::Loose(const CellPicture& picture, QSize size) {
   if (scaled_[0].size != size) Prepare(size);
-  LooseFrame& frame = scaled_[0].frames[PlaceOf(picture)].loose;
+  LooseFrame& frame = scaled_[0].frames[table_.PlaceOf(picture)].loose;
   if (!frame.IsNull()) return frame;
   frame = LooseFrame(Sprite(picture, size));
   scaled_[0].bytes += frame.Bytes();

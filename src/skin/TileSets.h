@@ -10,12 +10,13 @@
 #include <string_view>
 #include <vector>
 
-#include "skin/CellPictures.h"
-#include "skin/Edges.h"
 #include "skin/LooseFrame.h"
 #include "skin/Pictures.h"
 #include "skin/SkinPlaces.h"
-#include "skin/ZornePole.h"
+#include "view/CellPictures.h"
+#include "view/Edges.h"
+#include "view/FrameTable.h"
+#include "view/ZornePole.h"
 
 namespace zorik {
 
@@ -34,17 +35,12 @@ class TileSets {
   // Loads all sets. What an earlier call has made is used again as long as its files have not changed.
   void Load(PictureCache& pictures, const SkinPlaces& places, std::string_view scheme);
 
-  // Rows of frames of each set, at least 1.
-  std::array<int, kTileSetCount> Frames() const { return OfEachSet(&Sheet::rows); }
-
-  // Likewise the columns.
-  std::array<int, kTileSetCount> Columns() const { return OfEachSet(&Sheet::columns); }
-
-  // Whether the skin brings a picture of the edges of the earth.
-  bool HasEdges() const { return !grounds_.empty(); }
-
-  // What a frame covers; there must be edges.
-  Ground GroundOf(const CellPicture& picture) const { return grounds_[PlaceOf(picture)]; }
+  // What frames there are.
+  const FrameTable& Table() const { return table_; }
+  const FrameTable::Numbers& Frames() const { return table_.Rows(); }  // rows of each set
+  const FrameTable::Numbers& Columns() const { return table_.Columns(); }
+  bool HasEdges() const { return table_.HasEdges(); }
+  Ground GroundOf(const CellPicture& picture) const { return table_.GroundOf(picture); }
 
   // Makes frames of this size, in pixels, the ones that are at hand. Those of the last two sizes are kept, so
   // that changing to and fro between two views costs nothing, unless they are many or large.
@@ -68,15 +64,10 @@ class TileSets {
     FileStamp stamp;
     QImage picture;  // without the ground
     QImage image;
-    int columns = 1;
-    int rows = 1;
   };
   // The last one is the picture of edges, which may be missing.
   static constexpr std::size_t kEdges = kTileSetCount;
   using Sheets = std::array<Sheet, kTileSetCount + 1>;
-
-  // A number of each set, without that of the edges.
-  std::array<int, kTileSetCount> OfEachSet(int Sheet::*number) const;
 
   // A frame in one size, as it is, with edges, and without its ground; empty images where not made yet.
   struct ScaledFrame {
@@ -94,17 +85,14 @@ class TileSets {
   static std::string EdgesPath(const PictureFinder& finder);
   static void Read(PictureCache& pictures, const SkinPlaces& places, Sheets& sheets);
   void Use(Sheets sheets);
-  void FindGrounds();
-  std::size_t PlaceOf(const CellPicture& picture) const;
+  static std::vector<Ground> FindGrounds(const Sheets& sheets);
   QImage Composed(const CellPicture& picture, EdgeMask edges) const;
   static bool SameSource(const Sheet& a, const Sheet& b);
   static bool SameImages(const Sheets& a, const Sheets& b);
   std::int64_t BytesKept() const;
 
   Sheets sheets_;
-  std::array<std::size_t, kTileSetCount> first_{};  // place of each set's first frame among all
-  std::size_t frames_ = 0;
-  std::vector<Ground> grounds_;                      // of all frames; empty without edges
+  FrameTable table_;
   std::map<std::string, Sheets, std::less<>> kept_;  // by scheme
   std::array<Scaled, 2> scaled_;                     // the size in use, and the one before
 };

@@ -7,7 +7,7 @@
 #include "PictureFolder.h"
 #include "Pictured.h"
 #include "skin/DrawView.h"
-#include "skin/Edges.h"
+#include "view/Edges.h"
 
 namespace zorik {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <ostream>
 
-#include "skin/Motion.h"
+#include "view/Motion.h"
 
 namespace zorik {
 namespace {

@@ -5,7 +5,7 @@
 #include <ostream>
 
 #include "data/Result.h"
-#include "skin/CellPictures.h"
+#include "view/CellPictures.h"
 #include "support/Scene.h"
 
 namespace zorik {

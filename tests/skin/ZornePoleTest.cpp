@@ -2,7 +2,7 @@
 
 #include <ostream>
 
-#include "skin/ZornePole.h"
+#include "view/ZornePole.h"
 
 namespace zorik {
 

@@ -14,7 +14,7 @@
 
 #include "data/Result.h"
 #include "skin/TileSets.h"
-#include "skin/ZornePole.h"
+#include "view/ZornePole.h"
 
 namespace zorik {
 namespace {

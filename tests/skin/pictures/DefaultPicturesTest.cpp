@@ -13,9 +13,9 @@
 #include <vector>
 
 #include "core/Objects.h"
-#include "skin/Edges.h"
+#include "view/Edges.h"
 #include "skin/Pictures.h"
-#include "skin/ZornePole.h"
+#include "view/ZornePole.h"
 
 namespace zorik {
 namespace {

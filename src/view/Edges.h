@@ -5,19 +5,11 @@
 #include <cstdint>
 #include <vector>
 
-#include "skin/CellPictures.h"
-#include "skin/DrawnSpan.h"
+#include "view/CellPictures.h"
+#include "view/DrawnSpan.h"
+#include "view/FrameTable.h"
 
 namespace zorik {
-
-class TileSets;
-
-// What a cell shows, as far as the edges of the earth go.
-enum class Ground : std::uint8_t {
-  Bare,     // space, or what stands on it
-  Earth,    // dirt
-  Covered,  // what fills its cell: walls, slime, amoeba
-};
 
 // The columns of the picture Edges. Of each frame a quarter of a cell takes the same quarter. "Beside" is the
 // neighbour left or right of the quarter, "over" the one above or below it.
@@ -60,7 +52,7 @@ class EdgeMap {
  public:
   // Without a picture of edges there are none.
   EdgeMap(const std::vector<DrawnSpan>& columns, const std::vector<DrawnSpan>& rows,
-          const CellPictures& pictures, const TileSets& tiles);
+          const CellPictures& pictures, const FrameTable& frames);
 
   // Of a cell by its place in the spans.
   EdgeMask At(std::size_t column, std::size_t row) const;

@@ -1,4 +1,4 @@
-#include "screens/RunFate.h"
+#include "run/RunFate.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "skin/Motion.h"
+#include "view/Motion.h"
 
 #include <utility>
 

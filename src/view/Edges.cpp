@@ -1,8 +1,6 @@
-#include "skin/Edges.h"
+#include "view/Edges.h"
 
 #include <array>
-
-#include "skin/TileSets.h"
 
 namespace zorik {
 namespace {
@@ -87,13 +85,13 @@ Edge EdgeIn(Ground middle, EdgeMask mask, int quarter) {
 }
 
 EdgeMap::EdgeMap(const std::vector<DrawnSpan>& columns, const std::vector<DrawnSpan>& rows,
-                 const CellPictures& pictures, const TileSets& tiles) {
-  if (!tiles.HasEdges() || columns.empty() || rows.empty()) return;
+                 const CellPictures& pictures, const FrameTable& frames) {
+  if (!frames.HasEdges() || columns.empty() || rows.empty()) return;
   stride_ = columns.size() + 2;
   grounds_.reserve(stride_ * (rows.size() + 2));
   for (int y = rows.front().cell - 1; y <= rows.back().cell + 1; ++y) {
     for (int x = columns.front().cell - 1; x <= columns.back().cell + 1; ++x) {
-      grounds_.push_back(pictures.Inside(x, y) ? tiles.GroundOf(pictures.At(x, y)) : Ground::Covered);
+      grounds_.push_back(pictures.Inside(x, y) ? frames.GroundOf(pictures.At(x, y)) : Ground::Covered);
     }
   }
 }

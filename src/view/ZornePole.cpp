@@ -1,4 +1,4 @@
-#include "skin/ZornePole.h"
+#include "view/ZornePole.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,11 +1,9 @@
-#include "skin/ViewMotion.h"
+#include "view/ViewMotion.h"
 
 #include <algorithm>
 #include <cmath>
-#include <cstring>
 
 #include "core/Hra.h"
-#include "skin/LooseFrame.h"
 
 namespace zorik {
 namespace {
@@ -19,20 +17,15 @@ int PixelOf(double place, int viewStart, int cellSize) {
   return static_cast<int>(std::floor((place * kTileSize - viewStart) * cellSize / kTileSize));
 }
 
-QPoint PlaceIn(const DrawnView& drawn, double x, double y) {
-  return {PixelOf(x, drawn.view.left, drawn.cell.width()), PixelOf(y, drawn.view.top, drawn.cell.height())};
-}
-
-void CopyFrame(const QImage& frame, QPoint at, const QRect& clip, const Pixels& pixels) {
-  const QRect seen = frame.rect() & clip.translated(-at);
-  for (int y = seen.top(); y <= seen.bottom(); ++y) {
-    const auto* const line = reinterpret_cast<const QRgb*>(frame.constScanLine(y));
-    std::memcpy(pixels.At(at.x() + seen.left(), at.y() + y), line + seen.left(),
-                static_cast<std::size_t>(std::max(0, seen.width())) * Pixels::kSize);
-  }
-}
-
 }  // namespace
+
+PixelPlace PlaceIn(const DrawnView& drawn, double x, double y) {
+  return {PixelOf(x, drawn.view.left, drawn.cell.width), PixelOf(y, drawn.view.top, drawn.cell.height)};
+}
+
+PixelPlace ViewMotion::Mover::PlaceOn(const DrawnView& drawn, double way) const {
+  return PlaceIn(drawn, Between(from.x(), to.x(), way), Between(from.y(), to.y(), way));
+}
 
 void ViewMotion::Begin(const CellPictures& pictures, const ViewArea& view) {
   Forget();
@@ -55,10 +48,10 @@ void ViewMotion::Forget() {
 }
 
 // What has blown up where it arrived, or was overgrown there, has not come.
-void ViewMotion::Settle(const Hra& hra, const CellPictures& pictures, const TileSets& tiles) {
+void ViewMotion::Settle(const Hra& hra, const CellPictures& pictures, const FrameTable& frames) {
   for (const Motion::Move& move : motion_.Moves()) {
     if (move.from == move.to || hra.Field(move.to) != move.code) continue;
-    movers_.push_back({move.from, move.to, pictures.At(move.to.x(), move.to.y()), Under(move.to, tiles)});
+    movers_.push_back({move.from, move.to, pictures.At(move.to.x(), move.to.y()), Under(move.to, frames)});
     cells_.bare.Add(move.to);
     Touch(movers_.back());
   }
@@ -74,13 +67,13 @@ void ViewMotion::Touch(const Mover& mover) {
 }
 
 // Where something has left there is nothing but the ground.
-std::optional<DrawnView::Shown> ViewMotion::Under(Cell c, const TileSets& tiles) const {
+std::optional<DrawnView::Shown> ViewMotion::Under(Cell c, const FrameTable& frames) const {
   const CellPicture picture = before_.At(c.x(), c.y());
   if (motion_.HasLeft(c) || picture.Pic == kSetSpace) return std::nullopt;
-  const auto ground = [this, &tiles](int x, int y) {
-    return before_.Inside(x, y) ? tiles.GroundOf(before_.At(x, y)) : Ground::Covered;
+  const auto ground = [this, &frames](int x, int y) {
+    return before_.Inside(x, y) ? frames.GroundOf(before_.At(x, y)) : Ground::Covered;
   };
-  const EdgeMask edges = tiles.HasEdges() ? EdgesAround(c.x(), c.y(), ground) : EdgeMask{0};
+  const EdgeMask edges = frames.HasEdges() ? EdgesAround(c.x(), c.y(), ground) : EdgeMask{0};
   return DrawnView::Shown{picture, edges};
 }
 
@@ -90,21 +83,6 @@ ViewArea ViewMotion::ViewAt(const ViewArea& view, double way) const {
   area.left = static_cast<int>(std::lround(Between(from_->left, view.left, way)));
   area.top = static_cast<int>(std::lround(Between(from_->top, view.top, way)));
   return area;
-}
-
-void ViewMotion::Paint(const DrawnView& drawn, TileSets& tiles, double way, const QRect& rect,
-                       const Pixels& pixels) const {
-  for (const Mover& mover : movers_) {
-    const QRect box(PlaceIn(drawn, Between(mover.from.x(), mover.to.x(), way),
-                            Between(mover.from.y(), mover.to.y(), way)),
-                    drawn.cell);
-    if (mover.under) {
-      const QRect cell(PlaceIn(drawn, mover.to.x(), mover.to.y()), drawn.cell);
-      const QImage& under = tiles.Frame(mover.under->picture, drawn.cell, mover.under->edges);
-      for (const QRect& part : QRegion(cell & rect) - box) CopyFrame(under, cell.topLeft(), part, pixels);
-    }
-    if (box.intersects(rect)) tiles.Loose(mover.picture, drawn.cell).LayOver(pixels, box.topLeft(), rect);
-  }
 }
 
 }  // namespace zorik

@@ -1,4 +1,4 @@
-#include "skin/CellPictures.h"
+#include "view/CellPictures.h"
 
 #include "core/Hra.h"
 #include "core/Machine.h"

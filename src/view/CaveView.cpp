@@ -1,0 +1,52 @@
+#include "view/CaveView.h"
+
+#include "core/Hra.h"
+
+namespace zorik {
+
+void CaveView::CaveOpens(const Hra& hra, const FrameTable& frames) {
+  drawn_.cells.clear();
+  motion_.Forget();
+  pictures_.SetFrames(frames.Rows());
+  pictures_.Open(hra);
+}
+
+void CaveView::MoveView(const Hra& hra, bool jump) {
+  const Unit& unit = hra.Dog[static_cast<std::size_t>(hra.ActiveDog)];
+  if (jump) {
+    pictures_.Placed(hra);
+    motion_.Forget();
+  }
+  view_.Follow(unit.x, unit.y, hra.CaveWidth, hra.CaveHeight, jump);
+}
+
+void CaveView::ShowMoment(const Hra& hra, bool jump) {
+  motion_.Forget();
+  pictures_.ShowMoment(hra);
+  MoveView(hra, jump);
+}
+
+ViewArea CaveView::Area(const Hra& hra) const {
+  return scrollView_ ? view_.Scrolled() : ZornePole::Whole(hra.CaveWidth, hra.CaveHeight);
+}
+
+void CaveView::TickBegins(bool smooth) {
+  if (smooth) {
+    motion_.Begin(pictures_, view_.Scrolled());
+  } else {
+    motion_.Forget();
+  }
+}
+
+const DrawnView& CaveView::Look(const Hra& hra, const FrameTable& frames, PixelSize frame, double way) {
+  static const MovingCells kNothingMoves;
+  const ViewArea area = Area(hra);
+  const PixelSize cell = DrawnCell(area, frame.width, frame.height);
+  way_ = way;
+  const bool arrived = way_ >= 1;
+  const ViewArea shown = scrollView_ && !arrived ? motion_.ViewAt(area, way) : area;
+  LookAt(shown, cell, pictures_, frames, drawn_, arrived ? kNothingMoves : motion_.Cells());
+  return drawn_;
+}
+
+}  // namespace zorik
