@@ -30,7 +30,8 @@ std::uint32_t ByteAt(std::string_view bytes, std::size_t place) {
 
 bool IsRecord(std::string_view bytes) {
   RecordLines lines{std::string(bytes)};
-  return static_cast<bool>(ParseCaveText(ReadRecordHead(lines).CaveText));
+  const std::string text = ReadRecordHead(lines).CaveText;
+  return !text.empty() && ParseCaveText(text);
 }
 
 // What the page calls it; empty for what it cannot show.

@@ -16,24 +16,14 @@ import { beginWords, word } from "./words.js";
 
 const WASM = "machine/zorik.wasm";
 
-async function loadSounds(assets, { sounds }) {
-  const numbers = Object.keys(sounds).filter((key) => key !== "loops").map(Number);
-  const all = Array.from({ length: Math.max(...numbers) + 1 }, () => ({ loop: false, files: [] }));
-  await Promise.all(numbers.map(async (number) => {
-    const files = await Promise.all(sounds[number].map((path) => assets.bytes(`assets/${path}`)));
-    all[number] = { loop: sounds.loops.includes(number), files: files.map((bytes) => bytes.buffer) };
-  }));
-  return all;
-}
-
 async function begin() {
   const packed = packedHere();
   const assets = new Assets(packed);
-  const [index, wasmBinary] = await Promise.all([assets.json("assets/index.json"), assets.bytes(WASM)]);
+  const [index, wasm] = await Promise.all([assets.json("assets/index.json"), assets.bytes(WASM)]);
   beginWords(index);
-  const machine = await loadMachine({ wasmBinary: wasmBinary.buffer, locateFile: (file) => file });
+  const machine = await loadMachine(wasm);
   const sheets = new Sheets(assets, index, machine);
-  const sounds = new Sounds(() => loadSounds(assets, index));
+  const sounds = new Sounds();
   for (const gesture of ["pointerdown", "keydown"]) addEventListener(gesture, () => sounds.wake());
   wireSoundSwitch(sounds);
   const library = new Library(machine, assets, index, await openStore(!packed));
@@ -48,6 +38,7 @@ async function begin() {
   // For those who look into the page, and its tests.
   globalThis.zorik = { machine, run: runScreen.run };
   document.documentElement.dataset.ready = "yes";
+  sounds.take(await machine.sounds(index.sounds));
 }
 
 function wireSoundSwitch(sounds) {

@@ -131,17 +131,32 @@ export class Picture {
     }
   }
 
+  // What a mover goes over is seen, with its ground, as long as the mover is not there.
   #drawMovers({ movers, moverCount }) {
     for (let i = 0; i < moverCount; ++i) {
       const [x, y, picture, hasUnder, underX, underY, under] = movers.subarray(8 * i, 8 * i + 7);
-      if (hasUnder) this.#drawLoose(under, underX, underY);
-      this.#drawLoose(picture, x, y);
+      if (hasUnder) this.#drawUnder(under, underX, underY, x, y);
+      this.#drawCell(picture, x, y, true);
     }
   }
 
-  #drawLoose(cell, x, y) {
+  #drawUnder(cell, x, y, moverX, moverY) {
+    const { width, height } = this.#composed;
+    this.#context.save();
+    this.#context.beginPath();
+    this.#context.rect(x, y, width, height);
+    this.#context.rect(moverX, moverY, width, height);
+    this.#context.clip("evenodd");
+    this.#context.beginPath();
+    this.#context.rect(x, y, width, height);
+    this.#context.clip();
+    this.#drawCell(cell, x, y, false);
+    this.#context.restore();
+  }
+
+  #drawCell(cell, x, y, loose) {
     const { canvas, width, height } = this.#composed;
-    const from = this.#composed.place(cell, true);
+    const from = this.#composed.place(cell, loose);
     this.#context.drawImage(canvas, from.x, from.y, width, height, x, y, width, height);
   }
 }

@@ -5,6 +5,7 @@ import { Kind, TickEnd } from "../machine/machine.mjs";
 import { Beat, USUAL_SPEED, intervalOf } from "./beat.js";
 import { ask, confirmed, tell } from "./dialogs.js";
 import { Figures } from "./figures.js";
+import { frameIn, reachIn } from "./frame.js";
 import { Picture } from "./picture.js";
 import { Steering } from "./steering.js";
 import { choices } from "./store.js";
@@ -21,8 +22,6 @@ const SOUND_MAGIC_WALL = 9;
 const SOUND_AMOEBA = 13;
 const FLASH = 60; // milliseconds
 const SMALLEST_CELL = 30; // CSS pixels: what a finger and an eye find on a phone
-const MOST_COLUMNS = 19.5;
-const MOST_ROWS = 11.5;
 
 export class RunScreen {
   #parts;
@@ -39,6 +38,7 @@ export class RunScreen {
   #pictures = null;
   #speed = Number(choices.get("speed", USUAL_SPEED));
   #whole = false;
+  #reach = { columns: 19.5, rows: 11.5 };
   #rewinding = false;
   #stale = true; // the picture is not that of the moment
 
@@ -354,16 +354,22 @@ export class RunScreen {
     this.#stale = true;
   }
 
-  // The picture fills the room that it has; on a narrow screen it shows fewer cells rather than tiny ones.
+  // On a narrow screen the picture shows fewer cells rather than tiny ones.
   #fit() {
     const { stage } = this.#parts;
     if (!this.isOpen || stage.clientWidth === 0) return;
-    const columns = Math.min(MOST_COLUMNS, Math.max(8, stage.clientWidth / SMALLEST_CELL));
-    const upright = columns < MOST_COLUMNS;
-    const rows = upright ? Math.min(16, (columns * stage.clientHeight) / stage.clientWidth) : MOST_ROWS;
-    this.#machineRun.setReach?.(columns, Math.max(6, rows));
+    this.#reach = reachIn(stage.clientWidth, stage.clientHeight, SMALLEST_CELL);
+    this.#machineRun.setReach(this.#reach.columns, this.#reach.rows);
     this.#stale = true;
     if (!this.#beat.runs) this.#drawNow();
+  }
+
+  #frame() {
+    const { stage } = this.#parts;
+    const { width, height } = this.#machineRun.state();
+    const columns = this.#whole ? width : Math.min(width, this.#reach.columns);
+    const rows = this.#whole ? height : Math.min(height, this.#reach.rows);
+    return frameIn(stage.clientWidth * devicePixelRatio, stage.clientHeight * devicePixelRatio, columns, rows);
   }
 
   #drawNow() {
@@ -373,13 +379,11 @@ export class RunScreen {
 
   #draw(way) {
     if (!this.#stale && !this.#machineRun.moves()) return;
-    const { stage, picture } = this.#parts;
-    const dense = devicePixelRatio;
-    const plan = this.#machineRun.look(
-      Math.floor(stage.clientWidth * dense), Math.floor(stage.clientHeight * dense), way);
-    this.#picture.draw(plan, this.#pictures);
-    picture.style.width = `${picture.width / dense}px`;
-    picture.style.height = `${picture.height / dense}px`;
+    const { picture } = this.#parts;
+    const frame = this.#frame();
+    this.#picture.draw(this.#machineRun.look(frame.width, frame.height, way), this.#pictures);
+    picture.style.width = `${picture.width / devicePixelRatio}px`;
+    picture.style.height = `${picture.height / devicePixelRatio}px`;
     this.#stale = false;
   }
 }

@@ -3,17 +3,13 @@
 
 export class Sounds {
   #context = null;
-  #recordings; // by number of the sound: {loop, buffers}
-  #load;
+  #waves = []; // wave files by number of the sound, until there is a way to sound: {loop, files}
+  #recordings = []; // by number of the sound: {loop, buffers}
   #volume = null;
   #playing = new Map(); // source by buffer
   #loops = new Set(); // numbers of those that go on
   #on = true;
-
-  // load: answers what there is to hear: for each sound {loop, files: [ArrayBuffer...]}, and the last seconds.
-  constructor(load) {
-    this.#load = load;
-  }
+  #paused = false;
 
   get on() {
     return this.#on;
@@ -25,10 +21,16 @@ export class Sounds {
     else for (const sound of this.#loops) this.#start(sound);
   }
 
-  // To be called at every gesture; the first one opens the way.
-  async wake() {
+  // What there is to hear, by number of the sound: {loop, files: [ArrayBuffer of a wave file...]}.
+  take(waves) {
+    this.#waves = waves;
+    return this.#decode();
+  }
+
+  // To be called at every gesture: the first one opens the way.
+  wake() {
     if (this.#context) {
-      if (this.#context.state === "suspended") await this.#context.resume();
+      if (this.#context.state === "suspended" && !this.#paused) this.#context.resume().catch(() => {});
       return;
     }
     const Context = globalThis.AudioContext;
@@ -36,10 +38,16 @@ export class Sounds {
     this.#context = new Context();
     this.#volume = this.#context.createGain();
     this.#volume.connect(this.#context.destination);
-    const sounds = await this.#load();
+    this.#decode();
+  }
+
+  async #decode() {
+    if (!this.#context || this.#waves.length === 0) return;
+    const waves = this.#waves;
+    this.#waves = [];
     const decode = (file) => this.#context.decodeAudioData(file).catch(() => null);
     this.#recordings = await Promise.all(
-      sounds.map(async ({ loop, files }) => ({
+      waves.map(async ({ loop, files }) => ({
         loop,
         buffers: (await Promise.all(files.map(decode))).filter((buffer) => buffer),
       })),
@@ -47,13 +55,13 @@ export class Sounds {
   }
 
   play(sound) {
-    if (this.#recordings?.[sound]?.loop) this.#loops.add(sound);
+    if (this.#recordings[sound]?.loop) this.#loops.add(sound);
     if (this.#on) this.#start(sound);
   }
 
   stop(sound) {
     this.#loops.delete(sound);
-    for (const buffer of this.#recordings?.[sound]?.buffers ?? []) this.#halt(buffer);
+    for (const buffer of this.#recordings[sound]?.buffers ?? []) this.#halt(buffer);
   }
 
   stopAll() {
@@ -63,13 +71,14 @@ export class Sounds {
 
   // A run that stands still is silent, and sounds on where it was.
   pause(paused) {
+    this.#paused = paused;
     if (!this.#context) return;
     const done = paused ? this.#context.suspend() : this.#context.resume();
     done.catch(() => {});
   }
 
   #start(sound) {
-    const recording = this.#recordings?.[sound];
+    const recording = this.#recordings[sound];
     if (!recording || recording.buffers.length === 0) return;
     const buffer = recording.buffers[Math.floor(Math.random() * recording.buffers.length)];
     this.#halt(buffer);
