@@ -10,46 +10,20 @@
 #include "data/Files.h"
 #include "data/Result.h"
 #include "platform/WaveFile.h"
+#include "view/SoundStems.h"
 
 namespace zorik {
 namespace {
 
 namespace fs = std::filesystem;
 
-struct Stem {
-  SoundId id;
-  std::string_view name;
-  bool looping = false;
-};
-
-// In the order in which they are loaded. Nothing ever starts the sound of the background.
-constexpr auto kStems = std::to_array<Stem>({
-    {SoundId::Dirt, "dirt"},
-    {SoundId::FallGem, "fallgem"},
-    {SoundId::CollectGem, "collectgem"},
-    {SoundId::Boulder, "boulder"},
-    {SoundId::BoulderPush, "boulderpush"},
-    {SoundId::Explosion, "explosion"},
-    {SoundId::BoxPush, "boxpush"},
-    {SoundId::ExitOpen, "exitopen"},
-    {SoundId::Back, "back", true},
-    {SoundId::Dog, "dog"},
-    {SoundId::Sensor, "sensor"},
-    {SoundId::AmoebaEnclosed, "asuffocate"},
-    {SoundId::Amoeba, "amoeba", true},
-    {SoundId::SensorOut, "sensorout"},
-    {SoundId::AmoebaDead, "adeath"},
-    {SoundId::MagicWall, "magicwall", true},
-});
-static_assert(kStems.size() == kSoundCount, "each sound has one row");
-
 constexpr std::size_t PlaceOf(SoundId id) {
   return static_cast<std::size_t>(id);
 }
 
 bool IsLoop(SoundId id) {
-  return std::any_of(kStems.begin(), kStems.end(),
-                     [id](const Stem& stem) { return stem.id == id && stem.looping; });
+  return std::any_of(kSoundStems.begin(), kSoundStems.end(),
+                     [id](const SoundStem& stem) { return stem.id == id && stem.looping; });
 }
 
 // Adds the files of a folder whose names are new. Of those that differ in letter case only, the one in lower
@@ -110,7 +84,7 @@ void Search::LookInto(const SoundFiles& files, std::string_view stem) {
 void AddSoundFlaws(const std::vector<std::string>& folders, SkinFlaws& flaws) {
   SoundFiles files;
   for (const std::string& folder : folders) AddFilesIn(folder, files);
-  for (const Stem& stem : kStems) {
+  for (const SoundStem& stem : kSoundStems) {
     Search search;
     search.LookInto(files, stem.name);
     for (const Recording& recording : search.recordings) {
@@ -151,7 +125,7 @@ Result<Done> Sounds::InicializaceZvuku(const SkinPlaces& places) {
   const Result<Done> opened = device_.DSInit();
   if (!opened) return opened;
   const std::array<SoundFiles, 2> folders{FilesOf(places, places.Skin), FilesOf(places, kDefaultSkin)};
-  for (const Stem& stem : kStems) LoadSounds(stem.id, stem.name, stem.looping, folders);
+  for (const SoundStem& stem : kSoundStems) LoadSounds(stem.id, stem.name, stem.looping, folders);
   return Done{};
 }
 
@@ -179,7 +153,7 @@ void Sounds::Switch(bool on) {
 void Sounds::SwitchLoops(bool on) {
   if (std::exchange(loopsOn_, on) == on || !on_) return;
   if (on) return PlayLoops();
-  for (const Stem& stem : kStems) {
+  for (const SoundStem& stem : kSoundStems) {
     if (stem.looping) Halt(stem.id);
   }
 }

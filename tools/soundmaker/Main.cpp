@@ -7,10 +7,8 @@
 
 #include "data/Files.h"
 #include "data/Result.h"
-#include "soundmaker/Finish.h"
+#include "soundmaker/Recording.h"
 #include "soundmaker/SoundList.h"
-#include "soundmaker/Synth.h"
-#include "soundmaker/Wave.h"
 
 namespace {
 
@@ -19,26 +17,12 @@ using zorik::Done;
 using zorik::Failure;
 using zorik::Result;
 
-// Chance differs from sound to sound and from recording to recording, and is the same in each build.
-std::uint64_t SeedOf(const std::string& file) {
-  std::uint64_t seed = 0;
-  for (const char letter : file) seed = seed * 257 + static_cast<unsigned char>(letter);
-  return seed;
-}
-
 Result<Done> Record(const sound::SoundEntry& entry, const sound::Recipe& recipe, const std::string& folder) {
-  for (std::size_t i = 0; i < entry.pitches.size(); ++i) {
-    const std::string file = entry.FileOf(i + 1);
-    sound::Stereo stereo = sound::Play(recipe, {.seconds = entry.seconds,
-                                                .loop = entry.loop,
-                                                .shift = 1 + entry.pitches[i] / 100,
-                                                .seed = SeedOf(file)});
-    if (recipe.press) sound::Press(*recipe.press, stereo);
-    const Result<Done> finished = sound::Finish(entry.loudness, entry.loop, stereo);
-    if (!finished) return Failure{file + ": " + finished.Message()};
-    const std::string path = (std::filesystem::path(folder) / file).string();
-    if (const Result<Done> written = zorik::WriteWhole(path, sound::WaveFile(stereo)); !written)
-      return written;
+  for (std::size_t number = 1; number <= entry.pitches.size(); ++number) {
+    const Result<std::string> wave = sound::MakeRecording(entry, recipe, number);
+    if (!wave) return Failure{wave.Message()};
+    const std::string path = (std::filesystem::path(folder) / entry.FileOf(number)).string();
+    if (const Result<Done> written = zorik::WriteWhole(path, *wave); !written) return written;
   }
   return Done{};
 }

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <charconv>
 #include <cstddef>
+#include <cstdlib>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -52,9 +52,13 @@ Result<Done> ReadLines(std::string_view text, Read read) {
 // A word that is a number as a whole, and lies within the bounds.
 inline std::optional<double> NumberOf(std::string_view word, double lowest, double highest) {
   if (!word.empty() && word.front() == '+') word.remove_prefix(1);
-  double number = 0;
-  const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), number);
-  if (error != std::errc() || end != word.data() + word.size()) return {};
+  // from_chars would do, if all libraries had it for these.
+  if (word.empty() || word.front() == '+' || word.find_first_not_of("0123456789.eE+-") != word.npos)
+    return {};
+  const std::string text(word);
+  char* end = nullptr;
+  const double number = std::strtod(text.c_str(), &end);
+  if (end != text.c_str() + text.size()) return {};
   if (!(number >= lowest && number <= highest)) return {};
   return number;
 }

@@ -52,4 +52,23 @@ std::string JsonText(std::string_view text) {
   return quoted + "\"";
 }
 
+JsonObject& JsonObject::Raw(std::string_view name, std::string_view json) {
+  if (!members_.empty()) members_ += ',';
+  members_ += JsonText(name) + ':' + std::string(json);
+  return *this;
+}
+
+std::string JsonList(const std::vector<std::string>& items) {
+  std::string list = "[";
+  for (const std::string& item : items) list += (list.size() > 1 ? "," : "") + item;
+  return list + "]";
+}
+
+std::string JsonNumbers(const std::vector<int>& numbers) {
+  std::vector<std::string> items;
+  items.reserve(numbers.size());
+  for (const int number : numbers) items.push_back(std::to_string(number));
+  return JsonList(items);
+}
+
 }  // namespace zorik

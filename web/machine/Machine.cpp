@@ -139,17 +139,17 @@ int zk_record_tell(const char* bytes, int size) {
     return 0;
   }
   Answer() = JsonObject()
-                 .Text("collection", head.CollectionName)
+                 .Text("collection", ToUtf8(head.CollectionName))
                  .Number("score", head.Score)
-                 .Text("player", head.Player)
-                 .Text("cave", cave->Name)
-                 .Text("description", cave->Description)
+                 .Text("player", ToUtf8(head.Player))
+                 .Text("cave", ToUtf8(cave->Name))
+                 .Text("description", ToUtf8(cave->Description))
                  .Number("width", cave->Width)
                  .Number("height", cave->Height)
                  .Number("gems", cave->GemsNeeded)
                  .Number("time", cave->Time)
                  .Text("scheme", SchemeOf(*cave))
-                 .Text("name", RecordFileName(head.CollectionName, cave->Name))
+                 .Text("name", ToUtf8(RecordFileName(head.CollectionName, cave->Name)))
                  .Done();
   return 1;
 }

@@ -32,6 +32,16 @@ ZK_CALL int zk_sheets(const char* scheme, int schemeSize, const unsigned char* s
 // -1 for nothing. The cell is bare (0) or earth (1).
 ZK_CALL int zk_edge(int ground, int edges, int quarter);
 
+// Sounds
+
+// JSON of all sounds that the list (skins/Default/Sound/sounds.txt) tells of: sound (SoundId), name,
+// recordings (how many), loop.
+ZK_CALL int zk_sounds_tell(const char* list, int size);
+
+// Makes a recording, counted from 1, of the sound with this name. The answer is a wave file.
+ZK_CALL int zk_sound_make(const char* list, int listSize, const char* name, int nameSize, const char* recipe,
+                          int recipeSize, int number);
+
 // Collections
 
 // Reads a collection's file (.zk).

@@ -16,8 +16,8 @@
 #include "machine/Collection.h"
 #include "machine/Machine.h"
 #include "machine/PageRun.h"
-#include "machine/Telling.h"
 #include "run/TickText.h"
+#include "zktool/Json.h"
 
 using namespace zorik;
 
@@ -131,10 +131,10 @@ const int* zk_run_state(ZkRun* run) {
 void zk_run_tell(ZkRun* run) {
   const Hra& hra = run->run.Machine();
   Answer() = JsonObject()
-                 .Text("cave", hra.CaveName)
-                 .Text("collection", hra.CollectionName)
-                 .Text("player", hra.ReplayPlaying() ? hra.RecordPlayer : hra.PlayerName)
-                 .Text("scheme", hra.Scheme)
+                 .Text("cave", ToUtf8(hra.CaveName))
+                 .Text("collection", ToUtf8(hra.CollectionName))
+                 .Text("player", ToUtf8(hra.ReplayPlaying() ? hra.RecordPlayer : hra.PlayerName))
+                 .Text("scheme", ToUtf8(hra.Scheme))
                  .Number("hue", hra.SchemeHue)
                  .Done();
 }

@@ -15,8 +15,8 @@ std::string TellCave(const PlayedCollection& collection, std::size_t number) {
   const CaveRecord& cave = collection.Caves[number - 1].Record;
   return JsonObject()
       .Number("number", static_cast<int>(number))
-      .Text("name", cave.Name)
-      .Text("description", cave.Description)
+      .Text("name", ToUtf8(cave.Name))
+      .Text("description", ToUtf8(cave.Description))
       .Number("width", cave.Width)
       .Number("height", cave.Height)
       .Number("gems", cave.GemsNeeded)
@@ -24,34 +24,11 @@ std::string TellCave(const PlayedCollection& collection, std::size_t number) {
       .Text("scheme", SchemeOf(cave))
       .Truth("bonus", JeBonus(cave.Name))
       .Truth("open", collection.OpenCaves[number])
-      .Text("record", RecordFileName(collection.Name, cave.Name))
+      .Text("record", ToUtf8(RecordFileName(collection.Name, cave.Name)))
       .Done();
 }
 
 }  // namespace
-
-JsonObject& JsonObject::Text(std::string_view name, std::string_view text) {
-  return Raw(name, JsonText(ToUtf8(text)));
-}
-
-JsonObject& JsonObject::Raw(std::string_view name, std::string_view json) {
-  if (!members_.empty()) members_ += ',';
-  members_ += JsonText(name) + ':' + std::string(json);
-  return *this;
-}
-
-std::string JsonList(const std::vector<std::string>& items) {
-  std::string list = "[";
-  for (const std::string& item : items) list += (list.size() > 1 ? "," : "") + item;
-  return list + "]";
-}
-
-std::string JsonNumbers(const std::vector<int>& numbers) {
-  std::vector<std::string> items;
-  items.reserve(numbers.size());
-  for (const int number : numbers) items.push_back(std::to_string(number));
-  return JsonList(items);
-}
 
 // Set-up knows it: a colouring that means none leaves the one before.
 std::string SchemeOf(const CaveRecord& cave) {
@@ -65,11 +42,11 @@ std::string TellCollection(const PlayedCollection& collection) {
   for (std::size_t number = 1; number <= collection.Caves.size(); ++number)
     caves.push_back(TellCave(collection, number));
   return JsonObject()
-      .Text("name", collection.Name)
-      .Text("author", collection.Author)
-      .Text("description", collection.Description)
-      .Text("mail", collection.AuthorMail)
-      .Text("congratulation", collection.Congratulation)
+      .Text("name", ToUtf8(collection.Name))
+      .Text("author", ToUtf8(collection.Author))
+      .Text("description", ToUtf8(collection.Description))
+      .Text("mail", ToUtf8(collection.AuthorMail))
+      .Text("congratulation", ToUtf8(collection.Congratulation))
       .Raw("caves", JsonList(caves))
       .Done();
 }

@@ -115,6 +115,23 @@ class Machine {
     return this.call('edge', ground, edges, quarter);
   }
 
+  // The sounds, made of the recipes in the index of the assets: { loop, files: wave files } by their numbers. It takes a
+  // moment, and lets others have their turn between two sounds.
+  async sounds({ list, recipes }) {
+    this.must('sounds_tell', list);
+    const made = [];
+    for (const { sound, name, recordings, loop } of this.json()) {
+      made[sound] = { loop, files: [] };
+      if (!(name in recipes)) continue;
+      for (let number = 1; number <= recordings; ++number) {
+        await new Promise((resolve) => { setTimeout(resolve); });
+        this.must('sound_make', list, name, recipes[name], number);
+        made[sound].files.push(this.bytes().buffer);
+      }
+    }
+    return made;
+  }
+
   openCollection(bytes) {
     return new Collection(this, this.must('collection_open', bytes));
   }
