@@ -96,6 +96,7 @@ class FrmPoSt : public SkinWindow {
 
   void Congratulate();
   void ClickedSend();
+  void ClickedAsPage();
   void ClickedAuthor();
   QPoint MenuPlace(const SkinButton& button) const;
   OpenFailed TellNoProgram(const QString& target);
