@@ -96,7 +96,7 @@ apt install man-db
 system >"$folder/before"
 apt install /root/zorik.deb
 for page in zorik zktool downloader; do
-  inside player man --warnings -P cat "$page" >"$folder/words" 2>"$folder/warnings" || fail "man $page"
+  inside player env LANG=C.UTF-8 man --warnings -P cat "$page" >"$folder/words" 2>"$folder/warnings" || fail "man $page"
   [[ ! -s $folder/warnings ]] || fail "man $page: $(<"$folder/warnings")"
   [[ $(wc -l <"$folder/words") -gt 20 ]] || fail "man $page shows: $(<"$folder/words")"
   step "man $page: $(wc -l <"$folder/words") lines"
