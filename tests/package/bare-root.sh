@@ -181,7 +181,9 @@ printf 'mine\n' >"$root/home/player/.local/share/zorik/Caves/mine.zk"
 home >"$folder/home"
 apt remove zorik
 [[ ! -e $root/usr/games/zorik && ! -e $root/usr/share/games/zorik ]] || fail "It is still there."
-apt purge zorik
+# What has no settings of its own is gone for good by now; dpkg says so and is content.
+inside root dpkg --purge zorik >>"$folder/apt.log" 2>&1 || fail "dpkg --purge"
+[[ -z $(inside root dpkg-query -W -f '${db:Status-Status}' zorik 2>/dev/null) ]] || fail "The system still knows it."
 diff "$folder/home" <(home) || fail "Something of the player's has changed."
 step "the player keeps $(wc -l <"$folder/home") files"
 diff "$folder/before" <(system) || fail "The system is not what it was before."
