@@ -27,8 +27,7 @@ same() {
 }
 below() { (cd "$1" && find . "${@:2}" -printf '%P\n' | sort); }
 
-DESTDIR="$scratch" cmake --install "$build" --prefix /usr >"$scratch.log"
-rm "$scratch.log"
+DESTDIR="$scratch" cmake --install "$build" --prefix /usr >/dev/null
 
 layout() {
   local folder words
@@ -36,7 +35,8 @@ layout() {
   same "the folders" "$(printf '%s\n' games share share/{applications,games,icons,man,metainfo,mime})" \
     "$(below "$usr" -mindepth 1 -maxdepth 2 -type d -not -path './games/*')"
   same "the root" usr "$(below "$scratch" -mindepth 1 -maxdepth 1)"
-  same "the programs" "$(printf '%s\n' downloader zktool zorik)" "$(below "$usr/games" -type f -perm 755)"
+  words=$(printf '%s\n' downloader zktool zorik; [[ ! -e $build/tools/zkpaint ]] || echo zkpaint)
+  same "the programs" "$(sort <<<"$words")" "$(below "$usr/games" -type f -perm 755)"
   same "the data" "$(printf '%s\n' Caves Help Replays Skins)" "$(below "$data" -mindepth 1 -maxdepth 1 -type d)"
   [[ -z $(find "$usr/share" -type f -not -perm 644) ]] || wrong "These are for some only: $(find "$usr/share" -type f -not -perm 644)"
 
@@ -78,7 +78,7 @@ manual() {
   mapfile -t commands < <("$zktool" --help | sed -nE 's/^  ([a-z]+) .*/\1/p')
   for name in "${commands[@]}"; do
     [[ $(plain zktool) == *$'\n'".SS $name"$'\n'* ]] || wrong "zktool(6) has no chapter on $name."
-    mapfile -t words < <("$zktool" "$name" --help | grep -oE -- '--[a-z][a-z-]*' | sort -u)
+    mapfile -t words < <("$zktool" "$name" --help | grep -oE -- '(^|[[ ])--?[a-z][a-z-]*' | tr -d '[ ' | sort -u)
     names zktool "$name" "${words[@]}"
   done
   mapfile -t words < <("$zktool" --help | sed -nE '/^Exit codes/,$s/^ +[0-9]+  ([a-z-]+) .*/\1/p')
