@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "run/Ghost.h"
-#include "skin/CellPictures.h"
-#include "skin/Motion.h"
+#include "view/CellPictures.h"
+#include "view/Motion.h"
 
 namespace zorik {
 
