@@ -135,7 +135,7 @@ TEST_F(LaidOver, APictureStandsWhereTheViewHasItsCell) {
     test::Pass(hra_, 1, i < 5 ? "R" : "D");
     plain_ = painter_->Compose(hra_, {507, 299});
     Overlay overlay;
-    overlay.sprites.push_back({{hra_.Dog[1].x, hra_.Dog[1].y}, {kSetDog, 0, 0}, 1});
+    overlay.sprites.push_back({QPointF(hra_.Dog[1].x, hra_.Dog[1].y), {kSetDog, 0, 0}, 1});
     EXPECT_EQ(Over(overlay), plain_) << "a dog laid over the very same dog is not seen, step " << i;
     EXPECT_FALSE(touched_.isEmpty());
     overlay.sprites[0].cell += QPoint(1, 0);
