@@ -87,14 +87,9 @@ class PageTest(unittest.TestCase):
     def walk(self, keys):
         """Taps arrow after arrow, as a patient player would."""
         for arrow, action in keys:
+            self.browser.tap(ARROWS[arrow], action)
             ticks = self.state()["ticks"]
-            if action:
-                self.browser.key("down", "Shift")
-            self.browser.key("down", ARROWS[arrow])
-            self.browser.key("up", ARROWS[arrow])
-            if action:
-                self.browser.key("up", "Shift")
-            self.browser.until(lambda: self.state()["ticks"] > ticks + 1 or self.state()["won"], "two ticks have passed")
+            self.browser.until(lambda: self.state()["ticks"] > ticks or self.state()["won"], "a tick has passed")
 
     def at(self, goal):
         unit = self.state()["units"][1]
