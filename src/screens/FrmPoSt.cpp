@@ -5,6 +5,7 @@
 #include <QScreen>
 #include <algorithm>
 
+#include "data/Files.h"
 #include "data/MailFile.h"
 #include "data/RecordFile.h"
 #include "data/Result.h"
@@ -14,6 +15,7 @@
 #include "screens/DesktopServices.h"
 #include "screens/FrmDialog2.h"
 #include "screens/MsgBox.h"
+#include "screens/PageOffer.h"
 #include "screens/PlainText.h"
 #include "screens/ScrollButton.h"
 #include "screens/SkinLabel.h"
@@ -202,7 +204,7 @@ void FrmPoSt::SkinButtons() {
   PlaceButton(skin_, *replay_, "select.replay", skin_.Text(TextId::PlayRecord));
   PlaceButton(skin_, *play_, "select.play", skin_.Text(TextId::PlayCave));
   PlaceButton(skin_, *congratulation_, "select.congratulation", skin_.Text(TextId::ReadCongratulation));
-  PlaceButton(skin_, *send_, "select.send", skin_.Text(TextId::SendRecords));
+  PlaceButton(skin_, *send_, "select.send", skin_.Text(TextId::SendRecords) + '\n' + kAsPageWords.In(skin_));
   PlaceButton(skin_, *practice_, "select.practice", kPracticeButtonWords.In(skin_));
   PlaceButton(skin_, *vscroll_, "select.vscroll", QString());
   PlaceButton(skin_, *close_, "select.close", kCloseWords.In(skin_));
@@ -352,6 +354,14 @@ void FrmPoSt::ClickedSend() {
   openers_.file(path, TellNoProgram(ShownPath(path)));
 }
 
+// The record of the chosen cave, where there is one that counts.
+void FrmPoSt::ClickedAsPage() {
+  if (replay_->isHidden()) return;
+  const Result<std::string> record = ReadWhole(Caves().RecordPath());
+  if (!record) return Say(kNoRecordWords.In(skin_));
+  OfferPage(skin_, this, *record, ToQString(Caves().Cave(Caves().Selected()).Record.Name));
+}
+
 void FrmPoSt::ClickedAuthor() {
   const PlayedCollection& collection = Caves().Collection();
   const QString address = ToQString(collection.AuthorMail);
@@ -410,6 +420,9 @@ bool FrmPoSt::Command(int key) {
     case Qt::Key_E:
     case Qt::Key_S:
       ClickedSend();
+      return true;
+    case Qt::Key_W:
+      ClickedAsPage();
       return true;
     case Qt::Key_T:
       ClickedPractice();

@@ -94,6 +94,7 @@ class FrmPoSt : public SkinWindow {
 
   void Congratulate();
   void ClickedSend();
+  void ClickedAsPage();
   void ClickedAuthor();
   void ChooseGhost();
   OpenFailed TellNoProgram(const QString& target);

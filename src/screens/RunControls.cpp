@@ -4,7 +4,7 @@
 
 namespace zorik {
 
-RunControls::RunControls(HraWindow& window, const Skin& skin, const Settings& settings)
+RunControls::RunControls(HraWindow& window, Skin& skin, const Settings& settings)
     : window_(window),
       plain_(window, settings),
       theatre_(window, skin, settings),

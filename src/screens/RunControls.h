@@ -9,7 +9,7 @@ namespace zorik {
 class RunControls {
  public:
   // All live longer. The window has all its parts by now.
-  RunControls(HraWindow& window, const Skin& skin, const Settings& settings);
+  RunControls(HraWindow& window, Skin& skin, const Settings& settings);
 
   // A run has been started; again: it was on before.
   void Starts(bool again);

@@ -93,6 +93,11 @@ inline constexpr StartWords kPlayAgainWords{"caption.theatre.again"};
 inline constexpr StartWords kTakeOverWords{"caption.theatre.takeover"};
 inline constexpr StartWords kTakeOverHint{"caption.theatre.takeoverhint"};
 
+// Of a record as a page for a browser.
+inline constexpr StartWords kAsPageWords{"caption.page.offer"};
+inline constexpr StartWords kPageKindWords{"caption.page.kind"};
+inline constexpr StartWords kNoPageWords{"caption.page.lacking"};
+
 // Of a run in practice.
 inline constexpr StartWords kPracticeWords{"caption.practice.badge"};
 inline constexpr StartWords kPracticeKeysWords{"caption.practice.keys"};

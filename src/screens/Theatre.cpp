@@ -10,9 +10,11 @@
 
 #include "core/Speed.h"
 #include "screens/HraWindow.h"
+#include "screens/PageOffer.h"
 #include "screens/StartWords.h"
 #include "screens/TheatreBar.h"
 #include "skin/Skin.h"
+#include "skin/ToQString.h"
 
 namespace zorik {
 namespace {
@@ -33,7 +35,7 @@ QString SpeedText(double speed, const Skin& skin) {
 
 }  // namespace
 
-Theatre::Theatre(HraWindow& window, const Skin& skin, const Settings& settings)
+Theatre::Theatre(HraWindow& window, Skin& skin, const Settings& settings)
     : RunControl(window, settings), skin_(skin), bar_(new TheatreBar(&window)) {
   leave_.setSingleShot(true);
   leave_.setInterval(kBarStays);
@@ -91,7 +93,7 @@ int Theatre::Position() const {
 // Keys
 
 Theatre::Act Theatre::ActOf(int key) {
-  static constexpr std::array<std::pair<int, Act>, 12> kActs{{{Qt::Key_Space, &Theatre::TogglePlay},
+  static constexpr std::array<std::pair<int, Act>, 13> kActs{{{Qt::Key_Space, &Theatre::TogglePlay},
                                                               {Qt::Key_Period, &Theatre::StepOn},
                                                               {Qt::Key_Comma, &Theatre::StepBack},
                                                               {Qt::Key_Right, &Theatre::SeekOn},
@@ -101,6 +103,7 @@ Theatre::Act Theatre::ActOf(int key) {
                                                               {Qt::Key_Up, &Theatre::Faster},
                                                               {Qt::Key_Down, &Theatre::Slower},
                                                               {Qt::Key_F7, &Theatre::WhatKilledMe},
+                                                              {Qt::Key_W, &Theatre::AsPage},
                                                               {Qt::Key_Return, &Theatre::TakeOver},
                                                               {Qt::Key_Enter, &Theatre::TakeOver}}};
   for (const auto& [its, act] : kActs) {
@@ -181,6 +184,14 @@ void Theatre::TakeOver() {
 
 void Theatre::WhatKilledMe() {
   AskWhatKilled(*timeline_, skin_);
+}
+
+// The lines of the record, put together again.
+void Theatre::AsPage() {
+  RecordLines lines = window_.Machine().WholeRecord;
+  std::string record(lines.Next());
+  while (!lines.AtEnd()) record += "\r\n" + std::string(lines.Next());
+  window_.WithDialog([&] { OfferPage(skin_, &window_, record, ToQString(window_.Machine().CaveName)); });
 }
 
 void Theatre::CouldBeSaved(int tick) {

@@ -18,12 +18,12 @@ class TheatreBar;
 //
 // Space: play, or stand still. Full stop and comma: a tick on or back; left and right: five seconds; Home,
 // End. Up and down: faster, slower. Enter: take over. F7: what killed the
-// last unit.
+// last unit. W: the record as a page for a browser.
 class Theatre : public RunControl {
   Q_OBJECT
 
  public:
-  Theatre(HraWindow& window, const Skin& skin, const Settings& settings);
+  Theatre(HraWindow& window, Skin& skin, const Settings& settings);
 
   void Starts(bool again) override;
   void Stops() override;
@@ -67,6 +67,7 @@ class Theatre : public RunControl {
   void Slower() { ChangeSpeed(-1); }
   void TakeOver();
   void WhatKilledMe();
+  void AsPage();
 
   int Position() const;
   void Step(int ticks);
@@ -80,7 +81,7 @@ class Theatre : public RunControl {
   void ShowPosition();
   void MaybeHideBar();
 
-  const Skin& skin_;
+  Skin& skin_;
   TheatreBar* bar_;
   std::optional<Timeline> timeline_;
   bool fresh_ = false;  // has not gone on yet: a dialog may stand before the record

@@ -20,6 +20,13 @@ void CaveView::MoveView(const Hra& hra, bool jump) {
   view_.Follow(unit.x, unit.y, hra.CaveWidth, hra.CaveHeight, jump);
 }
 
+void CaveView::SetReach(const Hra& hra, double columns, double rows) {
+  const Unit& unit = hra.Dog[static_cast<std::size_t>(hra.ActiveDog)];
+  motion_.Forget();
+  view_.SetReach(columns, rows);
+  view_.Follow(unit.x, unit.y, hra.CaveWidth, hra.CaveHeight, true);
+}
+
 void CaveView::ShowMoment(const Hra& hra, bool jump) {
   motion_.Forget();
   pictures_.ShowMoment(hra);

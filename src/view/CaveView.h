@@ -36,6 +36,9 @@ class CaveView {
   // Whether nothing glitters, from the next change of each cell on.
   void SetStill(bool on) { pictures_.SetStill(on); }
 
+  // The most cells that the view shows while it follows the unit, at once. Nothing is on its way any more.
+  void SetReach(const Hra& hra, double columns, double rows);
+
   // Whether the view follows the steered unit; if not it holds the whole cave.
   void SetScrollView(bool on) { scrollView_ = on; }
   bool ScrollView() const { return scrollView_; }

@@ -26,9 +26,14 @@ int ZornePole::Axis::Length() const {
   return static_cast<int>(extent * kTileSize);
 }
 
+void ZornePole::SetReach(double columns, double rows) {
+  columns_ = std::max(1.0, columns);
+  rows_ = std::max(1.0, rows);
+}
+
 void ZornePole::Follow(int x, int y, int caveWidth, int caveHeight, bool jump) {
-  across_.Follow(x, caveWidth, kViewColumns, jump);
-  down_.Follow(y, caveHeight, kViewRows, jump);
+  across_.Follow(x, caveWidth, columns_, jump);
+  down_.Follow(y, caveHeight, rows_, jump);
 }
 
 ViewArea ZornePole::Scrolled() const {

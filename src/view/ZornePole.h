@@ -5,7 +5,7 @@ namespace zorik {
 // Edge of a tile's frame, and of a cell in the view, in logical pixels.
 inline constexpr int kTileSize = 80;
 
-// A view never shows more cells than these.
+// A view shows no more cells than these, unless it is told another reach.
 inline constexpr double kViewColumns = 19.5;
 inline constexpr double kViewRows = 11.5;
 
@@ -22,6 +22,9 @@ struct ViewArea {
 // The view that follows the steered unit. It closes a fifth of the distance in each tick.
 class ZornePole {
  public:
+  // The most cells that the view shows from the next step on, 1 at least: a narrow screen has room for fewer.
+  void SetReach(double columns, double rows);
+
   // The unit is in the cell (x, y) of a cave of this size, in cells. With jump the view is there at once.
   void Follow(int x, int y, int caveWidth, int caveHeight, bool jump);
 
@@ -45,6 +48,8 @@ class ZornePole {
     int Length() const;
   };
 
+  double columns_ = kViewColumns;
+  double rows_ = kViewRows;
   Axis across_;
   Axis down_;
 };

@@ -2,7 +2,11 @@
 #include <gtest/gtest.h>
 
 #include <QSignalSpy>
+#include <filesystem>
 
+#include "data/Files.h"
+#include "data/Result.h"
+#include "screens/PageOffer.h"
 #include "screens/PostList.h"
 #include "support/Spoiled.h"
 
@@ -122,6 +126,31 @@ TEST_F(FrmPoStCommands, WritesALetterAndOpensItByButtonAndKeys) {
   const auto letter = ReadWhole(path.toStdString());
   ASSERT_TRUE(letter);
   EXPECT_NE(letter->find("Sada_-_c1.zkr"), std::string::npos);
+}
+
+TEST_F(FrmPoStCommands, SaysThatItCannotMakeAPageOfARecordWithoutATemplate) {
+  Caves(1);
+  Open();
+  const QString said =
+      Message([&] { OfferPage(skin, window.get(), "record", "c1", folder.Root() + "/nowhere"); });
+  EXPECT_TRUE(said.startsWith("Hra tu nemá předlohu stránky (page.html)")) << said.toStdString();
+}
+
+TEST_F(FrmPoStCommands, RefusesToMakeAPageOfWhatIsNoRecord) {
+  Caves(1);
+  Open();
+  std::filesystem::create_directories(folder.Root() + "/program");
+  ASSERT_TRUE(WriteWhole(folder.Root() + "/program/page.html", "<!--given-->"));
+  const QString said =
+      Message([&] { OfferPage(skin, window.get(), "record", "c1", folder.Root() + "/program"); });
+  EXPECT_EQ(said, "Záznam nelze přehrát");
+}
+
+TEST_F(FrmPoStCommands, OffersNoPageOfACaveThatIsNotWon) {
+  Caves(1);
+  Open();
+  Press(Qt::Key_W);  // a box would wait here for ever
+  EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
 }
 
 TEST_F(FrmPoStCommands, TellsWhenNoProgramTakesTheLetter) {

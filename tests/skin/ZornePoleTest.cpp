@@ -54,6 +54,15 @@ TEST(ZornePole, HasTheUnitInItsMiddle) {
   EXPECT_EQ(view.Scrolled(), (ViewArea{860, 780, 1560, 920}));
 }
 
+TEST(ZornePole, ReachesAsFarAsItIsTold) {
+  ZornePole view;
+  view.SetReach(10, 14.5);
+  view.Follow(20, 15, 40, 30, true);
+  // The middle of the unit's cell is 20.5 cells from the left and 15.5 from the top, half of the view 5
+  // and 7.25.
+  EXPECT_EQ(view.Scrolled(), (ViewArea{1240, 660, 800, 1160}));
+}
+
 TEST(ZornePole, ClosesAFifthOfTheDistanceInATick) {
   ZornePole view;
   view.Follow(20, 15, 40, 30, true);

@@ -7,6 +7,7 @@
 #include <ostream>
 
 #include "data/Result.h"
+#include "zktool/PageHelp.h"
 
 namespace zorik {
 namespace {
@@ -36,6 +37,7 @@ constexpr std::array<Option, 2> kVerifyOptions{{{"--json"}, {"--collection", tru
 constexpr std::array<Option, 1> kUnpackOptions{{{"--force"}}};
 constexpr std::array<Option, 2> kPackOptions{{{"--strict"}, {"--words", true}}};
 constexpr std::array<Option, 1> kCarryOptions{{{"--player", true}}};
+constexpr std::array<Option, 2> kPageOptions{{{"-o", true, true}, {"--template", true}}};
 constexpr std::array<Option, 1> kScrambleOptions{{{"--seed", true}}};
 constexpr std::array<Option, 7> kSolveOptions{{{"--seconds", true},
                                                {"--shorten", true},
@@ -275,7 +277,7 @@ A fault is certain, a hint only suspicious, so the command says no only where th
 
 )";
 
-constexpr std::array<Command, 16> kCommands{{
+constexpr std::array<Command, 17> kCommands{{
     {"run",
      "--cave FILE --keys FILE [--seed N] [--ticks T] [--record OUT.zkr] [--record-always] [--grid]",
      "Plays a cave with the keys of a script and prints the trace.",
@@ -327,6 +329,13 @@ constexpr std::array<Command, 16> kCommands{{
      kCarryOptions,
      {4, 4},
      CarryCommand},
+    {"page",
+     "RECORD.zkr|COLLECTION.zk -o OUT.html [--template FILE]",
+     "Makes a page of one file that shows a record or caves in a browser.",
+     kPageDetails,
+     kPageOptions,
+     {1, 1},
+     PageCommand},
     {"progress",
      "COLLECTION.zk PLAYER-FOLDER",
      "Prints how far a player has come in a collection.",

@@ -27,6 +27,7 @@ Exit PackCommand(const CommandLine& line, Console& console);
 Exit CarryCommand(const CommandLine& line, Console& console);
 Exit FetchCommand(const CommandLine& line, Console& console);
 Exit NewCommand(const CommandLine& line, Console& console);
+Exit PageCommand(const CommandLine& line, Console& console);
 Exit ProgressCommand(const CommandLine& line, Console& console);
 Exit ScrambleCommand(const CommandLine& line, Console& console);
 Exit UnscrambleCommand(const CommandLine& line, Console& console);

@@ -162,6 +162,9 @@ ZK_CALL void zk_view_no_surprise(ZkRun* run, int on);
 ZK_CALL void zk_view_still(ZkRun* run, int on);
 ZK_CALL void zk_view_smooth(ZkRun* run, int on);
 
+// The most cells that the view shows while it follows the unit: 19.5 x 11.5 at first, as on the desktop.
+ZK_CALL void zk_view_reach(ZkRun* run, double columns, double rows);
+
 // Looks at the run, for a picture that fits into a frame of this size in pixels; way, from 0 to 1, is how far
 // what moves has come between the last tick but one and the last. The plan tells what is drawn where: numbers
 // in the order of PlanSlot in PageRun.h.

@@ -217,6 +217,10 @@ void zk_view_smooth(ZkRun* run, int on) {
   run->run.SetSmooth(on != 0);
 }
 
+void zk_view_reach(ZkRun* run, double columns, double rows) {
+  run->run.View().SetReach(run->run.Machine(), columns, rows);
+}
+
 const int* zk_view_look(ZkRun* run, int frameWidth, int frameHeight, double way) {
   return run->run.Plan({frameWidth, frameHeight}, way).data();
 }

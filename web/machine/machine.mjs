@@ -288,6 +288,7 @@ class Run {
   setWhole(on) { this.machine.call('view_whole', this.place, on ? 1 : 0); }
   setNoSurprise(on) { this.machine.call('view_no_surprise', this.place, on ? 1 : 0); }
   setStill(on) { this.machine.call('view_still', this.place, on ? 1 : 0); }
+  setReach(columns, rows) { this.machine.call('view_reach', this.place, columns, rows); }
   setSmooth(on) { this.machine.call('view_smooth', this.place, on ? 1 : 0); }
 
   // Whether anything is on its way after the last tick.

@@ -1,0 +1,86 @@
+#include "data/WebPage.h"
+
+#include <array>
+#include <cstdint>
+#include <filesystem>
+#include <system_error>
+
+#include "data/CaveO.h"
+#include "data/Collection.h"
+#include "data/Files.h"
+#include "data/Lines.h"
+#include "data/RecordFile.h"
+#include "data/Result.h"
+
+namespace zorik {
+namespace {
+
+namespace fs = std::filesystem;
+
+// What stands in the template once, where the page's own content belongs.
+constexpr std::string_view kPlace = "<!--given-->";
+
+// Seen from the folder of a program.
+constexpr std::array kTemplates{"page.html", "../share/games/zorik/page.html", "../../web/page.html",
+                                "../../../web/page.html"};
+
+std::uint32_t ByteAt(std::string_view bytes, std::size_t place) {
+  return place < bytes.size() ? static_cast<unsigned char>(bytes[place]) : 0;
+}
+
+bool IsRecord(std::string_view bytes) {
+  RecordLines lines{std::string(bytes)};
+  const std::string text = ReadRecordHead(lines).CaveText;
+  return !text.empty() && ParseCaveText(text);
+}
+
+// What the page calls it; empty for what it cannot show.
+std::string_view KindOf(std::string_view bytes) {
+  if (IsRecord(bytes)) return "record";
+  const Result<PlayedCollection> collection = ReadForPlay(bytes);
+  return collection && !collection->Caves.empty() ? "collection" : "";
+}
+
+}  // namespace
+
+std::string Base64(std::string_view bytes) {
+  constexpr std::string_view kLetters = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
+  std::string text;
+  text.reserve((bytes.size() + 2) / 3 * 4);
+  for (std::size_t at = 0; at < bytes.size(); at += 3) {
+    const std::uint32_t three =
+        ByteAt(bytes, at) << 16U | ByteAt(bytes, at + 1) << 8U | ByteAt(bytes, at + 2);
+    for (const unsigned shift : {18U, 12U, 6U, 0U}) text += kLetters[three >> shift & 63U];
+  }
+  const std::size_t missing = (3 - bytes.size() % 3) % 3;
+  return text.replace(text.size() - missing, missing, missing, '=');
+}
+
+Result<std::string> BuildWebPage(std::string_view pageTemplate, std::string_view bytes) {
+  const std::string_view kind = KindOf(bytes);
+  if (kind.empty()) return Failure{"it is neither a record nor a collection of caves"};
+  const std::size_t place = pageTemplate.find(kPlace);
+  if (place == std::string_view::npos) return Failure{"the page's template has no place for it"};
+  std::string page(pageTemplate.substr(0, place));
+  page += R"(<script id="given" type="application/json">{"kind":")";
+  page += kind;
+  page += R"(","bytes":")" + Base64(bytes) + R"("}</script>)";
+  page += pageTemplate.substr(place + kPlace.size());
+  return page;
+}
+
+std::optional<std::string> FindWebPageTemplate(const std::string& programFolder) {
+  for (const char* const path : kTemplates) {
+    const fs::path file = (fs::path(programFolder) / path).lexically_normal();
+    if (IsReadableFile(file.string())) return file.string();
+  }
+  return std::nullopt;
+}
+
+std::string RunningProgramFolder() {
+  std::error_code error;
+  const fs::path program = fs::read_symlink("/proc/self/exe", error);
+  return error ? std::string() : program.parent_path().string();
+}
+
+}  // namespace zorik

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QString>
+#include <string>
+
+#include "data/WebPage.h"
+
+class QWidget;
+
+namespace zorik {
+
+class Skin;
+
+// Offers to write a record, given as the bytes of its file, as a page of one file for a browser; the player
+// chooses where. name: what the page is proposed to be called, without an ending. A game that came without
+// the page's template says so; it is looked for from the folder of the program.
+void OfferPage(Skin& skin, QWidget* parent, const std::string& record, const QString& name,
+               const std::string& programFolder = RunningProgramFolder());
+
+}  // namespace zorik

@@ -1,0 +1,346 @@
+"""The page in a real browser. Each test's name is a sentence that is true.
+
+usage: page_test.py PAGE-FOLDER ZKTOOL PROOFS-FOLDER PAGE-TEMPLATE [unittest arguments]
+"""
+
+import re
+import subprocess
+import sys
+import tempfile
+import unittest
+from pathlib import Path
+
+from browser import Browser, Server
+
+PAGE, ZKTOOL, PROOFS, TEMPLATE = (Path(argument) for argument in sys.argv[1:5])
+LESSONS = "1-zorikova-skola-cs"
+ARROWS = {37: "ArrowLeft", 38: "ArrowUp", 39: "ArrowRight", 40: "ArrowDown"}
+MOST_BYTES = 1_500_000  # of a page of one record
+
+
+def proof(number):
+    return PROOFS / LESSONS / f"{number:02}.zkr"
+
+
+def zktool(*arguments):
+    return subprocess.run([ZKTOOL, *arguments], capture_output=True, text=True, check=False)
+
+
+def trace(record):
+    """The lines of the ticks of a record, as the native machine tells them."""
+    return [line for line in zktool("replay", record).stdout.splitlines() if line.startswith("tick=")]
+
+
+def keys_of_lesson():
+    """The arrows of the proof of lesson 1, each with whether the key of action is held. Nothing in that cave moves by
+    itself, so each line holds one draw, the arrow's number plus 65, the action's plus 65, and what comes behind."""
+    lines = proof(1).read_bytes().split(b"\r\n")[3:]
+    keys = [(line[1] - 65, line[2] - 65 == 1) for line in lines]
+    return [key for key in keys if key[0] in ARROWS]
+
+
+class PageTest(unittest.TestCase):
+    """A page that has just been opened, in Czech, with nothing kept."""
+
+    size = (1280, 800)
+    phone = False
+    language = "cs"
+
+    def setUp(self):
+        self.folder = tempfile.TemporaryDirectory()
+        self.downloads = Path(self.folder.name) / "downloads"
+        self.downloads.mkdir()
+        self.server = Server(PAGE)
+        self.browser = Browser(self.downloads, self.size, self.language, self.phone)
+        self.browser.open(self.server.url)
+
+    def tearDown(self):
+        asked = self.browser.asked()
+        complaints = self.browser.complaints()
+        self.browser.quit()
+        self.server.stop()
+        self.folder.cleanup()
+        away = [url for url in asked if not url.startswith((self.server.url, "data:", "blob:", "file:"))]
+        self.assertEqual(away, [], "a request has left the page's folder")
+        self.assertGreater(len(asked), 0, "nothing was heard of the network at all")
+        self.assertEqual(complaints, [], "the browser complains of the page")
+
+    def temporary(self, name):
+        return Path(self.folder.name) / name
+
+    def state(self):
+        return self.browser.js("return zorik.run.state()")
+
+    def open_lessons(self):
+        self.browser.click("#collections button")
+        self.browser.one("#caveList button")
+
+    def play_lesson(self):
+        """Plays lesson 1 as a new player."""
+        self.open_lessons()
+        self.browser.click("#play")
+        self.browser.one("dialog[open] input").clear()
+        self.browser.one("dialog[open] input").send_keys("Bětka")
+        self.browser.answer("ok")
+        self.browser.one("#picture")
+
+    def walk(self, keys):
+        """Taps arrow after arrow, as a patient player would."""
+        for arrow, action in keys:
+            self.browser.tap(ARROWS[arrow], action)
+            ticks = self.state()["ticks"]
+            self.browser.until(lambda: self.state()["ticks"] > ticks or self.state()["won"], "a tick has passed")
+
+    def at(self, goal):
+        unit = self.state()["units"][1]
+        return (unit["x"], unit["y"]) == goal
+
+    def win_lesson(self):
+        self.play_lesson()
+        self.walk(keys_of_lesson())
+        self.assertTrue(self.state()["won"])
+        self.browser.one("#score")
+
+
+class Playing(PageTest):
+    def test_lesson_1_is_won_by_keys_and_its_record_verifies(self):
+        self.win_lesson()
+        score = int(self.browser.text("#score"))
+        self.browser.answer("save")
+        record = self.browser.saved(".zkr")
+        told = zktool("verify", record)
+        self.assertEqual(told.returncode, 0, told.stdout)
+        self.assertIn(f"won score={score} stored={score}", told.stdout)
+        self.assertIn('player="Bětka"', told.stdout)
+
+    def test_a_win_opens_the_next_cave_and_outlives_the_page(self):
+        self.open_lessons()
+        self.browser.click('#caveList button[data-number="5"]')
+        closed = self.browser.all("#caveList .closed")
+        self.assertGreater(len(closed), 0)
+        self.assertFalse(self.browser.driver.find_element("id", "play").is_displayed())
+        self.browser.click("#home")
+        self.win_lesson()
+        self.browser.answer("next")
+        self.browser.one("#caveList .solved")
+        self.browser.open(self.server.url)
+        self.open_lessons()
+        self.assertEqual(len(self.browser.all("#caveList .solved")), 1)
+
+    def test_ctrl_r_begins_the_cave_again_and_p_pauses(self):
+        self.play_lesson()
+        start = self.state()["units"][1]
+        self.walk(keys_of_lesson()[:2])
+        self.assertFalse(self.at((start["x"], start["y"])))
+        for kind, key in (("down", "Control"), ("down", "r"), ("up", "r"), ("up", "Control")):
+            self.browser.key(kind, key, control=key == "r")
+        self.browser.until(lambda: self.at((start["x"], start["y"])), "the dog stands where it began")
+        self.browser.key("down", "p")
+        self.browser.key("up", "p")
+        self.browser.one("dialog[open]")
+        ticks = self.state()["ticks"]
+        self.browser.js("return new Promise(done => setTimeout(done, 600))")
+        self.assertEqual(self.state()["ticks"], ticks)
+        self.browser.answer("ok")
+        self.browser.until(lambda: self.state()["ticks"] > ticks, "the run goes on")
+
+    def test_an_english_browser_gets_english_and_the_button_changes_it(self):
+        self.assertEqual(self.browser.text("#language"), "English")
+        self.assertEqual(self.browser.js("return document.documentElement.lang"), "cs")
+        self.browser.click("#language")
+        self.browser.until(lambda: self.browser.text("#shelf h2") == "Collections of caves", "the page speaks English")
+        self.assertEqual(self.browser.js("return document.documentElement.lang"), "en")
+
+
+    def test_both_languages_have_the_same_words(self):
+        keys = self.browser.js("""
+            return Promise.all(["cs", "en"].map(async language => {
+              const words = (await import(`./js/words-${language}.js`)).default;
+              return Object.entries(words).map(([key, text]) => key + [...text.matchAll(/\\?\\d\\?/g)].sort().join(""));
+            }))""")
+        self.assertGreater(len(keys[0]), 50)
+        self.assertEqual(keys[0], keys[1])
+
+
+class Watching(PageTest):
+    def test_a_proof_ends_with_the_hash_of_the_native_machine(self):
+        record = proof(2)
+        last = trace(record)[-1]
+        self.browser.drop("proof.zkr", record.read_bytes())
+        self.browser.answer("ok")
+        self.browser.click("#others button")
+        self.browser.one("#bar")
+        for _ in range(3):
+            self.browser.click("#faster")
+        ticks = int(re.search(r"tick=(\d+)", last).group(1))
+        self.browser.until(lambda: self.state()["position"] == ticks, "the record has come to its end", 120)
+        self.assertEqual(self.browser.js("return zorik.run.hash()"), re.search(r"hash=(\w+)", last).group(1))
+        self.assertTrue(self.state()["won"])
+        self.browser.until(lambda: "Vyhráno" in self.browser.text("#message"), "the page says so, and goes on saying so")
+
+    def test_the_timeline_leads_to_any_moment(self):
+        record = proof(2)
+        lines = trace(record)
+        self.browser.drop("proof.zkr", record.read_bytes())
+        self.browser.answer("ok")
+        self.browser.click("#others button")
+        self.browser.click("#playOrStop")
+        for tick in (len(lines) // 2, 7, len(lines)):
+            self.browser.js("""
+                const line = document.getElementById("seek");
+                line.value = arguments[0];
+                line.dispatchEvent(new Event("input"));""", tick)
+            expected = re.search(r"hash=(\w+)", lines[tick - 1]).group(1)
+            self.assertEqual(self.browser.js("return zorik.run.hash()"), expected, f"tick {tick}")
+        self.browser.key("down", "Home")
+        self.assertEqual(self.state()["position"], 0)
+        self.browser.key("down", ".")
+        self.assertEqual(self.state()["position"], 1)
+
+    def test_a_record_of_another_is_kept_and_can_be_taken_over(self):
+        self.browser.drop("proof.zkr", proof(1).read_bytes())
+        self.browser.answer("ok")
+        self.browser.click("#others button")
+        self.browser.click("#takeOver")
+        self.browser.one("#badge")
+        self.assertEqual(self.state()["kind"], 3)
+        self.browser.until(lambda: self.state()["ticks"] > 8, "practice goes on")
+        ticks = self.state()["ticks"]
+        self.browser.key("down", "Backspace")
+        self.browser.until(lambda: self.state()["ticks"] < ticks - 3, "Backspace turns back time")
+        self.browser.key("up", "Backspace")
+
+
+class Files(PageTest):
+    def test_a_damaged_file_is_told_of_and_nothing_is_lost(self):
+        self.browser.drop("proof.zkr", proof(1).read_bytes())
+        self.browser.answer("ok")
+        for name, data in (("zlý.zkr", b"nothing of the game"), ("half.zk", b"\x00\xff" * 40), ("picture.png", b"PNG"),
+                           ("short.zkr", proof(1).read_bytes()[:30])):
+            self.browser.drop(name, data)
+            self.assertIn(name, self.browser.text("dialog[open]"))
+            self.assertIn("Nic se nezměnilo", self.browser.text("dialog[open]"))
+            self.browser.answer("ok")
+            self.assertEqual(len(self.browser.all("#others li")), 1, name)
+            self.assertEqual(len(self.browser.all("#collections li")), 3, name)
+
+    def test_a_record_whose_run_does_not_win_does_not_count(self):
+        lines = proof(1).read_bytes().split(b"\r\n")
+        self.browser.js("localStorage.setItem('zorik.player', arguments[0])", "hrac")
+        self.browser.open(self.server.url)
+        self.browser.drop("cut.zkr", b"\r\n".join(lines[:-20]))
+        self.assertIn("nedojde do cíle", self.browser.text("dialog[open]"))
+        self.browser.answer("ok")
+        self.open_lessons()
+        self.assertEqual(len(self.browser.all("#caveList .solved")), 0)
+
+    def test_a_record_of_the_player_from_the_desktop_counts(self):
+        head = zktool("verify", proof(1)).stdout
+        player = re.search(r'player="([^"]*)"', head).group(1)
+        self.browser.js("localStorage.setItem('zorik.player', arguments[0])", player)
+        self.browser.open(self.server.url)
+        self.browser.drop("mine.zkr", proof(1).read_bytes())
+        self.browser.answer("ok")
+        self.open_lessons()
+        self.browser.one("#caveList .solved")
+        self.browser.click('#caveList button[data-number="1"]')
+        self.browser.click("#exportRecord")
+        self.assertEqual(self.browser.saved(".zkr").read_bytes(), proof(1).read_bytes())
+
+    def test_a_collection_from_outside_joins_the_shelf_and_can_go(self):
+        english = PAGE / "assets" / "caves" / "1-zorikova-skola-en.zk"
+        self.browser.drop("škola.zk", english.read_bytes())
+        self.browser.answer("ok")
+        self.browser.until(lambda: len(self.browser.all("#collections li")) == 4, "a fourth collection is there")
+        self.browser.open(self.server.url)
+        self.browser.until(lambda: len(self.browser.all("#collections li")) == 4, "and is there again")
+        self.browser.all("#collections button")[3].click()
+        self.browser.click("#removeCollection")
+        self.browser.answer("yes")
+        self.browser.until(lambda: len(self.browser.all("#collections li")) == 3, "it is gone")
+
+
+class Phone(PageTest):
+    size = (375, 667)
+    phone = True
+
+    def no_wider_than_the_screen(self):
+        self.assertLessEqual(self.browser.js("return document.documentElement.scrollWidth"), 375)
+
+    def test_nothing_is_wider_than_the_screen(self):
+        self.assertEqual(self.browser.js("return innerWidth"), 375)
+        self.no_wider_than_the_screen()
+        self.open_lessons()
+        self.no_wider_than_the_screen()
+        self.play_from_list()
+        self.no_wider_than_the_screen()
+        cell = self.browser.js("const p = zorik.run.look(375, 500, 1); return p.cellWidth")
+        self.assertGreaterEqual(cell, 24)
+
+    def play_from_list(self):
+        self.browser.click("#play")
+        self.browser.answer("ok")
+        self.browser.one("#picture")
+
+    def touch(self, kind, *point):
+        points = [{"x": point[0], "y": point[1]}] if point else []
+        self.browser.driver.execute_cdp_cmd("Input.dispatchTouchEvent", {"type": kind, "touchPoints": points})
+
+    def test_a_swipe_leads_the_dog_and_holding_goes_on(self):
+        self.open_lessons()
+        self.play_from_list()
+        self.browser.until(lambda: self.state()["ticks"] > 2, "the run goes on")
+        start = self.state()["units"][1]
+        self.touch("touchStart", 150, 350)
+        self.touch("touchMove", 190, 352)
+        self.browser.until(lambda: self.at((start["x"] + 2, start["y"])), "the dog has gone two cells to the right")
+        self.touch("touchMove", 190, 300)
+        self.browser.until(lambda: self.state()["units"][1]["y"] < start["y"], "and turns upwards")
+        self.touch("touchEnd")
+        self.browser.one("#act")
+
+
+class SingleFile(unittest.TestCase):
+    def setUp(self):
+        self.folder = tempfile.TemporaryDirectory()
+        self.out = Path(self.folder.name) / "out.html"
+        self.browser = None
+
+    def tearDown(self):
+        if self.browser:
+            away = [url for url in self.browser.asked() if not url.startswith((self.out.as_uri(), "data:", "blob:"))]
+            complaints = self.browser.complaints()
+            self.browser.quit()
+            self.assertEqual(away, [], "a request has left the page")
+            self.assertEqual(complaints, [], "the browser complains of the page")
+        self.folder.cleanup()
+
+    def open(self, what):
+        told = zktool("page", what, "-o", self.out, "--template", TEMPLATE)
+        self.assertEqual(told.returncode, 0, told.stderr)
+        self.browser = Browser(self.folder.name)
+        self.browser.open(self.out.as_uri())
+
+    def test_a_record_plays_at_once_and_its_cave_can_be_played(self):
+        record = proof(1)
+        self.open(record)
+        self.assertLessEqual(self.out.stat().st_size, MOST_BYTES)
+        self.browser.one("#bar")
+        self.browser.until(lambda: self.browser.js("return zorik.run.state().ticks") > 3, "the record plays")
+        self.browser.key("down", "End")
+        last = re.search(r"hash=(\w+)", trace(record)[-1]).group(1)
+        self.assertEqual(self.browser.js("return zorik.run.hash()"), last)
+        self.browser.click("#playCave")
+        self.browser.until(lambda: self.browser.js("return zorik.run.state().kind") == 0, "the cave is played")
+
+    def test_a_collection_shows_its_caves(self):
+        self.open(PAGE / "assets" / "caves" / "1-zorikova-skola-cs.zk")
+        self.browser.one("#caveList button")
+        self.assertEqual(len(self.browser.all("#caveList button")), 20)
+        self.browser.click("#play")
+        self.browser.answer("ok")
+        self.browser.until(lambda: self.browser.js("return zorik.run.state().ticks") > 3, "the cave is played")
+
+
+if __name__ == "__main__":
+    unittest.main(argv=[sys.argv[0], *sys.argv[5:]])
