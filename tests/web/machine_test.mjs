@@ -148,7 +148,7 @@ const tests = {
     const file = join(scratch, name);
     writeFileSync(file, bytes);
     const said = native('verify', '--collection', join(caves, '1-zorikova-skola-cs.zk'), file);
-    assert.match(said, /^won .*"Žofka".*counts=yes number=1/);
+    assert.match(said, /^won .* counts=yes number=1 .*"Žofka"/);
     assert.equal(machine.judgeRecord(bytes).verdict, 'won');
     assert.ok(collection.holdsCaveOf(1, bytes) && !collection.holdsCaveOf(2, bytes));
 
