@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "PictureFolder.h"
-#include "Pictured.h"
 #include "skin/DrawView.h"
+#include "support/Pictured.h"
 #include "view/Edges.h"
 
 namespace zorik {

@@ -3,8 +3,8 @@
 #include <cstdlib>
 
 #include "PictureFolder.h"
-#include "Pictured.h"
 #include "skin/DrawView.h"
+#include "support/Pictured.h"
 
 namespace zorik {
 namespace {

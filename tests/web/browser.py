@@ -10,11 +10,12 @@ from pathlib import Path
 
 from selenium import webdriver
 from selenium.common.exceptions import StaleElementReferenceException
+from selenium.webdriver import ActionChains, Keys
 from selenium.webdriver.chrome.service import Service
 from selenium.webdriver.common.by import By
 from selenium.webdriver.support.ui import WebDriverWait
 
-PATIENCE = 30  # seconds
+PATIENCE = 60  # seconds
 
 # The place of a key on the keyboard, and its number, by its name.
 KEYS = {
@@ -22,6 +23,11 @@ KEYS = {
     "ArrowDown": ("ArrowDown", 40), "Shift": ("ShiftLeft", 16), "Control": ("ControlLeft", 17), "Tab": ("Tab", 9),
     "Escape": ("Escape", 27), "Home": ("Home", 36), "End": ("End", 35), ".": ("Period", 190), "p": ("KeyP", 80),
     "r": ("KeyR", 82),
+}
+
+# What the driver calls the keys that are tapped.
+TAPPED = {
+    "ArrowLeft": "ARROW_LEFT", "ArrowUp": "ARROW_UP", "ArrowRight": "ARROW_RIGHT", "ArrowDown": "ARROW_DOWN",
 }
 
 
@@ -114,7 +120,14 @@ class Browser:
         return self.one(selector).text
 
     def click(self, selector):
-        self.one(selector).click()
+        """Clicks the first element that is seen; a list that is just shown anew is given a moment."""
+        def clicked():
+            try:
+                self.one(selector).click()
+            except StaleElementReferenceException:
+                return False
+            return True
+        self.until(clicked, f"{selector} is clicked")
 
     def answer(self, value):
         """Presses the button of this value in the dialog that is open."""
@@ -127,6 +140,16 @@ class Browser:
         self.driver.execute_cdp_cmd("Input.dispatchKeyEvent", {
             "type": "keyDown" if kind == "down" else "keyUp", "key": name, "code": place,
             "windowsVirtualKeyCode": number, "modifiers": 2 if control else 0})
+
+    def tap(self, name, action=False):
+        """A key that is pressed and let go at once, with the key of action held or without."""
+        keys = ActionChains(self.driver, duration=0)
+        if action:
+            keys.key_down(Keys.SHIFT)
+        keys.key_down(getattr(Keys, TAPPED[name])).key_up(getattr(Keys, TAPPED[name]))
+        if action:
+            keys.key_up(Keys.SHIFT)
+        keys.perform()
 
     def drop(self, name, data):
         """Drops a file on the page."""

@@ -87,14 +87,9 @@ class PageTest(unittest.TestCase):
     def walk(self, keys):
         """Taps arrow after arrow, as a patient player would."""
         for arrow, action in keys:
+            self.browser.tap(ARROWS[arrow], action)
             ticks = self.state()["ticks"]
-            if action:
-                self.browser.key("down", "Shift")
-            self.browser.key("down", ARROWS[arrow])
-            self.browser.key("up", ARROWS[arrow])
-            if action:
-                self.browser.key("up", "Shift")
-            self.browser.until(lambda: self.state()["ticks"] > ticks + 1 or self.state()["won"], "two ticks have passed")
+            self.browser.until(lambda: self.state()["ticks"] > ticks or self.state()["won"], "a tick has passed")
 
     def at(self, goal):
         unit = self.state()["units"][1]
@@ -181,6 +176,7 @@ class Watching(PageTest):
         self.browser.until(lambda: self.state()["position"] == ticks, "the record has come to its end", 120)
         self.assertEqual(self.browser.js("return zorik.run.hash()"), re.search(r"hash=(\w+)", last).group(1))
         self.assertTrue(self.state()["won"])
+        self.browser.until(lambda: "Vyhráno" in self.browser.text("#message"), "the page says so, and goes on saying so")
 
     def test_the_timeline_leads_to_any_moment(self):
         record = proof(2)
@@ -208,6 +204,11 @@ class Watching(PageTest):
         self.browser.click("#takeOver")
         self.browser.one("#badge")
         self.assertEqual(self.state()["kind"], 3)
+        self.browser.until(lambda: self.state()["ticks"] > 8, "practice goes on")
+        ticks = self.state()["ticks"]
+        self.browser.key("down", "Backspace")
+        self.browser.until(lambda: self.state()["ticks"] < ticks - 3, "Backspace turns back time")
+        self.browser.key("up", "Backspace")
 
 
 class Files(PageTest):

@@ -52,16 +52,8 @@ export class Caves {
     return this.#collection;
   }
 
-  get name() {
-    return this.#about.name;
-  }
-
   get cave() {
     return this.#about.caves[this.#chosen - 1];
-  }
-
-  get chosen() {
-    return this.#chosen;
   }
 
   // The records that the player has of this collection: [name, bytes].

@@ -87,10 +87,6 @@ export class Library {
     return this.#records.find((row) => row.player === player && row.file === file)?.bytes;
   }
 
-  players() {
-    return [...new Set(this.#records.map((row) => row.player))];
-  }
-
   progress(collection, player) {
     return collection.progress(player, this.recordsOf(player));
   }

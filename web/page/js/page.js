@@ -53,12 +53,12 @@ export class Page {
     this.#wireHead();
   }
 
-  // Shows the shelf, where all begins.
-  begin() {
+  // Shows the shelf, where all begins. warns: that nothing is kept, where that is so.
+  begin({ warns = true } = {}) {
     sayAll();
     this.#showHead();
     this.#screens.begin("shelf", () => this.#shelf.show());
-    if (!this.#library.keeps) tell("Zorík", word("passing"));
+    if (warns && !this.#library.keeps) tell("Zorík", word("passing"));
   }
 
   async openCollection(entry) {

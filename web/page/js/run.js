@@ -6,6 +6,7 @@ import { Beat, USUAL_SPEED, intervalOf } from "./beat.js";
 import { ask, confirmed, tell } from "./dialogs.js";
 import { Figures } from "./figures.js";
 import { frameIn, reachIn } from "./frame.js";
+import { Key } from "./keys.js";
 import { Picture } from "./picture.js";
 import { Steering } from "./steering.js";
 import { choices } from "./store.js";
@@ -176,20 +177,37 @@ export class RunScreen {
 
   #tick() {
     const run = this.#machineRun;
-    const keys = [...this.#steering.take()];
+    const keys = this.#steering.take();
+    if (this.#standsStill()) {
+      this.#heedWhileStanding(keys);
+      return;
+    }
     this.#stale = true;
-    if (this.#theatre.active && this.#theatre.stands) return;
     if (this.#rewinding) {
       run.seek(run.state().position - 1);
       this.#sought();
       return;
     }
-    const end = run.tick(keys);
+    if (run.state().won) return; // practice, which goes back from there
+    const end = run.tick([...keys]);
     this.#happenings();
     this.#showState();
     if (this.#theatre.active) this.#theatre.show();
     if (end === TickEnd.won) this.#won();
     if (end === TickEnd.recordOver) this.#recordOver();
+  }
+
+  #standsStill() {
+    return this.#theatre.active && this.#theatre.stands;
+  }
+
+  // The keys that all runs have, in a record that stands still.
+  #heedWhileStanding(keys) {
+    if (keys.has(Key.C)) this.#toggleView();
+    if (keys.has(Key.P)) this.#theatre.stand(false);
+    if (keys.has(Key.PadPlus)) this.#changeSpeed(1);
+    if (keys.has(Key.PadMinus)) this.#changeSpeed(-1);
+    if (keys.has(Key.R) && keys.has(Key.Ctrl)) this.#restart();
   }
 
   #won() {
@@ -201,17 +219,16 @@ export class RunScreen {
       this.#sounds.stopAll();
       this.#job.won(run);
     } else if (kind === Kind.replay) {
-      this.#strip.notice(`${word("winTitle")} ${score}`);
       this.#theatre.stand(true);
+      this.#strip.notice(`${word("winTitle")} ${score}`);
     } else {
-      this.#beat.stop();
       this.#strip.notice(caption("practice.won"));
     }
   }
 
   #recordOver() {
-    this.#strip.notice(caption("game.recordend"));
     this.#theatre.stand(true);
+    this.#strip.notice(caption("game.recordend"));
   }
 
   #paceChanged() {
@@ -293,9 +310,9 @@ export class RunScreen {
     this.#whole = false;
     this.#machineRun.setWhole(false);
     this.#showKind();
-    this.#strip.notice(caption("theatre.takeoverhint"));
     this.#paceChanged();
     this.#sought();
+    this.#strip.show(caption("theatre.takeoverhint"));
     this.#goOn();
   }
 
@@ -378,10 +395,11 @@ export class RunScreen {
   }
 
   #draw(way) {
-    if (!this.#stale && !this.#machineRun.moves()) return;
+    const arrived = this.#standsStill() ? 1 : way;
+    if (!this.#stale && (arrived === 1 || !this.#machineRun.moves())) return;
     const { picture } = this.#parts;
     const frame = this.#frame();
-    this.#picture.draw(this.#machineRun.look(frame.width, frame.height, way), this.#pictures);
+    this.#picture.draw(this.#machineRun.look(frame.width, frame.height, arrived), this.#pictures);
     picture.style.width = `${picture.width / devicePixelRatio}px`;
     picture.style.height = `${picture.height / devicePixelRatio}px`;
     this.#stale = false;

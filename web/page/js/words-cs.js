@@ -50,7 +50,6 @@ export default {
   next: "Dál",
   again: "Znovu",
   damagedTitle: "Soubor nelze použít",
-  damaged: "„?1?“ je poškozený, nebo to není soubor hry. Nic se nezměnilo.",
   damagedCollection: "„?1?“ není čitelná sada komnat. Nic se nezměnilo.",
   damagedRecord: "„?1?“ není čitelný záznam hry. Nic se nezměnilo.",
   lostRecord: "„?1?“ je záznam, ale v\u00a0něm hra nedojde do cíle tak, jak tvrdí. Můžeš si ho přehrát, do postupu se nepočítá.",
@@ -80,6 +79,4 @@ export default {
   space: "mezerník",
   arrows: "šipky",
   digits: "číslice",
-  sound0: "Zvuk je vypnutý",
-  idle: "Zorík se nudí",
 };

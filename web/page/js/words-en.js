@@ -50,7 +50,6 @@ export default {
   next: "Go on",
   again: "Again",
   damagedTitle: "The file cannot be used",
-  damaged: "“?1?” is damaged, or no file of the game. Nothing has changed.",
   damagedCollection: "“?1?” is no collection of caves that can be read. Nothing has changed.",
   damagedRecord: "“?1?” is no record that can be read. Nothing has changed.",
   lostRecord: "“?1?” is a record, but the run in it does not win as it says. You can watch it; it does not count.",
@@ -80,6 +79,4 @@ export default {
   space: "Space",
   arrows: "arrows",
   digits: "digits",
-  sound0: "The sound is off",
-  idle: "The dog is bored",
 };

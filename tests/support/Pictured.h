@@ -5,8 +5,8 @@
 #include <ostream>
 
 #include "data/Result.h"
-#include "view/CellPictures.h"
 #include "support/Scene.h"
+#include "view/CellPictures.h"
 
 namespace zorik {
 

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "Pictured.h"
+#include "support/Pictured.h"
 
 namespace zorik {
 namespace {

@@ -1,0 +1,89 @@
+#include <gtest/gtest.h>
+
+#include "data/Result.h"
+#include "support/Scene.h"
+#include "view/CaveView.h"
+
+namespace zorik {
+namespace {
+
+// A run that is looked at, a pixel for each of eight of a cell.
+class Seen : public Stage {
+ public:
+  Seen() {
+    FrameTable::Numbers numbers{};
+    numbers.fill(1);
+    frames_ = FrameTable(numbers, numbers);
+    hra.SetStage(*this);
+    EXPECT_TRUE(PaintCave(hra, test::CaveTextOf({"WWWWWW", "W1;..W", "W....W", "WWWWWW"}), RunKind::Play));
+  }
+
+  void CaveOpens() override { view.CaveOpens(hra, frames_); }
+  void CellChanged(int x, int y) override { view.CellChanged(hra, x, y); }
+  void Moved(Cell from, Cell to) override { view.Moved(hra, from, to); }
+  void MoveView(bool jump) override { view.MoveView(hra, jump); }
+
+  void Pass(int key) {
+    KeySnapshot keys;
+    if (key != 0) keys.down.set(static_cast<std::size_t>(key));
+    view.TickBegins(true);
+    EXPECT_EQ(Tick(hra, keys), TickEnd::Running);
+    view.TickEnds(hra, frames_);
+  }
+
+  const DrawnView& Look(double way = 1) { return view.Look(hra, frames_, {60, 40}, way); }
+
+  Hra hra{1};
+  CaveView view;
+
+ private:
+  FrameTable frames_;
+};
+
+TEST(CaveView, SeesAllOfItAtTheFirstLook) {
+  Seen seen;
+  const DrawnView& drawn = seen.Look();
+  EXPECT_TRUE(drawn.fresh);
+  EXPECT_EQ(drawn.cell, (PixelSize{10, 10}));
+  EXPECT_EQ(drawn.size, (PixelSize{60, 40}));
+  EXPECT_EQ(drawn.columns.size(), 6U);
+  EXPECT_EQ(drawn.At(1, 1).picture.Pic, kSetDog);
+}
+
+TEST(CaveView, TellsOfTheCellsThatChangedSinceTheLastLook) {
+  Seen seen;
+  seen.Look();
+  EXPECT_FALSE(seen.Look().fresh);
+  EXPECT_TRUE(seen.Look().changed.empty());
+  seen.Pass(kKeyRight);
+  const DrawnView& drawn = seen.Look();
+  EXPECT_FALSE(drawn.fresh);
+  ASSERT_EQ(drawn.changed.size(), 2U);
+  EXPECT_EQ(drawn.changed[0].column, 1U);
+  EXPECT_EQ(drawn.changed[1].column, 2U);
+  EXPECT_EQ(drawn.changed[1].row, 1U);
+}
+
+TEST(CaveView, KnowsWhereWhatMovesIsOnItsWay) {
+  Seen seen;
+  seen.Look();
+  seen.Pass(kKeyRight);
+  EXPECT_TRUE(seen.view.Moves(seen.hra));
+  const DrawnView& drawn = seen.Look(0.5);
+  ASSERT_EQ(seen.view.OnTheWay().Movers().size(), 1U);
+  const ViewMotion::Mover& dog = seen.view.OnTheWay().Movers().front();
+  EXPECT_EQ(dog.PlaceOn(drawn, 0.5).x, 15);
+  EXPECT_EQ(dog.PlaceOn(drawn, 0.5).y, 10);
+  EXPECT_EQ(dog.under ? dog.under->picture.Pic : -1, int{kSetDirt}) << "it has not dug that yet";
+  EXPECT_EQ(drawn.At(2, 1).picture.Pic, kSetSpace);
+}
+
+TEST(CaveView, HasNoCellsInAFrameOfNoSize) {
+  Seen seen;
+  const DrawnView& drawn = seen.view.Look(seen.hra, FrameTable(), {0, 0});
+  EXPECT_TRUE(drawn.cells.empty());
+  EXPECT_TRUE(drawn.fresh);
+}
+
+}  // namespace
+}  // namespace zorik
