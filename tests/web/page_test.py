@@ -215,7 +215,7 @@ class Files(PageTest):
     def test_a_damaged_file_is_told_of_and_nothing_is_lost(self):
         self.browser.drop("proof.zkr", proof(1).read_bytes())
         self.browser.answer("ok")
-        for name, data in (("zlý.zkr", b"nothing of the game"), ("half.zk", b"\x00\xff" * 40), ("picture.png", b"PNG"),
+        for name, data in (("zlý.zkr", b"nothing of the game"), ("half.zk", b"\x00\xff" * 40), ("picture.png", b"PNG"), ("empty.zkr", b""), ("empty.zk", b""),
                            ("short.zkr", proof(1).read_bytes()[:30])):
             self.browser.drop(name, data)
             self.assertIn(name, self.browser.text("dialog[open]"))

@@ -10,11 +10,18 @@ export function saveFile(name, bytes) {
   setTimeout(() => URL.revokeObjectURL(link.href), 60_000);
 }
 
+// No file of the game is larger.
+const MOST_BYTES = 32 << 20;
+
+// What cannot be read, a folder for one, or is too large has no bytes; whoever takes it says that it is no file of the
+// game.
+async function bytesOf(file) {
+  if (file.size > MOST_BYTES) return new Uint8Array();
+  return file.arrayBuffer().then((buffer) => new Uint8Array(buffer), () => new Uint8Array());
+}
+
 async function readAll(files, take) {
-  const read = await Promise.all(
-    [...files].map(async (file) => ({ name: file.name, bytes: new Uint8Array(await file.arrayBuffer()) })),
-  );
-  await take(read);
+  await take(await Promise.all([...files].map(async (file) => ({ name: file.name, bytes: await bytesOf(file) }))));
 }
 
 // take: what becomes of the files: [{name, bytes}...].

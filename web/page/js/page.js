@@ -56,7 +56,7 @@ export class Page {
   // Shows the shelf, where all begins. warns: that nothing is kept, where that is so.
   begin({ warns = true } = {}) {
     sayAll();
-    this.#showHead();
+    this.showHead();
     this.#screens.begin("shelf", () => this.#shelf.show());
     if (warns && !this.#library.keeps) tell("Zorík", word("passing"));
   }
@@ -90,7 +90,8 @@ export class Page {
     takeFiles(byId.file, (files) => this.#take(files));
   }
 
-  #showHead() {
+  // Shows who plays, and the other language.
+  showHead() {
     const czech = currentLanguage() === "cs";
     byId.language.textContent = czech ? "English" : "Česky";
     byId.language.lang = czech ? "en" : "cs";
@@ -100,7 +101,7 @@ export class Page {
   #changeLanguage() {
     chooseLanguage(currentLanguage() === "cs" ? "en" : "cs");
     sayAll();
-    this.#showHead();
+    this.showHead();
     if (this.#screens.last === "caves") this.#screens.home();
     else this.#screens.refresh();
   }
@@ -118,7 +119,7 @@ export class Page {
     }
     this.#player = name;
     choices.set("player", name);
-    this.#showHead();
+    this.showHead();
     this.#screens.refresh();
     return true;
   }

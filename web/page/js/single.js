@@ -4,6 +4,7 @@ import { bytesOfBase64 } from "./assets.js";
 import { byId, element } from "./elements.js";
 import { sayAll, word, text } from "./words.js";
 
+const TEXT_PLAY_CAVE = 0;
 const TEXT_PLAY_RECORD = 1;
 
 function read(id) {
@@ -28,13 +29,13 @@ export async function beginSingle(given, { page, library, machine, screens }) {
     return;
   }
   const { cave, collection, player, score } = machine.tellRecord(bytes);
-  const play = () => page.watch(bytes);
-  byId.start.replaceChildren(element("div", {},
+  const show = () => byId.start.replaceChildren(element("div", {},
     element("h2", {}, cave),
     element("p", {}, word("recordBy", player || word("nobody"), cave, collection, score)),
     element("div", { className: "buttons" },
-      element("button", { className: "main", onclick: play }, text(TEXT_PLAY_RECORD)),
-      element("button", { onclick: () => page.playCaveOf(bytes) }, text(0)))));
-  screens.begin("start", () => {});
-  await play();
+      element("button", { className: "main", onclick: () => page.watch(bytes) }, text(TEXT_PLAY_RECORD)),
+      element("button", { onclick: () => page.playCaveOf(bytes) }, text(TEXT_PLAY_CAVE)))));
+  page.showHead();
+  screens.begin("start", show);
+  await page.watch(bytes);
 }
