@@ -12,6 +12,7 @@
 #include "flow/Flow.h"
 #include "platform/PathText.h"
 #include "screens/CaveList.h"
+#include "screens/CavePreview.h"
 #include "screens/DesktopServices.h"
 #include "screens/FrmDialog2.h"
 #include "screens/MsgBox.h"
@@ -100,6 +101,7 @@ void FrmPoSt::Build() {
   lblCaveName_ = NewLabel("lblCaveName");
   lblCaveDescription_ = NewLabel("lblCaveDescription");
   lblRecord_ = NewLabel("lblRecord");
+  preview_ = new CavePreview(skin_, this);
   imgBonus_ = new SkinPicture(this);
   imgBonus_->setObjectName("imgBonus");
   list_ = new CaveList(this);
@@ -184,7 +186,8 @@ void FrmPoSt::PlaceCave() {
 
   const QRect record = BoxOf(skin_, "select.record", kRecordBox);
   const int top = table.SkinInt("select.cavedescription.top");
-  const int bottom = Below(top, {bonusTop, record.top(), height()});
+  const int previewTop = table.SkinInt("select.preview.top");
+  const int bottom = Below(top, {bonusTop, previewTop, record.top(), height()});
   lblCaveDescription_->SetLook(skin_.Colour("select.cavedescription.textcolor", kPlainText),
                                Sideways(table.SkinAlign("select.cavedescription.alignment")), kTextLetters);
   lblCaveDescription_->setGeometry(table.SkinInt("select.cavedescription.left"), top,
@@ -197,6 +200,7 @@ void FrmPoSt::PlaceCave() {
                     Sideways(table.SkinAlign("select.rest.alignment")) | Qt::AlignVCenter, kSmallLetters);
   lblRest_->setGeometry(BoxOf(skin_, "select.rest", kRestBox));
 
+  preview_->SkinIt();
   imgBonus_->SetPicture(skin_.Picture("select.bonus.image"));
   imgBonus_->move(table.SkinInt("select.bonus.left"), bonusTop);
 }
@@ -317,9 +321,12 @@ void FrmPoSt::ShowCave() {
   lblCaveName_->SetText(rowName);
   ShowRecord(solved);
   if (state != CaveState::Closed) {
+    const bool timed = solved && flow_.IsStored(number);
+    preview_->ShowCave(Caves().Cave(number), timed ? Caves().RecordPath() : std::string());
     lblCaveDescription_->SetText(ToQString(Caves().Cave(number).Record.Description));
     return;
   }
+  preview_->ShowLock();
   const int before = Caves().OpenCaveBefore(number);
   const QString name = before == 0 ? QString() : ToQString(Caves().Cave(before).Record.Name);
   lblCaveDescription_->SetText(skin_.Text(TextId::SolveFirst) + "\r\n" + name);

@@ -11,6 +11,7 @@
 namespace zorik {
 
 class CaveList;
+class CavePreview;
 class Flow;
 class ScrollButton;
 class Selection;
@@ -114,6 +115,7 @@ class FrmPoSt : public SkinWindow {
   SkinLabel* lblCaveName_;
   SkinLabel* lblCaveDescription_;
   SkinLabel* lblRecord_;
+  CavePreview* preview_;
   SkinPicture* imgBonus_;
   CaveList* list_;
   SkinButton* replay_;

@@ -54,6 +54,10 @@ inline constexpr StartWords kNoGhostWords{"caption.ghost.none"};
 inline constexpr StartWords kOwnGhostWords{"caption.ghost.own"};
 inline constexpr StartWords kRivalGhostWords{"caption.ghost.rival"};
 
+// Of the cave that is chosen, below its small picture.
+inline constexpr StartWords kPreviewWords{"caption.preview.facts"};
+inline constexpr StartWords kPreviewWonWords{"caption.preview.won"};
+
 // Of the statistics of a player.
 inline constexpr StartWords kStatisticsWords{"caption.statistics.title"};
 inline constexpr StartWords kStatisticsOfWords{"caption.statistics.of"};

@@ -84,6 +84,7 @@ SkinFlaws SkinData::LoadSkinData(const SkinPlaces& places) {
   SkinTable_ = {};
   std::vector<std::string> files;
   for (const std::string_view skin : {std::string_view(kDefaultSkin), std::string_view(places.Skin)}) {
+    firstOwn_ = files.size();
     for (const char* folder : {"Menu", "Game"}) {
       const std::string path = FirstTable(FoldersOf(places, skin, folder));
       const auto bytes = ReadWhole(path);
@@ -122,6 +123,11 @@ SkinFlaws SkinData::Check(const std::vector<std::string>& files) {
 std::string_view SkinData::Value(std::string_view key) const {
   const SkinTable::Entry* entry = SkinTable_.Find(key);
   return entry == nullptr ? std::string_view() : entry->Value;
+}
+
+bool SkinData::IsOwn(std::string_view key) const {
+  const SkinTable::Entry* const entry = SkinTable_.Find(key);
+  return entry != nullptr && entry->file >= firstOwn_;
 }
 
 std::string SkinData::SkinText(std::string_view key) const {

@@ -33,6 +33,9 @@ class SkinData {
   // the program was built with it.
   std::string SkinWords(std::string_view key) const;
 
+  // Whether the skin itself says something of a key, and not the default skin in its place.
+  bool IsOwn(std::string_view key) const;
+
   // The number of a key, 16 bits, whole and decimal; -1 when absent.
   int SkinInt(std::string_view key) const;
 
@@ -48,6 +51,7 @@ class SkinData {
   SkinFlaws Check(const std::vector<std::string>& files);
 
   SkinTable SkinTable_;
+  std::size_t firstOwn_ = 0;  // the files from this one on are those of the skin
 };
 
 // The picture of a menu with this name, which has no extension: of the skin, then of the default skin; .jpg

@@ -95,6 +95,17 @@ SkinKeys KeysOfRecord() {
           {key + "textcolor", "FF00A0", seen(Ink("lblRecord", kInk)), "yes"}};
 }
 
+// A lock shows both colours, and a closed cave is not drawn.
+SkinKeys KeysOfPreview() {
+  const std::string key = "select.preview.", asks = key + "left=61";
+  return {{key + "left", "61", Left("preview"), "61"},
+          {key + "top", "73", Top("preview"), "73", {asks}},
+          {key + "width", "211", Width("preview"), "211", {asks}},
+          {key + "height", "157", Height("preview"), "157", {asks}},
+          {key + "color", "104080", On(kClosed, PixelOf("preview", {20, 3})), "#104080", {asks}},
+          {key + "textcolor", "FF00A0", On(kClosed, Ink("preview", kInk)), "yes", {asks}}};
+}
+
 SkinKeys KeysOfCaves() {
   const QString list = "CaveList";
   const std::string key = "select.caves.";
@@ -144,7 +155,8 @@ SkinKeys KeysOfSelection() {
          KeysOfButton("select.send", "send") + KeysOfButton("select.practice", "practice") +
          KeysOfButton("select.vscroll", "vscroll") + KeysOfButton("select.close", "close") +
          KeysOfButton("select.help", "help") + KeysOfButton("select.ghost", "ghost") +
-         KeysOfButton("select.pair", "pair") + KeysOfRest() + KeysOfRecord() + KeysOfCaves();
+         KeysOfButton("select.pair", "pair") + KeysOfRest() + KeysOfRecord() + KeysOfPreview() +
+         KeysOfCaves();
 }
 
 SkinKeys KeysOfPlainAuthor() {

@@ -45,6 +45,18 @@ TEST_F(SkinDataTest, TheSkinsGameFolderOverridesAllOthers) {
   EXPECT_EQ(data_.SkinInt("s.d"), 4);
 }
 
+TEST_F(SkinDataTest, KnowsWhatTheSkinItselfSays) {
+  Touch("Default/Menu/skindata.txt", "s:\r\na=1\r\nb=1\r\n");
+  Touch("Default/Game/skindata.txt", "s:\r\nc=2\r\n");
+  Touch("Mine/Menu/skindata.txt", "s:\r\nb=3\r\n");
+  Touch("Mine/Game/skindata.txt", "s:\r\nd=4\r\n");
+  Load();
+  for (const char* key : {"s.b", "S.D"}) EXPECT_TRUE(data_.IsOwn(key)) << key;
+  for (const char* key : {"s.a", "s.c", "s.e"}) EXPECT_FALSE(data_.IsOwn(key)) << key;
+  Load("Default");
+  for (const char* key : {"s.a", "s.b", "s.c"}) EXPECT_TRUE(data_.IsOwn(key)) << key;
+}
+
 TEST_F(SkinDataTest, ASectionGoesOnInTheNextFileThatExists) {
   Touch("Default/Menu/skindata.txt", "my:\r\nimage=score\r\n");
   Touch("Mine/Game/skindata.txt", "width=5\r\n");

@@ -9,8 +9,8 @@
 namespace zorik {
 namespace {
 
-constexpr std::size_t kQuiet =
-    4;  // modules that stay white around the code, without which no reader finds it
+// Modules that stay white around the code, without which no reader finds it.
+constexpr std::size_t kQuiet = 4;
 
 const Bytef* Raw(const std::string& bytes) {
   return reinterpret_cast<const Bytef*>(bytes.data());

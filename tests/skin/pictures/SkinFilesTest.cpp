@@ -51,6 +51,7 @@ const std::vector<Group> kGroups = {
     {{"select.collauthor"}, {"linkcolor", "hovercolor"}},
     {{"select.score"}, {"left", "top", "textcolor"}},
     {{"congratulation.congrat", "addplayer.name"}, {"left", "top", "width", "height", "color", "textcolor"}},
+    {{"select.preview"}, {"left", "top", "width", "height", "color", "textcolor"}},
     {{"select.rest", "select.record"}, {"left", "top", "width", "height", "alignment", "textcolor"}},
     {{"score.line", "score.total", "score.seconds", "score.again"}, {"left", "top", "width", "height"}},
     {{"score.bonus"}, {"left", "top"}},
@@ -209,7 +210,7 @@ TEST_F(SkinFiles, PutButtonsAndBoxesOntoTheWindowsPicture) {
   CheckPlaces("select.image",
               {"select.replay", "select.play", "select.congratulation", "select.send", "select.practice",
                "select.vscroll", "select.close", "select.help"},
-              {"select.caves"});
+              {"select.caves", "select.preview"});
   CheckPlaces("congratulation.image", {"congratulation.ok", "congratulation.close", "congratulation.help"},
               {"congratulation.congrat"});
   CheckPlaces("addplayer.image", {"addplayer.ok", "addplayer.close"}, {"addplayer.name"});

@@ -1,0 +1,159 @@
+#include <gtest/gtest.h>
+
+#include <QImage>
+#include <QSignalSpy>
+
+#include "screens/CavePreview.h"
+#include "screens/PostList.h"
+
+namespace zorik {
+namespace {
+
+constexpr int kPatience = 5000;  // milliseconds
+
+class CavePreviewTest : public test::PostList {
+ protected:
+  CavePreviewTest() {
+    Paint("Skins/error.bmp", Qt::magenta);
+    Paint("Skins/Default/Game/Space.bmp", Qt::black);
+    Paint("Skins/Default/Game/Steel.bmp", kSteel);
+    Paint("Skins/Default/Game/Finish.bmp", kSteel);
+    Paint("Skins/Default/Game/Dog.bmp", kDog);
+  }
+
+  void Paint(const std::string& path, QColor colour) const {
+    QImage image(80, 80, QImage::Format_RGB32);
+    image.fill(colour);
+    std::filesystem::create_directories(std::filesystem::path(folder.Root() + "/" + path).parent_path());
+    ASSERT_TRUE(image.save(QString::fromStdString(folder.Root() + "/" + path)));
+  }
+
+  CavePreview& Preview() const { return *window->findChild<CavePreview*>(); }
+  QString Facts() const { return Text("previewFacts"); }
+
+  // Puts the record of the cave's win, by its one step, into the player's folder.
+  void Win(int number) {
+    Hra run;
+    run.CollectionName = "Sada";
+    run.PlayerName = test::Bytes("Žofie");
+    ASSERT_TRUE(PaintCave(run, caves[static_cast<std::size_t>(number - 1)] + "---01", RunKind::Play));
+    test::StepToWin(run);
+    ticks = run.Elapsed;
+    ASSERT_TRUE(WriteWhole(RecordPath(number), SaveRecord(run, 50)));
+  }
+
+  bool WaitUntilDrawn() const {
+    return QTest::qWaitFor([this] { return Preview().IsDrawn(); }, kPatience);
+  }
+  QImage Seen() const { return Preview().grab().toImage(); }
+
+  int ticks = 0;  // of the win
+  const QColor kSteel{0x40, 0x60, 0x80}, kDog{0xF0, 0xF0, 0x20};
+};
+
+// The cave is 5 x 3 cells: in 310 x 120 pixels a cell has 40, and the whole of it begins 55 from the left.
+TEST_F(CavePreviewTest, ShowsTheChosenCaveAsItBegins) {
+  Caves(2);
+  Open();
+  EXPECT_EQ(Preview().geometry(), QRect(422, 266, 310, 138));
+  EXPECT_EQ(Facts(), "5 × 3 · drahokamů: 0 · čas: 50 s");
+  ASSERT_TRUE(WaitUntilDrawn());
+  const QImage seen = Seen();
+  EXPECT_EQ(seen.pixelColor(155, 10), kSteel);
+  EXPECT_EQ(seen.pixelColor(155 - 40, 60), kDog);
+  EXPECT_EQ(seen.pixelColor(155 - 2 * 40, 60), kSteel);
+  EXPECT_EQ(seen.pixelColor(20, 60), skin.Colour("select.preview.color"));
+}
+
+TEST_F(CavePreviewTest, ShowsALockForAClosedCaveAndNothingOfIt) {
+  Caves(3);
+  Open();
+  ASSERT_TRUE(WaitUntilDrawn());
+  Press(Qt::Key_Down);
+  EXPECT_TRUE(Preview().IsDrawn());
+  EXPECT_EQ(Facts(), "");
+  const QImage seen = Seen();
+  EXPECT_EQ(seen.pixelColor(155, 69 + 20), skin.Colour("select.preview.textcolor"));
+  for (int x = 0; x < seen.width(); ++x) EXPECT_NE(seen.pixelColor(x, 60), kSteel);
+}
+
+TEST_F(CavePreviewTest, WaitsUntilNobodyGoesOn) {
+  Caves(50);
+  for (int i = 1; i <= 50; ++i) Record(i, 10);
+  Open();
+  ASSERT_TRUE(WaitUntilDrawn());
+  for (int i = 2; i <= 50; ++i) {
+    Press(Qt::Key_Down);
+    EXPECT_FALSE(Preview().IsDrawn()) << i;
+    EXPECT_EQ(Seen().pixelColor(155 - 40, 60), skin.Colour("select.preview.color")) << i;
+  }
+  ASSERT_TRUE(WaitUntilDrawn());
+  EXPECT_EQ(Seen().pixelColor(155 - 40, 60), kDog);
+}
+
+TEST_F(CavePreviewTest, KeepsWhatItHasDrawn) {
+  Caves(2);
+  Record(1, 10);
+  Open();
+  ASSERT_TRUE(WaitUntilDrawn());
+  Press(Qt::Key_Down);
+  ASSERT_TRUE(WaitUntilDrawn());
+  Press(Qt::Key_Up);
+  EXPECT_TRUE(Preview().IsDrawn());
+  EXPECT_EQ(Seen().pixelColor(155 - 40, 60), kDog);
+}
+
+TEST_F(CavePreviewTest, TellsTheTimeOfTheRecordOnceTheCaveIsWon) {
+  Caves(2);
+  Win(1);
+  ASSERT_EQ(ticks, 1);
+  Open();
+  ASSERT_TRUE(WaitUntilDrawn());
+  EXPECT_EQ(Facts(), "5 × 3 · drahokamů: 0 · čas: 50 s · nejlépe 0,1 s");
+}
+
+TEST_F(CavePreviewTest, TellsNoTimeOfAWinThatIsNotStored) {
+  Caves(2);
+  Open();
+  Prosel();
+  Press(Qt::Key_Up);
+  ASSERT_TRUE(WaitUntilDrawn());
+  EXPECT_EQ(Facts(), "5 × 3 · drahokamů: 0 · čas: 50 s");
+}
+
+TEST_F(CavePreviewTest, TellsNoTimeOfARecordThatDoesNotWin) {
+  Caves(1);
+  Record(1, 10);  // its only tick holds no step
+  Open();
+  ASSERT_TRUE(WaitUntilDrawn());
+  EXPECT_EQ(Facts(), "5 × 3 · drahokamů: 0 · čas: 50 s");
+}
+
+TEST_F(CavePreviewTest, IsInTheLanguageOfTheSkin) {
+  Caves(1);
+  Win(1);
+  ASSERT_TRUE(skin.Apply({folder.Root() + "/Skins", "English"}));
+  Open();
+  ASSERT_TRUE(WaitUntilDrawn());
+  EXPECT_EQ(Facts(), "5 × 3 · gems: 0 · time: 50 s · best 0.1 s");
+}
+
+TEST_F(CavePreviewTest, IsThereOnlyWhereASkinWithItsOwnPictureAsksForIt) {
+  Caves(1);
+  Paint("Skins/Own/Menu/select.bmp", Qt::blue);
+  ASSERT_TRUE(skin.Apply({folder.Root() + "/Skins", "Own"}));
+  Open();
+  EXPECT_FALSE(Preview().isVisible());
+  folder.File("Skins/Own/Menu/skindata.txt", "select:\npreview.left=20\n");
+  ASSERT_TRUE(skin.Apply({folder.Root() + "/Skins", "Own"}));
+  window->SkinIt();
+  EXPECT_TRUE(Preview().isVisible());
+  EXPECT_EQ(Preview().geometry(), QRect(20, 266, 310, 138));
+  folder.File("Skins/Own/Menu/skindata.txt", "select:\npreview.left=-1\n");
+  ASSERT_TRUE(skin.Apply({folder.Root() + "/Skins", "Own"}));
+  window->SkinIt();
+  EXPECT_FALSE(Preview().isVisible());
+}
+
+}  // namespace
+}  // namespace zorik
