@@ -8,6 +8,7 @@
 #include "data/Scramble.h"
 #include "zktool/Caves.h"
 #include "zktool/Commands.h"
+#include "zktool/RecordFiles.h"
 #include "zktool/Verdict.h"
 
 namespace zorik {
@@ -19,17 +20,6 @@ bool AreSame(CaveRecord one, const CaveRecord& other) {
   one.Name = other.Name;
   one.Description = other.Description;
   return one == other;
-}
-
-// The bytes of a record behind its head.
-std::string MovesOf(const std::string& record) {
-  constexpr std::string_view kLineEnd = "\r\n";
-  std::size_t at = 0;
-  for (int line = 0; line < 3 && at != std::string::npos; ++line) {
-    at = record.find(kLineEnd, at);
-    if (at != std::string::npos) at += kLineEnd.size();
-  }
-  return at == std::string::npos ? std::string() : record.substr(at);
 }
 
 Needed<std::string> Carried(const std::string& record, const CaveSet& collection, int number,

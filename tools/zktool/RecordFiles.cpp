@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <string_view>
 #include <system_error>
 
 #include "data/Cp1250.h"
@@ -48,6 +49,17 @@ std::vector<std::string> RecordFilesOf(const std::vector<std::string>& paths) {
     std::sort(files.begin() + start, files.end());
   }
   return files;
+}
+
+std::string MovesOf(const std::string& record) {
+  constexpr std::string_view kLineEnd = "\r\n";
+  std::size_t at = 0;
+  for (int line = 0; line < 3; ++line) {
+    at = record.find(kLineEnd, at);
+    if (at == std::string::npos) return {};
+    at += kLineEnd.size();
+  }
+  return record.substr(at);
 }
 
 }  // namespace zorik
