@@ -1,6 +1,5 @@
 // What a repaint of the cave editor's picture costs, in copies. A copy is one memcpy of an image of its size;
 // it is measured in turn with the repaints, so that a noisy machine slows both alike.
-#include <QApplication>
 #include <cstdlib>
 #include <random>
 #include <string>
@@ -45,11 +44,3 @@ BENCHMARK(Repaint)->Arg(14)->Arg(26)->Arg(52);
 
 }  // namespace
 }  // namespace zorik
-
-int main(int argc, char** argv) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  const QApplication application(argc, argv);
-  benchmark::Initialize(&argc, argv);
-  benchmark::RunSpecifiedBenchmarks();
-  benchmark::Shutdown();
-}

@@ -76,11 +76,3 @@ BENCHMARK(PresentCells)->Arg(0)->Arg(1)->Arg(20)->Arg(80);
 
 }  // namespace
 }  // namespace zorik
-
-int main(int argc, char** argv) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  const QApplication application(argc, argv);
-  benchmark::Initialize(&argc, argv);
-  benchmark::RunSpecifiedBenchmarks();
-  benchmark::Shutdown();
-}

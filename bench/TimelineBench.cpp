@@ -6,9 +6,9 @@
 #include <random>
 #include <string>
 
+#include "bench/Framed.h"
 #include "bench/InTurn.h"
 #include "core/Hra.h"
-#include "data/CaveO.h"
 #include "data/Result.h"
 #include "run/Timeline.h"
 #include "solve/Move.h"
@@ -18,24 +18,14 @@ namespace {
 
 constexpr int kSeeks = 20;  // in a turn
 
-// Quiet: dirt and boulders. Busy: a sixth of all cells moves by itself.
+// Quiet: dirt and boulders. Busy: a sixth of all cells moves by itself. The dog has a corridor of its own.
 std::string LargeCave(bool busy) {
-  CaveRecord cave;
-  cave.Time = 1900;
-  cave.GemsNeeded = 1900;
+  CaveRecord cave = FramedCave(80, 50, 4, busy ? "......RDFUL:FUL:....RD;;X" : ";;;;;;;.RD;;X");
   cave.AmoebaTime = 190;
-  cave.Colouring = 4;
-  cave.Width = 80;
-  cave.Height = 50;
-  std::mt19937 random(4);
-  const std::string letters = busy ? "......RDFUL:FUL:....RD;;X" : ";;;;;;;.RD;;X";
-  for (std::size_t x = 0; x < cave.Width; ++x) {
-    for (std::size_t y = 0; y < cave.Height; ++y) {
-      const bool edge = x == 0 || y == 0 || y == 2 || x + 1 == cave.Width || y + 1 == cave.Height;
-      cave.Cells[x][y] = edge ? 'W' : y == 1 ? ';' : letters[random() % letters.size()];
-    }
+  for (std::size_t x = 1; x + 1 < cave.Width; ++x) {
+    if (x > 1) cave.Cells[x][1] = ';';
+    cave.Cells[x][2] = 'W';
   }
-  cave.Cells[1][1] = '1';
   return *BuildCaveText(cave);
 }
 

@@ -46,16 +46,29 @@ export DISPLAY SDL_AUDIODRIVER=dummy QT_QPA_PLATFORM=xcb XDG_RUNTIME_DIR="$scrat
 mkdir -m 700 "$XDG_RUNTIME_DIR"
 openbox >/dev/null 2>&1 &
 
+# record_file SCHOOL NUMBER: the name of the file in which a player keeps his record of a cave.
+record_file() {
+  local name title
+  name=$("$tool" verify "$caves/records/$1/01.zkr" | sed -n '1s/.* collection="\([^"]*\)" .*/\1/p')
+  title=$("$tool" progress "$caves/$1.zk" "$scratch/nobody" | sed -n "$2p" | cut -f 4)
+  tr -d '?*\\/,;:=\t"\n' <<<"$name - $title.zkr"
+}
 # player COUNT LANGUAGE: one who has solved the first caves of the first collection in this language, with the records
 # that came with the game.
 player() {
-  local school="1-zorikova-skola-$2" folder="$ZORIK_HOME/Players/Zorík" name number title
+  local school="1-zorikova-skola-$2" folder="$ZORIK_HOME/Players/Zorík" number
   mkdir -p "$folder" "$scratch/nobody"
-  name=$("$tool" verify "$caves/records/$school/01.zkr" | sed -n '1s/.* collection="\([^"]*\)" .*/\1/p')
-  "$tool" progress "$caves/$school.zk" "$scratch/nobody" | head -n "$1" | while IFS=$'\t' read -r number _ _ title; do
-    cp "$caves/records/$school/$(printf %02d "$number").zkr" \
-      "$folder/$(tr -d '?*\\/,;:=\t"' <<<"$name - $title.zkr")"
+  for ((number = 1; number <= $1; ++number)); do
+    cp "$caves/records/$school/$(printf %02d "$number").zkr" "$folder/$(record_file "$school" "$number")"
   done
+}
+# rival NUMBER LANGUAGE: another player, who has won that cave of this collection in his own way.
+rival() {
+  local school="1-zorikova-skola-$2" folder="$ZORIK_HOME/Players/Žofie"
+  mkdir -p "$folder"
+  "$tool" fetch "$caves/$school.zk" "$1" >"$scratch/cave.txt"
+  "$tool" solve "$scratch/cave.txt" --seconds 5 --shorten 0 --seed 5 --record "$scratch/rival.zkr" >/dev/null
+  "$tool" carry "$scratch/rival.zkr" "$caves/$school.zk" "$1" "$folder/$(record_file "$school" "$1")" --player Žofie
 }
 
 # keys NAME...: presses them one after another, as a hand would.
@@ -102,6 +115,7 @@ pictures() {
   mkdir -p "$out" "$XDG_CONFIG_HOME/Ortvan"
   printf '[General]\nSkin=%s\nSound=0\n' "$2" >"$XDG_CONFIG_HOME/Ortvan/Zorik2.ini"
   player 11 "$1"
+  rival 8 "$1"
   "$app/zorik" >/dev/null 2>&1 &
   game=$!
   sleep 5
@@ -120,6 +134,24 @@ pictures() {
   take keys
   keys Escape Escape alt+F4
   sleep 1
+  keys Home Down Down Down Down Down Down Down # the cave of the train
+  keys t
+  sleep 4
+  keys Right Right
+  take practice
+  keys Escape
+  sleep 1
+  keys z
+  wait_for_score
+  keys r space Home period period period period period period period period period period period period
+  take theatre
+  keys Escape
+  sleep 1
+  keys v Return # the other player
+  sleep 2
+  keys d
+  take pair
+  keys Escape
   keys Home z # the record of the first cave
   wait_for_score
   [[ $1 != cs ]] || take score

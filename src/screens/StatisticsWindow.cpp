@@ -4,6 +4,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QLocale>
+#include <QScreen>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -78,6 +79,7 @@ StatisticsWindow::StatisticsWindow(Skin& skin, const std::string& folder, const 
   connect(&reading_, &QTimer::timeout, this, &StatisticsWindow::ReadOn);
   LayOut();
   SkinIt(player);
+  FitList();
   ReadOn();
   if (!AllRead()) reading_.start(0);
   adjustSize();
@@ -100,6 +102,12 @@ void StatisticsWindow::LayOut() {
   rows->addWidget(caves_);
   rows->addWidget(lblRemarks_);
   rows->addWidget(ok_, 0, Qt::AlignHCenter);
+}
+
+// A small screen leaves the list less room; what is to be remarked takes two lines of it.
+void StatisticsWindow::FitList() {
+  const QSize others = sizeHint() - kList + QSize(0, 2 * fontMetrics().lineSpacing());
+  caves_->setFixedSize(kList.boundedTo(screen()->availableSize() - others));
 }
 
 void StatisticsWindow::SkinIt(const std::string& player) {

@@ -33,6 +33,7 @@ class StatisticsWindow : public SkinDialog {
 
  private:
   void LayOut();
+  void FitList();
   void SkinIt(const std::string& player);
   void ReadOn();
   void ShowSums();

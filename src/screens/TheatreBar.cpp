@@ -19,7 +19,6 @@ namespace {
 // In the desktop's units, where there is room for them.
 constexpr int kHeight = 66;
 constexpr int kWidest = 760;
-constexpr int kNeeded = 620;  // below this all is smaller
 constexpr int kMargin = 10;
 constexpr int kLineTop = 4;
 constexpr int kRowTop = 32;
@@ -98,7 +97,7 @@ void TheatreBar::SetWords(const Skin& skin) {
   SetHint(*line_, kSeekWords.In(skin));
   again_->SetCaption(kPlayAgainWords.In(skin));
   takeOver_->SetCaption(kTakeOverWords.In(skin));
-  Arrange();
+  PlaceIn(frame_);
 }
 
 void TheatreBar::SetRun(int length, const std::vector<RunEvent>& events) {
@@ -137,11 +136,20 @@ QString TheatreBar::MomentText() const {
 // Places
 
 void TheatreBar::PlaceIn(const QRect& frame) {
+  frame_ = frame;
   const int width = std::min(frame.width() - 2 * kBelow, kWidest);
-  scale_ = std::min(1.0, static_cast<qreal>(width) / kNeeded);
+  scale_ = std::min(1.0, static_cast<qreal>(width) / Needed());
   setGeometry(frame.left() + (frame.width() - width) / 2, frame.bottom() + 1 - Scaled(kHeight) - kBelow,
               width, Scaled(kHeight));
   Arrange();
+}
+
+// The width in which all stands in one row; in less of it all is smaller.
+int TheatreBar::Needed() const {
+  constexpr int kButtons = 5;
+  const int words = std::max(again_->CaptionWidth(kButton), takeOver_->CaptionWidth(kButton));
+  const int row = kButtons * (kButton + kGap) + kMomentWidth + kGap + kNumberWidth + kGap;
+  return kMargin + row + words + 2 * kMargin + kMargin;
 }
 
 int TheatreBar::Scaled(int units) const {

@@ -53,11 +53,13 @@ class TheatreBar : public QWidget {
 
  private:
   BarButton* NewButton(const char* name);
+  int Needed() const;
   int Scaled(int units) const;
   void Arrange();
   void PlaceWide(BarButton& button, int right);
   void DrawWords(QPainter& painter) const;
 
+  QRect frame_;  // of the parent, in which it lies
   bool stands_ = false;
   qreal scale_ = 1;  // below 1 where all would not find room otherwise
   QString speed_;

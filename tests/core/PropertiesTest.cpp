@@ -6,29 +6,13 @@
 #include <memory>
 
 #include "data/Result.h"
-#include "support/GameState.h"
-#include "support/RandomCave.h"
+#include "support/RandomRuns.h"
 #include "support/Scene.h"
 
 // What holds in every cave, whatever the player does. Each test tries hundreds of caves made by chance; with
 // ZORIK_MANY=N in the environment each tries at least N.
 namespace zorik::test {
 namespace {
-
-Hra Begin(const RandomRun& run) {
-  Hra hra(run.seed);
-  hra.PlayerName = "hrac";
-  EXPECT_TRUE(PaintCave(hra, run.caveText, RunKind::Play)) << run.seed;
-  return hra;
-}
-
-Hra BeginReplay(const std::string& record) {
-  Hra hra(99);
-  EXPECT_TRUE(Replay(hra, record));
-  return hra;
-}
-
-using Trace = std::vector<std::string>;
 
 // Plays the keys to their end or to a win.
 Trace RunOn(Hra& hra, const KeyScript& keys, std::size_t from = 0) {
@@ -41,17 +25,6 @@ Trace RunOn(Hra& hra, const KeyScript& keys, std::size_t from = 0) {
   return trace;
 }
 
-// Plays a record to its end.
-Trace RunReplay(Hra& hra) {
-  Trace trace;
-  for (;;) {
-    const TickEnd end = Tick(hra, {});
-    if (end == TickEnd::RecordOver || end == TickEnd::Restarted) return trace;
-    trace.push_back(GameState(hra));
-    if (end == TickEnd::Won) return trace;
-  }
-}
-
 testing::AssertionResult Same(const Trace& one, const Trace& other) {
   for (std::size_t t = 0; t < std::min(one.size(), other.size()); ++t) {
     if (one[t] == other[t]) continue;
@@ -59,17 +32,6 @@ testing::AssertionResult Same(const Trace& one, const Trace& other) {
   }
   if (one.size() == other.size()) return testing::AssertionSuccess();
   return testing::AssertionFailure() << one.size() << " and " << other.size() << " ticks";
-}
-
-// Calls check(run) for each of the random runs, until one fails.
-template <class Check>
-void ForEachRun(int usual, Check check) {
-  const int many = HowMany(usual);
-  for (int i = 0; i < many && !testing::Test::HasFailure(); ++i) {
-    const RandomRun run = MakeRun(static_cast<std::uint64_t>(i));
-    SCOPED_TRACE("random run " + std::to_string(i));
-    check(run);
-  }
 }
 
 TEST(EveryRun, IsRebuiltTickByTickByTheReplayOfItsRecord) {

@@ -6,33 +6,20 @@
 
 #include "data/Result.h"
 #include "platform/DSound.h"
-#include "support/Waves.h"
+#include "platform/SilentSound.h"
 
 namespace zorik {
 namespace {
 
 namespace fs = std::filesystem;
 using State = DSound::State;
-using test::Environment;
-using test::Samples;
 using test::SoundFolder;
 using test::SoundOnDisk;
 using test::Tone;
 using test::WaveFileOf;
 
 // What the buffers keep of files and of what was asked before.
-class DSoundKept : public testing::Test {
- protected:
-  DSoundKept() { EXPECT_TRUE(sound_.DSInit()); }
-
-  std::string Wave(const std::string& name, const Samples& samples) const {
-    return folder_.Write(name, WaveFileOf(samples));
-  }
-
-  SoundFolder folder_;
-  Environment driver_{"SDL_AUDIODRIVER", "dummy"};
-  DSound sound_;
-};
+class DSoundKept : public test::SilentSound {};
 
 TEST_F(DSoundKept, IsNoSoundThatWasStoppedBeforeThePause) {
   const std::string path = Wave("a.wav", Tone(50, 500, 20000));

@@ -12,7 +12,7 @@
 
 #include "data/Result.h"
 #include "platform/DSound.h"
-#include "support/Waves.h"
+#include "platform/SilentSound.h"
 
 namespace zorik {
 namespace {
@@ -22,30 +22,16 @@ using State = DSound::State;
 using test::Environment;
 using test::Ruler;
 using test::Samples;
-using test::SoundFolder;
 using test::SoundOnDisk;
 using test::Tone;
 using test::WaveFileOf;
 
 constexpr std::size_t kSink = 110;  // frames in which what is broken off sinks
 
-class DSoundTest : public testing::Test {
- protected:
-  std::string Wave(const std::string& name, const Samples& samples) const {
-    return folder_.Write(name, WaveFileOf(samples));
-  }
+using DSoundTest = test::WaveFolder;
 
-  SoundFolder folder_;
-};
-
-// Without a sound card: what is asked of the buffers.
-class DSoundSlots : public DSoundTest {
- protected:
-  DSoundSlots() { EXPECT_TRUE(sound_.DSInit()); }
-
-  Environment driver_{"SDL_AUDIODRIVER", "dummy"};
-  DSound sound_;
-};
+// What is asked of the buffers.
+using DSoundSlots = test::SilentSound;
 
 // What is heard, taken from the file that the driver writes.
 class DSoundHeard : public DSoundTest {

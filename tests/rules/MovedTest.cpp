@@ -71,7 +71,8 @@ TEST_F(MovedTest, TellsOfMonstersThatGoAndNotOfThoseThatTurn) {
 }
 
 TEST_F(MovedTest, TellsOfADragonflyThatHunts) {
-  EXPECT_EQ(After({":..", "...", "..1"}, 1).size(), 1U);
+  EXPECT_EQ(After({":..1", "XXXX"}), Told{": 0,0 > 1,0"});
+  EXPECT_EQ(After({":..", "...", "..1"}, 1).size(), 1U) << "to one side or down";
   EXPECT_EQ(After({":X1", "XXX"}), Told{}) << "it cannot go";
 }
 

@@ -1,31 +1,13 @@
 #include <gtest/gtest.h>
 
-#include <memory>
-
 #include "data/Result.h"
 #include "run/Timeline.h"
 #include "solve/Move.h"
-#include "support/GameState.h"
-#include "support/RandomCave.h"
+#include "support/RandomRuns.h"
 #include "support/Scene.h"
 
 namespace zorik::test {
 namespace {
-
-using Trace = std::vector<std::string>;
-
-std::unique_ptr<Hra> Begin(const RandomRun& run, RunKind kind) {
-  auto hra = std::make_unique<Hra>(run.seed);
-  hra->PlayerName = "hrac";
-  EXPECT_TRUE(PaintCave(*hra, run.caveText, kind)) << run.seed;
-  return hra;
-}
-
-std::unique_ptr<Hra> BeginReplay(const std::string& record) {
-  auto hra = std::make_unique<Hra>(99);
-  EXPECT_TRUE(Replay(*hra, record));
-  return hra;
-}
 
 // Plays the keys from where the run is, to their end or to a win.
 Trace PlayOn(Hra& hra, const KeyScript& keys, Timeline* timeline = nullptr) {
@@ -38,16 +20,6 @@ Trace PlayOn(Hra& hra, const KeyScript& keys, Timeline* timeline = nullptr) {
   return trace;
 }
 
-Trace ReplayOn(Hra& hra) {
-  Trace trace;
-  for (;;) {
-    const TickEnd end = Tick(hra, {});
-    if (end == TickEnd::RecordOver || end == TickEnd::Restarted) return trace;
-    trace.push_back(GameState(hra));
-    if (end == TickEnd::Won) return trace;
-  }
-}
-
 Trace After(const Trace& trace, int ticks) {
   return {trace.begin() + ticks, trace.end()};
 }
@@ -56,135 +28,133 @@ int AnyTick(Chance& chance, const Timeline& timeline) {
   return static_cast<int>(chance.Below(static_cast<std::uint32_t>(timeline.Length() + 1)));
 }
 
+// Calls check(run, chance) for each of the random runs, until one fails.
 template <class Check>
-void ForEachRun(int usual, Check check) {
-  const int many = HowMany(usual);
-  for (int i = 0; i < many && !testing::Test::HasFailure(); ++i) {
-    SCOPED_TRACE("random run " + std::to_string(i));
-    const RandomRun run = MakeRun(static_cast<std::uint64_t>(i));
+void ForEachChance(int usual, Check check) {
+  ForEachRun(usual, [&check](const RandomRun& run) {
     Chance chance(run.seed);
     check(run, chance);
-  }
+  });
 }
 
 TEST(ARunThatGoesBack, GoesOnWithTheSameKeysAsItDid) {
   for (const RunKind kind : {RunKind::Practice, RunKind::Play}) {
-    ForEachRun(150, [kind](const RandomRun& run, Chance& chance) {
-      const auto hra = Begin(run, kind);
-      Timeline timeline(*hra);
-      const Trace whole = PlayOn(*hra, run.keys, &timeline);
+    ForEachChance(150, [kind](const RandomRun& run, Chance& chance) {
+      Hra hra = Begin(run, kind);
+      Timeline timeline(hra);
+      const Trace whole = PlayOn(hra, run.keys, &timeline);
       ASSERT_EQ(timeline.Length(), static_cast<int>(whole.size()));
-      const std::string record = hra->RecordText;
+      const std::string record = hra.RecordText;
       const int tick = AnyTick(chance, timeline);
-      timeline.MoveTo(*hra, tick);
-      EXPECT_EQ(hra->Ticks, tick);
-      EXPECT_EQ(PlayOn(*hra, run.keys), After(whole, tick));
-      EXPECT_EQ(hra->RecordText, record);
+      timeline.MoveTo(hra, tick);
+      EXPECT_EQ(hra.Ticks, tick);
+      EXPECT_EQ(PlayOn(hra, run.keys), After(whole, tick));
+      EXPECT_EQ(hra.RecordText, record);
     });
   }
 }
 
 TEST(ARunThatGoesBack, GoesOnWithOtherKeysAsOneThatHadThemAtOnce) {
-  ForEachRun(150, [](const RandomRun& run, Chance& chance) {
-    const auto hra = Begin(run, RunKind::Practice);
-    Timeline timeline(*hra);
-    PlayOn(*hra, run.keys, &timeline);
+  ForEachChance(150, [](const RandomRun& run, Chance& chance) {
+    Hra hra = Begin(run, RunKind::Practice);
+    Timeline timeline(hra);
+    PlayOn(hra, run.keys, &timeline);
     const int tick = AnyTick(chance, timeline);
     KeyScript other = run.keys;
     for (std::size_t t = static_cast<std::size_t>(tick); t < other.size(); ++t)
       other[t] = KeysOf(static_cast<Move>(chance.Below(9)));
-    timeline.MoveTo(*hra, tick);
+    timeline.MoveTo(hra, tick);
     timeline.Cut(tick);
     EXPECT_EQ(timeline.Length(), tick);
-    PlayOn(*hra, other, &timeline);
+    PlayOn(hra, other, &timeline);
 
-    const auto straight = Begin(run, RunKind::Practice);
-    Timeline fresh(*straight);
-    const Trace whole = PlayOn(*straight, other, &fresh);
-    EXPECT_EQ(GameState(*hra), GameState(*straight));
+    Hra straight = Begin(run, RunKind::Practice);
+    Timeline fresh(straight);
+    const Trace whole = PlayOn(straight, other, &fresh);
+    EXPECT_EQ(GameState(hra), GameState(straight));
     EXPECT_EQ(timeline.Events(), fresh.Events());
     const int again = AnyTick(chance, timeline);
-    timeline.MoveTo(*hra, again);
-    EXPECT_EQ(PlayOn(*hra, other), After(whole, again));
+    timeline.MoveTo(hra, again);
+    EXPECT_EQ(PlayOn(hra, other), After(whole, again));
   });
 }
 
 TEST(AReplayThatGoesBack, GoesOnAsItDid) {
-  ForEachRun(150, [](const RandomRun& run, Chance& chance) {
-    const auto played = Begin(run, RunKind::Play);
-    PlayOn(*played, run.keys);
-    const auto hra = BeginReplay(SaveRecord(*played, 0));
-    const Timeline timeline = WholeReplay(*hra);
-    const Trace whole = ReplayOn(*hra);
+  ForEachChance(150, [](const RandomRun& run, Chance& chance) {
+    Hra played = Begin(run, RunKind::Play);
+    PlayOn(played, run.keys);
+    Hra hra = BeginReplay(SaveRecord(played, 0));
+    const Timeline timeline = WholeReplay(hra);
+    const Trace whole = RunReplay(hra);
     ASSERT_EQ(timeline.Length(), static_cast<int>(whole.size()));
     const int tick = AnyTick(chance, timeline);
-    timeline.MoveTo(*hra, tick);
-    EXPECT_EQ(ReplayOn(*hra), After(whole, tick));
+    timeline.MoveTo(hra, tick);
+    EXPECT_EQ(RunReplay(hra), After(whole, tick));
   });
 }
 
 TEST(AReplayThatGoesBack, LivesLongerThanItsTimeline) {
-  const auto played = std::make_unique<Hra>(Play({"1;;;;;;;;;"}, {.needed = 1}));
-  for (int i = 0; i < 9; ++i) Pass(*played, 1, "R");
-  auto hra = BeginReplay(SaveRecord(*played, 0));
+  Hra played = Play({"1;;;;;;;;;"}, {.needed = 1});
+  for (int i = 0; i < 9; ++i) Pass(played, 1, "R");
+  Hra hra = BeginReplay(SaveRecord(played, 0));
   {
-    const Timeline timeline = WholeReplay(*hra);
+    const Timeline timeline = WholeReplay(hra);
     EXPECT_EQ(timeline.Length(), 9);
-    timeline.MoveTo(*hra, 4);
+    timeline.MoveTo(hra, 4);
   }
-  EXPECT_EQ(hra->Dog[1].x, 4);
-  EXPECT_EQ(ReplayOn(*hra).size(), 5U);
-  EXPECT_EQ(hra->Dog[1].x, 9);
+  EXPECT_EQ(hra.Dog[1].x, 4);
+  EXPECT_EQ(RunReplay(hra).size(), 5U);
+  EXPECT_EQ(hra.Dog[1].x, 9);
 }
 
 TEST(AReplayThatIsTakenOver, GoesOnAsTheRunDidWithItsKeysAndItsChance) {
-  ForEachRun(200, [](const RandomRun& run, Chance& chance) {
-    const auto played = Begin(run, RunKind::Play);
+  ForEachChance(200, [](const RandomRun& run, Chance& chance) {
+    Hra played = Begin(run, RunKind::Play);
     const std::size_t taken = chance.Below(static_cast<std::uint32_t>(run.keys.size()));
-    PlayOn(*played, KeyScript(run.keys.begin(), run.keys.begin() + static_cast<std::ptrdiff_t>(taken)));
-    const auto moment = std::make_unique<Hra>(*played);
-    const Trace rest = PlayOn(*played, run.keys);
+    PlayOn(played, KeyScript(run.keys.begin(), run.keys.begin() + static_cast<std::ptrdiff_t>(taken)));
+    const Hra moment = played;
+    const Trace rest = PlayOn(played, run.keys);
 
-    const auto hra = BeginReplay(SaveRecord(*played, 0));
-    while (hra->Ticks < moment->Ticks) Tick(*hra, {});
-    TakeOver(*hra);
-    EXPECT_TRUE(hra->Practising());
-    hra->Luck = moment->Luck;
-    hra->KeyHeld = moment->KeyHeld;
-    hra->ActionLatch = moment->ActionLatch;
-    EXPECT_EQ(PlayOn(*hra, run.keys), rest);
-    EXPECT_EQ(SaveRecord(*hra, 0), "");
+    Hra hra = BeginReplay(SaveRecord(played, 0));
+    while (hra.Ticks < moment.Ticks) Tick(hra, {});
+    TakeOver(hra);
+    EXPECT_TRUE(hra.Practising());
+    hra.Luck = moment.Luck;
+    hra.KeyHeld = moment.KeyHeld;
+    hra.ActionLatch = moment.ActionLatch;
+    EXPECT_EQ(PlayOn(hra, run.keys), rest);
+    EXPECT_EQ(SaveRecord(hra, 0), "");
   });
 }
 
 TEST(AReplayThatIsTakenOver, IsFollowedByItsTimelineIntoPracticeAndBack) {
-  ForEachRun(150, [](const RandomRun& run, Chance& chance) {
-    const auto played = Begin(run, RunKind::Play);
-    PlayOn(*played, run.keys);
-    const auto hra = BeginReplay(SaveRecord(*played, 0));
-    Timeline timeline = WholeReplay(*hra);
-    const Trace watched = ReplayOn(*hra);
+  ForEachChance(150, [](const RandomRun& run, Chance& chance) {
+    Hra played = Begin(run, RunKind::Play);
+    PlayOn(played, run.keys);
+    Hra hra = BeginReplay(SaveRecord(played, 0));
+    Timeline timeline = WholeReplay(hra);
+    const Trace watched = RunReplay(hra);
 
     const int taken = AnyTick(chance, timeline);
-    timeline.MoveTo(*hra, taken);
-    if (hra->Win) return;
-    TakeOver(*hra);
+    timeline.MoveTo(hra, taken);
+    if (hra.Win) return;
+    TakeOver(hra);
     timeline.Cut(taken);
     KeyScript keys(static_cast<std::size_t>(taken) + 60);
     for (KeySnapshot& held : keys) held = KeysOf(static_cast<Move>(chance.Below(9)));
-    const Trace practised = PlayOn(*hra, keys, &timeline);
+    const Trace practised = PlayOn(hra, keys, &timeline);
     Trace whole{watched.begin(), watched.begin() + taken};
     whole.insert(whole.end(), practised.begin(), practised.end());
     ASSERT_EQ(timeline.Length(), static_cast<int>(whole.size()));
 
     for (int i = 0; i < 4; ++i) {
       const int tick = 1 + static_cast<int>(chance.Below(static_cast<std::uint32_t>(whole.size())));
-      timeline.MoveTo(*hra, tick);
-      EXPECT_TRUE(hra->Practising());
-      EXPECT_EQ(GameState(*hra), whole[static_cast<std::size_t>(tick - 1)]);
+      timeline.MoveTo(hra, tick);
+      EXPECT_TRUE(hra.Practising());
+      EXPECT_EQ(GameState(hra), whole[static_cast<std::size_t>(tick - 1)]);
     }
-    timeline.MoveTo(*hra, taken);
-    EXPECT_EQ(PlayOn(*hra, keys), practised);
+    timeline.MoveTo(hra, taken);
+    EXPECT_EQ(PlayOn(hra, keys), practised);
   });
 }
 

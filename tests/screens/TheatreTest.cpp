@@ -118,6 +118,7 @@ TEST_F(TheatreTest, FindsRoomInEverySizeOfTheWindow) {
       EXPECT_GT(Button(name)->x(), right) << name << size.width();
       right = Button(name)->geometry().right();
     }
+    EXPECT_GT(Button("again")->x(), Button("faster")->geometry().right()) << size.width();
   }
 }
 

@@ -1,55 +1,13 @@
 #include <gtest/gtest.h>
 
 #include <QPainter>
-#include <filesystem>
-#include <memory>
 
-#include "data/Result.h"
-#include "skin/CavePainter.h"
-#include "support/Scene.h"
-#include "support/TempFolder.h"
+#include "PaintedRun.h"
 
 namespace zorik {
 namespace {
 
-namespace fs = std::filesystem;
-
-constexpr QRgb kSpaceColour = 0xFF101010, kDirtColour = 0xFF20C020, kDogColour = 0xFFF0F0F0,
-               kOther = 0xFFFF00FF;
-
-// A skin of plain colours, gone when the test is over.
-class CavePainterTest : public testing::Test, public Stage {
- protected:
-  CavePainterTest() {
-    places_.SkinsPath = temp_.Path();
-    fs::create_directories(places_.SkinsPath + "/Default/Game");
-    Paint("error.bmp", kOther);
-    Paint("Default/Game/Space.bmp", kSpaceColour);
-    Paint("Default/Game/Dirt.bmp", kDirtColour);
-    Paint("Default/Game/Dog.bmp", kDogColour);
-    painter_ = std::make_unique<CavePainter>(places_);
-    hra_.SetStage(*this);
-  }
-
-  void Paint(const std::string& path, QRgb colour) const {
-    QImage image(80, 80, QImage::Format_RGB32);
-    image.fill(colour);
-    ASSERT_TRUE(image.save(QString::fromStdString(places_.SkinsPath + "/" + path)));
-  }
-
-  void Start(const test::Picture& picture) {
-    ASSERT_TRUE(PaintCave(hra_, test::CaveTextOf(picture), RunKind::Play));
-  }
-
-  void CaveOpens() override { painter_->CaveOpens(hra_); }
-  void CellChanged(int x, int y) override { painter_->CellChanged(hra_, x, y); }
-  void MoveView(bool jump) override { painter_->MoveView(hra_, jump); }
-
-  test::TempFolder temp_{"painter"};
-  SkinPlaces places_;
-  std::unique_ptr<CavePainter> painter_;
-  Hra hra_;
-};
+using CavePainterTest = test::PaintedRun;
 
 // The colour in the middle of a drawn cell.
 QRgb CellColour(const QImage& image, int cell, int x, int y) {
@@ -205,7 +163,6 @@ TEST_F(CavePainterTest, FollowsTheSwarmWhenThatIsSteered) {
 }
 
 TEST_F(CavePainterTest, ShowsAnotherSkinFromTheNextCaveOn) {
-  fs::create_directories(places_.SkinsPath + "/Mine/Game");
   Paint("Mine/Game/Dirt.bmp", kOther);
   Start({"1;..;", ".;;.."});
   SkinPlaces mine = places_;

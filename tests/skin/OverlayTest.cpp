@@ -1,41 +1,26 @@
 #include <gtest/gtest.h>
 
 #include <QPainter>
-#include <filesystem>
 
-#include "data/Result.h"
-#include "skin/CavePainter.h"
+#include "PaintedRun.h"
 #include "skin/Overlay.h"
-#include "support/Scene.h"
-#include "support/TempFolder.h"
 
 namespace zorik {
 namespace {
 
-constexpr QRgb kSpaceColour = 0xFF000040, kDogColour = 0xFFF0F000;
-
 // A skin in which the left half of the dog is one colour and the rest of it clear, and a painter that has
 // drawn a corridor of 5 x 2 cells with it, 40 pixels each.
-class LaidOver : public testing::Test, public Stage {
+class LaidOver : public test::PaintedRun {
  protected:
-  LaidOver() {
-    places_.SkinsPath = temp_.Path();
-    std::filesystem::create_directories(places_.SkinsPath + "/Default/Game");
-    QImage space(80, 80, QImage::Format_RGB32);
-    space.fill(kSpaceColour);
-    Save(space, "Space");
-    QImage dog(80, 80, QImage::Format_RGB32);
-    dog.fill(Qt::black);
-    QPainter(&dog).fillRect(0, 0, 40, 80, QColor(kDogColour));
-    Save(dog, "Dog");
-    painter_ = std::make_unique<CavePainter>(places_);
-    hra_.SetStage(*this);
-    EXPECT_TRUE(PaintCave(hra_, test::CaveTextOf({"1....", "....."}), RunKind::Play));
-    plain_ = painter_->Compose(hra_, {200, 80});
-  }
+  static constexpr QRgb kSpaceColour = 0xFF000040, kDogColour = 0xFFF0F000;
 
-  void Save(const QImage& image, const std::string& name) const {
-    ASSERT_TRUE(image.save(QString::fromStdString(places_.SkinsPath + "/Default/Game/" + name + ".bmp")));
+  LaidOver() {
+    Paint("Default/Game/Space.bmp", kSpaceColour);
+    QImage dog = test::Plain(qRgb(0, 0, 0));
+    QPainter(&dog).fillRect(0, 0, 40, 80, QColor(kDogColour));
+    Save("Default/Game/Dog.bmp", dog);
+    Start({"1....", "....."});
+    plain_ = painter_->Compose(hra_, {200, 80});
   }
 
   // The picture with the overlay.
@@ -58,14 +43,6 @@ class LaidOver : public testing::Test, public Stage {
     return true;
   }
 
-  void CaveOpens() override { painter_->CaveOpens(hra_); }
-  void CellChanged(int x, int y) override { painter_->CellChanged(hra_, x, y); }
-  void MoveView(bool jump) override { painter_->MoveView(hra_, jump); }
-
-  test::TempFolder temp_{"overlay"};
-  SkinPlaces places_;
-  std::unique_ptr<CavePainter> painter_;
-  Hra hra_;
   QImage plain_;
   QRegion touched_;
 };
@@ -135,7 +112,7 @@ TEST_F(LaidOver, APictureStandsWhereTheViewHasItsCell) {
     test::Pass(hra_, 1, i < 5 ? "R" : "D");
     plain_ = painter_->Compose(hra_, {507, 299});
     Overlay overlay;
-    overlay.sprites.push_back({QPointF(hra_.Dog[1].x, hra_.Dog[1].y), {kSetDog, 0, 0}, 1});
+    overlay.sprites.push_back({QPoint(hra_.Dog[1].x, hra_.Dog[1].y), {kSetDog, 0, 0}, 1});
     EXPECT_EQ(Over(overlay), plain_) << "a dog laid over the very same dog is not seen, step " << i;
     EXPECT_FALSE(touched_.isEmpty());
     overlay.sprites[0].cell += QPoint(1, 0);

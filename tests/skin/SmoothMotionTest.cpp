@@ -1,47 +1,21 @@
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <memory>
-
-#include "data/Result.h"
-#include "skin/CavePainter.h"
+#include "PaintedRun.h"
 #include "support/RandomCave.h"
-#include "support/Scene.h"
-#include "support/TempFolder.h"
 
 namespace zorik {
 namespace {
 
-namespace fs = std::filesystem;
-
-constexpr QRgb kSpaceColour = 0xFF101010, kDirtColour = 0xFF20C020, kDogColour = 0xFFF0F0F0,
-               kBoulderColour = 0xFF808080, kBoxColour = 0xFFB08040, kOther = 0xFFFF00FF;
 constexpr QSize kFrame(200, 80);  // five by two cells of 40 pixels
 
 // A run whose picture moves smoothly, in a skin of plain colours.
-class SmoothMotionTest : public testing::Test, public Stage {
+class SmoothMotionTest : public test::PaintedRun {
  protected:
-  SmoothMotionTest() {
-    const SkinPlaces places{temp_.Path()};
-    fs::create_directories(temp_.Path() + "/Default/Game");
-    Colour("error.bmp", kOther);
-    Colour("Default/Game/Space.bmp", kSpaceColour);
-    Colour("Default/Game/Dirt.bmp", kDirtColour);
-    Colour("Default/Game/Dog.bmp", kDogColour);
-    Colour("Default/Game/Boulder.bmp", kBoulderColour);
-    Colour("Default/Game/Box.bmp", kBoxColour);
-    painter_ = std::make_unique<CavePainter>(places);
-  }
+  static constexpr QRgb kBoulderColour = 0xFF808080, kBoxColour = 0xFFB08040;
 
-  void Colour(const std::string& path, QRgb colour) const {
-    QImage image(80, 80, QImage::Format_RGB32);
-    image.fill(colour);
-    ASSERT_TRUE(image.save(QString::fromStdString(temp_.Path() + "/" + path)));
-  }
-
-  void Start(const test::Picture& picture) {
-    hra_.SetStage(*this);
-    ASSERT_TRUE(PaintCave(hra_, test::CaveTextOf(picture), RunKind::Play));
+  SmoothMotionTest() : PaintedRun(1) {
+    Paint("Default/Game/Boulder.bmp", kBoulderColour);
+    Paint("Default/Game/Box.bmp", kBoxColour);
   }
 
   void Pass(std::string_view keys = "", bool smooth = true) {
@@ -61,14 +35,7 @@ class SmoothMotionTest : public testing::Test, public Stage {
     return image;
   }
 
-  void CaveOpens() override { painter_->CaveOpens(hra_); }
-  void CellChanged(int x, int y) override { painter_->CellChanged(hra_, x, y); }
   void Moved(Cell from, Cell to) override { painter_->Moved(hra_, from, to); }
-  void MoveView(bool jump) override { painter_->MoveView(hra_, jump); }
-
-  test::TempFolder temp_{"motion"};
-  std::unique_ptr<CavePainter> painter_;
-  Hra hra_{1};
 };
 
 // The colours along a line of pixels, each with how many there are of it.
@@ -208,7 +175,7 @@ class Plain : public Stage {
 };
 
 TEST_F(SmoothMotionTest, EndsEachTickWithThePictureThatThereIsWithoutIt) {
-  Plain plain(*this, {temp_.Path()}, hra_);
+  Plain plain(*this, places_, hra_);
   hra_.SetStage(plain);
   ASSERT_TRUE(PaintCave(hra_, test::CaveTextOf(Bustle()), RunKind::Play));
   const QSize frame(390, 230);

@@ -8,6 +8,7 @@
 #include "data/Scramble.h"
 #include "support/Scene.h"
 #include "tools/Tool.h"
+#include "zktool/RecordFiles.h"
 
 namespace zorik::test {
 namespace {
@@ -18,12 +19,9 @@ std::string CaveNamed(const std::string& name) {
 
 // The winning record of a cave, with these names in its head.
 std::string RecordFor(const std::string& cave, const std::string& collection, const std::string& player) {
-  const std::string record = ShortRecord();
-  std::size_t moves = 0;
-  for (int line = 0; line < 3; ++line) moves = record.find("\r\n", moves) + 2;
   Chance decoration;
   return BuildRecordHead(collection, kShortScore, player, decoration) + ScrambleText(cave, decoration) +
-         "\r\n" + record.substr(moves);
+         "\r\n" + MovesOf(ShortRecord());
 }
 
 // A folder of a player, and a collection of two caves: "Prvn\xED" and "Druh\xE1: dva?".

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <string_view>
 #include <system_error>
 
 #include "data/Cp1250.h"
@@ -53,11 +54,12 @@ std::vector<std::string> RecordFilesOf(const std::vector<std::string>& paths) {
 std::string MovesOf(const std::string& record) {
   constexpr std::string_view kLineEnd = "\r\n";
   std::size_t at = 0;
-  for (int line = 0; line < 3 && at != std::string::npos; ++line) {
+  for (int line = 0; line < 3; ++line) {
     at = record.find(kLineEnd, at);
-    if (at != std::string::npos) at += kLineEnd.size();
+    if (at == std::string::npos) return {};
+    at += kLineEnd.size();
   }
-  return at == std::string::npos ? std::string() : record.substr(at);
+  return record.substr(at);
 }
 
 }  // namespace zorik
