@@ -118,21 +118,11 @@ class Reviewer {
     review_.idleFrom = review_.ticks - stretch_ + 1;
   }
 
-  // The unit that was steered; when one gets on the teleport another one may be steered at once.
-  int Stepped() const {
-    if (run_.TeleportDogBusy && !before_.TeleportDogBusy) {
-      for (int n = 1; n <= run_.DogCount; ++n) {
-        if (UnitCell(run_, n) == run_.TeleportIn && before_.Dog[static_cast<std::size_t>(n)].Alive) return n;
-      }
-    }
-    return run_.ActiveDog;
-  }
-
   std::optional<Deed> DeedOfTick() const {
     if (run_.KeyDirection < kKeyLeft || run_.KeyDirection > kKeyDown) return std::nullopt;
     Deed deed;
     deed.tick = review_.ticks;
-    deed.unit = Stepped();
+    deed.unit = run_.ActiveDog;
     deed.direction = run_.KeyDirection - kKeyLeft;
     deed.action = run_.KeyAction != 0;
     const auto unit = static_cast<std::size_t>(deed.unit);

@@ -69,7 +69,7 @@ TEST(Odds, FollowADogThatGetsOffInPlaceOfAnother) {
   const Walk walk{
       {"WWWWWWWWWWWW", "W1WWWWWWWWWW", "WWW.WWWWWWWW", "W2;SWWS;D;TW", "WWWWWW.WWWWW", "WWWWWWWWWWWW"},
       {.time = 20, .needed = 1},
-      "RR....RRRR"};
+      "2RR....RRRR"};
   const Review review = ReviewOf(walk);
   ASSERT_GE(review.deeds.size(), 3U);
   EXPECT_EQ(review.deeds[1].unit, 2);
