@@ -27,8 +27,8 @@ bool Stands(std::uint16_t code) {
          code == kSlime || code == kFinish || (code >= kLockRed && code <= kLockBlue);
 }
 
-// Whether the cave is as one at its start may be: nothing falls, burns, rides, or is about to go off. Only
-// then a look at its cells tells what can come of it.
+}  // namespace
+
 bool IsAtRest(const Hra& run) {
   if (run.TeleportStage != 0 || run.Count(kExplosion) > 0) return false;
   bool rests = true;
@@ -39,8 +39,6 @@ bool IsAtRest(const Hra& run) {
   });
   return rests;
 }
-
-}  // namespace
 
 std::optional<int> FewestTicks(const Hra& run, const Reach& reach) {
   std::optional<int> fewest;

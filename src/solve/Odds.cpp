@@ -19,6 +19,7 @@ constexpr int kLookAhead = 8;             // deeds
 constexpr int kPatience = 150;            // ticks to wait for a deed beyond its time
 constexpr int kLostPatience = 15;         // the same once the way was lost
 constexpr int kDodges = 20;               // ticks of a walk that may be spent with that
+constexpr int kGettingOff = 3;            // ticks from a ride until a dog is found missing
 constexpr int kHorizon = 8;               // ticks that a step aside should be good for
 constexpr int kPushes = 60;               // tries
 constexpr int kRescues = 60;              // searches for a lost way
@@ -70,15 +71,18 @@ class Follower {
   }
 
   // How many ticks pass until a dog dies that lives now, so many at the most: a look ahead in which chance is
-  // another one. Behind the moves no key is pressed.
+  // another one. Behind the moves no key is pressed. Where one dog rides and another one gets off, a dog is
+  // missing afterwards: that is the teleport's price, no death.
   int Survival(const std::vector<Move>& moves, int ticks) {
     ahead_ = run_;
     ahead_.Luck = Chance(other_.Below(1U << 30U));
-    const int dogs = LiveDogs(ahead_);
+    int dogs = LiveDogs(ahead_), riding = 0;
     for (int tick = 0; tick < ticks; ++tick) {
       const auto place = static_cast<std::size_t>(tick);
       ahead_.RecordText.clear();
       if (Tick(ahead_, KeysOf(place < moves.size() ? moves[place] : kWait)) == TickEnd::Won) return ticks;
+      riding = ahead_.TeleportDogBusy ? kGettingOff : std::max(0, riding - 1);
+      if (riding > 0) dogs = std::min(dogs, LiveDogs(ahead_));
       if (LiveDogs(ahead_) < dogs) return tick;
     }
     return ticks;
@@ -127,15 +131,29 @@ class Follower {
     return deed.moved ? at == deed.target || at != deed.from : run_.Field(deed.target) != deed.found;
   }
 
+  // While somebody rides no unit can be chosen.
+  void WaitForRide() {
+    while (Going() && run_.TeleportDogBusy) Do(kWait);
+  }
+
+  // Whether the monster for which the deed is meant is where it was then.
+  bool PreyComes(const Deed& deed) const {
+    return !deed.prey ||
+           (run_.Field(*deed.prey) == deed.preyKind && run_.FieldMark(*deed.prey) == deed.preyMark);
+  }
+
   // Does one deed; false when the way is lost.
   bool Carry(const Deed& deed) {
+    WaitForRide();
     if (deed.unit == 0) return CarrySwarm(deed);
     if (Obsolete(deed)) return true;
     if (!Choose(deed.unit)) return false;
     if (!GoTo(deed.from)) return IsTaken(deed.found) && !deed.action && GoTo(deed.target);
     while (Going() && run_.Ticks < deed.tick && !Kills({kWait}, 2)) Do(kWait);
-    for (int waited = 0; Going() && !(Ready(deed) && !Kills(Coming(), 0)); ++waited) {
-      if (waited > (rescues_ > 0 ? kLostPatience : kPatience)) return false;
+    for (int waited = 0; Going(); ++waited) {
+      const bool late = waited > (rescues_ > 0 ? kLostPatience : kPatience);
+      if (Ready(deed) && (late || PreyComes(deed)) && !Kills(Coming(), 0)) break;
+      if (late) return false;
       if (!Dodge()) return false;
       if (UnitCell(run_, deed.unit) != deed.from && !GoTo(deed.from)) return false;
     }

@@ -1,6 +1,7 @@
 #include "solve/Rating.h"
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
 #include <cstdio>
 
@@ -10,6 +11,7 @@ namespace zorik {
 namespace {
 
 constexpr int kMostPaws = 5;
+constexpr double kPointsOfAPaw = 1.25;
 
 std::string Rounded(double number) {
   std::array<char, 32> text{};
@@ -17,16 +19,19 @@ std::string Rounded(double number) {
   return text.data();
 }
 
-// Up to 3 points for decisions (8 give one), 2 each for narrow escapes (4 give one) and length (a minute
-// gives one), 1 for a plan that luck may spoil. Two points make a paw.
+// A point for so many, up to so many points.
+double Points(double number, double forOne, double most) {
+  return std::min(most, number / forOne);
+}
+
 int PawsOf(const Rating& rating) {
   const Review& review = rating.review;
-  const double decisions = std::min(3.0, review.decisions / 8.0);
-  const double escapes = std::min(2.0, review.closeCalls / 4.0);
-  const double length = std::min(2.0, review.ticks / (60.0 * kTicksPerSecond));
+  const int kinds = std::popcount(review.used);
   const double luck = rating.survived < kLeastOdds * rating.tries ? 1 : 0;
-  const double points = decisions + escapes + length + luck;
-  return std::clamp(1 + static_cast<int>(points / 2), 1, kMostPaws);
+  const double points = Points(review.decisions, 5, 3) + Points(review.closeCalls, 3, 2) +
+                        Points(review.ticks, 20 * kTicksPerSecond, 2) + Points(std::max(0, kinds - 1), 3, 2) +
+                        luck;
+  return std::clamp(1 + static_cast<int>(points / kPointsOfAPaw), 1, kMostPaws);
 }
 
 }  // namespace

@@ -154,7 +154,8 @@ std::optional<int> MostGems(const Hra& run, const Reach& reach) {
     gems += run.Field(c) == kButterFly ? kLeftByFly : 0;
     amoeba |= run.Field(c) == kAmoeba;
   });
-  if (HasMagicWall(run) && CountResting(run) + CountOf(run, {kFly, kButterFly, kAmoeba}) > 0) {
+  if (run.MagicState != kMagicSpent && HasMagicWall(run) &&
+      CountResting(run) + CountOf(run, {kFly, kButterFly, kAmoeba}) > 0) {
     // Where something has fallen into it, what grows or steps into the cell above falls into it, too.
     if (CountOf(run, {kAmoeba, kWallH, kWallV}) > 0) return std::nullopt;
     gems += CountResting(run) - run.Count(kGem) + kLeftByFly * CountOf(run, {kFly}) +

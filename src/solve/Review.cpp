@@ -11,7 +11,8 @@ namespace zorik {
 namespace {
 
 constexpr std::array<Step, 4> kSteps{kLeft, kUp, kRight, kDown};
-constexpr int kNear = 2;  // cells: a monster that comes so close to a dog has been met
+constexpr int kFarthestPrey = 12;  // cells: what is let fall may be meant for a monster so far away
+constexpr int kNear = 2;           // cells: a monster that comes so close to a dog has been met
 
 std::size_t PlaceOf(std::string_view word) {
   const auto thing = std::find_if(kThings.begin(), kThings.end(),
@@ -21,6 +22,11 @@ std::size_t PlaceOf(std::string_view word) {
 
 bool Monster(std::uint16_t code) {
   return (Grids::Traits(code) & trait::kMonster) != 0;
+}
+
+// What goes its way without chance.
+bool Circles(std::uint16_t code) {
+  return code == kFireFly || code == kButterFly;
 }
 
 // What comes and goes without leaving a trace.
@@ -74,6 +80,7 @@ class Reviewer {
     if (end != TickEnd::Won) return Failure{"the record does not win"};
     if (dry_) return Failure{"the record is damaged"};
     Count();
+    ForgetTheSpared();
     return std::move(review_);
   }
 
@@ -129,7 +136,21 @@ class Reviewer {
     const bool pushed = deed.found == kBox || deed.found == kBoulder;
     deed.changed = run_.Field(deed.target) != deed.found && !Monster(deed.found);
     if (!deed.moved && !pushed && !deed.changed) return std::nullopt;
+    if (deed.changed && before_.FieldState(deed.target + kUp) == kResting) LookForPrey(deed);
     return deed;
+  }
+
+  // The nearest monster of those that what is let fall may hit.
+  void LookForPrey(Deed& deed) const {
+    int nearest = kFarthestPrey + 1;
+    ForEachCell(before_, [&](Cell c) {
+      const int aside = std::abs(c.x() - deed.target.x()), below = c.y() - deed.target.y();
+      if (!Circles(before_.Field(c)) || below < 0 || aside + below >= nearest) return;
+      nearest = aside + below;
+      deed.prey = c;
+      deed.preyKind = before_.Field(c);
+      deed.preyMark = before_.FieldMark(c);
+    });
   }
 
   bool FleasMoved() const {
@@ -170,6 +191,7 @@ class Reviewer {
 
   void Burn(std::uint16_t code) {
     if (Monster(code)) Use(WordOf(code));
+    if (Circles(code)) burnt_.emplace_back(review_.ticks, code);
     if (code == kFlea) Use("fleas");
     if (code == kCat) Use("cat");
   }
@@ -206,6 +228,17 @@ class Reviewer {
     if (run_.ActiveDog != before_.ActiveDog) Use(run_.ActiveDog == 0 ? "fleas" : "dogs");
   }
 
+  // A monster that lived on was not meant.
+  void ForgetTheSpared() {
+    for (Deed& deed : review_.deeds) {
+      const bool hit = std::any_of(burnt_.begin(), burnt_.end(), [&deed](const auto& burnt) {
+        const int after = burnt.first - deed.tick;
+        return burnt.second == deed.preyKind && after > 0 && after <= kFarthestPrey + kTicksPerSecond;
+      });
+      if (!hit) deed.prey.reset();
+    }
+  }
+
   // What is done to one kind of thing within a second is one decision; so is a change of the unit, a rest of
   // more than a second, and a step aside.
   void Count() {
@@ -232,6 +265,7 @@ class Reviewer {
   Review review_;
   int stretch_ = 0;
   bool inDanger_ = false;
+  std::vector<std::pair<int, std::uint16_t>> burnt_;  // ticks in which monsters blew up
   bool dry_ = false;
 };
 

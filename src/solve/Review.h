@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -19,6 +20,10 @@ struct Deed {
   bool changed = false;     // what it stepped to or acted on did
   Cell from, target;        // where it stood, and what it stepped to or acted on
   std::uint16_t found = 0;  // what was there
+  // A monster below what the deed let fall: where it was, with its heading.
+  std::optional<Cell> prey;
+  std::uint16_t preyKind = 0;
+  std::uint8_t preyMark = 0;
 };
 
 // What a run that wins tells of its cave.

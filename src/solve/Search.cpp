@@ -3,28 +3,14 @@
 #include <algorithm>
 
 #include "core/Machine.h"
+#include "core/Patterns.h"
+#include "solve/Impossible.h"
 
 namespace zorik {
 namespace {
 
-constexpr int kMostBroken = 12;  // walls that count
+constexpr int kMostVain = 30;  // tries at a push that does not move
 constexpr std::array<Step, 4> kSteps{kLeft, kUp, kRight, kDown};
-
-int Keys(const Grids& run) {
-  return run.Count(kKeyRed) + run.Count(kKeyGreen) + run.Count(kKeyBlue) + run.Count(kCatKey);
-}
-
-// What stands for ever unless something blows up beside it.
-int Walls(const RunState& run) {
-  int walls = 0;
-  ForEachCell(run, [&](Cell c) { walls += run.Field(c) == kBrick || run.Field(c) == kBiomass ? 1 : 0; });
-  return walls;
-}
-
-std::uint64_t Mix(std::uint64_t hash, std::uint64_t value) {
-  hash = (hash ^ value) * 0x9E3779B97F4A7C15U;
-  return hash ^ (hash >> 29U);
-}
 
 bool Monster(std::uint16_t code) {
   return code == kFireFly || code == kButterFly || code == kFly || code == kDragonFly;
@@ -33,164 +19,66 @@ bool Monster(std::uint16_t code) {
 }  // namespace
 
 Search::Search(const Hra& begin, std::uint64_t seed, Temper temper)
-    : run_(begin), snapshots_(begin), chance_(seed), temper_(temper) {
-  keysAtStart_ = Keys(run_);
-  gemsAtStart_ = run_.Count(kGem);
-  dogsAtStart_ = LiveDogs(run_);
-  wallsAtStart_ = Walls(run_);
-  limit_ = std::max(1, run_.TimeLimit * kTicksPerSecond);
+    : run_(begin),
+      snapshots_(begin),
+      chance_(seed),
+      temper_(temper),
+      worth_(begin),
+      archive_(temper, std::max(1, begin.TimeLimit * kTicksPerSecond)) {
   run_.CaveText.clear();
   run_.RecordText.clear();
   parent_ = -1;
   Keep();
 }
 
-int Search::Level() const {
-  const int gems = std::min(run_.GemsCollected, run_.GemsNeeded);
-  const int open = std::min(ReachableGems(), std::max(0, run_.GemsNeeded - run_.GemsCollected));
-  const int made = std::max(0, run_.GemsCollected + run_.Count(kGem) - gemsAtStart_);
-  // A wall that is gone may be the way to all the rest.
-  const int broken = std::clamp(wallsAtStart_ - Walls(run_), 0, kMostBroken);
-  return gems * 4 + open * 3 + made + broken + (run_.ExitOpen ? 8 : 0) + (keysAtStart_ - Keys(run_)) * 4 -
-         (dogsAtStart_ - LiveDogs(run_)) * 6;
-}
-
-// The gems to which some dog could walk as things stand.
-int Search::ReachableGems() const {
-  seen_.fill(0);
-  std::vector<Cell>& due = due_;
-  due.clear();
-  for (int n = 1; n <= run_.DogCount; ++n) {
-    const auto c = UnitCell(run_, n);
-    if (!c || !run_.Dog[static_cast<std::size_t>(n)].Alive) continue;
-    seen_[c->place()] = 1;
-    due.push_back(*c);
-  }
-  int gems = 0;
-  while (!due.empty()) {
-    const Cell c = due.back();
-    due.pop_back();
-    for (const Step step : kSteps) {
-      const Cell next = c + step;
-      if (seen_[next.place()] != 0) continue;
-      const std::uint16_t code = run_.Field(next);
-      if (code == kGem) ++gems;
-      const bool pushed =
-          (code == kBox || (code == kBoulder && step.dy == 0)) && run_.Field(next + step) == kSpace;
-      if (!pushed && !CanEnter(run_, next) && code != kGem) continue;
-      seen_[next.place()] = 1;
-      due.push_back(next);
-    }
-  }
-  return gems;
-}
-
-// Moments that are alike in what matters share a place in the archive: the earlier one stays.
-std::uint64_t Search::Key(int level) const {
-  std::uint64_t hash =
-      Mix(static_cast<std::uint64_t>(level + 1000), static_cast<std::uint64_t>(run_.ActiveDog));
-  std::uint64_t alive = 0;
-  for (int n = 0; n <= run_.DogCount; ++n) {
-    const Unit& unit = run_.Dog[static_cast<std::size_t>(n)];
-    if (!unit.Alive) continue;
-    alive |= 1U << static_cast<unsigned>(n);
-    const bool exact = n == run_.ActiveDog;
-    hash = Mix(hash,
-               static_cast<std::uint64_t>(exact ? unit.x * 128 + unit.y : (unit.x / 2) * 128 + unit.y / 2));
-  }
-  hash = Mix(hash, alive);
-  if (run_.CatPresent) hash = Mix(hash, static_cast<std::uint64_t>(run_.CatPC));
-  std::uint64_t heavy = 0;
-  ForEachCell(run_, [&](Cell c) {
-    const std::uint16_t code = run_.Field(c);
-    if (code == kBoulder || code == kBox) heavy += (c.place() * 0x9E3779B97F4A7C15U) >> 40U;
-  });
-  return Mix(hash, heavy % 31);
+// Only what blows up or is used up takes the last chance away; to look is dear.
+bool Search::Lost() {
+  const int turnings = run_.Explosions * 4 + run_.MagicState;
+  if (turnings == turnings_ || !IsAtRest(run_)) return false;
+  turnings_ = turnings;
+  return parent_ >= 0 && IsLost(run_);
 }
 
 void Search::Keep() {
-  const int level = Level();
-  const std::uint64_t key = Key(level);
-  const int length = parent_ < 0 ? 0 : parentLength_ + static_cast<int>(moves_.size());
-  const auto [place, fresh] = known_.try_emplace(key, static_cast<std::int32_t>(nodes_.size()));
-  if (!fresh && nodes_[static_cast<std::size_t>(place->second)].length <= length) return;
-  mostGems_ = std::max(mostGems_, run_.GemsCollected);
-  const auto number = static_cast<std::int32_t>(nodes_.size());
-  if (!fresh) {
-    // The old node stays as an ancestor, but is not returned to.
-    auto& row = levels_[nodes_[static_cast<std::size_t>(place->second)].level];
-    std::erase(row, place->second);
-    Snapshots::Snapshot& old = nodes_[static_cast<std::size_t>(place->second)].snapshot;
-    bytes_ -= Snapshots::SizeOf(old);
-    old = {};
-    place->second = number;
+  if (Lost()) {
+    over_ = true;
+    return;
   }
-  Node node;
+  const int level = worth_.Level(run_);
+  const std::uint64_t situation = temper_.grain == Grain::None ? 0 : worth_.Situation(run_, temper_.grain);
+  const std::uint64_t key = worth_.Key(run_, level) ^ situation;
+  const int length = parentLength_ + static_cast<int>(moves_.size());
+  if (!archive_.Wants(key, length)) return;
+  mostGems_ = std::max(mostGems_, run_.GemsCollected);
+  Archive::Node node;
   node.snapshot = snapshots_.Keep(run_);
   node.parent = parent_;
   node.moves = moves_;
   node.level = level;
   node.length = length;
-  bytes_ += sizeof(Node) + Snapshots::SizeOf(node.snapshot) + node.moves.size();
-  levels_[node.level].push_back(number);
-  nodes_.push_back(std::move(node));
-  parent_ = number;
+  node.turnings = turnings_;
+  parent_ = archive_.Add(key, situation, std::move(node));
   parentLength_ = length;
   moves_.clear();
 }
 
-std::size_t Search::Pick() {
-  auto row = levels_.begin();
-  if (OneIn(5)) {
-    for (std::uint32_t skip = Below(static_cast<std::uint32_t>(levels_.size())); skip > 0; --skip) ++row;
-  } else {
-    while (std::next(row) != levels_.end() && !OneIn(temper_.greed)) ++row;
-  }
-  while (row->second.empty() && std::next(row) != levels_.end()) ++row;
-  if (row->second.empty()) return 0;
-  std::int32_t best = -1;
-  for (int i = 0; i < 3; ++i) {
-    const std::int32_t candidate = row->second[Below(static_cast<std::uint32_t>(row->second.size()))];
-    const auto worth = [this](std::int32_t node) {
-      const Node& n = nodes_[static_cast<std::size_t>(node)];
-      return n.promise - n.visits - n.length * temper_.haste / limit_;
-    };
-    if (best < 0 || worth(candidate) > worth(best)) best = candidate;
-  }
-  return static_cast<std::size_t>(best);
-}
-
-Plan Search::PlanTo(std::int32_t node) const {
-  std::vector<const Plan*> parts;
-  for (; node >= 0; node = nodes_[static_cast<std::size_t>(node)].parent)
-    parts.push_back(&nodes_[static_cast<std::size_t>(node)].moves);
-  Plan plan;
-  for (auto part = parts.rbegin(); part != parts.rend(); ++part)
-    plan.insert(plan.end(), (*part)->begin(), (*part)->end());
-  return plan;
-}
-
 Plan Search::BestPlan() const {
-  const auto row =
-      std::find_if(levels_.begin(), levels_.end(), [](const auto& level) { return !level.second.empty(); });
-  if (row == levels_.end()) return {};
-  const auto length = [this](std::int32_t node) { return nodes_[static_cast<std::size_t>(node)].length; };
-  return PlanTo(*std::min_element(row->second.begin(), row->second.end(),
-                                  [&](std::int32_t a, std::int32_t b) { return length(a) < length(b); }));
+  return archive_.PlanTo(archive_.Best());
 }
 
 bool Search::Go(std::uint64_t ticks) {
   const std::uint64_t until = ticks_ + ticks;
-  while (!found_ && ticks_ < until) Explore(Pick());
+  while (!found_ && ticks_ < until) Explore(archive_.Pick(chance_));
   return found_.has_value();
 }
 
-void Search::Explore(std::size_t number) {
-  Node& node = nodes_[number];
+void Search::Explore(std::int32_t number) {
+  Archive::Node& node = archive_[number];
   ++node.visits;
   snapshots_.Restore(run_, node.snapshot);
-  parent_ = static_cast<std::int32_t>(number);
+  parent_ = number;
   parentLength_ = node.length;
+  turnings_ = node.turnings;
   moves_.clear();
   over_ = false;
   const std::uint32_t tries = 1 + Below(4);
@@ -210,7 +98,7 @@ bool Search::Do(Move move) {
   moves_.push_back(move);
   const TickEnd end = Tick(run_, KeysOf(move));
   if (end == TickEnd::Won) {
-    found_ = PlanTo(parent_);
+    found_ = archive_.PlanTo(parent_);
     found_->insert(found_->end(), moves_.begin(), moves_.end());
     over_ = true;
     return false;
@@ -232,6 +120,7 @@ void Search::Try() {
   const std::uint32_t what = Below(16);
   if (what < 8) return FetchSomething();
   if (what < 10) return PushSomething();
+  if (what < 11) return DropSomething();
   if (what < 12) return WalkAnywhere();
   if (what < 14) return Wander();
   Wait();
@@ -291,8 +180,7 @@ void Search::FetchSomething() {
     if (goals.size() >= 12) break;
   }
   if (moves_.empty() && parent_ >= 0)
-    nodes_[static_cast<std::size_t>(parent_)].promise =
-        static_cast<int>(std::min<std::size_t>(goals.size(), 8));
+    archive_[parent_].promise = static_cast<int>(std::min<std::size_t>(goals.size(), 8));
   if (goals.empty()) return OneIn(2) ? PushSomething() : WalkAnywhere();
   std::uint32_t which = 0;
   while (which + 1 < goals.size() && OneIn(2)) ++which;
@@ -307,24 +195,67 @@ void Search::FetchSomething() {
   Follow(goal);
 }
 
+// A box, or a boulder that lies; a bomb rather than those.
 void Search::PushSomething() {
   FindWays();
-  std::vector<std::pair<Cell, std::uint8_t>> chances;
+  std::vector<std::pair<Cell, std::uint8_t>> chances, bombs;
   for (const Cell c : ways_.Reached()) {
     if (chances.size() >= 40) break;
     for (std::uint8_t direction = 0; direction < 4; ++direction) {
       const Step step = kSteps[direction];
       const std::uint16_t code = run_.Field(c + step);
       const bool can = code == kBox || (code == kBoulder && step.dy == 0);
-      if (can && run_.Field(c + step + step) == kSpace) chances.emplace_back(c, direction);
+      if (!can || run_.Field(c + step + step) != kSpace) continue;
+      (IsBomb(run_, c + step) ? bombs : chances).emplace_back(c, direction);
+    }
+  }
+  if (!bombs.empty() && (chances.empty() || OneIn(2))) chances = std::move(bombs);
+  if (chances.empty()) return Wander();
+  const auto [stand, direction] = chances[Below(static_cast<std::uint32_t>(chances.size()))];
+  Follow(stand);
+  if (OneIn(2)) return Push(direction, 1 + static_cast<int>(Below(1U << Below(5))));
+  const Move move = static_cast<Move>((OneIn(4) ? kActBase : kStepBase) + direction);
+  for (std::uint32_t i = 1 + Below(8); i > 0; --i) {
+    if (!Do(move)) return;
+  }
+}
+
+// So many cells far, however long chance keeps it back.
+void Search::Push(std::uint8_t direction, int cells) {
+  for (int vain = 0; cells > 0 && vain < kMostVain;) {
+    const auto before = UnitCell(run_, run_.ActiveDog);
+    if (!before || !Do(static_cast<Move>(kStepBase + direction))) return;
+    const bool moved = UnitCell(run_, run_.ActiveDog) != before;
+    cells -= moved ? 1 : 0;
+    vain = moved ? 0 : vain + 1;
+  }
+}
+
+// Takes away at arm's length what something lies upon, and may look on.
+void Search::DropSomething() {
+  FindWays();
+  std::vector<std::pair<Cell, std::uint8_t>> chances;
+  for (const Cell c : ways_.Reached()) {
+    if (chances.size() >= 40) break;
+    for (std::uint8_t direction = 0; direction < 4; ++direction) {
+      const Cell held = c + kSteps[direction];
+      const std::uint16_t code = run_.Field(held);
+      const bool can = code == kDirt || code == kGem || IsKey(code);
+      if (can && kSteps[direction].dy <= 0 && run_.FieldState(held + kUp) == kResting)
+        chances.emplace_back(c, direction);
     }
   }
   if (chances.empty()) return Wander();
   const auto [stand, direction] = chances[Below(static_cast<std::uint32_t>(chances.size()))];
   Follow(stand);
-  const Move move = static_cast<Move>((OneIn(4) ? kActBase : kStepBase) + direction);
-  for (std::uint32_t i = 1 + Below(8); i > 0; --i) {
-    if (!Do(move)) return;
+  if (over_ || UnitCell(run_, run_.ActiveDog) != stand) return;
+  for (std::uint32_t wait = OneIn(2) ? Below(30) : 0; wait > 0; --wait) {
+    if (!Do(kWait)) return;
+  }
+  if (!Do(static_cast<Move>(kActBase + direction))) return;
+  if (kSteps[direction].dy != 0 || OneIn(2)) Do(static_cast<Move>(kStepBase + Below(4)));
+  for (std::uint32_t wait = Below(20); wait > 0; --wait) {
+    if (!Do(kWait)) return;
   }
 }
 

@@ -8,7 +8,15 @@ namespace {
 
 constexpr std::uint64_t kSlice = 20'000;      // ticks of a turn
 constexpr std::uint64_t kShortest = 100'000;  // ticks of the shortest search that begins anew
-constexpr std::array<Temper, 4> kTempers{{{0, 3}, {40, 3}, {0, 5}, {20, 2}}};
+constexpr std::array<Temper, 9> kTempers{{{0, 3},
+                                          {40, 3},
+                                          {20, 3, Grain::Bombs, 6},
+                                          {0, 3, Grain::Heaps, 2},
+                                          {0, 3, Grain::Things, 2},
+                                          {0, 5},
+                                          {20, 2},
+                                          {20, 3, Grain::Heaps, 8},
+                                          {20, 3, Grain::Things, 8}}};
 
 // 1, 1, 2, 1, 1, 2, 4, ...: Luby's series, which wastes little whatever length is needed.
 std::uint64_t Luby(std::uint64_t i) {

@@ -12,8 +12,9 @@
 
 namespace zorik {
 
-// Several searches of one cave in turn: two that go on for ever, one patient and one in haste, and a third
-// that begins anew again and again, since luck at the beginning decides a lot.
+// Several searches of one cave in turn: two that strive for the best, one patient and one in haste, three
+// that return evenly to all situations, each with a grain of its own, and one that begins anew again and
+// again, since luck at the beginning decides a lot.
 class Solver {
  public:
   // begin: a run at its start, with its chance seeded, which is the chance of the plan. mostBytes: of memory,
@@ -32,7 +33,7 @@ class Solver {
   const std::optional<Plan>& Found() const { return found_; }
 
  private:
-  static constexpr std::size_t kArms = 3;
+  static constexpr std::size_t kArms = 6;
 
   void BeginAnew(std::size_t arm);
 

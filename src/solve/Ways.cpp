@@ -10,6 +10,7 @@ namespace {
 
 constexpr std::array<Step, 4> kSteps{kLeft, kUp, kRight, kDown};
 constexpr int kPushedBox = 3;      // what a push costs, in steps
+constexpr int kSwappedBox = 7;     // it changes places at one try of four
 constexpr int kPushedBoulder = 6;  // it moves at one try of four
 
 }  // namespace
@@ -20,8 +21,9 @@ bool CanEnter(const Hra& run, Cell c) {
 
 int Ways::Price(const Hra& run, Cell to, Step step) const {
   if (CanEnter(run, to)) return 1;
-  if (run.Field(to + step) != kSpace) return kNever;
-  if (run.Field(to) == kBox) return kPushedBox;
+  const bool free = run.Field(to + step) == kSpace;
+  if (run.Field(to) == kBox) return free ? kPushedBox : kSwappedBox;
+  if (!free) return kNever;
   const bool boulder = run.Field(to) == kBoulder && run.FieldState(to) == kResting && step.dy == 0;
   return boulder ? kPushedBoulder : kNever;
 }

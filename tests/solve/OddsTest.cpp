@@ -64,6 +64,19 @@ TEST(Odds, AreNoneOfACaveThatCannotBeWonOrPlayed) {
   EXPECT_FALSE(FollowPlan("rubbish", {}, 1, Never));
 }
 
+// The second dog rides, and the first one gets off in his place: the second is gone then, which is no death.
+TEST(Odds, FollowADogThatGetsOffInPlaceOfAnother) {
+  const Walk walk{
+      {"WWWWWWWWWWWW", "W1WWWWWWWWWW", "WWW.WWWWWWWW", "W2;SWWS;D;TW", "WWWWWW.WWWWW", "WWWWWWWWWWWW"},
+      {.time = 20, .needed = 1},
+      "2RR....RRRR"};
+  const Review review = ReviewOf(walk);
+  ASSERT_GE(review.deeds.size(), 3U);
+  EXPECT_EQ(review.deeds[1].unit, 2);
+  EXPECT_EQ(review.deeds[2].unit, 1);
+  EXPECT_EQ(Survived(walk), 10);
+}
+
 // A firefly flies up and down a shaft that the way crosses. When the dog comes there depends on the boulder,
 // which moves at one try of four; he waits until he can pass.
 TEST(Odds, PutOffWhatWouldKill) {

@@ -23,6 +23,7 @@ struct Worth {
   int decisions = 0;
   int closeCalls = 0;
   int ticks = 1;
+  std::uint64_t used = 0;
   int survived = 10;  // of 10
 };
 int Paws(const Worth& worth) {
@@ -30,40 +31,56 @@ int Paws(const Worth& worth) {
   win.decisions = worth.decisions;
   win.closeCalls = worth.closeCalls;
   win.ticks = worth.ticks;
+  win.used = worth.used;
   return RateCave(SmallCave(), {win}, 10, worth.survived).paws;
 }
 
-// Two points make a paw beside the first. Eight decisions give a point, three points at the most; four narrow
-// escapes and a minute each one, two at the most; bad odds one.
+// Each 1.25 points make a paw beside the first. Five decisions give a point, three points at the most; three
+// narrow escapes, twenty seconds and three kinds of things beside the first one each, two at the most; bad
+// odds one.
 TEST(Paws, CountDecisionsUpToThreePoints) {
   EXPECT_EQ(Paws({.decisions = 0}), 1);
-  EXPECT_EQ(Paws({.decisions = 15}), 1);
-  EXPECT_EQ(Paws({.decisions = 16}), 2);
-  EXPECT_EQ(Paws({.decisions = 1000}), 2);
-  EXPECT_EQ(Paws({.decisions = 24, .closeCalls = 4}), 3);
-  EXPECT_EQ(Paws({.decisions = 23, .closeCalls = 4}), 2);
+  EXPECT_EQ(Paws({.decisions = 6}), 1);
+  EXPECT_EQ(Paws({.decisions = 7}), 2);
+  EXPECT_EQ(Paws({.decisions = 12}), 2);
+  EXPECT_EQ(Paws({.decisions = 13}), 3);
+  EXPECT_EQ(Paws({.decisions = 1000}), 3);
 }
 
 TEST(Paws, CountNarrowEscapesUpToTwoPoints) {
-  EXPECT_EQ(Paws({.closeCalls = 7}), 1);
-  EXPECT_EQ(Paws({.closeCalls = 8}), 2);
-  EXPECT_EQ(Paws({.decisions = 8, .closeCalls = 1000}), 2);
+  EXPECT_EQ(Paws({.closeCalls = 3}), 1);
+  EXPECT_EQ(Paws({.closeCalls = 4}), 2);
+  EXPECT_EQ(Paws({.closeCalls = 1000}), 2);
+  // Two points, and half a one.
+  EXPECT_EQ(Paws({.decisions = 2, .closeCalls = 1000}), 2);
+  EXPECT_EQ(Paws({.decisions = 3, .closeCalls = 1000}), 3);
 }
 
-TEST(Paws, CountMinutesUpToTwoPoints) {
-  EXPECT_EQ(Paws({.ticks = 1190}), 1);
-  EXPECT_EQ(Paws({.ticks = 1200}), 2);
-  EXPECT_EQ(Paws({.decisions = 8, .ticks = 100'000}), 2);
+TEST(Paws, CountTimesOfTwentySecondsUpToTwoPoints) {
+  EXPECT_EQ(Paws({.ticks = 249}), 1);
+  EXPECT_EQ(Paws({.ticks = 250}), 2);
+  EXPECT_EQ(Paws({.decisions = 2, .ticks = 100'000}), 2);
+  EXPECT_EQ(Paws({.decisions = 3, .ticks = 100'000}), 3);
+}
+
+TEST(Paws, CountKindsOfThingsUpToTwoPoints) {
+  EXPECT_EQ(Paws({.used = 0}), 1);
+  EXPECT_EQ(Paws({.used = 0b1111}), 1);
+  EXPECT_EQ(Paws({.used = 0b11'1100}), 1);
+  EXPECT_EQ(Paws({.used = 0b1'1111}), 2);
+  EXPECT_EQ(Paws({.decisions = 2, .used = 0xFF'FFFF}), 2);
+  EXPECT_EQ(Paws({.decisions = 3, .used = 0xFF'FFFF}), 3);
 }
 
 TEST(Paws, CountBadLuckAsAPoint) {
-  EXPECT_EQ(Paws({.decisions = 8, .survived = 9}), 1);
-  EXPECT_EQ(Paws({.decisions = 8, .survived = 8}), 2);
+  EXPECT_EQ(Paws({.decisions = 5, .survived = 9}), 1);
+  EXPECT_EQ(Paws({.decisions = 5, .survived = 8}), 2);
 }
 
 TEST(Paws, AreFiveAtTheMost) {
-  EXPECT_EQ(Paws({.decisions = 24, .closeCalls = 8, .ticks = 1200, .survived = 0}), 5);
-  EXPECT_EQ(Paws({.decisions = 24, .closeCalls = 8, .ticks = 1200, .survived = 10}), 4);
+  EXPECT_EQ(Paws({.decisions = 15, .closeCalls = 6, .used = 0}), 5);
+  EXPECT_EQ(Paws({.decisions = 15, .closeCalls = 5, .used = 0}), 4);
+  EXPECT_EQ(Paws({.decisions = 99, .closeCalls = 99, .ticks = 9999, .used = 0xFF'FFFF, .survived = 0}), 5);
 }
 
 TEST(Rating, IsOfAllWinsThatWereLookedAt) {

@@ -169,6 +169,15 @@ TEST(MostGems, CountsWhatAMagicWallMayMake) {
   EXPECT_EQ(Most({"1;M;", "FR;:"}), 3);
 }
 
+// What falls into it then is lost.
+TEST(MostGems, CountsNothingOfAMagicWallThatIsSpent) {
+  Hra run = Play({"1DM;", "RR;;"});
+  run.MagicState = kMagicRunning;
+  EXPECT_EQ(MostGems(run, Reach(run)), 3);
+  run.MagicState = kMagicSpent;
+  EXPECT_EQ(MostGems(run, Reach(run)), 1);
+}
+
 TEST(MostGems, CannotBeToldWhereGemsMayBeMadeForEver) {
   EXPECT_EQ(Most({"1;DA", ";;;;"}), std::nullopt);
   EXPECT_EQ(Most({"1;MR", ";;V;"}), std::nullopt);

@@ -41,6 +41,14 @@ TEST(Shorten, DropsPiecesOfAnyLengthFromLongPlans) {
   EXPECT_EQ(Short(kHall, walk + "RRRRR"), PlanOf("RRRRR"));
 }
 
+// Far from the start, and again behind what has been dropped.
+TEST(Shorten, DropsWaitsBehindALongWay) {
+  const Picture lane{"1" + std::string(60, ';') + "DT"};
+  const auto steps = [](std::size_t count) { return std::string(count, 'R'); };
+  EXPECT_EQ(Short(lane, steps(20) + "..." + steps(42)), PlanOf(steps(62)));
+  EXPECT_EQ(Short(lane, steps(20) + "..." + steps(20) + "....." + steps(22)), PlanOf(steps(62)));
+}
+
 // Two finishes: straight on, or a row below.
 const Picture kFork{"WWWWWWW", "W1;D;;T", "W;;;;;T", "WWWWWWW"};
 

@@ -38,9 +38,15 @@ TEST(Ways, CostMoreWhereSomethingHasToBePushed) {
   EXPECT_EQ(boulder.Cost({3, 1}), 7);
 }
 
-TEST(Ways, NeedSpaceBehindWhatIsPushed) {
-  for (const char* const row : {"W1K;.W", "W1R;.W", "W1KK.W", "W1RW.W", "W1KD.W"})
+TEST(Ways, NeedSpaceBehindABoulderThatIsPushed) {
+  for (const char* const row : {"W1R;.W", "W1RK.W", "W1RW.W", "W1RD.W"})
     EXPECT_FALSE(WaysOf(Play({"WWWWWW", row, "WWWWWW"}), {1, 1}).Reaches({2, 1})) << row;
+}
+
+// At one try of four he changes places with it.
+TEST(Ways, LeadThroughABoxThatCannotMove) {
+  for (const char* const row : {"W1K;.W", "W1KK.W", "W1KW.W", "W1IW.W"})
+    EXPECT_EQ(WaysOf(Play({"WWWWWW", row, "WWWWWW"}), {1, 1}).Cost({2, 1}), 7) << row;
 }
 
 TEST(Ways, PushABoxUpButNoBoulder) {

@@ -2,6 +2,7 @@
 
 #include <atomic>
 #include <chrono>
+#include <ctime>
 #include <thread>
 
 #include "data/Collection.h"
@@ -84,6 +85,17 @@ TEST_F(Solve, TellsItsSecondsAsTheyWereGivenAlsoBehindAWin) {
   ASSERT_EQ(lines.size(), 2U);
   EXPECT_EQ(lines[0].substr(0, 7), " 1 won ");
   EXPECT_EQ(lines[1].substr(0, 26), " 2 not found in 1.125 s, g");
+}
+
+// However busy the machine is otherwise.
+TEST_F(Solve, IsAtWorkForItsSecondsIfOnlyWorkCounts) {
+  const std::string cave = folder.Write("cave", Vain());
+  const std::clock_t start = std::clock();
+  const Told told = Zktool({"solve", cave, "--seconds", "0.4", "--work-time"});
+  const double work = static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
+  EXPECT_EQ(told.out.substr(0, 22), "not found in 0.4 s, ge") << told.out;
+  EXPECT_GE(work, 0.4);
+  EXPECT_LT(work, 1.4);
 }
 
 TEST_F(Solve, EndsWithinItsSecondsPlusOne) {

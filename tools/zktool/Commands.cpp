@@ -41,7 +41,8 @@ constexpr std::array<Option, 2> kPackOptions{{{"--strict"}, {"--words", true}}};
 constexpr std::array<Option, 1> kCarryOptions{{{"--player", true}}};
 constexpr std::array<Option, 2> kPageOptions{{{"-o", true, true}, {"--template", true}}};
 constexpr std::array<Option, 1> kScrambleOptions{{{"--seed", true}}};
-constexpr std::array<Option, 7> kSolveOptions{{{"--seconds", true},
+constexpr std::array<Option, 8> kSolveOptions{{{"--seconds", true},
+                                               {"--work-time"},
                                                {"--shorten", true},
                                                {"--seed", true},
                                                {"--jobs", true},
@@ -169,6 +170,8 @@ is never chosen, it follows from the seed and from what is done, so what is foun
 have made.
 
   --seconds S      for each cave, 60 if not given; it ends then, found or not
+  --work-time      count only the seconds in which the search is at work, not those in which other programs
+                   have the processor
   --shorten S      how much of that goes into a shorter way once one is known, 5 if not given
   --seed N         start of the game's chance, and of the search's, 0 if not given
   --jobs J         so many caves at a time, or so many searches for a single cave
@@ -211,8 +214,9 @@ odds         the plan is followed under other seeds: not its keys but its goals,
              kill; where the way is lost a search finds the next one, which does not know the run's chance
 used         what the proof takes, moves, opens, blows up, sets off, rides, or meets (a monster within 2 cells)
 mirror       the part of the cells that equal their mirror, left and right or top and bottom
-paws         1 to 5: 8 decisions, 4 narrow escapes or a minute are a point each (of at most 3, 2 and 2), odds
-             below 90 % one more; two points make a paw
+paws         1 to 5: 5 decisions, 3 narrow escapes, 20 seconds, 3 kinds of things used beside the first are a
+             point each (of at most 3, 2, 2 and 2), odds below 90 % one more; each 1.25 points are a paw beside
+             the first
 skippable    things close together that a win leaves alone, X,Y,WxH: one of the wins that were found, or one
              that was looked for which may not enter there. What the cave is about should not be among them
 untouched    the cave's rows; blank is what at least one win enters, changes or lets something fall through.
@@ -230,7 +234,8 @@ finds. The file notes.txt beside collection.txt holds what only people know of a
   idea: The idea, in a sentence.
   trial: What was changed when somebody else had played it.
 
-  --seconds S  for each cave and seed of the solver, 60 if not given
+  --seconds S  for each cave and seed of the solver, 60 if not given; those in which other programs have the
+               processor do not count
   --seeds N    of the solver, 0 to 10, 3 if not given
   --retries N  other seeds under which a proof's plan is followed, 20 if not given
   --jobs J     so many caves at a time
@@ -336,8 +341,8 @@ constexpr std::array<Command, 20> kCommands{{
      {0, 0},
      UnscrambleCommand},
     {"solve",
-     "CAVE-OR-COLLECTION [--seconds S] [--shorten S] [--seed N] [--jobs J] [--record OUT] [--player NAME] "
-     "[--avoid X,Y,WxH]",
+     "CAVE-OR-COLLECTION [--seconds S] [--work-time] [--shorten S] [--seed N] [--jobs J] [--record OUT] "
+     "[--player NAME] [--avoid X,Y,WxH]",
      "Looks for ways to win caves.",
      kSolveDetails,
      kSolveOptions,

@@ -1,5 +1,7 @@
 #include "zktool/Searching.h"
 
+#include <time.h>
+
 #include <algorithm>
 #include <atomic>
 #include <exception>
@@ -19,12 +21,21 @@ constexpr std::uint64_t kSlice = 200;  // ticks between two looks at the clock
 // What all searches together may take, and what each may take in any case.
 constexpr std::size_t kMostBytes = std::size_t{1} << 30U, kLeastBytes = std::size_t{32} << 20U;
 
+// That this thread was at work.
+double WorkSeconds() {
+  timespec time{};
+  clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+  return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
+}
+
 // Looks for one plan; several threads may do so with seeds of their own, and the first ends the others.
 Solved Look(const Hra& begin, std::uint64_t seed, const SearchTerms& terms, std::atomic<bool>& found) {
   const auto start = SearchClock::now();
+  const double before = WorkSeconds();
+  const auto spent = [&] { return terms.work ? WorkSeconds() - before : Since(start); };
   const auto solver = std::make_unique<Solver>(begin, seed, terms.bytes, terms.avoided);
   Solved solved;
-  while (!found && Since(start) < terms.seconds) {
+  while (!found && spent() < terms.seconds) {
     if (!solver->Go(kSlice)) continue;
     if (!found.exchange(true)) {
       solved.outcome = Outcome::Won;
@@ -32,7 +43,7 @@ Solved Look(const Hra& begin, std::uint64_t seed, const SearchTerms& terms, std:
     }
     break;
   }
-  solved.seconds = Since(start);
+  solved.seconds = spent();
   solved.ticks = solver->Ticks();
   solved.gems = solver->MostGems();
   solved.needed = begin.GemsNeeded;
@@ -88,7 +99,7 @@ Solved SolveCave(const RunTerms& run, const SearchTerms& terms,
     if (keep) keep(solved.record);
   };
   store();
-  const double until = std::min(Since(start) + terms.shortening, terms.seconds);
+  const double until = Since(start) + std::min(terms.shortening, terms.seconds - solved.seconds);
   const auto enough = [&] { return Since(start) >= until; };
   const std::size_t length = solved.plan.size();
   solved.plan = MakeShort(**begin, std::move(solved.plan), ~run.seed, terms.bytes, enough, terms.avoided);

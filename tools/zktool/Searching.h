@@ -20,6 +20,7 @@ inline double Since(SearchClock::time_point start) {
 // How long and how a cave is searched.
 struct SearchTerms {
   double seconds = 60;    // in all
+  bool work = false;      // only those count in which the search is at work, not those in which others are
   double shortening = 5;  // of these, once a way is known
   int lanes = 1;          // searches at a time
   std::size_t bytes = 0;  // of memory for each

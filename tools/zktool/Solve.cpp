@@ -189,6 +189,7 @@ Result<Terms> ReadTerms(const CommandLine& line) {
     terms.search.avoided = std::move(*avoided);
   }
   terms.search.seconds = *seconds;
+  terms.search.work = line.Has("--work-time");
   terms.search.shortening = *shortening;
   terms.seed = *seed;
   terms.jobs = *jobs;

@@ -100,6 +100,7 @@ void SolveAll(Sheet& sheet, const TableTerms& terms) {
   SearchTerms search;
   search.seconds = terms.seconds;
   search.shortening = 0;
+  search.work = true;
   search.bytes = BytesForOne(terms.rate.jobs);
   std::atomic<std::size_t> next = 0;
   RunAll(std::min(static_cast<std::size_t>(terms.rate.jobs), caves * seeds), [&](std::size_t) {
