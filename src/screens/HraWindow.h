@@ -64,7 +64,7 @@ class HraWindow : public QWidget, private Stage {
   // The run has become one of another kind.
   void KindChanged();
 
-  // A message of the run; one that stays is there until the next, or another moment.
+  // A message of the run; one that stays is there until the next, which may be empty, or another moment.
   void Say(const QString& text, bool stays);
 
   // Time goes on in a run that had come to its end.

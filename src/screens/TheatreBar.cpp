@@ -29,9 +29,7 @@ constexpr int kMomentWidth = 190;
 constexpr int kNumberWidth = 54;
 constexpr int kLetters = 15;
 constexpr int kSmallestLetters = 8;
-constexpr int kBelow = 4;  // between the bar and the edge
 
-constexpr QColor kGround(0x20, 0x18, 0x2A, 240);
 constexpr QColor kRim(0xC9, 0xA2, 0x5C);
 constexpr QColor kPlain(0xF4, 0xEA, 0xD4);
 constexpr QColor kRail(0x4A, 0x40, 0x58);
@@ -57,7 +55,7 @@ QString Clock(int ticks) {
 }  // namespace
 
 TheatreBar::TheatreBar(QWidget* parent)
-    : QWidget(parent),
+    : FloatingBar(parent, kHeight, kWidest),
       back_(NewButton("back")),
       play_(NewButton("play")),
       forward_(NewButton("forward")),
@@ -66,8 +64,6 @@ TheatreBar::TheatreBar(QWidget* parent)
       again_(NewButton("again")),
       takeOver_(NewButton("takeover")) {
   setObjectName("theatre");
-  setFocusPolicy(Qt::NoFocus);
-  setMouseTracking(true);
   play_->SetPicture(TransportPicture(Transport::Stop));
   back_->SetPicture(TransportPicture(Transport::Back));
   forward_->SetPicture(TransportPicture(Transport::Forward));
@@ -81,13 +77,6 @@ TheatreBar::TheatreBar(QWidget* parent)
   connect(again_, &BarButton::Clicked, this, &TheatreBar::AgainClicked);
   connect(takeOver_, &BarButton::Clicked, this, &TheatreBar::TakeOverClicked);
   again_->hide();
-  hide();
-}
-
-BarButton* TheatreBar::NewButton(const char* name) {
-  auto* const button = new BarButton(this);
-  button->setObjectName(name);
-  return button;
 }
 
 void TheatreBar::SetWords(const Skin& skin) {
@@ -135,16 +124,8 @@ QString TheatreBar::MomentText() const {
 
 // Places
 
-void TheatreBar::PlaceIn(const QRect& frame) {
-  const int width = std::min(frame.width() - 2 * kBelow, kWidest);
-  scale_ = std::min(1.0, static_cast<qreal>(width) / kNeeded);
-  setGeometry(frame.left() + (frame.width() - width) / 2, frame.bottom() + 1 - Scaled(kHeight) - kBelow,
-              width, Scaled(kHeight));
-  Arrange();
-}
-
-int TheatreBar::Scaled(int units) const {
-  return static_cast<int>(units * scale_);
+int TheatreBar::NeededWidth() const {
+  return kNeeded;
 }
 
 QRect TheatreBar::Line() const {
@@ -211,10 +192,7 @@ void TheatreBar::mouseReleaseEvent(QMouseEvent* event) {
 
 void TheatreBar::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(QPen(kRim, 2));
-  painter.setBrush(kGround);
-  painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), 10, 10);
+  PaintGround(painter, kRim);
   DrawLine(painter);
   DrawWords(painter);
 }
@@ -238,7 +216,7 @@ void TheatreBar::DrawLine(QPainter& painter) const {
   }
   painter.setPen(QPen(QColor(0x2A, 0x1A, 0x10), 1.5));
   painter.setBrush(kPlain);
-  const qreal knob = 8 * scale_;
+  const qreal knob = 8 * Scale();
   painter.drawEllipse(QPointF(now + 0.5, middle + 0.5), knob, knob);
 }
 

@@ -1,11 +1,11 @@
 #pragma once
 
 #include <QString>
-#include <QWidget>
 #include <array>
 #include <vector>
 
 #include "run/Timeline.h"
+#include "screens/FloatingBar.h"
 
 namespace zorik {
 
@@ -14,7 +14,7 @@ class Skin;
 
 // The bar of a record that plays: the whole run as a line on which its events are marks and the moment that
 // is seen is a knob to be dragged; below that buttons, the clock and the tick of the moment, and the speed.
-class TheatreBar : public QWidget {
+class TheatreBar : public FloatingBar {
   Q_OBJECT
 
  public:
@@ -33,9 +33,6 @@ class TheatreBar : public QWidget {
 
   // The run is over: it can be had again. That takes the place of taking it over.
   void OfferAgain(bool offered);
-
-  // Lies at the bottom of this part of its parent.
-  void PlaceIn(const QRect& frame);
 
   bool Dragging() const { return dragging_; }
   int Length() const { return length_; }
@@ -57,16 +54,15 @@ class TheatreBar : public QWidget {
   void TakeOverClicked();
 
  protected:
+  int NeededWidth() const override;
+  void Arrange() override;
   void paintEvent(QPaintEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
 
  private:
-  BarButton* NewButton(const char* name);
-  int Scaled(int units) const;
   int TickAt(int x) const;
-  void Arrange();
   void PlaceWide(BarButton& button, int right);
   void DrawLine(QPainter& painter) const;
   void DrawWords(QPainter& painter) const;
@@ -76,7 +72,6 @@ class TheatreBar : public QWidget {
   int tick_ = 0;
   bool stands_ = false;
   bool dragging_ = false;
-  qreal scale_ = 1;  // below 1 where all would not find room otherwise
   QString speed_;
   QRect moment_;  // where the clock and the tick are written
   QRect number_;  // and the speed
