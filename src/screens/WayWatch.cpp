@@ -33,7 +33,10 @@ void WayWatch::WentOn(const Hra& run) {
   asked_ = std::min(asked_, before);
   known_ = std::min(known_, before);
   none_ = std::min(none_, before);
-  if (lost_ > before) lost_ = kNever;
+  if (lost_ != kNever && lost_ > before) {
+    lost_ = kNever;
+    answered_.invalidate();  // that was about another run
+  }
   if (IsDue(run.Ticks)) AskAbout(run, {});
 }
 
