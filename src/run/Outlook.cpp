@@ -1,6 +1,8 @@
 #include "run/Outlook.h"
 
 #include <algorithm>
+#include <array>
+#include <optional>
 
 #include "core/Machine.h"
 #include "solve/Impossible.h"
@@ -27,6 +29,14 @@ std::size_t WinsAfter(Hra& run, const Plan& way, std::size_t from) {
     if (Tick(run, KeysOf(way[i])) == TickEnd::Won) return i + 1 - from;
   }
   return 0;
+}
+
+// The cell that a move of the steered unit means while the unit stays where it is.
+std::optional<Cell> ActedOn(const Hra& run, Move move) {
+  constexpr std::array<Step, 4> kSteps{kLeft, kUp, kRight, kDown};
+  const auto own = UnitCell(run, run.ActiveDog);
+  if (!own || move < kActBase || move >= kChooseBase) return std::nullopt;
+  return *own + kSteps[static_cast<std::size_t>(move - kActBase)];
 }
 
 }  // namespace
@@ -66,7 +76,8 @@ bool Outlook::TryOneOfTheOld() {
 // Nobody likes to be led about.
 void Outlook::TakeWay(Plan way) {
   std::uint64_t questions = 0;
-  way_ = Shorten(*begin_, std::move(way), [&] { return ++questions > kTicksToShorten / kTicksAQuestion; });
+  way_ = Shorten(*begin_, std::move(way),
+                 [&] { return ++questions > kTicksToShorten / kTicksAQuestion || (enough_ && enough_()); });
   ticks_ += questions * kTicksAQuestion;
   answer_ = Prospect::Known;
 }
@@ -75,12 +86,19 @@ std::vector<Footstep> Footsteps(const Hra& run, const Plan& way, int mostSteps) 
   std::vector<Footstep> steps;
   const auto copy = AsPractice(run);
   for (std::size_t i = 0; i < way.size() && static_cast<int>(steps.size()) < mostSteps; ++i) {
-    std::array<Unit, kUnits> before = copy->Dog;
+    const std::array<Unit, kUnits> before = copy->Dog;
+    const auto target = ActedOn(*copy, way[i]);
+    const std::uint16_t content = target ? copy->Field(*target) : std::uint16_t{kSpace};
     const TickEnd end = Tick(*copy, KeysOf(way[i]));
     const int unit = copy->ActiveDog;
     const Unit& was = before[static_cast<std::size_t>(unit)];
     const auto cell = UnitCell(*copy, unit);
-    if (cell && cell != CellAt(was.x, was.y)) steps.push_back({*cell, unit, static_cast<int>(i) + 1});
+    const int tick = static_cast<int>(i) + 1;
+    if (cell && cell != CellAt(was.x, was.y)) {
+      steps.push_back({*cell, unit, tick});
+    } else if (target && copy->Field(*target) != content) {
+      steps.push_back({*target, unit, tick, true});
+    }
     if (end == TickEnd::Won) break;
   }
   return steps;
@@ -97,7 +115,13 @@ Hindsight::Hindsight(Timeline timeline, std::uint64_t ticksAQuestion, std::uint6
 
 void Hindsight::Ask() {
   outlook_ = std::make_unique<Outlook>(*timeline_.At(asked_), way_, seed_);
+  outlook_->Heed(enough_);
   spent_ = 0;
+}
+
+void Hindsight::Heed(std::function<bool()> enough) {
+  enough_ = std::move(enough);
+  if (outlook_) outlook_->Heed(enough_);
 }
 
 bool Hindsight::Go(std::uint64_t ticks) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -26,6 +27,9 @@ class Outlook {
   // Goes on for about so many ticks, unless the answer is final.
   Prospect Go(std::uint64_t ticks);
 
+  // Is asked often once a way was found: whether it is short enough as it is by now.
+  void Heed(std::function<bool()> enough) { enough_ = std::move(enough); }
+
   Prospect Answer() const { return answer_; }
 
   // When it is known: what is to be done from that moment on.
@@ -40,18 +44,21 @@ class Outlook {
   std::size_t tried_ = 0;  // beginnings that were left out of it
   std::unique_ptr<Solver> solver_;
   std::uint64_t ticks_ = 0;
+  std::function<bool()> enough_;
   Prospect answer_ = Prospect::NoneYet;
   Plan way_;
 };
 
-// A step of a unit to another cell.
+// A step of a unit to another cell, or what it does to the cell beside it.
 struct Footstep {
   Cell cell;
   int unit = 1;
-  int tick = 0;  // of the way, from 1
+  int tick = 0;         // of the way, from 1
+  bool beside = false;  // it stays where it is
 };
 
-// Where a way leads the units that it steers, from the moment at which it begins, up to so many steps.
+// Where a way leads the units that it steers, from the moment at which it begins, up to so many steps. What
+// they do beside them is among them.
 std::vector<Footstep> Footsteps(const Hra& run, const Plan& way, int mostSteps);
 
 // From which tick on of a run in practice no way to win was found any more. Who can win at some tick could do
@@ -63,6 +70,16 @@ class Hindsight {
 
   // Goes on for about so many ticks. True when it has come to its end.
   bool Go(std::uint64_t ticks);
+
+  // See Outlook.
+  void Heed(std::function<bool()> enough);
+
+  // The tick from which it looks for a way by now; and no longer does.
+  int Asked() const { return asked_; }
+  void GiveUp() { Answer(Prospect::NoneYet); }
+
+  // The first tick from which no way was found, behind the run's last if there is none so far.
+  int NoneFrom() const { return unknown_; }
 
   // The last tick from which a way is known, -1 if there is none; the run's last where nothing was lost.
   int KnownUntil() const { return known_; }
@@ -82,6 +99,7 @@ class Hindsight {
   int asked_ = 0;
   std::unique_ptr<Outlook> outlook_;
   std::uint64_t spent_ = 0;  // on the question
+  std::function<bool()> enough_;
   Plan way_;
 };
 

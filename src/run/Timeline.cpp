@@ -26,6 +26,13 @@ bool Writes(const Hra& run) {
   return run.Kind == RunKind::Play || run.Kind == RunKind::Test;
 }
 
+// What the tick before this has done of what the player held; unit: whom he steered until then.
+Move MoveDone(const Hra& run, int unit) {
+  if (run.ActiveDog != unit) return static_cast<Move>(kChooseBase + run.ActiveDog);
+  if (run.KeyDirection < kKeyLeft || run.KeyDirection > kKeyDown) return kWait;
+  return static_cast<Move>((run.KeyAction != 0 ? kActBase : kStepBase) + run.KeyDirection - kKeyLeft);
+}
+
 }  // namespace
 
 Timeline::Timeline(const Hra& begin)
@@ -111,6 +118,17 @@ std::unique_ptr<Hra> Timeline::At(int tick) const {
   if (run->Practising()) run->WholeRecord = RecordLines();
   GoOn(*run, moment.tick, wanted);
   return run;
+}
+
+Plan Timeline::Moves(int from, int to) const {
+  Plan moves;
+  const auto run = At(from);
+  for (int tick = std::max(0, from); tick < std::min(to, length_); ++tick) {
+    const int unit = run->ActiveDog;
+    GoOn(*run, tick, tick + 1);
+    moves.push_back(MoveDone(*run, unit));
+  }
+  return moves;
 }
 
 void Timeline::MoveTo(Hra& run, int tick) const {

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "core/Hra.h"
+#include "solve/Move.h"
 #include "solve/Snapshot.h"
 
 namespace zorik {
@@ -44,6 +45,9 @@ class Timeline {
   // Brings the run, or another that began like it, to a tick, held to 0 to Length(). Its stage stays and is
   // told nothing. A run in practice stays in practice.
   void MoveTo(Hra& run, int tick) const;
+
+  // What was done between two ticks, as far as moves can say it.
+  Plan Moves(int from, int to) const;
 
   // Forgets what lies behind a tick: the run goes on from there.
   void Cut(int tick);

@@ -24,6 +24,17 @@ QFont CaptionFont(int height) {
   return font;
 }
 
+// With a key below it there is less room for the caption.
+QFont UpperFont(int height) {
+  QFont font = GameFont(std::max(1, height * 2 / 5));
+  font.setBold(true);
+  return font;
+}
+
+QFont KeyFont(int height) {
+  return GameFont(std::max(1, height * 3 / 10));
+}
+
 // A plate for a letter, in the manner of the pictures.
 void PaintPlate(QPainter& painter, const QRect& place) {
   QLinearGradient face(place.topLeft(), place.bottomRight());
@@ -48,7 +59,9 @@ BarButton::BarButton(QWidget* parent) : QWidget(parent) {
 }
 
 int BarButton::CaptionWidth(int height) const {
-  return QFontMetrics(CaptionFont(height)).horizontalAdvance(caption_);
+  if (key_.isEmpty()) return QFontMetrics(CaptionFont(height)).horizontalAdvance(caption_);
+  return std::max(QFontMetrics(UpperFont(height)).horizontalAdvance(caption_),
+                  QFontMetrics(KeyFont(height)).horizontalAdvance(key_));
 }
 
 void BarButton::SetPulse(bool pulses) {
@@ -72,10 +85,16 @@ void BarButton::SetCaption(const QString& caption) {
   update();
 }
 
+void BarButton::SetKey(const QString& key) {
+  key_ = key;
+  update();
+}
+
 void BarButton::mousePressEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return;
-  pressed_ = true;
+  held_ = pressed_ = true;
   update();
+  emit Pressed();
 }
 
 void BarButton::mouseMoveEvent(QMouseEvent* event) {
@@ -88,7 +107,34 @@ void BarButton::mouseReleaseEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return;
   const bool inside = std::exchange(pressed_, false) && rect().contains(event->position().toPoint());
   update();
+  End();
   if (inside) emit Clicked();
+}
+
+// Nobody can let go of what is not there any more.
+void BarButton::hideEvent(QHideEvent* event) {
+  pressed_ = false;
+  End();
+  QWidget::hideEvent(event);
+}
+
+void BarButton::End() {
+  if (std::exchange(held_, false)) emit LetGo();
+}
+
+void BarButton::DrawCaption(QPainter& painter) const {
+  painter.setPen(QColor(0xFF, 0xF8, 0xE8));
+  if (key_.isEmpty()) {
+    painter.setFont(CaptionFont(height()));
+    painter.drawText(rect(), Qt::AlignCenter, caption_);
+    return;
+  }
+  const int middle = height() * 11 / 20;
+  painter.setFont(UpperFont(height()));
+  painter.drawText(QRect(0, 0, width(), middle), Qt::AlignHCenter | Qt::AlignBottom, caption_);
+  painter.setFont(KeyFont(height()));
+  painter.setPen(QColor(0xFF, 0xF8, 0xE8, 190));
+  painter.drawText(QRect(0, middle, width(), height() - middle), Qt::AlignHCenter | Qt::AlignTop, key_);
 }
 
 QImage BarButton::Face() const {
@@ -102,9 +148,7 @@ QImage BarButton::Face() const {
     painter.drawImage(rect(), picture_);
   } else {
     PaintPlate(painter, rect());
-    painter.setFont(CaptionFont(height()));
-    painter.setPen(QColor(0xFF, 0xF8, 0xE8));
-    painter.drawText(rect(), Qt::AlignCenter, caption_);
+    DrawCaption(painter);
   }
   painter.setCompositionMode(QPainter::CompositionMode_SourceAtop);
   if (Pulses()) {

@@ -5,6 +5,8 @@
 #include <QTimer>
 #include <QWidget>
 
+class QPainter;
+
 namespace zorik {
 
 // A button of the game window's top bar: a picture, or a plate with a letter. It is brighter under the
@@ -20,7 +22,10 @@ class BarButton : public QWidget {
   // Shown while there is no picture.
   void SetCaption(const QString& caption);
   const QString& Caption() const { return caption_; }
-  // How wide the caption is on a button of this height.
+  // A smaller line below the caption: the key that does the same.
+  void SetKey(const QString& key);
+  const QString& Key() const { return key_; }
+  // How wide they are on a button of this height.
   int CaptionWidth(int height) const;
 
   // It glows and fades in turn, to be found.
@@ -29,18 +34,26 @@ class BarButton : public QWidget {
 
  signals:
   void Clicked();
+  // For what is done as long as the button is held.
+  void Pressed();
+  void LetGo();
 
  protected:
   void mousePressEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
+  void hideEvent(QHideEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
 
  private:
   QImage Face() const;
+  void DrawCaption(QPainter& painter) const;
+  void End();
 
   QImage picture_;
   QString caption_;
+  QString key_;
+  bool held_ = false;
   bool pressed_ = false;  // with the pointer inside
   QTimer pulse_;
   int pulseStep_ = 0;

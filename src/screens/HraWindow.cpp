@@ -138,6 +138,8 @@ void HraWindow::OnTick() {
 // The pad's centre is read when it is looked for: before anybody pushes it in play.
 void HraWindow::UseKeys() {
   keyboard_.SetKeys(settings_.Keys);
+  topBar_->SetTips(skin_, settings_.Keys);
+  controls_->Now().KeysChosen();
   if (!settings_.Joystick) {
     joyPad_.reset();
   } else if (!joyPad_) {
@@ -178,7 +180,9 @@ void HraWindow::AfterTick(TickEnd end) {
 void HraWindow::PresentView() {
   if (hra_.CaveWidth == 0) return;
   const QRegion& changed = painter_.Look(hra_, ram_->PixelSize(), motion_.Way());
-  ram_->SetOverlay(painter_.Lay(ghost_.Beside(hra_, painter_, motion_.Way())));
+  Overlay overlay = ghost_.Beside(hra_, painter_, motion_.Way());
+  controls_->Now().LayOver(overlay, painter_);
+  ram_->SetOverlay(painter_.Lay(overlay));
   ram_->ShowChanges(painter_, changed);
   if (std::exchange(flash_, false) && !settings_.LessFlashing) pctBlesk_->ShowOnce();
 }
@@ -377,8 +381,6 @@ void HraWindow::Say(const QString& text, bool stays) {
 void HraWindow::ShowDecoration() {
   const Decoration& around = painter_.Around();
   topBar_->SetPictures(around.Border1, around.Restart, around.Settings, around.Leave);
-  topBar_->SetTips(kRestartWords.In(skin_), kSettingsWords.In(skin_), kViewWords.In(skin_),
-                   kLeaveWords.In(skin_));
   imOk2_->SetPicture(around.Border2);
   bar_ = around.Bar;
   update();
@@ -451,10 +453,6 @@ void HraWindow::showEvent(QShowEvent* event) {
 // Another screen may be finer, or show more pictures in a second.
 void HraWindow::ScreenChanged() {
   PaceChanged();
-  Arrange();
-}
-
-void HraWindow::resizeEvent(QResizeEvent* /*event*/) {
   Arrange();
 }
 

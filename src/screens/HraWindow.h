@@ -64,7 +64,7 @@ class HraWindow : public QWidget, private Stage {
   // The run has become one of another kind.
   void KindChanged();
 
-  // A message of the run; one that stays is there until the next, or another moment.
+  // A message of the run; one that stays is there until the next, which may be empty, or another moment.
   void Say(const QString& text, bool stays);
 
   // Time goes on in a run that had come to its end.
@@ -102,7 +102,7 @@ class HraWindow : public QWidget, private Stage {
   void keyPressEvent(QKeyEvent* event) override;
   void keyReleaseEvent(QKeyEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
-  void resizeEvent(QResizeEvent* event) override;
+  void resizeEvent(QResizeEvent* /*event*/) override { Arrange(); }
   void showEvent(QShowEvent* event) override;
   void changeEvent(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;

@@ -39,6 +39,7 @@ void MessageStrip::ShowMessage(const QString& text, QColor colour) {
 }
 
 void MessageStrip::ShowNotice(const QString& text, QColor colour) {
+  if (text.isEmpty()) return Clear();
   ShowMessage(text, colour);
   tmrMsg_.stop();
 }

@@ -20,7 +20,7 @@ class MessageStrip : public QWidget {
   void ShowMessage(const QString& text, QColor colour);
   // Nothing is shown any more, and the next message has its three seconds.
   void Clear();
-  // A message that stays until it is cleared or replaced.
+  // A message that stays until it is cleared or replaced; an empty one clears what is there.
   void ShowNotice(const QString& text, QColor colour);
   // How far below its parent's top the strip lies.
   void SetTop(int top);

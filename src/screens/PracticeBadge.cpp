@@ -3,22 +3,33 @@
 #include <QFontMetrics>
 #include <QPainter>
 #include <algorithm>
+#include <array>
 
-#include "screens/ShowText.h"
+#include "screens/StartWords.h"
 #include "skin/GameFont.h"
 
 namespace zorik {
 namespace {
 
-constexpr int kKeysStay = 10'000;  // milliseconds
 constexpr int kLetters = 17;
-constexpr int kKeyLetters = 14;
+constexpr int kLightLetters = 14;
 constexpr int kPadding = 10;
 constexpr int kAside = 6;
-constexpr int kMostLines = 4;
 
 constexpr int kRoomy = 440;  // a lower place has smaller letters
 constexpr int kSmallestLetters = 9;
+
+struct LightLook {
+  QColor colour;
+  StartWords words;
+};
+constexpr std::array<LightLook, 3> kLights{{{{0x70, 0xF0, 0x70}, kWayKnownWords},
+                                            {{0xFF, 0xC8, 0x50}, kNoWayYetWords},
+                                            {{0xFF, 0x60, 0x60}, kLostForGoodWords}}};
+
+const LightLook& LookOf(Prospect prospect) {
+  return kLights[static_cast<std::size_t>(prospect)];
+}
 
 int Letters(int letters, const QRect& frame) {
   return std::clamp(letters * frame.height() / kRoomy, kSmallestLetters, letters);
@@ -30,8 +41,13 @@ QFont TextFont(const QRect& frame) {
   return font;
 }
 
-QFont KeysFont(const QRect& frame) {
-  return GameFont(Letters(kKeyLetters, frame));
+QFont LightFont(const QRect& frame) {
+  return GameFont(Letters(kLightLetters, frame));
+}
+
+// The light itself, with the gap behind it.
+int LightWidth(const QFontMetrics& metrics) {
+  return metrics.ascent() * 5 / 4;
 }
 
 }  // namespace
@@ -40,22 +56,19 @@ PracticeBadge::PracticeBadge(QWidget* parent) : QWidget(parent) {
   setObjectName("practice");
   setFocusPolicy(Qt::NoFocus);
   setAttribute(Qt::WA_TransparentForMouseEvents);
-  keysLeave_.setSingleShot(true);
-  keysLeave_.setInterval(kKeysStay);
-  keysLeave_.callOnTimeout([this] { Place(); });
   hide();
-}
-
-void PracticeBadge::Open(const QString& text, const QString& keys) {
-  keys_ = keys;
-  keysLeave_.start();
-  SetText(text);
-  raise();
-  show();
 }
 
 void PracticeBadge::SetText(const QString& text) {
   text_ = text;
+  Place();
+}
+
+void PracticeBadge::SetLight(std::optional<Prospect> light, const Skin& skin) {
+  const QString text = light ? LookOf(*light).words.In(skin) : QString();
+  if (light_ == light && lightText_ == text) return;
+  light_ = light;
+  lightText_ = text;
   Place();
 }
 
@@ -66,14 +79,13 @@ void PracticeBadge::PlaceIn(const QRect& frame) {
 
 void PracticeBadge::Place() {
   const QFontMetrics letters(TextFont(frame_));
-  const QFontMetrics small(KeysFont(frame_));
+  const QFontMetrics small(LightFont(frame_));
   const int room = std::max(1, frame_.width() - 2 * (kPadding + kAside));
   int width = letters.horizontalAdvance(text_);
   int height = letters.lineSpacing();
-  if (KeysShown()) {
-    const WrappedText lines = WrapText(keys_, small, room, kMostLines);
-    width = std::max(width, lines.width);
-    height += small.lineSpacing() * static_cast<int>(lines.lines.size());
+  if (light_) {
+    width = std::max(width, LightWidth(small) + small.horizontalAdvance(lightText_));
+    height += small.lineSpacing();
   }
   const QSize size(std::min(width, room) + 2 * kPadding, height + kPadding);
   setGeometry(QRect(QPoint(frame_.left() + kAside, frame_.bottom() + 1 - kAside - size.height()), size));
@@ -90,10 +102,16 @@ void PracticeBadge::paintEvent(QPaintEvent* /*event*/) {
   painter.setPen(QColor(0xE0, 0xF8, 0xFF));
   painter.setFont(TextFont(frame_));
   painter.drawText(inside, Qt::AlignLeft | Qt::AlignTop, text_);
-  if (!KeysShown()) return;
-  painter.setFont(KeysFont(frame_));
-  const WrappedText lines = WrapText(keys_, painter.fontMetrics(), inside.width(), kMostLines);
-  painter.drawText(inside, Qt::AlignLeft | Qt::AlignBottom, lines.lines.join('\n'));
+  if (!light_) return;
+  painter.setFont(LightFont(frame_));
+  const QFontMetrics small = painter.fontMetrics();
+  const QRect line(inside.left(), inside.bottom() + 1 - small.lineSpacing(), inside.width(),
+                   small.lineSpacing());
+  painter.drawText(line.adjusted(LightWidth(small), 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter, lightText_);
+  const qreal size = small.ascent() * 0.8;
+  painter.setPen(QPen(QColor(0x08, 0x18, 0x22), 1.5));
+  painter.setBrush(LookOf(*light_).colour);
+  painter.drawEllipse(QRectF(line.left(), line.top() + (line.height() - size) / 2, size, size));
 }
 
 }  // namespace zorik

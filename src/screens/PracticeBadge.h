@@ -1,26 +1,32 @@
 #pragma once
 
 #include <QString>
-#include <QTimer>
 #include <QWidget>
+#include <optional>
+
+#include "run/Outlook.h"
 
 namespace zorik {
 
-// The sign over the cave that the run is practice, and nothing of it is recorded. At first it names the keys,
-// too. The mouse does not notice it.
+class Skin;
+
+// The sign over the cave that the run is practice, and nothing of it is recorded; with a small light that
+// says whether a way to win is known. The mouse does not notice it.
 class PracticeBadge : public QWidget {
  public:
   explicit PracticeBadge(QWidget* parent);
 
-  // What it says, and what below that for some seconds.
-  void Open(const QString& text, const QString& keys);
   void SetText(const QString& text);
+
+  // No light for a run that is won.
+  void SetLight(std::optional<Prospect> light, const Skin& skin);
 
   // Lies at the lower left corner of this part of its parent.
   void PlaceIn(const QRect& frame);
 
   const QString& Text() const { return text_; }
-  bool KeysShown() const { return keysLeave_.isActive(); }
+  std::optional<Prospect> Light() const { return light_; }
+  const QString& LightText() const { return lightText_; }
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -29,9 +35,9 @@ class PracticeBadge : public QWidget {
   void Place();
 
   QString text_;
-  QString keys_;
+  std::optional<Prospect> light_;
+  QString lightText_;
   QRect frame_;
-  QTimer keysLeave_;
 };
 
 }  // namespace zorik

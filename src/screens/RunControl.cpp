@@ -1,11 +1,13 @@
 #include "screens/RunControl.h"
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
 #include "core/Machine.h"
 #include "core/Speed.h"
 #include "run/Timeline.h"
+#include "screens/GameLayout.h"
 #include "screens/HraWindow.h"
 #include "screens/Moment.h"
 #include "screens/StartWords.h"
@@ -23,6 +25,12 @@ TickEnd RunControl::Pass(const KeySnapshot& keys) {
 
 int RunControl::Interval() const {
   return TimerInterval(settings_.Speed);
+}
+
+QRect RunControl::BarFrame() const {
+  QRect frame = window_.rect();
+  frame.setBottom(std::min(frame.bottom(), window_.PlayArea().geometry().bottom() + kBottomBar));
+  return frame;
 }
 
 TickEnd RunControl::StandStill(const KeySnapshot& keys) {

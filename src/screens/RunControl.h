@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <QRect>
 #include <memory>
 
 #include "core/Hra.h"
@@ -10,8 +11,10 @@ class QKeyEvent;
 
 namespace zorik {
 
+class CavePainter;
 class HraWindow;
 class Skin;
+struct Overlay;
 class Timeline;
 class WhatKilled;
 
@@ -53,8 +56,17 @@ class RunControl : public QObject {
   // The window has another size.
   virtual void Arrange() {}
 
+  // The player may have chosen other keys.
+  virtual void KeysChosen() {}
+
+  // Lays over the picture of the run what is its own.
+  virtual void LayOver(Overlay& /*overlay*/, CavePainter& /*painter*/) const {}
+
  protected:
   void ForgetQuestion();
+
+  // Where a bar over the bottom of the cave finds room.
+  QRect BarFrame() const;
 
   // The keys that all runs have, in a run that stands still.
   TickEnd StandStill(const KeySnapshot& keys);

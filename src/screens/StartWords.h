@@ -113,9 +113,15 @@ inline constexpr StartWords kNoPageWords{"caption.page.lacking"};
 
 // Of a run in practice.
 inline constexpr StartWords kPracticeWords{"caption.practice.badge"};
-inline constexpr StartWords kPracticeKeysWords{"caption.practice.keys"};
+inline constexpr StartWords kWayKnownWords{"caption.practice.known"};
+inline constexpr StartWords kNoWayYetWords{"caption.practice.noneyet"};
+inline constexpr StartWords kLostForGoodWords{"caption.practice.gone"};
+inline constexpr StartWords kSeekingWayWords{"caption.practice.seeking"};
+inline constexpr StartWords kWayShownWords{"caption.practice.shown"};
+inline constexpr StartWords kNoWayFoundWords{"caption.practice.notfound"};
 inline constexpr StartWords kPractisedByWords{"caption.practice.by"};
 inline constexpr StartWords kPracticeLostWords{"caption.practice.lost"};
+inline constexpr StartWords kTimeIsUpWords{"caption.practice.timeup"};
 inline constexpr StartWords kPracticeWonWords{"caption.practice.won"};
 inline constexpr StartWords kEarnestWords{"caption.practice.earnest"};
 inline constexpr StartWords kMarkedWords{"caption.practice.marked"};
@@ -124,6 +130,11 @@ inline constexpr StartWords kSearchingWords{"caption.practice.searching"};
 inline constexpr StartWords kCouldBeSavedWords{"caption.practice.saved"};
 inline constexpr StartWords kNotSavedWords{"caption.practice.notsaved"};
 inline constexpr StartWords kStillAliveWords{"caption.practice.alive"};
+inline constexpr StartWords kSeekingLossWords{"caption.practice.seekingloss"};
+inline constexpr StartWords kNeverAWayWords{"caption.practice.never"};
+inline constexpr StartWords kLostFromWords{"caption.practice.lostfrom"};
+inline constexpr StartWords kLostFromAtLastWords{"caption.practice.lostatlast"};
+inline constexpr StartWords kLastWayWords{"caption.practice.lastway"};
 inline constexpr StartWords kTryPracticeWords{"caption.practice.try"};
 inline constexpr StartWords kPracticeButtonWords{"caption.practice.begin"};
 

@@ -2,7 +2,6 @@
 
 #include <QKeyEvent>
 #include <QLocale>
-#include <QMouseEvent>
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -20,8 +19,7 @@
 namespace zorik {
 namespace {
 
-constexpr int kBarStays = 3000;  // milliseconds
-constexpr int kLookForKeys = 40;
+constexpr int kLookForKeys = 40;  // milliseconds
 constexpr int kFarTicks = 5 * kTicksPerSecond;
 constexpr double kSlowest = 0.25;  // of the speed of play
 constexpr double kAlike = 1.06;    // two speeds that nobody tells apart
@@ -37,10 +35,14 @@ QString SpeedText(double speed, const Skin& skin) {
 }  // namespace
 
 Theatre::Theatre(HraWindow& window, Skin& skin, const Settings& settings)
-    : RunControl(window, settings), skin_(skin), bar_(new TheatreBar(&window)) {
-  leave_.setSingleShot(true);
-  leave_.setInterval(kBarStays);
-  leave_.callOnTimeout([this] { MaybeHideBar(); });
+    : RunControl(window, settings),
+      skin_(skin),
+      bar_(new TheatreBar(&window)),
+      call_(window, [this] { return BarInUse(); }) {
+  connect(&call_, &BarCall::MouseMoved, this, [this] {
+    if (timeline_ && window_.Machine().ReplayPlaying()) ShowBar();
+  });
+  connect(&call_, &BarCall::Leaves, bar_, &QWidget::hide);
   connect(&bar_->Line(), &SeekLine::Sought, this, &Theatre::SeekTo);
   connect(bar_, &TheatreBar::Stepped, this, &Theatre::Step);
   connect(bar_, &TheatreBar::PlayClicked, this, &Theatre::TogglePlay);
@@ -48,13 +50,6 @@ Theatre::Theatre(HraWindow& window, Skin& skin, const Settings& settings)
   connect(bar_, &TheatreBar::AgainClicked, this, &Theatre::PlayAgain);
   connect(bar_, &TheatreBar::TakeOverClicked, this, &Theatre::TakeOver);
   connect(&bar_->Line(), &SeekLine::Dropped, this, [this] { Stand(stands_); });
-  Watch(window);
-  for (QWidget* const widget : window.findChildren<QWidget*>()) Watch(*widget);
-}
-
-void Theatre::Watch(QWidget& widget) {
-  widget.setMouseTracking(true);
-  widget.installEventFilter(this);
 }
 
 void Theatre::Starts(bool again) {
@@ -70,13 +65,13 @@ void Theatre::Starts(bool again) {
 
 void Theatre::Stops() {
   RunControl::Stops();
-  leave_.stop();
+  call_.Stop();
   bar_->hide();
 }
 
 // While the knob is dragged the run waits for where it is dropped.
 TickEnd Theatre::Pass(const KeySnapshot& keys) {
-  if (std::exchange(fresh_, false)) leave_.start();
+  if (std::exchange(fresh_, false)) call_.Stay();
   if (stands_ || bar_->Line().Dragging()) {
     const TickEnd end = StandStill(keys);
     if (end == TickEnd::Restarted) Stand(false);
@@ -260,20 +255,12 @@ void Theatre::SpeedChosen() {
 
 // The bar
 
-bool Theatre::eventFilter(QObject* object, QEvent* event) {
-  if (event->type() == QEvent::MouseMove && timeline_ && window_.Machine().ReplayPlaying()) {
-    const QPoint pointer = static_cast<QMouseEvent*>(event)->globalPosition().toPoint();
-    if (std::exchange(pointer_, pointer) != pointer) ShowBar();
-  }
-  return RunControl::eventFilter(object, event);
-}
-
 void Theatre::ShowBar() {
   ShowPosition();
   Arrange();
   bar_->raise();
   bar_->show();
-  leave_.start();
+  call_.Stay();
 }
 
 void Theatre::ShowPosition() {
@@ -282,15 +269,12 @@ void Theatre::ShowPosition() {
 }
 
 // It stays as long as it is made use of, and while the run stands still.
-void Theatre::MaybeHideBar() {
-  if (fresh_ || stands_ || bar_->Line().Dragging() || bar_->underMouse()) return leave_.start();
-  bar_->hide();
+bool Theatre::BarInUse() const {
+  return fresh_ || stands_ || bar_->Line().Dragging() || bar_->underMouse();
 }
 
 void Theatre::Arrange() {
-  QRect frame = window_.rect();
-  frame.setBottom(std::min(frame.bottom(), window_.PlayArea().geometry().bottom() + kBottomBar));
-  bar_->PlaceIn(frame);
+  bar_->PlaceIn(BarFrame());
 }
 
 }  // namespace zorik

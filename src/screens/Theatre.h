@@ -1,10 +1,9 @@
 #pragma once
 
-#include <QPoint>
-#include <QTimer>
 #include <optional>
 
 #include "run/Timeline.h"
+#include "screens/BarCall.h"
 #include "screens/RunControl.h"
 
 namespace zorik {
@@ -47,14 +46,11 @@ class Theatre : public RunControl {
   void TakeOverWanted();
 
  protected:
-  bool eventFilter(QObject* object, QEvent* event) override;
   void CouldBeSaved(int tick) override;
 
  private:
   using Act = void (Theatre::*)();
   static Act ActOf(int key);
-
-  void Watch(QWidget& widget);
 
   void TogglePlay();
   void StepOn() { Step(1); }
@@ -79,7 +75,7 @@ class Theatre : public RunControl {
   int PlayInterval() const;
   void ShowBar();
   void ShowPosition();
-  void MaybeHideBar();
+  bool BarInUse() const;
 
   Skin& skin_;
   TheatreBar* bar_;
@@ -88,8 +84,7 @@ class Theatre : public RunControl {
   bool stands_ = false;
   bool over_ = false;            // the record has been played to its end
   std::optional<double> speed_;  // for this record, in speeds of play
-  QTimer leave_;
-  QPoint pointer_;  // where it was last
+  BarCall call_;
 };
 
 }  // namespace zorik

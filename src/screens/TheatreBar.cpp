@@ -28,9 +28,7 @@ constexpr int kMomentWidth = 190;
 constexpr int kNumberWidth = 54;
 constexpr int kLetters = 15;
 constexpr int kSmallestLetters = 8;
-constexpr int kBelow = 4;  // between the bar and the edge
 
-constexpr QColor kGround(0x20, 0x18, 0x2A, 240);
 constexpr QColor kRim(0xC9, 0xA2, 0x5C);
 constexpr QColor kPlain(0xF4, 0xEA, 0xD4);
 
@@ -54,7 +52,7 @@ QString Clock(int ticks) {
 }  // namespace
 
 TheatreBar::TheatreBar(QWidget* parent)
-    : QWidget(parent),
+    : FloatingBar(parent, kHeight, kWidest),
       line_(new SeekLine(this)),
       back_(NewButton("back")),
       play_(NewButton("play")),
@@ -64,7 +62,6 @@ TheatreBar::TheatreBar(QWidget* parent)
       again_(NewButton("again")),
       takeOver_(NewButton("takeover")) {
   setObjectName("theatre");
-  setFocusPolicy(Qt::NoFocus);
   play_->SetPicture(TransportPicture(Transport::Stop));
   back_->SetPicture(TransportPicture(Transport::Back));
   forward_->SetPicture(TransportPicture(Transport::Forward));
@@ -78,13 +75,6 @@ TheatreBar::TheatreBar(QWidget* parent)
   connect(again_, &BarButton::Clicked, this, &TheatreBar::AgainClicked);
   connect(takeOver_, &BarButton::Clicked, this, &TheatreBar::TakeOverClicked);
   again_->hide();
-  hide();
-}
-
-BarButton* TheatreBar::NewButton(const char* name) {
-  auto* const button = new BarButton(this);
-  button->setObjectName(name);
-  return button;
 }
 
 void TheatreBar::SetWords(const Skin& skin) {
@@ -97,7 +87,7 @@ void TheatreBar::SetWords(const Skin& skin) {
   SetHint(*line_, kSeekWords.In(skin));
   again_->SetCaption(kPlayAgainWords.In(skin));
   takeOver_->SetCaption(kTakeOverWords.In(skin));
-  PlaceIn(frame_);
+  PlaceAgain();
 }
 
 void TheatreBar::SetRun(int length, const std::vector<RunEvent>& events) {
@@ -135,25 +125,12 @@ QString TheatreBar::MomentText() const {
 
 // Places
 
-void TheatreBar::PlaceIn(const QRect& frame) {
-  frame_ = frame;
-  const int width = std::min(frame.width() - 2 * kBelow, kWidest);
-  scale_ = std::min(1.0, static_cast<qreal>(width) / Needed());
-  setGeometry(frame.left() + (frame.width() - width) / 2, frame.bottom() + 1 - Scaled(kHeight) - kBelow,
-              width, Scaled(kHeight));
-  Arrange();
-}
-
-// The width in which all stands in one row; in less of it all is smaller.
-int TheatreBar::Needed() const {
+// The width in which all stands in one row.
+int TheatreBar::NeededWidth() const {
   constexpr int kButtons = 5;
   const int words = std::max(again_->CaptionWidth(kButton), takeOver_->CaptionWidth(kButton));
   const int row = kButtons * (kButton + kGap) + kMomentWidth + kGap + kNumberWidth + kGap;
   return kMargin + row + words + 2 * kMargin + kMargin;
-}
-
-int TheatreBar::Scaled(int units) const {
-  return static_cast<int>(units * scale_);
 }
 
 // A plate with words ends there.
@@ -164,7 +141,7 @@ void TheatreBar::PlaceWide(BarButton& button, int right) {
 }
 
 void TheatreBar::Arrange() {
-  line_->SetScale(scale_);
+  line_->SetScale(Scale());
   line_->setGeometry(0, Scaled(kLineTop), width(), Scaled(SeekLine::kHeight));
   int left = Scaled(kMargin);
   const auto next = [&](int width) {
@@ -188,10 +165,7 @@ void TheatreBar::Arrange() {
 
 void TheatreBar::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(QPen(kRim, 2));
-  painter.setBrush(kGround);
-  painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), 10, 10);
+  PaintGround(painter, kRim);
   DrawWords(painter);
 }
 

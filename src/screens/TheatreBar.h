@@ -1,10 +1,10 @@
 #pragma once
 
 #include <QString>
-#include <QWidget>
 #include <vector>
 
 #include "run/Timeline.h"
+#include "screens/FloatingBar.h"
 
 namespace zorik {
 
@@ -14,7 +14,7 @@ class SeekLine;
 
 // The bar of a record that plays: the whole run as a line on which its events are marks and the moment that
 // is seen is a knob to be dragged; below that buttons, the clock and the tick of the moment, and the speed.
-class TheatreBar : public QWidget {
+class TheatreBar : public FloatingBar {
   Q_OBJECT
 
  public:
@@ -34,9 +34,6 @@ class TheatreBar : public QWidget {
   // The run is over: it can be had again. That takes the place of taking it over.
   void OfferAgain(bool offered);
 
-  // Lies at the bottom of this part of its parent.
-  void PlaceIn(const QRect& frame);
-
   SeekLine& Line() const { return *line_; }
   QString MomentText() const;
   const QString& SpeedText() const { return speed_; }
@@ -49,19 +46,15 @@ class TheatreBar : public QWidget {
   void TakeOverClicked();
 
  protected:
+  int NeededWidth() const override;
+  void Arrange() override;
   void paintEvent(QPaintEvent* event) override;
 
  private:
-  BarButton* NewButton(const char* name);
-  int Needed() const;
-  int Scaled(int units) const;
-  void Arrange();
   void PlaceWide(BarButton& button, int right);
   void DrawWords(QPainter& painter) const;
 
-  QRect frame_;  // of the parent, in which it lies
   bool stands_ = false;
-  qreal scale_ = 1;  // below 1 where all would not find room otherwise
   QString speed_;
   QRect moment_;  // where the clock and the tick are written
   QRect number_;  // and the speed

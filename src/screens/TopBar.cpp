@@ -9,6 +9,9 @@
 #include "screens/BarButton.h"
 #include "screens/BarColours.h"
 #include "screens/Hint.h"
+#include "screens/KeyWords.h"
+#include "screens/Marks.h"
+#include "screens/StartWords.h"
 #include "skin/GameFont.h"
 
 namespace zorik {
@@ -75,14 +78,14 @@ void TopBar::SetPictures(const QImage& border1, const QImage& restart, const QIm
   update();
 }
 
-void TopBar::SetTips(const QString& restart, const QString& settings, const QString& view,
-                     const QString& leave) {
-  restartTip_ = restart;
+void TopBar::SetTips(const Skin& skin, const KeyMap& keys) {
+  const KeyChoice& restart = keys.Of(KeyUse::Restart).front();
+  restartTip_ = FillMarks(kRestartWords.In(skin), WordsOf(restart, skin), QString());
   moreOfRestart_.clear();
-  SetHint(*picRestart_, restart);
-  SetHint(*settings_, settings);
-  SetHint(*view_, view);
-  SetHint(*leave_, leave);
+  SetHint(*picRestart_, restartTip_);
+  SetHint(*settings_, kSettingsWords.In(skin));
+  SetHint(*view_, kViewWords.In(skin));
+  SetHint(*leave_, kLeaveWords.In(skin));
 }
 
 void TopBar::AddToRestartTip(const QString& more) {

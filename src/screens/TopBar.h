@@ -9,6 +9,8 @@
 namespace zorik {
 
 class BarButton;
+class KeyMap;
+class Skin;
 
 // The bar above the play picture: the clock, the gems collected and needed, the value of a gem; the strip of
 // units; the buttons.
@@ -21,7 +23,7 @@ class TopBar : public QWidget {
   void SetPictures(const QImage& border1, const QImage& restart, const QImage& settings, const QImage& leave);
 
   // What the buttons say under the pointer.
-  void SetTips(const QString& restart, const QString& settings, const QString& view, const QString& leave);
+  void SetTips(const Skin& skin, const KeyMap& keys);
 
   // What the button that begins anew says beside that; nothing for an empty text.
   void AddToRestartTip(const QString& more);

@@ -1,11 +1,10 @@
 #pragma once
 
 #include <QObject>
-#include <QThreadPool>
-#include <atomic>
 #include <memory>
 
 #include "run/Outlook.h"
+#include "screens/Background.h"
 
 namespace zorik {
 
@@ -17,16 +16,20 @@ class WayFinder : public QObject {
  public:
   static constexpr int kLongest = 5000;  // milliseconds of a question
 
-  explicit WayFinder(QObject* parent = nullptr, int longest = kLongest);
-  ~WayFinder() override;
+  explicit WayFinder(QObject* parent = nullptr, int longest = kLongest)
+      : QObject(parent), longest_(longest) {}
 
-  // Asks about the run as it is now; an older question that is not answered yet is dropped.
-  void Ask(const Hra& run);
+  // Asks about the run as it is now; an older question that is not answered yet is dropped. tryFirst: a way
+  // that may well lead there; without one it is what is left of the last one.
+  void Ask(const Hra& run, Plan tryFirst = {});
+
+  // The question is not to be answered any more.
+  void Drop() { background_.Drop(); }
 
   // Another run: nothing is known, nothing asked.
   void Forget();
 
-  bool Asking() const { return question_ != nullptr; }
+  bool Asking() const { return background_.Busy(); }
   Prospect Answer() const { return answer_; }
 
   // When a way is known: the tick of the run from which it leads, and its moves.
@@ -38,23 +41,20 @@ class WayFinder : public QObject {
 
  private:
   struct Question {
-    std::atomic<bool> dropped{false};
     std::unique_ptr<Hra> run;
     Plan tryFirst;
     Prospect answer = Prospect::NoneYet;
     Plan way;
   };
 
-  void Drop();
-  void Look(Question& question) const;
-  void Take(const std::shared_ptr<Question>& question);
+  static void Look(Question& question, int longest, const std::atomic<bool>& dropped);
+  void Take(Question& question);
 
   int longest_;
-  QThreadPool pool_;
-  std::shared_ptr<Question> question_;
   Prospect answer_ = Prospect::NoneYet;
   int from_ = 0;
   Plan way_;
+  Background background_;
 };
 
 }  // namespace zorik

@@ -142,6 +142,30 @@ TEST(Footsteps, AreTheCellsThatTheWayLeadsTo) {
   EXPECT_EQ(run->Ticks, 0);
 }
 
+// The gem is taken from where the dog stands, and then it goes down.
+TEST(Footsteps, HoldWhatIsDoneBesideTheWay) {
+  const auto run = Practise({"WWWW", "W1DW", "WTWW", "WWWW"}, {.needed = 1});
+  const Plan way{static_cast<Move>(kActBase + 2), kWait, static_cast<Move>(kActBase + 0),
+                 static_cast<Move>(kStepBase + 3)};
+  const std::vector<Footstep> steps = Footsteps(*run, way, 10);
+  ASSERT_EQ(steps.size(), 2U) << "steel beside the dog stays as it is";
+  EXPECT_TRUE(steps[0].beside);
+  EXPECT_EQ(steps[0].cell, Cell(2, 1));
+  EXPECT_EQ(steps[0].tick, 1);
+  EXPECT_FALSE(steps[1].beside);
+  EXPECT_EQ(steps[1].cell, Cell(1, 2));
+}
+
+TEST(Outlook, ShortensNoLongerThanItsOwnerLikes) {
+  const auto run = Practise(kCorridor, {.needed = 1});
+  Plan idle(20, kWait);
+  idle.insert(idle.end(), 6, static_cast<Move>(kStepBase + 2));
+  Outlook outlook(*run, idle);
+  outlook.Heed([] { return true; });
+  ASSERT_EQ(outlook.Go(1), Prospect::Known);
+  EXPECT_EQ(outlook.Way().size(), 26U);
+}
+
 Timeline TimelineOf(Hra run, const std::vector<std::string>& keys) {
   Timeline timeline(run);
   for (const std::string& held : keys) {
@@ -172,6 +196,17 @@ TEST(Hindsight, FindsThatNothingIsLostYet) {
 TEST(Hindsight, FindsThatThereWasNeverAWay) {
   const auto run = Practise({"WWWWW", "W1D;W", "WWWWW"}, {.needed = 1});
   EXPECT_EQ(KnownUntil(TimelineOf(*run, {"R", "R"})), -1);
+}
+
+TEST(Hindsight, GivesUpAQuestionThatItsOwnerIsTiredOf) {
+  const auto run = Practise({"WWWWWWWW", "W1DRRRTW", "WWWWWWWW"}, {.needed = 1});
+  Hindsight hindsight(TimelineOf(*run, {"", "", ""}));
+  EXPECT_EQ(hindsight.NoneFrom(), 4);
+  EXPECT_EQ(hindsight.Asked(), 3);
+  ASSERT_FALSE(hindsight.Go(1));
+  hindsight.GiveUp();
+  EXPECT_EQ(hindsight.NoneFrom(), 3);
+  EXPECT_EQ(hindsight.Asked(), 1);
 }
 
 // The boulder is pushed into the shaft in which the gem lies. Until then the dog could go round above it.

@@ -158,5 +158,21 @@ TEST(AReplayThatIsTakenOver, IsFollowedByItsTimelineIntoPracticeAndBack) {
   });
 }
 
+TEST(Timeline, TellsInMovesWhatWasDone) {
+  const Picture picture{"WWWWWWW", "W1...;W", "W..2..W", "WWWWWWW"};
+  auto run = std::make_unique<Hra>(Play(picture));
+  run->Kind = RunKind::Practice;
+  Timeline timeline(*run);
+  for (const char* const held : {"R", "", "R", "D", "2", "L"}) {
+    Tick(*run, Keys(held));
+    timeline.Add(*run, Keys(held));
+  }
+  const auto step = [](int direction) { return static_cast<Move>(kStepBase + direction); };
+  EXPECT_EQ(timeline.Moves(0, 6),
+            (Plan{step(2), kWait, step(2), step(3), static_cast<Move>(kChooseBase + 2), step(0)}));
+  EXPECT_EQ(timeline.Moves(2, 4), (Plan{step(2), step(3)}));
+  EXPECT_EQ(timeline.Moves(5, 99).size(), 1U);
+}
+
 }  // namespace
 }  // namespace zorik::test

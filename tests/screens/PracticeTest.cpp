@@ -435,6 +435,12 @@ TEST_F(SteadyTest, LeavesTheRecordOfANormalRunTheSameByteForByte) {
   ASSERT_TRUE(TicksPass(5));
   GoBackTo(1);
   Press(Qt::Key_F8);
+  Press(Qt::Key_H);
+  QTest::qWait(100);
+  EXPECT_EQ(WinByKeys(), before);
+  ASSERT_TRUE(window->Start(CaveTextOf({"WWWWWW", "W1D..T", "WWWWWW"}, {.needed = 1}), RunKind::Practice));
+  QTest::keyPress(window.get(), Qt::Key_H);
+  ASSERT_TRUE(Wait([&] { return window->Controls().Training().Hint().Whole(); }));
   EXPECT_EQ(WinByKeys(), before);
 }
 

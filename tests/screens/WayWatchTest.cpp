@@ -1,0 +1,73 @@
+#include <gtest/gtest.h>
+
+#include "screens/WayWatch.h"
+#include "support/Patience.h"
+#include "support/Scene.h"
+
+namespace zorik::test {
+namespace {
+
+constexpr int kPatience = 20000;  // milliseconds
+
+const Picture kCorridor{"WWWWWWWWW", "W1;D;;;TW", "WWWWWWWWW"};
+const Picture kWalled{"WWWWWWWWW", "W1;D;;WTW", "WWWWWWWWW"};
+
+// A run in practice after so many ticks.
+std::unique_ptr<Hra> Practise(const Picture& picture, int ticks) {
+  auto run = std::make_unique<Hra>(Play(picture, {.needed = 1}));
+  run->Kind = RunKind::Practice;
+  Pass(*run, ticks);
+  return run;
+}
+
+bool Answers(WayWatch& watch) {
+  return WaitFor([&] { return !watch.Asking(); }, kPatience);
+}
+
+TEST(WayWatch, KnowsOfEarlierMomentsWhatItKnowsOfALaterOne) {
+  WayWatch watch;
+  EXPECT_EQ(watch.At(5), Prospect::NoneYet);
+  watch.WentOn(*Practise(kCorridor, 5));
+  ASSERT_TRUE(Answers(watch));
+  EXPECT_EQ(watch.At(5), Prospect::Known);
+  EXPECT_EQ(watch.At(0), Prospect::Known);
+  ASSERT_NE(watch.WayFrom(5), nullptr);
+  EXPECT_EQ(watch.WayFrom(4), nullptr);
+}
+
+TEST(WayWatch, TakesALostRunForLostFromThereOn) {
+  WayWatch watch;
+  watch.WentOn(*Practise(kWalled, 5));
+  ASSERT_TRUE(Answers(watch));
+  EXPECT_EQ(watch.At(5), Prospect::Impossible);
+  EXPECT_EQ(watch.At(9), Prospect::Impossible);
+  EXPECT_EQ(watch.At(4), Prospect::NoneYet);
+}
+
+// Who has gone back and goes on in another way leaves behind what was known of the first one.
+TEST(WayWatch, AsksAnewWhereTheRunGoesOnInAnotherWay) {
+  WayWatch watch;
+  watch.WentOn(*Practise(kWalled, 5));
+  ASSERT_TRUE(Answers(watch));
+  watch.WentOn(*Practise(kCorridor, 5));
+  ASSERT_TRUE(Answers(watch));
+  EXPECT_EQ(watch.At(5), Prospect::Known);
+}
+
+TEST(WayWatch, FindsItsWayAgainFromAnEarlierMoment) {
+  const auto run = Practise(kCorridor, 0);
+  Timeline past(*run);
+  for (const char* const held : {"R", "", "R"}) {
+    Tick(*run, Keys(held));
+    past.Add(*run, Keys(held));
+  }
+  WayWatch watch(1);  // no time to look for another
+  watch.Know(3, Plan(4, static_cast<Move>(kStepBase + 2)));
+  watch.Ask(*past.At(1), past);
+  ASSERT_TRUE(Answers(watch));
+  EXPECT_EQ(watch.At(1), Prospect::Known);
+  EXPECT_EQ(watch.At(3), Prospect::Known);
+}
+
+}  // namespace
+}  // namespace zorik::test
