@@ -10,7 +10,7 @@
 #include "screens/Marks.h"
 #include "screens/PracticeBadge.h"
 #include "screens/PracticeBar.h"
-#include "screens/RunFate.h"
+#include "run/RunFate.h"
 #include "screens/StartWords.h"
 #include "skin/Skin.h"
 
