@@ -138,6 +138,24 @@ const tests = {
     run.free();
   },
 
+  'a record that is over can be taken over, and one that is won goes no further'() {
+    for (const file of [recorded[0], proofs[0]]) {
+      const run = machine.newRun([5, 6]);
+      run.replay(readFileSync(file));
+      run.beginTimeline({ whole: true });
+      const { length } = run.timeline();
+      let end = TickEnd.running;
+      while (end === TickEnd.running) end = run.tick();
+      assert.equal(run.tick(), end);
+      assert.equal(run.state().position, length);
+      run.takeOver();
+      const next = run.tick([39]);
+      assert.equal(run.state().position, end === TickEnd.won ? length : length + 1);
+      assert.equal(next, end === TickEnd.won ? TickEnd.won : TickEnd.running);
+      run.free();
+    }
+  },
+
   'what is won by keys is a record that counts natively'() {
     const collection = machine.openCollection(lesson);
     const run = machine.newRun();

@@ -77,10 +77,11 @@ void PageRun::Follow(TickEnd end, const KeySnapshot& keys) {
   if (!timeline_) return;
   if (end == TickEnd::Restarted) {
     position_ = 0;
+    begin_ = hra_.Ticks;
     if (!whole_ || hra_.Practising()) timeline_.emplace(hra_);
     return;
   }
-  if (end == TickEnd::RecordOver) return;
+  if (end == TickEnd::RecordOver || !InStep(position_ + 1)) return;
   const bool known = hra_.ReplayPlaying() && position_ < timeline_->Length();
   if (!known) {
     timeline_->Cut(position_);
@@ -172,6 +173,7 @@ Result<Done> PageRun::BeginTimeline(bool whole) {
   whole_ = whole && hra_.ReplayPlaying();
   timeline_ = whole_ ? WholeReplay(hra_) : Timeline(hra_);
   position_ = 0;
+  begin_ = hra_.Ticks;
   return Done{};
 }
 
@@ -183,7 +185,9 @@ void PageRun::Seek(int tick) {
   view_.ShowMoment(hra_, true);
 }
 
+// At the end of a record the machine has begun a tick that it could not finish.
 void PageRun::TakeOverNow() {
+  if (timeline_ && !InStep(position_)) Seek(position_);
   TakeOver(hra_);
 }
 

@@ -151,6 +151,7 @@ class PageRun final : public Stage {
     happened_.push_back({static_cast<int>(what), a, b, c});
   }
   void Follow(TickEnd end, const KeySnapshot& keys);
+  bool InStep(int position) const { return hra_.Ticks - begin_ == position; }
   void PlanSpans(const std::vector<DrawnSpan>& spans, PlanSlot slot);
   void PlanCells(const DrawnView& drawn);
   void PlanMovers(const DrawnView& drawn);
@@ -165,6 +166,7 @@ class PageRun final : public Stage {
   std::optional<Timeline> timeline_;
   bool whole_ = false;  // it was known to its end from the beginning
   int position_ = 0;
+  int begin_ = 0;  // ticks of the run where it begins
 
   const FrameTable* frames_;
   CaveView view_;
