@@ -301,7 +301,7 @@ TEST_F(FrmPoStTest, SpeaksTheLanguageOfTheSkin) {
   EXPECT_EQ(Button("play").toolTip(), "Play this cave");
   EXPECT_EQ(Button("replay").toolTip(), "Play the record");
   EXPECT_EQ(Button("congratulation").toolTip(), "Read the congratulation");
-  EXPECT_EQ(Button("send").toolTip(), "Send the records by e-mail\nZáznam jako stránka do prohlížeče (W)");
+  EXPECT_EQ(Button("send").toolTip(), "Send the records by e-mail\nThe record as a page for a browser (W)");
   ClickRow(3);
   EXPECT_EQ(Text("lblCaveDescription"), "First you have to solve this cave:\r\nc1");
 }
