@@ -35,6 +35,7 @@ void RunView::SetRun(Timeline timeline) {
     for (int y = -1; y <= run_->CaveHeight; ++y) painter_.CellChanged(*run_, x, y);
   }
   painter_.MoveView(*run_, true);
+  Fit();
   Compose();
 }
 
@@ -58,8 +59,16 @@ void RunView::Compose() {
   ram_->ShowChanges(painter_, painter_.Look(*run_, ram_->PixelSize()));
 }
 
+// Its cells are as wide as high.
+void RunView::Fit() {
+  if (!run_) return;
+  QRect place(QPoint(), QSize(run_->CaveWidth, run_->CaveHeight).scaled(size(), Qt::KeepAspectRatio));
+  place.moveCenter(rect().center());
+  ram_->setGeometry(place);
+}
+
 void RunView::resizeEvent(QResizeEvent* event) {
-  ram_->setGeometry(rect());
+  Fit();
   Compose();
   QWidget::resizeEvent(event);
 }

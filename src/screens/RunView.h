@@ -32,6 +32,7 @@ class RunView : public QWidget {
 
  private:
   void RepaintCells(const Hra& before);
+  void Fit();
   void Compose();
 
   std::optional<Timeline> timeline_;

@@ -4,6 +4,7 @@
 #include "screens/BarButton.h"
 #include "screens/GameScreen.h"
 #include "screens/PairWindow.h"
+#include "screens/Ram.h"
 #include "screens/RunView.h"
 #include "screens/SeekLine.h"
 #include "support/Scene.h"
@@ -76,6 +77,20 @@ TEST_F(PairWindowTest, ShowsBothRunsAtOneTick) {
   EXPECT_EQ(Dogs(), (std::vector<int>{3, 3}));
   window->ShowTick(4);
   EXPECT_EQ(Dogs(), (std::vector<int>{5, 4}));
+}
+
+// The cave is 8 cells wide and 3 high.
+TEST_F(PairWindowTest, ShowsCellsAsWideAsHigh) {
+  OpenTwo();
+  for (const QSize size : {QSize(900, 700), QSize(1100, 480)}) {
+    window->resize(size);
+    for (const RunView* const view : window->findChildren<RunView*>()) {
+      const QRect frame = view->findChild<Ram*>()->geometry();
+      EXPECT_NEAR(frame.width() / 8.0, frame.height() / 3.0, 1) << size.width();
+      EXPECT_TRUE(view->rect().contains(frame)) << size.width();
+      EXPECT_TRUE(frame.width() == view->width() || frame.height() == view->height()) << size.width();
+    }
+  }
 }
 
 TEST_F(PairWindowTest, LeavesTheShorterRunAtItsEnd) {
