@@ -42,7 +42,7 @@ class FloatingBar : public QWidget {
  private:
   int height_;
   int widest_;
-  QRect frame_;  // of the parent, in which it lies
+  QRect frame_;      // of the parent, in which it lies
   qreal scale_ = 1;  // below 1 where all would not find room otherwise
 };
 

@@ -15,8 +15,8 @@ class SkinCheck;
 class SkinScale;
 
 // The window of the options: two speeds and the volume, on scales whose right end is the fast or loud one,
-// and below them eight checks in two columns, or one. A button leads to the player's own keys. What the player
-// changes is dropped unless he confirms it.
+// and below them eight checks in two columns, or one. A button leads to the player's own keys. What the
+// player changes is dropped unless he confirms it.
 class FrmSettings : public SettingsDialog {
   Q_OBJECT
 

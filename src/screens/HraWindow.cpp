@@ -13,6 +13,7 @@
 #include "core/Patterns.h"
 #include "core/Speed.h"
 #include "data/Result.h"
+#include "run/RunFate.h"
 #include "screens/FrmSettings.h"
 #include "screens/Moment.h"
 #include "screens/MsgBox.h"
@@ -20,7 +21,6 @@
 #include "screens/PlainText.h"
 #include "screens/RunCaption.h"
 #include "screens/RunControls.h"
-#include "run/RunFate.h"
 #include "screens/StartWords.h"
 #include "skin/ToQString.h"
 

@@ -6,11 +6,11 @@
 
 #include "core/Machine.h"
 #include "platform/Keyboard.h"
+#include "run/RunFate.h"
 #include "screens/HraWindow.h"
 #include "screens/Marks.h"
 #include "screens/PracticeBadge.h"
 #include "screens/PracticeBar.h"
-#include "run/RunFate.h"
 #include "screens/StartWords.h"
 #include "skin/Skin.h"
 

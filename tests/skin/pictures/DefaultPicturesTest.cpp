@@ -13,8 +13,8 @@
 #include <vector>
 
 #include "core/Objects.h"
-#include "view/Edges.h"
 #include "skin/Pictures.h"
+#include "view/Edges.h"
 #include "view/ZornePole.h"
 
 namespace zorik {
