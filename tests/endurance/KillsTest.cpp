@@ -164,7 +164,7 @@ TEST_F(EnduringSaves, LeaveTheSettingsWhole) {
 class EnduringFirstStart : public EnduringSaves {
  protected:
   EnduringFirstStart() {
-    for (const char* part : {"opt/share/zorik/Skins", "opt/share/zorik/Caves"}) {
+    for (const char* part : {"opt/share/games/zorik/Skins", "opt/share/games/zorik/Caves"}) {
       fs::create_directories(fs::path(folder_) / part);
     }
     for (const auto& [name, caves] : {std::pair("a.zk", 90), std::pair("b.zk", 20), std::pair("c.zk", 60)}) {
@@ -175,7 +175,7 @@ class EnduringFirstStart : public EnduringSaves {
     }
   }
 
-  Paths Start() const { return *FindPaths({folder_ + "/opt/bin", home_, {}, {}, {}}); }
+  Paths Start() const { return *FindPaths({folder_ + "/opt/games", home_, {}, {}, {}}); }
 
   // How many have come. Each of these is whole.
   long Come() const {
@@ -190,7 +190,7 @@ class EnduringFirstStart : public EnduringSaves {
   }
 
   const std::string home_ = folder_ + "/home";
-  const std::string shipped_ = folder_ + "/opt/share/zorik/Caves/";
+  const std::string shipped_ = folder_ + "/opt/share/games/zorik/Caves/";
   std::vector<std::string> names_;
 };
 

@@ -152,6 +152,11 @@ class EnduringWays : public EnduringWindows {
     Through<FrmStart2>([&] { Close(sada); });
   }
 
+  void GoThrough() {
+    GoThroughTheGame();
+    if (!HasFailure()) GoThroughTheEditors();
+  }
+
   // A look is a way through nineteen windows, of each of which the toolkit keeps a little.
   Growth& Grown() override { return ways_; }
 
@@ -161,11 +166,13 @@ class EnduringWays : public EnduringWindows {
 };
 
 TEST_F(EnduringWays, OpenAndCloseAllWindowsWithoutGrowing) {
+  // What the toolkit keeps for windows that come again is complete only after some rounds.
+  constexpr int kFirstRounds = 8;
   constexpr int kRounds = 5;
+  for (int round = 0; round < kFirstRounds && !HasFailure(); ++round) GoThrough();
   Patience patience(kRounds);
   while (!HasFailure() && patience.Lasts()) {
-    GoThroughTheGame();
-    if (!HasFailure()) GoThroughTheEditors();
+    GoThrough();
     Look();
   }
   Grown().ExpectNone();

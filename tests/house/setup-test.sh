@@ -85,7 +85,7 @@ holds "apt fails: says where to look" "$words" "build/packages.log"
 
 # The real list: names as Debian writes them, each with its reason, none twice.
 list="$project/packaging/debian-packages.txt"
-strange=$(grep -vE '^($|#|\[(play|check|package)\]$|[a-z0-9][a-z0-9+.-]+ +# .+)' "$list" || true)
+strange=$(grep -vE '^($|#|\[(play|check|package|web)\]$|[a-z0-9][a-z0-9+.-]+ +# .+)' "$list" || true)
 equals "lines of the list that are none" "$strange" ""
 twice=$(grep -oE '^[a-z0-9][a-z0-9+.-]+' "$list" | sort | uniq -d)
 equals "packages listed twice" "$twice" ""

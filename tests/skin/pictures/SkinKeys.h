@@ -7,6 +7,7 @@
 
 #include "data/Files.h"
 #include "data/Result.h"
+#include "skin/SkinTable.h"
 
 namespace zorik::test {
 
@@ -69,9 +70,9 @@ inline SkinKeys ReadSkinKeys(const std::string& path) {
       trap("a key said twice");
     }
   }
-  // A skin is read after the default one, in the menus and in the game: four such tables are what one can
-  // hold.
-  if (lines->size() >= 500) keys.Traps.push_back("too many lines");
+  // A skin is read after the default one, and may say each key for the menus and again for the game: three
+  // such tables have to find room.
+  if (3 * lines->size() > SkinTable::kMostEntries) keys.Traps.push_back("too many lines");
   return keys;
 }
 

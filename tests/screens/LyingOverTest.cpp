@@ -1,4 +1,4 @@
-// The game window: what lies over what.
+// What lies over what, and beside what.
 #include "screens/HraScreen.h"
 #include "screens/PostScreen.h"
 
@@ -36,7 +36,7 @@ class SelectEdges : public testing::Test, public test::PostScreen {
 TEST_F(SelectEdges, ADescriptionEndsAboveWhatComesNextBelowItAndNotAtWhatStandsBesideIt) {
   OpenWith(
       "\r\nselect:\r\ncolldescription.top=60\r\ncollauthor.top=60\r\ncaves.top=128\r\n"
-      "cavedescription.top=200\r\nbonus.top=200\r\nrecord.top=300\r\n");
+      "cavedescription.top=200\r\nbonus.top=200\r\npreview.top=400\r\nrecord.top=300\r\n");
   EXPECT_EQ(Label("lblDescription").geometry().top(), 60);
   EXPECT_EQ(Label("lblDescription").height(), 128 - 60);
   EXPECT_EQ(Label("lblCaveDescription").geometry().top(), 200);
