@@ -47,6 +47,7 @@ Theatre::Theatre(HraWindow& window, Skin& skin, const Settings& settings)
   connect(bar_, &TheatreBar::Stepped, this, &Theatre::Step);
   connect(bar_, &TheatreBar::PlayClicked, this, &Theatre::TogglePlay);
   connect(bar_, &TheatreBar::SpeedClicked, this, &Theatre::ChangeSpeed);
+  connect(bar_, &TheatreBar::PageClicked, this, &Theatre::AsPage);
   connect(bar_, &TheatreBar::AgainClicked, this, &Theatre::PlayAgain);
   connect(bar_, &TheatreBar::TakeOverClicked, this, &Theatre::TakeOver);
   connect(&bar_->Line(), &SeekLine::Dropped, this, [this] { Stand(stands_); });

@@ -59,6 +59,7 @@ TheatreBar::TheatreBar(QWidget* parent)
       forward_(NewButton("forward")),
       slower_(NewButton("slower")),
       faster_(NewButton("faster")),
+      page_(NewButton("page")),
       again_(NewButton("again")),
       takeOver_(NewButton("takeover")) {
   setObjectName("theatre");
@@ -67,11 +68,13 @@ TheatreBar::TheatreBar(QWidget* parent)
   forward_->SetPicture(TransportPicture(Transport::Forward));
   slower_->SetPicture(TransportPicture(Transport::Slower));
   faster_->SetPicture(TransportPicture(Transport::Faster));
+  page_->SetPicture(TransportPicture(Transport::Page));
   connect(back_, &BarButton::Clicked, this, [this] { emit Stepped(-1); });
   connect(forward_, &BarButton::Clicked, this, [this] { emit Stepped(1); });
   connect(slower_, &BarButton::Clicked, this, [this] { emit SpeedClicked(-1); });
   connect(faster_, &BarButton::Clicked, this, [this] { emit SpeedClicked(1); });
   connect(play_, &BarButton::Clicked, this, &TheatreBar::PlayClicked);
+  connect(page_, &BarButton::Clicked, this, &TheatreBar::PageClicked);
   connect(again_, &BarButton::Clicked, this, &TheatreBar::AgainClicked);
   connect(takeOver_, &BarButton::Clicked, this, &TheatreBar::TakeOverClicked);
   again_->hide();
@@ -83,6 +86,7 @@ void TheatreBar::SetWords(const Skin& skin) {
   SetHint(*slower_, kSlowerWords.In(skin));
   SetHint(*faster_, kFasterWords.In(skin));
   SetHint(*play_, kPlayOrStopWords.In(skin));
+  SetHint(*page_, kAsPageWords.In(skin));
   SetHint(*takeOver_, kTakeOverHint.In(skin));
   SetHint(*line_, kSeekWords.In(skin));
   again_->SetCaption(kPlayAgainWords.In(skin));
@@ -127,7 +131,7 @@ QString TheatreBar::MomentText() const {
 
 // The width in which all stands in one row.
 int TheatreBar::NeededWidth() const {
-  constexpr int kButtons = 5;
+  constexpr int kButtons = 6;
   const int words = std::max(again_->CaptionWidth(kButton), takeOver_->CaptionWidth(kButton));
   const int row = kButtons * (kButton + kGap) + kMomentWidth + kGap + kNumberWidth + kGap;
   return kMargin + row + words + 2 * kMargin + kMargin;
@@ -156,6 +160,7 @@ void TheatreBar::Arrange() {
   slower_->setGeometry(next(kButton));
   number_ = next(kNumberWidth);
   faster_->setGeometry(next(kButton));
+  page_->setGeometry(next(kButton));
   PlaceWide(*takeOver_, width() - Scaled(kMargin));
   PlaceWide(*again_, width() - Scaled(kMargin));
   update();

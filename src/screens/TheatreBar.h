@@ -42,6 +42,7 @@ class TheatreBar : public FloatingBar {
   void PlayClicked();
   void Stepped(int ticks);
   void SpeedClicked(int faster);  // 1 or -1
+  void PageClicked();
   void AgainClicked();
   void TakeOverClicked();
 
@@ -65,6 +66,7 @@ class TheatreBar : public FloatingBar {
   BarButton* forward_;
   BarButton* slower_;
   BarButton* faster_;
+  BarButton* page_;
   BarButton* again_;
   BarButton* takeOver_;
 };

@@ -38,6 +38,9 @@ std::vector<QPolygonF> ShapesOf(Transport what) {
     case Transport::End:
       return {QPolygonF({{16, 24}, {16, 72}, {42, 48}}), QPolygonF({{42, 24}, {42, 72}, {68, 48}}),
               block(69, 24, 9, 48)};
+    case Transport::Page:  // a browser's window in which it plays
+      return {block(18, 20, 60, 12), block(18, 32, 6, 38), block(72, 32, 6, 38), block(18, 70, 60, 6),
+              QPolygonF({{40, 38}, {40, 64}, {62, 51}})};
   }
   return {};
 }

@@ -106,6 +106,24 @@ TEST_F(TheatreTest, TellsTheTickAndTheClockOfTheRun) {
   EXPECT_EQ(Bar().MomentText(), "0:01 / 0:22   17 / 220");
 }
 
+TEST_F(TheatreTest, OffersTheRecordAsAPageByAKeyAndByAButton) {
+  StandAt(LongRecord(), 3);
+  for (const bool byKey : {true, false}) {
+    bool asked = false;
+    QTimer::singleShot(50, window.get(), [&] {
+      QWidget* const box = QApplication::activeModalWidget();
+      asked = box != nullptr;
+      if (asked) box->close();
+    });
+    if (byKey) {
+      Press(Qt::Key_W);
+    } else {
+      QTest::mouseClick(Button("page"), Qt::LeftButton);
+    }
+    EXPECT_TRUE(asked) << byKey;
+  }
+}
+
 TEST_F(TheatreTest, FindsRoomInEverySizeOfTheWindow) {
   StandAt(LongRecord(), 3);
   for (const QSize size : {QSize(480, 320), QSize(640, 400), QSize(936, 616), QSize(1300, 700)}) {
@@ -113,12 +131,12 @@ TEST_F(TheatreTest, FindsRoomInEverySizeOfTheWindow) {
     ASSERT_TRUE(Wait([&] { return window->size() == size; }));
     EXPECT_TRUE(window->rect().contains(Bar().geometry())) << size.width();
     int right = 0;
-    for (const char* name : {"back", "play", "forward", "slower", "faster", "takeover"}) {
+    for (const char* name : {"back", "play", "forward", "slower", "faster", "page", "takeover"}) {
       EXPECT_TRUE(Bar().rect().contains(Button(name)->geometry())) << name << size.width();
       EXPECT_GT(Button(name)->x(), right) << name << size.width();
       right = Button(name)->geometry().right();
     }
-    EXPECT_GT(Button("again")->x(), Button("faster")->geometry().right()) << size.width();
+    EXPECT_GT(Button("again")->x(), Button("page")->geometry().right()) << size.width();
   }
 }
 
