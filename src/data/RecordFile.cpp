@@ -56,6 +56,16 @@ std::string BuildRecordHead(std::string_view collectionName, int score, std::str
   return head;
 }
 
+std::string MovesOf(const std::string& record) {
+  std::size_t at = 0;
+  for (int line = 0; line < 3; ++line) {
+    at = record.find(kLineEnd, at);
+    if (at == std::string::npos) return {};
+    at += kLineEnd.size();
+  }
+  return record.substr(at);
+}
+
 std::string RecordFileName(std::string_view collectionName, std::string_view caveName) {
   std::string name(collectionName);
   name += " - ";

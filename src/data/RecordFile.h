@@ -53,6 +53,9 @@ RecordHead ReadRecordHead(RecordLines& lines);
 std::string BuildRecordHead(std::string_view collectionName, int score, std::string_view player,
                             Chance& decoration);
 
+// The bytes behind the three lines of the head; empty where there are none.
+std::string MovesOf(const std::string& record);
+
 // The name under which a player's run of a cave is kept in the player's folder, in Windows-1250.
 std::string RecordFileName(std::string_view collectionName, std::string_view caveName);
 

@@ -2,6 +2,7 @@
 
 #include "data/Chance.h"
 #include "data/Lines.h"
+#include "data/Postcard.h"
 #include "data/RecordFile.h"
 #include "data/Scramble.h"
 #include "support/Scene.h"

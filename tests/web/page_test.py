@@ -178,6 +178,30 @@ class Watching(PageTest):
         self.assertTrue(self.state()["won"])
         self.browser.until(lambda: "Vyhráno" in self.browser.text("#message"), "the page says so, and goes on saying so")
 
+    def test_a_postcard_behind_the_address_plays_and_is_the_record_again(self):
+        record = proof(2)
+        letters = zktool("postcard", record).stdout.strip()
+        self.browser.open(f"{self.server.url}#{letters}")
+        self.browser.one("#bar")
+        ticks = len(trace(record))
+        self.browser.js("""
+            const line = document.getElementById("seek");
+            line.value = arguments[0];
+            line.dispatchEvent(new Event("input"));""", ticks)
+        self.assertEqual(self.browser.js("return zorik.run.hash()"),
+                         re.search(r"hash=(\w+)", trace(record)[-1]).group(1))
+
+    def test_a_damaged_postcard_is_told_of(self):
+        letters = zktool("postcard", proof(2)).stdout.strip()
+        for damaged in (letters[:-9], letters[:40] + "*" + letters[40:], "ZORIK1:"):
+            self.browser.js("""
+                const text = new DataTransfer();
+                text.setData("text", arguments[0]);
+                dispatchEvent(new ClipboardEvent("paste", { clipboardData: text }));""", damaged)
+            self.browser.one("dialog[open]")
+            self.assertIn("pohlednice", self.browser.text("dialog[open]"))
+            self.browser.answer("ok")
+
     def test_the_timeline_leads_to_any_moment(self):
         record = proof(2)
         lines = trace(record)

@@ -1,6 +1,7 @@
 #include <ostream>
 
 #include "data/Files.h"
+#include "data/Postcard.h"
 #include "data/Result.h"
 #include "zktool/Commands.h"
 #include "zktool/PostcardText.h"

@@ -11,9 +11,6 @@ namespace zorik {
 // A record as one word that a QR code holds, a person can send in a letter, and no mail program breaks:
 // docs/formats.md tells its form.
 
-// What every such word begins with.
-inline constexpr std::string_view kPostcardStart = "ZORIK1:";
-
 // So many of its letters fit into the largest code.
 inline constexpr std::size_t kMostPostcardLetters = 4296;
 

@@ -51,15 +51,4 @@ std::vector<std::string> RecordFilesOf(const std::vector<std::string>& paths) {
   return files;
 }
 
-std::string MovesOf(const std::string& record) {
-  constexpr std::string_view kLineEnd = "\r\n";
-  std::size_t at = 0;
-  for (int line = 0; line < 3; ++line) {
-    at = record.find(kLineEnd, at);
-    if (at == std::string::npos) return {};
-    at += kLineEnd.size();
-  }
-  return record.substr(at);
-}
-
 }  // namespace zorik

@@ -10,7 +10,4 @@ namespace zorik {
 // folders are not followed.
 std::vector<std::string> RecordFilesOf(const std::vector<std::string>& paths);
 
-// The bytes of a record behind the three lines of its head; empty where there are none.
-std::string MovesOf(const std::string& record);
-
 }  // namespace zorik

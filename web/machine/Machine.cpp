@@ -11,6 +11,7 @@
 #include "core/Machine.h"
 #include "data/Cp1250.h"
 #include "data/PlayerName.h"
+#include "data/Postcard.h"
 #include "data/Progress.h"
 #include "data/RecordFile.h"
 #include "data/Result.h"
@@ -38,6 +39,12 @@ namespace {
 
 std::string_view Bytes(const char* bytes, int size) {
   return {bytes, static_cast<std::size_t>(size)};
+}
+
+// What a call that may fail has come to: bytes, or why there are none.
+int AnswerWith(Result<std::string> outcome) {
+  Answer() = outcome ? *std::move(outcome) : outcome.Message();
+  return outcome ? 1 : 0;
 }
 
 RecordHead HeadOf(const char* bytes, int size) {
@@ -184,6 +191,14 @@ int zk_record_trace(const char* bytes, int size) {
   TraceRun(*scratch, {}, {}, [&trace](std::string_view lines) { trace += lines; });
   Answer() = std::move(trace);
   return 1;
+}
+
+int zk_postcard_packed(const char* word, int size) {
+  return AnswerWith(PackedOfPostcardWord(Bytes(word, size)));
+}
+
+int zk_postcard_record(const char* content, int size) {
+  return AnswerWith(RecordOfPostcardContent(Bytes(content, size)));
 }
 
 void zk_player_name(const char* name, int size) {

@@ -147,6 +147,15 @@ class Machine {
     this.must('record_trace', bytes);
     return this.text();
   }
+  // What a postcard's word holds, packed in zlib's form, and the record in what that is unpacked to.
+  packedOfPostcard(letters) {
+    this.must('postcard_packed', letters);
+    return this.bytes();
+  }
+  recordOfPostcard(content) {
+    this.must('postcard_record', content);
+    return this.bytes();
+  }
   playerName(typed) {
     this.call('player_name', typed);
     return this.text();

@@ -8,6 +8,7 @@ import { saveFile, takeFiles } from "./files.js";
 import { showHelp } from "./help.js";
 import { Incoming } from "./incoming.js";
 import { recordEnding } from "./library.js";
+import { recordOfPostcard, takePostcards } from "./postcard.js";
 import { Shelf } from "./shelf.js";
 import { choices } from "./store.js";
 import { keepWin, showWin } from "./win.js";
@@ -59,6 +60,7 @@ export class Page {
     this.showHead();
     this.#screens.begin("shelf", () => this.#shelf.show());
     if (warns && !this.#library.keeps) tell("Zorík", word("passing"));
+    takePostcards((letters) => this.#takePostcard(letters));
   }
 
   async openCollection(entry) {
@@ -128,6 +130,21 @@ export class Page {
     if (this.#runScreen.isOpen && !(await confirmed("Zorík", caption("outside.endrun")))) return;
     if (this.#runScreen.isOpen) this.#screens.back();
     if (await this.#incoming.take(files)) this.#screens.refresh();
+  }
+
+  // A postcard is played at once; the bar of the record can save it.
+  async #takePostcard(letters) {
+    let bytes;
+    try {
+      bytes = await recordOfPostcard(this.#machine, letters);
+      this.#machine.tellRecord(bytes);
+    } catch (failure) {
+      await tell(word("damagedTitle"), word("damagedPostcard"), failure.message);
+      return;
+    }
+    if (this.#runScreen.isOpen && !(await confirmed("Zorík", caption("outside.endrun")))) return;
+    if (this.#runScreen.isOpen) this.#screens.back();
+    await this.watch(bytes);
   }
 
   async #removeOther(file) {
