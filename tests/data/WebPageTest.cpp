@@ -9,6 +9,7 @@
 #include "data/Scramble.h"
 #include "data/WebPage.h"
 #include "support/Scene.h"
+#include "support/TempFolder.h"
 
 namespace zorik::test {
 namespace {
@@ -77,7 +78,6 @@ class TemplateOfPages : public ::testing::Test {
     for (const char* program : {"bin", "build/release/tools", "build/release/src/app"})
       std::filesystem::create_directories(root_ / program);
   }
-  ~TemplateOfPages() override { std::filesystem::remove_all(root_); }
 
   std::string Put(const std::string& path) const {
     std::filesystem::create_directories((root_ / path).parent_path());
@@ -88,7 +88,8 @@ class TemplateOfPages : public ::testing::Test {
     return FindWebPageTemplate((root_ / program).string());
   }
 
-  std::filesystem::path root_ = std::filesystem::path(::testing::TempDir()) / "zorik-template-of-pages";
+  TempFolder folder_{"template"};
+  const std::filesystem::path root_ = folder_.Path();
 };
 
 TEST_F(TemplateOfPages, IsFoundInTheDataOfAnInstallation) {
