@@ -14,9 +14,11 @@ namespace zorik {
 namespace {
 
 constexpr qreal kRound = 10;
-constexpr int kPulseStep = 40;   // milliseconds
-constexpr int kPulseSteps = 24;  // from one glow to the next
-constexpr int kGlow = 170;       // alpha
+constexpr int kPulseStep = 40;     // milliseconds
+constexpr int kPulseSteps = 24;    // from one glow to the next
+constexpr double kGlow = 2.0 / 3;  // how much of the light covers a picture
+constexpr QColor kRim(0x22, 0x14, 0x3C);
+constexpr QColor kLight(0xFF, 0xF4, 0x96);
 
 QFont CaptionFont(int height) {
   QFont font = GameFont(std::max(1, height * 3 / 5));
@@ -35,12 +37,19 @@ QFont KeyFont(int height) {
   return GameFont(std::max(1, height * 3 / 10));
 }
 
-// A plate for a letter, in the manner of the pictures.
-void PaintPlate(QPainter& painter, const QRect& place) {
+QColor Between(const QColor& one, const QColor& other, double part) {
+  const auto mix = [part](int from, int to) {
+    return static_cast<int>(std::lround(from + (to - from) * part));
+  };
+  return QColor(mix(one.red(), other.red()), mix(one.green(), other.green()), mix(one.blue(), other.blue()));
+}
+
+// A plate for words, in the manner of the pictures, so dark that they read well on all of it.
+void PaintPlate(QPainter& painter, const QRect& place, const QColor& rim) {
   QLinearGradient face(place.topLeft(), place.bottomRight());
-  face.setColorAt(0, QColor(0xB8, 0x9A, 0xE0));
-  face.setColorAt(1, QColor(0x5E, 0x42, 0x92));
-  painter.setPen(QPen(QColor(0x22, 0x14, 0x3C), 3));
+  face.setColorAt(0, QColor(0x7E, 0x5E, 0xB4));
+  face.setColorAt(1, QColor(0x50, 0x36, 0x82));
+  painter.setPen(QPen(rim, 3));
   painter.setBrush(face);
   painter.drawRoundedRect(QRectF(place).adjusted(2, 2, -2, -2), kRound, kRound);
 }
@@ -133,27 +142,35 @@ void BarButton::DrawCaption(QPainter& painter) const {
   painter.setFont(UpperFont(height()));
   painter.drawText(QRect(0, 0, width(), middle), Qt::AlignHCenter | Qt::AlignBottom, caption_);
   painter.setFont(KeyFont(height()));
-  painter.setPen(QColor(0xFF, 0xF8, 0xE8, 190));
+  painter.setPen(QColor(0xFF, 0xF8, 0xE8, 230));
   painter.drawText(QRect(0, middle, width(), height() - middle), Qt::AlignHCenter | Qt::AlignTop, key_);
 }
 
+double BarButton::Glow() const {
+  if (!Pulses()) return 0;
+  return (1 - std::cos(2 * std::numbers::pi * pulseStep_ / kPulseSteps)) / 2;
+}
+
+// Words glow at their rim alone, for on a plate that grows light they could not be read.
 QImage BarButton::Face() const {
   const qreal ratio = devicePixelRatioF();
   QImage face(size() * ratio, QImage::Format_ARGB32_Premultiplied);
   face.setDevicePixelRatio(ratio);
   face.fill(Qt::transparent);
+  const bool words = picture_.isNull() && !caption_.isEmpty();
   QPainter painter(&face);
   painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
   if (!picture_.isNull()) {
     painter.drawImage(rect(), picture_);
   } else {
-    PaintPlate(painter, rect());
+    PaintPlate(painter, rect(), Between(kRim, kLight, words ? Glow() : 0));
     DrawCaption(painter);
   }
   painter.setCompositionMode(QPainter::CompositionMode_SourceAtop);
-  if (Pulses()) {
-    const double wave = (1 - std::cos(2 * std::numbers::pi * pulseStep_ / kPulseSteps)) / 2;
-    painter.fillRect(rect(), QColor(255, 244, 150, static_cast<int>(kGlow * wave)));
+  if (!words) {
+    QColor light = kLight;
+    light.setAlphaF(static_cast<float>(kGlow * Glow()));
+    painter.fillRect(rect(), light);
   }
   if (pressed_) {
     painter.fillRect(rect(), QColor(0, 0, 0, 70));

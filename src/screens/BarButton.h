@@ -28,7 +28,7 @@ class BarButton : public QWidget {
   // How wide they are on a button of this height.
   int CaptionWidth(int height) const;
 
-  // It glows and fades in turn, to be found.
+  // It glows and fades in turn, to be found; with a caption its rim does.
   void SetPulse(bool pulses);
   bool Pulses() const { return pulse_.isActive(); }
 
@@ -46,6 +46,7 @@ class BarButton : public QWidget {
   void paintEvent(QPaintEvent* event) override;
 
  private:
+  double Glow() const;
   QImage Face() const;
   void DrawCaption(QPainter& painter) const;
   void End();

@@ -127,9 +127,9 @@ void StatisticsWindow::SkinIt(const std::string& player) {
   colours.setColor(QPalette::WindowText, tones.mark);
   lblCaption_->setPalette(colours);
   lblCaption_->setFont(GameFont(kHeadLetters));
-  SetTitle(*this, kStatisticsWords.In(skin_));
-  lblCaption_->setText(
-      OneLine(kStatisticsOfWords.In(skin_).replace("?1?", ToQString(player)), kMostInCaption));
+  const QString title = kStatisticsOfWords.In(skin_).replace("?1?", ToQString(player));
+  SetTitle(*this, title);
+  lblCaption_->setText(OneLine(title, kMostInCaption));
   caves_->setHeaderLabels({OneLine(kCaveColumn.In(skin_)), QString(), OneLine(kBestTimeColumn.In(skin_)),
                            OneLine(kPointsWords.In(skin_))});
   caves_->header()->setSectionResizeMode(kName, QHeaderView::Stretch);

@@ -68,6 +68,7 @@ TEST_F(Statistics, TellTheSumsAndTheBestOfEachCave) {
   Win("Sada", 3, 605 - 120);
   Win("Jina", 2, 1);
   Open();
+  EXPECT_EQ(window->windowTitle(), "Statistika: Ada") << "without the key of the button that opens it";
   EXPECT_EQ(Text("lblCaption"), "Statistika: Ada");
   EXPECT_EQ(Text("lblSums"), "Vyhrané komnaty: 3   Čas: 0:51,1 (tiky: 511)\nDrahokamy: 0   Body: " +
                                  QString::number(47 + 1 + 50));

@@ -22,9 +22,7 @@ RandomRun MakeRun(std::uint64_t number);
 // in the moves or in the cave, at least once.
 std::string Damaged(std::string record, Chance& chance);
 
-// How many runs a test makes: its usual number, or more when ZORIK_MANY in the environment asks for more. The
-// sanitizers look at a quarter of them: what a cave does to memory shows in fewer of them, and each takes
-// longer.
+// How many runs a test makes: its usual number, or more when ZORIK_MANY in the environment asks for more.
 int HowMany(int usual);
 
 }  // namespace zorik::test
