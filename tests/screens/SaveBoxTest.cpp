@@ -26,6 +26,10 @@ class SaveBox : public testing::Test {
     };
   }
 
+  static DialogScript::Act Close() {
+    return [](QWidget& dialog) { dialog.close(); };
+  }
+
   QString Asked(std::initializer_list<DialogScript::Act> acts) {
     const DialogScript script(acts);
     return AskForNewFile(skin_, nullptr, {"Uložit", "Sada komnat", "zk", At("moje.zk")});
@@ -45,11 +49,11 @@ TEST_F(SaveBox, GivesANameItsEndingUnlessItHasThat) {
 TEST_F(SaveBox, TakesAFileThatIsThereOnlyAfterAQuestion) {
   folder_.File("Caves/stará.zk", "x");
   EXPECT_EQ(Asked({Choose("stará"), test::Press(Qt::Key_Y)}), At("stará.zk"));
-  EXPECT_EQ(Asked({Choose("stará.zk"), test::Press(Qt::Key_N), Choose("jiná")}), At("jiná.zk"));
+  EXPECT_EQ(Asked({Choose("stará.zk"), test::Press(Qt::Key_N), Close()}), "") << "the box is there again";
 }
 
 TEST_F(SaveBox, MayBeCancelled) {
-  EXPECT_EQ(Asked({[](QWidget& dialog) { dialog.close(); }}), "");
+  EXPECT_EQ(Asked({Close()}), "");
 }
 
 }  // namespace
