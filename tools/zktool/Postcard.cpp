@@ -1,7 +1,8 @@
+#include "data/Postcard.h"
+
 #include <ostream>
 
 #include "data/Files.h"
-#include "data/Postcard.h"
 #include "data/Result.h"
 #include "zktool/Commands.h"
 #include "zktool/PostcardText.h"

@@ -76,8 +76,8 @@ ZK_CALL int zk_record_is_of(ZkCollection* collection, int number, const char* by
 // The lines of "zktool replay" for a record.
 ZK_CALL int zk_record_trace(const char* bytes, int size);
 
-// A postcard's word: first its packed bytes, then, out of what they are unpacked to (zlib's form), the bytes of
-// its record. Both fail for what is none.
+// A postcard's word: first its packed bytes, then, out of what they are unpacked to (zlib's form), the bytes
+// of its record. Both fail for what is none.
 ZK_CALL int zk_postcard_packed(const char* word, int size);
 ZK_CALL int zk_postcard_record(const char* content, int size);
 
