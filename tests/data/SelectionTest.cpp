@@ -354,6 +354,7 @@ TEST_F(SelectionTest, LeavesTheOldOrTheNewRecordWhenItIsKilled) {
     if (child == 0) {
       for (;;) Disregard(Store(selection, record));  // it is killed within one of them
     }
+    ASSERT_GT(child, 0);
     usleep(static_cast<useconds_t>(500 + i * 500));
     kill(child, SIGKILL);
     waitpid(child, nullptr, 0);
@@ -387,6 +388,7 @@ TEST_F(SelectionTest, FindsAWholeRecordWhileTwoGamesStoreTheirs) {
     EXPECT_TRUE(found == records[0] || found == records[1]) << i;
   }
   for (const pid_t game : games) {
+    ASSERT_GT(game, 0);
     kill(game, SIGKILL);
     waitpid(game, nullptr, 0);
   }

@@ -126,6 +126,7 @@ TEST_F(SadaSaving, LeavesTheOldOrTheNewFileWhenItIsKilled) {
     if (child == 0) {
       for (;;) static_cast<void>(sada.Save(path_));
     }
+    ASSERT_GT(child, 0);
     usleep(static_cast<useconds_t>(1000 + i * 1500));
     kill(child, SIGKILL);
     waitpid(child, nullptr, 0);

@@ -44,6 +44,7 @@ void KillAmid(const std::function<void()>& save, Chance& chance, std::uint32_t l
   if (child == 0) {
     for (;;) save();
   }
+  ASSERT_GT(child, 0);  // kill(-1) would end every process of the user
   usleep(chance.Below(longest));
   kill(child, SIGKILL);
   waitpid(child, nullptr, 0);

@@ -19,7 +19,7 @@ screens   screens run solve skin view platform flow rules core data
 editors   editors screens run solve skin view platform flow rules core data
 platform  platform core data
 app       app editors screens run solve skin view platform flow rules core data
-web       run solve view core rules data
+web       run solve view core data
 tools     run solve core rules data view skin
 fuzz      core rules data skin
 bench     run solve core rules data view skin editors screens

@@ -125,7 +125,8 @@ DISPLAY_INSIDE=$display inside player downloader /usr/share/games/zorik/Replays/
 for ((i = 0; i < 100; ++i)); do
   player_pid=$(for process in /proc/[0-9]*; do
     [[ $(readlink "$process/root") == "$root" && $(cat "$process/comm") == zorik ]] && basename "$process"
-  done) && break
+  done || true)
+  [[ ! $player_pid ]] || break
   sleep 0.1
 done 2>/dev/null
 [[ $player_pid ]] || fail "The game does not run."

@@ -74,6 +74,7 @@ TEST_F(LeftFilesTest, TheFileOfAProcessThatLivesStays) {
     pause();
     _exit(0);
   }
+  ASSERT_GT(child, 0);
   const std::string name = ".zorik-" + std::to_string(child) + "-0.tmp";
   File(name, 3600);
   Sweep();
@@ -94,10 +95,10 @@ class Stranger {
       if (setuid(kStrangersNumber) != 0) _exit(1);
       for (;;) pause();
     }
-    while (kill(child_, 0) == 0 && OwnerOf(child_) != kStrangersNumber) usleep(1000);
+    while (child_ > 0 && kill(child_, 0) == 0 && OwnerOf(child_) != kStrangersNumber) usleep(1000);
   }
   ~Stranger() {
-    if (child_ == 0) return;
+    if (child_ <= 0) return;
     kill(child_, SIGKILL);
     waitpid(child_, nullptr, 0);
   }

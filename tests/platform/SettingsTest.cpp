@@ -200,6 +200,7 @@ TEST_F(SettingsTest, AreTheOldOrTheNewOnesWhenTheGameIsKilledWhileItStoresThem) 
         Disregard(StoreSett(fast));
       }
     }
+    ASSERT_GT(child, 0);
     usleep(static_cast<useconds_t>(1000 + i * 300));
     kill(child, SIGKILL);
     waitpid(child, nullptr, 0);

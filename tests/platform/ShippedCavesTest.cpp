@@ -196,6 +196,7 @@ TEST_F(ShippedCavesTest, AreWholeOrNotThereHoweverOftenTheFirstStartIsKilled) {
       Start();
       pause();
     }
+    ASSERT_GT(child, 0);
     usleep(static_cast<useconds_t>(i * 200));
     kill(child, SIGKILL);
     waitpid(child, nullptr, 0);
