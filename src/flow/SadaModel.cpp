@@ -70,20 +70,27 @@ void SadaModel::New() {
 Result<SadaModel::OpenReport> SadaModel::Open(const std::string& path) {
   const Result<std::string> bytes = ReadWhole(path);
   if (!bytes) return Failure{bytes.Message()};
-  Result<EditedCollection> read = ReadForEditor(*bytes);
+  Result<OpenReport> report = Read(*bytes);
+  if (!report || report->Closed) return report;
+  fileName_ = path;
+  faulty_ = !report->Faults.empty();
+  chg_ = faulty_;
+  return report;
+}
+
+// Takes the place of what was there; where that comes from is for the caller to say.
+Result<SadaModel::OpenReport> SadaModel::Read(const std::string& bytes) {
+  Result<EditedCollection> read = ReadForEditor(bytes);
   if (!read) return Failure{read.Message()};
   OpenReport report;
   report.Closed = read->Closed;
   if (report.Closed) return report;
   sada_ = std::move(*read);
-  report.Faults = FaultsOfCollection(*bytes);
+  report.Faults = FaultsOfCollection(bytes);
   DropUnreadable(sada_);
   if (sada_.CaveList.empty()) sada_.CaveList = {NewCave(NewCaveSize::Small)};
   GetNames(0);
-  fileName_ = path;
-  faulty_ = !report.Faults.empty();
   keptAs_.clear();
-  chg_ = faulty_;
   return report;
 }
 
