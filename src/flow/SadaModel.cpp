@@ -78,19 +78,26 @@ void SadaModel::New() {
 Result<SadaModel::OpenReport> SadaModel::Open(const std::string& path) {
   const Result<std::string> bytes = ReadWhole(path);
   if (!bytes) return Failure{bytes.Message()};
-  Result<EditedCollection> read = ReadForEditor(*bytes);
+  Result<OpenReport> report = Read(*bytes);
+  if (!report || report->Closed) return report;
+  file_ = {path, !report->Faults.empty(), {}, Shared()};
+  chg_ = file_.Faulty;
+  return report;
+}
+
+// Takes the place of what was there; where that comes from is for the caller to say.
+Result<SadaModel::OpenReport> SadaModel::Read(const std::string& bytes) {
+  Result<EditedCollection> read = ReadForEditor(bytes);
   if (!read) return Failure{read.Message()};
   OpenReport report;
   report.Closed = read->Closed;
   if (report.Closed) return report;
   RememberLeaving(SadaAct::Open);
   sada_ = std::move(*read);
-  report.Faults = FaultsOfCollection(*bytes);
+  report.Faults = FaultsOfCollection(bytes);
   DropUnreadable(sada_);
   if (sada_.CaveList.empty()) sada_.CaveList = {NewCave(NewCaveSize::Small)};
   GetNames(0);
-  file_ = {path, !report.Faults.empty(), {}, Shared()};
-  chg_ = file_.Faulty;
   return report;
 }
 

@@ -14,6 +14,8 @@
 
 namespace zorik {
 
+struct KeptSada;
+
 // What the language gives to a new collection and to its caves, in Windows-1250.
 struct SadaWords {
   std::string Name = "Nov\xE1 sada";
@@ -57,6 +59,14 @@ class SadaModel {
   // any fault the collection counts as changed, and the next save into this file keeps what it held. Fails
   // when the file or its first lines cannot be read, and changes nothing then.
   Result<OpenReport> Open(const std::string& path);
+
+  // What is to be kept of it while it is edited. A cave that is with the cave editor has the place of the
+  // selected one.
+  Result<KeptSada> Kept(const std::optional<std::string>& cave) const;
+
+  // Goes on with what was kept, under the path that it had; it counts as changed. The answer is as that of
+  // Open.
+  Result<OpenReport> TakeUp(const KeptSada& kept);
 
   // A text that the file has no room for.
   struct TooLong {
@@ -148,6 +158,7 @@ class SadaModel {
   void Remove();
   void Append(std::string text, CavePlace place);
   std::shared_ptr<const SadaMoment> Shared();
+  Result<OpenReport> Read(const std::string& bytes);
   void GetNames(int selection);
   void Swap(int upper);
   std::string NewCave(NewCaveSize size) const;
