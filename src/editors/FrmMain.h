@@ -21,6 +21,7 @@ namespace zorik {
 class CaveView;
 class FrmFormality;
 class Palette;
+class SidePanel;
 class Skin;
 class ToolHint;
 
@@ -116,6 +117,7 @@ class FrmMain : public QMainWindow {
   Palette* palette_ = nullptr;
   ToolHint* hint_ = nullptr;
   CaveView* view_ = nullptr;
+  SidePanel* panel_ = nullptr;  // around the view
   FrmFormality* frmFormality_ = nullptr;
   QLabel* lblAmoebas_ = nullptr;
   QLabel* imgAmoeba_ = nullptr;

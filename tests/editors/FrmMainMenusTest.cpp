@@ -85,6 +85,8 @@ TEST_F(FrmMainMenusTest, HasItsItemsInTheirOrderWithTheirKeys) {
       "  mnuLarger | Zvětšit | Ctrl++ | Ctrl+=",
       "  mnuSmaller | Zmenšit | Ctrl+-",
       "  mnuUsual | Původní velikost | Ctrl+0",
+      "  -",
+      "  mnuPanel | Panel vedle komnaty | F9",
   };
   const QStringList found = test::MenuLines(window->menuBar()->actions());
   EXPECT_EQ(found.join('\n').toStdString(), lines.join('\n').toStdString());
