@@ -160,26 +160,26 @@ void SadaModel::ToggleOpen(int number) {
   chg_ = true;
 }
 
-void SadaModel::AddCave(std::string text, CavePlace place) {
+void SadaModel::AddCave(std::string text, NewCavePlace place) {
   chg_ = true;
   if (sada_.CaveList.size() > kMostToAdd) return;
   Remember(SadaAct::Add, NameIn(text));
   Append(std::move(text), place);
 }
 
-void SadaModel::AddCave(NewCaveSize size, CavePlace place) {
+void SadaModel::AddCave(NewCaveSize size, NewCavePlace place) {
   AddCave(NewCave(size), place);
 }
 
-void SadaModel::Paste(CavePlace place) {
+void SadaModel::Paste(NewCavePlace place) {
   chg_ = true;
   if (sada_.CaveList.size() > kMostToAdd) return;
   Remember(SadaAct::Paste, NameIn(clipCave_));
   Append(clipCave_, place);
 }
 
-void SadaModel::Append(std::string text, CavePlace place) {
-  if (place == CavePlace::End) {
+void SadaModel::Append(std::string text, NewCavePlace place) {
+  if (place == NewCavePlace::End) {
     selected_ = ListCount() + 1;
     sada_.OpenFlags.reset(Index(selected_));
   }

@@ -27,7 +27,7 @@ struct SadaWords {
 enum class SadaText { Name, Author, Mail, Description };
 
 // Where a further cave comes: before the chosen one, or behind all.
-enum class CavePlace { Chosen, End };
+enum class NewCavePlace { Chosen, End };
 
 // The collection that is being edited: its texts, its caves as texts, the caves that are open from the start
 // and the editor's own clipboard. Whatever is done to it can be taken back. Caves count from 1, texts are
@@ -117,13 +117,13 @@ class SadaModel {
   // Puts a cave at the selected place; this and all later ones move down, with their flags, and the new one
   // takes over the flag of the place. A full collection loses the cave and counts as changed all the same.
   // Behind all caves it takes over no flag.
-  void AddCave(std::string text, CavePlace place = CavePlace::Chosen);
-  void AddCave(NewCaveSize size, CavePlace place = CavePlace::Chosen);
+  void AddCave(std::string text, NewCavePlace place = NewCavePlace::Chosen);
+  void AddCave(NewCaveSize size, NewCavePlace place = NewCavePlace::Chosen);
 
   const std::string& ClipCave() const { return clipCave_; }
   void Copy() { clipCave_ = Cave(selected_); }
   void Cut();
-  void Paste(CavePlace place = CavePlace::Chosen);
+  void Paste(NewCavePlace place = NewCavePlace::Chosen);
 
   // Swap the selected cave and its flag with the neighbour, if there is one.
   void Up();
@@ -156,7 +156,7 @@ class SadaModel {
   void Enter(SadaHistory::Way way);
   void LookAtFile();
   void Remove();
-  void Append(std::string text, CavePlace place);
+  void Append(std::string text, NewCavePlace place);
   std::shared_ptr<const SadaMoment> Shared();
   Result<OpenReport> Read(const std::string& bytes);
   void GetNames(int selection);
