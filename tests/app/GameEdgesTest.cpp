@@ -75,10 +75,12 @@ TEST_F(GameEdges, GivesTheKeysToTheGameEachTimeItShows) {
 class GameEditorsEdges : public GameEditors {};
 
 TEST_F(GameEditorsEdges, SayThatACaveCannotBeTriedAndAreThereAgain) {
-  const BoxReader reader;
   Screen<FrmMain>()->hide();
-  emit Screen<FrmMain>()->TestRun("rubbish");
-  EXPECT_EQ(reader.said, QStringList{"Komnatu nelze otevřít."});
+  {
+    const BoxReader reader;
+    emit Screen<FrmMain>()->TestRun("rubbish");
+    EXPECT_EQ(reader.said, QStringList{"Komnatu nelze otevřít."});
+  }
   EXPECT_TRUE(Shows<FrmMain>());
   EXPECT_FALSE(Shows<HraWindow>());
   Leave();
