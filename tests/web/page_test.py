@@ -31,6 +31,15 @@ def trace(record):
     return [line for line in zktool("replay", record).stdout.splitlines() if line.startswith("tick=")]
 
 
+def postcard(record):
+    return zktool("postcard", record).stdout.strip()
+
+
+def moves(record):
+    """The bytes of a record's moves, which stand behind the three lines of its head."""
+    return record.split(b"\r\n", 3)[3]
+
+
 def keys_of_lesson():
     """The arrows of the proof of lesson 1, each with whether the key of action is held. Nothing in that cave moves by
     itself, so each line holds one draw, the arrow's number plus 65, the action's plus 65, and what comes behind."""
@@ -70,6 +79,27 @@ class PageTest(unittest.TestCase):
 
     def state(self):
         return self.browser.js("return zorik.run.state()")
+
+    def paste(self, letters):
+        self.browser.js("""
+            const text = new DataTransfer();
+            text.setData("text", arguments[0]);
+            dispatchEvent(new ClipboardEvent("paste", { clipboardData: text }));""", letters)
+
+    def wait(self, milliseconds):
+        self.browser.js("return new Promise(done => setTimeout(done, arguments[0]))", milliseconds)
+
+    def seek(self, tick):
+        self.browser.js("""
+            const line = document.getElementById("seek");
+            line.value = arguments[0];
+            line.dispatchEvent(new Event("input"));""", tick)
+
+    def stands(self, number="ticks"):
+        """Whether the run's number stays what it is, for longer than a few ticks take."""
+        before = self.state()[number]
+        self.wait(700)
+        return self.state()[number] == before
 
     def open_lessons(self):
         self.browser.click("#collections button")
@@ -139,8 +169,7 @@ class Playing(PageTest):
         self.browser.key("up", "p")
         self.browser.one("dialog[open]")
         ticks = self.state()["ticks"]
-        self.browser.js("return new Promise(done => setTimeout(done, 600))")
-        self.assertEqual(self.state()["ticks"], ticks)
+        self.assertTrue(self.stands())
         self.browser.answer("ok")
         self.browser.until(lambda: self.state()["ticks"] > ticks, "the run goes on")
 
@@ -192,12 +221,9 @@ class Watching(PageTest):
                          re.search(r"hash=(\w+)", trace(record)[-1]).group(1))
 
     def test_a_damaged_postcard_is_told_of(self):
-        letters = zktool("postcard", proof(2)).stdout.strip()
+        letters = postcard(proof(2))
         for damaged in (letters[:-9], letters[:40] + "*" + letters[40:], "ZORIK1:"):
-            self.browser.js("""
-                const text = new DataTransfer();
-                text.setData("text", arguments[0]);
-                dispatchEvent(new ClipboardEvent("paste", { clipboardData: text }));""", damaged)
+            self.paste(damaged)
             self.browser.one("dialog[open]")
             self.assertIn("pohlednice", self.browser.text("dialog[open]"))
             self.browser.answer("ok")
@@ -210,10 +236,7 @@ class Watching(PageTest):
         self.browser.click("#others button")
         self.browser.click("#playOrStop")
         for tick in (len(lines) // 2, 7, len(lines)):
-            self.browser.js("""
-                const line = document.getElementById("seek");
-                line.value = arguments[0];
-                line.dispatchEvent(new Event("input"));""", tick)
+            self.seek(tick)
             expected = re.search(r"hash=(\w+)", lines[tick - 1]).group(1)
             self.assertEqual(self.browser.js("return zorik.run.hash()"), expected, f"tick {tick}")
         self.browser.key("down", "Home")
@@ -233,6 +256,85 @@ class Watching(PageTest):
         self.browser.key("down", "Backspace")
         self.browser.until(lambda: self.state()["ticks"] < ticks - 3, "Backspace turns back time")
         self.browser.key("up", "Backspace")
+
+
+class Interrupting(PageTest):
+    """What comes in while a game is played."""
+
+    def plays(self):
+        return self.state()["kind"] == 0 and self.browser.seen("#picture") is not None
+
+    def watches(self):
+        return self.state()["kind"] == 1 and self.browser.seen("#bar") is not None
+
+    def play_some(self):
+        self.play_lesson()
+        self.browser.until(lambda: self.state()["ticks"] > 2, "the run goes on")
+
+    def goes_on(self):
+        ticks = self.state()["ticks"]
+        self.browser.until(lambda: self.state()["ticks"] > ticks, "the run goes on", 10)
+
+    def test_a_pasted_postcard_is_shown_when_the_game_may_end(self):
+        self.play_some()
+        self.paste(postcard(proof(2)))
+        self.browser.answer("yes")
+        self.browser.until(self.watches, "the postcard plays", 10)
+        self.wait(500)
+        self.assertTrue(self.watches())
+        self.goes_on()
+        self.browser.key("down", "Escape")
+        self.browser.until(lambda: self.browser.seen("#caveList button"), "the way out leads to the caves", 10)
+
+    def test_a_postcard_behind_the_address_asks_before_it_ends_the_game(self):
+        self.play_some()
+        self.browser.js("location.hash = arguments[0]", postcard(proof(2)))
+        self.browser.one("dialog[open]")
+        self.assertTrue(self.plays())
+        self.browser.answer("no")
+        self.assertTrue(self.plays())
+        self.goes_on()
+        self.assertEqual(self.browser.js("return location.hash"), "")
+        self.browser.js("history.back()")
+        self.browser.until(lambda: self.browser.seen("#caveList button"), "the way back leads to the caves", 10)
+
+    def test_a_postcard_behind_the_address_is_left_for_where_the_game_was_begun(self):
+        self.play_some()
+        self.browser.js("location.hash = arguments[0]", postcard(proof(2)))
+        self.browser.answer("yes")
+        self.browser.until(self.watches, "the postcard plays", 10)
+        self.browser.key("down", "Escape")
+        self.browser.until(lambda: self.browser.seen("#caveList button"), "the way out leads to the caves", 10)
+        self.browser.click("#home")
+        self.browser.until(lambda: self.browser.seen("#collections button"), "and home to the shelf", 10)
+
+    def test_the_game_stands_still_behind_whatever_asks(self):
+        self.play_some()
+        letters = postcard(proof(2))
+        for what in (lambda: self.paste(letters), lambda: self.browser.drop("x.zkr", proof(1).read_bytes()),
+                     lambda: self.browser.key("down", "Escape")):
+            what()
+            self.browser.one("dialog[open]")
+            self.assertTrue(self.stands())
+            self.browser.answer("no")
+            self.goes_on()
+        self.paste(letters[:-9])
+        self.browser.one("dialog[open]")
+        self.assertTrue(self.stands())
+        self.browser.answer("ok")
+        self.goes_on()
+
+    def test_two_clicks_on_a_collection_open_it_once(self):
+        for _ in range(2):
+            self.browser.one("#collections button")
+            self.browser.js("""
+                const button = document.querySelector("#collections button");
+                button.click();
+                button.click();""")
+            self.browser.one("#caveList button")
+            self.wait(300)
+            self.browser.js("history.back()")
+            self.browser.until(lambda: self.browser.seen("#collections button"), "one way back leads to the shelf", 10)
 
 
 class Files(PageTest):

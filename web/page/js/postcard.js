@@ -37,7 +37,7 @@ export function takePostcards(take) {
   };
   const takeAddress = () => {
     // The address is free for the next word, and a reload begins with the shelf.
-    if (takeFrom(decoded(location.hash))) history.replaceState(null, "", location.pathname + location.search);
+    if (takeFrom(decoded(location.hash))) history.replaceState(history.state, "", location.pathname + location.search);
   };
   addEventListener("hashchange", takeAddress);
   addEventListener("paste", (event) => {

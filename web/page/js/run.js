@@ -3,7 +3,7 @@
 
 import { Kind, TickEnd } from "../machine/machine.mjs";
 import { Beat, USUAL_SPEED, intervalOf } from "./beat.js";
-import { ask, confirmed, tell } from "./dialogs.js";
+import { confirmed, tell } from "./dialogs.js";
 import { Figures } from "./figures.js";
 import { frameIn, reachIn } from "./frame.js";
 import { Key } from "./keys.js";
@@ -77,6 +77,8 @@ export class RunScreen {
   // Shows a run. job: begin(run) starts it, or fails with the machine's reason; won(run) is told of a win in play, left()
   // that the player has left; record: the bytes of what is replayed.
   async open(job) {
+    this.#beat.stop();
+    this.#sounds.stopAll();
     job.begin(this.#machineRun);
     const { scheme, cave, collection } = this.#machineRun.tell();
     this.#pictures = await this.#sheets.load(scheme);
@@ -100,15 +102,23 @@ export class RunScreen {
   // The player wants to leave.
   async leave() {
     const { kind, ticks, won } = this.#machineRun.state();
-    const wasRunning = this.#beat.runs;
-    if (kind === Kind.play && ticks > 0 && !won) {
-      this.#hold();
-      if (!(await confirmed(document.title, word("leaveAsk")))) {
-        if (wasRunning) this.#goOn();
-        return;
-      }
-    }
-    this.#job?.left();
+    const loses = kind === Kind.play && ticks > 0 && !won;
+    if (!loses || (await this.mayEnd(document.title, word("leaveAsk")))) this.#job?.left();
+  }
+
+  // Asks whether the run that is open, if any, may end; it stands still after a yes.
+  mayEnd(title, question) {
+    return this.heldFor(() => !this.isOpen || confirmed(title, question), { ends: (may) => may });
+  }
+
+  // The run stands still while a box is open, and goes on behind it unless the answer ends it. box(): opens it; what it
+  // answers comes back.
+  async heldFor(box, { ends = () => false } = {}) {
+    const runs = this.#beat.runs;
+    if (runs) this.#hold();
+    const answer = await box();
+    if (runs && this.isOpen && !ends(answer)) this.#goOn();
+    return answer;
   }
 
   #begin() {
@@ -264,18 +274,11 @@ export class RunScreen {
       this.#theatre.stand(true);
       return;
     }
-    this.#hold();
-    await tell("Zorík", text(TEXT_PAUSED));
-    if (this.isOpen) this.#goOn();
+    await this.heldFor(() => tell("Zorík", text(TEXT_PAUSED)));
   }
 
-  async #idle() {
-    this.#hold();
-    await ask(text(TEXT_IDLE_TITLE), [text(TEXT_IDLE)], [
-      { label: caption("dialog.yes"), value: "yes" },
-      { label: caption("dialog.no"), value: "no" },
-    ]);
-    if (this.isOpen) this.#goOn();
+  #idle() {
+    return this.heldFor(() => confirmed(text(TEXT_IDLE_TITLE), text(TEXT_IDLE)));
   }
 
   #restart() {
