@@ -161,6 +161,8 @@ export class RunScreen {
     document.addEventListener("visibilitychange", () => {
       if (document.hidden && this.isOpen && this.#beat.runs) this.#pause();
     });
+    // The key that is let go elsewhere is not heard of here.
+    addEventListener("blur", () => (this.#rewinding = false));
     new ResizeObserver(() => this.#fit()).observe(this.#parts.stage);
     const on = (name, act) => this.#parts[name].addEventListener("click", act);
     on("restart", () => this.#restart());
@@ -188,7 +190,7 @@ export class RunScreen {
   #tick() {
     const run = this.#machineRun;
     const keys = this.#steering.take();
-    if (this.#standsStill()) {
+    if (this.#theatre.stands) {
       this.#heedWhileStanding(keys);
       return;
     }
@@ -205,10 +207,6 @@ export class RunScreen {
     if (this.#theatre.active) this.#theatre.show();
     if (end === TickEnd.won) this.#won();
     if (end === TickEnd.recordOver) this.#recordOver();
-  }
-
-  #standsStill() {
-    return this.#theatre.active && this.#theatre.stands;
   }
 
   // The keys that all runs have, in a record that stands still.
@@ -242,7 +240,7 @@ export class RunScreen {
   }
 
   #paceChanged() {
-    this.#beat.interval = intervalOf(this.#speed) / (this.#theatre.active ? this.#theatre.pace : 1);
+    this.#beat.interval = intervalOf(this.#speed) / this.#theatre.pace;
   }
 
   #changeSpeed(faster) {
@@ -264,7 +262,7 @@ export class RunScreen {
   #goOn() {
     this.#steering.releaseAll();
     this.#sounds.pause(false);
-    if (!this.#machineRun.state().won || this.#theatre.active) this.#beat.start();
+    this.#beat.start();
     this.#parts.picture.focus({ preventScroll: true });
   }
 
@@ -398,7 +396,7 @@ export class RunScreen {
   }
 
   #draw(way) {
-    const arrived = this.#standsStill() ? 1 : way;
+    const arrived = this.#theatre.stands ? 1 : way;
     if (!this.#stale && (arrived === 1 || !this.#machineRun.moves())) return;
     const { picture } = this.#parts;
     const frame = this.#frame();
