@@ -40,7 +40,7 @@ std::optional<int> TicksOf(const std::string& path) {
   if (!bytes || !Replay(*run, std::move(*bytes))) return std::nullopt;
   TickEnd end = TickEnd::Running;
   while (end == TickEnd::Running && run->Ticks < kMostTicks) end = Tick(*run, {});
-  return end == TickEnd::Won ? std::optional(run->Elapsed) : std::nullopt;
+  return end == TickEnd::Won && !run->RanDry ? std::optional(run->Elapsed) : std::nullopt;
 }
 
 // The place of the default skin's table goes with the default skin's picture of the window. A skin that has

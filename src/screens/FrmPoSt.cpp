@@ -369,7 +369,7 @@ void FrmPoSt::ClickedAsPage() {
   if (replay_->isHidden()) return;
   const Result<std::string> record = ReadWhole(Caves().RecordPath());
   if (!record) return Say(kNoRecordWords.In(skin_));
-  OfferPage(skin_, this, *record, ToQString(Caves().Cave(Caves().Selected()).Record.Name));
+  OfferPage(skin_, this, *record, Caves().Cave(Caves().Selected()).Record.Name);
 }
 
 void FrmPoSt::ClickedAuthor() {

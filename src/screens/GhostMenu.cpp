@@ -6,6 +6,7 @@
 #include "flow/Flow.h"
 #include "platform/Settings.h"
 #include "screens/ChoiceMenu.h"
+#include "screens/Marks.h"
 #include "screens/MsgBox.h"
 #include "screens/PlainText.h"
 #include "screens/StartWords.h"
@@ -21,9 +22,8 @@ constexpr std::size_t kOwn = 1;
 constexpr std::size_t kFirstRival = 2;
 
 QString WordsFor(const Skin& skin, const Rival& rival) {
-  return kRivalGhostWords.In(skin)
-      .replace("?2?", QString::number(rival.Score))
-      .replace("?1?", OneLine(ToQString(rival.Player), kMostInCaption));
+  return FillMarks(kRivalGhostWords.In(skin), OneLine(ToQString(rival.Player), kMostInCaption),
+                   QString::number(rival.Score));
 }
 
 // Who would go beside the player by now: one without a record of this cave gives way to the player's own.

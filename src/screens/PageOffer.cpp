@@ -1,5 +1,6 @@
 #include "screens/PageOffer.h"
 
+#include "data/CaveO.h"
 #include "data/Files.h"
 #include "data/Result.h"
 #include "data/WebPage.h"
@@ -9,10 +10,11 @@
 #include "screens/SaveBox.h"
 #include "screens/StartWords.h"
 #include "skin/Skin.h"
+#include "skin/ToQString.h"
 
 namespace zorik {
 
-void OfferPage(Skin& skin, QWidget* parent, const std::string& record, const QString& name,
+void OfferPage(Skin& skin, QWidget* parent, const std::string& record, const std::string& caveName,
                const std::string& programFolder) {
   const auto say = [&](const QString& text) { Tell(skin, parent, skin.Text(TextId::Program), text); };
   const auto where = FindWebPageTemplate(programFolder);
@@ -20,9 +22,9 @@ void OfferPage(Skin& skin, QWidget* parent, const std::string& record, const QSt
   if (!pageTemplate) return say(kNoPageWords.In(skin));
   const Result<std::string> page = BuildWebPage(*pageTemplate, record);
   if (!page) return say(kNoRecordWords.In(skin));
-  const QString path = AskForNewFile(
-      skin, parent,
-      {kAsPageWords.In(skin), kPageKindWords.In(skin), "html", HomeText() + '/' + name + ".html"});
+  const QString path = AskForNewFile(skin, parent,
+                                     {kAsPageWords.In(skin), kPageKindWords.In(skin), "html",
+                                      HomeText() + '/' + ToQString(CleanFileName(caveName)) + ".html"});
   if (path.isEmpty() || WriteWhole(PathBytes(path), *page)) return;
   say(kNotStoredWords.In(skin) + '\n' + ShownPath(path));
 }

@@ -6,6 +6,7 @@
 #include "platform/PathText.h"
 #include "screens/ChoiceMenu.h"
 #include "screens/DesktopServices.h"
+#include "screens/Marks.h"
 #include "screens/MsgBox.h"
 #include "screens/PairWindow.h"
 #include "screens/PlainText.h"
@@ -27,9 +28,8 @@ void Say(Skin& skin, QWidget& window, const QString& text) {
 }
 
 QString WordsFor(const Skin& skin, const Rival& rival) {
-  return kRivalRecordWords.In(skin)
-      .replace("?2?", QString::number(rival.Score))
-      .replace("?1?", OneLine(ToQString(rival.Player), kMostInCaption));
+  return FillMarks(kRivalRecordWords.In(skin), OneLine(ToQString(rival.Player), kMostInCaption),
+                   QString::number(rival.Score));
 }
 
 std::optional<Second> FromFile(Skin& skin, const Flow& flow, QWidget& window) {

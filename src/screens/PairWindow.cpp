@@ -230,7 +230,8 @@ PairWindow::Act PairWindow::ActOf(int key) {
 }
 
 void PairWindow::keyPressEvent(QKeyEvent* event) {
-  if (const Act act = ActOf(event->key())) return (this->*act)();
+  const bool again = event->isAutoRepeat() && event->key() == Qt::Key_Space;
+  if (const Act act = ActOf(event->key())) return again ? event->accept() : (this->*act)();
   QDialog::keyPressEvent(event);
 }
 

@@ -113,7 +113,10 @@ TickEnd Practice::Pass(const KeySnapshot& keys) {
   if (goesBack_) GoBack();
   if (waits_) hint_.GhostGoesOn();
   const TickEnd end = stands ? StandStill(keys) : GoOn(keys);
-  if (end == TickEnd::Restarted) Begin(Timeline(window_.Machine()));
+  if (end == TickEnd::Restarted) {
+    Begin(Timeline(window_.Machine()));
+    window_.PaceChanged();  // it may have gone back, or stood still
+  }
   Refresh();
   return end;
 }

@@ -31,7 +31,6 @@ class RunView : public QWidget {
   void resizeEvent(QResizeEvent* event) override;
 
  private:
-  void RepaintCells(const Hra& before);
   void Fit();
   void Compose();
 

@@ -73,13 +73,11 @@ void Theatre::Stops() {
 // While the knob is dragged the run waits for where it is dropped.
 TickEnd Theatre::Pass(const KeySnapshot& keys) {
   if (std::exchange(fresh_, false)) call_.Stay();
-  if (stands_ || bar_->Line().Dragging()) {
-    const TickEnd end = StandStill(keys);
-    if (end == TickEnd::Restarted) Stand(false);
-    return end;
-  }
-  const TickEnd end = Tick(window_.Machine(), keys);
-  if (bar_->isVisible()) ShowPosition();
+  const bool waits = stands_ || bar_->Line().Dragging();
+  const TickEnd end = waits ? StandStill(keys) : Tick(window_.Machine(), keys);
+  if (end == TickEnd::Restarted) ForgetQuestion();
+  if (waits && end == TickEnd::Restarted) Stand(false);
+  if (!waits && bar_->isVisible()) ShowPosition();
   return end;
 }
 
@@ -188,7 +186,7 @@ void Theatre::AsPage() {
   RecordLines lines = window_.Machine().WholeRecord;
   std::string record(lines.Next());
   while (!lines.AtEnd()) record += "\r\n" + std::string(lines.Next());
-  window_.WithDialog([&] { OfferPage(skin_, &window_, record, ToQString(window_.Machine().CaveName)); });
+  window_.WithDialog([&] { OfferPage(skin_, &window_, record, window_.Machine().CaveName); });
 }
 
 void Theatre::CouldBeSaved(int tick) {

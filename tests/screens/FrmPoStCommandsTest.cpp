@@ -1,11 +1,15 @@
 // What the selection screen does at keys, buttons and links.
 #include <gtest/gtest.h>
 
+#include <QFileDialog>
+#include <QLineEdit>
 #include <QSignalSpy>
 #include <filesystem>
 
 #include "data/Files.h"
 #include "data/Result.h"
+#include "data/WebPage.h"
+#include "platform/UserFolders.h"
 #include "screens/PageOffer.h"
 #include "screens/PostList.h"
 #include "support/Spoiled.h"
@@ -144,6 +148,28 @@ TEST_F(FrmPoStCommands, RefusesToMakeAPageOfWhatIsNoRecord) {
   const QString said =
       Message([&] { OfferPage(skin, window.get(), "record", "c1", folder.Root() + "/program"); });
   EXPECT_EQ(said, "Záznam nelze přehrát");
+}
+
+TEST_F(FrmPoStCommands, WritesARecordAsAPageWhereverTheCavesNameWouldLead) {
+  Caves(1);
+  Record(1, 10);
+  Open();
+  const std::string program = folder.Root() + "/program", page = folder.Root() + "/page.html";
+  std::filesystem::create_directories(program);
+  ASSERT_TRUE(WriteWhole(program + "/page.html", "<p><!--given--></p>"));
+  QString proposed;
+  const DialogScript script = {[&](QWidget& dialog) {
+    auto& box = static_cast<QFileDialog&>(dialog);
+    proposed = box.selectedFiles().constFirst();
+    box.findChild<QLineEdit*>("fileNameEdit")->setText(QString::fromStdString(page));
+    static_cast<QDialog&>(box).accept();
+  }};
+  const std::string record = *ReadWhole(RecordPath(1));
+  OfferPage(skin, window.get(), record, "../c/1", program);
+  EXPECT_EQ(proposed, HomeText() + "/..c1.html");
+  const Result<std::string> written = ReadWhole(page);
+  ASSERT_TRUE(written);
+  EXPECT_NE(written->find(Base64(record)), std::string::npos);
 }
 
 TEST_F(FrmPoStCommands, OffersNoPageOfACaveThatIsNotWon) {

@@ -300,6 +300,16 @@ TEST_F(PracticeTest, BeginsPracticeAnewByCtrlR) {
   EXPECT_EQ(Dog(), Cell(1, 1));
 }
 
+TEST_F(PracticeTest, GoesOnAtItsOwnPaceWhenItBeginsAnewAfterAWin) {
+  settings.Speed = 5;
+  PractiseToWin();
+  QTest::keyPress(window.get(), Qt::Key_Control);
+  QTest::keyClick(window.get(), Qt::Key_R, Qt::ControlModifier);
+  QTest::keyRelease(window.get(), Qt::Key_Control);
+  ASSERT_TRUE(Wait([&] { return !window->Machine().Win; }));
+  EXPECT_EQ(window->Interval(), TimerInterval(5));
+}
+
 // Taking over
 
 TEST_F(PracticeTest, TakesOverARecordAtTheMomentThatIsSeen) {
