@@ -214,11 +214,10 @@ class Run {
   }
 
   // One tick with these keys (codes) down; answers a TickEnd.
-  tick(keys = [], pad = null) {
+  tick(keys = []) {
     const { machine, place } = this;
     machine.call('run_seed', place, ...seedPair());  // chance in play comes from outside, as on the desktop
     for (const key of keys) machine.call('run_press', place, key);
-    if (pad) machine.call('run_pad', place, pad.direction, pad.buttons);
     return machine.call('run_tick', place);
   }
 
@@ -294,7 +293,6 @@ class Run {
   }
 
   setWhole(on) { this.machine.call('view_whole', this.place, on ? 1 : 0); }
-  setNoSurprise(on) { this.machine.call('view_no_surprise', this.place, on ? 1 : 0); }
   setStill(on) { this.machine.call('view_still', this.place, on ? 1 : 0); }
   setReach(columns, rows) { this.machine.call('view_reach', this.place, columns, rows); }
   setSmooth(on) { this.machine.call('view_smooth', this.place, on ? 1 : 0); }
