@@ -153,7 +153,7 @@ export class Library {
   }
 }
 
-export const sameName = (one, other) => one.toLowerCase() === other.toLowerCase();
+const sameName = (one, other) => one.toLowerCase() === other.toLowerCase();
 
 function sameBytes(one, other) {
   return one.length === other.length && one.every((byte, place) => byte === other[place]);
