@@ -12,6 +12,7 @@
 
 #include "data/Result.h"
 #include "editors/CaveView.h"
+#include "editors/EditorTitle.h"
 #include "editors/FrmFormality.h"
 #include "editors/FrmStats.h"
 #include "editors/Palette.h"
@@ -141,7 +142,6 @@ void FrmMain::MakeStatusBar() {
 // Texts and tiles
 
 void FrmMain::SetLW() {
-  SetTitle(*this, skin_.Text(TextId::CaveEditor));
   menus_.SetCaptions(skin_);
   const auto name = [this](LabelPlace place, const char* key) {
     labels_[place]->setText(" " + InMenu(skin_.Caption(key)) + " ");
@@ -212,11 +212,20 @@ void FrmMain::UpdateStatus() {
   lblAmoebas_->setText(QString::number(model_.Amoebas()));
 }
 
+// The mark tells whether the cave is another one than that of the collection.
+void FrmMain::UpdateTitle() {
+  SetCaveTitle(*this, skin_.Text(TextId::CaveEditor), model_.Cave().Name, origin_);
+  const Result<std::string> text = model_.Text();
+  setWindowModified(!stored_.empty() && (!text || *text != stored_));
+}
+
 // A cave comes and goes
 
-FrmMain::Start FrmMain::Edit(const std::string& caveText) {
+FrmMain::Start FrmMain::Edit(const std::string& caveText, const CaveOrigin& origin) {
   const auto report = model_.OpenCave(caveText);
   if (!report) return Start::Unreadable;
+  origin_ = origin;
+  stored_ = caveText;
   // The skin or the screen may be another one by now.
   shownScheme_ = -1;
   ShowOpened();

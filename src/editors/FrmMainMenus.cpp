@@ -106,6 +106,7 @@ void FrmMain::UpdateCaptions() {
 }
 
 void FrmMain::UpdateMenus() {
+  UpdateTitle();
   mnuUndo_->setEnabled(model_.CanUndo());
   mnuRedo_->setEnabled(model_.CanRedo());
   // A dog stands only once.

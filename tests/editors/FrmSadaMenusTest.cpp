@@ -115,7 +115,7 @@ TEST_F(FrmSadaMenusTest, HasTheMenusWithTheirKeys) {
       return menu->actions().contains(&Action(row.name));
     })) << row.name;
   }
-  EXPECT_EQ(window->windowTitle(), "Zoríkův editor sady komnat[*]");
+  EXPECT_EQ(window->windowTitle(), "Zoríkův editor sady komnat - Nová sada[*]");
   EXPECT_EQ(MenuTitles(), (QStringList{"Soubor", "Komnata", "Nápověda", "Přidat"}));
 }
 
@@ -169,7 +169,7 @@ TEST_F(FrmSadaMenusTest, SpeaksTheLanguageOfTheSkinWhenItOpens) {
   EXPECT_EQ(MenuTitles(), (QStringList{"File", "Cave", "Help", "Add"}));
   EXPECT_EQ(Box("Text3").text(), "New collection");
   EXPECT_EQ(Rows(), Names{"*New small cave"});
-  EXPECT_EQ(window->windowTitle(), "Zorík's collection editor[*]");
+  EXPECT_EQ(window->windowTitle(), "Zorík's collection editor - New collection[*]");
 }
 
 TEST_F(FrmSadaMenusTest, TellsOfEachKeyInAHint) {
