@@ -33,19 +33,14 @@ std::string& Answer() {
   return answer;
 }
 
-}  // namespace zorik
-
-namespace {
-
-std::string_view Bytes(const char* bytes, int size) {
-  return {bytes, static_cast<std::size_t>(size)};
-}
-
-// What a call that may fail has come to: bytes, or why there are none.
 int AnswerWith(Result<std::string> outcome) {
   Answer() = outcome ? *std::move(outcome) : outcome.Message();
   return outcome ? 1 : 0;
 }
+
+}  // namespace zorik
+
+namespace {
 
 RecordHead HeadOf(const char* bytes, int size) {
   RecordLines lines{std::string(Bytes(bytes, size))};

@@ -108,10 +108,8 @@ ZK_CALL void zk_run_restart(ZkRun* run);
 // A seed for chance in play: the next step of a dog begins with it. Give one before each tick.
 ZK_CALL void zk_run_seed(ZkRun* run, unsigned seedLow, unsigned seedHigh);
 
-// A key (core/Keys.h) that is down in the next tick, and a pad: direction 0 none, 1 left, 2 up, 3 right, 4
-// down.
+// A key (core/Keys.h) that is down in the next tick.
 ZK_CALL void zk_run_press(ZkRun* run, int key);
-ZK_CALL void zk_run_pad(ZkRun* run, int direction, int buttons);
 
 // One tick, a tenth of a second of game time: 0 the run goes on, 1 it is won, 2 the record is over, 3 it has
 // begun anew.
@@ -160,10 +158,9 @@ ZK_CALL void zk_run_take_over(ZkRun* run);
 
 // The view
 
-// Whether the view holds the whole cave, or follows the steered unit; whether what is hidden is shown;
-// whether nothing glitters; whether what moves is drawn on its way.
+// Whether the view holds the whole cave, or follows the steered unit; whether nothing glitters; whether what
+// moves is drawn on its way.
 ZK_CALL void zk_view_whole(ZkRun* run, int on);
-ZK_CALL void zk_view_no_surprise(ZkRun* run, int on);
 ZK_CALL void zk_view_still(ZkRun* run, int on);
 ZK_CALL void zk_view_smooth(ZkRun* run, int on);
 

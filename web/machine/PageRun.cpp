@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "core/Machine.h"
-#include "core/Patterns.h"
 #include "data/Cp1250.h"
 #include "data/Result.h"
 #include "run/RunFate.h"
@@ -93,11 +92,6 @@ void PageRun::Follow(TickEnd end, const KeySnapshot& keys) {
 void PageRun::Press(int key) {
   if (key >= 0 && static_cast<std::size_t>(key) < keys_.down.size())
     keys_.down.set(static_cast<std::size_t>(key));
-}
-
-void PageRun::Pad(int direction, int buttons) {
-  keys_.joyDirection = direction;
-  keys_.joyButtons = buttons & 3;
 }
 
 std::optional<std::uint64_t> PageRun::Reseed() {
@@ -192,13 +186,6 @@ void PageRun::TakeOverNow() {
 }
 
 // The view
-
-void PageRun::SetNoSurprise(bool on) {
-  view_.SetNoSurprise(on);
-  ForEachCell(hra_, [this](Cell c) {
-    if (SecretIn(hra_, c) != kNoSecret) view_.CellChanged(hra_, c.x(), c.y());
-  });
-}
 
 void PageRun::PlanSpans(const std::vector<DrawnSpan>& spans, PlanSlot slot) {
   plan_[slot] = static_cast<int>(plan_.size());

@@ -111,7 +111,6 @@ class PageRun final : public Stage {
   TickEnd Pass();
 
   void Press(int key);
-  void Pad(int direction, int buttons);
   void Sow(std::uint64_t seed) { seed_ = seed; }
 
   const std::vector<std::array<int, 4>>& Happened() const { return happened_; }
@@ -125,7 +124,6 @@ class PageRun final : public Stage {
 
   CaveView& View() { return view_; }
   void SetSmooth(bool on) { smooth_ = on; }
-  void SetNoSurprise(bool on);
   const std::vector<int>& Plan(PixelSize frame, double way);
   const std::vector<int>& LastPlan() const { return plan_; }
 

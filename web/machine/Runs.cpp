@@ -28,10 +28,6 @@ struct ZkRun {
 
 namespace {
 
-std::string Bytes(const char* bytes, int size) {
-  return {bytes, static_cast<std::size_t>(size)};
-}
-
 std::uint64_t Seed(unsigned low, unsigned high) {
   return (std::uint64_t{high} << 32U) | low;
 }
@@ -82,14 +78,14 @@ int zk_run_start(ZkRun* run, ZkCollection* collection, int number, int kind, con
 
 int zk_run_start_record(ZkRun* run, const char* bytes, int size, int kind, const char* player,
                         int playerSize) {
-  RecordLines lines(Bytes(bytes, size));
+  RecordLines lines{std::string(Bytes(bytes, size))};
   const RecordHead head = ReadRecordHead(lines);
   return Begin(*run, head.CollectionName, FromUtf8Lossy(Bytes(player, playerSize)),
                [&](Hra& hra) { return PaintCave(hra, head.CaveText, static_cast<RunKind>(kind)); });
 }
 
 int zk_run_replay(ZkRun* run, const char* bytes, int size) {
-  return Begin(*run, {}, kNobody, [&](Hra& hra) { return Replay(hra, Bytes(bytes, size)); });
+  return Begin(*run, {}, kNobody, [&](Hra& hra) { return Replay(hra, std::string(Bytes(bytes, size))); });
 }
 
 void zk_run_restart(ZkRun* run) {
@@ -102,10 +98,6 @@ void zk_run_seed(ZkRun* run, unsigned seedLow, unsigned seedHigh) {
 
 void zk_run_press(ZkRun* run, int key) {
   run->run.Press(key);
-}
-
-void zk_run_pad(ZkRun* run, int direction, int buttons) {
-  run->run.Pad(direction, buttons);
 }
 
 int zk_run_tick(ZkRun* run) {
@@ -203,10 +195,6 @@ void zk_run_take_over(ZkRun* run) {
 
 void zk_view_whole(ZkRun* run, int on) {
   run->run.View().SetScrollView(on == 0);
-}
-
-void zk_view_no_surprise(ZkRun* run, int on) {
-  run->run.SetNoSurprise(on != 0);
 }
 
 void zk_view_still(ZkRun* run, int on) {

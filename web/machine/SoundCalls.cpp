@@ -15,10 +15,6 @@ using namespace zorik;
 
 namespace {
 
-std::string_view Bytes(const char* bytes, int size) {
-  return {bytes, static_cast<std::size_t>(size)};
-}
-
 Result<std::string> Recorded(std::string_view list, std::string_view name, std::string_view recipeText,
                              std::size_t number) {
   const Result<std::vector<sound::SoundEntry>> entries = sound::ParseSoundList(list);
@@ -58,8 +54,6 @@ int zk_sounds_tell(const char* list, int size) {
 
 int zk_sound_make(const char* list, int listSize, const char* name, int nameSize, const char* recipe,
                   int recipeSize, int number) {
-  const Result<std::string> wave = Recorded(Bytes(list, listSize), Bytes(name, nameSize),
-                                            Bytes(recipe, recipeSize), static_cast<std::size_t>(number));
-  Answer() = wave ? *wave : wave.Message();
-  return wave ? 1 : 0;
+  return AnswerWith(Recorded(Bytes(list, listSize), Bytes(name, nameSize), Bytes(recipe, recipeSize),
+                             static_cast<std::size_t>(number)));
 }

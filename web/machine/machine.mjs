@@ -36,7 +36,7 @@ const truths = new Set(['exitOpen', 'manyUnits', 'unitLost', 'nothingHelps', 'wo
 const unitCount = 10;
 const absent = 250;
 
-export const runEvents = ['gem', 'key', 'lock', 'explosion', 'unitChanged', 'unitLost', 'finishOpen', 'win'];
+const runEvents = ['gem', 'key', 'lock', 'explosion', 'unitChanged', 'unitLost', 'finishOpen', 'win'];
 
 // A failure that the machine told of.
 export class MachineError extends Error {}
@@ -194,7 +194,6 @@ class Run {
   constructor(machine, place) {
     this.machine = machine;
     this.place = place;
-    this.sown = true;  // chance in play comes from outside, as on the desktop
   }
   free() {
     this.machine.call('run_free', this.place);
@@ -215,11 +214,10 @@ class Run {
   }
 
   // One tick with these keys (codes) down; answers a TickEnd.
-  tick(keys = [], pad = null) {
+  tick(keys = []) {
     const { machine, place } = this;
-    if (this.sown) machine.call('run_seed', place, ...seedPair());
+    machine.call('run_seed', place, ...seedPair());  // chance in play comes from outside, as on the desktop
     for (const key of keys) machine.call('run_press', place, key);
-    if (pad) machine.call('run_pad', place, pad.direction, pad.buttons);
     return machine.call('run_tick', place);
   }
 
@@ -295,7 +293,6 @@ class Run {
   }
 
   setWhole(on) { this.machine.call('view_whole', this.place, on ? 1 : 0); }
-  setNoSurprise(on) { this.machine.call('view_no_surprise', this.place, on ? 1 : 0); }
   setStill(on) { this.machine.call('view_still', this.place, on ? 1 : 0); }
   setReach(columns, rows) { this.machine.call('view_reach', this.place, columns, rows); }
   setSmooth(on) { this.machine.call('view_smooth', this.place, on ? 1 : 0); }

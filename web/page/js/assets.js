@@ -8,9 +8,18 @@ async function fetched(path) {
   return new Uint8Array(await answer.arrayBuffer());
 }
 
-async function inflated(bytes) {
-  const stream = new Blob([bytes]).stream().pipeThrough(new DecompressionStream("deflate-raw"));
-  return new Uint8Array(await new Response(stream).arrayBuffer());
+// Unpacks bytes of a form that browsers know. Fails where they are damaged, or would become more than so many.
+export async function inflated(bytes, form, most = Infinity) {
+  const parts = [];
+  let size = 0;
+  const stream = new Blob([bytes]).stream().pipeThrough(new DecompressionStream(form));
+  for (const reader = stream.getReader(); ;) {
+    const { done, value } = await reader.read();
+    if (done) return new Uint8Array(await new Blob(parts).arrayBuffer());
+    size += value.length;
+    if (size > most) throw new Error(`more than ${most} bytes`);
+    parts.push(value);
+  }
 }
 
 // packed: the files that the page holds within itself, deflated and in base64, by their paths; nothing for a page with
@@ -26,7 +35,7 @@ export class Assets {
     if (!this.#packed) return fetched(path);
     const text = this.#packed[path];
     if (text === undefined) throw new Error(`${path} is not in this page`);
-    return inflated(bytesOfBase64(text));
+    return inflated(bytesOfBase64(text), "deflate-raw");
   }
 
   async json(path) {

@@ -78,8 +78,8 @@ export class Caves {
     this.#collection = null;
   }
 
-  // Shows the collection as it stands; chosen: the cave to choose, the chosen one otherwise.
-  show(chosen = this.#chosen) {
+  // Shows the collection as it stands.
+  show() {
     this.#progress = this.#library.progress(this.#collection, this.#acts.player());
     const { name, author, description, caves } = this.#about;
     byId.collectionName.textContent = name;
@@ -90,7 +90,7 @@ export class Caves {
     byId.removeCollection.hidden = this.#entry.shipped;
     byId.exportAll.disabled = this.records().length === 0;
     byId.caveList.replaceChildren(...caves.map((cave) => this.#card(cave)));
-    this.choose(Math.min(chosen, caves.length));
+    this.choose(this.#chosen);
   }
 
   #status() {
@@ -104,11 +104,12 @@ export class Caves {
     return this.#progress.caves[number - 1];
   }
 
-  #card({ number, name }) {
+  #card(cave) {
+    const { number, name } = cave;
     const state = this.#state(number);
     const closed = state === CaveState.closed;
     const canvas = closed ? iconLock() : element("canvas", { width: 190, height: 110 });
-    if (!closed) this.#thumbnails.draw(canvas, this.#collection, number).catch(() => {});
+    if (!closed) this.#thumbnails.draw(canvas, this.#collection, cave).catch(() => {});
     canvas.setAttribute("aria-hidden", "true");
     const score = this.#progress.scores[number - 1];
     const said = closed ? word("closed") : name;

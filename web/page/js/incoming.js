@@ -63,7 +63,7 @@ export class Incoming {
     const place = await this.#library.caveOf(bytes, currentLanguage());
     if (!place) return null;
     const collection = await this.#library.open(place.entry);
-    const standing = this.#library.standing(this.#player(), place.file, collection, place.number, score);
+    const standing = await this.#library.standing(this.#player(), place.file, collection, place.number, score);
     collection.close();
     if (standing === Standing.Nothing || standing === Standing.Worse) {
       await this.#library.keepRecord(this.#player(), place.file, bytes);

@@ -23,7 +23,7 @@ const BY_PLACE = new Map([["NumpadAdd", Key.PadPlus], ["NumpadSubtract", Key.Pad
 
 const isModifier = (key) => key === Key.Shift || key === Key.Ctrl || key === Key.Space;
 const isArrow = (key) => key >= Key.Left && key <= Key.Down;
-const isDigit = (key) => key >= Key.Pad0 && key <= Key.Pad9;
+export const isDigit = (key) => key >= Key.Pad0 && key <= Key.Pad9;
 const isCommand = (key) =>
   isDigit(key) || [Key.Tab, Key.R, Key.C, Key.P, Key.PadPlus, Key.PadMinus].includes(key);
 // These mean something else together with a key of action.

@@ -27,6 +27,7 @@ export class Library {
     return this.#store.keeps;
   }
 
+  // Reads what is kept; before each write, since the page may be open twice.
   async read() {
     [this.#records, this.#others, this.#outside] = await Promise.all([
       this.#store.records.all(),
@@ -63,10 +64,11 @@ export class Library {
   // byte for byte, is not taken twice.
   async addCollection(file, bytes) {
     this.#machine.openCollection(bytes).close();
+    await this.read();
     const twin = this.#outside.find((row) => sameBytes(row.bytes, bytes));
     if (twin) return twin.file;
     const row = { file: freeName(file, collectionEnding, this.#outside), bytes };
-    await this.#store.collections.put(row);
+    await this.#store.collections.add(row);
     this.#outside.push(row);
     return row.file;
   }
@@ -91,8 +93,9 @@ export class Library {
     return collection.progress(player, this.recordsOf(player));
   }
 
-  // What stands where a record of this cave would be kept.
-  standing(player, file, collection, number, score) {
+  // What stands where a record of this cave would be kept. Where nothing can be read what was read before holds.
+  async standing(player, file, collection, number, score) {
+    await this.read().catch(() => {});
     const bytes = this.recordOf(player, file);
     if (!bytes) return Standing.Nothing;
     if (collection && !collection.holdsCaveOf(number, bytes)) return Standing.OtherCave;
@@ -113,10 +116,11 @@ export class Library {
   }
 
   async addOther(file, bytes) {
+    await this.read();
     const twin = this.#others.find((row) => sameBytes(row.bytes, bytes));
     if (twin) return twin.file;
     const row = { file: freeName(file, recordEnding, this.#others), bytes };
-    await this.#store.others.put(row);
+    await this.#store.others.add(row);
     this.#others.push(row);
     return row.file;
   }
@@ -149,7 +153,7 @@ export class Library {
   }
 }
 
-export const sameName = (one, other) => one.toLowerCase() === other.toLowerCase();
+const sameName = (one, other) => one.toLowerCase() === other.toLowerCase();
 
 function sameBytes(one, other) {
   return one.length === other.length && one.every((byte, place) => byte === other[place]);

@@ -127,7 +127,7 @@ export class Page {
   }
 
   async #take(files) {
-    if (this.#runScreen.isOpen && !(await confirmed("Zorík", caption("outside.endrun")))) return;
+    if (!(await this.#runScreen.mayEnd("Zorík", caption("outside.endrun")))) return;
     if (this.#runScreen.isOpen) this.#screens.back();
     if (await this.#incoming.take(files)) this.#screens.refresh();
   }
@@ -139,12 +139,11 @@ export class Page {
       bytes = await recordOfPostcard(this.#machine, letters);
       this.#machine.tellRecord(bytes);
     } catch (failure) {
-      await tell(word("damagedTitle"), word("damagedPostcard"), failure.message);
+      const told = () => tell(word("damagedTitle"), word("damagedPostcard"), failure.message);
+      await this.#runScreen.heldFor(told);
       return;
     }
-    if (this.#runScreen.isOpen && !(await confirmed("Zorík", caption("outside.endrun")))) return;
-    if (this.#runScreen.isOpen) this.#screens.back();
-    await this.watch(bytes);
+    if (await this.#runScreen.mayEnd("Zorík", caption("outside.endrun"))) await this.watch(bytes);
   }
 
   async #removeOther(file) {
@@ -172,15 +171,16 @@ export class Page {
     });
   }
 
-  // Opens the screen of a run; one that cannot be played is told of.
+  // Opens the screen of a run, in place of one that is open; one that cannot be played is told of.
   async #run(job) {
     try {
       await this.#runScreen.open({ ...job, left: () => this.#screens.back() });
     } catch (failure) {
       await tell(word("damagedTitle"), caption("error.cave"), failure.message);
+      if (this.#runScreen.isOpen) this.#screens.back();
       return;
     }
-    if (this.#screens.last !== "run") this.#screens.enter("run", { left: () => this.#runScreen.close() });
+    this.#screens.enter("run", { left: () => this.#runScreen.close() });
   }
 
   playCaveOf(bytes) {

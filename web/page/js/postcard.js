@@ -1,31 +1,20 @@
 // A run that comes as one word: behind the # of the page's address, or pasted.
 
+import { inflated } from "./assets.js";
+
 const START = "ZORIK1:";
 // A word holds no more bytes than these, once it is unpacked.
 const MOST_BYTES = 1 << 20;
 
 // The word in a text that may stand around it; null where there is none.
-export function postcardIn(text) {
+function postcardIn(text) {
   const place = text.indexOf(START);
   return place < 0 ? null : text.slice(place);
 }
 
 // The bytes of the record on it. Fails where the word is damaged.
 export async function recordOfPostcard(machine, letters) {
-  return machine.recordOfPostcard(await unpacked(machine.packedOfPostcard(letters)));
-}
-
-async function unpacked(bytes) {
-  const parts = [];
-  let size = 0;
-  const stream = new Blob([bytes]).stream().pipeThrough(new DecompressionStream("deflate"));
-  for (const reader = stream.getReader(); ;) {
-    const { done, value } = await reader.read();
-    if (done) return new Uint8Array(await new Blob(parts).arrayBuffer());
-    size += value.length;
-    if (size > MOST_BYTES) throw new Error(`more than ${MOST_BYTES} bytes`);
-    parts.push(value);
-  }
+  return machine.recordOfPostcard(await inflated(machine.packedOfPostcard(letters), "deflate", MOST_BYTES));
 }
 
 // take(letters): what becomes of a word that comes in.
@@ -37,7 +26,7 @@ export function takePostcards(take) {
   };
   const takeAddress = () => {
     // The address is free for the next word, and a reload begins with the shelf.
-    if (takeFrom(decoded(location.hash))) history.replaceState(null, "", location.pathname + location.search);
+    if (takeFrom(decoded(location.hash))) history.replaceState(history.state, "", location.pathname + location.search);
   };
   addEventListener("hashchange", takeAddress);
   addEventListener("paste", (event) => {

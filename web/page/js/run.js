@@ -3,7 +3,7 @@
 
 import { Kind, TickEnd } from "../machine/machine.mjs";
 import { Beat, USUAL_SPEED, intervalOf } from "./beat.js";
-import { ask, confirmed, tell } from "./dialogs.js";
+import { confirmed, tell } from "./dialogs.js";
 import { Figures } from "./figures.js";
 import { frameIn, reachIn } from "./frame.js";
 import { Key } from "./keys.js";
@@ -77,6 +77,8 @@ export class RunScreen {
   // Shows a run. job: begin(run) starts it, or fails with the machine's reason; won(run) is told of a win in play, left()
   // that the player has left; record: the bytes of what is replayed.
   async open(job) {
+    this.#beat.stop();
+    this.#sounds.stopAll();
     job.begin(this.#machineRun);
     const { scheme, cave, collection } = this.#machineRun.tell();
     this.#pictures = await this.#sheets.load(scheme);
@@ -100,15 +102,23 @@ export class RunScreen {
   // The player wants to leave.
   async leave() {
     const { kind, ticks, won } = this.#machineRun.state();
-    const wasRunning = this.#beat.runs;
-    if (kind === Kind.play && ticks > 0 && !won) {
-      this.#hold();
-      if (!(await confirmed(document.title, word("leaveAsk")))) {
-        if (wasRunning) this.#goOn();
-        return;
-      }
-    }
-    this.#job?.left();
+    const loses = kind === Kind.play && ticks > 0 && !won;
+    if (!loses || (await this.mayEnd(document.title, word("leaveAsk")))) this.#job?.left();
+  }
+
+  // Asks whether the run that is open, if any, may end; it stands still after a yes.
+  mayEnd(title, question) {
+    return this.heldFor(() => !this.isOpen || confirmed(title, question), { ends: (may) => may });
+  }
+
+  // The run stands still while a box is open, and goes on behind it unless the answer ends it. box(): opens it; what it
+  // answers comes back.
+  async heldFor(box, { ends = () => false } = {}) {
+    const runs = this.#beat.runs;
+    if (runs) this.#hold();
+    const answer = await box();
+    if (runs && this.isOpen && !ends(answer)) this.#goOn();
+    return answer;
   }
 
   #begin() {
@@ -151,6 +161,8 @@ export class RunScreen {
     document.addEventListener("visibilitychange", () => {
       if (document.hidden && this.isOpen && this.#beat.runs) this.#pause();
     });
+    // The key that is let go elsewhere is not heard of here.
+    addEventListener("blur", () => (this.#rewinding = false));
     new ResizeObserver(() => this.#fit()).observe(this.#parts.stage);
     const on = (name, act) => this.#parts[name].addEventListener("click", act);
     on("restart", () => this.#restart());
@@ -178,7 +190,7 @@ export class RunScreen {
   #tick() {
     const run = this.#machineRun;
     const keys = this.#steering.take();
-    if (this.#standsStill()) {
+    if (this.#theatre.stands) {
       this.#heedWhileStanding(keys);
       return;
     }
@@ -195,10 +207,6 @@ export class RunScreen {
     if (this.#theatre.active) this.#theatre.show();
     if (end === TickEnd.won) this.#won();
     if (end === TickEnd.recordOver) this.#recordOver();
-  }
-
-  #standsStill() {
-    return this.#theatre.active && this.#theatre.stands;
   }
 
   // The keys that all runs have, in a record that stands still.
@@ -232,7 +240,7 @@ export class RunScreen {
   }
 
   #paceChanged() {
-    this.#beat.interval = intervalOf(this.#speed) / (this.#theatre.active ? this.#theatre.pace : 1);
+    this.#beat.interval = intervalOf(this.#speed) / this.#theatre.pace;
   }
 
   #changeSpeed(faster) {
@@ -254,7 +262,7 @@ export class RunScreen {
   #goOn() {
     this.#steering.releaseAll();
     this.#sounds.pause(false);
-    if (!this.#machineRun.state().won || this.#theatre.active) this.#beat.start();
+    this.#beat.start();
     this.#parts.picture.focus({ preventScroll: true });
   }
 
@@ -264,18 +272,11 @@ export class RunScreen {
       this.#theatre.stand(true);
       return;
     }
-    this.#hold();
-    await tell("Zorík", text(TEXT_PAUSED));
-    if (this.isOpen) this.#goOn();
+    await this.heldFor(() => tell("Zorík", text(TEXT_PAUSED)));
   }
 
-  async #idle() {
-    this.#hold();
-    await ask(text(TEXT_IDLE_TITLE), [text(TEXT_IDLE)], [
-      { label: caption("dialog.yes"), value: "yes" },
-      { label: caption("dialog.no"), value: "no" },
-    ]);
-    if (this.isOpen) this.#goOn();
+  #idle() {
+    return this.heldFor(() => confirmed(text(TEXT_IDLE_TITLE), text(TEXT_IDLE)));
   }
 
   #restart() {
@@ -395,7 +396,7 @@ export class RunScreen {
   }
 
   #draw(way) {
-    const arrived = this.#standsStill() ? 1 : way;
+    const arrived = this.#theatre.stands ? 1 : way;
     if (!this.#stale && (arrived === 1 || !this.#machineRun.moves())) return;
     const { picture } = this.#parts;
     const frame = this.#frame();

@@ -3,6 +3,15 @@
 export const SPACE = 0;
 export const DIRT = 1;
 
+// What was asked for before; what could not be had is asked for anew the next time.
+function kept(promises, key, load) {
+  if (!promises.has(key)) {
+    promises.set(key, load());
+    promises.get(key).catch(() => promises.delete(key));
+  }
+  return promises.get(key);
+}
+
 export class Sheets {
   #assets;
   #schemes; // of the index of assets
@@ -20,8 +29,7 @@ export class Sheets {
   // The pictures of a scheme; of an unknown one those of the first.
   load(scheme) {
     const known = this.#schemes[scheme] ? scheme : Object.keys(this.#schemes)[0];
-    if (!this.#loaded.has(known)) this.#loaded.set(known, this.#loadScheme(this.#schemes[known]));
-    return this.#loaded.get(known);
+    return kept(this.#loaded, known, () => this.#loadScheme(this.#schemes[known]));
   }
 
   async #loadScheme({ sheets, edges }) {
@@ -31,7 +39,6 @@ export class Sheets {
 
   #image(path) {
     if (!path) return null;
-    if (!this.#images.has(path)) this.#images.set(path, this.#assets.image(`assets/${path}`));
-    return this.#images.get(path);
+    return kept(this.#images, path, () => this.#assets.image(`assets/${path}`));
   }
 }

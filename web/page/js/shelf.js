@@ -38,7 +38,7 @@ export class Shelf {
     const canvas = element("canvas", { width: 190, height: 110 });
     canvas.setAttribute("aria-hidden", "true");
     this.#thumbnails
-      .draw(canvas, collection, 1)
+      .draw(canvas, collection, caves[0])
       .catch(() => {})
       .finally(() => collection.close());
     const button = element("button", { onclick: () => this.#acts.open(entry) },

@@ -1,11 +1,10 @@
 // Whatever steers a run: the keyboard, a finger on the picture, the button of the key of action. It gathers all of it into
 // what the next tick reads.
 
-import { Key, Keyboard, gameKey } from "./keys.js";
+import { Key, Keyboard, gameKey, isDigit } from "./keys.js";
 import { holdAsKey, steerByTouch } from "./touch.js";
 
 const LETTERS = [Key.A, Key.C, Key.P, Key.S];
-const isDigit = (key) => key >= Key.Pad0 && key <= Key.Pad9;
 
 export class Steering {
   #keyboard = new Keyboard();

@@ -34,6 +34,11 @@ class KeptTable {
     return this.#write((table) => table.put(row));
   }
 
+  // Fails where a row of this key stands.
+  add(row) {
+    return this.#write((table) => table.add(row));
+  }
+
   remove(key) {
     return this.#write((table) => table.delete(key));
   }
@@ -66,6 +71,11 @@ class PassingTable {
 
   async put(row) {
     this.#rows.set(this.#keyOf(row), row);
+  }
+
+  async add(row) {
+    if (this.#rows.has(this.#keyOf(row))) throw new Error(`${this.#keyOf(row)} is taken`);
+    await this.put(row);
   }
 
   async remove(key) {

@@ -40,13 +40,13 @@ export class Theatre {
     return this.#run !== null;
   }
 
-  // The factor of the speed of play.
+  // The factor of the speed of play; 1 where no record plays.
   get pace() {
-    return SPEEDS[this.#speed];
+    return this.active ? SPEEDS[this.#speed] : 1;
   }
 
   get stands() {
-    return this.#stands;
+    return this.active && this.#stands;
   }
 
   // A replay stands at its start.
@@ -73,8 +73,8 @@ export class Theatre {
       " ": () => event.repeat || this.toggle(),
       ".": () => this.step(1),
       ",": () => this.step(-1),
-      ArrowRight: () => this.step(FAR),
-      ArrowLeft: () => this.step(-FAR),
+      ArrowRight: () => this.#seekBy(FAR),
+      ArrowLeft: () => this.#seekBy(-FAR),
       Home: () => this.seekTo(0),
       End: () => this.seekTo(this.#timeline.length),
       ArrowUp: () => this.changeSpeed(1),
@@ -97,11 +97,13 @@ export class Theatre {
     this.show();
   }
 
+  // Whoever goes tick by tick wants to look.
   step(ticks) {
-    this.seekTo(this.#position() + ticks);
+    this.#moveTo(this.#position() + ticks);
+    this.stand(true);
   }
 
-  // The run stands still where it was brought to by hand, but for a leap while it plays.
+  // A record that plays goes on from there, but for its end.
   seekTo(tick) {
     this.#moveTo(tick);
     if (tick >= this.#timeline.length) this.#stands = true;
@@ -124,6 +126,10 @@ export class Theatre {
     moment.textContent = `${(position / 10).toFixed(1)} s · ${position}/${this.#timeline.length}`;
     speed.textContent = SPEED_WORDS[this.#speed];
     playOrStop.textContent = this.#stands ? "▶" : "❚❚";
+  }
+
+  #seekBy(ticks) {
+    this.seekTo(this.#position() + ticks);
   }
 
   #position() {

@@ -18,9 +18,8 @@ export class Thumbnails {
     this.#run = machine.newRun();
   }
 
-  // Draws a cave of a collection on a canvas.
-  async draw(canvas, collection, number) {
-    const { scheme, width, height } = collection.tell().caves[number - 1];
+  // Draws a cave, as its collection tells of it, on a canvas.
+  async draw(canvas, collection, { number, scheme, width, height }) {
     const pictures = await this.#sheets.load(scheme);
     if (collection.place === 0) return; // it was closed meanwhile
     this.#run.start(collection, number, { kind: Kind.practice });

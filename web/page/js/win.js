@@ -8,7 +8,7 @@ import { caption, word } from "./words.js";
 // Keeps the record of a won run unless a better one stands in its place and the player would rather have that. Answers
 // what the player is to be told.
 export async function keepWin(library, player, collection, number, { name, bytes, score }) {
-  const standing = library.standing(player, name, collection, number, score);
+  const standing = await library.standing(player, name, collection, number, score);
   const question = { [Standing.Better]: "record.better", [Standing.OtherCave]: "record.other" }[standing];
   if (question && !(await confirmed(caption("record.bettertitle"), caption(question)))) return word("winKept");
   try {

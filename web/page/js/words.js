@@ -10,8 +10,9 @@ let language = "en";
 let skins = { texts: {}, words: {} };
 
 // Czech for browsers that ask for it, unless the player has chosen.
-export function usualLanguage(wanted = navigator.languages) {
-  const first = wanted.map((tag) => tag.slice(0, 2).toLowerCase()).find((tag) => tag === "cs" || tag === "en");
+function usualLanguage() {
+  const tags = navigator.languages.map((tag) => tag.slice(0, 2).toLowerCase());
+  const first = tags.find((tag) => tag === "cs" || tag === "en");
   return first ?? "en";
 }
 
