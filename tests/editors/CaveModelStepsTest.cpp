@@ -140,6 +140,25 @@ TEST(CaveModelSteps, CountsTheStrokeThatIsUnderWayWhenItGoesToAStep) {
   EXPECT_EQ(model.RedoSteps(), Steps{EditStep::Stroke});
 }
 
+TEST(CaveModelSteps, AreTheSameAfterAStrokeThatWasGivenUp) {
+  CaveModel model = Opened(Full(80, 50, ';'));
+  for (int i = 0; i <= static_cast<int>(CaveModel::kMostSteps); ++i) model.Draw(i % 80, i / 80, 'A');
+  model.Undo();
+  const CaveRecord before = model.Cave();
+  const int amoebas = model.Amoebas();
+  model.BeginStroke();
+  model.Draw(1, 40, 'A');
+  model.DropStroke();
+  EXPECT_EQ(model.Cave(), before);
+  EXPECT_EQ(model.Amoebas(), amoebas);
+  EXPECT_EQ(model.UndoSteps().size(), CaveModel::kMostSteps - 1);
+  EXPECT_EQ(model.RedoSteps(), Steps{EditStep::Stroke});
+  model.DropStroke();
+  model.EndStroke();
+  model.Redo();
+  EXPECT_EQ(model.Amoebas(), amoebas + 1);
+}
+
 TEST(CaveModelSteps, TakeBoundedMemoryHoweverLongTheTexts) {
   CaveModel model = Opened(kFive);
   for (int i = 0; i < 600; ++i) model.SaveScript(std::string(100000, static_cast<char>('a' + i % 26)));
