@@ -270,8 +270,8 @@ void Game::EditCollection(const QString& path, const QString& player) {
 }
 
 // A cave that cannot be edited, or is not to be changed by that, stays as it is.
-void Game::EditCave(const std::string& caveText) {
-  const FrmMain::Start start = CaveEditor().Edit(caveText);
+void Game::EditCave(const std::string& caveText, const CaveOrigin& origin) {
+  const FrmMain::Start start = CaveEditor().Edit(caveText, origin);
   if (start == FrmMain::Start::Editing) return;
   frmSada_->CaveDone(caveText);
   if (start == FrmMain::Start::Unreadable)

@@ -26,6 +26,7 @@ namespace zorik {
 
 class FrmMain;
 class FrmSada;
+struct CaveOrigin;
 
 // The program as a whole: all long-lived screens, which are made once, the editors when they open first, and
 // the ways between them. One screen shows at a time; each keeps its own state while it is hidden.
@@ -64,7 +65,7 @@ class Game : public QObject {
   void PlayRecordFile(const QString& path);
   void ReplayWith(const std::function<Result<Done>()>& step, QWidget& from, const std::string& path);
   bool Begun(const std::function<Result<Done>()>& step);
-  void EditCave(const std::string& caveText);
+  void EditCave(const std::string& caveText, const CaveOrigin& origin);
   void TestRun(const std::string& caveText);
   void ShowEditor();
   void EndGame();

@@ -12,9 +12,11 @@
 
 #include "data/Result.h"
 #include "editors/CaveView.h"
+#include "editors/EditorTitle.h"
 #include "editors/FrmFormality.h"
 #include "editors/FrmStats.h"
 #include "editors/Palette.h"
+#include "editors/SidePanel.h"
 #include "editors/ToolHint.h"
 #include "editors/ToolNames.h"
 #include "editors/WindowPlace.h"
@@ -100,9 +102,10 @@ void FrmMain::LayOut() {
   bar->addWidget(imgAmoeba_);
   bar->addWidget(lblAmoebas_);
   view_ = new CaveView(model_, tiles_, middle);
+  panel_ = new SidePanel(*view_, middle);
   rows->addLayout(bar);
   rows->addWidget(palette_, 0, Qt::AlignLeft);
-  rows->addWidget(view_, 1);
+  rows->addWidget(panel_, 1);
   setCentralWidget(middle);
   setTabOrder(labels_[kDogButton], palette_);
   setTabOrder(palette_, &view_->Picture());
@@ -141,8 +144,8 @@ void FrmMain::MakeStatusBar() {
 // Texts and tiles
 
 void FrmMain::SetLW() {
-  SetTitle(*this, skin_.Text(TextId::CaveEditor));
   menus_.SetCaptions(skin_);
+  panel_->SetLW(skin_);
   const auto name = [this](LabelPlace place, const char* key) {
     labels_[place]->setText(" " + InMenu(skin_.Caption(key)) + " ");
     labels_[place]->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
@@ -212,11 +215,20 @@ void FrmMain::UpdateStatus() {
   lblAmoebas_->setText(QString::number(model_.Amoebas()));
 }
 
+// The mark tells whether the cave is another one than that of the collection.
+void FrmMain::UpdateTitle() {
+  SetCaveTitle(*this, skin_.Text(TextId::CaveEditor), model_.Cave().Name, origin_);
+  const Result<std::string> text = model_.Text();
+  setWindowModified(!stored_.empty() && (!text || *text != stored_));
+}
+
 // A cave comes and goes
 
-FrmMain::Start FrmMain::Edit(const std::string& caveText) {
+FrmMain::Start FrmMain::Edit(const std::string& caveText, const CaveOrigin& origin) {
   const auto report = model_.OpenCave(caveText);
   if (!report) return Start::Unreadable;
+  origin_ = origin;
+  stored_ = caveText;
   // The skin or the screen may be another one by now.
   shownScheme_ = -1;
   ShowOpened();

@@ -8,6 +8,7 @@
 
 #include "data/Chance.h"
 #include "editors/CaveModel.h"
+#include "editors/CaveOrigin.h"
 #include "editors/EditTiles.h"
 #include "editors/MenuBuilder.h"
 #include "editors/ToolTable.h"
@@ -21,6 +22,7 @@ namespace zorik {
 class CaveView;
 class FrmFormality;
 class Palette;
+class SidePanel;
 class Skin;
 class ToolHint;
 
@@ -49,7 +51,10 @@ class FrmMain : public QMainWindow {
 
   // Opens a cave and shows the window. When something in the cave has to be put right, the author is asked
   // first.
-  Start Edit(const std::string& caveText);
+  Start Edit(const std::string& caveText, const CaveOrigin& origin = {});
+
+  // Where the cave comes from that was opened last.
+  const CaveOrigin& Origin() const { return origin_; }
 
   // Shows the editor again as it was before a test run.
   void ComeBack();
@@ -79,6 +84,7 @@ class FrmMain : public QMainWindow {
   void UpdateCaptions();
   void UpdateMenus();
   void UpdateStatus();
+  void UpdateTitle();
   void LoadTiles();
   // A tile as large as icons are.
   QPixmap TilePixmap(int palette, int dog);
@@ -108,6 +114,8 @@ class FrmMain : public QMainWindow {
   CatEditor editCat_;
   Chance rnd_;
   CaveModel model_;
+  CaveOrigin origin_;
+  std::string stored_;  // the cave as the collection has it
   EditTiles tiles_;
   QSize shownSize_;       // of the cave
   int shownScheme_ = -1;  // colouring of the tiles
@@ -116,6 +124,7 @@ class FrmMain : public QMainWindow {
   Palette* palette_ = nullptr;
   ToolHint* hint_ = nullptr;
   CaveView* view_ = nullptr;
+  SidePanel* panel_ = nullptr;  // around the view
   FrmFormality* frmFormality_ = nullptr;
   QLabel* lblAmoebas_ = nullptr;
   QLabel* imgAmoeba_ = nullptr;

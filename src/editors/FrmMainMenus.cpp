@@ -5,6 +5,7 @@
 #include "editors/CaveView.h"
 #include "editors/FrmMain.h"
 #include "editors/Palette.h"
+#include "editors/SidePanel.h"
 #include "screens/Marks.h"
 #include "screens/PlainText.h"
 #include "skin/Skin.h"
@@ -94,6 +95,11 @@ void FrmMain::MakeViewMenu() {
   menus_.Add(*mnuView_, "mnuLarger", "caption.main.larger", "Ctrl++; Ctrl+=", [this] { view_->Zoom(1); });
   menus_.Add(*mnuView_, "mnuSmaller", "caption.main.smaller", "Ctrl+-", [this] { view_->Zoom(-1); });
   menus_.Add(*mnuView_, "mnuUsual", "caption.main.usual", "Ctrl+0", [this] { view_->ZoomUsual(); });
+  mnuView_->addSeparator();
+  QAction* const panel = menus_.Add(*mnuView_, "mnuPanel", "caption.main.panel", "F9", [] {});
+  panel->setCheckable(true);
+  panel->setChecked(panel_->IsWanted());
+  connect(panel, &QAction::toggled, panel_, &SidePanel::SetWanted);
 }
 
 // What changes with the tools.
@@ -106,6 +112,7 @@ void FrmMain::UpdateCaptions() {
 }
 
 void FrmMain::UpdateMenus() {
+  UpdateTitle();
   mnuUndo_->setEnabled(model_.CanUndo());
   mnuRedo_->setEnabled(model_.CanRedo());
   // A dog stands only once.

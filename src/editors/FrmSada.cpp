@@ -13,6 +13,7 @@
 #include "data/Files.h"
 #include "data/Result.h"
 #include "editors/BoxText.h"
+#include "editors/EditorTitle.h"
 #include "editors/FaultWords.h"
 #include "editors/SadaBoxes.h"
 #include "editors/SadaList.h"
@@ -169,7 +170,7 @@ void FrmSada::UpdateCount() {
 }
 
 void FrmSada::UpdateTitle() {
-  SetTitle(*this, kTitleWords.In(skin_), ChangeMark::With);
+  SetCollectionTitle(*this, kTitleWords.In(skin_), sada_.Text(SadaText::Name), sada_.FileName());
   setWindowModified(sada_.Chg());
 }
 
@@ -325,7 +326,7 @@ void FrmSada::mnuEdit_Click() {
   UpdateTitle();
   editing_ = true;
   const std::string cave = sada_.Cave(sada_.ListSelected());
-  emit EditCave(cave);
+  emit EditCave(cave, {sada_.FileName(), sada_.Text(SadaText::Name), sada_.ListSelected()});
   if (editing_) hide();
 }
 

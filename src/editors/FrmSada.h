@@ -3,6 +3,7 @@
 #include <QMainWindow>
 #include <string>
 
+#include "editors/CaveOrigin.h"
 #include "editors/MenuBuilder.h"
 #include "flow/SadaModel.h"
 #include "platform/Paths.h"
@@ -39,7 +40,7 @@ class FrmSada : public QMainWindow {
  signals:
   // The selected cave is to be edited. The window goes when this returns, unless CaveDone was called
   // meanwhile, and comes back with CaveDone.
-  void EditCave(const std::string& text);
+  void EditCave(const std::string& text, const CaveOrigin& origin);
   // The editor was closed.
   void Closed();
 

@@ -13,7 +13,7 @@ TEST_F(GameEditors, SpeakAnotherLanguageAlsoWhenTheyHaveBeenOpenBefore) {
   }};
   Click(Screen<FrmStart2>(), "changeskin");
   EXPECT_TRUE(Screen<FrmSada>()->windowTitle().startsWith("Zorík's collection editor"));
-  EXPECT_EQ(Screen<FrmMain>()->windowTitle(), "Zorík's cave editor");
+  EXPECT_EQ(Screen<FrmMain>()->windowTitle(), "Zorík's cave editor - 1. Jedna - a.zk[*]");
 }
 
 TEST_F(GameEditors, LeadBackToTheStartByTheWayThatTheyCame) {

@@ -38,7 +38,7 @@ class FrmMainTest : public testing::Test, public test::EditorScreen {
 // Captions
 
 TEST_F(FrmMainTest, HasItsCaptionsFromTheSkin) {
-  EXPECT_EQ(window->windowTitle(), "Zoríkův editor komnat");
+  EXPECT_EQ(window->windowTitle(), "Zoríkův editor komnat - Test[*]");
   EXPECT_EQ(Child<QToolButton>("Label7").text(), " Úpravy ");
   EXPECT_EQ(Child<QToolButton>("Label3").text(), " Vlastnosti ");
   EXPECT_EQ(Child<QToolButton>("Label8").text(), " Odzkoušet ");
@@ -50,7 +50,7 @@ TEST_F(FrmMainTest, HasItsCaptionsFromTheSkin) {
 TEST_F(FrmMainTest, ChangesItsCaptionsWithTheSkin) {
   Wear("English");
   window->SetLW();
-  EXPECT_EQ(window->windowTitle(), "Zorík's cave editor");
+  EXPECT_EQ(window->windowTitle(), "Zorík's cave editor - Test[*]");
   EXPECT_EQ(Child<QToolButton>("Label7").text(), " Edit ");
   EXPECT_EQ(Child<QToolButton>("Label3").text(), " Properties ");
   EXPECT_EQ(Child<QToolButton>("Label8").text(), " Test ");
@@ -58,6 +58,37 @@ TEST_F(FrmMainTest, ChangesItsCaptionsWithTheSkin) {
   EXPECT_EQ(Action("mnuRestore").text(), "Restore the original");
   EXPECT_EQ(Action("Dog(4)").text(), "Dog 4");
   EXPECT_EQ(Action("mnuOkraj").text(), "Make a frame of “Boulder”");
+}
+
+// Titles
+
+TEST_F(FrmMainTest, NamesTheCaveAndItsFileInTheTitle) {
+  EXPECT_EQ(window->Edit(CaveTextOf(kRoom), {"/a/b/moje.zk", "Sada", 3}), FrmMain::Start::Editing);
+  EXPECT_EQ(window->windowTitle(), "Zoríkův editor komnat - 3. Test - moje.zk[*]");
+  EXPECT_EQ(window->Origin().File, "/a/b/moje.zk");
+}
+
+TEST_F(FrmMainTest, NamesTheCollectionOfACaveThatHasNoFileYet) {
+  EXPECT_EQ(window->Edit(CaveTextOf(kRoom), {"", "Nov\xE1 sada", 1}), FrmMain::Start::Editing);
+  EXPECT_EQ(window->windowTitle(), "Zoríkův editor komnat - 1. Test - Nová sada[*]");
+}
+
+TEST_F(FrmMainTest, KeepsTheFileInTheTitleInSightBehindALongName) {
+  const Boxes boxes;
+  test::Numbers numbers;
+  numbers.name = std::string(190, 'x');
+  EXPECT_EQ(window->Edit(CaveTextOf(kRoom, numbers), {"/a/moje.zk", "Sada", 1}), FrmMain::Start::Editing);
+  EXPECT_TRUE(window->windowTitle().endsWith("… - moje.zk[*]"));
+  EXPECT_LT(window->windowTitle().size(), 120);
+}
+
+TEST_F(FrmMainTest, MarksACaveThatIsAnotherOneThanThatOfTheCollection) {
+  Open(kRoom);
+  EXPECT_FALSE(window->isWindowModified());
+  Click(1, 1);
+  EXPECT_TRUE(window->isWindowModified());
+  Action("mnuUndo").trigger();
+  EXPECT_FALSE(window->isWindowModified());
 }
 
 // Opening

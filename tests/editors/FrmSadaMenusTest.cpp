@@ -38,7 +38,9 @@ class FrmSadaMenusTest : public test::SadaWindowTest {
   QStringList MenuTitles() const {
     QStringList titles;
     for (const char* menu : {"mnuFile", "mnuCave", "mnuHelp"}) titles << Child<QMenu>(menu).title();
-    return titles << Action("mnuAdd").text();
+    titles << Action("mnuAdd").text();
+    for (QString& title : titles) title = WithoutMnemonic(title);
+    return titles;
   }
 
   // Wears the default skin with these keys besides its own.
@@ -115,7 +117,7 @@ TEST_F(FrmSadaMenusTest, HasTheMenusWithTheirKeys) {
       return menu->actions().contains(&Action(row.name));
     })) << row.name;
   }
-  EXPECT_EQ(window->windowTitle(), "Zoríkův editor sady komnat[*]");
+  EXPECT_EQ(window->windowTitle(), "Zoríkův editor sady komnat - Nová sada[*]");
   EXPECT_EQ(MenuTitles(), (QStringList{"Soubor", "Komnata", "Nápověda", "Přidat"}));
 }
 
@@ -160,6 +162,14 @@ TEST_F(FrmSadaMenusTest, HasItsItemsInTheirOrderWithTheirKeys) {
   EXPECT_EQ(found.join('\n').toStdString(), lines.join('\n').toStdString());
 }
 
+TEST_F(FrmSadaMenusTest, GivesEachEntryALetterOfItsOwnInBothLanguages) {
+  for (const char* const name : {"Default", "English"}) {
+    ASSERT_TRUE(skin.Apply(SkinPlaces{ZORIK_SKINS, name}));
+    window->SetLWEd();
+    EXPECT_EQ(test::MnemonicFaults(window->menuBar()->actions()), QStringList()) << name;
+  }
+}
+
 TEST_F(FrmSadaMenusTest, SpeaksTheLanguageOfTheSkinWhenItOpens) {
   ASSERT_TRUE(skin.Apply(SkinPlaces{ZORIK_SKINS, "English"}));
   Open();
@@ -169,7 +179,7 @@ TEST_F(FrmSadaMenusTest, SpeaksTheLanguageOfTheSkinWhenItOpens) {
   EXPECT_EQ(MenuTitles(), (QStringList{"File", "Cave", "Help", "Add"}));
   EXPECT_EQ(Box("Text3").text(), "New collection");
   EXPECT_EQ(Rows(), Names{"*New small cave"});
-  EXPECT_EQ(window->windowTitle(), "Zorík's collection editor[*]");
+  EXPECT_EQ(window->windowTitle(), "Zorík's collection editor - New collection[*]");
 }
 
 TEST_F(FrmSadaMenusTest, TellsOfEachKeyInAHint) {
