@@ -227,6 +227,12 @@ void CaveModel::EndStroke() {
   Step(std::move(change));
 }
 
+void CaveModel::DropStroke() {
+  if (!stroke_) return;
+  state_ = std::move(stroke_->state);
+  stroke_.reset();
+}
+
 // Replacing
 
 void CaveModel::ReplaceO(char p, char l, int n) {

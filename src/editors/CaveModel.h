@@ -72,6 +72,8 @@ class CaveModel {
   // What is drawn between these two, letters and shapes, is one change.
   void BeginStroke(EditStep step = EditStep::Stroke);
   void EndStroke();
+  // Gives the stroke up that is under way: all is as it was at its begin, what could be redone included.
+  void DropStroke();
 
   // Puts a letter into all cells of a shape, which is one change unless it belongs to a stroke. A dog stands
   // once only: it goes to the last cell of the shape, and the others stay. Returns whether anything has

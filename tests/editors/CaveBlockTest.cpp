@@ -159,5 +159,36 @@ TEST(CaveBlock, TakesAsMuchAsACaveCanHold) {
   EXPECT_EQ(read->height, CaveRecord::kRows);
 }
 
+// A text with some of its bytes changed, left out or put in.
+std::string Spoiled(std::string text, Chance& rnd) {
+  for (std::uint32_t i = rnd.Below(6); i > 0 && !text.empty(); --i) {
+    const std::size_t at = rnd.Below(static_cast<std::uint32_t>(text.size()));
+    const char byte = "\\|:\n\r #xWD1\xC5"[rnd.Below(13)];
+    if (rnd.Below(3) == 0) text[at] = byte;
+    if (rnd.Below(3) == 0) text.insert(at, 1, byte);
+    if (rnd.Below(3) == 0) text.erase(at, rnd.Below(3));
+  }
+  return text;
+}
+
+TEST(CaveBlock, IsWholeOrRefusedWhateverTheText) {
+  Chance rnd(7);
+  int whole = 0;
+  for (int i = 0; i < 3000; ++i) {
+    const CaveBlock block = BlockOf({"W1#.W", "\\x;$W", "W:\xC5.|"});
+    const std::string rows = i % 2 == 0 ? WriteBlock(block) : "#W1\n;DX\n| WWW\n";
+    const auto read = ReadBlock(Spoiled(rows, rnd));
+    if (!read) continue;
+    ++whole;
+    ASSERT_GT(read->width, 0);
+    ASSERT_EQ(read->letters.size(), static_cast<std::size_t>(read->width * read->height));
+    const auto again = ReadBlock(WriteBlock(*read));
+    ASSERT_TRUE(again) << again.Message();
+    EXPECT_EQ(*again, *read);
+  }
+  EXPECT_GT(whole, 300);
+  EXPECT_LT(whole, 2700);
+}
+
 }  // namespace
 }  // namespace zorik

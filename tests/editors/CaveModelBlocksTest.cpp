@@ -59,7 +59,7 @@ TEST(CaveModelBlocks, CountsTheAmoebasOfAShape) {
 
 TEST(CaveModelBlocks, PutsADogOnlyIntoTheLastCellOfAShape) {
   CaveModel model = Opened(kCave);
-  EXPECT_TRUE(model.DrawShape({{1, 3}, {2, 3}, {3, 3}, {9, 3}}, '2', EditStep::Line));
+  EXPECT_TRUE(model.DrawShape({{2, 2}, {3, 2}, {3, 3}, {9, 3}}, '2', EditStep::Line));
   EXPECT_EQ(LettersOf(model), (Picture{"WWWWWWW", "W1..R.W", "W.AD..W", "W..2..W", "WWWWWWW"}));
   EXPECT_EQ(model.Amoebas(), 1);
   ExpectOneStep(model, kCave, EditStep::Line);

@@ -140,6 +140,28 @@ TEST(CaveModelSteps, CountsTheStrokeThatIsUnderWayWhenItGoesToAStep) {
   EXPECT_EQ(model.RedoSteps(), Steps{EditStep::Stroke});
 }
 
+TEST(CaveModelSteps, AreTheSameAfterAStrokeThatWasGivenUp) {
+  CaveModel model = Opened(Full(80, 50, ';'));
+  const auto dropStroke = [&model] {
+    model.BeginStroke();
+    EXPECT_TRUE(model.Draw(1, 40, 'A'));
+    model.DropStroke();
+  };
+  for (int i = 0; i < static_cast<int>(CaveModel::kMostSteps); ++i) model.Draw(i % 80, i / 80, 'A');
+  dropStroke();
+  EXPECT_EQ(model.UndoSteps().size(), CaveModel::kMostSteps) << "not even the first is forgotten";
+  model.UndoTo(CaveModel::kMostSteps - 2);
+  const CaveRecord before = model.Cave();
+  dropStroke();
+  model.DropStroke();
+  model.EndStroke();
+  EXPECT_EQ(model.Cave(), before);
+  EXPECT_EQ(model.Amoebas(), model.NuOfOb('A'));
+  EXPECT_EQ(model.RedoSteps(), (Steps{EditStep::Stroke, EditStep::Stroke}));
+  model.UndoTo(0);
+  EXPECT_EQ(LettersOf(model), Full(80, 50, ';'));
+}
+
 TEST(CaveModelSteps, TakeBoundedMemoryHoweverLongTheTexts) {
   CaveModel model = Opened(kFive);
   for (int i = 0; i < 600; ++i) model.SaveScript(std::string(100000, static_cast<char>('a' + i % 26)));
