@@ -21,6 +21,8 @@ using TextPlace = std::string EditedCollection::*;
 constexpr std::array<TextPlace, 4> kTexts{&EditedCollection::Name, &EditedCollection::Author,
                                           &EditedCollection::Mail, &EditedCollection::Description};
 
+constexpr std::array<SadaAct, 4> kActs{SadaAct::Name, SadaAct::Author, SadaAct::Mail, SadaAct::Description};
+
 TextPlace PlaceOf(SadaText text) {
   return kTexts[static_cast<std::size_t>(text)];
 }
@@ -32,6 +34,12 @@ bool IsSameFile(const std::string& one, const std::string& other) {
 
 std::size_t Index(int number) {
   return static_cast<std::size_t>(number);
+}
+
+// The name in a cave's text; empty for one that does not parse.
+std::string NameIn(const std::string& cave) {
+  Result<CaveRecord> record = ParseCaveText(cave);
+  return record ? std::move(record->Name) : std::string();
 }
 
 // Leaves out what cannot be read; the flags of the rest go with their caves.
@@ -54,7 +62,7 @@ SadaModel::SadaModel(SadaWords words, std::uint64_t seed) : words_(std::move(wor
 }
 
 void SadaModel::New() {
-  fileName_.clear();
+  RememberLeaving(SadaAct::New);
   sada_ = {};
   sada_.Name = words_.Name;
   sada_.Mail = kNoMail;
@@ -63,27 +71,33 @@ void SadaModel::New() {
   sada_.CaveList = {NewCave(NewCaveSize::Small)};
   GetNames(0);
   chg_ = false;
-  faulty_ = false;
-  keptAs_.clear();
+  file_ = {};
+  file_.Saved = Shared();
 }
 
 Result<SadaModel::OpenReport> SadaModel::Open(const std::string& path) {
   const Result<std::string> bytes = ReadWhole(path);
   if (!bytes) return Failure{bytes.Message()};
-  Result<EditedCollection> read = ReadForEditor(*bytes);
+  Result<OpenReport> report = Read(*bytes);
+  if (!report || report->Closed) return report;
+  file_ = {path, !report->Faults.empty(), {}, Shared()};
+  chg_ = file_.Faulty;
+  return report;
+}
+
+// Takes the place of what was there; where that comes from is for the caller to say.
+Result<SadaModel::OpenReport> SadaModel::Read(const std::string& bytes) {
+  Result<EditedCollection> read = ReadForEditor(bytes);
   if (!read) return Failure{read.Message()};
   OpenReport report;
   report.Closed = read->Closed;
   if (report.Closed) return report;
+  RememberLeaving(SadaAct::Open);
   sada_ = std::move(*read);
-  report.Faults = FaultsOfCollection(*bytes);
+  report.Faults = FaultsOfCollection(bytes);
   DropUnreadable(sada_);
   if (sada_.CaveList.empty()) sada_.CaveList = {NewCave(NewCaveSize::Small)};
   GetNames(0);
-  fileName_ = path;
-  faulty_ = !report.Faults.empty();
-  keptAs_.clear();
-  chg_ = faulty_;
   return report;
 }
 
@@ -99,20 +113,20 @@ Result<SadaModel::SaveReport> SadaModel::Save(const std::string& path) {
   const Result<std::string> bytes = BuildCollection(sada_, decoration_);
   if (!bytes) return Failure{bytes.Message()};
   SaveReport report;
-  if (faulty_ && IsSameFile(path, fileName_)) {
+  if (file_.Faulty && IsSameFile(path, file_.Path)) {
     Result<std::string> copy = KeepBeside(path);
     if (!copy) return Failure{copy.Message()};
-    keptAs_ = *std::move(copy);
-    faulty_ = false;  // should writing fail now, the next try needs no second copy
+    file_.KeptAs = *std::move(copy);
+    file_.Faulty = false;  // should writing fail now, the next try needs no second copy
   }
   const Result<Done> written = WriteWhole(path, *bytes);
   if (!written) return Failure{written.Message()};
-  report.KeptAs = std::exchange(keptAs_, {});
+  report.KeptAs = std::move(file_.KeptAs);
   report.CongratulationLeftOut = EndsWithMarker(sada_.CongratulationText);
   if (report.CongratulationLeftOut) sada_.CongratulationText.clear();
-  fileName_ = path;
-  faulty_ = false;
+  file_ = {path, false, {}, Shared()};
   chg_ = false;
+  EndTyping();  // so that one can come back to what was saved
   return report;
 }
 
@@ -121,13 +135,18 @@ const std::string& SadaModel::Text(SadaText text) const {
 }
 
 void SadaModel::SetText(SadaText text, std::string value) {
-  sada_.*PlaceOf(text) = std::move(value);
   chg_ = true;
+  if (sada_.*PlaceOf(text) == value) return;
+  if (typing_ != text) Remember(kActs[static_cast<std::size_t>(text)]);
+  typing_ = text;
+  sada_.*PlaceOf(text) = std::move(value);
 }
 
 void SadaModel::SetCongratulation(std::string text) {
-  sada_.CongratulationText = std::move(text);
   chg_ = true;
+  if (sada_.CongratulationText == text) return;
+  Remember(SadaAct::Congratulation);
+  sada_.CongratulationText = std::move(text);
 }
 
 void SadaModel::Select(int number) {
@@ -136,13 +155,34 @@ void SadaModel::Select(int number) {
 
 void SadaModel::ToggleOpen(int number) {
   if (number < 2 || number > ListCount()) return;
+  Remember(SadaAct::Mark, Name(number));
   sada_.OpenFlags.flip(Index(number));
   chg_ = true;
 }
 
-void SadaModel::AddCave(std::string text) {
+void SadaModel::AddCave(std::string text, NewCavePlace place) {
   chg_ = true;
   if (sada_.CaveList.size() > kMostToAdd) return;
+  Remember(SadaAct::Add, NameIn(text));
+  Append(std::move(text), place);
+}
+
+void SadaModel::AddCave(NewCaveSize size, NewCavePlace place) {
+  AddCave(NewCave(size), place);
+}
+
+void SadaModel::Paste(NewCavePlace place) {
+  chg_ = true;
+  if (sada_.CaveList.size() > kMostToAdd) return;
+  Remember(SadaAct::Paste, NameIn(clipCave_));
+  Append(clipCave_, place);
+}
+
+void SadaModel::Append(std::string text, NewCavePlace place) {
+  if (place == NewCavePlace::End) {
+    selected_ = ListCount() + 1;
+    sada_.OpenFlags.reset(Index(selected_));
+  }
   for (int number = ListCount(); number >= selected_; --number) {
     sada_.OpenFlags.set(Index(number) + 1, IsOpen(number));
   }
@@ -150,25 +190,35 @@ void SadaModel::AddCave(std::string text) {
   GetNames(selected_ - 1);
 }
 
-void SadaModel::AddCave(NewCaveSize size) {
-  AddCave(NewCave(size));
-}
-
 void SadaModel::Up() {
   if (selected_ <= 1) return;
+  Remember(SadaAct::Up, Name(selected_));
   Swap(selected_ - 1);
   GetNames(selected_ - 2);
 }
 
 void SadaModel::Down() {
   if (selected_ >= ListCount()) return;
+  Remember(SadaAct::Down, Name(selected_));
   Swap(selected_);
   GetNames(selected_);
 }
 
 void SadaModel::Delete() {
+  if (ListCount() == 1) return;
+  Remember(SadaAct::Delete, Name(selected_));
+  Remove();
+}
+
+void SadaModel::Cut() {
+  if (ListCount() == 1) return;
+  Remember(SadaAct::Cut, Name(selected_));
+  Copy();
+  Remove();
+}
+
+void SadaModel::Remove() {
   const int count = ListCount();
-  if (count == 1) return;
   for (int number = selected_; number < count; ++number) {
     sada_.OpenFlags.set(Index(number), IsOpen(number + 1));
   }
@@ -179,17 +229,27 @@ void SadaModel::Delete() {
 }
 
 void SadaModel::SetSelected(std::string text) {
+  if (Cave(selected_) == text) return;
+  Remember(SadaAct::Edit, Name(selected_));
   sada_.CaveList[Index(selected_) - 1] = std::move(text);
   GetNames(selected_ - 1);
+  chg_ = true;
+}
+
+void SadaModel::Import(EditedCollection sada) {
+  RememberLeaving(SadaAct::Import);
+  sada_ = std::move(sada);
+  DropUnreadable(sada_);
+  if (sada_.CaveList.empty()) sada_.CaveList = {NewCave(NewCaveSize::Small)};
+  GetNames(0);
+  file_ = {};
+  chg_ = true;
 }
 
 // Reads the names anew, opens cave 1 and selects the row behind this one, or the last row.
 void SadaModel::GetNames(int selection) {
   names_.clear();
-  for (const std::string& cave : sada_.CaveList) {
-    Result<CaveRecord> record = ParseCaveText(cave);
-    names_.push_back(record ? std::move(record->Name) : std::string());
-  }
+  for (const std::string& cave : sada_.CaveList) names_.push_back(NameIn(cave));
   sada_.OpenFlags.set(1);
   selected_ = std::min(selection, ListCount() - 1) + 1;
 }

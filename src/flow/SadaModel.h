@@ -10,8 +10,11 @@
 #include "data/Collection.h"
 #include "data/CollectionFaults.h"
 #include "data/ResultFwd.h"
+#include "flow/SadaHistory.h"
 
 namespace zorik {
+
+struct KeptSada;
 
 // What the language gives to a new collection and to its caves, in Windows-1250.
 struct SadaWords {
@@ -23,8 +26,12 @@ struct SadaWords {
 // The texts of a collection that have a box of their own.
 enum class SadaText { Name, Author, Mail, Description };
 
+// Where a further cave comes: before the chosen one, or behind all.
+enum class NewCavePlace { Chosen, End };
+
 // The collection that is being edited: its texts, its caves as texts, the caves that are open from the start
-// and the editor's own clipboard. Caves count from 1, texts are bytes in Windows-1250, paths are UTF-8.
+// and the editor's own clipboard. Whatever is done to it can be taken back. Caves count from 1, texts are
+// bytes in Windows-1250, paths are UTF-8.
 class SadaModel {
  public:
   // From one cave more on the collection is full and takes no further one.
@@ -38,7 +45,8 @@ class SadaModel {
   // The language has changed; what is in the collection stays.
   void SetWords(SadaWords words) { words_ = std::move(words); }
 
-  // mnuNew_Click: drops everything but the clipboard for a new collection with one small cave.
+  // mnuNew_Click: drops everything but the clipboard for a new collection with one small cave. A new one that
+  // nobody touched is replaced without a step.
   void New();
 
   // What a file was found to be.
@@ -51,6 +59,14 @@ class SadaModel {
   // any fault the collection counts as changed, and the next save into this file keeps what it held. Fails
   // when the file or its first lines cannot be read, and changes nothing then.
   Result<OpenReport> Open(const std::string& path);
+
+  // What is to be kept of it while it is edited. A cave that is with the cave editor has the place of the
+  // selected one.
+  Result<KeptSada> Kept(const std::optional<std::string>& cave) const;
+
+  // Goes on with what was kept, under the path that it had; it counts as changed. The answer is as that of
+  // Open.
+  Result<OpenReport> TakeUp(const KeptSada& kept);
 
   // A text that the file has no room for.
   struct TooLong {
@@ -71,14 +87,16 @@ class SadaModel {
   Result<SaveReport> Save(const std::string& path);
 
   // Empty for a collection that was not saved yet.
-  const std::string& FileName() const { return fileName_; }
+  const std::string& FileName() const { return file_.Path; }
 
   // Whether the collection counts as changed since the last save.
   bool Chg() const { return chg_; }
   void SetChg() { chg_ = true; }
 
   const std::string& Text(SadaText text) const;
+  // What is typed into one text is one step, until EndTyping.
   void SetText(SadaText text, std::string value);
+  void EndTyping() { typing_.reset(); }
 
   const std::string& CongratulationText() const { return sada_.CongratulationText; }
   void SetCongratulation(std::string text);
@@ -98,12 +116,14 @@ class SadaModel {
 
   // Puts a cave at the selected place; this and all later ones move down, with their flags, and the new one
   // takes over the flag of the place. A full collection loses the cave and counts as changed all the same.
-  void AddCave(std::string text);
-  void AddCave(NewCaveSize size);
+  // Behind all caves it takes over no flag.
+  void AddCave(std::string text, NewCavePlace place = NewCavePlace::Chosen);
+  void AddCave(NewCaveSize size, NewCavePlace place = NewCavePlace::Chosen);
 
   const std::string& ClipCave() const { return clipCave_; }
   void Copy() { clipCave_ = Cave(selected_); }
-  void Paste() { AddCave(clipCave_); }
+  void Cut();
+  void Paste(NewCavePlace place = NewCavePlace::Chosen);
 
   // Swap the selected cave and its flag with the neighbour, if there is one.
   void Up();
@@ -115,7 +135,30 @@ class SadaModel {
   // SetKKKtoK: stores an edited cave at the selected place.
   void SetSelected(std::string text);
 
+  // Takes texts and caves from somewhere else, in place of all that is here; there is no file then. Caves
+  // that do not parse are left out.
+  void Import(EditedCollection sada);
+
+  // The steps that can be taken back, and those that can be done again; the next one comes first.
+  std::vector<SadaStep> UndoSteps() const { return history_.UndoSteps(); }
+  std::vector<SadaStep> RedoSteps() const { return history_.RedoSteps(); }
+  // So many of them. Beyond a new or another collection the former one comes back with its file. What comes
+  // back counts as changed unless the file holds exactly that.
+  void Undo(int steps = 1);
+  void Redo(int steps = 1);
+  // What all steps take.
+  std::size_t HistoryBytes() const { return history_.Bytes(); }
+
  private:
+  SadaState State();
+  void Remember(SadaAct act, std::string cave = {});
+  void RememberLeaving(SadaAct act);
+  void Enter(SadaHistory::Way way);
+  void LookAtFile();
+  void Remove();
+  void Append(std::string text, NewCavePlace place);
+  std::shared_ptr<const SadaMoment> Shared();
+  Result<OpenReport> Read(const std::string& bytes);
   void GetNames(int selection);
   void Swap(int upper);
   std::string NewCave(NewCaveSize size) const;
@@ -124,12 +167,12 @@ class SadaModel {
   Chance decoration_;
   EditedCollection sada_;
   std::vector<std::string> names_;
-  std::string fileName_;
+  SadaFile file_;
   std::string clipCave_;
   int selected_ = 1;
   bool chg_ = false;
-  bool faulty_ = false;  // the file on the disk holds what is not in here
-  std::string keptAs_;   // its copy, until the collection is written
+  std::optional<SadaText> typing_;  // the text that the last step goes on with
+  SadaHistory history_;
 };
 
 }  // namespace zorik
