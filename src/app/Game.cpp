@@ -13,6 +13,7 @@
 #include "editors/FrmCat.h"
 #include "editors/FrmMain.h"
 #include "editors/FrmSada.h"
+#include "editors/ProofDesk.h"
 #include "platform/PathText.h"
 #include "screens/CavesOffer.h"
 #include "screens/DesktopServices.h"
@@ -139,13 +140,16 @@ void Game::ConnectScreens() {
     hra_.Controls().Record().PlayAgain();
   });
   connect(&winFlow_, &WinFlow::ShowStart, this, &Game::ShowStart);
-  connect(&winFlow_, &WinFlow::ShowEditor, this, &Game::ShowEditor);
+  connect(&winFlow_, &WinFlow::ShowEditor, this, &Game::TestWon);
 }
 
 FrmSada& Game::CollectionEditor() {
   if (frmSada_) return *frmSada_;
   frmSada_ = std::make_unique<FrmSada>(skin_, paths_, flow_.Sada());
   connect(frmSada_.get(), &FrmSada::EditCave, this, &Game::EditCave);
+  connect(frmSada_.get(), &FrmSada::Saved, this, [this] {
+    if (frmMain_) frmMain_->Proof().CollectionSaved(flow_.Sada());
+  });
   connect(frmSada_.get(), &FrmSada::Closed, this, [this] {
     ShowStart();
     frmStart2_.SelectFile(PathText(flow_.Sada().FileName()));
@@ -161,6 +165,11 @@ FrmMain& Game::CaveEditor() {
   frmMain_ = std::make_unique<FrmMain>(skin_, editCat, std::random_device()());
   connect(frmMain_.get(), &FrmMain::Done, &CollectionEditor(), &FrmSada::CaveDone);
   connect(frmMain_.get(), &FrmMain::TestRun, this, &Game::TestRun);
+  connect(&frmMain_->Proof(), &ProofDesk::TryRun, this, [this](const std::string& record, int tick) {
+    TryOut([&] { return flow_.TryRun(record); }, tick);
+  });
+  connect(&frmMain_->Proof(), &ProofDesk::TryCave, this,
+          [this](const std::string& caveText) { TryOut([&] { return flow_.TryCave(caveText); }, 0); });
   return *frmMain_;
 }
 
@@ -285,6 +294,18 @@ void Game::TestRun(const std::string& caveText) {
   zorik::Tell(skin_, frmMain_.get(), skin_.Text(TextId::Program), kNoCaveWords.In(skin_));
 }
 
+void Game::TryOut(const std::function<Result<Done>()>& step, int tick) {
+  frmMain_->hide();
+  if (Begun(step)) return hra_.Controls().TryFrom(tick);
+  ShowEditor();
+  zorik::Tell(skin_, frmMain_.get(), skin_.Text(TextId::Program), kNoCaveWords.In(skin_));
+}
+
+void Game::TestWon() {
+  ShowEditor();
+  frmMain_->Proof().Won(flow_.Won().Bytes);
+}
+
 void Game::ShowEditor() {
   frmMain_->ComeBack();
   hra_.hide();
@@ -337,7 +358,7 @@ OnScreen Game::WhatShows() const {
   screen.Box = QApplication::activeModalWidget() != nullptr || QApplication::activePopupWidget() != nullptr;
   screen.Score = flow_.Busy();
   const bool editing = (frmSada_ && frmSada_->isVisible()) || (frmMain_ && frmMain_->isVisible());
-  screen.Editors = editing || (hra_.isVisible() && flow_.Kind() == RunKind::Test);
+  screen.Editors = editing || (hra_.isVisible() && flow_.FromEditor());
   screen.Run = hra_.isVisible();
   return screen;
 }

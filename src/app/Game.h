@@ -67,6 +67,8 @@ class Game : public QObject {
   bool Begun(const std::function<Result<Done>()>& step);
   void EditCave(const std::string& caveText, const CaveOrigin& origin);
   void TestRun(const std::string& caveText);
+  void TryOut(const std::function<Result<Done>()>& step, int tick);
+  void TestWon();
   void ShowEditor();
   void EndGame();
   void StoreAgain();

@@ -16,6 +16,8 @@
 #include "editors/FrmFormality.h"
 #include "editors/FrmStats.h"
 #include "editors/Palette.h"
+#include "editors/ProofDesk.h"
+#include "editors/ProofOffer.h"
 #include "editors/SidePanel.h"
 #include "editors/ToolHint.h"
 #include "editors/ToolNames.h"
@@ -65,6 +67,7 @@ FrmMain::FrmMain(Skin& skin, CatEditor editCat, std::uint64_t seed, QWidget* par
 
 // What the window's parts still tell while they go is of no use any more.
 FrmMain::~FrmMain() {
+  delete proof_;
   palette_->disconnect(this);
   view_->disconnect(this);
   view_->Picture().disconnect(this);
@@ -105,6 +108,8 @@ void FrmMain::LayOut() {
   panel_ = new SidePanel(*view_, middle);
   rows->addLayout(bar);
   rows->addWidget(palette_, 0, Qt::AlignLeft);
+  proof_ = new ProofDesk(skin_, model_, view_->Picture(), *panel_);
+  rows->addWidget(&proof_->Offer());
   rows->addWidget(panel_, 1);
   setCentralWidget(middle);
   setTabOrder(labels_[kDogButton], palette_);
@@ -124,6 +129,7 @@ void FrmMain::ConnectTools() {
   connect(&picture, &EditKom::Drawn, this, &FrmMain::DrawCell);
   connect(&picture, &EditKom::StrokeEnds, this, [this] {
     model_.EndStroke();
+    proof_->CaveChanged();
     UpdateMenus();
   });
   connect(&picture, &EditKom::MarkMoved, this, &FrmMain::UpdateStatus);
@@ -146,6 +152,7 @@ void FrmMain::MakeStatusBar() {
 void FrmMain::SetLW() {
   menus_.SetCaptions(skin_);
   panel_->SetLW(skin_);
+  proof_->SetLW();
   const auto name = [this](LabelPlace place, const char* key) {
     labels_[place]->setText(" " + InMenu(skin_.Caption(key)) + " ");
     labels_[place]->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
@@ -232,6 +239,7 @@ FrmMain::Start FrmMain::Edit(const std::string& caveText, const CaveOrigin& orig
   // The skin or the screen may be another one by now.
   shownScheme_ = -1;
   ShowOpened();
+  proof_->Opened(origin_);
   ComeBack();
   if (report->empty() || FrmFormality::AskToOpen(skin_, this, *report)) return Start::Editing;
   hide();
@@ -274,6 +282,7 @@ void FrmMain::closeEvent(QCloseEvent* event) {
     event->ignore();
     return;
   }
+  proof_->Leave();
   StoreSize(*this);
   event->accept();
   emit Done(*text);
@@ -284,6 +293,7 @@ void FrmMain::closeEvent(QCloseEvent* event) {
 
 void FrmMain::AfterChange() {
   view_->Picture().EndStroke();
+  proof_->CaveChanged();
   const QSize size(model_.Width(), model_.Height());
   if (size != shownSize_) {
     shownSize_ = size;

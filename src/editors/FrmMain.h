@@ -22,6 +22,7 @@ namespace zorik {
 class CaveView;
 class FrmFormality;
 class Palette;
+class ProofDesk;
 class SidePanel;
 class Skin;
 class ToolHint;
@@ -60,6 +61,7 @@ class FrmMain : public QMainWindow {
   void ComeBack();
 
   const CaveModel& Model() const { return model_; }
+  ProofDesk& Proof() { return *proof_; }
 
  signals:
   // The editor is being left with this cave text, in Windows-1250; Closed follows.
@@ -124,6 +126,7 @@ class FrmMain : public QMainWindow {
   Palette* palette_ = nullptr;
   ToolHint* hint_ = nullptr;
   CaveView* view_ = nullptr;
+  ProofDesk* proof_ = nullptr;
   SidePanel* panel_ = nullptr;  // around the view
   FrmFormality* frmFormality_ = nullptr;
   QLabel* lblAmoebas_ = nullptr;

@@ -5,6 +5,7 @@
 #include "editors/CaveView.h"
 #include "editors/FrmMain.h"
 #include "editors/Palette.h"
+#include "editors/ProofDesk.h"
 #include "editors/SidePanel.h"
 #include "screens/Marks.h"
 #include "screens/PlainText.h"
@@ -67,6 +68,8 @@ void FrmMain::MakeCaveMenu() {
   menus_.Add(*mnuCave_, "mnuProps", "caption.main.props", "F4", [this] { ShowProperties(); });
   menus_.Add(*mnuCave_, "mnuCat", "caption.main.cat", "F6", [this] { EditScript(); });
   menus_.Add(*mnuCave_, "mnuTest", "caption.main.test", "F5", [this] { Test(); });
+  menus_.Add(*mnuCave_, "mnuTryDog", "caption.proof.trydog", "Shift+F5", [this] { proof_->TryWithDog(); });
+  menus_.Add(*mnuCave_, "mnuTry", "caption.proof.try", "Ctrl+F5", [this] { proof_->Try(); });
   mnuCave_->addSeparator();
   menus_.Add(*mnuCave_, "mnuLeave", "caption.sada.close", "Ctrl+W; Esc", [this] { close(); });
 }

@@ -254,6 +254,7 @@ Result<Done> FrmSada::Store(const QString& path) {
   }();
   AfterChange();
   if (!saved) return Failure{saved.Message()};
+  emit Saved();
   TellSaved(*saved);
   return Done{};
 }

@@ -41,6 +41,8 @@ class FrmSada : public QMainWindow {
   // The selected cave is to be edited. The window goes when this returns, unless CaveDone was called
   // meanwhile, and comes back with CaveDone.
   void EditCave(const std::string& text, const CaveOrigin& origin);
+  // The collection was written to its file.
+  void Saved();
   // The editor was closed.
   void Closed();
 

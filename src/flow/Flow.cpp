@@ -84,7 +84,10 @@ Result<Done> Flow::Begin(const std::string& collection, const std::string& playe
   const std::string collectionBefore = std::exchange(hra_.CollectionName, collection);
   const std::string playerBefore = std::exchange(hra_.PlayerName, player);
   Result<Done> begun = step();
-  if (begun) return begun;
+  if (begun) {
+    tried_ = false;
+    return begun;
+  }
   hra_.CollectionName = collectionBefore;
   hra_.PlayerName = playerBefore;
   return begun;
@@ -97,7 +100,7 @@ std::optional<std::string> Flow::MadeByAnother() const {
 
 WayBack Flow::Leave() {
   EndGame(hra_);
-  return WayBackFrom(hra_);
+  return tried_ ? WayBack::Editor : WayBackFrom(hra_);
 }
 
 // The win
@@ -187,6 +190,19 @@ Result<Done> Flow::TestRun(const std::string& caveText) {
   Result<Done> started = Begin(sada_.Text(SadaText::Name), editor_, step);
   if (started) slot_ = TestSlot();
   return started;
+}
+
+Result<Done> Flow::TryRun(const std::string& record) {
+  Result<Done> begun = Begin({}, kNobody, [&] { return zorik::Replay(hra_, record); });
+  if (begun) tried_ = true;
+  return begun;
+}
+
+Result<Done> Flow::TryCave(const std::string& caveText) {
+  const auto step = [&] { return PaintCave(hra_, caveText, RunKind::Practice); };
+  Result<Done> begun = Begin(sada_.Text(SadaText::Name), kNobody, step);
+  if (begun) tried_ = true;
+  return begun;
 }
 
 // Of a cave that is tried out there is one record, whatever became of the cave since.

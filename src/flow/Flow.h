@@ -151,6 +151,14 @@ class Flow {
   // Plays a cave out of the cave editor.
   Result<Done> TestRun(const std::string& caveText);
 
+  // Lets a run that a record tells, or a cave, be tried out of the cave editor: in practice, which leads back
+  // there. The record's run is a replay until it is taken over.
+  Result<Done> TryRun(const std::string& record);
+  Result<Done> TryCave(const std::string& caveText);
+
+  // Whether the run comes from the cave editor.
+  bool FromEditor() const { return tried_ || hra_.EditorRun(); }
+
  private:
   enum class Showing { None, First, Last };
 
@@ -165,7 +173,8 @@ class Flow {
   FlowFolders folders_;
   std::string editor_;  // the player in the editors
   std::optional<Selection> selection_;
-  RecordSlot slot_;  // of the last run that could get a record, since its start
+  bool tried_ = false;  // the run out of the cave editor, in practice
+  RecordSlot slot_;     // of the last run that could get a record, since its start
   UnstoredWins wins_;
   std::string rival_;
   SadaModel sada_;

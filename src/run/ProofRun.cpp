@@ -207,11 +207,11 @@ std::optional<ProofFlaw> ProofRun::NotWon(const ProofTick& tick) const {
 void ProofRun::End() {
   over_ = true;
   verdict_.wins = run_->Win.has_value();
+  const int score = verdict_.wins ? run_->Win->Score : 0;
+  verdict_.record = BuildRecordHead(proof_->CollectionName(), score, {}, run_->Decoration) + head_ + lines_;
   if (!verdict_.wins) return;
   verdict_.flaw.reset();
   verdict_.missing.reset();
-  verdict_.record =
-      BuildRecordHead(proof_->CollectionName(), run_->Win->Score, {}, run_->Decoration) + head_ + lines_;
 }
 
 }  // namespace zorik

@@ -42,7 +42,7 @@ struct ProofVerdict {
   int otherChance = 0;        // ticks in which chance was asked for something else than in the proof
   std::vector<Footstep> way;  // of the dogs; from tick 0, where they begin
   std::vector<bool> touched;  // by the cells' places
-  std::string record;         // of the win in this cave
+  std::string record;         // of the run in this cave, as far as it goes
 };
 
 // Does a proof still win when its cave has become another one? It plays the proof's keys there. A record has

@@ -291,6 +291,11 @@ void Practice::CouldBeSaved(int tick) {
   Wait(true);
 }
 
+void Practice::WaitForKey() {
+  Wait(true);
+  Say(kWaitsForKeyWords.In(skin_), true);
+}
+
 void Practice::Wait(bool waits) {
   waits_ = waits;
   if (waits) {

@@ -45,6 +45,9 @@ class Practice : public RunControl {
   // A record has been taken over at the end of this.
   void Continue(Timeline past);
 
+  // Time stands still until the player presses a key, and is told so.
+  void WaitForKey();
+
   const PracticeBadge& Badge() const { return *badge_; }
   const PracticeBar& Bar() const { return *bar_; }
   const WayHint& Hint() const { return hint_; }

@@ -24,6 +24,11 @@ void RunControls::Starts(bool again) {
   Now().Starts(again);
 }
 
+void RunControls::TryFrom(int tick) {
+  if (window_.Machine().ReplayPlaying()) theatre_.TakeOverAt(tick);
+  practice_.WaitForKey();
+}
+
 void RunControls::TakeOver() {
   Timeline past = theatre_.HandOver();
   zorik::TakeOver(window_.Machine());

@@ -14,6 +14,10 @@ class RunControls {
   // A run has been started; again: it was on before.
   void Starts(bool again);
 
+  // Begins practice at a tick of the record that has just been started, or where a run in practice is; either
+  // waits for a key.
+  void TryFrom(int tick);
+
   RunControl& Now();
   Theatre& Record() { return theatre_; }
   Practice& Training() { return practice_; }

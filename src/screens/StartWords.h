@@ -120,6 +120,7 @@ inline constexpr StartWords kSeekingWayWords{"caption.practice.seeking"};
 inline constexpr StartWords kWayShownWords{"caption.practice.shown"};
 inline constexpr StartWords kNoWayFoundWords{"caption.practice.notfound"};
 inline constexpr StartWords kPractisedByWords{"caption.practice.by"};
+inline constexpr StartWords kWaitsForKeyWords{"caption.practice.waits"};
 inline constexpr StartWords kPracticeLostWords{"caption.practice.lost"};
 inline constexpr StartWords kTimeIsUpWords{"caption.practice.timeup"};
 inline constexpr StartWords kPracticeWonWords{"caption.practice.won"};

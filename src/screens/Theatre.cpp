@@ -177,6 +177,11 @@ void Theatre::TakeOver() {
   emit TakeOverWanted();
 }
 
+void Theatre::TakeOverAt(int tick) {
+  SeekTo(tick);
+  TakeOver();
+}
+
 void Theatre::WhatKilledMe() {
   AskWhatKilled(*timeline_, skin_);
 }

@@ -36,6 +36,9 @@ class Theatre : public RunControl {
   // The record that was played, once more at the speed of play.
   void PlayAgain();
 
+  // The player takes over at a tick of the record.
+  void TakeOverAt(int tick);
+
   // The run as far as it was played, of which the player takes over the moment that is seen.
   Timeline HandOver();
 

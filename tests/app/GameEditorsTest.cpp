@@ -1,6 +1,9 @@
 #include "app/GameScreens.h"
 #include "data/Lines.h"
+#include "data/ProofFile.h"
 #include "data/Result.h"
+#include "editors/ProofDesk.h"
+#include "screens/RunControls.h"
 
 namespace zorik::test {
 namespace {
@@ -83,6 +86,78 @@ TEST_F(GameEditors, ComeBackFromATryThatWasWonWhenItsScoreIsRead) {
   const RecordHead head = ReadRecordHead(lines);
   EXPECT_EQ(head.CollectionName, "Alfa");
   EXPECT_EQ(head.Player, "");
+}
+
+// Wins a try, and takes it for the cave's proof.
+class GameProof : public GameEditors {
+ protected:
+  void WinATry() const {
+    TestRun();
+    Press(Screen<HraWindow>(), Qt::Key_Right);
+    ASSERT_TRUE(Wait(Shows<FrmAnalyze>));
+    Press(Screen<FrmAnalyze>(), Qt::Key_Return);
+    ASSERT_TRUE(Wait([] { return !Shows<FrmAnalyze>() && Shows<FrmMain>(); }));
+  }
+  static bool Offered() { return Screen<FrmMain>()->findChild<QWidget*>("proofOffer")->isVisible(); }
+  std::string ProofFile() const { return ProofPath(folder.Root() + "/Caves/a.zk", "Jedna"); }
+  void TakeProof() const {
+    WinATry();
+    Click(Screen<FrmMain>(), "btnTake");
+    ASSERT_TRUE(Wait([] { return Screen<FrmMain>()->Proof().Watch().Verdict() != nullptr; }));
+  }
+  bool NothingCounts() const {
+    return std::filesystem::is_empty(folder.Root() + "/Players/Ada") &&
+           !std::filesystem::exists(folder.Root() + "/Players/Ada/" + RecordFileName("Alfa", "Jedna"));
+  }
+};
+
+TEST_F(GameProof, IsOfferedAfterATryThatWasWonAndNoOther) {
+  TestRun();
+  Close(Screen<HraWindow>());
+  ASSERT_TRUE(Wait(Shows<FrmMain>));
+  EXPECT_FALSE(Offered());
+  TakeProof();
+  EXPECT_TRUE(Screen<FrmMain>()->Proof().Watch().Verdict()->wins);
+  EXPECT_TRUE(std::filesystem::exists(ProofFile()));
+  Leave();
+}
+
+TEST_F(GameProof, IsTriedFromATickInPracticeThatLeadsBackToTheEditor) {
+  TakeProof();
+  const auto tests = ReadWhole(folder.Root() + "/Replays/" + TestRecordFileName("Jedna"));
+  emit Screen<FrmMain>()->Proof().TryRun(*ReadWhole(ProofFile()), 0);
+  ASSERT_TRUE(Wait(Shows<HraWindow>));
+  EXPECT_FALSE(Shows<FrmMain>());
+  HraWindow& window = *Screen<HraWindow>();
+  EXPECT_TRUE(window.Machine().Practising());
+  EXPECT_TRUE(window.Controls().Training().Waits());
+  const int ticks = window.Machine().Ticks;
+  QTest::qWait(300);
+  EXPECT_EQ(window.Machine().Ticks, ticks) << "it waits for a key";
+  Press(&window, Qt::Key_Right);
+  EXPECT_TRUE(Wait([&] { return window.Machine().Win.has_value(); }));
+  EXPECT_FALSE(Shows<FrmAnalyze>());
+  Press(&window, Qt::Key_Escape);
+  EXPECT_TRUE(Wait(Shows<FrmMain>));
+  EXPECT_FALSE(Offered()) << "practice proves nothing";
+  EXPECT_TRUE(NothingCounts());
+  EXPECT_EQ(*ReadWhole(folder.Root() + "/Replays/" + TestRecordFileName("Jedna")), *tests);
+  Leave();
+}
+
+TEST_F(GameProof, AsksForNoneOfACaveThatIsTriedWithItsDogElsewhere) {
+  emit Screen<FrmMain>()->Proof().TryCave(OneStepCave("Jedna"));
+  ASSERT_TRUE(Wait(Shows<HraWindow>));
+  EXPECT_TRUE(Screen<HraWindow>()->Machine().Practising());
+  EXPECT_TRUE(Screen<HraWindow>()->Controls().Training().Waits());
+  Close(Screen<HraWindow>());
+  EXPECT_TRUE(Wait(Shows<FrmMain>));
+  EXPECT_TRUE(NothingCounts());
+  TestRun();
+  EXPECT_TRUE(Screen<HraWindow>()->Machine().EditorRun()) << "a test is a test again";
+  Close(Screen<HraWindow>());
+  EXPECT_TRUE(Wait(Shows<FrmMain>));
+  Leave();
 }
 
 }  // namespace

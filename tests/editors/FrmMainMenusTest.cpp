@@ -75,6 +75,8 @@ TEST_F(FrmMainMenusTest, HasItsItemsInTheirOrderWithTheirKeys) {
       "  mnuProps | Vlastnosti | F4",
       "  mnuCat | Program kočky | F6",
       "  mnuTest | Odzkoušet | F5",
+      "  mnuTryDog | Zkusit se Zoríkem u ukazatele | Shift+F5",
+      "  mnuTry | Zkusit od tiku | Ctrl+F5",
       "  -",
       "  mnuLeave | Zavřít | Ctrl+W | Esc",
       "PesMenu | Výběr Zoríka",

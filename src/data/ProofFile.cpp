@@ -1,0 +1,29 @@
+#include "data/ProofFile.h"
+
+#include <filesystem>
+
+#include "data/CaveO.h"
+#include "data/Cp1250.h"
+#include "data/Files.h"
+#include "data/KeepBeside.h"
+#include "data/Result.h"
+
+namespace zorik {
+
+std::string ProofPath(const std::string& collection, std::string_view caveName) {
+  const std::filesystem::path file(collection);
+  const std::string stem = file.stem().string();
+  const std::string name = FromUtf8(stem).value_or(stem) + " - " + std::string(caveName);
+  return ResolvePath((file.parent_path() / FileSystemName(CleanFileName(name) + ".zkr")).string());
+}
+
+Result<std::string> StoreProof(const std::string& path, const std::string& record) {
+  if (const Result<std::string> held = ReadWhole(path); held && *held == record) return std::string();
+  Result<std::string> kept = KeepBeside(path);
+  if (!kept) return kept;
+  const Result<Done> written = WriteWhole(path, record);
+  if (!written) return Failure{written.Message()};
+  return kept;
+}
+
+}  // namespace zorik

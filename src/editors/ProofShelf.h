@@ -1,0 +1,41 @@
+#pragma once
+
+#include <map>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "data/ResultFwd.h"
+#include "editors/CaveOrigin.h"
+
+namespace zorik {
+
+// Where the proofs of caves are while they are edited: beside the collection's file, or here as long as there
+// is none. Names are in Windows-1250.
+class ProofShelf {
+ public:
+  // The bytes of a cave's proof, empty for none.
+  std::string Find(const CaveOrigin& origin, const std::string& caveName) const;
+
+  // What became of one that was put here.
+  struct Put {
+    bool waits = false;  // for the collection to be saved
+    std::string keptAs;  // path of the copy of an older one; empty where there was none
+  };
+  Result<Put> Keep(const CaveOrigin& origin, const std::string& caveName, const std::string& record);
+
+  // Keeps it here even where there is a file, until the collection is saved the next time.
+  void KeepWaiting(const CaveOrigin& origin, const std::string& caveName, const std::string& record);
+
+  // A collection has been saved: the proofs that wait for it, or for one of its caves as it stands there, are
+  // stored. Those that cannot be go on waiting.
+  Result<Done> Saved(const std::string& collection, const std::string& file,
+                     const std::vector<std::string>& caves);
+
+ private:
+  using Names = std::pair<std::string, std::string>;  // of the collection and the cave
+
+  std::map<Names, std::string> waiting_;
+};
+
+}  // namespace zorik

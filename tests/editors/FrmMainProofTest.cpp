@@ -1,0 +1,290 @@
+#include <QCheckBox>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QSpinBox>
+#include <filesystem>
+
+#include "data/CaveO.h"
+#include "data/Files.h"
+#include "data/ProofFile.h"
+#include "data/Result.h"
+#include "editors/EditorScreen.h"
+#include "editors/ProofDesk.h"
+#include "editors/ToolTable.h"
+#include "flow/SadaModel.h"
+#include "solve/Walks.h"
+#include "support/TempFolder.h"
+
+namespace zorik {
+namespace {
+
+namespace fs = std::filesystem;
+using test::Picture;
+using test::PlanOf;
+using test::TempFolder;
+
+const Picture kCave{"WWWWWWWWW", "W1;D;;;;T", "W;;;;;;;W", "W;;;;;;;W", "WWWWWWWWW"};
+constexpr const char* kWay = "RRRRRRR";
+constexpr const char* kLongerWay = "..RRRRRRR";
+
+std::string TextOf(const Picture& picture) {
+  return test::CaveTextOf(picture, {.needed = 1});
+}
+
+std::string RecordOf(const Picture& picture, const char* keys) {
+  return RecordOfPlan({TextOf(picture), "sada", 0, {}}, PlanOf(keys));
+}
+
+class FrmMainProofTest : public testing::Test, public test::EditorScreen {
+ protected:
+  FrmMainProofTest() { OpenCave(kCave); }
+
+  void OpenCave(const Picture& picture, bool saved = true) {
+    origin.File = saved ? folder.Path() + "/sada.zk" : std::string();
+    origin.Collection = "sada";
+    origin.Number = 1;
+    ASSERT_EQ(window->Edit(TextOf(picture), origin), FrmMain::Start::Editing);
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(window.get()));
+    Answer();
+  }
+
+  std::string Path() const { return ProofPath(folder.Path() + "/sada.zk", "Test"); }
+  void Store(const char* keys) const { ASSERT_TRUE(StoreProof(Path(), RecordOf(kCave, keys))); }
+  void OpenProven() {
+    Store(kWay);
+    OpenCave(kCave);
+  }
+
+  // Waits for the proof to be judged.
+  void Answer() const {
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !window->Proof().Watch().Asking(); }));
+  }
+  bool WorkEnds() const {
+    return QTest::qWaitFor([this] { return window->Proof().Work().Doing() == ProofWork::Kind::None; },
+                           20'000);
+  }
+  std::string Verdict() const {
+    Answer();
+    return Child<QLabel>("lblVerdict").text().toStdString();
+  }
+  std::string Told() const { return Child<QLabel>("lblWork").text().toStdString(); }
+  bool Offers() const { return Child<QWidget>("proofOffer").isVisible(); }
+  void Press(const char* name) const { Child<QPushButton>(name).click(); }
+  void Wall(int x, int y) const {
+    Pick(ToolOfLetter('W'));
+    Click(x, y);
+  }
+  QImage Shown() const { return Area().grab().toImage(); }
+
+  TempFolder folder{"FrmMainProof"};
+  CaveOrigin origin;
+};
+
+TEST_F(FrmMainProofTest, SaysSoWhereThereIsNoProof) {
+  EXPECT_EQ(Verdict(),
+            "Komnata nemá důkaz, že se dá vyhrát. Stane se jím vyhraná zkouška, nebo nalezené řešení.");
+  EXPECT_FALSE(Child<QPushButton>("btnTry").isEnabled());
+  EXPECT_FALSE(Child<QPushButton>("btnRate").isEnabled());
+}
+
+TEST_F(FrmMainProofTest, FindsTheProofBesideTheCollectionAndTellsThatItWins) {
+  OpenProven();
+  EXPECT_EQ(Verdict(), "Důkaz stále vyhrává: tiků 7, sekund 0,7.");
+  EXPECT_FALSE(Child<QPushButton>("btnGo").isVisible());
+}
+
+TEST_F(FrmMainProofTest, TellsTheTickAndTheCellAtWhichAStrokeBreaksTheProof) {
+  OpenProven();
+  Wall(5, 1);
+  EXPECT_TRUE(window->Proof().Watch().Asking()) << "the stroke does not wait for the answer";
+  EXPECT_EQ(Verdict(), "Důkaz selže v tiku 4 na políčku 6, 2. Tah tam nevede, kam vedl. Na políčku: Ocel.");
+  EXPECT_TRUE(Child<QPushButton>("btnGo").isVisible());
+  QTest::keyClick(window.get(), Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(Verdict(), "Důkaz stále vyhrává: tiků 7, sekund 0,7.");
+}
+
+TEST_F(FrmMainProofTest, MarksTheCellOnThePictureWhereTheProofBreaks) {
+  OpenProven();
+  Child<QCheckBox>("chkWay").setChecked(false);
+  const QColor red(255, 48, 48);
+  Move(1, 3, Qt::NoButton);
+  EXPECT_NE(Shown().pixelColor(5 * 26, 1 * 26 + 13), red);
+  Wall(5, 1);
+  Move(1, 3, Qt::NoButton);
+  Answer();
+  EXPECT_EQ(Shown().pixelColor(5 * 26, 1 * 26 + 13), red);
+}
+
+TEST_F(FrmMainProofTest, ShowsTheWayAndTheUntouchedCellsAsLongAsTheyAreWanted) {
+  OpenProven();
+  auto& way = Child<QCheckBox>("chkWay");
+  auto& untouched = Child<QCheckBox>("chkUntouched");
+  way.setChecked(false);
+  untouched.setChecked(false);
+  const QImage bare = Shown();
+  way.setChecked(true);
+  const QImage withWay = Shown();
+  EXPECT_NE(withWay.copy(0, 26, 9 * 26, 26), bare.copy(0, 26, 9 * 26, 26));
+  EXPECT_EQ(withWay.copy(0, 2 * 26, 9 * 26, 3 * 26), bare.copy(0, 2 * 26, 9 * 26, 3 * 26));
+  way.setChecked(false);
+  untouched.setChecked(true);
+  const QImage shaded = Shown();
+  EXPECT_EQ(shaded.copy(0, 26, 9 * 26, 26), bare.copy(0, 26, 9 * 26, 26)) << "the way was touched";
+  EXPECT_NE(shaded.copy(26, 2 * 26, 26, 26), bare.copy(26, 2 * 26, 26, 26));
+  EXPECT_EQ(shaded.copy(0, 4 * 26, 9 * 26, 26), bare.copy(0, 4 * 26, 9 * 26, 26)) << "steel";
+  untouched.setChecked(false);
+  EXPECT_EQ(Shown(), bare);
+}
+
+TEST_F(FrmMainProofTest, OffersAWonTestRunAndKeepsItBesideTheCollection) {
+  window->Proof().Won(RecordOf(kCave, kWay));
+  ASSERT_TRUE(Offers());
+  EXPECT_FALSE(fs::exists(Path())) << "nobody has agreed";
+  Press("btnTake");
+  EXPECT_FALSE(Offers());
+  EXPECT_EQ(*ReadWhole(Path()), RecordOf(kCave, kWay));
+  EXPECT_EQ(Verdict(), "Důkaz stále vyhrává: tiků 7, sekund 0,7.");
+}
+
+TEST_F(FrmMainProofTest, LeavesTheProofAloneWhenTheOfferIsTurnedDown) {
+  OpenProven();
+  window->Proof().Won(RecordOf(kCave, kLongerWay));
+  Press("btnLeave");
+  EXPECT_FALSE(Offers());
+  EXPECT_EQ(*ReadWhole(Path()), RecordOf(kCave, kWay));
+}
+
+TEST_F(FrmMainProofTest, KeepsTheEarlierProofBesideTheNewOne) {
+  OpenProven();
+  window->Proof().Won(RecordOf(kCave, kLongerWay));
+  Press("btnTake");
+  EXPECT_EQ(*ReadWhole(Path()), RecordOf(kCave, kLongerWay));
+  EXPECT_EQ(*ReadWhole(Path() + "~1"), RecordOf(kCave, kWay));
+  EXPECT_NE(Verdict().find("tiků 9"), std::string::npos);
+  EXPECT_NE(Told().find("sada - Test.zkr~1"), std::string::npos) << Told();
+}
+
+TEST_F(FrmMainProofTest, DoesNotOfferARecordThatWinsNothing) {
+  window->Proof().Won("rubbish");
+  EXPECT_FALSE(Offers());
+}
+
+TEST_F(FrmMainProofTest, KeepsTheProofOfAnUnsavedCollectionUntilThatIsSaved) {
+  OpenCave(kCave, false);
+  window->Proof().Won(RecordOf(kCave, kWay));
+  Press("btnTake");
+  EXPECT_EQ(Verdict(), "Důkaz stále vyhrává: tiků 7, sekund 0,7.");
+  EXPECT_EQ(Told(), "Důkaz se uloží se sadou.");
+  EXPECT_TRUE(fs::is_empty(folder.Path()));
+  SadaModel sada({}, 1);
+  sada.SetText(SadaText::Name, "sada");
+  ASSERT_TRUE(sada.Save(folder.Path() + "/sada.zk"));
+  window->Proof().CollectionSaved(sada);
+  EXPECT_EQ(*ReadWhole(Path()), RecordOf(kCave, kWay));
+}
+
+TEST_F(FrmMainProofTest, FindsASolutionAndOffersIt) {
+  Press("btnSolve");
+  ASSERT_TRUE(WorkEnds());
+  ASSERT_TRUE(Offers());
+  Press("btnTake");
+  EXPECT_TRUE(fs::exists(Path()));
+  EXPECT_NE(Verdict().find("stále vyhrává"), std::string::npos) << Verdict();
+}
+
+TEST_F(FrmMainProofTest, SaysThatACaveCannotBeWon) {
+  OpenCave({"WWWWWWWWW", "W1;D;;W;T", "W;;;;;W;W", "W;;;;;W;W", "WWWWWWWWW"});
+  Press("btnSolve");
+  ASSERT_TRUE(WorkEnds());
+  EXPECT_EQ(Told(), "Tato komnata se určitě nedá vyhrát.");
+  EXPECT_FALSE(Offers());
+}
+
+// Nobody knows that boulders cannot be walked through.
+const Picture kHard{"WWWWWWWWW", "W1;DRRRRT", "W;;;RRRRW", "W;;;RRRRW", "WWWWWWWWW"};
+
+TEST_F(FrmMainProofTest, LooksForASolutionUntilItIsToldToStop) {
+  OpenCave(kHard);
+  Press("btnSolve");
+  EXPECT_TRUE(QTest::qWaitFor([this] { return window->Proof().Work().Done().ticks > 0; }));
+  EXPECT_EQ(window->Proof().Work().Doing(), ProofWork::Kind::Solve);
+  EXPECT_TRUE(Child<QPushButton>("btnStop").isVisible());
+  EXPECT_FALSE(Child<QPushButton>("btnSolve").isVisible());
+  Press("btnStop");
+  EXPECT_EQ(window->Proof().Work().Doing(), ProofWork::Kind::None);
+  EXPECT_TRUE(Child<QPushButton>("btnSolve").isVisible());
+}
+
+TEST_F(FrmMainProofTest, GivesTheSearchUpWhenTheCaveChangesOrIsLeft) {
+  OpenCave(kHard);
+  Press("btnSolve");
+  Wall(2, 2);
+  EXPECT_EQ(window->Proof().Work().Doing(), ProofWork::Kind::None);
+  Press("btnSolve");
+  window->close();
+  EXPECT_EQ(window->Proof().Work().Doing(), ProofWork::Kind::None);
+  EXPECT_EQ(closed, 1);
+}
+
+TEST_F(FrmMainProofTest, GoesWhileItSearches) {
+  OpenCave(kHard);
+  Press("btnSolve");
+  QElapsedTimer clock;
+  clock.start();
+  window.reset();
+  EXPECT_LT(clock.elapsed(), 5'000);
+}
+
+TEST_F(FrmMainProofTest, RatesTheProof) {
+  OpenProven();
+  Press("btnRate");
+  ASSERT_TRUE(WorkEnds());
+  EXPECT_NE(Told().find("Tlapky: 1 z 5"), std::string::npos) << Told();
+  EXPECT_NE(Told().find("S jinou náhodou plán vyhrál 20krát z 20."), std::string::npos) << Told();
+}
+
+TEST_F(FrmMainProofTest, LetsTheRunBeTriedFromAnyTickOfIt) {
+  OpenProven();
+  QSignalSpy tries(&window->Proof(), &ProofDesk::TryRun);
+  auto& tick = Child<QSpinBox>("numTick");
+  EXPECT_EQ(tick.maximum(), 6);
+  tick.setValue(3);
+  Press("btnTry");
+  ASSERT_EQ(tries.count(), 1);
+  EXPECT_EQ(tries[0][1].toInt(), 3);
+}
+
+TEST_F(FrmMainProofTest, LetsABrokenRunBeTriedUpToWhereItWent) {
+  OpenProven();
+  Wall(5, 1);
+  Answer();
+  EXPECT_TRUE(Child<QPushButton>("btnTry").isEnabled());
+  EXPECT_EQ(Child<QSpinBox>("numTick").maximum(), 6);
+}
+
+TEST_F(FrmMainProofTest, LetsTheCaveBeTriedWithTheDogAtThePointerAndLeavesItAsItIs) {
+  std::vector<std::string> tries;
+  QObject::connect(&window->Proof(), &ProofDesk::TryCave, window.get(),
+                   [&](const std::string& text) { tries.push_back(text); });
+  Action("mnuTryDog").trigger();
+  EXPECT_TRUE(tries.empty()) << "the pointer was nowhere";
+  Move(4, 3, Qt::NoButton);
+  QEvent leave(QEvent::Leave);
+  QApplication::sendEvent(&Area(), &leave);
+  Press("btnTryDog");
+  ASSERT_EQ(tries.size(), 1U);
+  EXPECT_EQ(tries[0], TextOf({"WWWWWWWWW", "W.;D;;;;T", "W;;;;;;;W", "W;;;1;;;W", "WWWWWWWWW"}))
+      << "the pointer was there last";
+  EXPECT_EQ(test::LettersOf(window->Model()), kCave);
+}
+
+TEST_F(FrmMainProofTest, SpeaksTheLanguageOfAnotherSkin) {
+  OpenProven();
+  Wear("English");
+  window->SetLW();
+  EXPECT_EQ(Verdict(), "The proof still wins: 7 ticks, 0.7 seconds.");
+  EXPECT_EQ(Child<QPushButton>("btnSolve").text(), "Find a solution");
+}
+
+}  // namespace
+}  // namespace zorik
