@@ -67,6 +67,7 @@ void FrmMain::MakeCaveMenu() {
   menus_.Add(*mnuCave_, "mnuCat", "caption.main.cat", "F6", [this] { EditScript(); });
   menus_.Add(*mnuCave_, "mnuTest", "caption.main.test", "F5", [this] { Test(); });
   mnuCave_->addSeparator();
+  menus_.Add(*mnuCave_, "mnuStore", "caption.main.store", "Ctrl+S", [this] { Store(); });
   menus_.Add(*mnuCave_, "mnuLeave", "caption.sada.close", "Ctrl+W; Esc", [this] { close(); });
 }
 

@@ -7,9 +7,8 @@
 #include <utility>
 
 #include "data/CaveO.h"
-#include "data/Files.h"
+#include "data/FileTrouble.h"
 #include "data/KeepBeside.h"
-#include "data/Result.h"
 
 namespace zorik {
 
@@ -75,11 +74,11 @@ void SadaModel::New() {
   file_.Saved = Shared();
 }
 
-Result<SadaModel::OpenReport> SadaModel::Open(const std::string& path) {
-  const Result<std::string> bytes = ReadWhole(path);
-  if (!bytes) return Failure{bytes.Message()};
+Result<SadaModel::OpenReport, FileFailure> SadaModel::Open(const std::string& path) {
+  const Result<std::string, FileFailure> bytes = ReadFile(path);
+  if (!bytes) return bytes.Why();
   Result<EditedCollection> read = ReadForEditor(*bytes);
-  if (!read) return Failure{read.Message()};
+  if (!read) return FileFailure{{read.Message()}, FileTrouble::NoCollection};
   OpenReport report;
   report.Closed = read->Closed;
   if (report.Closed) return report;
@@ -102,18 +101,18 @@ std::optional<SadaModel::TooLong> SadaModel::CannotHold() const {
   return std::nullopt;
 }
 
-Result<SadaModel::SaveReport> SadaModel::Save(const std::string& path) {
+Result<SadaModel::SaveReport, FileFailure> SadaModel::Save(const std::string& path) {
   const Result<std::string> bytes = BuildCollection(sada_, decoration_);
-  if (!bytes) return Failure{bytes.Message()};
+  if (!bytes) return FileFailure{{bytes.Message()}};
   SaveReport report;
   if (file_.Faulty && IsSameFile(path, file_.Path)) {
-    Result<std::string> copy = KeepBeside(path);
-    if (!copy) return Failure{copy.Message()};
+    Result<std::string, FileFailure> copy = KeepBeside(path);
+    if (!copy) return copy.Why();
     file_.KeptAs = *std::move(copy);
     file_.Faulty = false;  // should writing fail now, the next try needs no second copy
   }
-  const Result<Done> written = WriteWhole(path, *bytes);
-  if (!written) return Failure{written.Message()};
+  const Result<Done, FileFailure> written = WriteFile(path, *bytes);
+  if (!written) return written.Why();
   report.KeptAs = std::move(file_.KeptAs);
   report.CongratulationLeftOut = EndsWithMarker(sada_.CongratulationText);
   if (report.CongratulationLeftOut) sada_.CongratulationText.clear();

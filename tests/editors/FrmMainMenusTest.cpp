@@ -76,6 +76,7 @@ TEST_F(FrmMainMenusTest, HasItsItemsInTheirOrderWithTheirKeys) {
       "  mnuCat | Program kočky | F6",
       "  mnuTest | Odzkoušet | F5",
       "  -",
+      "  mnuStore | Uložit do sady | Ctrl+S",
       "  mnuLeave | Zavřít | Ctrl+W | Esc",
       "PesMenu | Výběr Zoríka",
   };
