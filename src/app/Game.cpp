@@ -164,6 +164,9 @@ FrmMain& Game::CaveEditor() {
   };
   frmMain_ = std::make_unique<FrmMain>(skin_, editCat, std::random_device()());
   connect(frmMain_.get(), &FrmMain::Done, &CollectionEditor(), &FrmSada::CaveDone);
+  connect(frmMain_.get(), &FrmMain::StoreWanted, this, [this](const std::string& cave) {
+    if (frmSada_->StoreCave(cave, *frmMain_)) frmMain_->Stored(cave, frmSada_->OriginOfSelected());
+  });
   connect(frmMain_.get(), &FrmMain::TestRun, this, &Game::TestRun);
   connect(&frmMain_->Proof(), &ProofDesk::TryRun, this, [this](const std::string& record, int tick) {
     TryOut([&] { return flow_.TryRun(record); }, tick);

@@ -16,6 +16,7 @@
 #include <utility>
 
 #include "data/Cp1250.h"
+#include "data/FileTrouble.h"
 #include "data/Result.h"
 
 namespace zorik {
@@ -47,12 +48,14 @@ class Descriptor {
 };
 
 // Says what the system's last call complained about.
-Failure SystemFailure(const std::string& action, const std::string& path) {
+FileFailure SystemFailure(const std::string& action, const std::string& path) {
   const int error = errno;
-  return Failure{"cannot " + action + " " + path + ": " + std::generic_category().message(error)};
+  const FileUse use = action == "write" ? FileUse::Write : FileUse::Read;
+  return {{"cannot " + action + " " + path + ": " + std::generic_category().message(error)},
+          TroubleOf(error, use)};
 }
 
-Result<Done> WriteAll(int file, const std::string& named, std::string_view bytes) {
+Result<Done, FileFailure> WriteAll(int file, const std::string& named, std::string_view bytes) {
   while (!bytes.empty()) {
     const ssize_t written = write(file, bytes.data(), bytes.size());
     if (written < 0 && errno == EINTR) continue;
@@ -104,10 +107,10 @@ void TakeOverMode(const std::string& path, int file) {
 }
 
 // A failure names the path that the caller knows.
-Result<Done> FillAndRename(NewFile& file, const std::string& path, const std::string& named,
-                           std::string_view bytes) {
+Result<Done, FileFailure> FillAndRename(NewFile& file, const std::string& path, const std::string& named,
+                                        std::string_view bytes) {
   TakeOverMode(path, file.descriptor.number());
-  Result<Done> written = WriteAll(file.descriptor.number(), named, bytes);
+  Result<Done, FileFailure> written = WriteAll(file.descriptor.number(), named, bytes);
   if (!written) return written;
   const bool kept = fsync(file.descriptor.number()) == 0 && file.descriptor.Close() &&
                     rename(file.path.c_str(), path.c_str()) == 0;
@@ -176,7 +179,7 @@ std::size_t SizeOf(int file) {
   return std::min(static_cast<std::size_t>(status.st_size), kLargestFile);
 }
 
-Result<std::string> ReadToEnd(const Descriptor& file, const std::string& path) {
+Result<std::string, FileFailure> ReadToEnd(const Descriptor& file, const std::string& path) {
   std::string bytes;
   bytes.reserve(SizeOf(file.number()));
   std::array<char, 65536> piece;
@@ -186,7 +189,7 @@ Result<std::string> ReadToEnd(const Descriptor& file, const std::string& path) {
     if (count < 0) return SystemFailure("read", path);
     if (count == 0) return bytes;
     bytes.append(piece.data(), static_cast<std::size_t>(count));
-    if (bytes.size() > kLargestFile) return Failure{"cannot read " + path + ": the file is too large"};
+    if (bytes.size() > kLargestFile) return FileFailure{{"cannot read " + path + ": the file is too large"}};
   }
 }
 
@@ -233,8 +236,8 @@ Descriptor OpenAtOnce(const std::string& path) {
   return Descriptor(-1);
 }
 
-Failure NoFile(const std::string& action, const std::string& path) {
-  return Failure{"cannot " + action + " " + path + ": it is no regular file"};
+FileFailure NoFile(const std::string& action, const std::string& path) {
+  return {{"cannot " + action + " " + path + ": it is no regular file"}, FileTrouble::NoPlainFile};
 }
 
 // A number as std::to_string writes it, from the front of a text.
@@ -251,6 +254,12 @@ std::optional<int> TakeNumber(std::string_view& text) {
 }  // namespace
 
 Result<std::string> ReadWhole(const std::string& path) {
+  Result<std::string, FileFailure> bytes = ReadFile(path);
+  if (!bytes) return Failure{bytes.Message()};
+  return *std::move(bytes);
+}
+
+Result<std::string, FileFailure> ReadFile(const std::string& path) {
   const Descriptor file = OpenAtOnce(path);
   if (!file.IsOpen()) return SystemFailure("read", path);
   if (!IsRegular(file.number()) && !IsFolder(file.number())) return NoFile("read", path);
@@ -283,7 +292,9 @@ Result<Done> ReadRest(const std::string& path, std::size_t from, std::span<char>
 Result<std::string> ReadStream(const std::string& path) {
   const Descriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC));
   if (!file.IsOpen()) return SystemFailure("read", path);
-  return ReadToEnd(file, path);
+  Result<std::string, FileFailure> bytes = ReadToEnd(file, path);
+  if (!bytes) return Failure{bytes.Message()};
+  return *std::move(bytes);
 }
 
 bool IsReadableFile(const std::string& path) {
@@ -292,11 +303,17 @@ bool IsReadableFile(const std::string& path) {
 }
 
 Result<Done> WriteWhole(const std::string& path, std::string_view bytes) {
+  const Result<Done, FileFailure> written = WriteFile(path, bytes);
+  if (!written) return Failure{written.Message()};
+  return Done{};
+}
+
+Result<Done, FileFailure> WriteFile(const std::string& path, std::string_view bytes) {
   const std::string target = BehindLinks(path);
   if (HoldsZero(path) || IsNoFile(target)) return NoFile("write", path);
   NewFile file = MakeFileBeside(target);
   if (!file.descriptor.IsOpen()) return SystemFailure("write", path);
-  Result<Done> filled = FillAndRename(file, target, path, bytes);
+  Result<Done, FileFailure> filled = FillAndRename(file, target, path, bytes);
   if (filled) {
     SyncFolder(target);
   } else {

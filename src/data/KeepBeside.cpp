@@ -4,9 +4,6 @@
 #include <filesystem>
 #include <system_error>
 
-#include "data/Files.h"
-#include "data/Result.h"
-
 namespace zorik {
 
 namespace {
@@ -35,18 +32,18 @@ std::string NameOfCopy(const fs::path& path, int number) {
 
 }  // namespace
 
-Result<std::string> KeepBeside(const std::string& path) {
+Result<std::string, FileFailure> KeepBeside(const std::string& path) {
   if (!IsTaken(path)) return std::string();
-  const Result<std::string> bytes = ReadWhole(path);
+  const Result<std::string, FileFailure> bytes = ReadFile(path);
   if (!bytes) return bytes;
   for (int number = 1; number <= kMostCopies; ++number) {
     std::string copy = NameOfCopy(path, number);
     if (IsTaken(copy)) continue;
-    const Result<Done> written = WriteWhole(copy, *bytes);
-    if (!written) return Failure{written.Message()};
+    const Result<Done, FileFailure> written = WriteFile(copy, *bytes);
+    if (!written) return written.Why();
     return copy;
   }
-  return Failure{"cannot keep " + path + ": there are too many copies of it"};
+  return FileFailure{{"cannot keep " + path + ": there are too many copies of it"}};
 }
 
 }  // namespace zorik

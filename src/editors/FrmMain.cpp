@@ -22,10 +22,12 @@
 #include "editors/ToolHint.h"
 #include "editors/ToolNames.h"
 #include "editors/WindowPlace.h"
+#include "platform/PathText.h"
 #include "screens/Hint.h"
 #include "screens/Marks.h"
 #include "screens/MsgBox.h"
 #include "screens/PlainText.h"
+#include "screens/StartWords.h"
 #include "skin/Skin.h"
 
 namespace zorik {
@@ -35,6 +37,8 @@ constexpr int kIcon = 20;
 constexpr int kAmoebaTool = 10;
 constexpr int kCatTool = 33;
 enum LabelPlace : std::size_t { kEditLabel, kPropsLabel, kTestLabel, kCatButton, kDogButton };
+
+constexpr StartWords kStoredWords{"caption.main.stored"};
 
 struct FirstTool {
   ToolButton button;
@@ -244,6 +248,20 @@ FrmMain::Start FrmMain::Edit(const std::string& caveText, const CaveOrigin& orig
   if (report->empty() || FrmFormality::AskToOpen(skin_, this, *report)) return Start::Editing;
   hide();
   return Start::Declined;
+}
+
+void FrmMain::Store() {
+  model_.EndStroke();
+  if (const auto text = BuiltText()) emit StoreWanted(*text);
+}
+
+void FrmMain::Stored(const std::string& caveText, const CaveOrigin& origin) {
+  origin_ = origin;
+  stored_ = caveText;
+  UpdateTitle();
+  constexpr int kConfirmed = 5000;  // ms
+  const QString file = FillMarks(kStoredWords.In(skin_), ShownPath(origin.File), QString());
+  statusBar()->showMessage(OneLine(file), kConfirmed);
 }
 
 void FrmMain::Restore() {

@@ -57,6 +57,9 @@ class FrmMain : public QMainWindow {
   // Where the cave comes from that was opened last.
   const CaveOrigin& Origin() const { return origin_; }
 
+  // The collection has this cave now, and is stored.
+  void Stored(const std::string& caveText, const CaveOrigin& origin);
+
   // Shows the editor again as it was before a test run.
   void ComeBack();
 
@@ -67,6 +70,8 @@ class FrmMain : public QMainWindow {
   // The editor is being left with this cave text, in Windows-1250; Closed follows.
   void Done(const std::string& newCaveText);
   void Closed();
+  // The collection is to be stored with this cave in it; the editor stays.
+  void StoreWanted(const std::string& caveText);
   // A test run of this cave is due; the window has gone for that time.
   void TestRun(const std::string& caveText);
 
@@ -108,6 +113,7 @@ class FrmMain : public QMainWindow {
   void ShowStats();
   void EditScript();
   void Test();
+  void Store();
   // The cave may look different in any respect.
   void AfterChange();
   // The cave as a text; when it has no room for something a message tells for what.

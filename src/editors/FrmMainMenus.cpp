@@ -71,6 +71,7 @@ void FrmMain::MakeCaveMenu() {
   menus_.Add(*mnuCave_, "mnuTryDog", "caption.proof.trydog", "Shift+F5", [this] { proof_->TryWithDog(); });
   menus_.Add(*mnuCave_, "mnuTry", "caption.proof.try", "Ctrl+F5", [this] { proof_->Try(); });
   mnuCave_->addSeparator();
+  menus_.Add(*mnuCave_, "mnuStore", "caption.main.store", "Ctrl+S", [this] { Store(); });
   menus_.Add(*mnuCave_, "mnuLeave", "caption.sada.close", "Ctrl+W; Esc", [this] { close(); });
 }
 

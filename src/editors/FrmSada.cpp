@@ -1,7 +1,6 @@
 #include "editors/FrmSada.h"
 
 #include <QCloseEvent>
-#include <QDir>
 #include <QFileInfo>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -10,13 +9,13 @@
 #include <QUrl>
 
 #include "data/Cp1250.h"
-#include "data/Files.h"
 #include "data/Result.h"
 #include "editors/BoxText.h"
 #include "editors/EditorTitle.h"
 #include "editors/FaultWords.h"
 #include "editors/SadaBoxes.h"
 #include "editors/SadaList.h"
+#include "editors/SadaUndoMenu.h"
 #include "editors/WindowPlace.h"
 #include "platform/PathText.h"
 #include "screens/DesktopServices.h"
@@ -24,7 +23,6 @@
 #include "screens/Marks.h"
 #include "screens/MsgBox.h"
 #include "screens/PlainText.h"
-#include "screens/SaveBox.h"
 #include "screens/StartWords.h"
 #include "skin/Skin.h"
 
@@ -35,11 +33,7 @@ constexpr QSize kUsualSize(740, 400);
 constexpr int kGap = 16;
 
 constexpr StartWords kTitleWords{"caption.sada.title"};
-constexpr StartWords kKeptWords{"caption.error.kept"};
-constexpr StartWords kLeftOutWords{"caption.error.leftout"};
-constexpr StartWords kStillHereWords{"caption.error.stillhere"};
 constexpr StartWords kLikeCaveWords{"caption.error.congrat"};
-constexpr StartWords kTooLongWords{"caption.error.length"};
 
 // The word for so many caves.
 TextId WordOfCaves(int count) {
@@ -57,12 +51,17 @@ SadaWords FrmSada::WordsOf(const Skin& skin) {
 }
 
 FrmSada::FrmSada(Skin& skin, const Paths& paths, SadaModel& sada)
-    : skin_(skin), paths_(paths), sada_(sada), frmLoading_(skin) {
+    : skin_(skin),
+      paths_(paths),
+      sada_(sada),
+      frmLoading_(skin),
+      files_(skin, paths, sada, frmLoading_, [this](SadaText text) { boxes_->Box(text)->setFocus(); }) {
   setObjectName("frmSada");
   sada_.SetWords(WordsOf(skin));
   sada_.New();
   MakeMenus();
   LayOut();
+  AddKeys();
   SetLWEd();
   boxes_->Load();
   GetNames();
@@ -172,6 +171,7 @@ void FrmSada::UpdateCount() {
 void FrmSada::UpdateTitle() {
   SetCollectionTitle(*this, kTitleWords.In(skin_), sada_.Text(SadaText::Name), sada_.FileName());
   setWindowModified(sada_.Chg());
+  undo_->Update();
 }
 
 // New, open, save
@@ -185,21 +185,18 @@ void FrmSada::mnuNew_Click() {
 
 void FrmSada::mnuOpen_Click() {
   if (!AskToSave()) return;
-  const QString folder = QFileInfo(ProposedPath()).absolutePath();
+  const QString folder = QFileInfo(files_.ProposedPath()).absolutePath();
   const QString path = AskForFile(skin_, this, skin_.Text(TextId::OpenCollectionTitle), folder,
                                   {skin_.Text(TextId::CollectionKind) + " (*.zk)"});
   if (!path.isEmpty()) OpenColl(path);
 }
 
 void FrmSada::OpenColl(const QString& path) {
-  const Result<SadaModel::OpenReport> report = [&] {
+  const Result<SadaModel::OpenReport, FileFailure> report = [&] {
     const BusyNotice busy(frmLoading_);
     return sada_.Open(PathBytes(path));
   }();
-  if (!report) {
-    Tell(skin_, this, skin_.Text(TextId::Program), kNotOpenedWords.Before(skin_) + '\n' + ShownPath(path));
-    return;
-  }
+  if (!report) return files_.TellNotOpened(*this, path, report.Why().Trouble);
   if (report->Closed) {
     TellClosed();
     mnuNew_Click();
@@ -217,79 +214,26 @@ void FrmSada::TellClosed() {
 }
 
 bool FrmSada::mnuSave_Click() {
-  if (sada_.FileName().empty()) return mnuSaveAs_Click();
-  return SaveColl(PathText(sada_.FileName()));
+  return AfterSaving(files_.Save(*this));
 }
 
 bool FrmSada::mnuSaveAs_Click() {
-  const QString path = AskForPath();
-  return !path.isEmpty() && SaveColl(path);
+  return AfterSaving(files_.SaveAs(*this));
 }
 
-QString FrmSada::AskForPath() {
-  return AskForNewFile(
-      skin_, this,
-      {skin_.Text(TextId::SaveCollectionTitle), skin_.Text(TextId::CollectionKind), "zk", ProposedPath()});
+bool FrmSada::StoreCave(const std::string& text, QWidget& over) {
+  sada_.SetSelected(text);
+  return AfterSaving(files_.Save(over));
 }
 
-QString FrmSada::ProposedPath() const {
-  if (!sada_.FileName().empty()) return PathText(sada_.FileName());
-  std::string name = CleanFileName(sada_.Text(SadaText::Name));
-  if (name.empty()) name = "sada";
-  return QDir(PathText(paths_.CavesPath)).absoluteFilePath(PathText(FileSystemName(name + ".zk")));
-}
-
-bool FrmSada::SaveColl(const QString& path) {
-  if (!FitsFile()) return false;
-  for (QString place = path; !place.isEmpty(); place = AskWhereElse(place)) {
-    if (Store(place)) return true;
-  }
-  return false;
-}
-
-Result<Done> FrmSada::Store(const QString& path) {
-  const Result<SadaModel::SaveReport> saved = [&] {
-    const BusyNotice busy(frmLoading_);
-    return sada_.Save(PathBytes(path));
-  }();
+bool FrmSada::AfterSaving(bool saved) {
   AfterChange();
-  if (!saved) return Failure{saved.Message()};
-  emit Saved();
-  TellSaved(*saved);
-  return Done{};
+  if (saved) emit Saved();
+  return saved;
 }
 
-void FrmSada::TellSaved(const SadaModel::SaveReport& report) {
-  QStringList lines;
-  if (!report.KeptAs.empty()) lines << kKeptWords.Before(skin_) + '\n' + ShownPath(report.KeptAs);
-  if (report.CongratulationLeftOut) lines << kLeftOutWords.In(skin_);
-  if (!lines.isEmpty()) Tell(skin_, this, skin_.Text(TextId::Program), lines.join("\n\n"));
-}
-
-QString FrmSada::AskWhereElse(const QString& path) {
-  const QString question =
-      kNotStoredWords.In(skin_) + '\n' + ShownPath(path) + "\n\n" + kStillHereWords.In(skin_);
-  switch (
-      SkinMsgBox(skin_, this, question, MsgButtons::NotStored, MsgIcon::OfSet, skin_.Text(TextId::Program))) {
-    case MsgResult::Retry:
-      return path;
-    case MsgResult::Elsewhere:
-      return AskForPath();
-    default:
-      return QString();
-  }
-}
-
-// Names the text that is too long and leads the author to it.
-bool FrmSada::FitsFile() {
-  const auto tooLong = sada_.CannotHold();
-  if (!tooLong) return true;
-  const QString lengths =
-      FillMarks(kTooLongWords.In(skin_), QString::number(tooLong->length), QString::number(tooLong->most));
-  Tell(skin_, this, skin_.Text(TextId::Program),
-       kNotStoredWords.In(skin_) + '\n' + skin_.Text(LabelOf(tooLong->text)) + ": " + lengths);
-  boxes_->Box(tooLong->text)->setFocus();
-  return false;
+CaveOrigin FrmSada::OriginOfSelected() const {
+  return {sada_.FileName(), sada_.Text(SadaText::Name), sada_.ListSelected()};
 }
 
 bool FrmSada::AskToSave() {
@@ -327,7 +271,7 @@ void FrmSada::mnuEdit_Click() {
   UpdateTitle();
   editing_ = true;
   const std::string cave = sada_.Cave(sada_.ListSelected());
-  emit EditCave(cave, {sada_.FileName(), sada_.Text(SadaText::Name), sada_.ListSelected()});
+  emit EditCave(cave, OriginOfSelected());
   if (editing_) hide();
 }
 

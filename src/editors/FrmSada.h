@@ -1,10 +1,12 @@
 #pragma once
 
 #include <QMainWindow>
+#include <functional>
 #include <string>
 
 #include "editors/CaveOrigin.h"
 #include "editors/MenuBuilder.h"
+#include "editors/SadaFiles.h"
 #include "flow/SadaModel.h"
 #include "platform/Paths.h"
 #include "screens/FrmLoading.h"
@@ -15,6 +17,7 @@ namespace zorik {
 
 class SadaBoxes;
 class SadaList;
+class SadaUndoMenu;
 class Skin;
 
 // The collection editor: the texts of a collection and the list of its caves. It is the only writer of
@@ -31,6 +34,11 @@ class FrmSada : public QMainWindow {
 
   // The cave editor is done: stores the cave in the selected row and shows the window again.
   void CaveDone(const std::string& text);
+
+  // Stores the cave in the selected row and saves the collection, which may ask where over this window. False
+  // when it was not saved; the row has the cave all the same.
+  bool StoreCave(const std::string& text, QWidget& over);
+  CaveOrigin OriginOfSelected() const;
 
   // Puts the skin's texts on all controls.
   void SetLWEd();
@@ -58,7 +66,12 @@ class FrmSada : public QMainWindow {
 
   void MakeMenus();
   void MakeFileMenu();
+  void MakeUndoMenu();
   void MakeCaveMenu();
+  void MakeAddMenu();
+  // Does it, and says whether the cave that it adds is open from the start.
+  void Add(const std::function<void(SadaModel& sada)>& act);
+  void AddKeys();
   void MakeHelpMenu();
   void MakeLinks(QMenu& menu);
   void ShowLinks();
@@ -74,19 +87,11 @@ class FrmSada : public QMainWindow {
 
   void OpenColl(const QString& path);
   void TellClosed();
-  // False when the collection was not saved; a message has told why, unless the author has cancelled.
-  bool SaveColl(const QString& path);
-  Result<Done> Store(const QString& path);
-  void TellSaved(const SadaModel::SaveReport& report);
-  // Where to save what could not be saved to this path: there again, or elsewhere; empty for nowhere.
-  QString AskWhereElse(const QString& path);
-  QString AskForPath();
-  bool FitsFile();
-  QString ProposedPath() const;
 
   void mnuOpen_Click();
   bool mnuSave_Click();
   bool mnuSaveAs_Click();
+  bool AfterSaving(bool saved);
   void mnuGratulace_Click();
   void mnuDelete_Click();
   // True when the command that would lose changes may go on.
@@ -97,13 +102,17 @@ class FrmSada : public QMainWindow {
   Paths paths_;
   SadaModel& sada_;
   FrmLoading frmLoading_;
+  SadaFiles files_;
   bool editing_ = false;  // a cave is with the cave editor
   SadaBoxes* boxes_ = nullptr;
   SadaList* list_ = nullptr;
   QLabel* lblCount_ = nullptr;
 
   MenuBuilder menus_{*this};
+  SadaUndoMenu* undo_ = nullptr;
   QAction* mnuPaste_ = nullptr;
+  QAction* mnuPasteEnd_ = nullptr;
+  QAction* mnuCut_ = nullptr;
   QAction* mnuUp_ = nullptr;
   QAction* mnuDown_ = nullptr;
   QAction* mnuDelete_ = nullptr;

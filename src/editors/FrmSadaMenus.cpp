@@ -1,13 +1,19 @@
 // The menus of the collection editor, and what they say.
 #include <QAction>
 #include <QMenu>
+#include <QStatusBar>
 #include <QStyle>
 #include <array>
 
 #include "editors/FrmSada.h"
+#include "editors/SadaBoxes.h"
+#include "editors/SadaList.h"
+#include "editors/SadaUndoMenu.h"
 #include "platform/Shell.h"
 #include "screens/DesktopServices.h"
 #include "screens/FrmAbout.h"
+#include "screens/Marks.h"
+#include "screens/StartWords.h"
 #include "skin/Skin.h"
 
 namespace zorik {
@@ -31,6 +37,9 @@ constexpr std::array<PageRow, 5> kPages{{
 constexpr const char* kWeb = "maker.web";
 constexpr const char* kMail = "maker.mail";
 
+constexpr StartWords kAddedOpenWords{"caption.sada.addedopen"};
+constexpr StartWords kAddedClosedWords{"caption.sada.addedclosed"};
+
 struct IconRow {
   const char* action;
   QStyle::StandardPixmap icon;
@@ -49,6 +58,7 @@ constexpr std::array<IconRow, 7> kIcons{{
 
 void FrmSada::MakeMenus() {
   MakeFileMenu();
+  MakeUndoMenu();
   MakeCaveMenu();
   MakeHelpMenu();
 }
@@ -66,6 +76,46 @@ void FrmSada::MakeFileMenu() {
   menus_.Add(menu, "mnuClose", "caption.sada.close", "", [this] { close(); });
 }
 
+void FrmSada::MakeUndoMenu() {
+  undo_ = new SadaUndoMenu(menus_, skin_, sada_, this);
+  connect(undo_, &SadaUndoMenu::Changed, this, [this] {
+    boxes_->Load();
+    AfterChange();
+  });
+}
+
+void FrmSada::MakeAddMenu() {
+  mnuAdd_ = menus_.AddMenu(*mnuCave_, "mnuAdd", "caption.sada.menu.add");
+  const auto add = [this](const char* name, const char* key, const char* keys, NewCaveSize size,
+                          CavePlace place) {
+    menus_.Add(*mnuAdd_, name, key, keys,
+               [this, size, place] { Add([=](SadaModel& sada) { sada.AddCave(size, place); }); });
+  };
+  add("mnuAdd(0)", "caption.sada.small", "F3", NewCaveSize::Small, CavePlace::Chosen);
+  add("mnuAdd(1)", "caption.sada.large", "", NewCaveSize::Large, CavePlace::Chosen);
+  mnuAdd_->addSeparator();
+  add("mnuAddEnd(0)", "caption.sada.smallend", "Shift+F3", NewCaveSize::Small, CavePlace::End);
+  add("mnuAddEnd(1)", "caption.sada.largeend", "", NewCaveSize::Large, CavePlace::End);
+}
+
+void FrmSada::Add(const std::function<void(SadaModel& sada)>& act) {
+  const int count = sada_.ListCount();
+  act(sada_);
+  AfterChange();
+  if (sada_.ListCount() == count) return;
+  const int number = sada_.ListSelected();
+  const StartWords& words = sada_.IsOpen(number) ? kAddedOpenWords : kAddedClosedWords;
+  statusBar()->showMessage(FillMarks(words.In(skin_), QString::number(number), QString()));
+}
+
+// Within the list the usual keys do what its menu does; in the boxes they belong to the text.
+void FrmSada::AddKeys() {
+  list_->AddKey(QKeySequence::Copy, findChild<QAction*>("mnuCopy"));
+  list_->AddKey(QKeySequence::Cut, mnuCut_);
+  list_->AddKey(QKeySequence::Paste, mnuPaste_);
+  list_->AddKey(QKeySequence::Delete, mnuDelete_);
+}
+
 void FrmSada::MakeCaveMenu() {
   mnuCave_ = menus_.AddMenu("mnuCave", "caption.sada.menu.cave");
   const auto change = [this](auto act) {
@@ -75,19 +125,18 @@ void FrmSada::MakeCaveMenu() {
     };
   };
   QMenu& menu = *mnuCave_;
-  mnuAdd_ = menus_.AddMenu(menu, "mnuAdd", "caption.sada.menu.add");
-  menus_.Add(*mnuAdd_, "mnuAdd(0)", "caption.sada.small", "F3",
-             change([](SadaModel& sada) { sada.AddCave(NewCaveSize::Small); }));
-  menus_.Add(*mnuAdd_, "mnuAdd(1)", "caption.sada.large", "",
-             change([](SadaModel& sada) { sada.AddCave(NewCaveSize::Large); }));
+  MakeAddMenu();
   menus_.Add(menu, "mnuEdit", "caption.sada.edit", "F4", [this] { mnuEdit_Click(); });
   menu.addSeparator();
   menus_.Add(menu, "mnuCopy", "caption.sada.copy", "Ctrl+Ins", [this] {
     sada_.Copy();
     UpdateActions();
   });
+  mnuCut_ = menus_.Add(menu, "mnuCut", "caption.sada.cut", "", change([](SadaModel& sada) { sada.Cut(); }));
   mnuPaste_ = menus_.Add(menu, "mnuPaste", "caption.sada.paste", "Shift+Ins",
-                         change([](SadaModel& sada) { sada.Paste(); }));
+                         [this] { Add([](SadaModel& sada) { sada.Paste(); }); });
+  mnuPasteEnd_ = menus_.Add(menu, "mnuPasteEnd", "caption.sada.pasteend", "",
+                            [this] { Add([](SadaModel& sada) { sada.Paste(CavePlace::End); }); });
   menu.addSeparator();
   mnuUp_ = menus_.Add(menu, "mnuUp", "caption.sada.up", "F5", change([](SadaModel& sada) { sada.Up(); }));
   mnuDown_ =
@@ -135,6 +184,8 @@ void FrmSada::SetIcons() {
 void FrmSada::UpdateActions() {
   const int selected = sada_.ListSelected();
   mnuPaste_->setEnabled(!sada_.ClipCave().empty());
+  mnuPasteEnd_->setEnabled(mnuPaste_->isEnabled());
+  mnuCut_->setEnabled(sada_.ListCount() > 1);
   mnuUp_->setEnabled(selected > 1);
   mnuDown_->setEnabled(selected < sada_.ListCount());
   mnuDelete_->setEnabled(sada_.ListCount() > 1);

@@ -1,6 +1,7 @@
 #include "editors/SadaList.h"
 
 #include <QAbstractListModel>
+#include <QAction>
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -232,7 +233,17 @@ void SadaList::Open(int /*place*/) {
   emit Activated();
 }
 
+bool SadaList::DoAction(QKeyEvent* event) const {
+  for (const auto& [key, action] : keys_) {
+    if (!event->matches(key)) continue;
+    action->trigger();
+    return true;
+  }
+  return false;
+}
+
 void SadaList::keyPressEvent(QKeyEvent* event) {
+  if (DoAction(event)) return;
   switch (event->key()) {
     case Qt::Key_Space:
       if (Current() > 0) emit MarkClicked(Current() + 1);

@@ -1,5 +1,9 @@
 #pragma once
 
+#include <QKeySequence>
+#include <utility>
+#include <vector>
+
 #include "flow/SadaModel.h"
 #include "screens/ListView.h"
 
@@ -20,6 +24,9 @@ class SadaList : public ListView {
 
   // What is said of the column of marks.
   void SetMarkHint(const QString& hint);
+
+  // A key of the desktop that does this while the list has the keys.
+  void AddKey(QKeySequence::StandardKey key, QAction* action) { keys_.emplace_back(key, action); }
 
   // The collection may have changed in any respect; the selected cave is brought into sight.
   void GetNames();
@@ -53,7 +60,10 @@ class SadaList : public ListView {
   int MarkAt(QPoint place) const;
   void Hover(int mark);
 
+  bool DoAction(QKeyEvent* event) const;
+
   const SadaModel& sada_;
+  std::vector<std::pair<QKeySequence::StandardKey, QAction*>> keys_;
   SadaRows* rows_;
   SadaDelegate* delegate_;
 };

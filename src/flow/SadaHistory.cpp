@@ -82,9 +82,9 @@ void SadaHistory::CallLast(SadaAct act) {
   if (!undo_.empty()) undo_.back().Step.Act = act;
 }
 
-std::vector<SadaStep> SadaHistory::StepsOf(const std::deque<Way>& ways) {
+std::vector<SadaStep> SadaHistory::StepsOf(const std::deque<Way>& ways, std::size_t most) {
   std::vector<SadaStep> steps;
-  for (auto way = ways.rbegin(); way != ways.rend(); ++way) steps.push_back(way->Step);
+  for (auto way = ways.rbegin(); way != ways.rend() && steps.size() < most; ++way) steps.push_back(way->Step);
   return steps;
 }
 

@@ -85,9 +85,9 @@ class SadaHistory {
   // The last step turns out to be this one.
   void CallLast(SadaAct act);
 
-  // Steps, the one that comes next first.
-  std::vector<SadaStep> UndoSteps() const { return StepsOf(undo_); }
-  std::vector<SadaStep> RedoSteps() const { return StepsOf(redo_); }
+  // So many steps at most, the one that comes next first.
+  std::vector<SadaStep> UndoSteps(std::size_t most) const { return StepsOf(undo_, most); }
+  std::vector<SadaStep> RedoSteps(std::size_t most) const { return StepsOf(redo_, most); }
   const SadaStep* Last() const { return undo_.empty() ? nullptr : &undo_.back().Step; }
 
   // The state to go to, and the step that is taken back or done again by that. Nothing when there is none.
@@ -102,7 +102,7 @@ class SadaHistory {
   std::size_t Bytes() const;
 
  private:
-  static std::vector<SadaStep> StepsOf(const std::deque<Way>& ways);
+  static std::vector<SadaStep> StepsOf(const std::deque<Way>& ways, std::size_t most);
   static std::optional<Way> Go(std::deque<Way>& from, std::deque<Way>& to, SadaState now);
   SadaMoment::Text Keep(const std::string& text);
   void Trim();

@@ -7,9 +7,8 @@
 #include <utility>
 
 #include "data/CaveO.h"
-#include "data/Files.h"
+#include "data/FileTrouble.h"
 #include "data/KeepBeside.h"
-#include "data/Result.h"
 
 namespace zorik {
 
@@ -75,14 +74,15 @@ void SadaModel::New() {
   file_.Saved = Shared();
 }
 
-Result<SadaModel::OpenReport> SadaModel::Open(const std::string& path) {
-  const Result<std::string> bytes = ReadWhole(path);
-  if (!bytes) return Failure{bytes.Message()};
+Result<SadaModel::OpenReport, FileFailure> SadaModel::Open(const std::string& path) {
+  const Result<std::string, FileFailure> bytes = ReadFile(path);
+  if (!bytes) return bytes.Why();
   Result<OpenReport> report = Read(*bytes);
-  if (!report || report->Closed) return report;
+  if (!report) return FileFailure{{report.Message()}, FileTrouble::NoCollection};
+  if (report->Closed) return *std::move(report);
   file_ = {path, !report->Faults.empty(), {}, Shared()};
   chg_ = file_.Faulty;
-  return report;
+  return *std::move(report);
 }
 
 // Takes the place of what was there; where that comes from is for the caller to say.
@@ -109,18 +109,18 @@ std::optional<SadaModel::TooLong> SadaModel::CannotHold() const {
   return std::nullopt;
 }
 
-Result<SadaModel::SaveReport> SadaModel::Save(const std::string& path) {
+Result<SadaModel::SaveReport, FileFailure> SadaModel::Save(const std::string& path) {
   const Result<std::string> bytes = BuildCollection(sada_, decoration_);
-  if (!bytes) return Failure{bytes.Message()};
+  if (!bytes) return FileFailure{{bytes.Message()}};
   SaveReport report;
   if (file_.Faulty && IsSameFile(path, file_.Path)) {
-    Result<std::string> copy = KeepBeside(path);
-    if (!copy) return Failure{copy.Message()};
+    Result<std::string, FileFailure> copy = KeepBeside(path);
+    if (!copy) return copy.Why();
     file_.KeptAs = *std::move(copy);
     file_.Faulty = false;  // should writing fail now, the next try needs no second copy
   }
-  const Result<Done> written = WriteWhole(path, *bytes);
-  if (!written) return Failure{written.Message()};
+  const Result<Done, FileFailure> written = WriteFile(path, *bytes);
+  if (!written) return written.Why();
   report.KeptAs = std::move(file_.KeptAs);
   report.CongratulationLeftOut = EndsWithMarker(sada_.CongratulationText);
   if (report.CongratulationLeftOut) sada_.CongratulationText.clear();

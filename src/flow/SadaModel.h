@@ -15,6 +15,7 @@
 namespace zorik {
 
 struct KeptSada;
+struct FileFailure;
 
 // What the language gives to a new collection and to its caves, in Windows-1250.
 struct SadaWords {
@@ -39,6 +40,8 @@ class SadaModel {
   // Characters that fit into the box of the description.
   static constexpr std::size_t kLongestDescription = 280;
 
+  static constexpr std::size_t kAllSteps = static_cast<std::size_t>(-1);
+
   // The seed is that of scrambling, which decorates only.
   SadaModel(SadaWords words, std::uint64_t seed);
 
@@ -58,7 +61,7 @@ class SadaModel {
   // OpenColl. Caves that do not parse are left out; without a readable one there is a new small cave. With
   // any fault the collection counts as changed, and the next save into this file keeps what it held. Fails
   // when the file or its first lines cannot be read, and changes nothing then.
-  Result<OpenReport> Open(const std::string& path);
+  Result<OpenReport, FileFailure> Open(const std::string& path);
 
   // What is to be kept of it while it is edited. A cave that is with the cave editor has the place of the
   // selected one.
@@ -84,7 +87,7 @@ class SadaModel {
 
   // SaveColl: writes the whole file, or fails and leaves the old one as it was. A file that was written is
   // the collection's from then on, and nothing counts as changed.
-  Result<SaveReport> Save(const std::string& path);
+  Result<SaveReport, FileFailure> Save(const std::string& path);
 
   // Empty for a collection that was not saved yet.
   const std::string& FileName() const { return file_.Path; }
@@ -139,9 +142,10 @@ class SadaModel {
   // that do not parse are left out.
   void Import(EditedCollection sada);
 
-  // The steps that can be taken back, and those that can be done again; the next one comes first.
-  std::vector<SadaStep> UndoSteps() const { return history_.UndoSteps(); }
-  std::vector<SadaStep> RedoSteps() const { return history_.RedoSteps(); }
+  // The steps that can be taken back, and those that can be done again, or so many of them; the next one comes
+  // first.
+  std::vector<SadaStep> UndoSteps(std::size_t most = kAllSteps) const { return history_.UndoSteps(most); }
+  std::vector<SadaStep> RedoSteps(std::size_t most = kAllSteps) const { return history_.RedoSteps(most); }
   // So many of them. Beyond a new or another collection the former one comes back with its file. What comes
   // back counts as changed unless the file holds exactly that.
   void Undo(int steps = 1);

@@ -1,3 +1,5 @@
+#include <QStatusBar>
+
 #include "app/GameScreens.h"
 #include "data/Lines.h"
 #include "data/ProofFile.h"
@@ -50,6 +52,29 @@ TEST_F(GameEditors, LeaveACaveAsItIsThatTheAuthorWillNotHaveChanged) {
   EXPECT_TRUE(Shows<FrmSada>());
   EXPECT_FALSE(Shows<FrmMain>());
   EXPECT_EQ(Screen<FrmSada>()->Sada().Cave(1), OneStepCave("Jedna"));
+  Close(Screen<FrmSada>());
+  EXPECT_TRUE(Wait(Shows<FrmStart2>));
+}
+
+TEST_F(GameEditors, StoreTheCollectionByCtrlSInTheCaveEditor) {
+  FrmMain& editor = *Screen<FrmMain>();
+  const std::string before = *ReadWhole(folder.Root() + "/Caves/a.zk");
+  editor.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&editor));
+  QTest::keyClick(&editor, Qt::Key_B, Qt::ControlModifier);
+  EXPECT_TRUE(editor.isWindowModified());
+  QTest::keyClick(&editor, Qt::Key_S, Qt::ControlModifier);
+  EXPECT_TRUE(Shows<FrmMain>());
+  EXPECT_FALSE(editor.isWindowModified());
+  EXPECT_EQ(editor.statusBar()->currentMessage(),
+            QString::fromStdString("Uloženo: " + folder.Root() + "/Caves/a.zk"));
+  const std::string after = *ReadWhole(folder.Root() + "/Caves/a.zk");
+  EXPECT_NE(PlainLines(after)[3], PlainLines(before)[3]);
+  EXPECT_EQ(PlainLines(after)[3], *editor.Model().Text() + "---01");
+  EXPECT_EQ(PlainLines(after)[4], PlainLines(before)[4]);
+  Command(&editor, Qt::Key_Escape);
+  ASSERT_TRUE(Wait(Shows<FrmSada>));
+  EXPECT_FALSE(Screen<FrmSada>()->isWindowModified());
   Close(Screen<FrmSada>());
   EXPECT_TRUE(Wait(Shows<FrmStart2>));
 }

@@ -78,6 +78,7 @@ TEST_F(FrmMainMenusTest, HasItsItemsInTheirOrderWithTheirKeys) {
       "  mnuTryDog | Zkusit se Zoríkem u ukazatele | Shift+F5",
       "  mnuTry | Zkusit od tiku | Ctrl+F5",
       "  -",
+      "  mnuStore | Uložit do sady | Ctrl+S",
       "  mnuLeave | Zavřít | Ctrl+W | Esc",
       "PesMenu | Výběr Zoríka",
   };
