@@ -56,7 +56,7 @@ SadaWords FrmSada::WordsOf(const Skin& skin) {
 }
 
 FrmSada::FrmSada(Skin& skin, const Paths& paths, SadaModel& sada)
-    : skin_(skin), paths_(paths), sada_(sada), frmLoading_(skin) {
+    : skin_(skin), paths_(paths), sada_(sada), keeper_(skin, sada, paths), frmLoading_(skin) {
   setObjectName("frmSada");
   sada_.SetWords(WordsOf(skin));
   sada_.New();
@@ -125,6 +125,7 @@ void FrmSada::Open(const QString& path) {
   raise();
   activateWindow();
   mnuNew_Click();
+  keeper_.Begin();
   if (!path.isEmpty()) OpenColl(path);
   boxes_->Begin();
 }
@@ -171,11 +172,13 @@ void FrmSada::UpdateCount() {
 void FrmSada::UpdateTitle() {
   SetTitle(*this, kTitleWords.In(skin_), ChangeMark::With);
   setWindowModified(sada_.Chg());
+  if (!sada_.Chg()) keeper_.Settle();
 }
 
 // New, open, save
 
 void FrmSada::mnuNew_Click() {
+  keeper_.Discard();
   sada_.SetWords(WordsOf(skin_));
   sada_.New();
   boxes_->Load();
@@ -299,6 +302,7 @@ bool FrmSada::AskToSave() {
     case MsgResult::Yes:
       return mnuSave_Click();
     case MsgResult::No:
+      keeper_.Discard();
       return true;
     default:
       return false;
@@ -311,6 +315,7 @@ void FrmSada::closeEvent(QCloseEvent* event) {
     return;
   }
   StoreSize(*this);
+  keeper_.End();
   event->accept();
   hide();
   emit Closed();
