@@ -27,6 +27,7 @@ parts() {
   echo "machine 3 zorik_enduring_machine_tests *"
   echo "records 1 zorik_enduring_saves_tests *.LeaveARecordWhole"
   echo "collections 1 zorik_enduring_saves_tests *.LeaveACollectionWhole"
+  echo "edits 1 zorik_enduring_edits_tests *"
   echo "settings 1 zorik_enduring_saves_tests *.LeaveTheSettingsWhole"
   echo "first-starts 1 zorik_enduring_saves_tests EnduringFirstStart.*"
   for target in fuzz/fuzz_*.cpp; do

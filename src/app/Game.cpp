@@ -14,6 +14,8 @@
 #include "editors/FrmMain.h"
 #include "editors/FrmSada.h"
 #include "editors/ProofDesk.h"
+#include "editors/RecoveryOffer.h"
+#include "editors/UnfinishedCave.h"
 #include "platform/PathText.h"
 #include "screens/CavesOffer.h"
 #include "screens/DesktopServices.h"
@@ -47,6 +49,9 @@ Game::Game(const Paths& paths, const Settings& settings, Inbox& inbox)
   hra_.setWindowState(Qt::WindowMaximized);
   ConnectScreens();
   qApp->installEventFilter(this);
+  connect(qApp, &QGuiApplication::commitDataRequest, this, [this] {
+    if (frmSada_) frmSada_->Keeper().Keep();
+  });
 }
 
 Game::~Game() {
@@ -58,8 +63,10 @@ void Game::Begin(bool firstStart) {
   ApplyStoredSkin();
   if (firstStart) AskLanguage();
   OfferCaves(skin_, paths_);
+  const std::optional<KeptEntry> left = OfferLeft();
   frmStart2_.SetPaths(paths_);
   frmStart2_.FrmLoad();
+  if (left) OpenLeft(*left);
   inbox_.Deliver([this](const QString& path) { CameFromOutside(path); });
   const QString first = TakeFileFromStart();
   if (!first.isEmpty())
@@ -160,13 +167,19 @@ FrmSada& Game::CollectionEditor() {
 FrmMain& Game::CaveEditor() {
   if (frmMain_) return *frmMain_;
   const auto editCat = [this](const std::string& script) {
-    return FrmCat(skin_, frmMain_.get()).Edit(script);
+    FrmCat cat(skin_, frmMain_.get());
+    frmCat_ = &cat;
+    auto program = cat.Edit(script);
+    frmCat_ = nullptr;
+    return program;
   };
   frmMain_ = std::make_unique<FrmMain>(skin_, editCat, std::random_device()());
+  connect(frmMain_.get(), &FrmMain::Done, this, [this] { caveOpen_ = false; });
   connect(frmMain_.get(), &FrmMain::Done, &CollectionEditor(), &FrmSada::CaveDone);
   connect(frmMain_.get(), &FrmMain::StoreWanted, this, [this](const std::string& cave) {
     if (frmSada_->StoreCave(cave, *frmMain_)) frmMain_->Stored(cave, frmSada_->OriginOfSelected());
   });
+  CollectionEditor().Keeper().SetCave([this] { return CaveSoFar(); });
   connect(frmMain_.get(), &FrmMain::TestRun, this, &Game::TestRun);
   connect(&frmMain_->Proof(), &ProofDesk::TryRun, this, [this](const std::string& record, int tick) {
     TryOut([&] { return flow_.TryRun(record); }, tick);
@@ -281,10 +294,29 @@ void Game::EditCollection(const QString& path, const QString& player) {
   frmStart2_.hide();
 }
 
+// What was being edited when the program was killed. Nothing is looked through where there is nothing.
+std::optional<KeptEntry> Game::OfferLeft() {
+  if (RecoveryStore(RecoveryFolder(paths_)).Left().empty()) return std::nullopt;
+  return zorik::OfferLeft(skin_, nullptr, CollectionEditor().Keeper().Store());
+}
+
+void Game::OpenLeft(const KeptEntry& left) {
+  flow_.BeginEditing(PathBytes(frmStart2_.Player()));
+  frmStart2_.hide();
+  CollectionEditor().OpenLeft(left);
+}
+
+// The cave that is with the cave editor, as it is by now.
+std::optional<std::string> Game::CaveSoFar() const {
+  if (!caveOpen_) return std::nullopt;
+  return UnfinishedCave(frmMain_->Model(), frmCat_ == nullptr ? std::nullopt : frmCat_->Program());
+}
+
 // A cave that cannot be edited, or is not to be changed by that, stays as it is.
 void Game::EditCave(const std::string& caveText, const CaveOrigin& origin) {
   const FrmMain::Start start = CaveEditor().Edit(caveText, origin);
-  if (start == FrmMain::Start::Editing) return;
+  caveOpen_ = start == FrmMain::Start::Editing;
+  if (caveOpen_) return;
   frmSada_->CaveDone(caveText);
   if (start == FrmMain::Start::Unreadable)
     zorik::Tell(skin_, frmSada_.get(), skin_.Text(TextId::Program), kNoCaveWords.In(skin_));
@@ -408,6 +440,13 @@ void Game::EndProgram() {
   StoreMaximized(hra_.Maximised() && !hra_.isMinimized());
   frmStart2_.hide();  // a window that shows would be asked whether it agrees
   QCoreApplication::quit();
+}
+
+// A box that waits for an answer goes unanswered.
+void Game::EndByDesktop() {
+  if (frmSada_) frmSada_->Keeper().KeepForEnd();
+  StoreMaximized(hra_.Maximised() && !hra_.isMinimized());
+  QCoreApplication::exit();
 }
 
 // The end of the desktop's session is told by closing each window, and a screen that leads back to another

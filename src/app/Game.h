@@ -4,6 +4,7 @@
 #include <QString>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "app/OutsideFiles.h"
@@ -24,9 +25,11 @@
 
 namespace zorik {
 
+class FrmCat;
 class FrmMain;
 class FrmSada;
 struct CaveOrigin;
+struct KeptEntry;
 
 // The program as a whole: all long-lived screens, which are made once, the editors when they open first, and
 // the ways between them. One screen shows at a time; each keeps its own state while it is hidden.
@@ -42,6 +45,9 @@ class Game : public QObject {
   // before.
   void Begin(bool firstStart = false);
 
+  // Ends without asking anything; what is being edited is kept.
+  void EndByDesktop();
+
  protected:
   bool eventFilter(QObject* object, QEvent* event) override;
 
@@ -54,6 +60,9 @@ class Game : public QObject {
   FrmSada& CollectionEditor();
   FrmMain& CaveEditor();
   void EditCollection(const QString& path, const QString& player);
+  std::optional<KeptEntry> OfferLeft();
+  void OpenLeft(const KeptEntry& left);
+  std::optional<std::string> CaveSoFar() const;
   void ShowStart();
   void ShowPoSt();
   void ShowGame();
@@ -96,6 +105,8 @@ class Game : public QObject {
   FrmAnalyze frmAnalyze_;
   std::unique_ptr<FrmSada> frmSada_;  // from the first editing on
   std::unique_ptr<FrmMain> frmMain_;  // likewise, of a cave
+  const FrmCat* frmCat_ = nullptr;    // as long as the cat's program is edited
+  bool caveOpen_ = false;             // a cave is with its editor
   WinFlow winFlow_;
   OutsideFiles files_;
   Inbox& inbox_;

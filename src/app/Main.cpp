@@ -10,6 +10,7 @@
 #include "app/HeadlessWords.h"
 #include "data/ProgramFolder.h"
 #include "data/Result.h"
+#include "platform/EndSignals.h"
 #include "platform/Inbox.h"
 #include "platform/LeftFiles.h"
 #include "platform/Paths.h"
@@ -53,6 +54,7 @@ int Play(const zorik::Environment& environment) {
   QGuiApplication::setDesktopFileName("zorik");
   const bool firstStart = zorik::IsFirstStart();
   zorik::Game game(*paths, zorik::FindSett(), inbox);
+  const zorik::EndSignals ending([&game] { game.EndByDesktop(); });
   game.Begin(firstStart);
   return QApplication::exec();
 }

@@ -129,6 +129,11 @@ std::optional<std::string> FrmCat::Edit(const std::string& script) {
   return script_.Program();
 }
 
+std::optional<std::string> FrmCat::Program() const {
+  if (!isVisible()) return std::nullopt;
+  return script_.Program();
+}
+
 void FrmCat::LoadNames() {
   CatData found = FindCatData(skin_, parentWidget());
   SetTitle(*this, QString::fromStdString(found.Caption));

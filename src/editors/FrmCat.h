@@ -26,6 +26,9 @@ class FrmCat : public QDialog {
   // keep the one that it has.
   std::optional<std::string> Edit(const std::string& script);
 
+  // The program as it is by now; nothing while none is edited.
+  std::optional<std::string> Program() const;
+
  public slots:
   void done(int result) override;
   // Closing the window, and Esc: asks whether to store.

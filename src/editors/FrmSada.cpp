@@ -54,6 +54,7 @@ FrmSada::FrmSada(Skin& skin, const Paths& paths, SadaModel& sada)
     : skin_(skin),
       paths_(paths),
       sada_(sada),
+      keeper_(skin, sada, paths),
       frmLoading_(skin),
       files_(skin, paths, sada, frmLoading_, [this](SadaText text) { boxes_->Box(text)->setFocus(); }) {
   setObjectName("frmSada");
@@ -125,6 +126,7 @@ void FrmSada::Open(const QString& path) {
   raise();
   activateWindow();
   mnuNew_Click();
+  keeper_.Begin();
   if (!path.isEmpty()) OpenColl(path);
   boxes_->Begin();
 }
@@ -172,11 +174,13 @@ void FrmSada::UpdateTitle() {
   SetCollectionTitle(*this, kTitleWords.In(skin_), sada_.Text(SadaText::Name), sada_.FileName());
   setWindowModified(sada_.Chg());
   undo_->Update();
+  if (!sada_.Chg()) keeper_.Settle();
 }
 
 // New, open, save
 
 void FrmSada::mnuNew_Click() {
+  keeper_.Discard();
   sada_.SetWords(WordsOf(skin_));
   sada_.New();
   boxes_->Load();
@@ -245,6 +249,7 @@ bool FrmSada::AskToSave() {
     case MsgResult::Yes:
       return mnuSave_Click();
     case MsgResult::No:
+      keeper_.Discard();
       return true;
     default:
       return false;
@@ -257,6 +262,7 @@ void FrmSada::closeEvent(QCloseEvent* event) {
     return;
   }
   StoreSize(*this);
+  keeper_.End();
   event->accept();
   hide();
   emit Closed();

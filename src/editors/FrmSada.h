@@ -6,6 +6,7 @@
 
 #include "editors/CaveOrigin.h"
 #include "editors/MenuBuilder.h"
+#include "editors/RecoveryKeeper.h"
 #include "editors/SadaFiles.h"
 #include "flow/SadaModel.h"
 #include "platform/Paths.h"
@@ -31,6 +32,11 @@ class FrmSada : public QMainWindow {
   // Opens a collection, or a new one for an empty path, and shows the window in the skin's words. A file that
   // cannot be opened gives a message and a new collection.
   void Open(const QString& path);
+
+  // Opens what a program that was killed has left.
+  void OpenLeft(const KeptEntry& left);
+
+  RecoveryKeeper& Keeper() { return keeper_; }
 
   // The cave editor is done: stores the cave in the selected row and shows the window again.
   void CaveDone(const std::string& text);
@@ -92,6 +98,9 @@ class FrmSada : public QMainWindow {
   bool mnuSave_Click();
   bool mnuSaveAs_Click();
   bool AfterSaving(bool saved);
+  void mnuDiscarded_Click();
+  // False when it cannot be read any more, which a message has told.
+  bool TakeUp(const KeptEntry& entry);
   void mnuGratulace_Click();
   void mnuDelete_Click();
   // True when the command that would lose changes may go on.
@@ -101,6 +110,7 @@ class FrmSada : public QMainWindow {
   Skin& skin_;
   Paths paths_;
   SadaModel& sada_;
+  RecoveryKeeper keeper_;
   FrmLoading frmLoading_;
   SadaFiles files_;
   bool editing_ = false;  // a cave is with the cave editor

@@ -70,6 +70,7 @@ void FrmSada::MakeFileMenu() {
   menu.addSeparator();
   menus_.Add(menu, "mnuSave", "caption.sada.save", "Ctrl+S", [this] { mnuSave_Click(); });
   menus_.Add(menu, "mnuSaveAs", "caption.sada.saveas", "", [this] { mnuSaveAs_Click(); });
+  menus_.Add(menu, "mnuDiscarded", "caption.sada.discarded", "", [this] { mnuDiscarded_Click(); });
   menu.addSeparator();
   menus_.Add(menu, "mnuGratulace", "caption.sada.congrat", "Ctrl+G", [this] { mnuGratulace_Click(); });
   menu.addSeparator();

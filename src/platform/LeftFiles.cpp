@@ -62,9 +62,13 @@ std::string FolderBelow(const std::string& folder, const std::string& home, cons
 std::vector<std::string> WrittenFolders(const Paths& paths, const Environment& environment) {
   const std::string data = FolderBelow(environment.DataHome, environment.Home, "/.local/share");
   const std::string config = FolderBelow(environment.ConfigHome, environment.Home, "/.config");
-  std::vector<std::string> folders{
-      paths.AppPath,          paths.AppPath + "/Caves", paths.AppPath + "/Replays",
-      data + "/applications", data + "/mime/packages",  config + "/Ortvan"};
+  std::vector<std::string> folders{paths.AppPath,
+                                   paths.AppPath + "/Caves",
+                                   paths.AppPath + "/Replays",
+                                   paths.AppPath + "/Recovery/Running",
+                                   data + "/applications",
+                                   data + "/mime/packages",
+                                   config + "/Ortvan"};
   for (const std::string& player : FoldersIn(paths.PlayersPath)) {
     folders.push_back(paths.PlayersPath + "/" + player);
   }

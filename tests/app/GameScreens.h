@@ -110,13 +110,17 @@ class GameTest : public testing::Test {
   }
 
   void Begin() {
+    Start();
+    ASSERT_TRUE(Wait(Shows<FrmStart2>));
+  }
+
+  void Start() {
     Paths paths = folder.Paths();
     paths.ShippedSkins = ZORIK_BUILT_SKINS;
     game.reset();
     inbox = std::make_unique<Inbox>(InboxPlace(folder.Root()));
     game = std::make_unique<Game>(paths, settings, *inbox);
     game->Begin();
-    ASSERT_TRUE(Wait(Shows<FrmStart2>));
   }
 
   // What is pressed while the busy notice is there is lost, so that has to go first.

@@ -205,6 +205,7 @@ TEST_F(LeftFilesTest, TheGameWritesIntoItsFoldersThoseOfThePlayersAndItsPlacesIn
                                   paths.AppPath + "/Players/Ada",
                                   paths.AppPath + "/Players/Jo",
                                   paths.AppPath + "/Replays",
+                                  paths.AppPath + "/Recovery/Running",
                                   "/c/Ortvan",
                                   "/u/.local/share/applications",
                                   "/u/.local/share/mime/packages"};
