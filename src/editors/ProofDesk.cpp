@@ -21,8 +21,9 @@ namespace {
 constexpr int kMostPaws = 5;
 constexpr StartWords kNotStored{"caption.proof.notstored"};
 
+// In one piece, wherever its line ends.
 QString PlaceText(Cell c) {
-  return QString("%1, %2").arg(c.x() + 1).arg(c.y() + 1);
+  return QString("%1,%2%3").arg(c.x() + 1).arg(QChar(QChar::Nbsp)).arg(c.y() + 1);
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include "data/Result.h"
 #include "editors/ProofDesk.h"
 #include "screens/RunControls.h"
+#include "solve/Win.h"
 
 namespace zorik::test {
 namespace {
@@ -168,6 +169,29 @@ TEST_F(GameProof, IsTriedFromATickInPracticeThatLeadsBackToTheEditor) {
   EXPECT_TRUE(NothingCounts());
   EXPECT_EQ(*ReadWhole(folder.Root() + "/Replays/" + TestRecordFileName("Jedna")), *tests);
   Leave();
+}
+
+TEST_F(GameProof, OfACollectionWithoutAFileIsStoredWithIt) {
+  Command(Screen<FrmMain>(), Qt::Key_Escape);
+  ASSERT_TRUE(Wait(Shows<FrmSada>));
+  FrmSada& editor = *Screen<FrmSada>();
+  editor.findChild<QAction*>("mnuNew")->trigger();
+  Command(&editor, Qt::Key_F4);
+  ASSERT_TRUE(Wait(Shows<FrmMain>));
+  const std::string name = Screen<FrmMain>()->Model().Cave().Name;
+  Screen<FrmMain>()->Proof().Won(RecordOfPlan({OneStepCave("Jedna"), "sada", 0, {}}, {kStepBase + 2}));
+  Click(Screen<FrmMain>(), "btnTake");
+  Command(Screen<FrmMain>(), Qt::Key_Escape);
+  ASSERT_TRUE(Wait(Shows<FrmSada>));
+  const DialogScript script = {[](QWidget& dialog) {
+    auto* const file = dialog.findChild<QLineEdit*>("fileNameEdit");
+    file->setText("zcela-nova");
+    QTest::keyClick(file, Qt::Key_Return);
+  }};
+  editor.findChild<QAction*>("mnuSave")->trigger();
+  EXPECT_TRUE(std::filesystem::exists(ProofPath(folder.Root() + "/Caves/zcela-nova.zk", name)));
+  Close(&editor);
+  EXPECT_TRUE(Wait(Shows<FrmStart2>));
 }
 
 TEST_F(GameProof, AsksForNoneOfACaveThatIsTriedWithItsDogElsewhere) {

@@ -97,7 +97,7 @@ TEST_F(FrmMainProofTest, TellsTheTickAndTheCellAtWhichAStrokeBreaksTheProof) {
   OpenProven();
   Wall(5, 1);
   EXPECT_TRUE(window->Proof().Watch().Asking()) << "the stroke does not wait for the answer";
-  EXPECT_EQ(Verdict(), "Důkaz selže v tiku 4 na políčku 6, 2. Tah tam nevede, kam vedl. Na políčku: Ocel.");
+  EXPECT_EQ(Verdict(), "Důkaz selže v tiku 4 na políčku 6, 2. Tah tam nevede, kam vedl. Na políčku: Ocel.");
   EXPECT_TRUE(Child<QPushButton>("btnGo").isVisible());
   QTest::keyClick(window.get(), Qt::Key_Z, Qt::ControlModifier);
   EXPECT_EQ(Verdict(), "Důkaz stále vyhrává: tiků 7, sekund 0,7.");

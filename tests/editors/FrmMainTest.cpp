@@ -384,10 +384,10 @@ TEST_F(FrmMainTest, TakesTheSizeFromThePropertiesAndCutsIt) {
 // Size and keys
 
 TEST_F(FrmMainTest, RemembersItsSize) {
-  window->resize(700, 600);
+  window->resize(800, 600);
   window->close();
   MakeWindow();
-  EXPECT_EQ(window->size(), QSize(700, 600));
+  EXPECT_EQ(window->size(), QSize(800, 600));
 }
 
 TEST_F(FrmMainTest, IsWalkedThroughWithTab) {

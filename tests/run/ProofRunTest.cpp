@@ -122,8 +122,12 @@ TEST(AProof, TellsTheWayOfItsDogsAndWhatItTouches) {
 }
 
 TEST(AProof, TellsOfItsWayNoFurtherThanItHolds) {
-  const ProofVerdict verdict = JudgedIn(kPlain, {"WWWWWWWWW", "W1;DX;;;T", "W;;;;;;;W", "WWWWWWWWW"});
+  const Walk walk{{"WWWWWWWWW", "W1;;;D;;W", "W;;;;;;;T", "WWWWWWWWW"}, {.needed = 1}, "RRRRDRRR"};
+  EXPECT_TRUE(JudgedIn(walk, walk.picture).wins);
+  const ProofVerdict verdict = JudgedIn(walk, {"WWWWWWWWW", "W1;;XD;;W", "W;;;;;;;T", "WWWWWWWWW"});
+  EXPECT_EQ(FlawOf(verdict).cell, Cell(4, 1));
   EXPECT_EQ(verdict.way.back().cell, Cell(3, 1));
+  EXPECT_FALSE(verdict.touched[Cell(3, 2).place()]) << "where the keys lead from there on";
 }
 
 TEST(AProof, IsJudgedTheSameInOneGoAndInSlices) {
