@@ -16,11 +16,23 @@ namespace {
 // All even, since the scroll bars step by half a cell.
 constexpr std::array<int, 8> kCellSizes{14, 20, EditKom::kCell, 32, 40, 52, 78, 104};
 constexpr int kWheelStep = 120;  // units of the wheel
+constexpr int kLeastSize = 4;    // to see a whole cave
 constexpr const char* kCellSize = "Editors/CellSize";
+constexpr const char* kGrid = "Editors/Grid";
 
 std::size_t PlaceOf(int cell) {
   const auto* const place = std::find(kCellSizes.begin(), kCellSizes.end(), cell);
   return static_cast<std::size_t>(place - kCellSizes.begin());
+}
+
+// The size that is so many places after a size, which may lie between two places.
+int SizeAfter(int cell, int steps) {
+  if (cell < kCellSizes.front() && steps < 0) return cell;
+  const auto* const place = steps > 0 ? std::upper_bound(kCellSizes.begin(), kCellSizes.end(), cell)
+                                      : std::lower_bound(kCellSizes.begin(), kCellSizes.end(), cell);
+  const int wanted = static_cast<int>(place - kCellSizes.begin()) + (steps > 0 ? steps - 1 : steps);
+  const int last = static_cast<int>(kCellSizes.size()) - 1;
+  return kCellSizes[static_cast<std::size_t>(std::clamp(wanted, 0, last))];
 }
 
 // Steps to scroll through so many pixels, the last one perhaps a shorter one.
@@ -39,7 +51,9 @@ CaveView::CaveView(const CaveModel& cave, EditTiles& tiles, QWidget* parent)
       ram_(new QWidget(this)),
       edit_(new EditKom(cave, tiles, ram_)),
       hScroll_(new QScrollBar(Qt::Horizontal, this)),
-      vScroll_(new QScrollBar(Qt::Vertical, this)) {
+      vScroll_(new QScrollBar(Qt::Vertical, this)),
+      pan_(*edit_, *hScroll_, *vScroll_),
+      autoScroll_(*edit_, *hScroll_, *vScroll_, nullptr) {
   ram_->setObjectName("Ram");
   ram_->setMinimumSize(kColumns * EditKom::kCell, kRows * EditKom::kCell);
   ram_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
@@ -60,6 +74,7 @@ CaveView::CaveView(const CaveModel& cave, EditTiles& tiles, QWidget* parent)
     connect(bar, &QScrollBar::valueChanged, this, &CaveView::MovePicture);
   }
   connect(edit_, &EditKom::LedByKeys, this, &CaveView::Show);
+  edit_->Over().grid = ZorikStore().value(kGrid).toBool();
   const int stored = ZorikStore().value(kCellSize).toInt();
   if (PlaceOf(stored) < kCellSizes.size()) edit_->SetCellSize(stored);
 }
@@ -112,22 +127,47 @@ void CaveView::SetCellSize(int cell, QPoint around) {
   hScroll_->setValue(value(around.x(), seen.x()));
   vScroll_->setValue(value(around.y(), seen.y()));
   MovePicture();
-  ZorikStore().setValue(kCellSize, cell);
   emit Zoomed();
 }
 
 void CaveView::Zoom(int steps, QPoint around) {
-  const int last = static_cast<int>(kCellSizes.size()) - 1;
-  const int place = std::clamp(static_cast<int>(PlaceOf(edit_->CellSize())) + steps, 0, last);
-  SetCellSize(kCellSizes[static_cast<std::size_t>(place)], around);
+  const int cell = SizeAfter(edit_->CellSize(), steps);
+  SetCellSize(cell, around);
+  ZorikStore().setValue(kCellSize, cell);
+}
+
+QPoint CaveView::Middle() const {
+  return ram_->rect().center() - edit_->pos();
 }
 
 void CaveView::Zoom(int steps) {
-  Zoom(steps, ram_->rect().center() - edit_->pos());
+  Zoom(steps, Middle());
 }
 
 void CaveView::ZoomUsual() {
-  SetCellSize(EditKom::kCell, ram_->rect().center() - edit_->pos());
+  SetCellSize(EditKom::kCell, Middle());
+  ZorikStore().setValue(kCellSize, EditKom::kCell);
+}
+
+void CaveView::ZoomToWhole() {
+  const QSize cave = edit_->CaveSize();
+  const int fits = std::min(ram_->width() / cave.width(), ram_->height() / cave.height());
+  SetCellSize(std::clamp(fits / 2 * 2, kLeastSize, kCellSizes.back()), Middle());
+}
+
+QPoint CaveView::Place() const {
+  return {hScroll_->value(), vScroll_->value()};
+}
+
+void CaveView::SetPlace(QPoint place) {
+  hScroll_->setValue(place.x());
+  vScroll_->setValue(place.y());
+}
+
+void CaveView::SetGrid(bool grid) {
+  edit_->Over().grid = grid;
+  edit_->update();
+  ZorikStore().setValue(kGrid, grid);
 }
 
 void CaveView::Wheel(QWheelEvent& event) {
@@ -142,11 +182,24 @@ void CaveView::Wheel(QWheelEvent& event) {
   if (steps != 0) Zoom(steps, edit_->mapFromGlobal(event.globalPosition()).toPoint());
 }
 
+// The mouse on the picture, before the picture itself hears of it.
+bool CaveView::Pans(QEvent& event) {
+  if (event.type() == QEvent::MouseMove) {
+    const auto& mouse = static_cast<QMouseEvent&>(event);
+    if (pan_.Move(mouse)) return true;
+    autoScroll_.Follow(mouse.position().toPoint());
+  }
+  if (event.type() == QEvent::MouseButtonPress) return pan_.Press(static_cast<QMouseEvent&>(event));
+  if (event.type() == QEvent::MouseButtonRelease) return pan_.Release(static_cast<QMouseEvent&>(event));
+  return false;
+}
+
 bool CaveView::eventFilter(QObject* object, QEvent* event) {
   if (event->type() == QEvent::Wheel) {
     Wheel(static_cast<QWheelEvent&>(*event));
     return true;
   }
+  if (object == edit_ && Pans(*event)) return true;
   if (object == ram_ && event->type() == QEvent::Resize) {
     SetRanges();
     MovePicture();

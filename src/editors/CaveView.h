@@ -2,14 +2,18 @@
 
 #include <QWidget>
 
+#include "editors/AutoScroll.h"
 #include "editors/EditKom.h"
+#include "editors/HandPan.h"
 
+class QMouseEvent;
 class QScrollBar;
 
 namespace zorik {
 
 // The window onto the picture of the cave, with its two scroll bars, whose steps are half a cell. Ctrl with
-// the wheel zooms, and the cell under the pointer stays where it is.
+// the wheel zooms, and the cell under the pointer stays where it is. The picture can be moved by hand, and
+// moves by itself under a stroke that leaves the view.
 class CaveView : public QWidget {
   Q_OBJECT
 
@@ -28,6 +32,16 @@ class CaveView : public QWidget {
   void Zoom(int steps, QPoint around);
   void Zoom(int steps);
   void ZoomUsual();
+  // The size at which all of the cave is seen, or the smallest one; it is not remembered.
+  void ZoomToWhole();
+
+  // Where the scroll bars stand.
+  QPoint Place() const;
+  void SetPlace(QPoint place);
+
+  // Lines between the cells; remembered.
+  bool HasGrid() const { return edit_->Over().grid; }
+  void SetGrid(bool grid);
 
  signals:
   void Zoomed();
@@ -37,6 +51,8 @@ class CaveView : public QWidget {
 
  private:
   void SetCellSize(int cell, QPoint around);
+  QPoint Middle() const;
+  bool Pans(QEvent& event);
   void SetRanges();
   void MovePicture();
   void Show(QPoint cell);
@@ -46,6 +62,8 @@ class CaveView : public QWidget {
   EditKom* edit_;
   QScrollBar* hScroll_;
   QScrollBar* vScroll_;
+  HandPan pan_;
+  AutoScroll autoScroll_;
   int wheel_ = 0;  // what is left of turns of the wheel, in its units
 };
 

@@ -1,35 +1,31 @@
 #include "editors/EditKom.h"
 
+#include <QCoreApplication>
 #include <QCursor>
 #include <QKeyEvent>
 #include <QPaintEvent>
 #include <QPainter>
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <cstdlib>
 #include <utility>
 
+#include "editors/CellPlaces.h"
 #include "editors/ToolButtons.h"
 
 namespace zorik {
 namespace {
 
-struct Arrow {
-  int key;
-  QPoint step;
-};
-constexpr std::array<Arrow, 4> kArrows{{
-    {Qt::Key_Left, {-1, 0}},
-    {Qt::Key_Up, {0, -1}},
-    {Qt::Key_Right, {1, 0}},
-    {Qt::Key_Down, {0, 1}},
-}};
-
 constexpr double kPixelsAtOnce = 64 * 1024;
 
 int FloorDiv(double value, int divisor) {
   return static_cast<int>(std::floor(value / divisor));
+}
+
+// Whether the toolkit may leave out reports of the mouse that have queued up. Within a stroke it must not, or
+// the stroke would cut the corners of the pointer's way.
+void LeaveOutReports(bool may) {
+  QCoreApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, may);
 }
 
 }  // namespace
@@ -50,7 +46,9 @@ void EditKom::SetCellSize(int cell) {
 
 void EditKom::SetRozm() {
   resize(cave_.Width() * cell_, cave_.Height() * cell_);
-  if (marked_ && !cave_.Inside(marked_->x(), marked_->y())) Mark(std::nullopt);
+  if (over_.mark && !cave_.Inside(over_.mark->x(), over_.mark->y())) Mark(std::nullopt);
+  if (over_.selection) over_.selection = *over_.selection & CellsOf(cave_);
+  if (over_.selection && over_.selection->isEmpty()) over_.selection.reset();
   update();
 }
 
@@ -59,8 +57,8 @@ void EditKom::PaintCell(QPoint cell) {
   update(RectOf(cell).adjusted(-1, -1, 1, 1));
 }
 
-void EditKom::SetOverlay(const CaveOverlay* overlay) {
-  overlay_ = overlay;
+void EditKom::SetLayer(const CaveLayer* layer) {
+  layer_ = layer;
   update();
 }
 
@@ -78,13 +76,8 @@ void EditKom::paintEvent(QPaintEvent* event) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::SmoothPixmapTransform);
   PaintCells(painter, cells);
-  if (overlay_) overlay_->Paint(painter, cells, cell_);
-  if (!marked_) return;
-  const QRect mark = RectOf(*marked_);
-  painter.setPen(Qt::black);
-  painter.drawRect(mark.adjusted(1, 1, -2, -2));
-  painter.setPen(Qt::white);
-  painter.drawRect(mark.adjusted(0, 0, -1, -1));
+  if (layer_) layer_->Paint(painter, cells, cell_);
+  PaintOverlay(painter, over_, tiles_, cells, cell_);
 }
 
 // A few rows at a time, so that what is drawn is still at hand for the processor when it goes to the screen.
@@ -104,96 +97,191 @@ void EditKom::PaintCells(QPainter& painter, const QRect& cells) {
 
 void EditKom::Mark(std::optional<QPoint> cell) {
   if (cell && !cave_.Inside(cell->x(), cell->y())) cell.reset();
-  if (cell == marked_) return;
-  for (const auto& place : {marked_, cell}) {
+  if (cell == over_.mark) return;
+  for (const auto& place : {over_.mark, cell}) {
     if (place) PaintCell(*place);
   }
-  marked_ = cell;
+  over_.mark = cell;
+  if (cell) cursor_ = cell;
   emit MarkMoved();
+}
+
+// What is seen
+
+QRect EditKom::Seen() const {
+  return parentWidget() == nullptr ? rect() : QRect(-pos(), parentWidget()->size()) & rect();
+}
+
+QRect EditKom::SeenCells() const {
+  const QRect seen = Seen();
+  if (seen.isEmpty()) return {};
+  return QRect(CellAt(seen.topLeft()), CellAt(seen.bottomRight())) & CellsOf(cave_);
+}
+
+QPoint EditKom::Cursor() const {
+  if (over_.mark) return *over_.mark;
+  const QRect seen = SeenCells();
+  return cursor_ && seen.contains(*cursor_) ? *cursor_ : seen.topLeft();
+}
+
+// Where the picture goes on behind the view's edge the pointer comes no further than that. The end of the
+// cave does not hold it.
+QPoint EditKom::SeenCell(QPointF position) const {
+  const QRect seen = Seen();
+  const auto hold = [](double at, int first, int last, int end) {
+    if (first > 0) at = std::max<double>(at, first);
+    return last < end ? std::min<double>(at, last) : at;
+  };
+  return CellAt({hold(position.x(), seen.left(), seen.right(), rect().right()),
+                 hold(position.y(), seen.top(), seen.bottom(), rect().bottom())});
 }
 
 // The mouse
 
 void EditKom::mousePressEvent(QMouseEvent* event) {
-  if (!ToolOfButtons(event->buttons())) {
+  if (keys_.Strokes()) return;
+  byKeys_ = false;
+  const auto button = ToolOfButtons(event->buttons());
+  if (!button) {
     last_.reset();
     return;
   }
-  stroke_ = true;
-  emit StrokeBegins();
-  Lead(*event);
+  pointer_ = event->position() + pos();
+  const QPoint cell = CellAt(event->position());
+  Mark(cell);
+  if (event->modifiers() & Qt::AltModifier) {
+    emit Picked(cell, *button);
+    return;
+  }
+  LeaveOutReports(false);
+  BeginStroke(cell, *button);
 }
 
 void EditKom::mouseMoveEvent(QMouseEvent* event) {
-  Lead(*event);
+  byKeys_ = false;
+  pointer_ = event->position() + pos();
+  const QPoint cell = SeenCell(event->position());
+  Mark(cell);
+  const auto button = ToolOfButtons(event->buttons());
+  if (!button || !IsDragged()) return;
+  button_ = button;
+  LeadStroke(cell);
+}
+
+void EditKom::LeadAgain() {
+  if (!IsDragged()) return;
+  const QPoint cell = SeenCell(pointer_ - pos());
+  Mark(cell);
+  LeadStroke(cell);
 }
 
 void EditKom::mouseReleaseEvent(QMouseEvent* event) {
+  if (keys_.Strokes()) return;
   last_.reset();
-  if (event->buttons() == Qt::NoButton) EndStroke();
-}
-
-void EditKom::Lead(QMouseEvent& event) {
-  const QPoint cell = CellAt(event.position());
-  Mark(cell);
-  const auto tool = ToolOfButtons(event.buttons());
-  if (!tool || !stroke_) return;
-  DrawPath(last_.value_or(cell), cell, *tool);
-  last_ = cell;
-}
-
-// The cell that the path starts in was drawn before, which makes no difference.
-void EditKom::DrawPath(QPoint from, QPoint to, ToolButton button) {
-  const QPoint way = to - from;
-  const int steps = std::max({std::abs(way.x()), std::abs(way.y()), 1});
-  for (int step = from == to ? steps : 1; step <= steps; ++step) {
-    const double part = static_cast<double>(step) / steps;
-    emit Drawn({from.x() + qRound(way.x() * part), from.y() + qRound(way.y() * part)}, button);
-  }
-}
-
-void EditKom::EndStroke() {
-  if (!std::exchange(stroke_, false)) return;
-  last_.reset();
-  emit StrokeEnds();
+  if (event->buttons() == Qt::NoButton) FinishStroke();
 }
 
 void EditKom::leaveEvent(QEvent* event) {
   QWidget::leaveEvent(event);
-  Mark(std::nullopt);
+  if (!byKeys_) Mark(std::nullopt);
 }
 
 // The picture has been scrolled under the pointer.
 void EditKom::moveEvent(QMoveEvent* event) {
   QWidget::moveEvent(event);
-  if (marked_ && underMouse()) Mark(CellAt(mapFromGlobal(QCursor::pos())));
+  if (Marked() && !byKeys_ && underMouse()) Mark(CellAt(mapFromGlobal(QCursor::pos())));
+}
+
+// Strokes
+
+void EditKom::BeginStroke(QPoint cell, ToolButton button) {
+  button_ = button;
+  emit StrokeBegins(cell, button);
+  if (!InStroke()) return;
+  last_ = cell;
+  emit Drawn(cell, button);
+}
+
+void EditKom::LeadStroke(QPoint cell) {
+  if (!InStroke()) return;
+  const ToolButton button = *button_;
+  DrawPath(last_.value_or(cell), cell, button);
+  last_ = cell;
+  emit Led(cell, button);
+}
+
+// The cell that the path starts in was drawn before, which makes no difference.
+void EditKom::DrawPath(QPoint from, QPoint to, ToolButton button) {
+  const QRect seen = SeenCells();
+  const QPoint way = to - from;
+  const int steps = std::max({std::abs(way.x()), std::abs(way.y()), 1});
+  for (int step = from == to ? steps : 1; step <= steps; ++step) {
+    const double part = static_cast<double>(step) / steps;
+    const QPoint cell(from.x() + qRound(way.x() * part), from.y() + qRound(way.y() * part));
+    if (seen.contains(cell) || keys_.Strokes()) emit Drawn(cell, button);
+  }
+}
+
+void EditKom::FinishStroke() {
+  const auto button = std::exchange(button_, std::nullopt);
+  if (!button) return;
+  last_.reset();
+  LeaveOutReports(true);
+  emit StrokeEnds(*button);
+}
+
+void EditKom::EndStroke() {
+  keys_.Forget();
+  if (!std::exchange(button_, std::nullopt)) return;
+  last_.reset();
+  LeaveOutReports(true);
+  emit StrokeBroken();
+}
+
+bool EditKom::HasToGiveUp() const {
+  return InStroke() || over_.selection || !over_.block.IsEmpty();
+}
+
+bool EditKom::GiveUp() {
+  if (!HasToGiveUp()) return false;
+  keys_.Forget();
+  button_.reset();
+  last_.reset();
+  LeaveOutReports(true);
+  emit GivenUp();
+  return true;
 }
 
 // Keys
 
-void EditKom::keyPressEvent(QKeyEvent* event) {
-  if (event->key() == Qt::Key_Space) {
-    DrawByKey(event->modifiers());
-    return;
+// Esc would close the window.
+bool EditKom::event(QEvent* event) {
+  if (event->type() == QEvent::ShortcutOverride && HasToGiveUp() &&
+      static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
+    event->accept();
+    return true;
   }
-  const auto* const arrow = std::find_if(kArrows.begin(), kArrows.end(),
-                                         [event](const Arrow& row) { return row.key == event->key(); });
-  if (arrow == kArrows.end()) {
-    QWidget::keyPressEvent(event);
-    return;
-  }
-  const QPoint from = marked_.value_or(QPoint(0, 0));
-  const QPoint to = marked_ ? from + arrow->step : from;
-  if (!cave_.Inside(to.x(), to.y())) return;
-  Mark(to);
-  emit LedByKeys(to);
+  return QWidget::event(event);
 }
 
-void EditKom::DrawByKey(Qt::KeyboardModifiers modifiers) {
-  if (!marked_ || stroke_) return;
-  emit StrokeBegins();
-  emit Drawn(*marked_, ToolOfModifiers(modifiers));
-  emit StrokeEnds();
+void EditKom::keyPressEvent(QKeyEvent* event) {
+  if (!keys_.Press(*event)) QWidget::keyPressEvent(event);
+}
+
+void EditKom::keyReleaseEvent(QKeyEvent* event) {
+  if (!keys_.Release(*event)) QWidget::keyReleaseEvent(event);
+}
+
+void EditKom::LeadMark(QPoint cell) {
+  byKeys_ = true;
+  Mark(cell);
+  emit LedByKeys(cell);
+}
+
+bool EditKom::TakeSpace() {
+  if (!keys_.SpaceWaits()) return false;
+  keys_.Forget();
+  return true;
 }
 
 void EditKom::focusOutEvent(QFocusEvent* event) {

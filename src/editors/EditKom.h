@@ -6,22 +6,25 @@
 #include <optional>
 
 #include "editors/CaveModel.h"
+#include "editors/CaveOverlay.h"
+#include "editors/CellKeys.h"
 #include "editors/EditTiles.h"
 
 namespace zorik {
 
 // What is drawn over the cells of the picture, under the mark.
-class CaveOverlay {
+class CaveLayer {
  public:
-  virtual ~CaveOverlay() = default;
+  virtual ~CaveLayer() = default;
 
   // cells: those that are painted anew; a cell has so many logical pixels.
   virtual void Paint(QPainter& painter, const QRect& cells, int cellSize) const = 0;
 };
 
 // The picture of the cave that is edited. It tells which cells a mouse button has been led over; a drag
-// that was too quick for the mouse's reports leaves no gap. Cells may lie outside of the cave. The arrow keys
-// move the marked cell, and Space draws there with the left tool, with Shift the right, with Ctrl the middle.
+// that was too quick for the mouse's reports leaves no gap. Cells may lie outside of the cave, and are left
+// out where the view does not show them. The keys do the same in the marked cell: Space is the left button,
+// with Shift the right, with Ctrl the middle.
 class EditKom : public QWidget {
   Q_OBJECT
 
@@ -36,24 +39,67 @@ class EditKom : public QWidget {
 
   // Takes the size that the cave has.
   void SetRozm();
+  QSize CaveSize() const { return {cave_.Width(), cave_.Height()}; }
   // Paints one cell anew.
   void PaintCell(QPoint cell);
   // Not owned; nullptr for none. It is painted with the cells, so a cell that it changes is to be updated.
-  void SetOverlay(const CaveOverlay* overlay);
+  void SetLayer(const CaveLayer* layer);
   // What the mouse is led over before its next press is not drawn.
   void EndStroke();
 
   // The cell that is marked: under the pointer, or led there by keys.
-  std::optional<QPoint> Marked() const { return marked_; }
+  std::optional<QPoint> Marked() const { return over_.mark; }
+  // The same, or where keys would begin.
+  QPoint Cursor() const;
+  // The cells of which the view shows something.
+  QRect SeenCells() const;
+  QPoint CellAt(QPointF position) const;
+
+  // What lies over the picture; whoever changes it repaints.
+  const CaveOverlay& Over() const { return over_; }
+  CaveOverlay& Over() { return over_; }
+
+  // A tap of Space begins a stroke that the next one ends.
+  bool Latches() const { return latches_; }
+  void SetLatching(bool latches) { latches_ = latches; }
+
+  // What keys do.
+  void LeadMark(QPoint cell);
+  void BeginStroke(QPoint cell, ToolButton button);
+  void LeadStroke(QPoint cell);
+  void FinishStroke();
+  // Gives up the stroke or what else is begun. Returns whether there was any.
+  bool GiveUp();
+  bool InStroke() const { return button_.has_value(); }
+  // A stroke of the mouse.
+  bool IsDragged() const { return InStroke() && !keys_.Strokes(); }
+  // A selection is there that keys can move.
+  bool CanShove() const { return over_.selection && over_.block.IsEmpty(); }
+
+  // The picture has moved under the pointer, which goes on with its stroke.
+  void LeadAgain();
+  // Space was held for something else than drawing. Returns whether it was held.
+  bool TakeSpace();
 
  signals:
-  void StrokeBegins();
+  void StrokeBegins(QPoint cell, zorik::ToolButton button);
+  // For each cell on the way of a stroke, then once for its end.
   void Drawn(QPoint cell, zorik::ToolButton button);
-  void StrokeEnds();
+  void Led(QPoint cell, zorik::ToolButton button);
+  void StrokeEnds(zorik::ToolButton button);
+  // Something else has come between.
+  void StrokeBroken();
+  // The author wants it no more; also without a stroke.
+  void GivenUp();
+  void Confirmed();
+  void Picked(QPoint cell, zorik::ToolButton button);
+  void Shoved(QPoint step);
+  void SelectedByKeys(QPoint from, QPoint to);
   void MarkMoved();
   void LedByKeys(QPoint cell);
 
  protected:
+  bool event(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
@@ -61,25 +107,31 @@ class EditKom : public QWidget {
   void leaveEvent(QEvent* event) override;
   void moveEvent(QMoveEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void keyReleaseEvent(QKeyEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
 
  private:
-  QPoint CellAt(QPointF position) const;
   QRect RectOf(QPoint cell) const { return {cell * cell_, QSize(cell_, cell_)}; }
+  QRect Seen() const;
+  QPoint SeenCell(QPointF position) const;
   void PaintCells(QPainter& painter, const QRect& cells);
-  void Lead(QMouseEvent& event);
   void DrawPath(QPoint from, QPoint to, ToolButton button);
   void Mark(std::optional<QPoint> cell);
-  void DrawByKey(Qt::KeyboardModifiers modifiers);
+  bool HasToGiveUp() const;
 
   const CaveModel& cave_;
   EditTiles& tiles_;
-  const CaveOverlay* overlay_ = nullptr;
+  const CaveLayer* layer_ = nullptr;
+  CellKeys keys_{*this};
+  CaveOverlay over_;
   int cell_ = kCell;
-  QImage picture_;  // of the cells painted last
-  std::optional<QPoint> marked_;
-  std::optional<QPoint> last_;  // where a stroke has come to
-  bool stroke_ = false;
+  QImage picture_;                    // of the cells painted last
+  std::optional<QPoint> cursor_;      // the cell marked last
+  std::optional<QPoint> last_;        // where a stroke has come to
+  std::optional<ToolButton> button_;  // of a stroke
+  QPointF pointer_;                   // in the window onto the picture
+  bool byKeys_ = false;               // the mark was led by keys, and stays when the picture is scrolled
+  bool latches_ = false;
 };
 
 }  // namespace zorik

@@ -12,6 +12,8 @@
 
 #include "data/Result.h"
 #include "editors/CaveView.h"
+#include "editors/DrawHand.h"
+#include "editors/DrawMenus.h"
 #include "editors/EditorTitle.h"
 #include "editors/FrmFormality.h"
 #include "editors/FrmStats.h"
@@ -21,6 +23,8 @@
 #include "editors/SidePanel.h"
 #include "editors/ToolHint.h"
 #include "editors/ToolNames.h"
+#include "editors/ToolStrip.h"
+#include "editors/ToolWords.h"
 #include "editors/WindowPlace.h"
 #include "platform/PathText.h"
 #include "screens/Hint.h"
@@ -72,6 +76,7 @@ FrmMain::FrmMain(Skin& skin, CatEditor editCat, std::uint64_t seed, QWidget* par
 // What the window's parts still tell while they go is of no use any more.
 FrmMain::~FrmMain() {
   delete proof_;
+  hand_.reset();
   palette_->disconnect(this);
   view_->disconnect(this);
   view_->Picture().disconnect(this);
@@ -114,7 +119,11 @@ void FrmMain::LayOut() {
   rows->addWidget(palette_, 0, Qt::AlignLeft);
   proof_ = new ProofDesk(skin_, model_, view_->Picture(), *panel_);
   rows->addWidget(&proof_->Offer());
-  rows->addWidget(panel_, 1);
+  strip_ = new ToolStrip(middle);
+  auto* const beside = new QHBoxLayout;
+  beside->addWidget(strip_);
+  beside->addWidget(panel_, 1);
+  rows->addLayout(beside, 1);
   setCentralWidget(middle);
   setTabOrder(labels_[kDogButton], palette_);
   setTabOrder(palette_, &view_->Picture());
@@ -128,15 +137,8 @@ void FrmMain::ConnectTools() {
     UpdateStatus();
   });
   connect(view_, &CaveView::Zoomed, this, &FrmMain::UpdateStatus);
-  EditKom& picture = view_->Picture();
-  connect(&picture, &EditKom::StrokeBegins, this, [this] { model_.BeginStroke(); });
-  connect(&picture, &EditKom::Drawn, this, &FrmMain::DrawCell);
-  connect(&picture, &EditKom::StrokeEnds, this, [this] {
-    model_.EndStroke();
-    proof_->CaveChanged();
-    UpdateMenus();
-  });
-  connect(&picture, &EditKom::MarkMoved, this, &FrmMain::UpdateStatus);
+  ConnectHand();
+  connect(&view_->Picture(), &EditKom::MarkMoved, this, &FrmMain::UpdateStatus);
 }
 
 void FrmMain::MakeStatusBar() {
@@ -144,7 +146,9 @@ void FrmMain::MakeStatusBar() {
   lblCell_->setObjectName("lblCell");
   lblSize_ = NewLabel(this);
   lblSize_->setObjectName("lblSize");
-  statusBar()->addWidget(lblCell_, 1);
+  statusBar()->addWidget(lblCell_);
+  words_ = new ToolWords(skin_, *hand_, this);
+  statusBar()->addWidget(words_, 1);
   hint_ = new ToolHint(*palette_, tiles_, this);
   statusBar()->addPermanentWidget(hint_);
   connect(palette_, &Palette::ToolSelected, hint_, qOverload<>(&QWidget::update));
@@ -155,6 +159,9 @@ void FrmMain::MakeStatusBar() {
 
 void FrmMain::SetLW() {
   menus_.SetCaptions(skin_);
+  menus_.SetHints(skin_);
+  drawMenus_->DrawIcons(*this);
+  words_->Update();
   panel_->SetLW(skin_);
   proof_->SetLW();
   const auto name = [this](LabelPlace place, const char* key) {
@@ -272,6 +279,7 @@ void FrmMain::Restore() {
 
 void FrmMain::ShowOpened() {
   shownSize_ = {};
+  hand_->Forget();
   AfterChange();
   Dog(1);
   palette_->Forget();
@@ -330,16 +338,6 @@ char FrmMain::LetterOf(ToolButton button) const {
 QString FrmMain::NameOf(ToolButton button) const {
   const int palette = palette_->Tool(button);
   return palette < 0 ? QString() : NameOfTool(skin_, palette, palette_->CurrentDog());
-}
-
-void FrmMain::DrawCell(QPoint cell, ToolButton button) {
-  if (palette_->Tool(button) < 0 || !model_.Draw(cell.x(), cell.y(), LetterOf(button))) return;
-  if (palette_->Tool(button) == kDogTool) {
-    view_->Picture().update();
-  } else {
-    view_->Picture().PaintCell(cell);
-  }
-  UpdateStatus();
 }
 
 void FrmMain::Dog(int n) {

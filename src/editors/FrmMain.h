@@ -3,6 +3,7 @@
 #include <QMainWindow>
 #include <array>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 
@@ -20,12 +21,16 @@ class QToolButton;
 namespace zorik {
 
 class CaveView;
+class DrawHand;
+class DrawMenus;
 class FrmFormality;
 class Palette;
 class ProofDesk;
 class SidePanel;
 class Skin;
 class ToolHint;
+class ToolStrip;
+class ToolWords;
 
 // The cave editor. It edits one cave at a time, from the text that it is given to the text that it hands back
 // when it is left.
@@ -86,6 +91,7 @@ class FrmMain : public QMainWindow {
   void MakeViewMenu();
   void LayOut();
   void ConnectTools();
+  void ConnectHand();
   QToolButton* MakeLabel(const char* name, std::function<void()> act);
   void MakeStatusBar();
   void UpdateCaptions();
@@ -102,7 +108,9 @@ class FrmMain : public QMainWindow {
   void ShowOpened();
   char LetterOf(ToolButton button) const;
   QString NameOf(ToolButton button) const;
-  void DrawCell(QPoint cell, ToolButton button);
+  void Resize();
+  // Tells for a moment that something is not possible.
+  void Refuse(const char* caption, int line);
   void Dog(int n);
   void Replace(int every);
   void ReplaceRandom(int wanted);
@@ -133,6 +141,10 @@ class FrmMain : public QMainWindow {
   ToolHint* hint_ = nullptr;
   CaveView* view_ = nullptr;
   ProofDesk* proof_ = nullptr;
+  ToolStrip* strip_ = nullptr;
+  std::unique_ptr<DrawHand> hand_;
+  DrawMenus* drawMenus_ = nullptr;
+  ToolWords* words_ = nullptr;
   SidePanel* panel_ = nullptr;  // around the view
   FrmFormality* frmFormality_ = nullptr;
   QLabel* lblAmoebas_ = nullptr;

@@ -3,6 +3,7 @@
 #include <QMenu>
 
 #include "editors/CaveView.h"
+#include "editors/DrawMenus.h"
 #include "editors/FrmMain.h"
 #include "editors/Palette.h"
 #include "editors/ProofDesk.h"
@@ -32,6 +33,7 @@ constexpr std::array<RandomRow, 4> kRandom{{
 
 void FrmMain::MakeMenus() {
   MakeEditMenu();
+  drawMenus_ = new DrawMenus(menus_, *hand_, *view_, *strip_, this);
   MakeCaveMenu();
   MakeDogMenu();
   MakeViewMenu();
@@ -70,6 +72,7 @@ void FrmMain::MakeCaveMenu() {
   menus_.Add(*mnuCave_, "mnuTest", "caption.main.test", "F5", [this] { Test(); });
   menus_.Add(*mnuCave_, "mnuTryDog", "caption.proof.trydog", "Shift+F5", [this] { proof_->TryWithDog(); });
   menus_.Add(*mnuCave_, "mnuTry", "caption.proof.try", "Ctrl+F5", [this] { proof_->Try(); });
+  drawMenus_->AddToCave(*mnuCave_, [this] { Resize(); });
   mnuCave_->addSeparator();
   menus_.Add(*mnuCave_, "mnuStore", "caption.main.store", "Ctrl+S", [this] { Store(); });
   menus_.Add(*mnuCave_, "mnuLeave", "caption.sada.close", "Ctrl+W; Esc", [this] { close(); });
@@ -99,6 +102,7 @@ void FrmMain::MakeViewMenu() {
   menus_.Add(*mnuView_, "mnuLarger", "caption.main.larger", "Ctrl++; Ctrl+=", [this] { view_->Zoom(1); });
   menus_.Add(*mnuView_, "mnuSmaller", "caption.main.smaller", "Ctrl+-", [this] { view_->Zoom(-1); });
   menus_.Add(*mnuView_, "mnuUsual", "caption.main.usual", "Ctrl+0", [this] { view_->ZoomUsual(); });
+  drawMenus_->AddToView(*mnuView_);
   mnuView_->addSeparator();
   QAction* const panel = menus_.Add(*mnuView_, "mnuPanel", "caption.main.panel", "F9", [] {});
   panel->setCheckable(true);

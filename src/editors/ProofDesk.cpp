@@ -35,7 +35,7 @@ ProofDesk::ProofDesk(Skin& skin, const CaveModel& cave, EditKom& picture, SidePa
       page_(new ProofPage),
       offer_(new ProofOffer),
       overlay_(cave) {
-  picture_.SetOverlay(&overlay_);
+  picture_.SetLayer(&overlay_);
   panel.AddPage(*page_, "caption.proof.page");
   connect(&watch_, &ProofWatch::Judged, this, &ProofDesk::Judged);
   connect(&work_, &ProofWork::WentOn, this, &ProofDesk::ShowWork);
@@ -66,7 +66,7 @@ ProofDesk::ProofDesk(Skin& skin, const CaveModel& cave, EditKom& picture, SidePa
 }
 
 ProofDesk::~ProofDesk() {
-  picture_.SetOverlay(nullptr);
+  picture_.SetLayer(nullptr);
 }
 
 void ProofDesk::SetLW() {

@@ -11,7 +11,7 @@ namespace zorik {
 
 // A proof as it is seen on the picture of the cave: the way of its dogs, the cells that it leaves alone, and
 // where it breaks.
-class ProofOverlay : public CaveOverlay {
+class ProofOverlay : public CaveLayer {
  public:
   explicit ProofOverlay(const CaveModel& cave) : cave_(cave) {}
 

@@ -324,7 +324,7 @@ TEST_F(EditKomTest, MarksTheCellUnderThePointerAndTellsOfIt) {
 }
 
 // Fills one cell, and keeps which ones it was asked for.
-class OneCell : public CaveOverlay {
+class OneCell : public CaveLayer {
  public:
   void Paint(QPainter& painter, const QRect& cells, int cellSize) const override {
     painter.fillRect(QRect(QPoint(2, 2) * cellSize, QSize(cellSize, cellSize)), Qt::red);
@@ -337,12 +337,12 @@ class OneCell : public CaveOverlay {
 TEST_F(EditKomTest, ShowsWhatIsLaidOverItsCellsUntilThatIsTakenAway) {
   const QImage bare = Shown();
   const OneCell over;
-  Area().SetOverlay(&over);
+  Area().SetLayer(&over);
   const QImage covered = Shown();
   EXPECT_EQ(covered.pixelColor(2 * 26 + 3, 2 * 26 + 3), QColor(Qt::red));
   EXPECT_EQ(covered.copy(0, 0, 6 * 26, 2 * 26), bare.copy(0, 0, 6 * 26, 2 * 26));
   EXPECT_EQ(over.asked, QRect(0, 0, 6, 5));
-  Area().SetOverlay(nullptr);
+  Area().SetLayer(nullptr);
   EXPECT_EQ(Shown(), bare);
 }
 

@@ -1,0 +1,35 @@
+#include "editors/ToolWords.h"
+
+#include "editors/DrawHand.h"
+#include "screens/Hint.h"
+#include "screens/PlainText.h"
+#include "skin/Skin.h"
+
+namespace zorik {
+
+ToolWords::ToolWords(Skin& skin, DrawHand& hand, QWidget* parent) : QLabel(parent), skin_(skin), hand_(hand) {
+  setObjectName("lblTool");
+  setTextFormat(Qt::PlainText);
+  setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  connect(&hand, &DrawHand::ToolChanged, this, &ToolWords::Update);
+  connect(&hand, &DrawHand::ShapeChanged, this, &ToolWords::Update);
+}
+
+void ToolWords::Update() {
+  const DrawToolRow& row = RowOf(hand_.Tool());
+  const bool holds = hand_.Selection().Holds();
+  const QString use = skin_.Caption(holds ? "caption.main.held.use" : row.words);
+  QString words = skin_.Caption(row.caption) + ": " + use;
+  const QSize size = hand_.Size();
+  if (!size.isEmpty()) words = QString("%1 × %2   ").arg(size.width()).arg(size.height()) + words;
+  words = OneLine(words);
+  SetHint(*this, words);
+  setText(fontMetrics().elidedText(words, Qt::ElideRight, width()));
+}
+
+void ToolWords::resizeEvent(QResizeEvent* event) {
+  QLabel::resizeEvent(event);
+  Update();
+}
+
+}  // namespace zorik

@@ -1,0 +1,158 @@
+// The view under the author's hand: the picture is moved, scrolls under a stroke, has a grid and fits in.
+#include "editors/CaveView.h"
+#include "editors/EditorScreen.h"
+
+namespace zorik {
+namespace {
+
+using test::Full;
+using test::Picture;
+
+class CaveHandTest : public testing::Test, public test::EditorScreen {
+ protected:
+  CaveHandTest() {
+    Picture picture = Full(80, 50, ';');
+    picture[1][1] = '1';
+    Open(picture);
+    // Exactly 19 x 11 cells are seen.
+    window->resize(window->size() - (Ram().size() - QSize(19 * 26, 11 * 26)));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return Ram().size() == QSize(19 * 26, 11 * 26); }));
+    Area().setFocus();
+  }
+
+  QWidget& Ram() const { return Child<QWidget>("Ram"); }
+  QScrollBar& Across() const { return Child<QScrollBar>("HScroll1"); }
+  QScrollBar& Down() const { return Child<QScrollBar>("VScroll1"); }
+  void Send(QEvent::Type type, QPoint place, Qt::MouseButton button, Qt::MouseButtons buttons,
+            Qt::KeyboardModifiers modifiers = {}) const {
+    QMouseEvent event(type, place - Area().pos(), Ram().mapToGlobal(place), button, buttons, modifiers);
+    QApplication::sendEvent(&Area(), &event);
+  }
+  // A drag between two places of the view.
+  void Haul(QPoint from, QPoint to, Qt::MouseButton button, Qt::KeyboardModifiers modifiers = {}) const {
+    Send(QEvent::MouseButtonPress, from, button, button, modifiers);
+    Send(QEvent::MouseMove, to, Qt::NoButton, button, modifiers);
+    Send(QEvent::MouseButtonRelease, to, button, Qt::NoButton, modifiers);
+  }
+  int Drawn(char letter) const { return window->Model().NuOfOb(letter); }
+};
+
+TEST_F(CaveHandTest, MovesThePictureWithSpaceHeld) {
+  Move(5, 5, Qt::NoButton);
+  QTest::keyPress(&Area(), Qt::Key_Space);
+  Haul({400, 200}, {270, 148}, Qt::LeftButton);
+  QTest::keyRelease(&Area(), Qt::Key_Space);
+  EXPECT_EQ(Area().pos(), QPoint(-130, -52));
+  EXPECT_EQ(Drawn('R'), 0) << "neither the mouse nor Space has drawn";
+  Haul({100, 100}, {100, 100}, Qt::LeftButton);
+  EXPECT_EQ(Drawn('R'), 1) << "without Space it draws";
+}
+
+TEST_F(CaveHandTest, MovesThePictureWithShiftAndTheWheelButtonWhichOtherwiseDraws) {
+  Haul({400, 200}, {348, 174}, Qt::MiddleButton, Qt::ShiftModifier);
+  EXPECT_EQ(Area().pos(), QPoint(-52, -26));
+  EXPECT_EQ(Drawn('D'), 0);
+  Haul({100, 100}, {152, 100}, Qt::MiddleButton);
+  EXPECT_EQ(Area().pos(), QPoint(-52, -26));
+  EXPECT_EQ(Drawn('D'), 3);
+}
+
+TEST_F(CaveHandTest, DrawsNothingThatIsNotSeen) {
+  const QPoint inside(17 * 26 + 5, 3 * 26 + 5);
+  Send(QEvent::MouseButtonPress, inside, Qt::LeftButton, Qt::LeftButton);
+  Send(QEvent::MouseMove, {30 * 26, 3 * 26 + 5}, Qt::NoButton, Qt::LeftButton);
+  EXPECT_EQ(Drawn('R'), 2) << "up to the edge of the view";
+  Send(QEvent::MouseMove, inside, Qt::NoButton, Qt::LeftButton);
+  Send(QEvent::MouseButtonRelease, inside, Qt::LeftButton, Qt::NoButton);
+  EXPECT_EQ(Drawn('R'), 2);
+}
+
+TEST_F(CaveHandTest, ScrollsUnderAStrokeBeyondTheEdgeAndDrawsWhatComesIntoView) {
+  Send(QEvent::MouseButtonPress, {17 * 26 + 5, 3 * 26 + 5}, Qt::LeftButton, Qt::LeftButton);
+  Send(QEvent::MouseMove, {19 * 26 + 30, 3 * 26 + 5}, Qt::NoButton, Qt::LeftButton);
+  ASSERT_TRUE(QTest::qWaitFor([this] { return Across().value() >= 10; }));
+  Send(QEvent::MouseButtonRelease, {19 * 26 + 30, 3 * 26 + 5}, Qt::LeftButton, Qt::NoButton);
+  const int last = Area().SeenCells().right();
+  EXPECT_GE(last, 22);
+  for (int x = 17; x <= last; ++x) EXPECT_EQ(window->Model().At(x, 3), 'R') << x;
+  EXPECT_EQ(Drawn('R'), last - 16);
+  const int stays = Across().value();
+  QTest::qWait(120);
+  EXPECT_EQ(Across().value(), stays) << "the stroke is over";
+}
+
+TEST_F(CaveHandTest, DoesNotDrawAlongTheEndOfTheCave) {
+  Across().setValue(Across().maximum());
+  Send(QEvent::MouseButtonPress, {17 * 26, 3 * 26}, Qt::LeftButton, Qt::LeftButton);
+  Send(QEvent::MouseMove, {22 * 26, 3 * 26}, Qt::NoButton, Qt::LeftButton);
+  Send(QEvent::MouseMove, {22 * 26, 8 * 26}, Qt::NoButton, Qt::LeftButton);
+  Send(QEvent::MouseButtonRelease, {22 * 26, 8 * 26}, Qt::LeftButton, Qt::NoButton);
+  EXPECT_EQ(Drawn('R'), 2);
+}
+
+TEST_F(CaveHandTest, TakesAllReportsOfTheMouseWithinAStroke) {
+  EXPECT_TRUE(QCoreApplication::testAttribute(Qt::AA_CompressHighFrequencyEvents));
+  Press(2, 2);
+  EXPECT_FALSE(QCoreApplication::testAttribute(Qt::AA_CompressHighFrequencyEvents));
+  Release(2, 2);
+  EXPECT_TRUE(QCoreApplication::testAttribute(Qt::AA_CompressHighFrequencyEvents));
+}
+
+TEST_F(CaveHandTest, ShowsAGridAndRemembersIt) {
+  const auto shown = [this] { return Area().grab(QRect(0, 0, 200, 100)).toImage(); };
+  const QImage bare = shown();
+  QTest::keyClick(window.get(), Qt::Key_G);
+  const QImage grid = shown();
+  EXPECT_NE(grid, bare);
+  EXPECT_TRUE(Child<QToolButton>("btnGrid").isChecked());
+  MakeWindow();
+  Open(Full(9, 9, ';'));
+  EXPECT_TRUE(Action("mnuGrid").isChecked());
+  Action("mnuGrid").trigger();
+  MakeWindow();
+  EXPECT_FALSE(Action("mnuGrid").isChecked());
+}
+
+TEST_F(CaveHandTest, ShowsTheWholeCave) {
+  QTest::keyClick(window.get(), Qt::Key_W);
+  EXPECT_EQ(Across().maximum(), 0);
+  EXPECT_EQ(Down().maximum(), 0);
+  EXPECT_EQ(Area().CellSize(), 4);
+  EXPECT_EQ(Area().SeenCells(), QRect(0, 0, 80, 50));
+  Action("mnuSmaller").trigger();
+  EXPECT_EQ(Area().CellSize(), 4) << "it gets no larger by that";
+  Action("mnuLarger").trigger();
+  EXPECT_EQ(Area().CellSize(), 14);
+}
+
+TEST_F(CaveHandTest, EnlargesASmallCaveToTheWholeView) {
+  Open(Full(5, 5, ';'));
+  Action("mnuWhole").trigger();
+  EXPECT_EQ(Area().CellSize(), 11 * 26 / 5 / 2 * 2);
+  MakeWindow();
+  Open(Full(5, 5, ';'));
+  EXPECT_EQ(Area().CellSize(), 26) << "it is not remembered";
+}
+
+TEST_F(CaveHandTest, KeepsTheMarkOfTheKeysWhenThePictureScrollsUnderThePointer) {
+  Move(17, 5, Qt::NoButton);
+  for (int i = 0; i < 8; ++i) QTest::keyClick(&Area(), Qt::Key_Right);
+  EXPECT_EQ(Area().Marked(), QPoint(25, 5));
+  QEvent leave(QEvent::Leave);
+  QApplication::sendEvent(&Area(), &leave);
+  EXPECT_EQ(Area().Marked(), QPoint(25, 5));
+  EXPECT_TRUE(Area().SeenCells().contains(QPoint(25, 5)));
+}
+
+TEST_F(CaveHandTest, StaysWhereItIsWhenARowComesOrGoes) {
+  Across().setValue(20);
+  Down().setValue(12);
+  Move(15, 8, Qt::NoButton);
+  Action("mnuDeleteRow").trigger();
+  EXPECT_EQ(window->Model().Height(), 49);
+  EXPECT_EQ(Across().value(), 20);
+  EXPECT_EQ(Down().value(), 12);
+}
+
+}  // namespace
+}  // namespace zorik
