@@ -178,9 +178,13 @@ void EditKom::keyPressEvent(QKeyEvent* event) {
   }
   const QPoint from = marked_.value_or(QPoint(0, 0));
   const QPoint to = marked_ ? from + arrow->step : from;
-  if (!cave_.Inside(to.x(), to.y())) return;
-  Mark(to);
-  emit LedByKeys(to);
+  LeadTo(to);
+}
+
+void EditKom::LeadTo(QPoint cell) {
+  if (!cave_.Inside(cell.x(), cell.y())) return;
+  Mark(cell);
+  emit LedByKeys(cell);
 }
 
 void EditKom::DrawByKey(Qt::KeyboardModifiers modifiers) {

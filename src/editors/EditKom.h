@@ -34,6 +34,8 @@ class EditKom : public QWidget {
 
   // The cell that is marked: under the pointer, or led there by keys.
   std::optional<QPoint> Marked() const { return marked_; }
+  // Marks a cell as keys do, so that it comes into view.
+  void LeadTo(QPoint cell);
 
  signals:
   void StrokeBegins();

@@ -12,6 +12,7 @@
 
 #include "data/Result.h"
 #include "editors/CaveView.h"
+#include "editors/DoubtPage.h"
 #include "editors/FrmFormality.h"
 #include "editors/FrmStats.h"
 #include "editors/Palette.h"
@@ -102,6 +103,8 @@ void FrmMain::LayOut() {
   bar->addWidget(lblAmoebas_);
   view_ = new CaveView(model_, tiles_, middle);
   panel_ = new SidePanel(*view_, middle);
+  doubts_ = new DoubtPage(skin_, panel_);
+  panel_->AddPage(*doubts_, "caption.main.checks");
   rows->addLayout(bar);
   rows->addWidget(palette_, 0, Qt::AlignLeft);
   rows->addWidget(panel_, 1);
@@ -125,6 +128,7 @@ void FrmMain::ConnectTools() {
     model_.EndStroke();
     UpdateMenus();
   });
+  connect(doubts_, &DoubtPage::Chosen, &picture, &EditKom::LeadTo);
   connect(&picture, &EditKom::MarkMoved, this, &FrmMain::UpdateStatus);
 }
 
@@ -146,6 +150,7 @@ void FrmMain::SetLW() {
   SetTitle(*this, skin_.Text(TextId::CaveEditor));
   menus_.SetCaptions(skin_);
   panel_->SetLW(skin_);
+  doubts_->SetLW();
   const auto name = [this](LabelPlace place, const char* key) {
     labels_[place]->setText(" " + InMenu(skin_.Caption(key)) + " ");
     labels_[place]->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
@@ -282,6 +287,7 @@ void FrmMain::AfterChange() {
   }
   if (model_.Cave().Colouring != shownScheme_) LoadTiles();
   view_->Picture().update();
+  doubts_->Look(model_.Cave());
   UpdateMenus();
   UpdateStatus();
 }
@@ -302,6 +308,7 @@ void FrmMain::DrawCell(QPoint cell, ToolButton button) {
   } else {
     view_->Picture().PaintCell(cell);
   }
+  doubts_->Look(model_.Cave());
   UpdateStatus();
 }
 

@@ -19,6 +19,7 @@ class QToolButton;
 namespace zorik {
 
 class CaveView;
+class DoubtPage;
 class FrmFormality;
 class Palette;
 class SidePanel;
@@ -118,6 +119,7 @@ class FrmMain : public QMainWindow {
   ToolHint* hint_ = nullptr;
   CaveView* view_ = nullptr;
   SidePanel* panel_ = nullptr;  // around the view
+  DoubtPage* doubts_ = nullptr;
   FrmFormality* frmFormality_ = nullptr;
   QLabel* lblAmoebas_ = nullptr;
   QLabel* imgAmoeba_ = nullptr;

@@ -5,6 +5,7 @@
 #include "editors/CaveView.h"
 #include "editors/FrmMain.h"
 #include "editors/Palette.h"
+#include "editors/PictureOffer.h"
 #include "editors/SidePanel.h"
 #include "screens/Marks.h"
 #include "screens/PlainText.h"
@@ -67,6 +68,14 @@ void FrmMain::MakeCaveMenu() {
   menus_.Add(*mnuCave_, "mnuProps", "caption.main.props", "F4", [this] { ShowProperties(); });
   menus_.Add(*mnuCave_, "mnuCat", "caption.main.cat", "F6", [this] { EditScript(); });
   menus_.Add(*mnuCave_, "mnuTest", "caption.main.test", "F5", [this] { Test(); });
+  mnuCave_->addSeparator();
+  QMenu& pictures = *menus_.AddMenu(*mnuCave_, "mnuPicture", "caption.main.picture");
+  for (const int cell : kPictureCells) {
+    const std::string name = "mnuPicture(" + std::to_string(cell) + ")";
+    QAction* const item = menus_.Add(pictures, name.c_str(), nullptr, "",
+                                     [this, cell] { OfferCavePicture(skin_, this, model_.Cave(), cell); });
+    item->setText(QString("%1 × %1").arg(cell));
+  }
   mnuCave_->addSeparator();
   menus_.Add(*mnuCave_, "mnuLeave", "caption.sada.close", "Ctrl+W; Esc", [this] { close(); });
 }

@@ -85,6 +85,9 @@ class FrmSada : public QMainWindow {
   bool mnuSave_Click();
   bool mnuSaveAs_Click();
   void mnuGratulace_Click();
+  void mnuToTexts_Click();
+  void mnuFromTexts_Click();
+  void mnuSheet_Click();
   void mnuDelete_Click();
   // True when the command that would lose changes may go on.
   bool AskToSave();

@@ -70,20 +70,39 @@ void SadaModel::New() {
 Result<SadaModel::OpenReport> SadaModel::Open(const std::string& path) {
   const Result<std::string> bytes = ReadWhole(path);
   if (!bytes) return Failure{bytes.Message()};
-  Result<EditedCollection> read = ReadForEditor(*bytes);
+  Result<OpenReport> report = Take(*bytes);
+  if (!report || report->Closed) return report;
+  fileName_ = path;
+  faulty_ = !report->Faults.empty();
+  chg_ = faulty_;
+  return report;
+}
+
+Result<SadaModel::OpenReport> SadaModel::Import(const std::string& bytes) {
+  Result<OpenReport> report = Take(bytes);
+  if (!report || report->Closed) return report;
+  fileName_.clear();
+  faulty_ = false;
+  chg_ = true;
+  return report;
+}
+
+Result<std::string> SadaModel::Bytes() {
+  return BuildCollection(sada_, decoration_);
+}
+
+Result<SadaModel::OpenReport> SadaModel::Take(const std::string& bytes) {
+  Result<EditedCollection> read = ReadForEditor(bytes);
   if (!read) return Failure{read.Message()};
   OpenReport report;
   report.Closed = read->Closed;
   if (report.Closed) return report;
   sada_ = std::move(*read);
-  report.Faults = FaultsOfCollection(*bytes);
+  report.Faults = FaultsOfCollection(bytes);
   DropUnreadable(sada_);
   if (sada_.CaveList.empty()) sada_.CaveList = {NewCave(NewCaveSize::Small)};
   GetNames(0);
-  fileName_ = path;
-  faulty_ = !report.Faults.empty();
   keptAs_.clear();
-  chg_ = faulty_;
   return report;
 }
 
@@ -96,7 +115,7 @@ std::optional<SadaModel::TooLong> SadaModel::CannotHold() const {
 }
 
 Result<SadaModel::SaveReport> SadaModel::Save(const std::string& path) {
-  const Result<std::string> bytes = BuildCollection(sada_, decoration_);
+  const Result<std::string> bytes = Bytes();
   if (!bytes) return Failure{bytes.Message()};
   SaveReport report;
   if (faulty_ && IsSameFile(path, fileName_)) {

@@ -52,6 +52,12 @@ class SadaModel {
   // when the file or its first lines cannot be read, and changes nothing then.
   Result<OpenReport> Open(const std::string& path);
 
+  // Takes the bytes of a collection that has no file of its own yet, as Open does; it counts as changed.
+  Result<OpenReport> Import(const std::string& bytes);
+
+  // The bytes that Save would write.
+  Result<std::string> Bytes();
+
   // A text that the file has no room for.
   struct TooLong {
     SadaText text;
@@ -116,6 +122,7 @@ class SadaModel {
   void SetSelected(std::string text);
 
  private:
+  Result<OpenReport> Take(const std::string& bytes);
   void GetNames(int selection);
   void Swap(int upper);
   std::string NewCave(NewCaveSize size) const;

@@ -204,7 +204,7 @@ TEST_F(CaveViewTest, FollowsTheCellThatKeysLeadTo) {
 TEST_F(CaveViewTest, ShowsNoEmptinessBehindTheCaveWhenTheWindowGrows) {
   OpenLargest();
   Across().setValue(Across().maximum());
-  window->resize(window->width() + 100, window->height());
+  window->resize(window->width() + 200, window->height());
   ASSERT_TRUE(QTest::qWaitFor([this] { return Child<QWidget>("Ram").width() > 19 * 26 + 90; }));
   EXPECT_EQ(Area().pos().x() + Area().width(), Child<QWidget>("Ram").width());
 }

@@ -76,6 +76,12 @@ TEST_F(FrmMainMenusTest, HasItsItemsInTheirOrderWithTheirKeys) {
       "  mnuCat | Program kočky | F6",
       "  mnuTest | Odzkoušet | F5",
       "  -",
+      "  mnuPicture | Uložit jako obrázek s políčky",
+      "    mnuPicture(16) | 16 × 16",
+      "    mnuPicture(26) | 26 × 26",
+      "    mnuPicture(40) | 40 × 40",
+      "    mnuPicture(80) | 80 × 80",
+      "  -",
       "  mnuLeave | Zavřít | Ctrl+W | Esc",
       "PesMenu | Výběr Zoríka",
   };
