@@ -4,6 +4,7 @@
 
 #include "data/CaveO.h"
 #include "data/Cp1250.h"
+#include "data/FileTrouble.h"
 #include "data/Files.h"
 #include "data/KeepBeside.h"
 #include "data/Result.h"
@@ -19,11 +20,11 @@ std::string ProofPath(const std::string& collection, std::string_view caveName) 
 
 Result<std::string> StoreProof(const std::string& path, const std::string& record) {
   if (const Result<std::string> held = ReadWhole(path); held && *held == record) return std::string();
-  Result<std::string> kept = KeepBeside(path);
-  if (!kept) return kept;
+  Result<std::string, FileFailure> kept = KeepBeside(path);
+  if (!kept) return Failure{kept.Message()};
   const Result<Done> written = WriteWhole(path, record);
   if (!written) return Failure{written.Message()};
-  return kept;
+  return *std::move(kept);
 }
 
 }  // namespace zorik

@@ -12,6 +12,7 @@
 
 #include "data/Result.h"
 #include "editors/CaveView.h"
+#include "editors/DoubtPage.h"
 #include "editors/DrawHand.h"
 #include "editors/DrawMenus.h"
 #include "editors/EditorTitle.h"
@@ -115,6 +116,8 @@ void FrmMain::LayOut() {
   bar->addWidget(lblAmoebas_);
   view_ = new CaveView(model_, tiles_, middle);
   panel_ = new SidePanel(*view_, middle);
+  doubts_ = new DoubtPage(skin_, panel_);
+  panel_->AddPage(*doubts_, "caption.main.checks");
   rows->addLayout(bar);
   rows->addWidget(palette_, 0, Qt::AlignLeft);
   proof_ = new ProofDesk(skin_, model_, view_->Picture(), *panel_);
@@ -138,6 +141,7 @@ void FrmMain::ConnectTools() {
   });
   connect(view_, &CaveView::Zoomed, this, &FrmMain::UpdateStatus);
   ConnectHand();
+  connect(doubts_, &DoubtPage::Chosen, &view_->Picture(), &EditKom::LeadMark);
   connect(&view_->Picture(), &EditKom::MarkMoved, this, &FrmMain::UpdateStatus);
 }
 
@@ -164,6 +168,7 @@ void FrmMain::SetLW() {
   words_->Update();
   panel_->SetLW(skin_);
   proof_->SetLW();
+  doubts_->SetLW();
   const auto name = [this](LabelPlace place, const char* key) {
     labels_[place]->setText(" " + InMenu(skin_.Caption(key)) + " ");
     labels_[place]->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
@@ -327,6 +332,7 @@ void FrmMain::AfterChange() {
   }
   if (model_.Cave().Colouring != shownScheme_) LoadTiles();
   view_->Picture().update();
+  doubts_->Look(model_.Cave());
   UpdateMenus();
   UpdateStatus();
 }

@@ -23,6 +23,7 @@ namespace zorik {
 class CaveView;
 class DrawHand;
 class DrawMenus;
+class DoubtPage;
 class FrmFormality;
 class Palette;
 class ProofDesk;
@@ -146,6 +147,7 @@ class FrmMain : public QMainWindow {
   DrawMenus* drawMenus_ = nullptr;
   ToolWords* words_ = nullptr;
   SidePanel* panel_ = nullptr;  // around the view
+  DoubtPage* doubts_ = nullptr;
   FrmFormality* frmFormality_ = nullptr;
   QLabel* lblAmoebas_ = nullptr;
   QLabel* imgAmoeba_ = nullptr;

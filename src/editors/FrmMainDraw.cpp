@@ -2,6 +2,7 @@
 #include <QStatusBar>
 
 #include "editors/CaveView.h"
+#include "editors/DoubtPage.h"
 #include "editors/DrawHand.h"
 #include "editors/FrmMain.h"
 #include "editors/Palette.h"
@@ -22,6 +23,7 @@ void FrmMain::ConnectHand() {
   connect(hand_.get(), &DrawHand::CellDrawn, this, &FrmMain::UpdateStatus);
   connect(hand_.get(), &DrawHand::StrokeDone, this, [this] {
     proof_->CaveChanged();
+    doubts_->Look(model_.Cave());
     UpdateMenus();
   });
   connect(hand_.get(), &DrawHand::Changed, this, &FrmMain::AfterChange);

@@ -6,6 +6,7 @@
 #include "editors/DrawMenus.h"
 #include "editors/FrmMain.h"
 #include "editors/Palette.h"
+#include "editors/PictureOffer.h"
 #include "editors/ProofDesk.h"
 #include "editors/SidePanel.h"
 #include "screens/Marks.h"
@@ -73,6 +74,14 @@ void FrmMain::MakeCaveMenu() {
   menus_.Add(*mnuCave_, "mnuTryDog", "caption.proof.trydog", "Shift+F5", [this] { proof_->TryWithDog(); });
   menus_.Add(*mnuCave_, "mnuTry", "caption.proof.try", "Ctrl+F5", [this] { proof_->Try(); });
   drawMenus_->AddToCave(*mnuCave_, [this] { Resize(); });
+  mnuCave_->addSeparator();
+  QMenu& pictures = *menus_.AddMenu(*mnuCave_, "mnuPicture", "caption.main.picture");
+  for (const int cell : kPictureCells) {
+    const std::string name = "mnuPicture(" + std::to_string(cell) + ")";
+    QAction* const item = menus_.Add(pictures, name.c_str(), nullptr, "",
+                                     [this, cell] { OfferCavePicture(skin_, this, model_.Cave(), cell); });
+    item->setText(QString("%1 × %1").arg(cell));
+  }
   mnuCave_->addSeparator();
   menus_.Add(*mnuCave_, "mnuStore", "caption.main.store", "Ctrl+S", [this] { Store(); });
   menus_.Add(*mnuCave_, "mnuLeave", "caption.sada.close", "Ctrl+W; Esc", [this] { close(); });

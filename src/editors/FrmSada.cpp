@@ -11,11 +11,14 @@
 #include "data/Cp1250.h"
 #include "data/Result.h"
 #include "editors/BoxText.h"
+#include "editors/ContactSheet.h"
 #include "editors/EditorTitle.h"
 #include "editors/FaultWords.h"
+#include "editors/PictureOffer.h"
 #include "editors/SadaBoxes.h"
 #include "editors/SadaList.h"
 #include "editors/SadaUndoMenu.h"
+#include "editors/TextsOffer.h"
 #include "editors/WindowPlace.h"
 #include "platform/PathText.h"
 #include "screens/DesktopServices.h"
@@ -308,6 +311,34 @@ void FrmSada::mnuGratulace_Click() {
   }
   sada_.SetCongratulation(FromBox(text));
   UpdateTitle();
+}
+
+// Other forms of a collection
+
+void FrmSada::mnuToTexts_Click() {
+  if (FitsFile()) OfferTexts(skin_, this, sada_);
+}
+
+void FrmSada::mnuFromTexts_Click() {
+  if (!AskToSave()) return;
+  const auto report = TakeTexts(skin_, this, sada_);
+  if (!report) return;
+  if (report->Closed) TellClosed();
+  boxes_->Load();
+  AfterChange();
+  if (!report->Faults.empty())
+    Tell(skin_, this, skin_.Text(TextId::Program), FaultsInWords(skin_, report->Faults));
+}
+
+void FrmSada::mnuSheet_Click() {
+  std::vector<std::string> caves;
+  for (int number = 1; number <= sada_.ListCount(); ++number) caves.push_back(sada_.Cave(number));
+  const std::string& name = sada_.Text(SadaText::Name);
+  const QImage sheet = [&] {
+    const BusyNotice busy(frmLoading_);
+    return ContactSheet(skin_.Places(), ToBox(name), caves);
+  }();
+  OfferPicture(skin_, this, name, sheet);
 }
 
 void FrmSada::ShowPage(const QString& page) {

@@ -102,6 +102,9 @@ class FrmSada : public QMainWindow {
   // False when it cannot be read any more, which a message has told.
   bool TakeUp(const KeptEntry& entry);
   void mnuGratulace_Click();
+  void mnuToTexts_Click();
+  void mnuFromTexts_Click();
+  void mnuSheet_Click();
   void mnuDelete_Click();
   // True when the command that would lose changes may go on.
   bool AskToSave();

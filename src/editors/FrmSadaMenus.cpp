@@ -72,6 +72,10 @@ void FrmSada::MakeFileMenu() {
   menus_.Add(menu, "mnuSaveAs", "caption.sada.saveas", "", [this] { mnuSaveAs_Click(); });
   menus_.Add(menu, "mnuDiscarded", "caption.sada.discarded", "", [this] { mnuDiscarded_Click(); });
   menu.addSeparator();
+  menus_.Add(menu, "mnuFromTexts", "caption.sada.fromtexts", "", [this] { mnuFromTexts_Click(); });
+  menus_.Add(menu, "mnuToTexts", "caption.sada.totexts", "", [this] { mnuToTexts_Click(); });
+  menus_.Add(menu, "mnuSheet", "caption.sada.sheet", "", [this] { mnuSheet_Click(); });
+  menu.addSeparator();
   menus_.Add(menu, "mnuGratulace", "caption.sada.congrat", "Ctrl+G", [this] { mnuGratulace_Click(); });
   menu.addSeparator();
   menus_.Add(menu, "mnuClose", "caption.sada.close", "", [this] { close(); });

@@ -2,12 +2,14 @@
 
 #include <QDialogButtonBox>
 #include <QHeaderView>
+#include <QLabel>
 #include <QPushButton>
 #include <QTableWidget>
 #include <QVBoxLayout>
 #include <vector>
 
 #include "editors/CaveModel.h"
+#include "editors/CheckWords.h"
 #include "editors/EditTiles.h"
 #include "editors/ToolNames.h"
 #include "editors/ToolTable.h"
@@ -38,6 +40,14 @@ QTableWidgetItem* Item(const QString& text) {
   auto* const item = new QTableWidgetItem(text);
   item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);
   return item;
+}
+
+QLabel* GemsLine(const Skin& skin, const CaveModel& cave, QWidget* parent) {
+  QLabel* const line = NewLabel(parent);
+  line->setObjectName("lblGems");
+  line->setWordWrap(true);
+  line->setText(GemsInWords(skin, GemsOf(cave.Cave())));
+  return line;
 }
 
 }  // namespace
@@ -77,6 +87,7 @@ FrmStats::FrmStats(Skin& skin, const CaveModel& cave, EditTiles& tiles, QWidget*
   shut->setFocus();
   auto* const rows = new QVBoxLayout(this);
   rows->addWidget(table);
+  rows->addWidget(GemsLine(skin, cave, this));
   rows->addWidget(buttons);
   if (!RestoreSize(*this)) resize(sizeHint().width(), kFirstHeight);
 }

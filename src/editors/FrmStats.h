@@ -9,7 +9,7 @@ class EditTiles;
 class Skin;
 
 // How many of each object the cave holds, in the order of the palette; dogs one by one, and last the letters
-// that have no tile.
+// that have no tile. Below them how its gems stand.
 class FrmStats : public QDialog {
  public:
   FrmStats(Skin& skin, const CaveModel& cave, EditTiles& tiles, QWidget* parent);

@@ -13,8 +13,8 @@ namespace {
 
 constexpr const char* kWanted = "Editors/SidePanel";
 constexpr const char* kWidth = "Editors/SidePanelWidth";
-constexpr int kFirstWidth = 260;
-constexpr int kLeastWidth = 180;
+constexpr int kFirstWidth = 220;
+constexpr int kLeastWidth = 160;
 constexpr int kMostWidth = 1200;
 
 // As wide as it was left.

@@ -25,7 +25,7 @@ Result<KeptSada> SadaModel::Kept(const std::optional<std::string>& cave) const {
 }
 
 Result<SadaModel::OpenReport> SadaModel::TakeUp(const KeptSada& kept) {
-  Result<OpenReport> report = Read(kept.Bytes);
+  Result<OpenReport> report = Read(kept.Bytes, SadaAct::Open);
   if (!report || report->Closed) return report;
   sada_.Name = kept.Name;
   sada_.Author = kept.Author;

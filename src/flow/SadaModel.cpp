@@ -77,7 +77,7 @@ void SadaModel::New() {
 Result<SadaModel::OpenReport, FileFailure> SadaModel::Open(const std::string& path) {
   const Result<std::string, FileFailure> bytes = ReadFile(path);
   if (!bytes) return bytes.Why();
-  Result<OpenReport> report = Read(*bytes);
+  Result<OpenReport> report = Read(*bytes, SadaAct::Open);
   if (!report) return FileFailure{{report.Message()}, FileTrouble::NoCollection};
   if (report->Closed) return *std::move(report);
   file_ = {path, !report->Faults.empty(), {}, Shared()};
@@ -85,14 +85,26 @@ Result<SadaModel::OpenReport, FileFailure> SadaModel::Open(const std::string& pa
   return *std::move(report);
 }
 
+Result<SadaModel::OpenReport> SadaModel::Import(const std::string& bytes) {
+  Result<OpenReport> report = Read(bytes, SadaAct::Import);
+  if (!report || report->Closed) return report;
+  file_ = {};
+  chg_ = true;
+  return report;
+}
+
+Result<std::string> SadaModel::Bytes() {
+  return BuildCollection(sada_, decoration_);
+}
+
 // Takes the place of what was there; where that comes from is for the caller to say.
-Result<SadaModel::OpenReport> SadaModel::Read(const std::string& bytes) {
+Result<SadaModel::OpenReport> SadaModel::Read(const std::string& bytes, SadaAct act) {
   Result<EditedCollection> read = ReadForEditor(bytes);
   if (!read) return Failure{read.Message()};
   OpenReport report;
   report.Closed = read->Closed;
   if (report.Closed) return report;
-  RememberLeaving(SadaAct::Open);
+  RememberLeaving(act);
   sada_ = std::move(*read);
   report.Faults = FaultsOfCollection(bytes);
   DropUnreadable(sada_);
@@ -110,7 +122,7 @@ std::optional<SadaModel::TooLong> SadaModel::CannotHold() const {
 }
 
 Result<SadaModel::SaveReport, FileFailure> SadaModel::Save(const std::string& path) {
-  const Result<std::string> bytes = BuildCollection(sada_, decoration_);
+  const Result<std::string> bytes = Bytes();
   if (!bytes) return FileFailure{{bytes.Message()}};
   SaveReport report;
   if (file_.Faulty && IsSameFile(path, file_.Path)) {
@@ -233,16 +245,6 @@ void SadaModel::SetSelected(std::string text) {
   Remember(SadaAct::Edit, Name(selected_));
   sada_.CaveList[Index(selected_) - 1] = std::move(text);
   GetNames(selected_ - 1);
-  chg_ = true;
-}
-
-void SadaModel::Import(EditedCollection sada) {
-  RememberLeaving(SadaAct::Import);
-  sada_ = std::move(sada);
-  DropUnreadable(sada_);
-  if (sada_.CaveList.empty()) sada_.CaveList = {NewCave(NewCaveSize::Small)};
-  GetNames(0);
-  file_ = {};
   chg_ = true;
 }
 

@@ -71,6 +71,12 @@ class SadaModel {
   // Open.
   Result<OpenReport> TakeUp(const KeptSada& kept);
 
+  // Takes the bytes of a collection that has no file of its own yet, as Open does; it counts as changed.
+  Result<OpenReport> Import(const std::string& bytes);
+
+  // The bytes that Save would write.
+  Result<std::string> Bytes();
+
   // A text that the file has no room for.
   struct TooLong {
     SadaText text;
@@ -138,12 +144,8 @@ class SadaModel {
   // SetKKKtoK: stores an edited cave at the selected place.
   void SetSelected(std::string text);
 
-  // Takes texts and caves from somewhere else, in place of all that is here; there is no file then. Caves
-  // that do not parse are left out.
-  void Import(EditedCollection sada);
-
-  // The steps that can be taken back, and those that can be done again, or so many of them; the next one comes
-  // first.
+  // The steps that can be taken back, and those that can be done again, or so many of them; the next one
+  // comes first.
   std::vector<SadaStep> UndoSteps(std::size_t most = kAllSteps) const { return history_.UndoSteps(most); }
   std::vector<SadaStep> RedoSteps(std::size_t most = kAllSteps) const { return history_.RedoSteps(most); }
   // So many of them. Beyond a new or another collection the former one comes back with its file. What comes
@@ -162,7 +164,7 @@ class SadaModel {
   void Remove();
   void Append(std::string text, NewCavePlace place);
   std::shared_ptr<const SadaMoment> Shared();
-  Result<OpenReport> Read(const std::string& bytes);
+  Result<OpenReport> Read(const std::string& bytes, SadaAct act);
   void GetNames(int selection);
   void Swap(int upper);
   std::string NewCave(NewCaveSize size) const;

@@ -13,6 +13,7 @@
 #include "screens/StartWords.h"
 #include "skin/CavePainter.h"
 #include "skin/Skin.h"
+#include "skin/WholeCave.h"
 
 namespace zorik {
 namespace {
@@ -142,13 +143,10 @@ QImage CavePreview::Drawn() {
   const auto run = std::make_unique<Hra>();
   if (!OpenCave(*run, *cave_, RunKind::Practice)) return {};
   if (!painter_) painter_ = std::make_unique<CavePainter>(skin_.Places());
-  painter_->SetScrollView(false);
-  painter_->CaveOpens(*run);
-  painter_->ShowMoment(*run, true);
   const QSizeF room = QSizeF(Room().size()) * devicePixelRatioF() * 2;
   const double fitting = std::min(room.width() / run->CaveWidth, room.height() / run->CaveHeight);
   const int cell = std::clamp(static_cast<int>(std::ceil(fitting)), 1, kLargestCell);
-  const QImage image = painter_->Compose(*run, QSize(run->CaveWidth, run->CaveHeight) * cell);
+  const QImage image = WholeCave(*painter_, *run, cell);
   const QRectF shown = FittedInto(Room(), image.size());
   return image.scaled((shown.size() * devicePixelRatioF()).toSize(), Qt::IgnoreAspectRatio,
                       Qt::SmoothTransformation);

@@ -8,7 +8,7 @@
 #include "skin/Overlay.h"
 #include "skin/PartPainter.h"
 #include "skin/TileSets.h"
-#include "view/CaveView.h"
+#include "view/SeenCave.h"
 
 namespace zorik {
 
@@ -84,7 +84,7 @@ class CavePainter final : public PartPainter {
   SkinPlaces places_;
   PictureCache cache_;
   TileSets tiles_;
-  CaveView view_;
+  SeenCave view_;
   Decoration around_;
   QRegion changed_;
 };

@@ -5,6 +5,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace zorik {
 
@@ -69,6 +70,10 @@ struct Doubt {
   std::string sentence;
   std::string_view key = "cells";  // of the entry in the cave's readable text
   std::optional<Spot> cell{};
+  // For who tells it in other words: what the sentence names, in its order, and which of the sentences of its
+  // kind it is.
+  std::vector<std::string> values{};
+  int form = 0;
 };
 
 }  // namespace zorik

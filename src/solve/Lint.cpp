@@ -80,11 +80,13 @@ class Cave {
   }
   char Letter(int x, int y) const { return LetterAt(cave_, x, y); }
 
-  void Add(DoubtKind kind, std::string sentence, std::string_view key = "cells") {
-    doubts_.push_back({kind, std::move(sentence), key, {}});
+  using Values = std::vector<std::string>;
+
+  void Add(DoubtKind kind, std::string sentence, std::string_view key = "cells", Values values = {}) {
+    doubts_.push_back({kind, std::move(sentence), key, {}, std::move(values)});
   }
-  void AddAt(DoubtKind kind, int x, int y, std::string sentence) {
-    doubts_.push_back({kind, std::move(sentence), "cells", Spot{x, y}});
+  void AddAt(DoubtKind kind, int x, int y, std::string sentence, Values values = {}, int form = 0) {
+    doubts_.push_back({kind, std::move(sentence), "cells", Spot{x, y}, std::move(values), form});
   }
 
   int CountOf(std::string_view letters) const {
@@ -100,8 +102,9 @@ class Cave {
   }
 
   void TooLarge() {
-    Add(DoubtKind::TooLarge, "a cave of " + Sized(cave_.Width, cave_.Height) +
-                                 " cells cannot be played, the largest has " + Sized(kMaxWidth, kMaxHeight));
+    const std::string size = Sized(cave_.Width, cave_.Height), most = Sized(kMaxWidth, kMaxHeight);
+    Add(DoubtKind::TooLarge, "a cave of " + size + " cells cannot be played, the largest has " + most,
+        "cells", {size, most});
   }
 
   void Numbers() {
@@ -112,7 +115,9 @@ class Cave {
       Add(DoubtKind::NumberOutOfRange,
           std::string(limits.key) + " is " + std::to_string(number) + ", it should be from " +
               std::to_string(limits.lowest) + " to " + std::to_string(limits.highest),
-          limits.key);
+          limits.key,
+          {std::string(limits.key), std::to_string(number), std::to_string(limits.lowest),
+           std::to_string(limits.highest)});
     }
   }
 
@@ -125,7 +130,8 @@ class Cave {
       const int times = CountOf({&letter, 1});
       AddAt(DoubtKind::UnknownLetter, x, y,
             "the letter \"" + Spelled(letter) + "\" means no object" +
-                (times > 1 ? ", it stands there " + std::to_string(times) + " times" : ""));
+                (times > 1 ? ", it stands there " + std::to_string(times) + " times" : ""),
+            {Spelled(letter), std::to_string(times)});
     });
   }
 
@@ -140,10 +146,12 @@ class Cave {
     if (highest == 0) return Add(DoubtKind::NoDog, "there is no dog");
     for (int dog = 1; dog <= highest; ++dog) {
       const int times = count[static_cast<std::size_t>(dog)];
-      const std::string name = "dog " + std::to_string(dog);
+      const std::string number = std::to_string(dog), name = "dog " + number;
+      const std::string most = std::to_string(highest), often = std::to_string(times);
       if (times == 0)
-        Add(DoubtKind::DogMissing, name + " is missing, the highest is dog " + std::to_string(highest));
-      if (times > 1) Add(DoubtKind::DogTwice, name + " stands there " + std::to_string(times) + " times");
+        Add(DoubtKind::DogMissing, name + " is missing, the highest is dog " + most, "cells", {number, most});
+      if (times > 1)
+        Add(DoubtKind::DogTwice, name + " stands there " + often + " times", "cells", {number, often});
     }
   }
 
@@ -185,7 +193,8 @@ class Cave {
       AddAt(DoubtKind::TeleportHalf, x, y,
             exit
                 ? "slime under steel is the exit of a teleport, but there is no entrance; the game empties it"
-                : "slime on steel is the entrance of a teleport, but there is no exit; the game empties it");
+                : "slime on steel is the entrance of a teleport, but there is no exit; the game empties it",
+            {}, exit ? 1 : 0);
       if (OnEdge(x, y))
         AddAt(DoubtKind::HoleInRing, x, y, "the lone pad leaves a hole in the ring around the cave");
     });
@@ -234,7 +243,8 @@ class Cave {
     sentence += shut > 0 ? " that a dog can come to" : "";
     sentence += *most <= there - shut ? " and nothing that makes more"
                                       : ", and no more than " + std::to_string(*most) + " can come to be";
-    Add(DoubtKind::TooFewGems, std::move(sentence), "gems");
+    Add(DoubtKind::TooFewGems, std::move(sentence), "gems",
+        {std::to_string(run.GemsNeeded), std::to_string(*most)});
   }
 
   void Time(const Hra& run, const Reach& reach) {
@@ -243,7 +253,7 @@ class Cave {
     Add(DoubtKind::TimeTooShort,
         "the time is up after " + std::to_string(run.TimeLimit * kTicksPerSecond) +
             " ticks, and no way to the finish is shorter than " + std::to_string(*fewest),
-        "time");
+        "time", {std::to_string(run.TimeLimit * kTicksPerSecond), std::to_string(*fewest)});
   }
 
   // Nobody presses a key in the first second.
@@ -256,23 +266,24 @@ class Cave {
         Tick(*run, {});
         if (LiveDogs(*run) == dogs) continue;
         return Add(DoubtKind::UnfairStart,
-                   "a dog dies in tick " + std::to_string(tick) + " if no key is pressed");
+                   "a dog dies in tick " + std::to_string(tick) + " if no key is pressed", "cells",
+                   {std::to_string(tick)});
       }
     }
   }
 
   void Looks() {
     if (cave_.Width > kEditorWidth || cave_.Height > kEditorHeight) {
-      Add(DoubtKind::AboveEditor,
-          "the cave editor would cut the cave to " +
-              Sized(std::min<int>(cave_.Width, kEditorWidth), std::min<int>(cave_.Height, kEditorHeight)) +
-              " cells");
+      const std::string cut =
+          Sized(std::min<int>(cave_.Width, kEditorWidth), std::min<int>(cave_.Height, kEditorHeight));
+      Add(DoubtKind::AboveEditor, "the cave editor would cut the cave to " + cut + " cells", "cells", {cut});
     }
     const double mirror = MirrorShare(cave_);
     if (mirror <= kMostMirror) return;
     std::array<char, 8> share{};
     std::snprintf(share.data(), share.size(), "%.2f", mirror);
-    Add(DoubtKind::Mirror, std::string(share.data()) + " of the cells equal their mirror");
+    Add(DoubtKind::Mirror, std::string(share.data()) + " of the cells equal their mirror", "cells",
+        {std::to_string(static_cast<int>(mirror * 100))});
   }
 
   const CaveRecord& cave_;
@@ -297,7 +308,8 @@ std::vector<NameDoubt> DoubtsAboutNames(std::string_view collection, std::span<c
                          "the name of the record's file would have " + std::to_string(name.size()) +
                              " bytes, a disk takes " + std::to_string(kLongestName),
                          "name",
-                         {}}});
+                         {},
+                         {std::to_string(name.size()), std::to_string(kLongestName)}}});
     }
     const auto [first, fresh] = seen.try_emplace(FoldFileName(name), i);
     if (fresh) continue;
@@ -306,7 +318,8 @@ std::vector<NameDoubt> DoubtsAboutNames(std::string_view collection, std::span<c
                        "its record has the file name of cave " + std::to_string(first->second + 1) +
                            ", so one win replaces the other",
                        "name",
-                       {}}});
+                       {},
+                       {std::to_string(first->second + 1)}}});
   }
   return doubts;
 }

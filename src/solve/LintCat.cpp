@@ -64,6 +64,11 @@ class Program {
   void Add(DoubtKind kind, std::string sentence) {
     doubts_.push_back({kind, std::move(sentence), "cat", Spot{run_.CatX, run_.CatY}});
   }
+  void AddOf(std::size_t place, DoubtKind kind, std::string sentence, int form = 0) {
+    Add(kind, std::move(sentence));
+    doubts_.back().values = {std::to_string(place + 1)};
+    doubts_.back().form = form;
+  }
 
   bool Has(std::uint16_t code) const {
     return Any([code, this](Cell c) { return run_.Field(c) == code; });
@@ -99,12 +104,12 @@ class Program {
   // The first command of a program is passed over, whatever it is.
   void Labels() {
     if (!tokens_.empty() && tokens_[0] != "*A")
-      Add(DoubtKind::CatToken,
-          "the program begins with " + Named(0) + ", which is passed over, not with \"*A\"");
+      AddOf(0, DoubtKind::CatToken,
+            "the program begins with " + Named(0) + ", which is passed over, not with \"*A\"");
     for (std::size_t place = 1; place < tokens_.size(); ++place) {
       const std::string& token = tokens_[place];
       if (token.size() == 2 && token[0] == '*' && !CanCome(token[1]))
-        Add(DoubtKind::CatLabel, "nothing ever raises the event of the label " + Named(place));
+        AddOf(place, DoubtKind::CatLabel, "nothing ever raises the event of the label " + Named(place));
     }
   }
 
@@ -134,9 +139,10 @@ class Program {
       const bool known = CommandOf(tokens_[place]).course != Course::Nothing;
       const bool stands = tokens_[place] == "/Z" || tokens_[place][0] == '*';
       if (!known)
-        Add(DoubtKind::CatToken, Named(place) + " means nothing, the cat stands still there for good");
+        AddOf(place, DoubtKind::CatToken,
+              Named(place) + " means nothing, the cat stands still there for good", 1);
       if (known && !seen_[place] && !stands && !InIdlePart(place))
-        Add(DoubtKind::CatToken, "the program never comes to " + Named(place));
+        AddOf(place, DoubtKind::CatToken, "the program never comes to " + Named(place), 2);
     }
   }
 

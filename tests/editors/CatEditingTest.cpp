@@ -235,7 +235,8 @@ TEST_P(CatEditingAtRandomTest, GivesBackEveryProgramOnTheWayBackAndAgain) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Programs, CatEditingAtRandomTest,
-                         testing::Values("", "*A-A-B*B-A/Z", "*A-C-A-C-A/Z", "xy", "*A-B-B-B-B/Z", "*A-A-AX"));
+                         testing::Values("", "*A-A-B*B-A/Z", "*A-C-A-C-A/Z", "xy", "*A-B-B-B-B/Z",
+                                         "*A-A-AX"));
 
 }  // namespace
 }  // namespace zorik

@@ -54,6 +54,20 @@ TEST_F(FrmStatsTest, ShowsAPictureOfWhatHasATile) {
   EXPECT_TRUE(dialog.opened);
 }
 
+TEST_F(FrmStatsTest, TellsTheGemsThatAreThereThatCanComeToBeAndThatAreNeeded) {
+  const auto said = [this] {
+    QString text;
+    const InDialogNamed dialog("frmStats",
+                               [&text](QWidget& it) { text = it.findChild<QLabel*>("lblGems")->text(); });
+    Action("mnuStats").trigger();
+    return text;
+  };
+  Open({"WWWWWWWW", "W1;D;WWW", "W;D;;WDW", "W;;;TWWW", "WWWWWWWW"}, {.needed = 2});
+  EXPECT_EQ(said(), "Drahokamy: 3 na začátku, získat jich lze 2, potřeba 2");
+  Open({"WWWWWWWW", "W1;D;WWW", "W;A;;WDW", "W;;;TWWW", "WWWWWWWW"}, {.needed = 2});
+  EXPECT_EQ(said(), "Drahokamy: 2 na začátku, získat jich lze bez omezení, potřeba 2");
+}
+
 TEST_F(FrmStatsTest, RemembersItsSize) {
   Open(test::Full(6, 5, ';'));
   {

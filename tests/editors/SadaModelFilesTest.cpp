@@ -315,6 +315,21 @@ TEST_F(SadaTest, KeepsLettersThatNoObjectHas) {
   EXPECT_EQ(Saved()[3], odd + "---01");
 }
 
+TEST_F(SadaTest, TakesTheBytesOfACollectionAsAChangedOneWithoutAFile) {
+  OpenCaves({"*A", "B"});
+  const Result<std::string> bytes = sada_.Bytes();
+  ASSERT_TRUE(bytes);
+  OpenCaves({"*C"});
+  const auto report = sada_.Import(*bytes);
+  ASSERT_TRUE(report);
+  EXPECT_TRUE(report->Faults.empty());
+  EXPECT_EQ(Rows(), (Names{"*A", "B"}));
+  EXPECT_EQ(sada_.FileName(), "");
+  EXPECT_TRUE(sada_.Chg());
+  EXPECT_FALSE(sada_.Import("what"));
+  EXPECT_EQ(Rows(), (Names{"*A", "B"}));
+}
+
 TEST_F(SadaTest, RefusesAClosedCollectionAndChangesNothing) {
   for (const char flag : {'Q', 'R', 'z', '\xFF'}) {
     OpenCaves({"*A"});

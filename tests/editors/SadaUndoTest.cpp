@@ -264,7 +264,10 @@ TEST_F(SadaUndoTest, TakesAnImportBack) {
   EditedCollection other;
   other.Name = "Dovezena";
   other.CaveList = {"zmatek", CaveText("X")};
-  sada_.Import(other);
+  Chance decoration(1);
+  const auto bytes = BuildCollection(other, decoration);
+  ASSERT_TRUE(bytes);
+  ASSERT_TRUE(sada_.Import(*bytes));
   EXPECT_EQ(Rows(), Names{"*X"});
   EXPECT_EQ(sada_.FileName(), "");
   EXPECT_TRUE(sada_.Chg());

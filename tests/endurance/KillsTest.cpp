@@ -10,6 +10,7 @@
 #include <filesystem>
 #include <functional>
 
+#include "data/FileTrouble.h"
 #include "data/Files.h"
 #include "data/RecordFile.h"
 #include "data/RecordSlot.h"

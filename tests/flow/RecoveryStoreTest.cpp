@@ -9,6 +9,7 @@
 #include <csignal>
 #include <filesystem>
 
+#include "data/FileTrouble.h"
 #include "data/Files.h"
 #include "data/Folders.h"
 #include "data/Result.h"

@@ -9,28 +9,12 @@
 #include "data/ReadableCave.h"
 #include "data/ReadableText.h"
 #include "data/Result.h"
+#include "data/TextFolder.h"
 
 namespace zorik {
 namespace {
 
 constexpr const char* kNoCollection = "sada";
-
-// The names of the cave files that collection.txt names, in UTF-8, one for each cave and empty for one that
-// stands there as a line. A mistake in it is told by the packing.
-std::vector<std::string> NamedFiles(const std::string& content) {
-  std::vector<std::string> names;
-  const auto entries = ReadEntries(kCollectionFile, content);
-  if (!entries) return names;
-  for (const ReadableEntry& entry : *entries) {
-    if (entry.key == "cave") names.push_back(ToUtf8(entry.Text()));
-    if (entry.key == "line" && EndsWithMarker(entry.Text())) names.emplace_back();
-  }
-  return names;
-}
-
-bool StaysInFolder(const std::string& name) {
-  return !name.empty() && name.find('/') == std::string::npos;
-}
 
 bool LooksReadable(const std::string& bytes) {
   return bytes.starts_with("cells:") || bytes.find("\ncells:") != std::string::npos;
@@ -44,7 +28,7 @@ CaveSet OfCollection(const PlayedCollection& collection, std::string bytes) {
 }
 
 Needed<CaveSet> ReadFolder(const std::string& folder) {
-  Result<TextFiles> texts = ReadTexts(folder);
+  Result<TextFiles, TextFailure> texts = ReadTexts(folder);
   if (!texts) return Refusal{{texts.Message()}, Exit::CannotRead};
   Chance decoration;
   Result<std::string> bytes = PackCollection(*texts, decoration);
@@ -53,7 +37,7 @@ Needed<CaveSet> ReadFolder(const std::string& folder) {
   if (!collection) return Refusal{{folder + ": " + collection.Message()}, Exit::BadCollection};
   CaveSet set = OfCollection(*collection, std::move(*bytes));
   set.texts = std::move(*texts);
-  const std::vector<std::string> files = NamedFiles(set.texts[kCollectionFile]);
+  const std::vector<std::string> files = NamedCaveFiles(set.texts[kCollectionFile]);
   for (std::size_t i = 0; i < std::min(files.size(), set.caves.size()); ++i) set.caves[i].file = files[i];
   return set;
 }
@@ -62,7 +46,7 @@ Needed<CaveSet> ReadFolder(const std::string& folder) {
 void FindPlace(const std::filesystem::path& path, NamedCave& cave, std::string& collection) {
   const Result<std::string> content = ReadWhole((path.parent_path() / kCollectionFile).string());
   if (!content) return;
-  const std::vector<std::string> files = NamedFiles(*content);
+  const std::vector<std::string> files = NamedCaveFiles(*content);
   const auto place = std::find(files.begin(), files.end(), cave.file);
   const auto entries = ReadEntries(kCollectionFile, *content);
   if (place == files.end() || !entries) return;
@@ -87,20 +71,6 @@ Needed<CaveSet> ReadReadable(const std::string& path, const std::string& content
 }
 
 }  // namespace
-
-Result<TextFiles> ReadTexts(const std::string& folder) {
-  const std::string start = folder + "/";
-  const Result<std::string> content = ReadWhole(start + kCollectionFile);
-  if (!content) return Failure{content.Message()};
-  TextFiles files{{kCollectionFile, *content}};
-  for (const std::string& name : NamedFiles(*content)) {
-    if (!StaysInFolder(name)) continue;
-    Result<std::string> cave = ReadWhole(start + name);
-    if (!cave) return Failure{cave.Message()};
-    files[name] = std::move(*cave);
-  }
-  return files;
-}
 
 Needed<CaveSet> ReadCaves(const std::string& path) {
   std::error_code error;

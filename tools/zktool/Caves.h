@@ -25,9 +25,6 @@ struct CaveSet {
   std::string bytes;  // of the collection
 };
 
-// The readable files of a folder: collection.txt and the caves that it names.
-Result<TextFiles> ReadTexts(const std::string& folder);
-
 // What a command takes for CAVE-OR-COLLECTION: a collection (.zk), a folder with readable texts, a readable
 // cave, or a plain cave text. A readable cave that a collection.txt beside it names has its number and the
 // name of that collection.

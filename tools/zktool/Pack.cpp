@@ -2,6 +2,7 @@
 #include "data/OtherWords.h"
 #include "data/Readable.h"
 #include "data/Result.h"
+#include "data/TextFolder.h"
 #include "zktool/Caves.h"
 #include "zktool/Commands.h"
 #include "zktool/Doubts.h"
@@ -21,7 +22,7 @@ std::vector<std::string> FaultsOf(const TextFiles& files) {
 // The texts of the folder, in the words of a table if one is named.
 Needed<TextFiles> TextsToPack(const CommandLine& line) {
   const std::string& folder = line.operands[0];
-  Result<TextFiles> files = ReadTexts(folder);
+  Result<TextFiles, TextFailure> files = ReadTexts(folder);
   if (!files) return Refusal{{files.Message()}, Exit::CannotRead};
   if (!line.Has("--words")) return std::move(*files);
   const std::string& path = line.Value("--words");

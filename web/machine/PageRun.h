@@ -11,7 +11,7 @@
 #include "core/Hra.h"
 #include "data/ResultFwd.h"
 #include "run/Timeline.h"
-#include "view/CaveView.h"
+#include "view/SeenCave.h"
 
 namespace zorik {
 
@@ -122,7 +122,7 @@ class PageRun final : public Stage {
   void Seek(int tick);
   void TakeOverNow();
 
-  CaveView& View() { return view_; }
+  SeenCave& View() { return view_; }
   void SetSmooth(bool on) { smooth_ = on; }
   const std::vector<int>& Plan(PixelSize frame, double way);
   const std::vector<int>& LastPlan() const { return plan_; }
@@ -167,7 +167,7 @@ class PageRun final : public Stage {
   int begin_ = 0;  // ticks of the run where it begins
 
   const FrameTable* frames_;
-  CaveView view_;
+  SeenCave view_;
   bool smooth_ = false;
   std::vector<int> plan_;
 };

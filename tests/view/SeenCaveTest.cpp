@@ -2,7 +2,7 @@
 
 #include "data/Result.h"
 #include "support/Scene.h"
-#include "view/CaveView.h"
+#include "view/SeenCave.h"
 
 namespace zorik {
 namespace {
@@ -34,13 +34,13 @@ class Seen : public Stage {
   const DrawnView& Look(double way = 1) { return view.Look(hra, frames_, {60, 40}, way); }
 
   Hra hra{1};
-  CaveView view;
+  SeenCave view;
 
  private:
   FrameTable frames_;
 };
 
-TEST(CaveView, SeesAllOfItAtTheFirstLook) {
+TEST(SeenCave, SeesAllOfItAtTheFirstLook) {
   Seen seen;
   const DrawnView& drawn = seen.Look();
   EXPECT_TRUE(drawn.fresh);
@@ -50,7 +50,7 @@ TEST(CaveView, SeesAllOfItAtTheFirstLook) {
   EXPECT_EQ(drawn.At(1, 1).picture.Pic, kSetDog);
 }
 
-TEST(CaveView, TellsOfTheCellsThatChangedSinceTheLastLook) {
+TEST(SeenCave, TellsOfTheCellsThatChangedSinceTheLastLook) {
   Seen seen;
   seen.Look();
   EXPECT_FALSE(seen.Look().fresh);
@@ -64,7 +64,7 @@ TEST(CaveView, TellsOfTheCellsThatChangedSinceTheLastLook) {
   EXPECT_EQ(drawn.changed[1].row, 1U);
 }
 
-TEST(CaveView, KnowsWhereWhatMovesIsOnItsWay) {
+TEST(SeenCave, KnowsWhereWhatMovesIsOnItsWay) {
   Seen seen;
   seen.Look();
   seen.Pass(kKeyRight);
@@ -78,7 +78,7 @@ TEST(CaveView, KnowsWhereWhatMovesIsOnItsWay) {
   EXPECT_EQ(drawn.At(2, 1).picture.Pic, kSetSpace);
 }
 
-TEST(CaveView, HasNoCellsInAFrameOfNoSize) {
+TEST(SeenCave, HasNoCellsInAFrameOfNoSize) {
   Seen seen;
   const DrawnView& drawn = seen.view.Look(seen.hra, FrameTable(), {0, 0});
   EXPECT_TRUE(drawn.cells.empty());

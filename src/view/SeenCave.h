@@ -10,9 +10,9 @@ namespace zorik {
 
 // What is to be seen of a run: which cell shows which frame, and where in the view. It follows the run by the
 // stage's calls of the same meaning and never changes it. It knows no pictures: who draws has them.
-class CaveView {
+class SeenCave {
  public:
-  explicit CaveView(std::uint64_t seed = 0) : pictures_(seed) {}
+  explicit SeenCave(std::uint64_t seed = 0) : pictures_(seed) {}
 
   // A cave is about to be set up, to be drawn with these frames.
   void CaveOpens(const Hra& hra, const FrameTable& frames);

@@ -1,17 +1,17 @@
-#include "view/CaveView.h"
+#include "view/SeenCave.h"
 
 #include "core/Hra.h"
 
 namespace zorik {
 
-void CaveView::CaveOpens(const Hra& hra, const FrameTable& frames) {
+void SeenCave::CaveOpens(const Hra& hra, const FrameTable& frames) {
   drawn_.cells.clear();
   motion_.Forget();
   pictures_.SetFrames(frames.Rows());
   pictures_.Open(hra);
 }
 
-void CaveView::MoveView(const Hra& hra, bool jump) {
+void SeenCave::MoveView(const Hra& hra, bool jump) {
   const Unit& unit = hra.Dog[static_cast<std::size_t>(hra.ActiveDog)];
   if (jump) {
     pictures_.Placed(hra);
@@ -20,24 +20,24 @@ void CaveView::MoveView(const Hra& hra, bool jump) {
   view_.Follow(unit.x, unit.y, hra.CaveWidth, hra.CaveHeight, jump);
 }
 
-void CaveView::SetReach(const Hra& hra, double columns, double rows) {
+void SeenCave::SetReach(const Hra& hra, double columns, double rows) {
   const Unit& unit = hra.Dog[static_cast<std::size_t>(hra.ActiveDog)];
   motion_.Forget();
   view_.SetReach(columns, rows);
   view_.Follow(unit.x, unit.y, hra.CaveWidth, hra.CaveHeight, true);
 }
 
-void CaveView::ShowMoment(const Hra& hra, bool jump) {
+void SeenCave::ShowMoment(const Hra& hra, bool jump) {
   motion_.Forget();
   pictures_.ShowMoment(hra);
   MoveView(hra, jump);
 }
 
-ViewArea CaveView::Area(const Hra& hra) const {
+ViewArea SeenCave::Area(const Hra& hra) const {
   return scrollView_ ? view_.Scrolled() : ZornePole::Whole(hra.CaveWidth, hra.CaveHeight);
 }
 
-void CaveView::TickBegins(bool smooth) {
+void SeenCave::TickBegins(bool smooth) {
   if (smooth) {
     motion_.Begin(pictures_, view_.Scrolled());
   } else {
@@ -45,7 +45,7 @@ void CaveView::TickBegins(bool smooth) {
   }
 }
 
-const DrawnView& CaveView::Look(const Hra& hra, const FrameTable& frames, PixelSize frame, double way) {
+const DrawnView& SeenCave::Look(const Hra& hra, const FrameTable& frames, PixelSize frame, double way) {
   static const MovingCells kNothingMoves;
   const ViewArea area = Area(hra);
   const PixelSize cell = DrawnCell(area, frame.width, frame.height);

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QString>
+
+#include "solve/Doubt.h"
+#include "solve/Gems.h"
+
+namespace zorik {
+
+class Skin;
+
+// What an author should look at, in the words of a skin; empty for what needs more than a cave to be told, a
+// run that wins it for one.
+QString DoubtInWords(const Skin& skin, const Doubt& doubt);
+
+// The gems of a cave: those at its start, those that its dogs can come to, those that are needed.
+QString GemsInWords(const Skin& skin, const GemCount& gems);
+
+}  // namespace zorik

@@ -1,0 +1,47 @@
+#include "editors/PictureOffer.h"
+
+#include <QBuffer>
+#include <QImage>
+#include <memory>
+
+#include "core/Machine.h"
+#include "data/Files.h"
+#include "data/Result.h"
+#include "platform/PathText.h"
+#include "platform/UserFolders.h"
+#include "screens/MsgBox.h"
+#include "screens/SaveBox.h"
+#include "screens/StartWords.h"
+#include "skin/CavePainter.h"
+#include "skin/Skin.h"
+#include "skin/WholeCave.h"
+
+namespace zorik {
+namespace {
+
+constexpr StartWords kPictureWords{"caption.main.picture"};
+constexpr StartWords kPictureKindWords{"caption.main.picturekind"};
+
+}  // namespace
+
+void OfferCavePicture(Skin& skin, QWidget* parent, const CaveRecord& cave, int cell) {
+  const auto run = std::make_unique<Hra>();
+  StartRun(*run, {}, cave, RunKind::Practice);
+  CavePainter painter(skin.Places());
+  OfferPicture(skin, parent, cave.Name, WholeCave(painter, *run, cell));
+}
+
+void OfferPicture(Skin& skin, QWidget* parent, const std::string& name, const QImage& picture) {
+  QByteArray bytes;
+  QBuffer buffer(&bytes);
+  const bool made = picture.save(&buffer, "PNG");
+  std::string proposed = FileSystemName(CleanFileName(name) + ".png");
+  const QString path = AskForNewFile(
+      skin, parent,
+      {kPictureWords.In(skin), kPictureKindWords.In(skin), "png", HomeText() + '/' + PathText(proposed)});
+  if (path.isEmpty()) return;
+  if (made && WriteWhole(PathBytes(path), {bytes.data(), static_cast<std::size_t>(bytes.size())})) return;
+  Tell(skin, parent, skin.Text(TextId::Program), kNotStoredWords.In(skin) + '\n' + ShownPath(path));
+}
+
+}  // namespace zorik

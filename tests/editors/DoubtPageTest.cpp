@@ -1,0 +1,127 @@
+#include <QListWidget>
+#include <QSignalSpy>
+#include <QTabWidget>
+
+#include "editors/DoubtPage.h"
+#include "editors/EditorScreen.h"
+
+namespace zorik {
+namespace {
+
+using test::Picture;
+
+class DoubtPageTest : public testing::Test, public test::EditorScreen {
+ protected:
+  DoubtPage& Page() const { return Child<DoubtPage>("doubts"); }
+  QListWidget& List() const { return Child<QListWidget>("lstDoubts"); }
+  QLabel& Fine() const { return Child<QLabel>("lblFine"); }
+  QString Gems() const { return Child<QLabel>("lblGems").text(); }
+
+  // What the page says once it has looked. Small caves are often their own mirror; that is left out.
+  QStringList Said() const {
+    EXPECT_TRUE(QTest::qWaitFor([this] { return Page().IsUpToDate(); }));
+    QStringList said;
+    for (int row = 0; row < List().count(); ++row) said << List().item(row)->text();
+    said.removeIf([](const QString& line) { return line.contains("zrcadle"); });
+    return said;
+  }
+
+  // A cave in which all is well, and which is not its own mirror.
+  const Picture fine{"WWWWWWWW", "W1;;;D;W", "W.R;;;;W", "W..;TR;W", "WWWWWWWW"};
+};
+
+TEST_F(DoubtPageTest, SaysInALineThatAllIsWell) {
+  Open(fine, {.needed = 1});
+  EXPECT_EQ(Said(), QStringList());
+  EXPECT_TRUE(Fine().isVisible());
+  EXPECT_FALSE(List().isVisible());
+  EXPECT_EQ(Fine().text(), "Vše v pořádku, nic podezřelého tu není.");
+}
+
+TEST_F(DoubtPageTest, TellsWhatAStrokeHasSpoilt) {
+  Open(fine, {.needed = 1});
+  ASSERT_EQ(Said(), QStringList());
+  Click(4, 3);  // a boulder where the finish was
+  EXPECT_FALSE(Page().IsUpToDate());
+  EXPECT_EQ(Said(), QStringList{"Není tu cíl."});
+  EXPECT_TRUE(List().isVisible());
+  EXPECT_FALSE(Fine().isVisible());
+  Action("mnuUndo").trigger();
+  EXPECT_EQ(Said(), QStringList());
+}
+
+TEST_F(DoubtPageTest, TellsFaultsBeforeHints) {
+  Open({"WWWWWWWW", "W1;;;WWW", "W.R;;WDW", "W..;;WWW", "WWWWWWWW"}, {.needed = 1});
+  EXPECT_EQ(Said(), QStringList({"Není tu cíl.",
+                                 "Cíl se otevře při 1 drahokamech, Zoríci jich ale mohou získat nejvýš 0.",
+                                 "K drahokamu se žádný Zorík nikdy nedostane. (7, 3)"}));
+  EXPECT_EQ(List().item(0)->toolTip(), "Chyba");
+  EXPECT_EQ(List().item(2)->toolTip(), "Podezření");
+}
+
+TEST_F(DoubtPageTest, LeadsToTheCellOfALine) {
+  Picture large = test::Full(80, 50, ';');
+  large[1][1] = '1';
+  large[2][3] = 'T';
+  for (int y = 44; y < 49; ++y) large[static_cast<std::size_t>(y)].replace(70, 5, "WWWWW");
+  large[46][72] = 'D';
+  Open(large, {.needed = 0});
+  const QStringList said = Said();
+  const auto row = said.indexOf("K drahokamu se žádný Zorík nikdy nedostane. (73, 47)");
+  ASSERT_GE(row, 0) << said.join('\n').toStdString();
+  QTest::mouseClick(List().viewport(), Qt::LeftButton, {},
+                    List().visualItemRect(List().item(static_cast<int>(row))).center());
+  EXPECT_EQ(Area().Marked(), QPoint(72, 46));
+  const QPoint shown = Area().mapTo(&Child<QWidget>("Ram"), Place(72, 46));
+  EXPECT_TRUE(Child<QWidget>("Ram").rect().contains(shown));
+}
+
+TEST_F(DoubtPageTest, LeadsThereByEnterToo) {
+  Open({"WWWWWWWW", "W1;;TWWW", "W.R;;WDW", "W..;;WWW", "WWWWWWWW"}, {.needed = 0});
+  ASSERT_EQ(Said().size(), 1);
+  List().setFocus();
+  List().setCurrentRow(0);
+  QTest::keyClick(&List(), Qt::Key_Return);
+  EXPECT_EQ(Area().Marked(), QPoint(6, 2));
+}
+
+TEST_F(DoubtPageTest, NamesTheFirstOfVeryMany) {
+  Picture walled = test::Full(12, 9, 'W');
+  walled[1].replace(1, 3, "1;T");
+  for (std::size_t y = 3; y < 8; ++y) walled[y].replace(1, 5, "DDDDD");
+  Open(walled, {.needed = 0});
+  const QStringList said = Said();
+  ASSERT_EQ(said.size(), 21);
+  EXPECT_EQ(said[20], "… a ještě 5× totéž");
+}
+
+TEST_F(DoubtPageTest, TellsHowTheGemsStand) {
+  Open(fine, {.needed = 1});
+  Said();
+  EXPECT_EQ(Gems(), "Drahokamy: 1 na začátku, získat jich lze 1, potřeba 1");
+}
+
+TEST_F(DoubtPageTest, SpeaksTheLanguageOfTheSkin) {
+  Open(fine, {.needed = 1});
+  Click(4, 3);
+  ASSERT_EQ(Said(), QStringList{"Není tu cíl."});
+  Wear("English");
+  window->SetLW();
+  EXPECT_EQ(Said(), QStringList{"There is no finish."});
+  EXPECT_EQ(Child<QTabWidget>("pages").tabText(0), "Checks");
+}
+
+TEST_F(DoubtPageTest, LooksAtNothingWhileItIsHiddenAndAtAllWhenItIsShown) {
+  Open(fine, {.needed = 1});
+  ASSERT_EQ(Said(), QStringList());
+  QTest::keyClick(window.get(), Qt::Key_F9);
+  ASSERT_FALSE(Page().isVisible());
+  Click(4, 3);
+  QTest::qWait(600);
+  EXPECT_FALSE(Page().IsUpToDate());
+  QTest::keyClick(window.get(), Qt::Key_F9);
+  EXPECT_EQ(Said(), QStringList{"Není tu cíl."});
+}
+
+}  // namespace
+}  // namespace zorik

@@ -1,0 +1,117 @@
+// A collection as a folder of texts and as a picture.
+#include <QImage>
+#include <filesystem>
+
+#include "editors/SadaScreen.h"
+
+namespace zorik {
+namespace {
+
+using test::Names;
+
+class SadaOtherFormsTest : public test::SadaWindowTest {
+ protected:
+  std::string Here(const std::string& name) const { return folder.Root() + "/" + name; }
+  void Edit(const std::string& name, const std::string& from, const std::string& to) const {
+    std::string text = *ReadWhole(Here(name));
+    const std::size_t place = text.find(from);
+    ASSERT_NE(place, std::string::npos);
+    ASSERT_TRUE(WriteWhole(Here(name), text.replace(place, from.size(), to)));
+  }
+  // Writes the collection into the folder of its name.
+  void WriteTexts() {
+    dialogs.Type(folder.Root()).Press("ok");
+    Action("mnuToTexts").trigger();
+    ASSERT_TRUE(std::filesystem::exists(Here("Sada/collection.txt"))) << dialogs.Last().toStdString();
+  }
+};
+
+TEST_F(SadaOtherFormsTest, ComeBackFromAFolderOfTexts) {
+  OpenCaves({"*A", "B", "*C"});
+  WriteTexts();
+  EXPECT_TRUE(dialogs.Last().contains("Sada je uložena jako texty"));
+  Edit("Sada/cave-02.txt", "name: B", "name: Nová");
+  Action("mnuNew").trigger();
+  ASSERT_EQ(Sada().ListCount(), 1);
+  dialogs.Type(Here("Sada"));
+  Action("mnuFromTexts").trigger();
+  EXPECT_EQ(Rows(), (Names{"*A", "Nová", "*C"}));
+  EXPECT_EQ(Box("Text3").text(), "Sada");
+  EXPECT_EQ(Box("Text1").text(), "Eva");
+  EXPECT_TRUE(Sada().Chg());
+  EXPECT_EQ(Sada().FileName(), "");
+  EXPECT_TRUE(window->isWindowModified());
+}
+
+TEST_F(SadaOtherFormsTest, AskBeforeTheyWriteOverAFolder) {
+  OpenCaves({"*A"});
+  WriteTexts();
+  folder.File("Sada/cave-01.txt", "mine");
+  dialogs.Type(folder.Root()).Press("no");
+  Action("mnuToTexts").trigger();
+  EXPECT_EQ(*ReadWhole(Here("Sada/cave-01.txt")), "mine");
+  dialogs.Type(folder.Root()).Press("yes").Press("ok");
+  Action("mnuToTexts").trigger();
+  EXPECT_TRUE(ReadWhole(Here("Sada/cave-01.txt"))->starts_with("name: A\n"));
+}
+
+TEST_F(SadaOtherFormsTest, TellInWhichLineOfWhichTextAMistakeIsAndChangeNothing) {
+  OpenCaves({"*A", "B"});
+  WriteTexts();
+  Edit("Sada/cave-02.txt", "gems:", "gemy:");
+  dialogs.Type(Here("Sada")).Press("ok");
+  Action("mnuFromTexts").trigger();
+  EXPECT_TRUE(dialogs.Last().contains("Soubor cave-02.txt, řádek 4 Údaj s tímto klíčem hra nezná."))
+      << dialogs.Last().toStdString();
+  EXPECT_EQ(Rows(), (Names{"*A", "B"}));
+  EXPECT_FALSE(Sada().Chg());
+  EXPECT_EQ(Sada().FileName(), Path("a.zk"));
+}
+
+TEST_F(SadaOtherFormsTest, TellWhichTextIsMissing) {
+  OpenCaves({"*A", "B"});
+  WriteTexts();
+  std::filesystem::remove(Here("Sada/cave-02.txt"));
+  dialogs.Type(Here("Sada")).Press("ok");
+  Action("mnuFromTexts").trigger();
+  EXPECT_TRUE(dialogs.Last().contains("Soubor cave-02.txt Tento soubor nelze přečíst."))
+      << dialogs.Last().toStdString();
+  dialogs.Type(Here("Caves")).Press("ok");
+  Action("mnuFromTexts").trigger();
+  EXPECT_TRUE(dialogs.Last().contains("Soubor collection.txt"));
+}
+
+TEST_F(SadaOtherFormsTest, SpeakNoEnglishOfMistakesInACzechWindow) {
+  OpenCaves({"*A"});
+  WriteTexts();
+  const std::string whole = *ReadWhole(Here("Sada/cave-01.txt"));
+  for (const char* line :
+       {"what\n", "\\q: 1\n", "name: \\q\n", "name: \xD0\x96\n", "time: x\n", "| x\n", "cat: 123\n"}) {
+    folder.File("Sada/cave-01.txt", whole + line);
+    dialogs.Type(Here("Sada")).Press("ok");
+    Action("mnuFromTexts").trigger();
+    for (const char* word : {"neither", "second", "entry", "unknown", "backslash", "line", " the "})
+      EXPECT_FALSE(dialogs.Last().contains(word)) << line << dialogs.Last().toStdString();
+  }
+}
+
+TEST_F(SadaOtherFormsTest, AskToSaveBeforeAnotherCollectionTakesThePlaceOfAChangedOne) {
+  OpenCaves({"*A"});
+  WriteTexts();
+  TypeName("Jinak");
+  dialogs.Press("close");
+  Action("mnuFromTexts").trigger();
+  EXPECT_EQ(Box("Text3").text(), "Jinak");
+}
+
+TEST_F(SadaOtherFormsTest, ShowAllCavesOnOnePicture) {
+  OpenCaves({"*A", "B", "C"});
+  dialogs.Type(Here("all"));
+  Action("mnuSheet").trigger();
+  const QImage sheet(QString::fromStdString(Here("all.png")));
+  EXPECT_GT(sheet.width(), 600);
+  EXPECT_GT(sheet.height(), 400);
+}
+
+}  // namespace
+}  // namespace zorik
