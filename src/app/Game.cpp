@@ -156,11 +156,14 @@ FrmSada& Game::CollectionEditor() {
 FrmMain& Game::CaveEditor() {
   if (frmMain_) return *frmMain_;
   const auto editCat = [this](const std::string& script) {
-    return FrmCat(skin_, frmMain_.get()).Edit(script);
+    FrmCat window(skin_, frmMain_.get());
+    connect(&window, &FrmCat::HelpWanted, this, &Game::ShowHelpOfEditor);
+    return window.Edit(script);
   };
   frmMain_ = std::make_unique<FrmMain>(skin_, editCat, std::random_device()());
   connect(frmMain_.get(), &FrmMain::Done, &CollectionEditor(), &FrmSada::CaveDone);
   connect(frmMain_.get(), &FrmMain::TestRun, this, &Game::TestRun);
+  connect(frmMain_.get(), &FrmMain::HelpWanted, this, &Game::ShowHelpOfEditor);
   return *frmMain_;
 }
 
@@ -353,6 +356,11 @@ void Game::ShowHelpOfGame() {
   const bool runs = hra_.Ticking();
   hra_.WithDialog([this] { OpenFileOrTell(skin_, &hra_, HelpPage(paths_, skin_, "help.html")); });
   if (runs) hra_.PauseRun();
+}
+
+void Game::ShowHelpOfEditor(const QString& page) {
+  QWidget* const dialog = QApplication::activeModalWidget();
+  OpenFileOrTell(skin_, dialog == nullptr ? frmMain_.get() : dialog, HelpPage(paths_, skin_, page));
 }
 
 void Game::OpenFromOutside(const QString& path) {

@@ -62,6 +62,8 @@ class FrmMain : public QMainWindow {
   void Closed();
   // A test run of this cave is due; the window has gone for that time.
   void TestRun(const std::string& caveText);
+  // A page of the help is wanted.
+  void HelpWanted(const QString& page);
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -72,6 +74,7 @@ class FrmMain : public QMainWindow {
   void MakeCaveMenu();
   void MakeDogMenu();
   void MakeViewMenu();
+  void MakeHelpMenu();
   void LayOut();
   void ConnectTools();
   QToolButton* MakeLabel(const char* name, std::function<void()> act);
@@ -98,6 +101,7 @@ class FrmMain : public QMainWindow {
   void Undo(bool redo);
   void ShowProperties();
   void ShowStats();
+  void ShowShortcuts(QWidget* over);
   void EditScript();
   void Test();
   // The cave may look different in any respect.

@@ -3,6 +3,7 @@
 #include <QMenu>
 
 #include "editors/CaveView.h"
+#include "editors/EditorKeys.h"
 #include "editors/FrmMain.h"
 #include "editors/Palette.h"
 #include "screens/Marks.h"
@@ -33,6 +34,7 @@ void FrmMain::MakeMenus() {
   MakeCaveMenu();
   MakeDogMenu();
   MakeViewMenu();
+  MakeHelpMenu();
 }
 
 void FrmMain::MakeEditMenu() {
@@ -94,6 +96,17 @@ void FrmMain::MakeViewMenu() {
   menus_.Add(*mnuView_, "mnuLarger", "caption.main.larger", "Ctrl++; Ctrl+=", [this] { view_->Zoom(1); });
   menus_.Add(*mnuView_, "mnuSmaller", "caption.main.smaller", "Ctrl+-", [this] { view_->Zoom(-1); });
   menus_.Add(*mnuView_, "mnuUsual", "caption.main.usual", "Ctrl+0", [this] { view_->ZoomUsual(); });
+}
+
+void FrmMain::MakeHelpMenu() {
+  QMenu& menu = *menus_.AddMenu("mnuHelp", "caption.sada.menu.help");
+  menus_.Add(menu, "mnuEditing", "caption.sada.help.editing", kHelpKey,
+             [this] { emit HelpWanted("editovat.html"); });
+  menus_.Add(menu, "mnuShortcuts", "caption.shortcuts.title", kSheetKeys, [this] { ShowShortcuts(this); });
+}
+
+void FrmMain::ShowShortcuts(QWidget* over) {
+  FrmShortcuts(skin_, menus_.Bar(), {{"caption.keys.draw.head", kDrawingKeys}}, over).exec();
 }
 
 // What changes with the tools.

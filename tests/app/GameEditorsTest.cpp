@@ -1,6 +1,9 @@
+#include <QPushButton>
+
 #include "app/GameScreens.h"
 #include "data/Lines.h"
 #include "data/Result.h"
+#include "support/DesktopStandIn.h"
 
 namespace zorik::test {
 namespace {
@@ -14,6 +17,23 @@ TEST_F(GameEditors, SpeakAnotherLanguageAlsoWhenTheyHaveBeenOpenBefore) {
   Click(Screen<FrmStart2>(), "changeskin");
   EXPECT_TRUE(Screen<FrmSada>()->windowTitle().startsWith("Zorík's collection editor"));
   EXPECT_EQ(Screen<FrmMain>()->windowTitle(), "Zorík's cave editor");
+}
+
+TEST_F(GameEditors, OpenThePageOnEditingByF1) {
+  folder.File("Help/editovat.html", "<p>");
+  {
+    const DesktopStandIn desktop(0);
+    Command(Screen<FrmMain>(), Qt::Key_F1);
+    EXPECT_TRUE(desktop.Opened().endsWith("/editovat.html")) << desktop.Opened().toStdString();
+  }
+  const DesktopStandIn desktop(0);
+  const DialogScript script = {[](QWidget& dialog) {
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+    QTest::keyClick(dialog.windowHandle(), Qt::Key_F1);
+    dialog.findChild<QPushButton*>("Command4")->click();
+  }};
+  Screen<FrmMain>()->findChild<QAction*>("mnuCat")->trigger();
+  EXPECT_TRUE(desktop.Opened().endsWith("/editovat.html")) << desktop.Opened().toStdString();
 }
 
 TEST_F(GameEditors, LeadBackToTheStartByTheWayThatTheyCame) {

@@ -85,6 +85,9 @@ TEST_F(FrmMainMenusTest, HasItsItemsInTheirOrderWithTheirKeys) {
       "  mnuLarger | Zvětšit | Ctrl++ | Ctrl+=",
       "  mnuSmaller | Zmenšit | Ctrl+-",
       "  mnuUsual | Původní velikost | Ctrl+0",
+      "mnuHelp | Nápověda",
+      "  mnuEditing | Editování | F1",
+      "  mnuShortcuts | Klávesové zkratky | Ctrl+?",
   };
   const QStringList found = test::MenuLines(window->menuBar()->actions());
   EXPECT_EQ(found.join('\n').toStdString(), lines.join('\n').toStdString());
