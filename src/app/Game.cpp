@@ -168,6 +168,7 @@ FrmMain& Game::CaveEditor() {
   if (frmMain_) return *frmMain_;
   const auto editCat = [this](const std::string& script) {
     FrmCat cat(skin_, frmMain_.get());
+    connect(&cat, &FrmCat::HelpWanted, this, &Game::ShowHelpOfEditor);
     frmCat_ = &cat;
     auto program = cat.Edit(script);
     frmCat_ = nullptr;
@@ -186,6 +187,7 @@ FrmMain& Game::CaveEditor() {
   });
   connect(&frmMain_->Proof(), &ProofDesk::TryCave, this,
           [this](const std::string& caveText) { TryOut([&] { return flow_.TryCave(caveText); }, 0); });
+  connect(frmMain_.get(), &FrmMain::HelpWanted, this, &Game::ShowHelpOfEditor);
   return *frmMain_;
 }
 
@@ -409,6 +411,11 @@ void Game::ShowHelpOfGame() {
   const bool runs = hra_.Ticking();
   hra_.WithDialog([this] { OpenFileOrTell(skin_, &hra_, HelpPage(paths_, skin_, "help.html")); });
   if (runs) hra_.PauseRun();
+}
+
+void Game::ShowHelpOfEditor(const QString& page) {
+  QWidget* const dialog = QApplication::activeModalWidget();
+  OpenFileOrTell(skin_, dialog == nullptr ? frmMain_.get() : dialog, HelpPage(paths_, skin_, page));
 }
 
 void Game::OpenFromOutside(const QString& path) {

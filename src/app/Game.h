@@ -85,6 +85,7 @@ class Game : public QObject {
   OnScreen WhatShows() const;
   void CameFromOutside(const QString& path);
   void ShowHelpOfGame();
+  void ShowHelpOfEditor(const QString& page);
   void OpenFromOutside(const QString& path);
   void ShowUp();
   void ReSkin();

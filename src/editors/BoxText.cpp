@@ -23,9 +23,9 @@ QString AsKept(const QString& text) {
   return ToBox(FromBox(text));
 }
 
-QString AsKeptLine(QString text) {
+QString InOneLine(QString text) {
   static const QRegularExpression breaks("[\\r\\n\\x{2028}\\x{2029}]+");
-  return AsKept(text.replace(breaks, " "));
+  return text.replace(breaks, " ");
 }
 
 void SelectFromEnd(QLineEdit& box) {

@@ -18,8 +18,8 @@ std::string FromBox(const QString& text);
 // A text as it will be shown again when it has been kept.
 QString AsKept(const QString& text);
 
-// The same in one line.
-QString AsKeptLine(QString text);
+// A text in one line, as a box of one line holds it.
+QString InOneLine(QString text);
 
 // Selects all that stands in a box, of which the beginning is seen then.
 void SelectFromEnd(QLineEdit& box);

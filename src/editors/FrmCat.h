@@ -4,7 +4,8 @@
 #include <optional>
 #include <string>
 
-#include "editors/CatData.h"
+#include "editors/CatEditing.h"
+#include "editors/MenuBuilder.h"
 
 class QLabel;
 class QListWidget;
@@ -15,7 +16,7 @@ namespace zorik {
 class Skin;
 
 // The editor of the cat's program. The author never sees tokens: he works on a list of captions that the skin
-// gives to them.
+// gives to them. All that he does can be taken back step by step.
 class FrmCat : public QDialog {
   Q_OBJECT
 
@@ -29,6 +30,10 @@ class FrmCat : public QDialog {
   // The program as it is by now; nothing while none is edited.
   std::optional<std::string> Program() const;
 
+ signals:
+  // A page of the help is wanted.
+  void HelpWanted(const QString& page);
+
  public slots:
   void done(int result) override;
   // Closing the window, and Esc: asks whether to store.
@@ -41,17 +46,21 @@ class FrmCat : public QDialog {
   void LoadNames();
   void LoadScript(const std::string& script);
   QPushButton* MakeButton(const char* name);
+  void MakeMenus();
+  void MakeHelpMenu();
   void LayOut();
+  QWidget* MakeBar();
   void SetWords();
   void Show();
   void UpdateButtons();
+  void Do(void (CatEditing::*act)());
   void Insert();
-  void Delete();
-  void Swap();
+  void GoTo(std::size_t done);
+  QString WordsOfStep(std::size_t place) const;
 
   Skin& skin_;
   QString closeQuestion_;
-  CatScript script_{{}};
+  CatEditing editing_{{}};
   bool showing_ = false;
   QLabel* lblProgram_;
   QLabel* lblCommands_;
@@ -61,6 +70,14 @@ class FrmCat : public QDialog {
   QPushButton* insert_;  // Command3
   QPushButton* ok_;      // Command4
   QPushButton* swap_;    // Label1
+  MenuBuilder menus_;
+  QAction* mnuUndo_ = nullptr;
+  QAction* mnuRedo_ = nullptr;
+  QMenu* mnuSteps_ = nullptr;
+  QAction* mnuInsert_ = nullptr;
+  QAction* mnuDelete_ = nullptr;
+  QAction* mnuMoveUp_ = nullptr;
+  QAction* mnuMoveDown_ = nullptr;
 };
 
 }  // namespace zorik

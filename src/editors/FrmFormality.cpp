@@ -8,13 +8,16 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRegularExpressionValidator>
+#include <QShortcut>
 #include <QTextCursor>
 #include <QTextDocument>
 #include <algorithm>
 
 #include "data/Cp1250.h"
 #include "editors/BoxText.h"
+#include "editors/EditorKeys.h"
 #include "editors/WindowPlace.h"
+#include "screens/BoxNote.h"
 #include "screens/Marks.h"
 #include "screens/MsgBox.h"
 #include "screens/PlainText.h"
@@ -103,6 +106,9 @@ FrmFormality::FrmFormality(Skin& skin, const CaveModel& cave, QWidget* parent)
   setModal(true);
   name_->setObjectName("Text3");
   description_->setObjectName("Text4");
+  // What the cave has room for, which is less than can be typed.
+  noteName_ = new BoxNote(*name_, kHighestNumber);
+  noteDescription_ = new BoxNote(*description_, kHighestNumber);
   description_->setTabChangesFocus(true);
   description_->setMinimumHeight(description_->fontMetrics().lineSpacing() * (kDescriptionLines + 1));
   colouring_->setObjectName("Combo1");
@@ -118,6 +124,7 @@ FrmFormality::FrmFormality(Skin& skin, const CaveModel& cave, QWidget* parent)
     lblNumbers_[place] = NewLabel(this);
   }
   AddButtons();
+  AddKeys();
   LayOut();
   connect(description_->document(), &QTextDocument::contentsChange, this,
           [this](int position, int /*removed*/, int added) { LimitDescription(position, added); });
@@ -143,6 +150,13 @@ void FrmFormality::AddButtons() {
   on(kWhatThen, [this] { Answer(TextId::WhatThenTitle, skin_.Text(TextId::WhatThen)); });
   on(kSlime, [this] { AskSlime(); });
   on(kPetrifying, [this] { AskPetrifying(); });
+}
+
+void FrmFormality::AddKeys() {
+  auto* const help = new QShortcut(QKeySequence(kHelpKey), this);
+  connect(help, &QShortcut::activated, this, [this] { emit HelpWanted("editovat.html"); });
+  auto* const sheet = new QShortcut(QKeySequence(kSheetKeys), this);
+  connect(sheet, &QShortcut::activated, this, &FrmFormality::ShortcutsWanted);
 }
 
 // The questions that belong to a number.
@@ -174,8 +188,10 @@ void FrmFormality::AddRow(QGridLayout& grid, QLabel* label, QWidget* control, in
 void FrmFormality::LayOut() {
   auto* const grid = new QGridLayout(this);
   AddRow(*grid, lblName_, name_, 2, {commands_[kBonus]});
+  grid->addWidget(noteName_, grid->rowCount(), 1, 1, kAllColumns);
   AddRow(*grid, lblDescription_, description_, kAllColumns, {});
   grid->setRowStretch(grid->rowCount() - 1, 1);
+  grid->addWidget(noteDescription_, grid->rowCount(), 1, 1, kAllColumns);
   for (const NumberRow& row : kNumberRows) {
     AddRow(*grid, lblNumbers_[static_cast<std::size_t>(row.number)], &Box(row.number), 1, Beside(row.number));
   }
@@ -210,6 +226,7 @@ void FrmFormality::SetLWEd() {
   label(*lblColouring_, TextId::Colouring);
   for (const NumberRow& row : kNumberRows)
     label(*lblNumbers_[static_cast<std::size_t>(row.number)], row.label);
+  for (BoxNote* const note : {noteName_, noteDescription_}) note->SetWords(skin_);
   commands_[kOk]->setText(InMenu(skin_.Caption("caption.form.ok")));
   for (std::size_t i = kCancel; i < commands_.size(); ++i)
     commands_[i]->setText(InMenu(skin_.Text(kCaptions[i - kCancel])));
@@ -242,7 +259,7 @@ int FrmFormality::Number(CaveNumber number) const {
 
 Formality FrmFormality::Values() const {
   Formality values;
-  values.Name = FromBox(AsKeptLine(name_->text()));
+  values.Name = FromBox(InOneLine(name_->text()));
   const QString description = WholeText(*description_->document());
   values.Description = description == shownDescription_ ? loadedDescription_ : FromBox(description);
   for (const NumberRow& row : kNumberRows) {

@@ -17,6 +17,7 @@ class QPushButton;
 
 namespace zorik {
 
+class BoxNote;
 class Skin;
 
 // The cave's properties. What is out of its limits is put right when the dialog is confirmed, and told. Some
@@ -48,6 +49,9 @@ class FrmFormality : public QDialog {
  signals:
   // The values within their limits, after a confirmation.
   void VlOK(const zorik::Formality& values);
+  // A page of the help is wanted, or the sheet of the editor's shortcuts.
+  void HelpWanted(const QString& page);
+  void ShortcutsWanted();
 
  public slots:
   void done(int result) override;
@@ -57,6 +61,7 @@ class FrmFormality : public QDialog {
 
  private:
   void AddButtons();
+  void AddKeys();
   void LayOut();
   void OrderTabs();
   std::vector<QPushButton*> Beside(CaveNumber number) const;
@@ -79,6 +84,8 @@ class FrmFormality : public QDialog {
   QPlainTextEdit* description_;
   std::array<QLineEdit*, kCaveNumbers> numbers_{};
   QComboBox* colouring_;
+  BoxNote* noteName_;
+  BoxNote* noteDescription_;
   QLabel* lblName_;
   QLabel* lblDescription_;
   std::array<QLabel*, kCaveNumbers> lblNumbers_{};

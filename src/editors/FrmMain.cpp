@@ -68,6 +68,8 @@ FrmMain::FrmMain(Skin& skin, CatEditor editCat, std::uint64_t seed, QWidget* par
     model_.SetProperties(values);
     AfterChange();
   });
+  connect(frmFormality_, &FrmFormality::HelpWanted, this, &FrmMain::HelpWanted);
+  connect(frmFormality_, &FrmFormality::ShortcutsWanted, this, [this] { ShowShortcuts(frmFormality_); });
   SetLW();
   adjustSize();
   // Its place is known from the start, so that a message can open in its middle.

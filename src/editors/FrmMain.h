@@ -80,6 +80,8 @@ class FrmMain : public QMainWindow {
   void StoreWanted(const std::string& caveText);
   // A test run of this cave is due; the window has gone for that time.
   void TestRun(const std::string& caveText);
+  // A page of the help is wanted.
+  void HelpWanted(const QString& page);
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -90,6 +92,7 @@ class FrmMain : public QMainWindow {
   void MakeCaveMenu();
   void MakeDogMenu();
   void MakeViewMenu();
+  void MakeHelpMenu();
   void LayOut();
   void ConnectTools();
   void ConnectHand();
@@ -120,6 +123,7 @@ class FrmMain : public QMainWindow {
   void Undo(bool redo);
   void ShowProperties();
   void ShowStats();
+  void ShowShortcuts(QWidget* over);
   void EditScript();
   void Test();
   void Store();

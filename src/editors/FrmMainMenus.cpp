@@ -4,6 +4,7 @@
 
 #include "editors/CaveView.h"
 #include "editors/DrawMenus.h"
+#include "editors/EditorKeys.h"
 #include "editors/FrmMain.h"
 #include "editors/Palette.h"
 #include "editors/PictureOffer.h"
@@ -38,6 +39,7 @@ void FrmMain::MakeMenus() {
   MakeCaveMenu();
   MakeDogMenu();
   MakeViewMenu();
+  MakeHelpMenu();
 }
 
 void FrmMain::MakeEditMenu() {
@@ -117,6 +119,17 @@ void FrmMain::MakeViewMenu() {
   panel->setCheckable(true);
   panel->setChecked(panel_->IsWanted());
   connect(panel, &QAction::toggled, panel_, &SidePanel::SetWanted);
+}
+
+void FrmMain::MakeHelpMenu() {
+  QMenu& menu = *menus_.AddMenu("mnuHelp", "caption.sada.menu.help");
+  menus_.Add(menu, "mnuEditing", "caption.sada.help.editing", kHelpKey,
+             [this] { emit HelpWanted("editovat.html"); });
+  menus_.Add(menu, "mnuShortcuts", "caption.shortcuts.title", kSheetKeys, [this] { ShowShortcuts(this); });
+}
+
+void FrmMain::ShowShortcuts(QWidget* over) {
+  FrmShortcuts(skin_, menus_.Bar(), {{"caption.keys.draw.head", kDrawingKeys}}, over).exec();
 }
 
 // What changes with the tools.

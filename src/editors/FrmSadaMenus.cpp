@@ -5,6 +5,7 @@
 #include <QStyle>
 #include <array>
 
+#include "editors/EditorKeys.h"
 #include "editors/FrmSada.h"
 #include "editors/SadaBoxes.h"
 #include "editors/SadaList.h"
@@ -158,6 +159,9 @@ void FrmSada::MakeHelpMenu() {
   for (const PageRow& row : kPages) {
     menus_.Add(menu, row.name, row.key, row.shortcut, [this, &row] { ShowPage(row.page); });
   }
+  menus_.Add(menu, "mnuShortcuts", "caption.shortcuts.title", kSheetKeys, [this] {
+    FrmShortcuts(skin_, menus_.Bar(), {{"caption.keys.caves.head", kCaveListKeys}}, this).exec();
+  });
   menu.addSeparator();
   MakeLinks(menu);
   menus_.Add(menu, "mnuAbout", "caption.sada.help.about", "",

@@ -6,11 +6,15 @@
 #include <QRegularExpressionValidator>
 #include <QTextCursor>
 #include <QTextDocument>
+#include <QVBoxLayout>
 #include <algorithm>
 
+#include "data/CaveO.h"
 #include "editors/BoxText.h"
+#include "screens/BoxNote.h"
 #include "screens/Hint.h"
 #include "screens/PlainText.h"
+#include "screens/StrangeLetters.h"
 #include "screens/WholeText.h"
 #include "skin/Skin.h"
 
@@ -19,12 +23,8 @@ namespace {
 
 constexpr int kBodyDigits = 5;
 constexpr int kDescriptionLines = 5;
+constexpr int kNoteGap = 2;
 constexpr int kNameLetters = 26;  // at least to be seen of a text
-
-// The length of a text as it is kept; all of its letters have a place in the files.
-std::size_t KeptLength(const QString& text) {
-  return static_cast<std::size_t>(text.size() + text.count('\n'));
-}
 
 }  // namespace
 
@@ -79,20 +79,27 @@ bool DescriptionBox::event(QEvent* event) {
   return QPlainTextEdit::event(event);
 }
 
-// Of what was just put in, letters that have no place in the files become "?", and the end goes if it is too
-// much. The author takes both back by one step.
+// Of what was just put in the end goes if it is too much. The author takes both back by one step. A cut takes
+// no more than half of what is too much, since a line break counts for two.
 void DescriptionBox::Fit() {
   if (loading_) return;
   const QString text = WholeText(*document());
   const QString added = text.mid(position_, added_);
-  const std::size_t rest = KeptLength(text) - KeptLength(added);
-  QString fitting = AsKept(added);
-  fitting.truncate(static_cast<qsizetype>(most_));
-  while (!fitting.isEmpty() && rest + KeptLength(fitting) > most_) fitting.chop(1);
+  const std::size_t rest = KeptLength(text) - std::min(KeptLength(text), KeptLength(added));
+  QString fitting = added.left(static_cast<qsizetype>(most_));
+  while (!fitting.isEmpty() && rest + KeptLength(fitting) > most_) {
+    const std::size_t excess = rest + KeptLength(fitting) - most_;
+    fitting.chop(static_cast<qsizetype>(std::max<std::size_t>(1, excess / 2)));
+  }
+  if (!fitting.isEmpty() && fitting.back().isHighSurrogate()) fitting.chop(1);
   if (fitting == added) {
     emit Edited(text);
-    return;
+  } else {
+    Replace(added, fitting);
   }
+}
+
+void DescriptionBox::Replace(const QString& added, const QString& fitting) {
   QTextCursor cursor(document());
   cursor.joinPreviousEditBlock();
   cursor.setPosition(position_);
@@ -123,19 +130,30 @@ QLineEdit* SadaBoxes::MakeBox(const char* name, SadaText text) {
   box->setObjectName(name);
   box->setMinimumWidth(box->fontMetrics().averageCharWidth() * kNameLetters);
   connect(box, &QLineEdit::textEdited, this, [this, box, text](const QString& typed) {
-    const QString kept = AsKeptLine(typed);
-    if (kept != typed) {
+    const QString line = InOneLine(typed);
+    if (line != typed) {
       const int caret = box->cursorPosition();
-      box->setText(kept);
+      box->setText(line);
       box->setCursorPosition(caret);
     }
-    sada_.SetText(text, FromBox(kept));
+    sada_.SetText(text, FromBox(line));
     emit Changed();
   });
   return box;
 }
 
+// A box with its note below.
+QLayout* SadaBoxes::RowOf(QWidget* box, std::size_t place) {
+  auto* const row = new QVBoxLayout;
+  row->setSpacing(kNoteGap);
+  row->addWidget(box);
+  if (place < notes_.size()) row->addWidget(notes_[place]);
+  return row;
+}
+
 void SadaBoxes::LayOut() {
+  notes_ = {new BoxNote(*Text3_, kHighestNumber), new BoxNote(*Text1_, kHighestNumber),
+            new BoxNote(*Text2_, std::nullopt), new BoxNote(*Text4_, SadaModel::kLongestDescription)};
   auto* const form = new QFormLayout(this);
   form->setContentsMargins({});
   form->setRowWrapPolicy(QFormLayout::WrapAllRows);
@@ -144,7 +162,7 @@ void SadaBoxes::LayOut() {
   for (std::size_t i = 0; i < boxes.size(); ++i) {
     labels_[i] = NewLabel(this);
     labels_[i]->setBuddy(boxes[i]);
-    form->addRow(labels_[i], boxes[i]);
+    form->addRow(labels_[i], RowOf(boxes[i], i));
     if (i > 0) setTabOrder(boxes[i - 1], boxes[i]);
   }
   Text4_->setMinimumHeight(Text4_->fontMetrics().lineSpacing() * kDescriptionLines);
@@ -161,6 +179,7 @@ void SadaBoxes::SetLWEd(const Skin& skin) {
     labels_[i]->setText(InMenu(words));
     SetHint(*labels_[i]->buddy(), words);
   }
+  for (BoxNote* const note : notes_) note->SetWords(skin);
 }
 
 void SadaBoxes::Load() {

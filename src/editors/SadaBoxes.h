@@ -12,6 +12,7 @@ class QLabel;
 
 namespace zorik {
 
+class BoxNote;
 class Skin;
 
 // Points at the start, five digits. The value is kept in memory only and goes into no file.
@@ -48,6 +49,7 @@ class DescriptionBox : public QPlainTextEdit {
 
  private:
   void Fit();
+  void Replace(const QString& added, const QString& fitting);
 
   std::size_t most_ = SadaModel::kLongestDescription;
   int position_ = 0;  // of what was put in last
@@ -83,6 +85,7 @@ class SadaBoxes : public QWidget {
 
  private:
   QLineEdit* MakeBox(const char* name, SadaText text);
+  QLayout* RowOf(QWidget* box, std::size_t place);
   void LayOut();
 
   SadaModel& sada_;
@@ -92,6 +95,7 @@ class SadaBoxes : public QWidget {
   DescriptionBox* Text4_;
   BodyBox* txtBody_;
   std::array<QLabel*, 5> labels_{};
+  std::array<BoxNote*, 4> notes_{};
 };
 
 // The place in the language table of the label of a text.

@@ -2,8 +2,10 @@
 
 #include <QKeyEvent>
 #include <QPlainTextEdit>
+#include <QShortcut>
 #include <QTextEdit>
 
+#include "screens/BoxNote.h"
 #include "screens/PlainText.h"
 #include "screens/SkinButton.h"
 #include "screens/SkinPlacing.h"
@@ -36,18 +38,25 @@ FrmDialog2::FrmDialog2(Skin& skin, QWidget* parent)
       skin_(skin),
       picText_(NewBox<QTextEdit>("picText", kReadLetters, this)),
       Text1_(NewBox<QPlainTextEdit>("Text1", kLetters, this)),
+      note_(new BoxNote(*Text1_, std::nullopt)),
       ok_(new SkinButton(this)),
       close_(new SkinButton(this)),
       help_(new SkinButton(this)) {
   picText_->setReadOnly(true);
   picText_->setTextInteractionFlags(Qt::TextSelectableByMouse);
   for (QWidget* const box : std::initializer_list<QWidget*>{picText_, Text1_}) box->installEventFilter(this);
+  note_->setFont(GameFont(kLetters));
+  note_->setAutoFillBackground(true);
+  connect(note_, &BoxNote::Changed, this, &FrmDialog2::PlaceNote);
   ok_->setObjectName("ok");
   close_->setObjectName("close");
   help_->setObjectName("help");
   connect(ok_, &SkinButton::clicked, this, &FrmDialog2::OnEnter);
   connect(close_, &SkinButton::clicked, this, &FrmDialog2::OnEsc);
   connect(help_, &SkinButton::clicked, this, &FrmDialog2::HelpWanted);
+  // As long as the button is there.
+  connect(new QShortcut(QKeySequence(Qt::Key_F1), help_), &QShortcut::activated, this,
+          &FrmDialog2::HelpWanted);
 }
 
 void FrmDialog2::SkinIt() {
@@ -60,6 +69,7 @@ void FrmDialog2::SkinIt() {
     box->setGeometry(BoxOf(skin_, "congratulation.congrat", kPlainBox));
     box->setPalette(colours);
   }
+  note_->SetWords(skin_);
   PlaceButton(skin_, *ok_, "congratulation.ok", kOkWords.In(skin_));
   PlaceButton(skin_, *close_, "congratulation.close", kCancelWords.In(skin_));
   PlaceButton(skin_, *help_, "congratulation.help", kHelpWords.In(skin_));
@@ -68,10 +78,22 @@ void FrmDialog2::SkinIt() {
 void FrmDialog2::SetMode(bool editing) {
   picText_->setVisible(!editing);
   Text1_->setVisible(editing);
+  if (!editing) note_->hide();
   close_->setVisible(editing);
   help_->setVisible(editing);
   setFocusProxy(editing ? static_cast<QWidget*>(Text1_) : picText_);
   setFocus();
+}
+
+// It takes its room from the box.
+void FrmDialog2::PlaceNote() {
+  QRect box = BoxOf(skin_, "congratulation.congrat", kPlainBox);
+  if (!note_->text().isEmpty()) {
+    const int height = note_->heightForWidth(box.width());
+    note_->setGeometry(box.left(), box.bottom() + 1 - height, box.width(), height);
+    box.setHeight(box.height() - height);
+  }
+  Text1_->setGeometry(box);
 }
 
 void FrmDialog2::ShowG(const QString& text) {

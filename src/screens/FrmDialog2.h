@@ -10,6 +10,7 @@ class QTextEdit;
 
 namespace zorik {
 
+class BoxNote;
 class Skin;
 class SkinButton;
 
@@ -38,10 +39,12 @@ class FrmDialog2 : public SkinDialog {
  private:
   void SkinIt();
   void SetMode(bool editing);
+  void PlaceNote();
 
   Skin& skin_;
   QTextEdit* picText_;     // for reading
   QPlainTextEdit* Text1_;  // for editing
+  BoxNote* note_;          // at the bottom of that, when there is something to tell
   SkinButton* ok_;
   SkinButton* close_;
   SkinButton* help_;

@@ -7,6 +7,7 @@
 #include "editors/ProofDesk.h"
 #include "screens/RunControls.h"
 #include "solve/Win.h"
+#include "support/DesktopStandIn.h"
 
 namespace zorik::test {
 namespace {
@@ -20,6 +21,13 @@ TEST_F(GameEditors, SpeakAnotherLanguageAlsoWhenTheyHaveBeenOpenBefore) {
   Click(Screen<FrmStart2>(), "changeskin");
   EXPECT_TRUE(Screen<FrmSada>()->windowTitle().startsWith("Zorík's collection editor"));
   EXPECT_EQ(Screen<FrmMain>()->windowTitle(), "Zorík's cave editor - 1. Jedna - a.zk[*]");
+}
+
+TEST_F(GameEditors, OpenThePageOnEditingByF1) {
+  folder.File("Help/editovat.html", "<p>");
+  const DesktopStandIn desktop(0);
+  Command(Screen<FrmMain>(), Qt::Key_F1);
+  EXPECT_TRUE(desktop.Opened().endsWith("/editovat.html")) << desktop.Opened().toStdString();
 }
 
 TEST_F(GameEditors, LeadBackToTheStartByTheWayThatTheyCame) {

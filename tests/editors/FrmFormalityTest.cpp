@@ -4,9 +4,12 @@
 #include "data/Result.h"
 #include "editors/FormalityScreen.h"
 #include "editors/FrmFormality.h"
+#include "editors/ShortcutRows.h"
 
 namespace zorik {
 namespace {
+
+using test::Heads;
 
 using test::Boxes;
 using test::InDialogNamed;
@@ -312,6 +315,52 @@ TEST_F(FrmFormalityTest, TellsOfLettersThatNoCaveCanHold) {
   });
   EXPECT_EQ(boxes.said, QStringList("Tyto údaje byly opraveny: Název"));
   EXPECT_EQ(ToUtf8(Cave().Name), "Řeka ?");
+}
+
+TEST_F(FrmFormalityTest, TellsOfLettersAndLengthsAsTheyAreTyped) {
+  Dialog([](QWidget& dialog) {
+    const auto note = [&dialog](const char* box) {
+      const auto& label = *dialog.findChild<QLabel*>(QString("lblNote.") + box);
+      return label.isVisible() ? label.text() : QString();
+    };
+    const auto red = [&dialog](const char* box) {
+      const auto& label = *dialog.findChild<QLabel*>(QString("lblNote.") + box);
+      const QColor colour = label.palette().color(QPalette::WindowText);
+      return colour.red() > 2 * colour.green();
+    };
+    Type(Box(dialog, "Text3"), "Bludiště");
+    EXPECT_EQ(note("Text3"), "");
+    Type(Box(dialog, "Text3"), "Bluдiště");
+    EXPECT_EQ(note("Text3"), "Z těchto znaků budou v souboru otazníky: д");
+    Type(Box(dialog, "Text3"), QString(191, 'x'));
+    EXPECT_EQ(note("Text3"), "191 / 190");
+    EXPECT_TRUE(red("Text3"));
+    Description(dialog).setPlainText(QString(190, 'x'));
+    EXPECT_EQ(note("Text4"), "190 / 190");
+    EXPECT_FALSE(red("Text4"));
+    Description(dialog).moveCursor(QTextCursor::End);
+    Description(dialog).insertPlainText("猫");
+    EXPECT_EQ(note("Text4"), "191 / 190   Z těchto znaků budou v souboru otazníky: 猫");
+    EXPECT_TRUE(red("Text4"));
+    Description(dialog).setPlainText(QString(300, 'x'));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(note("Text4"), "280 / 190") << "more cannot be typed";
+  });
+}
+
+TEST_F(FrmFormalityTest, AsksForItsPageAndForTheSheetOfShortcuts) {
+  QStringList pages;
+  QObject::connect(window.get(), &FrmMain::HelpWanted, [&pages](const QString& page) { pages << page; });
+  QStringList heads;
+  Dialog([&](QWidget& dialog) {
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+    QTest::keyClick(dialog.windowHandle(), Qt::Key_F1);
+    EXPECT_EQ(pages, QStringList("editovat.html"));
+    const test::InDialogNamed sheet("frmShortcuts", [&heads](QWidget& it) { heads = Heads(it); });
+    QTest::keyClick(dialog.windowHandle(), Qt::Key_Question, Qt::ControlModifier);
+    EXPECT_TRUE(sheet.opened);
+  });
+  EXPECT_EQ(heads.value(0), "Editace");
 }
 
 TEST_F(FrmFormalityTest, LeavesTheLineEndsOfADescriptionThatNobodyTouched) {

@@ -124,6 +124,9 @@ TEST_F(FrmMainMenusTest, HasItsItemsInTheirOrderWithTheirKeys) {
       "  mnuGrid | Mřížka | G",
       "  -",
       "  mnuPanel | Panel vedle komnaty | F9",
+      "mnuHelp | Nápověda",
+      "  mnuEditing | Editování | F1",
+      "  mnuShortcuts | Klávesové zkratky | Ctrl+?",
   };
   const QStringList found = test::MenuLines(window->menuBar()->actions());
   EXPECT_EQ(found.join('\n').toStdString(), lines.join('\n').toStdString());

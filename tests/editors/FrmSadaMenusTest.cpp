@@ -10,6 +10,7 @@
 #include "editors/FrmSada.h"
 #include "editors/MenuLines.h"
 #include "editors/SadaScreen.h"
+#include "editors/ShortcutRows.h"
 #include "support/DesktopStandIn.h"
 
 namespace zorik {
@@ -169,6 +170,7 @@ TEST_F(FrmSadaMenusTest, HasItsItemsInTheirOrderWithTheirKeys) {
       "  mnuHelp(2) | Přispět",
       "  mnuHelp(3) | Editování",
       "  mnuHelp(4) | Obsah | F1",
+      "  mnuShortcuts | Klávesové zkratky | Ctrl+?",
       "  -",
       "  mnuWeb | Stránky hry",
       "  mnuMail | Napsat tvůrcům",
@@ -329,6 +331,21 @@ TEST_F(FrmSadaMenusTest, OpensThePageOnEditingFromTheCongratulation) {
   });
   Choose("mnuGratulace");
   EXPECT_EQ(desktop.Opened().toStdString(), folder.Root() + "/Help/editovat.html");
+}
+
+TEST_F(FrmSadaMenusTest, HasASheetOfAllShortcuts) {
+  Open();
+  Activate();
+  dialogs.Then([](QWidget& dialog) {
+    EXPECT_EQ(dialog.windowTitle(), "Klávesové zkratky");
+    const QStringList rows = test::Rows(dialog);
+    EXPECT_TRUE(rows.contains("Soubor | Uložit | Ctrl+S")) << rows.join('\n').toStdString();
+    EXPECT_TRUE(rows.contains("Komnata | Přidat: Malou | F3"));
+    EXPECT_TRUE(rows.contains("Nápověda | Obsah | F1"));
+    EXPECT_TRUE(rows.contains("Seznam komnat | dá komnatě značku P, nebo ji vezme | mezerník"));
+    dialog.close();
+  });
+  Key(Qt::Key_Question, Qt::ControlModifier);
 }
 
 TEST_F(FrmSadaMenusTest, LeadsToTheMakersWhoseAddressesTheSkinTells) {

@@ -9,7 +9,23 @@
 namespace zorik {
 namespace {
 
-class SadaBoxesTest : public test::SadaWindowTest {};
+class SadaBoxesTest : public test::SadaWindowTest {
+ protected:
+  // What is told below a box; nothing if nothing is.
+  QString Note(const char* box) const {
+    const QLabel& note = NoteLabel(box);
+    return note.isVisible() ? note.text() : QString();
+  }
+  bool IsRed(const char* box) const {
+    const QColor colour = NoteLabel(box).palette().color(QPalette::WindowText);
+    return colour.red() > 2 * colour.green();
+  }
+
+ private:
+  const QLabel& NoteLabel(const char* box) const {
+    return Child<QLabel>(("lblNote." + std::string(box)).c_str());
+  }
+};
 
 TEST_F(SadaBoxesTest, SaysWhatEachBoxIsFor) {
   Open();
@@ -58,16 +74,72 @@ TEST_F(SadaBoxesTest, KeepsLineBreaksOfTheDescription) {
   EXPECT_EQ(Sada().Text(SadaText::Description), "a\r\nb");
 }
 
-TEST_F(SadaBoxesTest, ShowsWhatTheFileCannotHoldAsQuestionMarks) {
+TEST_F(SadaBoxesTest, KeepsWhatTheFileCannotHoldAsQuestionMarks) {
   OpenCaves({"A"});
   Box("Text1").selectAll();
   Box("Text1").insert("日本 š");
   QTest::keyClick(&Box("Text1"), Qt::Key_X);
-  EXPECT_EQ(Box("Text1").text(), "?? šx");
+  EXPECT_EQ(Box("Text1").text(), "日本 šx");
+  EXPECT_EQ(Sada().Text(SadaText::Author), "?? \x9Ax");
   Text4().selectAll();
   Text4().insertPlainText("猫 č");
-  EXPECT_EQ(Text4().toPlainText(), "? č");
+  EXPECT_EQ(Text4().toPlainText(), "猫 č");
   EXPECT_EQ(Sada().Text(SadaText::Description), "? \xE8");
+  Key(Qt::Key_S, Qt::ControlModifier);
+  Open(Path("a.zk"));
+  EXPECT_EQ(Box("Text1").text(), "?? šx");
+  EXPECT_EQ(Text4().toPlainText(), "? č");
+}
+
+TEST_F(SadaBoxesTest, NamesTheLettersThatBecomeQuestionMarksAsTheyAreTyped) {
+  OpenCaves({"A"});
+  for (const char* box : {"Text3", "Text1", "Text2", "Text4"}) {
+    TypeInto(box, "a猫č日");
+    EXPECT_TRUE(Note(box).endsWith("Z těchto znaků budou v souboru otazníky: 猫 日"))
+        << Note(box).toStdString();
+    Key(Qt::Key_Backspace);
+    EXPECT_TRUE(Note(box).endsWith("otazníky: 猫")) << box;
+    TypeInto(box, "ač");
+    EXPECT_FALSE(Note(box).contains("otazníky")) << box;
+  }
+}
+
+TEST_F(SadaBoxesTest, TellsTheLengthOfTheDescriptionAndStopsAtItsLimit) {
+  OpenCaves({"A"});
+  EXPECT_EQ(Note("Text4"), "5 / 280");
+  Text4().selectAll();
+  Text4().insertPlainText("a\nb");
+  EXPECT_EQ(Note("Text4"), "4 / 280") << "a break counts for two";
+  Text4().selectAll();
+  Text4().insertPlainText(QString(500, 'x'));
+  EXPECT_EQ(Note("Text4"), "280 / 280");
+  EXPECT_FALSE(IsRed("Text4"));
+}
+
+TEST_F(SadaBoxesTest, TellsInRedThatANameIsTooLong) {
+  OpenCaves({"A"});
+  for (const char* box : {"Text3", "Text1"}) {
+    TypeInto(box, QString(141, 'x'));
+    EXPECT_EQ(Note(box), "") << "there is room enough";
+    TypeInto(box, QString(189, 'x') + "č");
+    EXPECT_EQ(Note(box), "190 / 190");
+    EXPECT_FALSE(IsRed(box));
+    QTest::keyClicks(&Child<QWidget>(box), "y");
+    EXPECT_EQ(Note(box), "191 / 190");
+    EXPECT_TRUE(IsRed(box));
+  }
+  TypeInto("Text2", QString(300, 'x'));
+  EXPECT_EQ(Note("Text2"), "") << "an address may have any length";
+}
+
+TEST_F(SadaBoxesTest, TellsOfADescriptionThatIsTooLongAlready) {
+  Chance chance;
+  folder.File("Caves/l.zk", ScrambleLines({"ESadaA", "A" + std::string(400, 'x'), "a@b.cz0",
+                                           test::OneStepCave("A") + "---01", "H"},
+                                          chance));
+  Open(Path("l.zk"));
+  EXPECT_EQ(Note("Text4"), "400 / 280");
+  EXPECT_TRUE(IsRed("Text4"));
 }
 
 TEST_F(SadaBoxesTest, TakesTwoHundredAndEightyCharactersOfDescription) {

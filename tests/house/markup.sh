@@ -15,7 +15,7 @@ rules='
 ^\s*(static\s+)?QLabel\s+\w|none|NewLabel
 \bQTextEdit\b|src/screens/FrmDialog2.cpp src/screens/FrmDialog2.h|QPlainTextEdit
 \bmake_unique<QLabel>|none|NewLabel
-\bsetTextFormat\b|src/screens/PlainText.cpp src/screens/Hint.cpp src/screens/FrmAbout.cpp src/screens/Toast.cpp|NewLabel
+\bsetTextFormat\b|src/screens/PlainText.cpp src/screens/Hint.cpp src/screens/FrmAbout.cpp src/screens/Toast.cpp src/screens/BoxNote.cpp|NewLabel
 \b(Qt::)?(RichText|AutoText|MarkdownText)\b|src/screens/FrmAbout.cpp|NewLabel
 \b(setHtml|insertHtml|appendHtml|fromHtml|setMarkdown|setAcceptRichText)\b|none|plain text
 \btoHtmlEscaped\b|src/screens/Hint.cpp src/screens/FrmAbout.cpp|SetHint or NewLabel

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QScrollBar>
@@ -145,6 +146,42 @@ TEST_F(FrmDialog2Test, AsksForHelpAndStays) {
   dialog.SetG("a");
   EXPECT_EQ(help.size(), 1);
   EXPECT_TRUE(opened.Stayed());
+}
+
+TEST_F(FrmDialog2Test, AsksForHelpByF1WhileItIsEdited) {
+  FrmDialog2 dialog(skin, nullptr);
+  QSignalSpy help(&dialog, &FrmDialog2::HelpWanted);
+  const auto press = [](QWidget& box) {
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&box));
+    QTest::keyClick(box.windowHandle(), Qt::Key_F1);
+    EXPECT_TRUE(box.isVisible());
+    QTest::keyClick(&box, Qt::Key_Escape);
+  };
+  {
+    const InDialog opened(press);
+    dialog.SetG("Hura");
+  }
+  EXPECT_EQ(help.size(), 1);
+  const InDialog opened(press);
+  dialog.ShowG("Hura");
+  EXPECT_EQ(help.size(), 1) << "there is no such button when it is read";
+}
+
+TEST_F(FrmDialog2Test, NamesLettersThatNoFileCanHoldBelowTheBox) {
+  Edit("Hura", [](QWidget& box) {
+    const QRect whole = Editing(box).geometry();
+    EXPECT_FALSE(Shown(box, "lblNote.Text1"));
+    Editing(box).insertPlainText("猫");
+    const auto& note = *box.findChild<QLabel*>("lblNote.Text1");
+    EXPECT_TRUE(note.isVisible());
+    EXPECT_EQ(note.text(), "Z těchto znaků budou v souboru otazníky: 猫");
+    EXPECT_EQ(note.geometry().top(), Editing(box).geometry().bottom() + 1);
+    EXPECT_EQ(note.geometry().united(Editing(box).geometry()), whole);
+    QTest::keyClick(&Editing(box), Qt::Key_Backspace);
+    EXPECT_FALSE(note.isVisible());
+    EXPECT_EQ(Editing(box).geometry(), whole);
+    Click(box, "ok");
+  });
 }
 
 TEST_F(FrmDialog2Test, LeavesTheKeysOfItsParentAloneOnceItIsRead) {
