@@ -2,14 +2,13 @@
 #include <QIcon>
 #include <cstdio>
 #include <cstdlib>
-#include <filesystem>
 #include <memory>
 #include <string>
-#include <system_error>
 
 #include "app/Game.h"
 #include "app/Headless.h"
 #include "app/HeadlessWords.h"
+#include "data/ProgramFolder.h"
 #include "data/Result.h"
 #include "platform/Inbox.h"
 #include "platform/LeftFiles.h"
@@ -18,12 +17,6 @@
 #include "screens/MsgBox.h"
 
 namespace {
-
-std::string ProgramFolder() {
-  std::error_code error;
-  const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", error);
-  return error ? std::string(".") : program.parent_path().string();
-}
 
 std::unique_ptr<QApplication> OpenDisplay(int& argc, char** argv) {
   const zorik::AnewWithoutDisplay otherwise;
@@ -76,7 +69,7 @@ int PlayWithoutDisplay(const zorik::Environment& environment) {
 
 int main(int argc, char** argv) {
   using namespace zorik;
-  const Environment environment = ReadEnvironment(ProgramFolder());
+  const Environment environment = ReadEnvironment(RunningProgramFolder());
   // The toolkit, too, is to keep its files there.
   if (!environment.Home.empty()) setenv("HOME", environment.Home.c_str(), 1);
   const bool display = DisplayNamed();

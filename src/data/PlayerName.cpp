@@ -1,6 +1,7 @@
 #include "data/PlayerName.h"
 
 #include <algorithm>
+#include <optional>
 
 #include "data/Cp1250.h"
 
@@ -36,6 +37,10 @@ std::string PlayerName(std::string_view typed) {
   // A gap is marked by "?", which no name may hold.
   const std::string name = StripNameChars(FromUtf8Lossy(typed));
   return std::string(WithoutEnd(WithoutFront(name, kBlanksAndDots), kBlanks));
+}
+
+bool IsPlayerFolder(std::string_view folder) {
+  return !IsUtf8(folder) || FromUtf8(folder);
 }
 
 std::string PlayerOfFolder(std::string_view folder) {

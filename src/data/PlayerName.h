@@ -17,6 +17,9 @@ std::string StripNameChars(std::string_view text);
 // player's folder, are dropped.
 std::string PlayerName(std::string_view typed);
 
+// Whether a folder of this name can be that of a player: all of it is in Windows-1250, or it is no UTF-8.
+bool IsPlayerFolder(std::string_view folder);
+
 // The name, in Windows-1250, of the player whose folder has this name: UTF-8, or as an old archive left it.
 std::string PlayerOfFolder(std::string_view folder);
 

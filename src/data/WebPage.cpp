@@ -1,14 +1,13 @@
 #include "data/WebPage.h"
 
-#include <array>
 #include <cstdint>
 #include <filesystem>
-#include <system_error>
 
 #include "data/CaveO.h"
 #include "data/Collection.h"
 #include "data/Files.h"
 #include "data/Lines.h"
+#include "data/ProgramFolder.h"
 #include "data/RecordFile.h"
 #include "data/Result.h"
 
@@ -19,10 +18,6 @@ namespace fs = std::filesystem;
 
 // What stands in the template once, where the page's own content belongs.
 constexpr std::string_view kPlace = "<!--given-->";
-
-// Seen from the folder of a program.
-constexpr std::array kTemplates{"page.html", "../share/games/zorik/page.html", "../../web/page.html",
-                                "../../../web/page.html"};
 
 std::uint32_t ByteAt(std::string_view bytes, std::size_t place) {
   return place < bytes.size() ? static_cast<unsigned char>(bytes[place]) : 0;
@@ -56,6 +51,10 @@ std::string Base64(std::string_view bytes) {
   return text.replace(text.size() - missing, missing, missing, '=');
 }
 
+bool IsWebPageTemplate(std::string_view text) {
+  return text.find(kPlace) != std::string_view::npos;
+}
+
 Result<std::string> BuildWebPage(std::string_view pageTemplate, std::string_view bytes) {
   const std::string_view kind = KindOf(bytes);
   if (kind.empty()) return Failure{"it is neither a record nor a collection of caves"};
@@ -70,17 +69,14 @@ Result<std::string> BuildWebPage(std::string_view pageTemplate, std::string_view
 }
 
 std::optional<std::string> FindWebPageTemplate(const std::string& programFolder) {
-  for (const char* const path : kTemplates) {
-    const fs::path file = (fs::path(programFolder) / path).lexically_normal();
+  const fs::path folder = programFolder;
+  // Beside the program, in an installation, and in the build for the tool and for the game.
+  for (const fs::path& place :
+       {folder, fs::path(InstalledData(programFolder)), folder / "../../web", folder / "../../../web"}) {
+    const fs::path file = (place / "page.html").lexically_normal();
     if (IsReadableFile(file.string())) return file.string();
   }
   return std::nullopt;
-}
-
-std::string RunningProgramFolder() {
-  std::error_code error;
-  const fs::path program = fs::read_symlink("/proc/self/exe", error);
-  return error ? std::string() : program.parent_path().string();
 }
 
 }  // namespace zorik

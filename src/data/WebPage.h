@@ -14,6 +14,9 @@ namespace zorik {
 // Text of bytes in base64, as a page holds them.
 std::string Base64(std::string_view bytes);
 
+// Whether a text is a template: it has the place where the bytes belong.
+bool IsWebPageTemplate(std::string_view text);
+
 // The page that shows these bytes of a record or a collection. Fails when they are neither, and when the
 // template has no place for them.
 Result<std::string> BuildWebPage(std::string_view pageTemplate, std::string_view bytes);
@@ -21,8 +24,5 @@ Result<std::string> BuildWebPage(std::string_view pageTemplate, std::string_view
 // Where the template may lie, seen from the folder of a program (a UTF-8 path): beside it, in the data of an
 // installation, in the build tree. Nothing where it is in none of these.
 std::optional<std::string> FindWebPageTemplate(const std::string& programFolder);
-
-// The folder of the running program; empty where the system does not tell.
-std::string RunningProgramFolder();
 
 }  // namespace zorik

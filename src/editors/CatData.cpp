@@ -122,4 +122,29 @@ void CatScript::Swap() {
   --selected_;
 }
 
+void CatScript::MoveUp() {
+  if (!CanMoveUp()) return;
+  Exchange(--selected_);
+}
+
+void CatScript::MoveDown() {
+  if (!CanMoveDown()) return;
+  Exchange(selected_++);
+}
+
+void CatScript::Exchange(int line) {
+  const auto caption = lines_.begin() + line;
+  std::iter_swap(caption, caption + 1);
+  const std::size_t place = static_cast<std::size_t>(line) * kTokenLength;
+  if (place + 2 * kTokenLength > program_.size()) return;
+  const auto token = program_.begin() + static_cast<std::ptrdiff_t>(place);
+  std::swap_ranges(token, token + kTokenLength, token + kTokenLength);
+}
+
+void CatScript::Restore(std::string program, std::vector<std::string> lines, int selected) {
+  program_ = std::move(program);
+  lines_ = std::move(lines);
+  selected_ = selected;
+}
+
 }  // namespace zorik

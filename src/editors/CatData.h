@@ -67,7 +67,19 @@ class CatScript {
   // program stays as it is. Nothing happens on the first line and on the last.
   void Swap();
 
+  // Moves the selected line and its token one place towards the head or the end; the line stays selected.
+  // Head and end stay where they are.
+  bool CanMoveUp() const { return CanDelete() && selected_ > 1; }
+  bool CanMoveDown() const { return CanDelete() && selected_ < LineCount() - 2; }
+  void MoveUp();
+  void MoveDown();
+
+  // Takes up a program and its list as they were once.
+  void Restore(std::string program, std::vector<std::string> lines, int selected);
+
  private:
+  // Exchanges a line and its token with those behind it.
+  void Exchange(int line);
   int LineCount() const { return static_cast<int>(lines_.size()); }
 
   std::vector<CatCommand> commands_;

@@ -65,10 +65,8 @@ Result<std::vector<Correction>> CaveModel::OpenCave(std::string_view text) {
 }
 
 std::vector<Correction> CaveModel::Restore() {
-  EndStroke();
-  State before = state_;
-  std::vector<Correction> report = Enter(*ParseCaveText(text_));
-  Step(std::move(before));
+  std::vector<Correction> report;
+  AsStep(EditStep::Restore, [&] { report = Enter(*ParseCaveText(text_)); });
   return report;
 }
 
@@ -154,9 +152,7 @@ void CaveModel::SetRozm() {
   CaveRecord& cave = state_.cave;
   cave.Width = static_cast<std::uint8_t>(std::clamp<int>(cave.Width, kLeastSide, kMostWidth));
   cave.Height = static_cast<std::uint8_t>(std::clamp<int>(cave.Height, kLeastSide, kMostHeight));
-  ForEachCell(Width(), Height(), [this](int x, int y) {
-    if (At(x, y) == '\0') Cell(x, y) = kEmpty;
-  });
+  FillUnset(cave);
 }
 
 Result<std::string> CaveModel::Text() const {
@@ -209,61 +205,58 @@ bool CaveModel::TakeDogAway(int x, int y, char letter) {
 bool CaveModel::Draw(int x, int y, char letter) {
   if (!Inside(x, y)) return false;
   const bool single = !stroke_;
-  State before = single ? state_ : State{};
+  if (single) BeginStroke();
   bool changed = DogNumber(letter) != 0 && TakeDogAway(x, y, letter);
   if (At(x, y) != letter) {
     Put(x, y, letter);
     changed = true;
   }
-  if (single) Step(std::move(before));
+  if (single) EndStroke();
   return changed;
 }
 
-void CaveModel::BeginStroke() {
+void CaveModel::BeginStroke(EditStep step) {
   EndStroke();
-  stroke_ = state_;
+  stroke_ = Change{step, state_};
 }
 
 void CaveModel::EndStroke() {
   if (!stroke_) return;
-  State before = *std::move(stroke_);
+  Change change = *std::move(stroke_);
   stroke_.reset();
-  Step(std::move(before));
+  Step(std::move(change));
 }
 
 // Replacing
 
 void CaveModel::ReplaceO(char p, char l, int n) {
-  EndStroke();
-  State before = state_;
   int found = 0;
-  ForEachCell(Width(), Height(), [&](int x, int y) {
-    if (At(x, y) == p && ++found % n == 0) Put(x, y, l);
+  AsStep(EditStep::ReplaceEvery, [&] {
+    ForEachCell(Width(), Height(), [&](int x, int y) {
+      if (At(x, y) == p && ++found % n == 0) Put(x, y, l);
+    });
   });
-  Step(std::move(before));
 }
 
 void CaveModel::ReplaceRandom(char p, char l, int wanted, Chance& rnd) {
-  EndStroke();
-  State before = state_;
-  const int count = NuOfOb(p);
-  int left = std::min(wanted == 0 ? count / 2 : wanted, count);
-  while (left > 0) {
-    const int x = static_cast<int>(rnd.Below(static_cast<std::uint32_t>(Width())));
-    const int y = static_cast<int>(rnd.Below(static_cast<std::uint32_t>(Height())));
-    if (At(x, y) != p) continue;
-    Put(x, y, l);
-    --left;
-  }
-  Step(std::move(before));
+  AsStep(EditStep::ReplaceRandom, [&] {
+    const int count = NuOfOb(p);
+    int left = std::min(wanted == 0 ? count / 2 : wanted, count);
+    while (left > 0) {
+      const int x = static_cast<int>(rnd.Below(static_cast<std::uint32_t>(Width())));
+      const int y = static_cast<int>(rnd.Below(static_cast<std::uint32_t>(Height())));
+      if (At(x, y) != p) continue;
+      Put(x, y, l);
+      --left;
+    }
+  });
 }
 
 void CaveModel::MakeFrame(char l) {
-  EndStroke();
-  State before = state_;
-  for (int x = 0; x < Width(); ++x) Cell(x, 0) = Cell(x, Height() - 1) = l;
-  for (int y = 0; y < Height(); ++y) Cell(0, y) = Cell(Width() - 1, y) = l;
-  Step(std::move(before));
+  AsStep(EditStep::Frame, [&] {
+    for (int x = 0; x < Width(); ++x) Cell(x, 0) = Cell(x, Height() - 1) = l;
+    for (int y = 0; y < Height(); ++y) Cell(0, y) = Cell(Width() - 1, y) = l;
+  });
 }
 
 // Properties
@@ -276,40 +269,71 @@ void CaveModel::TakeProperties(const Formality& formality) {
 }
 
 void CaveModel::SetProperties(const Formality& formality) {
-  EndStroke();
-  State before = state_;
-  TakeProperties(formality);
-  Step(std::move(before));
+  AsStep(EditStep::Properties, [&] { TakeProperties(formality); });
 }
 
 void CaveModel::SaveScript(const std::string& script) {
-  EndStroke();
-  State before = state_;
-  state_.cave.Script = script;
-  Step(std::move(before));
+  AsStep(EditStep::Script, [&] { state_.cave.Script = script; });
 }
 
 // Undoing
 
-void CaveModel::Step(State before) {
-  if (state_ == before) return;
+// The state before the last change stays whatever it takes, since a single step back is what is wanted most.
+bool CaveModel::Step(Change change) {
+  if (state_ == change.state) return false;
   redo_.clear();
-  undo_.push_back(std::move(before));
-  if (undo_.size() > kMostSteps) undo_.pop_front();
+  undo_.push_back(std::move(change));
+  std::size_t bytes = UndoBytes();
+  while (undo_.size() > kMostSteps || (bytes > kMostUndoBytes && undo_.size() > 1)) {
+    bytes -= BytesOf(undo_.front());
+    undo_.pop_front();
+  }
+  return true;
 }
 
 void CaveModel::Undo() {
   EndStroke();
   if (undo_.empty()) return;
-  redo_.push_back(std::exchange(state_, std::move(undo_.back())));
+  redo_.push_back({undo_.back().step, std::exchange(state_, std::move(undo_.back().state))});
   undo_.pop_back();
 }
 
 void CaveModel::Redo() {
   EndStroke();
   if (redo_.empty()) return;
-  undo_.push_back(std::exchange(state_, std::move(redo_.back())));
+  undo_.push_back({redo_.back().step, std::exchange(state_, std::move(redo_.back().state))});
   redo_.pop_back();
+}
+
+std::vector<EditStep> CaveModel::UndoSteps() const {
+  std::vector<EditStep> steps;
+  for (const Change& change : undo_) steps.push_back(change.step);
+  return steps;
+}
+
+std::vector<EditStep> CaveModel::RedoSteps() const {
+  std::vector<EditStep> steps;
+  for (auto change = redo_.rbegin(); change != redo_.rend(); ++change) steps.push_back(change->step);
+  return steps;
+}
+
+void CaveModel::UndoTo(std::size_t steps) {
+  EndStroke();
+  while (undo_.size() > steps) Undo();
+  while (undo_.size() < steps && CanRedo()) Redo();
+}
+
+std::size_t CaveModel::BytesOf(const Change& change) {
+  const CaveRecord& cave = change.state.cave;
+  return sizeof(Change) + cave.Name.capacity() + cave.Description.capacity() + cave.Script.capacity();
+}
+
+std::size_t CaveModel::UndoBytes() const {
+  std::size_t bytes = 0;
+  for (const auto* const changes : {&undo_, &redo_}) {
+    for (const Change& change : *changes) bytes += BytesOf(change);
+  }
+  return bytes;
 }
 
 }  // namespace zorik

@@ -6,12 +6,17 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "data/CaveO.h"
 #include "data/Chance.h"
 #include "data/ResultFwd.h"
+#include "editors/CaveBlock.h"
+#include "editors/CaveSides.h"
+#include "editors/EditStep.h"
 #include "editors/Formality.h"
+#include "editors/Shapes.h"
 
 namespace zorik {
 
@@ -22,7 +27,8 @@ class CaveModel {
   static constexpr int kLeastSide = 5;
   static constexpr int kMostWidth = 80;
   static constexpr int kMostHeight = 50;
-  static constexpr std::size_t kMostSteps = 1000;  // that can be undone
+  static constexpr std::size_t kMostSteps = 1000;           // that can be undone
+  static constexpr std::size_t kMostUndoBytes = 8U << 20U;  // that they may take, but for the last one
 
   // Opens a cave text, puts its size and its properties within their limits and forgets what could be undone.
   // The answer is what was put right, sizes first. A failure changes nothing.
@@ -63,9 +69,43 @@ class CaveModel {
   // place that it had, even if that was cut off. Returns whether anything has changed.
   bool Draw(int x, int y, char letter);
 
-  // What is drawn between these two is one change.
-  void BeginStroke();
+  // What is drawn between these two, letters and shapes, is one change.
+  void BeginStroke(EditStep step = EditStep::Stroke);
   void EndStroke();
+
+  // Puts a letter into all cells of a shape, which is one change unless it belongs to a stroke. A dog stands
+  // once only: it goes to the last cell of the shape, and the others stay. Returns whether anything has
+  // changed.
+  bool DrawShape(const CavePlaces& shape, char letter, EditStep step);
+
+  // The letters of a selection; what lies outside of the cave is left out.
+  CaveBlock Copy(const CaveArea& area) const;
+  // The same, and the cells become empty, as they do when a selection is cleared.
+  CaveBlock Cut(const CaveArea& area);
+  bool Clear(const CaveArea& area);
+
+  // These answer the cells of the cave in which the letters stand now: the next selection. What comes to lie
+  // outside of the cave is cut off. A dog that arrives leaves the place that it had; one that is cut off has
+  // not arrived. Of a dog that is there twice the last one stays, row by row.
+  //
+  // Puts a block into the cave, its top left corner at a place.
+  CaveArea Paste(const CaveBlock& block, CavePlace at);
+  // Takes the letters of a selection elsewhere, its top left corner to a place; where it was it is empty.
+  CaveArea Move(const CaveArea& area, CavePlace to);
+  // Mirrors a selection in its place, or turns it about its top left corner: what it covers no more becomes
+  // empty, what it covers besides is overwritten.
+  CaveArea Turn(const CaveArea& area, CaveTurn turn);
+
+  // An empty row before row y (behind the last one when y is the height), likewise a column; or away with
+  // one. Returns whether that was possible: the cave keeps to its limits.
+  bool InsertRow(int y);
+  bool InsertColumn(int x);
+  bool DeleteRow(int y);
+  bool DeleteColumn(int x);
+
+  // Moves the cave's sides, see Resized() for what becomes of the cells and how it would look. Returns
+  // whether anything has changed.
+  bool Resize(const CaveSides& sides);
 
   // Puts l into every n-th cell that holds p, row by row.
   void ReplaceO(char p, char l, int n);
@@ -83,12 +123,25 @@ class CaveModel {
   void Undo();
   void Redo();
 
+  // What can be undone, the first change first, and what can be redone, in the order in which it is.
+  std::vector<EditStep> UndoSteps() const;
+  std::vector<EditStep> RedoSteps() const;
+  // Undoes or redoes until so many steps can be undone, as far as there are any.
+  void UndoTo(std::size_t steps);
+  // The memory that all these steps take.
+  std::size_t UndoBytes() const;
+
  private:
   struct State {
     CaveRecord cave;
     int amoebas = 0;
 
     bool operator==(const State&) const = default;
+  };
+  // A change, with the state before it or, when it was undone, behind it.
+  struct Change {
+    EditStep step = EditStep::Stroke;
+    State state;
   };
   using Letters = std::array<std::array<char, CaveRecord::kRows>, CaveRecord::kColumns>;
 
@@ -107,17 +160,33 @@ class CaveModel {
   void PaintAll();
   void Put(int x, int y, char letter);
   bool TakeDogAway(int x, int y, char letter);
-  // Remembers a state that was left, if it was.
-  void Step(State before);
+  void Empty(const CaveArea& area);
+  CaveArea Place(const CaveBlock& block, CavePlace at);
+  // Makes a change a step of its own. Returns whether anything has changed.
+  template <class Act>
+  bool AsStep(EditStep step, Act act);
+  // Takes the cells and the size of another cave.
+  void Reshape(CaveRecord cave);
+  // Remembers a change, if it was one.
+  bool Step(Change change);
+  static std::size_t BytesOf(const Change& change);
 
   State state_;
   Letters looks_{};     // as they were painted when the cave was opened
   std::string text_;    // that was opened
   State opened_;        // the state that this made
   std::string intact_;  // the text of that state
-  std::deque<State> undo_;
-  std::deque<State> redo_;
-  std::optional<State> stroke_;  // the state at its begin
+  std::deque<Change> undo_;
+  std::deque<Change> redo_;
+  std::optional<Change> stroke_;  // with the state at its begin
 };
+
+template <class Act>
+bool CaveModel::AsStep(EditStep step, Act act) {
+  EndStroke();
+  Change change{step, state_};
+  act();
+  return Step(std::move(change));
+}
 
 }  // namespace zorik

@@ -59,6 +59,11 @@ void EditKom::PaintCell(QPoint cell) {
   update(RectOf(cell).adjusted(-1, -1, 1, 1));
 }
 
+void EditKom::SetOverlay(const CaveOverlay* overlay) {
+  overlay_ = overlay;
+  update();
+}
+
 QPoint EditKom::CellAt(QPointF position) const {
   return {FloorDiv(position.x(), cell_), FloorDiv(position.y(), cell_)};
 }
@@ -73,6 +78,7 @@ void EditKom::paintEvent(QPaintEvent* event) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::SmoothPixmapTransform);
   PaintCells(painter, cells);
+  if (overlay_) overlay_->Paint(painter, cells, cell_);
   if (!marked_) return;
   const QRect mark = RectOf(*marked_);
   painter.setPen(Qt::black);

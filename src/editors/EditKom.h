@@ -10,6 +10,15 @@
 
 namespace zorik {
 
+// What is drawn over the cells of the picture, under the mark.
+class CaveOverlay {
+ public:
+  virtual ~CaveOverlay() = default;
+
+  // cells: those that are painted anew; a cell has so many logical pixels.
+  virtual void Paint(QPainter& painter, const QRect& cells, int cellSize) const = 0;
+};
+
 // The picture of the cave that is edited. It tells which cells a mouse button has been led over; a drag
 // that was too quick for the mouse's reports leaves no gap. Cells may lie outside of the cave. The arrow keys
 // move the marked cell, and Space draws there with the left tool, with Shift the right, with Ctrl the middle.
@@ -29,6 +38,8 @@ class EditKom : public QWidget {
   void SetRozm();
   // Paints one cell anew.
   void PaintCell(QPoint cell);
+  // Not owned; nullptr for none. It is painted with the cells, so a cell that it changes is to be updated.
+  void SetOverlay(const CaveOverlay* overlay);
   // What the mouse is led over before its next press is not drawn.
   void EndStroke();
 
@@ -63,6 +74,7 @@ class EditKom : public QWidget {
 
   const CaveModel& cave_;
   EditTiles& tiles_;
+  const CaveOverlay* overlay_ = nullptr;
   int cell_ = kCell;
   QImage picture_;  // of the cells painted last
   std::optional<QPoint> marked_;

@@ -16,6 +16,7 @@
 #include "editors/FrmFormality.h"
 #include "editors/FrmStats.h"
 #include "editors/Palette.h"
+#include "editors/SidePanel.h"
 #include "editors/ToolHint.h"
 #include "editors/ToolNames.h"
 #include "editors/WindowPlace.h"
@@ -105,9 +106,10 @@ void FrmMain::LayOut() {
   bar->addWidget(imgAmoeba_);
   bar->addWidget(lblAmoebas_);
   view_ = new CaveView(model_, tiles_, middle);
+  panel_ = new SidePanel(*view_, middle);
   rows->addLayout(bar);
   rows->addWidget(palette_, 0, Qt::AlignLeft);
-  rows->addWidget(view_, 1);
+  rows->addWidget(panel_, 1);
   setCentralWidget(middle);
   setTabOrder(labels_[kDogButton], palette_);
   setTabOrder(palette_, &view_->Picture());
@@ -147,6 +149,7 @@ void FrmMain::MakeStatusBar() {
 
 void FrmMain::SetLW() {
   menus_.SetCaptions(skin_);
+  panel_->SetLW(skin_);
   const auto name = [this](LabelPlace place, const char* key) {
     labels_[place]->setText(" " + InMenu(skin_.Caption(key)) + " ");
     labels_[place]->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);

@@ -22,6 +22,7 @@ namespace zorik {
 class CaveView;
 class FrmFormality;
 class Palette;
+class SidePanel;
 class Skin;
 class ToolHint;
 
@@ -129,6 +130,7 @@ class FrmMain : public QMainWindow {
   Palette* palette_ = nullptr;
   ToolHint* hint_ = nullptr;
   CaveView* view_ = nullptr;
+  SidePanel* panel_ = nullptr;  // around the view
   FrmFormality* frmFormality_ = nullptr;
   QLabel* lblAmoebas_ = nullptr;
   QLabel* imgAmoeba_ = nullptr;

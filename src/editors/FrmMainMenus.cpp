@@ -5,6 +5,7 @@
 #include "editors/CaveView.h"
 #include "editors/FrmMain.h"
 #include "editors/Palette.h"
+#include "editors/SidePanel.h"
 #include "screens/Marks.h"
 #include "screens/PlainText.h"
 #include "skin/Skin.h"
@@ -95,6 +96,11 @@ void FrmMain::MakeViewMenu() {
   menus_.Add(*mnuView_, "mnuLarger", "caption.main.larger", "Ctrl++; Ctrl+=", [this] { view_->Zoom(1); });
   menus_.Add(*mnuView_, "mnuSmaller", "caption.main.smaller", "Ctrl+-", [this] { view_->Zoom(-1); });
   menus_.Add(*mnuView_, "mnuUsual", "caption.main.usual", "Ctrl+0", [this] { view_->ZoomUsual(); });
+  mnuView_->addSeparator();
+  QAction* const panel = menus_.Add(*mnuView_, "mnuPanel", "caption.main.panel", "F9", [] {});
+  panel->setCheckable(true);
+  panel->setChecked(panel_->IsWanted());
+  connect(panel, &QAction::toggled, panel_, &SidePanel::SetWanted);
 }
 
 // What changes with the tools.

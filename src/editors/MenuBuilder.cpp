@@ -3,14 +3,17 @@
 #include <QMenu>
 #include <QMenuBar>
 
+#include "editors/Mnemonics.h"
 #include "screens/Hint.h"
 #include "screens/PlainText.h"
 #include "skin/Skin.h"
 
 namespace zorik {
 
+MenuBuilder::MenuBuilder(QMainWindow& window) : MenuBuilder(window, *window.menuBar()) {}
+
 QMenu* MenuBuilder::AddMenu(const char* name, const char* key) {
-  return Keep(window_.menuBar()->addMenu(QString()), name, key);
+  return Keep(bar_.addMenu(QString()), name, key);
 }
 
 QMenu* MenuBuilder::AddMenu(QMenu& menu, const char* name, const char* key) {
@@ -28,6 +31,7 @@ QAction* MenuBuilder::Add(QMenu& menu, const char* name, const char* key, const 
 
 void MenuBuilder::SetCaptions(const Skin& skin) const {
   for (const Caption& caption : captions_) caption.action->setText(InMenu(skin.Caption(caption.key)));
+  GiveMnemonics(bar_.actions());
 }
 
 void MenuBuilder::SetHints(const Skin& skin) const {
@@ -40,6 +44,7 @@ void MenuBuilder::SetHints(const Skin& skin) const {
 
 QMenu* MenuBuilder::Keep(QMenu* menu, const char* name, const char* key) {
   menu->setObjectName(name);
+  KeepMnemonics(*menu);
   Keep(menu->menuAction(), name, key);
   return menu;
 }

@@ -6,16 +6,22 @@
 
 class QAction;
 class QMenu;
+class QMenuBar;
 
 namespace zorik {
 
 class Skin;
 
 // Makes the menus of an editor. Each menu and item has a name, and a key of the skin for its caption; one
-// without a key gets its caption from the window, which knows more than the skin does.
+// without a key gets its caption from the window, which knows more than the skin does. All of them can be
+// chosen by a letter.
 class MenuBuilder {
  public:
-  explicit MenuBuilder(QMainWindow& window) : window_(window) {}
+  explicit MenuBuilder(QMainWindow& window);
+  // For a window that has its bar made for it.
+  MenuBuilder(QWidget& window, QMenuBar& bar) : window_(window), bar_(bar) {}
+
+  QMenuBar& Bar() const { return bar_; }
 
   // A menu of the window's bar.
   QMenu* AddMenu(const char* name, const char* key);
@@ -39,7 +45,8 @@ class MenuBuilder {
   QMenu* Keep(QMenu* menu, const char* name, const char* key);
   void Keep(QAction* action, const char* name, const char* key);
 
-  QMainWindow& window_;
+  QWidget& window_;
+  QMenuBar& bar_;
   std::vector<Caption> captions_;
 };
 

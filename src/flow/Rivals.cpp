@@ -8,6 +8,7 @@
 
 #include "data/Files.h"
 #include "data/FolderNames.h"
+#include "data/Folders.h"
 #include "data/PlayerName.h"
 #include "data/Result.h"
 
@@ -23,23 +24,13 @@ RecordSlot SlotIn(const std::string& players, const std::string& folder, const R
   return his;
 }
 
-std::vector<std::string> FoldersIn(const std::string& players) {
-  std::vector<std::string> folders;
-  std::error_code error;
-  for (fs::directory_iterator entry(players, error); !error && entry != fs::directory_iterator();
-       entry.increment(error)) {
-    std::error_code unknown;
-    if (entry->is_directory(unknown)) folders.push_back(entry->path().filename().string());
-  }
-  return folders;
-}
-
 }  // namespace
 
 std::vector<Rival> FindRivals(const std::string& players, const RecordSlot& slot) {
   std::vector<Rival> rivals;
   const fs::path own = fs::path(slot.Path).parent_path();
   for (const std::string& folder : FoldersIn(players)) {
+    if (!IsPlayerFolder(folder)) continue;
     std::error_code error;
     if (fs::equivalent(players + "/" + folder, own, error)) continue;
     const StandingRecord standing = ReadStanding(SlotIn(players, folder, slot));

@@ -77,19 +77,27 @@ void SadaModel::New() {
 Result<SadaModel::OpenReport, FileFailure> SadaModel::Open(const std::string& path) {
   const Result<std::string, FileFailure> bytes = ReadFile(path);
   if (!bytes) return bytes.Why();
-  Result<EditedCollection> read = ReadForEditor(*bytes);
-  if (!read) return FileFailure{{read.Message()}, FileTrouble::NoCollection};
+  Result<OpenReport> report = Read(*bytes);
+  if (!report) return FileFailure{{report.Message()}, FileTrouble::NoCollection};
+  if (report->Closed) return *report;
+  file_ = {path, !report->Faults.empty(), {}, Shared()};
+  chg_ = file_.Faulty;
+  return *report;
+}
+
+// Takes the place of what was there; where that comes from is for the caller to say.
+Result<SadaModel::OpenReport> SadaModel::Read(const std::string& bytes) {
+  Result<EditedCollection> read = ReadForEditor(bytes);
+  if (!read) return Failure{read.Message()};
   OpenReport report;
   report.Closed = read->Closed;
   if (report.Closed) return report;
   RememberLeaving(SadaAct::Open);
   sada_ = std::move(*read);
-  report.Faults = FaultsOfCollection(*bytes);
+  report.Faults = FaultsOfCollection(bytes);
   DropUnreadable(sada_);
   if (sada_.CaveList.empty()) sada_.CaveList = {NewCave(NewCaveSize::Small)};
   GetNames(0);
-  file_ = {path, !report.Faults.empty(), {}, Shared()};
-  chg_ = file_.Faulty;
   return report;
 }
 
@@ -152,26 +160,26 @@ void SadaModel::ToggleOpen(int number) {
   chg_ = true;
 }
 
-void SadaModel::AddCave(std::string text, CavePlace place) {
+void SadaModel::AddCave(std::string text, NewCavePlace place) {
   chg_ = true;
   if (sada_.CaveList.size() > kMostToAdd) return;
   Remember(SadaAct::Add, NameIn(text));
   Append(std::move(text), place);
 }
 
-void SadaModel::AddCave(NewCaveSize size, CavePlace place) {
+void SadaModel::AddCave(NewCaveSize size, NewCavePlace place) {
   AddCave(NewCave(size), place);
 }
 
-void SadaModel::Paste(CavePlace place) {
+void SadaModel::Paste(NewCavePlace place) {
   chg_ = true;
   if (sada_.CaveList.size() > kMostToAdd) return;
   Remember(SadaAct::Paste, NameIn(clipCave_));
   Append(clipCave_, place);
 }
 
-void SadaModel::Append(std::string text, CavePlace place) {
-  if (place == CavePlace::End) {
+void SadaModel::Append(std::string text, NewCavePlace place) {
+  if (place == NewCavePlace::End) {
     selected_ = ListCount() + 1;
     sada_.OpenFlags.reset(Index(selected_));
   }

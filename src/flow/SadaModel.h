@@ -9,12 +9,12 @@
 #include "data/Chance.h"
 #include "data/Collection.h"
 #include "data/CollectionFaults.h"
-#include "data/ResultFwd.h"
+#include "data/FileTrouble.h"
 #include "flow/SadaHistory.h"
 
 namespace zorik {
 
-struct FileFailure;
+struct KeptSada;
 
 // What the language gives to a new collection and to its caves, in Windows-1250.
 struct SadaWords {
@@ -27,7 +27,7 @@ struct SadaWords {
 enum class SadaText { Name, Author, Mail, Description };
 
 // Where a further cave comes: before the chosen one, or behind all.
-enum class CavePlace { Chosen, End };
+enum class NewCavePlace { Chosen, End };
 
 // The collection that is being edited: its texts, its caves as texts, the caves that are open from the start
 // and the editor's own clipboard. Whatever is done to it can be taken back. Caves count from 1, texts are
@@ -61,6 +61,14 @@ class SadaModel {
   // any fault the collection counts as changed, and the next save into this file keeps what it held. Fails
   // when the file or its first lines cannot be read, and changes nothing then.
   Result<OpenReport, FileFailure> Open(const std::string& path);
+
+  // What is to be kept of it while it is edited. A cave that is with the cave editor has the place of the
+  // selected one.
+  Result<KeptSada> Kept(const std::optional<std::string>& cave) const;
+
+  // Goes on with what was kept, under the path that it had; it counts as changed. The answer is as that of
+  // Open.
+  Result<OpenReport> TakeUp(const KeptSada& kept);
 
   // A text that the file has no room for.
   struct TooLong {
@@ -111,13 +119,13 @@ class SadaModel {
   // Puts a cave at the selected place; this and all later ones move down, with their flags, and the new one
   // takes over the flag of the place. A full collection loses the cave and counts as changed all the same.
   // Behind all caves it takes over no flag.
-  void AddCave(std::string text, CavePlace place = CavePlace::Chosen);
-  void AddCave(NewCaveSize size, CavePlace place = CavePlace::Chosen);
+  void AddCave(std::string text, NewCavePlace place = NewCavePlace::Chosen);
+  void AddCave(NewCaveSize size, NewCavePlace place = NewCavePlace::Chosen);
 
   const std::string& ClipCave() const { return clipCave_; }
   void Copy() { clipCave_ = Cave(selected_); }
   void Cut();
-  void Paste(CavePlace place = CavePlace::Chosen);
+  void Paste(NewCavePlace place = NewCavePlace::Chosen);
 
   // Swap the selected cave and its flag with the neighbour, if there is one.
   void Up();
@@ -133,8 +141,8 @@ class SadaModel {
   // that do not parse are left out.
   void Import(EditedCollection sada);
 
-  // The steps that can be taken back, and those that can be done again, or so many of them; the next one comes
-  // first.
+  // The steps that can be taken back, and those that can be done again, or so many of them; the next one
+  // comes first.
   std::vector<SadaStep> UndoSteps(std::size_t most = kAllSteps) const { return history_.UndoSteps(most); }
   std::vector<SadaStep> RedoSteps(std::size_t most = kAllSteps) const { return history_.RedoSteps(most); }
   // So many of them. Beyond a new or another collection the former one comes back with its file. What comes
@@ -151,8 +159,9 @@ class SadaModel {
   void Enter(SadaHistory::Way way);
   void LookAtFile();
   void Remove();
-  void Append(std::string text, CavePlace place);
+  void Append(std::string text, NewCavePlace place);
   std::shared_ptr<const SadaMoment> Shared();
+  Result<OpenReport> Read(const std::string& bytes);
   void GetNames(int selection);
   void Swap(int upper);
   std::string NewCave(NewCaveSize size) const;

@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <system_error>
 
+#include "data/ProgramFolder.h"
 #include "data/Result.h"
 #include "platform/ShippedCaves.h"
 #include "platform/Variable.h"
@@ -37,7 +38,7 @@ fs::path UsersFolder(const Environment& environment) {
 fs::path ShippedFolder(const Environment& environment) {
   const fs::path program = environment.ProgramFolder;
   if (IsFolder(program / "Skins")) return program;
-  return (program / ".." / ZORIK_DATA).lexically_normal();
+  return InstalledData(environment.ProgramFolder);
 }
 
 bool IsThere(const fs::path& path) {

@@ -4,17 +4,13 @@
 #include <map>
 
 #include "core/Machine.h"
+#include "solve/Mix.h"
 
 namespace zorik {
 namespace {
 
 constexpr int kSafe = 2 * kTicksPerSecond;  // who lives for so long beyond the death has been kept alive
 constexpr std::size_t kWidest = 40;         // states that are followed from tick to tick
-
-std::uint64_t Mix(std::uint64_t hash, std::uint64_t value) {
-  hash = (hash ^ value) * 0x9E3779B97F4A7C15U;
-  return hash ^ (hash >> 29U);
-}
 
 // The tick in which the last unit was lost.
 std::optional<int> DeathIn(const Timeline& timeline) {

@@ -3,7 +3,7 @@
 #include <QString>
 #include <string>
 
-#include "data/WebPage.h"
+#include "data/ProgramFolder.h"
 
 class QWidget;
 

@@ -121,12 +121,6 @@ class ChangedRuns {
   std::vector<QRect> runs_;
 };
 
-bool Fit(QImage& image, QSize size) {
-  if (image.size() != size || image.format() != QImage::Format_RGB32)
-    image = QImage(size, QImage::Format_RGB32);
-  return !image.isNull();
-}
-
 }  // namespace
 
 QRegion ChangedIn(const DrawnView& drawn) {
@@ -144,13 +138,6 @@ void PaintPart(const DrawnView& drawn, TileSets& tiles, const QRegion& part, QIm
     const QRect rect = wanted & room;
     if (!rect.isEmpty()) painter.Paint(rect);
   }
-}
-
-void DrawView(const ViewArea& view, QSize cell, const CellPictures& pictures, TileSets& tiles,
-              QImage& drawn) {
-  DrawnView fresh;
-  LookAt(view, ToPixels(cell), pictures, tiles.Table(), fresh, {});
-  if (Fit(drawn, ToQSize(fresh.size))) PaintPart(fresh, tiles, drawn.rect(), drawn, {});
 }
 
 }  // namespace zorik

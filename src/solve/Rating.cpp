@@ -11,6 +11,8 @@ namespace zorik {
 namespace {
 
 constexpr int kMostPaws = 5;
+// PawsOf gives ten points at the most; half of them are enough for the last paw, since a cave may be hard in
+// one way and easy in another.
 constexpr double kPointsOfAPaw = 1.25;
 
 std::string Rounded(double number) {
@@ -25,6 +27,8 @@ double Points(double number, double forOne, double most) {
 }
 
 int PawsOf(const Rating& rating) {
+  // What is done counts most; danger, length and variety can each make up for one another. Twenty seconds and
+  // a single kind of thing are a beginner's cave. A win that needs luck is harder whatever else it takes.
   const Review& review = rating.review;
   const int kinds = std::popcount(review.used);
   const double luck = rating.survived < kLeastOdds * rating.tries ? 1 : 0;

@@ -6,6 +6,7 @@
 #include "core/Machine.h"
 #include "core/Patterns.h"
 #include "data/Result.h"
+#include "solve/Traces.h"
 
 namespace zorik {
 namespace {
@@ -27,12 +28,6 @@ bool Monster(std::uint16_t code) {
 // What goes its way without chance.
 bool Circles(std::uint16_t code) {
   return code == kFireFly || code == kButterFly;
-}
-
-// What comes and goes without leaving a trace.
-bool Passes(std::uint16_t code) {
-  return code == kSpace || !IsObject(code) || Monster(code) || code == kDog || code == kFlea ||
-         code == kCat || code == kExplosion;
 }
 
 // The thing that a resting cell of a new cave shows.
@@ -178,7 +173,7 @@ class Reviewer {
       Touch(review_.deeds.back().target);
     ForEachCell(run_, [&](Cell c) {
       const std::uint16_t was = before_.Field(c), is = run_.Field(c);
-      if (was != is && !(Passes(was) && Passes(is))) Touch(c);
+      if (LeavesTrace(was, is)) Touch(c);
       if (is == kExplosion && was != kExplosion) Burn(was);
       if (was == kSpace && run_.FieldState(c) == kFalling) Fell(c);
       if (is == kWallH && was != kWallH) Use("wall that grows aside");
@@ -209,15 +204,13 @@ class Reviewer {
 
   // Something falls where nothing was.
   void Fell(Cell c) {
-    const Cell above = c + kUp;
-    if (before_.Field(above) == kSlime && before_.FieldState(above + kUp) == kResting) {
-      Use("slime");
-      review_.touched[above.place()] = true;
-    }
-    for (const Step side : {kLeft, kRight}) {
-      if (!IsSplitterMouth(before_, above + side)) continue;
-      Use(kSplitterThing);
-      review_.touched[(above + side).place()] = true;
+    for (const Cell passed : PassedBy(before_, c)) {
+      if (before_.Field(passed) == kSlime) {
+        Use("slime");
+      } else {
+        Use(kSplitterThing);
+      }
+      review_.touched[passed.place()] = true;
     }
   }
 

@@ -4,6 +4,8 @@
 #include <cstring>
 #include <type_traits>
 
+#include "solve/Mix.h"
+
 namespace zorik {
 namespace {
 
@@ -68,10 +70,7 @@ std::uint64_t Snapshots::HashOfCells(const Snapshot& snapshot) {
   const std::uint64_t* words = snapshot.words.data();
   for (const std::uint16_t line : snapshot.lines) {
     if ((line & kOfLuck) != 0) break;  // they come last
-    for (const std::uint64_t value : {std::uint64_t{line}, words[0], words[1]}) {
-      hash = (hash ^ value) * 0x9E3779B97F4A7C15U;
-      hash ^= hash >> 29U;
-    }
+    for (const std::uint64_t value : {std::uint64_t{line}, words[0], words[1]}) hash = Mix(hash, value);
     words += kWords;
   }
   return hash;

@@ -8,6 +8,10 @@ namespace {
 
 constexpr std::uint64_t kSlice = 20'000;      // ticks of a turn
 constexpr std::uint64_t kShortest = 100'000;  // ticks of the shortest search that begins anew
+// Haste, greed, grain and lean. The first five are those of the arms that go on: patient, in haste, and one
+// of each grain; where fuses count the best moments lead on, where heaps do, often the poor ones. The one
+// that begins anew takes all in turn; the last four are for it alone: each is one of the others that clings
+// to the best more or less, so that a cave on which all of those are stuck meets yet another.
 constexpr std::array<Temper, 9> kTempers{{{0, 3},
                                           {40, 3},
                                           {20, 3, Grain::Bombs, 6},

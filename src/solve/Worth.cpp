@@ -4,6 +4,7 @@
 
 #include "core/Machine.h"
 #include "core/Patterns.h"
+#include "solve/Mix.h"
 #include "solve/Ways.h"
 
 namespace zorik {
@@ -23,11 +24,6 @@ int Walls(const RunState& run) {
   int walls = 0;
   ForEachCell(run, [&](Cell c) { walls += run.Field(c) == kBrick || run.Field(c) == kBiomass ? 1 : 0; });
   return walls;
-}
-
-std::uint64_t Mix(std::uint64_t hash, std::uint64_t value) {
-  hash = (hash ^ value) * 0x9E3779B97F4A7C15U;
-  return hash ^ (hash >> 29U);
 }
 
 // What tells situations apart even where the grain is coarse. Not gems: they can be taken in any order.

@@ -1,3 +1,4 @@
+#include <QPainter>
 #include <QSignalSpy>
 
 #include "editors/EditKom.h"
@@ -320,6 +321,29 @@ TEST_F(EditKomTest, MarksTheCellUnderThePointerAndTellsOfIt) {
   QEvent leave(QEvent::Leave);
   QApplication::sendEvent(&Area(), &leave);
   EXPECT_EQ(Status(), "");
+}
+
+// Fills one cell, and keeps which ones it was asked for.
+class OneCell : public CaveOverlay {
+ public:
+  void Paint(QPainter& painter, const QRect& cells, int cellSize) const override {
+    painter.fillRect(QRect(QPoint(2, 2) * cellSize, QSize(cellSize, cellSize)), Qt::red);
+    asked |= cells;
+  }
+
+  mutable QRect asked;
+};
+
+TEST_F(EditKomTest, ShowsWhatIsLaidOverItsCellsUntilThatIsTakenAway) {
+  const QImage bare = Shown();
+  const OneCell over;
+  Area().SetOverlay(&over);
+  const QImage covered = Shown();
+  EXPECT_EQ(covered.pixelColor(2 * 26 + 3, 2 * 26 + 3), QColor(Qt::red));
+  EXPECT_EQ(covered.copy(0, 0, 6 * 26, 2 * 26), bare.copy(0, 0, 6 * 26, 2 * 26));
+  EXPECT_EQ(over.asked, QRect(0, 0, 6, 5));
+  Area().SetOverlay(nullptr);
+  EXPECT_EQ(Shown(), bare);
 }
 
 TEST_F(EditKomTest, TellsALetterThatItDoesNotKnowByItself) {

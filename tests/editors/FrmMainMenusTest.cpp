@@ -48,7 +48,7 @@ TEST_F(FrmMainMenusTest, HasItsCaptions) {
       {"mnuStats", "Statistika"},
   };
   for (const auto& [name, caption] : kCaptions) EXPECT_EQ(Action(name).text(), caption);
-  EXPECT_EQ(window->findChild<QMenu*>("mnuEd")->title(), "Editace");
+  EXPECT_EQ(WithoutMnemonic(window->findChild<QMenu*>("mnuEd")->title()), "Editace");
   EXPECT_EQ(window->findChild<QMenu*>("mnuObjbyObj")->title(), "Nahradit „Hlína“ za „Balvan“");
 }
 
@@ -86,6 +86,8 @@ TEST_F(FrmMainMenusTest, HasItsItemsInTheirOrderWithTheirKeys) {
       "  mnuLarger | Zvětšit | Ctrl++ | Ctrl+=",
       "  mnuSmaller | Zmenšit | Ctrl+-",
       "  mnuUsual | Původní velikost | Ctrl+0",
+      "  -",
+      "  mnuPanel | Panel vedle komnaty | F9",
   };
   const QStringList found = test::MenuLines(window->menuBar()->actions());
   EXPECT_EQ(found.join('\n').toStdString(), lines.join('\n').toStdString());
@@ -286,6 +288,26 @@ TEST_F(FrmMainMenusTest, UndoesAndRedoesByItsItems) {
 TEST_F(FrmMainMenusTest, IsEnabledAgainWithoutBeingOpenedAfterAStroke) {
   Click(2, 2);
   EXPECT_TRUE(Action("mnuUndo").isEnabled());
+}
+
+TEST_F(FrmMainMenusTest, GivesEachEntryALetterOfItsOwnInBothLanguages) {
+  for (const char* const name : {"Default", "English"}) {
+    Wear(name);
+    window->SetLW();
+    EXPECT_EQ(test::MnemonicFaults(window->menuBar()->actions()), QStringList()) << name;
+  }
+}
+
+TEST_F(FrmMainMenusTest, OpensAMenuAndChoosesFromItByLetters) {
+  window->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+  EXPECT_EQ(window->findChild<QMenu*>("mnuCave")->title(), "&Komnata");
+  QTest::keyClick(window->windowHandle(), Qt::Key_K, Qt::AltModifier);
+  auto* const menu = window->findChild<QMenu*>("mnuCave");
+  ASSERT_TRUE(QTest::qWaitFor([menu] { return menu->isVisible(); }));
+  EXPECT_EQ(Action("mnuTest").text(), "&Odzkoušet");
+  QTest::keyClick(menu, Qt::Key_O);
+  EXPECT_EQ(tested.size(), 1U);
 }
 
 TEST_F(FrmMainMenusTest, GivesEachShortcutToOneItem) {

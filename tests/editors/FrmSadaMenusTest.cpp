@@ -38,7 +38,9 @@ class FrmSadaMenusTest : public test::SadaWindowTest {
   QStringList MenuTitles() const {
     QStringList titles;
     for (const char* menu : {"mnuFile", "mnuCave", "mnuHelp"}) titles << Child<QMenu>(menu).title();
-    return titles << Action("mnuAdd").text();
+    titles << Action("mnuAdd").text();
+    for (QString& title : titles) title = WithoutMnemonic(title);
+    return titles;
   }
 
   // Wears the default skin with these keys besides its own.
@@ -168,6 +170,14 @@ TEST_F(FrmSadaMenusTest, HasItsItemsInTheirOrderWithTheirKeys) {
   };
   const QStringList found = test::MenuLines(window->menuBar()->actions());
   EXPECT_EQ(found.join('\n').toStdString(), lines.join('\n').toStdString());
+}
+
+TEST_F(FrmSadaMenusTest, GivesEachEntryALetterOfItsOwnInBothLanguages) {
+  for (const char* const name : {"Default", "English"}) {
+    ASSERT_TRUE(skin.Apply(SkinPlaces{ZORIK_SKINS, name}));
+    window->SetLWEd();
+    EXPECT_EQ(test::MnemonicFaults(window->menuBar()->actions()), QStringList()) << name;
+  }
 }
 
 TEST_F(FrmSadaMenusTest, SpeaksTheLanguageOfTheSkinWhenItOpens) {

@@ -2,11 +2,14 @@
 
 #include <QMenu>
 #include <QMenuBar>
+#include <QSet>
+
+#include "editors/Mnemonics.h"
 
 namespace zorik::test {
 
-// All menus of a bar, a line an item: its name, its caption, its keys. What a menu holds stands below it,
-// with two blanks more in front.
+// All menus of a bar, a line an item: its name, its caption without its letter, its keys. What a menu holds
+// stands below it, with two blanks more in front.
 inline QStringList MenuLines(const QList<QAction*>& actions, const QString& before = QString()) {
   QStringList lines;
   for (const QAction* const action : actions) {
@@ -14,7 +17,7 @@ inline QStringList MenuLines(const QList<QAction*>& actions, const QString& befo
       lines << before + '-';
       continue;
     }
-    QStringList parts{action->objectName(), action->text()};
+    QStringList parts{action->objectName(), WithoutMnemonic(action->text())};
     for (const QKeySequence& keys : action->shortcuts()) parts << keys.toString();
     const QMenu* const menu = action->menu<QMenu*>();
     if (menu != nullptr && parts[0].isEmpty()) parts[0] = menu->objectName();
@@ -22,6 +25,26 @@ inline QStringList MenuLines(const QList<QAction*>& actions, const QString& befo
     if (menu != nullptr) lines << MenuLines(menu->actions(), before + "  ");
   }
   return lines;
+}
+
+// Opens every menu below these entries, as people do, and tells what is wrong with the letters by which they
+// are chosen.
+inline QStringList MnemonicFaults(const QList<QAction*>& actions) {
+  QStringList faults;
+  QSet<QChar> seen;
+  for (const QAction* const action : actions) {
+    if (action->isSeparator()) continue;
+    const QChar letter = MnemonicOf(action->text());
+    if (letter.isNull()) faults << action->text() + " has none";
+    if (seen.contains(letter)) faults << action->text() + " has one that is taken";
+    seen.insert(letter);
+    QMenu* const menu = action->menu<QMenu*>();
+    if (menu == nullptr) continue;
+    menu->popup(QPoint(0, 0));
+    faults << MnemonicFaults(menu->actions());
+    menu->close();
+  }
+  return faults;
 }
 
 }  // namespace zorik::test

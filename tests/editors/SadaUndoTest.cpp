@@ -140,7 +140,7 @@ TEST_F(SadaUndoTest, MakesNoStepOfWhatChangesNothing) {
   OpenMany(91);
   sada_.Copy();
   sada_.Paste();
-  sada_.AddCave(NewCaveSize::Small, CavePlace::End);
+  sada_.AddCave(NewCaveSize::Small, NewCavePlace::End);
   sada_.Up();
   sada_.SetSelected(std::string(sada_.Cave(1)));
   sada_.SetText(SadaText::Name, std::string(sada_.Text(SadaText::Name)));
@@ -244,7 +244,7 @@ TEST_F(SadaUndoTest, CountsAsChangedWhenTheFileHasGone) {
 }
 
 TEST_F(SadaUndoTest, ComesBackWithTheRightFileAlsoWhereTheStepBeforeLeftNothingChanged) {
-  sada_.AddCave(NewCaveSize::Small, CavePlace::End);
+  sada_.AddCave(NewCaveSize::Small, NewCavePlace::End);
   sada_.ToggleOpen(2);
   sada_.ToggleOpen(2);
   sada_.Delete();
@@ -278,12 +278,12 @@ TEST_F(SadaUndoTest, TakesAnImportBack) {
 
 TEST_F(SadaUndoTest, AppendsACaveThatIsNotOpen) {
   OpenCaves({"A", "*B"});
-  sada_.AddCave(NewCaveSize::Small, CavePlace::End);
+  sada_.AddCave(NewCaveSize::Small, NewCavePlace::End);
   EXPECT_EQ(Rows(), (Names{"*A", "*B", "Mala"}));
   EXPECT_EQ(sada_.ListSelected(), 3);
   sada_.Select(1);
   sada_.Copy();
-  sada_.Paste(CavePlace::End);
+  sada_.Paste(NewCavePlace::End);
   EXPECT_EQ(Rows(), (Names{"*A", "*B", "Mala", "A"}));
 }
 
@@ -326,7 +326,7 @@ class RandomAuthor {
   bool EditList(int kind) {
     const int selected = sada_.ListSelected();
     const int count = sada_.ListCount();
-    const CavePlace place = Below(2) == 0 ? CavePlace::Chosen : CavePlace::End;
+    const NewCavePlace place = Below(2) == 0 ? NewCavePlace::Chosen : NewCavePlace::End;
     switch (kind) {
       case 0:
         sada_.AddCave(Below(2) == 0 ? NewCaveSize::Small : NewCaveSize::Large, place);

@@ -59,6 +59,25 @@ TEST_F(Rivals, AreTheOtherPlayersWhoHaveWonTheCaveWithTheBestInFront) {
   EXPECT_EQ(flow.Rivals()[0].Player, "Dana");
 }
 
+// A copy that somebody keeps of a player's folder is no player.
+TEST_F(Rivals, HaveNoHiddenFolders) {
+  WinAs("Bara", 1);
+  const std::string players = root + "/Players/";
+  for (const char* const copy : {".Bara", ".Trash"})
+    std::filesystem::copy(players + "Bara", players + copy, std::filesystem::copy_options::recursive);
+  flow.Choose(1);
+  EXPECT_EQ(flow.Rivals(), (std::vector<Rival>{{"Bara", "Bara", 50}}));
+}
+
+// U+4E2D is in no name that a player can type.
+TEST_F(Rivals, HaveNamesThatPlayersCanHave) {
+  WinAs("Bara", 1);
+  const std::string players = root + "/Players/";
+  std::filesystem::copy(players + "Bara", players + "\xE4\xB8\xAD", std::filesystem::copy_options::recursive);
+  flow.Choose(1);
+  EXPECT_EQ(flow.Rivals(), (std::vector<Rival>{{"Bara", "Bara", 50}}));
+}
+
 TEST_F(Rivals, HaveWonTheCaveAsItIsNow) {
   WinAs("Bara", 1, test::OneStepCave("prvni", 80));
   OpenBoth(test::OneStepCave("prvni"));

@@ -3,7 +3,7 @@
 #include <array>
 
 #include "screens/GameLayout.h"
-#include "skin/DrawView.h"
+#include "view/DrawnView.h"
 
 namespace zorik {
 namespace {
@@ -71,9 +71,9 @@ TEST(GameLayout, GivesAFullViewExactlyItsCells) {
   for (const QSize screen : kScreens) {
     for (const qreal scale : kScales) {
       const GameLayout layout = LayOut(Filling(screen, scale), scale);
-      const QSize pixels(static_cast<int>(layout.ram.width() * scale),
-                         static_cast<int>(layout.ram.height() * scale));
-      EXPECT_EQ(DrawnCell({0, 0, 1560, 920}, pixels), QSize(layout.cellSize, layout.cellSize))
+      const auto pixels = [scale](int length) { return static_cast<int>(length * scale); };
+      EXPECT_EQ(DrawnCell({0, 0, 1560, 920}, pixels(layout.ram.width()), pixels(layout.ram.height())),
+                (PixelSize{layout.cellSize, layout.cellSize}))
           << screen.width() << " at " << scale;
     }
   }

@@ -70,25 +70,12 @@ class FromNothing : public Stage {
   const Hra& hra_;
 };
 
-test::Picture Bustle() {
-  test::Picture picture(23, std::string(39, ';'));
-  for (std::size_t x = 3; x < 39; x += 4) {
-    picture[2][x] = 'R';
-    picture[3][x] = '.';
-    picture[4][x] = '.';
-    for (std::size_t y = 8; y < 11; ++y) picture[y].replace(x - 2, 3, "...");
-    picture[8][x - 1] = x % 8 == 3 ? 'F' : 'U';
-  }
-  picture[6][5] = '1';
-  return picture;
-}
-
 TEST_F(CavePainterTest, PaintsOverTheLastPictureWhatItWouldPaintFromNothing) {
   for (const bool scrolls : {true, false}) {
     for (const QSize frame : {QSize(390, 230), QSize(413, 251)}) {
       FromNothing other(*this, places_, hra_);
       hra_.SetStage(other);
-      Start(Bustle());
+      Start(test::Bustle());
       painter_->SetScrollView(scrolls);
       other.SetScrollView(scrolls);
       QImage shown = painter_->Compose(hra_, frame);
@@ -119,7 +106,7 @@ TEST_F(CavePainterTest, ChangesNothingWhereNothingHappens) {
 
 // Any part of any picture: cells in part, the pixels left at the far edges, an image that is smaller.
 TEST_F(CavePainterTest, PaintsAPartOfWhatItPaintsAsAWhole) {
-  Start(Bustle());
+  Start(test::Bustle());
   for (const QSize frame : {QSize(390, 230), QSize(413, 251), QSize(200, 120)}) {
     test::Pass(hra_, 3, "R");
     const QImage whole = painter_->Compose(hra_, frame);

@@ -69,13 +69,13 @@ TEST(DrawView, LeavesNoGapWhereCellsDoNotDivide) {
 TEST(DrawView, DrawsNothingOfNoSize) {
   EXPECT_EQ(SpansOf(0, 120, 1).size(), 1U) << "half of a cell of one pixel is no pixel";
   EXPECT_TRUE(SpansOf(0, 0, 49).empty());
-  EXPECT_TRUE(DrawnCell({}, {100, 100}).isNull());
+  EXPECT_TRUE(ToQSize(DrawnCell({}, 100, 100)).isNull());
 }
 
 TEST(DrawView, HasCellsOfWholePixels) {
-  EXPECT_EQ(DrawnCell({0, 0, 1560, 920}, {956, 564}), QSize(49, 49));
-  EXPECT_EQ(DrawnCell({0, 0, 800, 400}, {956, 564}), QSize(95, 112));
-  EXPECT_EQ(DrawnCell({0, 0, 8000, 4800}, {956, 564}), QSize(9, 9));
+  EXPECT_EQ(DrawnCell({0, 0, 1560, 920}, 956, 564), (PixelSize{49, 49}));
+  EXPECT_EQ(DrawnCell({0, 0, 800, 400}, 956, 564), (PixelSize{95, 112}));
+  EXPECT_EQ(DrawnCell({0, 0, 8000, 4800}, 956, 564), (PixelSize{9, 9}));
 }
 
 TEST(DrawView, IsNoLargerThanItsFrame) {

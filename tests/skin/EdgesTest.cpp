@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "PictureFolder.h"
-#include "skin/DrawView.h"
+#include "WholeView.h"
 #include "support/Pictured.h"
 #include "view/Edges.h"
 
@@ -116,7 +116,7 @@ class EdgePictures : public test::PictureFolder {
     PictureCache pictures;
     tiles_.Load(pictures, places_, cave.hra.Scheme);
     const ViewArea area = ZornePole::Whole(cave.hra.CaveWidth, cave.hra.CaveHeight);
-    DrawView(area, {cell, cell}, cave.pictures, tiles_, drawn_);
+    test::DrawView(area, {cell, cell}, cave.pictures, tiles_, drawn_);
     return drawn_.copy();
   }
 
@@ -171,7 +171,7 @@ TEST_F(EdgePictures, AreTheSameInAViewThatBeginsWithinTheCave) {
   SaveEdges("Default/Game/Edges.bmp");
   test::Pictured cave({";;;;;", ";R;.;", ";;..1", ";;;;;"}, {}, 1);
   const QImage whole = Draw(cave, 40);
-  DrawView({80, 80, 240, 160}, {40, 40}, cave.pictures, tiles_, drawn_);
+  test::DrawView({80, 80, 240, 160}, {40, 40}, cave.pictures, tiles_, drawn_);
   EXPECT_EQ(drawn_, whole.copy(40, 40, 120, 80));
 }
 

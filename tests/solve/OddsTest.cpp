@@ -77,6 +77,28 @@ TEST(Odds, FollowADogThatGetsOffInPlaceOfAnother) {
   EXPECT_EQ(Survived(walk), 10);
 }
 
+// A butterfly circles below, and the boulder makes gems of it only if it falls on it. The dog's first boulder
+// moves at one try of four, so that each time he comes to the second one at another moment; he waits for the
+// same.
+TEST(Odds, WaitForTheMonsterThatTheWinnerHit) {
+  const Picture picture{"WWWWWWWWWWWWWWW", "WWWWWWWWRWWWWWW", "W1R.;;;;;;;;;;T", "WWW.WWWW.WWWWWW",
+                        "WWWWWWWW.WWWWWW", "WWWWWWWW.WWWWWW", "WWWWWWWW...WWWW", "WWWWWWWW.W.WWWW",
+                        "WWWWWWWWU..WWWW", "WWWWWWWWWWWWWWW"};
+  const RunTerms terms{CaveTextOf(picture, {.needed = 1}), "sada"};
+  const auto begin = BeginRun(terms);
+  ASSERT_TRUE(begin);
+  Solver solver(**begin, 1);
+  ASSERT_TRUE(solver.Go(4'000'000));
+  const Result<Review> review = ReviewRecord(RecordOfPlan(terms, *solver.Found()));
+  ASSERT_TRUE(review) << review.Message();
+  ASSERT_TRUE(std::any_of(review->deeds.begin(), review->deeds.end(),
+                          [](const Deed& deed) { return deed.prey.has_value(); }));
+  int won = 0;
+  for (std::uint64_t seed = 100; seed < 120; ++seed)
+    won += FollowPlan(terms.caveText, review->deeds, seed, Never) ? 1 : 0;
+  EXPECT_GE(won, 18);
+}
+
 // A firefly flies up and down a shaft that the way crosses. When the dog comes there depends on the boulder,
 // which moves at one try of four; he waits until he can pass.
 TEST(Odds, PutOffWhatWouldKill) {

@@ -65,6 +65,31 @@ TEST(Deeds, AreStepsUpAndDownAlsoThroughSpace) {
   EXPECT_EQ(down, 3);
 }
 
+// The dog takes away at arm's length what the boulder lies upon, and steps out of the way of the blast.
+const Picture kTrap{"WWWWWWWWWWW", "WWWWRWWWWWW", "W;;1;;D;;;T", "WWWW.WWWWWW",
+                    "WWWW.WWWWWW", "WWWWFWWWWWW", "WWWWWWWWWWW"};
+const std::string kDrop = "rLL" + std::string(12, '.') + "RRRRRRRRR";
+
+TEST(Deeds, KnowTheMonsterThatWhatTheyLetFallHits) {
+  const Review review = ReviewOf({kTrap, {.needed = 1}, kDrop});
+  ASSERT_TRUE(Uses(review, "firefly"));
+  ASSERT_FALSE(review.deeds.empty());
+  const Deed& drop = review.deeds[0];
+  EXPECT_EQ(drop.prey, std::optional(Cell(4, 5)));
+  EXPECT_EQ(drop.preyKind, kFireFly);
+  for (std::size_t i = 1; i < review.deeds.size(); ++i) EXPECT_EQ(review.deeds[i].prey, std::nullopt) << i;
+}
+
+TEST(Deeds, AreMeantForNoMonsterThatLivesOn) {
+  Picture picture = kTrap;
+  picture[5] = "WWWWWWFWWWW";
+  const Review review = ReviewOf({picture, {.needed = 1}, kDrop});
+  ASSERT_FALSE(review.deeds.empty());
+  EXPECT_TRUE(review.deeds[0].changed) << "the boulder falls here, too";
+  EXPECT_TRUE(review.touched[Cell(4, 4).place()]);
+  EXPECT_EQ(review.deeds[0].prey, std::nullopt);
+}
+
 TEST(Deeds, OfTheSwarmAreItsSteps) {
   const Review review =
       ReviewOf({{"WWWWWWW", "WN..;;W", "WWWWWWW", "W1D;;;T", "WWWWWWW"}, {.needed = 1}, "0RL1RRRRR"});

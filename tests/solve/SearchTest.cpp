@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "core/Machine.h"
 #include "solve/Search.h"
 #include "solve/Solver.h"
@@ -100,6 +102,47 @@ TEST(Search, LeadsNoDogThroughCellsThatItShallAvoid) {
     EXPECT_NE(UnitCell(run, 1), std::optional(Cell(2, 1)));
   }
   EXPECT_TRUE(run.Win);
+}
+
+// The boulder lies on earth at the end of a nook, over a bomb that opens the wall before the finish: there is
+// one cell among many to take away, and who stands in it gains nothing.
+TEST(Search, LetsFallWhatLies) {
+  const Picture picture{"WWWWWWWWWWWWWWWWWWWWWWWWW", "W1;;;;;;;;;;;;;;;;;;;WWWW", "W;;;;;;;;;;;;;;;;;;;;WWWW",
+                        "W;;;;;;;;;;;;;;;;;;;;WRWW", "W;;;;;;;;;;;;;;;;;;;;;;WW", "W;;;;;;;;;;;;;;;;;;;;W.WW",
+                        "W;;;;;;;;;;;;;;;;;;;;W.WW", "W;;;;;;;;;;;;;;;;;;;;WIWW", "W;;;;;;;;;;;;;;;;;;;;XXXW",
+                        "WWWWWWWWWWWWWWWWWWWWWWTWW", "WWWWWWWWWWWWWWWWWWWWWWWWW"};
+  const Hra begin = Play(picture, {.needed = 0});
+  std::uint64_t ticks = 0;
+  for (std::uint64_t seed = 1; seed < 9; ++seed) {
+    Search search(begin, seed, {});
+    ASSERT_TRUE(search.Go(kPatience)) << seed;
+    ticks += search.Ticks();
+  }
+  EXPECT_LT(ticks, 10'000U) << "by chance alone it takes several times as long";
+}
+
+// The most gems that are had where the boulder can fall on the bomb and open the way to the gem. The finish
+// is at this column of the last row, too far off to be reached within the bound.
+int MostGemsBesideAFinish(std::size_t column) {
+  Picture picture{"WWWWWWWWWWWWWWWWWWWWWWWWWWWWWW", "WWWWRWWWWWWWWWWWWWWWWWWWWWWWWW",
+                  "W1;;;;;;;;;;;;;;;;;;;;;;;;;;;W", "WWWW.WWWWWWWWWWWWWWWWWWWWWWW;W",
+                  "WWWW.XWWWWWWWWWWWWWWWWWWWWWW;W", "WWWXIXDWWWWWWWWWWWWWWWWWWWWW;W",
+                  "WWWWWWWWWW;;;;;;;;;;;;;;;;;;;W"};
+  picture[6].replace(column, 10 - column, std::string(10 - column, ';'));
+  picture[6][column] = 'T';
+  int most = 0;
+  for (std::uint64_t seed = 1; seed < 6; ++seed) {
+    Search search(Play(picture, {.needed = 0}), seed, {});
+    search.SetBound(40);
+    EXPECT_FALSE(search.Go(20'000)) << seed;
+    most = std::max(most, search.MostGems());
+  }
+  return most;
+}
+
+TEST(Search, DoesNotGoOnWithWhatIsLost) {
+  EXPECT_EQ(MostGemsBesideAFinish(8), 1);
+  EXPECT_EQ(MostGemsBesideAFinish(5), 0) << "the bomb burns the only finish";
 }
 
 // All of the time counts, to its last tick.

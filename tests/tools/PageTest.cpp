@@ -42,6 +42,14 @@ TEST_F(Page, TellsOfATemplateThatCannotBeRead) {
   EXPECT_NE(told.err.find("missing.html"), std::string::npos) << told.err;
 }
 
+TEST_F(Page, TellsOfATemplateWithoutAPlaceForIt) {
+  folder.Write("page.html", "<p>a</p><p>b</p>");
+  const Told told = Of(record);
+  EXPECT_EQ(told.exit, Exit::BadText);
+  EXPECT_NE(told.err.find("page.html: this template has no place"), std::string::npos) << told.err;
+  EXPECT_EQ(told.err.find("run.zkr"), std::string::npos) << told.err;
+}
+
 TEST_F(Page, LeavesWhatStandsInItsPlaceWhereItFails) {
   folder.Write("out.html", "mine");
   EXPECT_EQ(Of(folder.Write("other.zk", "nothing of the game")).exit, Exit::BadCollection);

@@ -8,7 +8,6 @@
 #include "support/Scene.h"
 #include "tools/Tool.h"
 #include "zktool/PostcardText.h"
-#include "zktool/RecordFiles.h"
 
 namespace zorik::test {
 namespace {

@@ -76,7 +76,7 @@ TEST_F(Show, AnswersHowProgramsEnd) {
 
 TEST_F(Show, LetsOneProgramReadWhatAnotherWrites) {
   const std::string words = folder.In("words"), copy = folder.In("copy");
-  const Result<PipeEnd> end =
+  const auto end =
       RunPipe({"printf", "so it is"}, {"sh", "-c", "cat >\"$0\"; echo said >&2; exit 3", copy}, words);
   ASSERT_TRUE(end) << end.Message();
   EXPECT_EQ(end->writer, 0);
@@ -88,9 +88,13 @@ TEST_F(Show, LetsOneProgramReadWhatAnotherWrites) {
 // Neither waits for the other for ever.
 TEST_F(Show, EndsAPipeOfWhichOneEndCannotBeStarted) {
   const std::string words = folder.In("words");
-  EXPECT_FALSE(RunPipe({"yes"}, {"no-such-program-anywhere"}, words));
-  EXPECT_FALSE(RunPipe({"no-such-program-anywhere"}, {"cat"}, words));
-  const Result<PipeEnd> deaf = RunPipe({"yes"}, {"true"}, words);
+  const auto unread = RunPipe({"yes"}, {"no-such-program-anywhere"}, words);
+  ASSERT_FALSE(unread);
+  EXPECT_TRUE(unread.Why().lacksReader);
+  const auto unwritten = RunPipe({"no-such-program-anywhere"}, {"cat"}, words);
+  ASSERT_FALSE(unwritten);
+  EXPECT_FALSE(unwritten.Why().lacksReader);
+  const auto deaf = RunPipe({"yes"}, {"true"}, words);
   ASSERT_TRUE(deaf);
   EXPECT_GT(deaf->writer, 0);
 }

@@ -8,7 +8,6 @@
 #include "data/Scramble.h"
 #include "support/Scene.h"
 #include "tools/Tool.h"
-#include "zktool/RecordFiles.h"
 
 namespace zorik::test {
 namespace {

@@ -1,11 +1,8 @@
 #include <gtest/gtest.h>
 
-#include <QImage>
-#include <filesystem>
-
 #include "data/Result.h"
+#include "skin/PictureFolder.h"
 #include "support/Scene.h"
-#include "support/TempFolder.h"
 #include "zkpaint/CaveFilm.h"
 
 namespace zorik::test {
@@ -14,26 +11,17 @@ namespace {
 constexpr QRgb kSpace = 0xFF101010, kDirt = 0xFF20C020, kDog = 0xFFF0F0F0, kHotDirt = 0xFFC02020;
 
 // A skin of plain colours.
-class CaveFilmTest : public ::testing::Test {
+class CaveFilmTest : public PictureFolder {
  protected:
   CaveFilmTest() {
-    std::filesystem::create_directories(temp_.Path() + "/Default/Game/Hot");
-    Paint("error", 0xFFFF00FF);
-    Paint("Default/Game/Space", kSpace);
-    Paint("Default/Game/Dirt", kDirt);
-    Paint("Default/Game/Dog", kDog);
-    Paint("Default/Game/Hot/Dirt", kHotDirt);
+    Paint("error.bmp", 0xFFFF00FF);
+    Paint("Default/Game/Space.bmp", kSpace);
+    Paint("Default/Game/Dirt.bmp", kDirt);
+    Paint("Default/Game/Dog.bmp", kDog);
+    Paint("Default/Game/Hot/Dirt.bmp", kHotDirt);
   }
 
-  void Paint(const std::string& name, QRgb colour) const {
-    QImage image(80, 80, QImage::Format_RGB32);
-    image.fill(colour);
-    ASSERT_TRUE(image.save(QString::fromStdString(temp_.Path() + "/" + name + ".bmp")));
-  }
-
-  CaveFilm Film(const PictureTerms& terms) const { return {SkinPlaces{temp_.Path()}, terms}; }
-
-  TempFolder temp_{"film"};
+  CaveFilm Film(const PictureTerms& terms) const { return {places_, terms}; }
 };
 
 // The colours of the cells of a picture, each looked at in all its corners.

@@ -1,11 +1,11 @@
 #include <gtest/gtest.h>
 
-#include <QImage>
 #include <cstdlib>
 #include <filesystem>
 #include <sstream>
 
 #include "data/Result.h"
+#include "skin/PictureFolder.h"
 #include "support/Scene.h"
 #include "tools/Tool.h"
 #include "zkpaint/Painting.h"
@@ -20,8 +20,7 @@ class Painting : public ::testing::Test {
  protected:
   Painting() {
     fs::create_directories(folder.In("home/Skins/Default/Game"));
-    QImage image(80, 80, QImage::Format_RGB32);
-    image.fill(Qt::green);
+    const QImage image = Plain(qRgb(0, 255, 0));
     for (const char* name : {"error", "Default/Game/Space"})
       EXPECT_TRUE(image.save(QString::fromStdString(folder.In("home/Skins/") + name + ".bmp")));
     setenv("ZORIK_HOME", folder.In("home").c_str(), 1);
@@ -125,19 +124,37 @@ TEST_F(Painting, WritesAPictureForEachTickOfAFilm) {
     EXPECT_EQ(told.out.substr(i * (head.size() + 12 * 6 * 3), head.size()), head);
 }
 
+// The folder of the skins that are found from that of a program, where nothing but those lie.
+std::string FoundIn(const Folder& folder, const std::string& program, const std::string& skins) {
+  fs::create_directories(folder.In(program));
+  fs::create_directories(folder.In(skins + "/Default/Game"));
+  const Needed<SkinPlaces> found = FindSkin(folder.In(program), "");
+  return found ? found->SkinsPath : std::string();
+}
+
 TEST_F(Painting, LooksForTheSkinsWhereTheGameHasThem) {
-  const std::string program = folder.In("usr/bin"), none = folder.In("none");
+  const std::vector<std::pair<std::string, std::string>> places{
+      {"usr/games", "usr/share/games/zorik/Skins"},
+      {"build/tools", "build/src/app/Skins"},
+      {"zorik", "zorik/Skins"},
+  };
+  for (const auto& [program, skins] : places) {
+    const Folder own;
+    EXPECT_EQ(FoundIn(own, program, skins), own.In(skins));
+  }
+  EXPECT_EQ(FoundIn(folder, "usr/games", "usr/share/zorik/Skins"), "") << "no installation puts them there";
+}
+
+TEST_F(Painting, TakesThePlayersSkinsBeforeThoseOfTheGame) {
+  const std::string program = folder.In("usr/games"), none = folder.In("none");
   fs::create_directories(program);
   EXPECT_EQ(FindSkin(program, "").Why().exit, Exit::CannotRead);
   EXPECT_EQ(FindSkin(program, none).Why().exit, Exit::CannotRead);
-  fs::create_directories(folder.In("usr/share/zorik/Skins/Default/Game"));
-  const Needed<SkinPlaces> installed = FindSkin(program, "");
-  ASSERT_TRUE(installed);
-  EXPECT_EQ(installed->SkinsPath, folder.In("usr/share/zorik/Skins"));
+  fs::create_directories(folder.In("usr/share/games/zorik/Skins/Default/Game"));
   const Needed<SkinPlaces> own = FindSkin(program, none);
   ASSERT_TRUE(own);
   EXPECT_EQ(own->SkinsPath, none + "/Skins");
-  EXPECT_EQ(own->ShippedSkins, folder.In("usr/share/zorik/Skins"));
+  EXPECT_EQ(own->ShippedSkins, folder.In("usr/share/games/zorik/Skins"));
 }
 
 TEST_F(Painting, IsCalledByZktoolAlone) {

@@ -54,6 +54,13 @@ case $what in
     code=0; words=$(PATH=/nonexistent "$tool" movie "$record" -o out.gif 2>&1) || code=$?
     equals "the exit code without ffmpeg" $code 11
     [[ $words == *"ffmpeg cannot be started"*"package ffmpeg"* ]] || { echo "$words"; exit 1; }
+    # What takes no pictures says why, not who made them.
+    mkdir bin
+    printf '#!/bin/sh\necho it is broken >&2\nexit 1\n' >bin/ffmpeg
+    chmod +x bin/ffmpeg
+    code=0; words=$(trap '' PIPE; PATH=$PWD/bin:$PATH "$tool" movie "$record" -o out.gif 2>&1) || code=$?
+    equals "the exit code with a broken ffmpeg" $code 11
+    [[ $words == *"ffmpeg could not make the movie: it is broken"* ]] || { echo "$words"; exit 1; }
     [[ ! -e out.gif ]] || { echo "there is a movie all the same"; exit 1; }
     ;;
 esac

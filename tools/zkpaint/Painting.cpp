@@ -9,6 +9,7 @@
 
 #include "data/Files.h"
 #include "data/Lines.h"
+#include "data/ProgramFolder.h"
 #include "data/RecordFile.h"
 #include "data/Result.h"
 #include "data/Scramble.h"
@@ -95,10 +96,9 @@ Exit WriteFilm(CaveFilm& film, Console& console) {
 
 Needed<SkinPlaces> FindSkin(const std::string& programFolder, const std::string& zorikHome) {
   const fs::path folder = programFolder;
-  // In the build, in an installation, and in one of a distribution; beside the game.
-  for (const char* place : {"../src/app/Skins", "../share/zorik/Skins", "../share/games/zorik/Skins",
-                            "../../share/zorik/Skins", "../../share/games/zorik/Skins", "Skins"}) {
-    const fs::path skins = (folder / place).lexically_normal();
+  // In the build, in an installation, and beside the game.
+  for (const fs::path& place : {folder / "../src/app", fs::path(InstalledData(programFolder)), folder}) {
+    const fs::path skins = (place / "Skins").lexically_normal();
     if (!HoldsSkin(skins)) continue;
     if (zorikHome.empty()) return SkinPlaces{skins.string()};
     return SkinPlaces{zorikHome + "/Skins", kDefaultSkin, skins.string()};
@@ -116,10 +116,8 @@ Exit RunZkpaint(std::span<const std::string> arguments, Console& console) {
   const Result<PictureTerms> terms = ReadPictureTerms(*line, kRenderedCell);
   if (!terms) return Fail(console, Exit::Usage, terms.Message());
   if (line->Has("-o") != (kind == "picture")) return Fail(console, Exit::Usage, "-o belongs to picture");
-  std::error_code error;
   const char* const home = std::getenv("ZORIK_HOME");
-  const Needed<SkinPlaces> skin =
-      FindSkin(fs::read_symlink("/proc/self/exe", error).parent_path().string(), home == nullptr ? "" : home);
+  const Needed<SkinPlaces> skin = FindSkin(RunningProgramFolder(), home == nullptr ? "" : home);
   if (!skin) return Fail(console, skin.Why());
   CaveFilm film(*skin, *terms);
   const Needed<Done> opened = Open(film, line->operands[0], terms->number);

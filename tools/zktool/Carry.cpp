@@ -8,7 +8,6 @@
 #include "data/Scramble.h"
 #include "zktool/Caves.h"
 #include "zktool/Commands.h"
-#include "zktool/RecordFiles.h"
 #include "zktool/Verdict.h"
 
 namespace zorik {

@@ -22,7 +22,7 @@ constexpr std::array<ExitRow, 13> kExits{{
     {Exit::BadCave, "bad-cave", "a text tells no cave that can be played"},
     {Exit::BadKeys, "bad-keys", "a key script holds something else than keys"},
     {Exit::BadCollection, "bad-collection", "a file is no collection"},
-    {Exit::BadText, "bad-text", "a readable text of a collection, or a postcard's word, has a mistake"},
+    {Exit::BadText, "bad-text", "a readable text, a postcard's word or a page's template has a mistake"},
     {Exit::BadTrace, "bad-trace", "a saved trace holds a line that is none of a trace"},
     {Exit::NoSuchCave, "no-such-cave", "the collection has no cave of this number"},
     {Exit::Failed, "failed", "the system gave no more memory or threads, or lacks a program"},

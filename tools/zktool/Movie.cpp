@@ -17,7 +17,6 @@ namespace zorik {
 namespace {
 
 constexpr int kPlaySpeed = 8;  // at which the game begins with a new player
-constexpr int kKilled = 128;   // exit codes of programs that did not end by themselves begin here
 constexpr const char* kFfmpeg = "ffmpeg";
 
 // How a kind of file is made of the pictures.
@@ -86,13 +85,19 @@ class Film {
     reader.insert(reader.end(), words.begin(), words.end());
     reader.push_back(out);
     const std::string said = folder_.In("words.txt");
-    const Result<PipeEnd> end = RunPipe(writer, reader, said);
-    if (!end) return Refusal{{end.Message() + " (in Debian it is the package ffmpeg)"}, Exit::Failed};
-    if (end->writer > 0 && end->writer < kKilled)  // it has said why
+    const Result<PipeEnd, NoPipe> end = RunPipe(writer, reader, said);
+    if (!end) return Refusal{{end.Message() + HintAt(end.Why())}, Exit::Failed};
+    // A writer that nobody reads cannot help it.
+    const bool unread = end->reader != 0 && end->writer == static_cast<int>(Exit::CannotWrite);
+    if (!unread && end->writer > 0 && end->writer < kKilled)  // it has said why
       return Refusal{{"there are no pictures for the movie"}, static_cast<Exit>(end->writer)};
     if (end->reader != 0) return Refusal{{"ffmpeg could not make the movie: " + Start(said)}, Exit::Failed};
     if (end->writer != 0) return Refusal{{"zkpaint has come to a bad end"}, Exit::Failed};
     return Done{};
+  }
+
+  static std::string HintAt(const NoPipe& reason) {
+    return reason.lacksReader ? " (in Debian it is the package ffmpeg)" : "";
   }
 
   // What a program has said, as far as a line holds it.

@@ -13,7 +13,7 @@
 #include <optional>
 #include <system_error>
 
-#include "data/Result.h"
+#include "data/ProgramFolder.h"
 
 namespace zorik {
 namespace {
@@ -49,7 +49,6 @@ Result<pid_t> Start(const ProgramCall& call, const Streams& streams) {
 }
 
 int WaitFor(pid_t process) {
-  constexpr int kKilled = 128;
   int status = 0;
   while (waitpid(process, &status, 0) < 0) {
     if (errno != EINTR) return kKilled;
@@ -61,12 +60,8 @@ int WaitFor(pid_t process) {
 
 std::string ProgramBeside(const std::string& name) {
   std::error_code error;
-  const fs::path folder = fs::read_symlink("/proc/self/exe", error).parent_path();
-  for (const fs::path& place : {folder, folder / "../libexec/zorik"}) {
-    const fs::path program = (place / name).lexically_normal();
-    if (fs::is_regular_file(program, error)) return program.string();
-  }
-  return {};
+  const fs::path program = fs::path(RunningProgramFolder()) / name;
+  return fs::is_regular_file(program, error) ? program.string() : std::string();
 }
 
 Result<int> RunProgram(const ProgramCall& call) {
@@ -75,9 +70,10 @@ Result<int> RunProgram(const ProgramCall& call) {
   return WaitFor(*process);
 }
 
-Result<PipeEnd> RunPipe(const ProgramCall& writer, const ProgramCall& reader, const std::string& words) {
+Result<PipeEnd, NoPipe> RunPipe(const ProgramCall& writer, const ProgramCall& reader,
+                                const std::string& words) {
   std::array<int, 2> ends{};
-  if (pipe2(ends.data(), O_CLOEXEC) != 0) return Failure{"the system gives no pipe"};
+  if (pipe2(ends.data(), O_CLOEXEC) != 0) return NoPipe{{"the system gives no pipe"}};
   Streams into, from;
   from.Give(ends[0], STDIN_FILENO);
   from.Write(STDERR_FILENO, words);
@@ -89,7 +85,7 @@ Result<PipeEnd> RunPipe(const ProgramCall& writer, const ProgramCall& reader, co
   PipeEnd end;
   if (first) end.writer = WaitFor(*first);
   if (second) end.reader = WaitFor(*second);
-  if (!first) return Failure{first.Message()};
+  if (!first) return NoPipe{{first.Message()}, !second};
   return end;
 }
 

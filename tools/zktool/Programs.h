@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "data/ResultFwd.h"
+#include "data/Result.h"
 
 namespace zorik {
 
@@ -14,17 +14,26 @@ using ProgramCall = std::vector<std::string>;
 // The path of a program that is built and installed with this one; empty where it is not there.
 std::string ProgramBeside(const std::string& name);
 
-// Runs a program on the same standard streams, and answers its exit code; 128 and more when it was killed.
-// Fails when it cannot be started.
+// Exit codes of programs that did not end by themselves begin here.
+inline constexpr int kKilled = 128;
+
+// Runs a program on the same standard streams, and answers its exit code; kKilled and more when it was
+// killed. Fails when it cannot be started.
 Result<int> RunProgram(const ProgramCall& call);
 
 struct PipeEnd {
   int writer = 0, reader = 0;  // exit codes, as above
 };
 
+// Why there is no pipe of two programs.
+struct NoPipe : Failure {
+  bool lacksReader = false;  // the second one cannot be started
+};
+
 // Runs two programs, the second of which reads what the first writes. What the second says of failures goes
 // into a file.
-Result<PipeEnd> RunPipe(const ProgramCall& writer, const ProgramCall& reader, const std::string& words);
+Result<PipeEnd, NoPipe> RunPipe(const ProgramCall& writer, const ProgramCall& reader,
+                                const std::string& words);
 
 // A folder for what programs hand to one another, gone with all in it when this is.
 class WorkFolder {

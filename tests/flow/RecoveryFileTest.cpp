@@ -1,0 +1,59 @@
+#include <gtest/gtest.h>
+
+#include "data/Chance.h"
+#include "data/Result.h"
+#include "flow/RecoveryFile.h"
+
+namespace zorik {
+namespace {
+
+const RecoveryFile kFile{1700000000,
+                         {"lines\r\nof the collection\n", "N\xE1zev\nname 3", "Eva", "/a/b\nc.zk", true, 7}};
+
+TEST(RecoveryFileTest, GivesBackWhatWasPutIn) {
+  const Result<RecoveryFile> read = ReadRecovery(BuildRecovery(kFile));
+  ASSERT_TRUE(read) << read.Message();
+  EXPECT_EQ(read->Time, kFile.Time);
+  EXPECT_EQ(read->Sada, kFile.Sada);
+}
+
+TEST(RecoveryFileTest, IsNoneWhenAnythingOfItLacks) {
+  const std::string bytes = BuildRecovery(kFile);
+  for (std::size_t length = 0; length < bytes.size(); ++length) {
+    EXPECT_FALSE(ReadRecovery(std::string_view(bytes).substr(0, length))) << length;
+  }
+  EXPECT_FALSE(ReadRecovery(bytes + "x"));
+}
+
+TEST(RecoveryFileTest, IsNoneWithALengthThatCannotBe) {
+  std::string bytes = BuildRecovery(kFile);
+  const std::string length = "author 3";
+  const std::size_t at = bytes.find(length);
+  ASSERT_NE(at, std::string::npos);
+  for (const char* other : {"author -3", "author 99999999999999999999", "author 9223372036854775807",
+                            "author ", "author 3x", "author 0x3"}) {
+    std::string damaged = bytes;
+    damaged.replace(at, length.size(), other);
+    EXPECT_FALSE(ReadRecovery(damaged)) << other;
+  }
+}
+
+TEST(RecoveryFileTest, NeverBreaksOffWithDamage) {
+  const std::string bytes = BuildRecovery(kFile);
+  Chance chance(7);
+  for (int i = 0; i < 20000; ++i) {
+    std::string damaged = bytes;
+    const std::uint32_t times = 1 + chance.Below(4);
+    for (std::uint32_t n = 0; n < times; ++n) {
+      damaged[chance.Below(static_cast<std::uint32_t>(damaged.size()))] =
+          static_cast<char>(chance.Below(256));
+    }
+    const Result<RecoveryFile> read = ReadRecovery(damaged);
+    if (read) {
+      EXPECT_LE(read->Sada.Bytes.size(), bytes.size());
+    }
+  }
+}
+
+}  // namespace
+}  // namespace zorik
