@@ -5,6 +5,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMenu>
+#include <QStatusBar>
 #include <QToolButton>
 #include <QUrl>
 
@@ -158,6 +159,7 @@ void FrmSada::SetLWEd() {
 }
 
 void FrmSada::AfterChange() {
+  statusBar()->clearMessage();
   GetNames();
   UpdateTitle();
 }

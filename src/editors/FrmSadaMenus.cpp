@@ -93,15 +93,15 @@ void FrmSada::MakeUndoMenu() {
 void FrmSada::MakeAddMenu() {
   mnuAdd_ = menus_.AddMenu(*mnuCave_, "mnuAdd", "caption.sada.menu.add");
   const auto add = [this](const char* name, const char* key, const char* keys, NewCaveSize size,
-                          CavePlace place) {
+                          NewCavePlace place) {
     menus_.Add(*mnuAdd_, name, key, keys,
                [this, size, place] { Add([=](SadaModel& sada) { sada.AddCave(size, place); }); });
   };
-  add("mnuAdd(0)", "caption.sada.small", "F3", NewCaveSize::Small, CavePlace::Chosen);
-  add("mnuAdd(1)", "caption.sada.large", "", NewCaveSize::Large, CavePlace::Chosen);
+  add("mnuAdd(0)", "caption.sada.small", "F3", NewCaveSize::Small, NewCavePlace::Chosen);
+  add("mnuAdd(1)", "caption.sada.large", "", NewCaveSize::Large, NewCavePlace::Chosen);
   mnuAdd_->addSeparator();
-  add("mnuAddEnd(0)", "caption.sada.smallend", "Shift+F3", NewCaveSize::Small, CavePlace::End);
-  add("mnuAddEnd(1)", "caption.sada.largeend", "", NewCaveSize::Large, CavePlace::End);
+  add("mnuAddEnd(0)", "caption.sada.smallend", "Shift+F3", NewCaveSize::Small, NewCavePlace::End);
+  add("mnuAddEnd(1)", "caption.sada.largeend", "", NewCaveSize::Large, NewCavePlace::End);
 }
 
 void FrmSada::Add(const std::function<void(SadaModel& sada)>& act) {
@@ -142,7 +142,7 @@ void FrmSada::MakeCaveMenu() {
   mnuPaste_ = menus_.Add(menu, "mnuPaste", "caption.sada.paste", "Shift+Ins",
                          [this] { Add([](SadaModel& sada) { sada.Paste(); }); });
   mnuPasteEnd_ = menus_.Add(menu, "mnuPasteEnd", "caption.sada.pasteend", "",
-                            [this] { Add([](SadaModel& sada) { sada.Paste(CavePlace::End); }); });
+                            [this] { Add([](SadaModel& sada) { sada.Paste(NewCavePlace::End); }); });
   menu.addSeparator();
   mnuUp_ = menus_.Add(menu, "mnuUp", "caption.sada.up", "F5", change([](SadaModel& sada) { sada.Up(); }));
   mnuDown_ =

@@ -176,6 +176,8 @@ TEST_F(FrmSadaUndoTest, AddsCavesBehindAllAndSaysWhetherTheyAreOpen) {
   Key(Qt::Key_F3);
   EXPECT_EQ(Rows()[1], "*Nová malá komnata");
   EXPECT_EQ(Said(), "Komnata 2 je přidaná a otevřená od začátku.");
+  Action("mnuUndo").trigger();
+  EXPECT_EQ(Said(), "");
 }
 
 TEST_F(FrmSadaUndoTest, PastesBehindAll) {

@@ -8,6 +8,7 @@
 
 #include "Samples.h"
 #include "data/CaveO.h"
+#include "data/FileTrouble.h"
 #include "data/Files.h"
 #include "data/Result.h"
 #include "flow/SadaModel.h"

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "Samples.h"
+#include "data/FileTrouble.h"
 #include "data/Files.h"
 #include "data/Result.h"
 #include "flow/SadaModel.h"
