@@ -1,5 +1,8 @@
 #include "editors/ToolWords.h"
 
+#include <QHBoxLayout>
+#include <QLabel>
+
 #include "editors/DrawHand.h"
 #include "screens/Hint.h"
 #include "screens/PlainText.h"
@@ -7,10 +10,13 @@
 
 namespace zorik {
 
-ToolWords::ToolWords(Skin& skin, DrawHand& hand, QWidget* parent) : QLabel(parent), skin_(skin), hand_(hand) {
-  setObjectName("lblTool");
-  setTextFormat(Qt::PlainText);
-  setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+ToolWords::ToolWords(Skin& skin, DrawHand& hand, QWidget* parent)
+    : QWidget(parent), skin_(skin), hand_(hand), label_(NewLabel(this)) {
+  label_->setObjectName("lblTool");
+  label_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  auto* const row = new QHBoxLayout(this);
+  row->setContentsMargins(0, 0, 0, 0);
+  row->addWidget(label_);
   connect(&hand, &DrawHand::ToolChanged, this, &ToolWords::Update);
   connect(&hand, &DrawHand::ShapeChanged, this, &ToolWords::Update);
 }
@@ -24,11 +30,11 @@ void ToolWords::Update() {
   if (!size.isEmpty()) words = QString("%1 × %2   ").arg(size.width()).arg(size.height()) + words;
   words = OneLine(words);
   SetHint(*this, words);
-  setText(fontMetrics().elidedText(words, Qt::ElideRight, width()));
+  label_->setText(label_->fontMetrics().elidedText(words, Qt::ElideRight, width()));
 }
 
 void ToolWords::resizeEvent(QResizeEvent* event) {
-  QLabel::resizeEvent(event);
+  QWidget::resizeEvent(event);
   Update();
 }
 

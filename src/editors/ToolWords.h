@@ -1,6 +1,8 @@
 #pragma once
 
-#include <QLabel>
+#include <QWidget>
+
+class QLabel;
 
 namespace zorik {
 
@@ -9,13 +11,11 @@ class Skin;
 
 // What the status bar says of the tool that is taken: how it is used, and how large a shape, a selection or a
 // part in the hand is. What has no room is cut off.
-class ToolWords : public QLabel {
+class ToolWords : public QWidget {
  public:
   ToolWords(Skin& skin, DrawHand& hand, QWidget* parent);
 
   void Update();
-
-  QSize minimumSizeHint() const override { return {0, QLabel::minimumSizeHint().height()}; }
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
@@ -23,6 +23,7 @@ class ToolWords : public QLabel {
  private:
   Skin& skin_;
   DrawHand& hand_;
+  QLabel* label_;
 };
 
 }  // namespace zorik
