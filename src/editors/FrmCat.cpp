@@ -202,7 +202,7 @@ std::optional<std::string> FrmCat::Edit(const std::string& script) {
 
 std::optional<std::string> FrmCat::Program() const {
   if (!isVisible()) return std::nullopt;
-  return script_.Program();
+  return editing_.Script().Program();
 }
 
 void FrmCat::LoadNames() {

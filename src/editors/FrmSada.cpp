@@ -318,7 +318,7 @@ void FrmSada::mnuGratulace_Click() {
 // Other forms of a collection
 
 void FrmSada::mnuToTexts_Click() {
-  if (FitsFile()) OfferTexts(skin_, this, sada_);
+  if (files_.FitsFile(*this)) OfferTexts(skin_, this, sada_);
 }
 
 void FrmSada::mnuFromTexts_Click() {

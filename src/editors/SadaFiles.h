@@ -30,6 +30,9 @@ class SadaFiles {
   bool Save(QWidget& over);
   bool SaveAs(QWidget& over);
 
+  // Whether a file has room for all texts; a message names the one that is too long, and leads to it.
+  bool FitsFile(QWidget& over);
+
   // The file that is proposed for saving.
   QString ProposedPath() const;
 
@@ -43,7 +46,6 @@ class SadaFiles {
   // Where to save what could not be saved to this path: there again, or elsewhere; empty for nowhere.
   QString AskWhereElse(QWidget& over, const QString& path, FileTrouble trouble);
   QString AskForPath(QWidget& over);
-  bool FitsFile(QWidget& over);
 
   Skin& skin_;
   Paths paths_;

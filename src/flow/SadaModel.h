@@ -9,13 +9,13 @@
 #include "data/Chance.h"
 #include "data/Collection.h"
 #include "data/CollectionFaults.h"
+#include "data/FileTrouble.h"
 #include "data/ResultFwd.h"
 #include "flow/SadaHistory.h"
 
 namespace zorik {
 
 struct KeptSada;
-struct FileFailure;
 
 // What the language gives to a new collection and to its caves, in Windows-1250.
 struct SadaWords {
