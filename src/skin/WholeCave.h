@@ -5,7 +5,7 @@
 namespace zorik {
 
 class CavePainter;
-class Hra;
+struct Hra;
 
 // The whole cave of a run as the game shows it at this moment, a cell so many pixels wide and high.
 QImage WholeCave(CavePainter& painter, const Hra& run, int cell);
