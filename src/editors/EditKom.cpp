@@ -22,8 +22,8 @@ int FloorDiv(double value, int divisor) {
   return static_cast<int>(std::floor(value / divisor));
 }
 
-// Whether the toolkit may leave out reports of the mouse that have queued up. Within a stroke it must not, or
-// the stroke would cut the corners of the pointer's way.
+// Whether the toolkit may leave out reports of the mouse that have queued up, as it does where desktops send
+// many. Within a stroke it must not, or the stroke would cut the corners of the pointer's way.
 void LeaveOutReports(bool may) {
   QCoreApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, may);
 }

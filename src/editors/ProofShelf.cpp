@@ -52,16 +52,15 @@ void ProofShelf::KeepWaiting(const CaveOrigin& origin, const std::string& caveNa
 // A collection that was not saved yet may get another name until it is.
 Result<Done> ProofShelf::Saved(const std::string& collection, const std::string& file,
                                const std::vector<std::string>& caves) {
-  std::optional<Failure> failed;
+  Result<Done> outcome = Done{};
   for (auto proof = waiting_.begin(); proof != waiting_.end();) {
     const auto& [names, record] = *proof;
     const bool due = names.first == collection || Proves(record, caves);
     const Result<std::string> kept = due ? StoreProof(ProofPath(file, names.second), record) : std::string();
-    if (!kept) failed = Failure{kept.Message()};
+    if (!kept) outcome = Failure{kept.Message()};
     proof = due && kept ? waiting_.erase(proof) : std::next(proof);
   }
-  if (failed) return *failed;
-  return Done{};
+  return outcome;
 }
 
 }  // namespace zorik

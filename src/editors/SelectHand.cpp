@@ -82,7 +82,7 @@ void SelectHand::Clear() {
 void SelectHand::Paste() {
   auto block = ReadBlock(QGuiApplication::clipboard()->text().toStdString());
   if (!block) {
-    const BlockFailure& failure = block.Why();
+    const BlockFailure failure = block.Why();
     emit Refused(failure.line == 0 ? "caption.main.noblock" : "caption.main.noblock.line", failure.line);
     return;
   }

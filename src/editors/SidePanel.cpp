@@ -54,7 +54,7 @@ SidePanel::SidePanel(QWidget& picture, QWidget* parent)
 void SidePanel::AddPage(QWidget& page, const char* key) {
   keys_.push_back(key);
   pages_->addTab(&page, QString());
-  pages_->setVisible(wanted_);
+  ShowPages();
 }
 
 void SidePanel::SetLW(const Skin& skin) {
@@ -65,7 +65,13 @@ void SidePanel::SetLW(const Skin& skin) {
 void SidePanel::SetWanted(bool wanted) {
   wanted_ = wanted;
   ZorikStore().setValue(kWanted, wanted);
-  pages_->setVisible(wanted && pages_->count() > 0);
+  ShowPages();
+}
+
+// At once with the handle beside them, so that the window knows its least width before it shows.
+void SidePanel::ShowPages() {
+  pages_->setVisible(wanted_ && pages_->count() > 0);
+  refresh();
 }
 
 void SidePanel::hideEvent(QHideEvent* event) {

@@ -28,6 +28,8 @@ class SidePanel : public QSplitter {
   void hideEvent(QHideEvent* event) override;
 
  private:
+  void ShowPages();
+
   QTabWidget* pages_;
   std::vector<const char*> keys_;
   bool wanted_ = true;

@@ -91,7 +91,7 @@ TEST_F(CaveHandTest, DoesNotDrawAlongTheEndOfTheCave) {
 }
 
 TEST_F(CaveHandTest, TakesAllReportsOfTheMouseWithinAStroke) {
-  EXPECT_TRUE(QCoreApplication::testAttribute(Qt::AA_CompressHighFrequencyEvents));
+  QCoreApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents);  // as on a desktop
   Press(2, 2);
   EXPECT_FALSE(QCoreApplication::testAttribute(Qt::AA_CompressHighFrequencyEvents));
   Release(2, 2);

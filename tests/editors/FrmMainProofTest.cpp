@@ -2,6 +2,7 @@
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QSpinBox>
+#include <QTabWidget>
 #include <filesystem>
 
 #include "data/CaveO.h"
@@ -45,6 +46,7 @@ class FrmMainProofTest : public testing::Test, public test::EditorScreen {
     origin.Number = 1;
     ASSERT_EQ(window->Edit(TextOf(picture), origin), FrmMain::Start::Editing);
     ASSERT_TRUE(QTest::qWaitForWindowExposed(window.get()));
+    Child<QTabWidget>("pages").setCurrentWidget(&Child<QWidget>("proofPage"));
     Answer();
   }
 

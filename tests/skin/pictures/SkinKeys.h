@@ -70,9 +70,9 @@ inline SkinKeys ReadSkinKeys(const std::string& path) {
       trap("a key said twice");
     }
   }
-  // A skin is read after the default one, and may say each key for the menus and again for the game: three
-  // such tables have to find room.
-  if (3 * lines->size() > SkinTable::kMostEntries) keys.Traps.push_back("too many lines");
+  // A skin is read after the default one. Keys that it says again take the place of those; half of all places
+  // is for keys of its own.
+  if (2 * lines->size() > SkinTable::kMostEntries) keys.Traps.push_back("too many lines");
   return keys;
 }
 
