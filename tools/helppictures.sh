@@ -25,6 +25,10 @@ for program in Xvfb openbox xdotool xwininfo import convert; do
   command -v "$program" >/dev/null || { echo "There is no $program here."; exit 1; }
 done
 [[ -x $app/zorik && -x $tool ]] || { echo "The game is not built; ./play builds it."; exit 1; }
+for language in "${languages[@]}"; do
+  [[ -e $app/Caves/1-zorikova-skola-$language.zk && -d $caves/records/1-zorikova-skola-$language ]] ||
+    { echo "The game has no caves; ./play builds them."; exit 1; }
+done
 
 scratch=$(mktemp -d)
 leave() {

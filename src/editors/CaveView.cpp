@@ -55,7 +55,7 @@ CaveView::CaveView(const CaveModel& cave, EditTiles& tiles, QWidget* parent)
       pan_(*edit_, *hScroll_, *vScroll_),
       autoScroll_(*edit_, *hScroll_, *vScroll_, nullptr) {
   ram_->setObjectName("Ram");
-  ram_->setMinimumSize(kColumns * EditKom::kCell, kRows * EditKom::kCell);
+  ram_->setMinimumSize(kLeastColumns * EditKom::kCell, kLeastRows * EditKom::kCell);
   ram_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
   ram_->setAutoFillBackground(true);
   ram_->setBackgroundRole(QPalette::Dark);
@@ -77,6 +77,11 @@ CaveView::CaveView(const CaveModel& cave, EditTiles& tiles, QWidget* parent)
   edit_->Over().grid = ZorikStore().value(kGrid).toBool();
   const int stored = ZorikStore().value(kCellSize).toInt();
   if (PlaceOf(stored) < kCellSizes.size()) edit_->SetCellSize(stored);
+}
+
+QSize CaveView::sizeHint() const {
+  const QSize bars(vScroll_->sizeHint().width(), hScroll_->sizeHint().height());
+  return QSize(kColumns, kRows) * EditKom::kCell + bars;
 }
 
 void CaveView::SetRozm() {

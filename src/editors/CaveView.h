@@ -18,12 +18,15 @@ class CaveView : public QWidget {
   Q_OBJECT
 
  public:
-  static constexpr int kColumns = 19;  // cells that always fit in at the usual size
-  static constexpr int kRows = 11;
+  static constexpr int kColumns = 24;  // cells that fit in at first, of the usual size
+  static constexpr int kRows = 14;
+  static constexpr int kLeastColumns = 8;  // on a small screen
+  static constexpr int kLeastRows = 4;
 
   CaveView(const CaveModel& cave, EditTiles& tiles, QWidget* parent);
 
   EditKom& Picture() { return *edit_; }
+  QSize sizeHint() const override;
 
   // The cave has another size: scrolls back to its beginning.
   void SetRozm();

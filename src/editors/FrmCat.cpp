@@ -94,7 +94,7 @@ FrmCat::FrmCat(Skin& skin, QWidget* parent)
   connect(insert_, &QPushButton::clicked, this, &FrmCat::Insert);
   connect(swap_, &QPushButton::clicked, this, [this] { Do(&CatEditing::Swap); });
   connect(ok_, &QPushButton::clicked, this, &FrmCat::accept);
-  if (!RestoreSize(*this)) resize(kUsualSize);
+  if (!RestoreSize(*this)) ResizeWithinScreen(*this, kUsualSize);
 }
 
 QPushButton* FrmCat::MakeButton(const char* name) {

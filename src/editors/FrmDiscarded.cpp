@@ -68,7 +68,7 @@ FrmDiscarded::FrmDiscarded(Skin& skin, RecoveryStore& store, QWidget* parent)
   connect(open_, &QPushButton::clicked, this, &QDialog::accept);
   connect(delete_, &QPushButton::clicked, this, &FrmDiscarded::Delete);
   connect(close_, &QPushButton::clicked, this, &QDialog::reject);
-  if (!RestoreSize(*this)) resize(kUsualSize);
+  if (!RestoreSize(*this)) ResizeWithinScreen(*this, kUsualSize);
 }
 
 void FrmDiscarded::LayOut() {

@@ -71,7 +71,7 @@ FrmMain::FrmMain(Skin& skin, CatEditor editCat, std::uint64_t seed, QWidget* par
   connect(frmFormality_, &FrmFormality::HelpWanted, this, &FrmMain::HelpWanted);
   connect(frmFormality_, &FrmFormality::ShortcutsWanted, this, [this] { ShowShortcuts(frmFormality_); });
   SetLW();
-  adjustSize();
+  resize(sizeHint());
   // Its place is known from the start, so that a message can open in its middle.
   if (!RestoreSize(*this)) PutInMiddle(*this);
 }

@@ -102,7 +102,7 @@ FrmShortcuts::FrmShortcuts(const Skin& skin, const QMenuBar& menus, std::initial
   rows->addWidget(list_);
   rows->addWidget(buttons);
   list_->setFocus();
-  if (!RestoreSize(*this)) resize(kUsualSize);
+  if (!RestoreSize(*this)) ResizeWithinScreen(*this, kUsualSize);
 }
 
 void FrmShortcuts::done(int result) {

@@ -89,7 +89,7 @@ FrmStats::FrmStats(Skin& skin, const CaveModel& cave, EditTiles& tiles, QWidget*
   rows->addWidget(table);
   rows->addWidget(GemsLine(skin, cave, this));
   rows->addWidget(buttons);
-  if (!RestoreSize(*this)) resize(sizeHint().width(), kFirstHeight);
+  if (!RestoreSize(*this)) ResizeWithinScreen(*this, QSize(sizeHint().width(), kFirstHeight));
 }
 
 void FrmStats::done(int result) {

@@ -22,7 +22,7 @@ namespace zorik {
 namespace {
 
 constexpr int kBodyDigits = 5;
-constexpr int kDescriptionLines = 5;
+constexpr int kDescriptionLines = 3;  // at least
 constexpr int kNoteGap = 2;
 constexpr int kNameLetters = 26;  // at least to be seen of a text
 

@@ -4,13 +4,14 @@
 #include <QPaintEvent>
 #include <QPainter>
 #include <QToolButton>
-#include <QVBoxLayout>
 
 namespace zorik {
 namespace {
 
 constexpr int kIcon = 22;
+constexpr int kSpace = 2;
 constexpr int kGap = 8;
+constexpr int kMostColumns = 2;
 
 class StripButton : public QToolButton {
  public:
@@ -30,10 +31,6 @@ class StripButton : public QToolButton {
 
 ToolStrip::ToolStrip(QWidget* parent) : QWidget(parent) {
   setObjectName("ToolStrip");
-  auto* const rows = new QVBoxLayout(this);
-  rows->setContentsMargins(0, 0, 0, 0);
-  rows->setSpacing(2);
-  rows->addStretch();
 }
 
 void ToolStrip::Add(QAction& action) {
@@ -44,13 +41,52 @@ void ToolStrip::Add(QAction& action) {
   button->setIconSize(QSize(kIcon, kIcon));
   button->setDefaultAction(&action);
   button->setToolButtonStyle(Qt::ToolButtonIconOnly);
-  auto* const rows = static_cast<QVBoxLayout*>(layout());
-  rows->insertWidget(rows->count() - 1, button);
+  groups_.back().push_back(button);
+  Arrange();
 }
 
 void ToolStrip::AddGap() {
-  auto* const rows = static_cast<QVBoxLayout*>(layout());
-  rows->insertSpacing(rows->count() - 1, kGap);
+  groups_.emplace_back();
+}
+
+QSize ToolStrip::Arrange(int columns, bool move) const {
+  QSize whole;
+  int top = 0;
+  for (const std::vector<QWidget*>& group : groups_) {
+    for (std::size_t i = 0; i < group.size(); ++i) {
+      const int column = static_cast<int>(i) % columns;
+      const QSize size = group[i]->sizeHint();
+      const QRect place(QPoint(column * (size.width() + kSpace), top), size);
+      if (move) group[i]->setGeometry(place);
+      whole = whole.expandedTo(QSize(place.right() + 1, place.bottom() + 1));
+      if (column == columns - 1 || i + 1 == group.size()) top += size.height() + kSpace;
+    }
+    top += kGap;
+  }
+  return whole;
+}
+
+void ToolStrip::Arrange() {
+  const int columns = height() < Arrange(1, false).height() ? kMostColumns : 1;
+  setFixedWidth(Arrange(columns, true).width());
+}
+
+QSize ToolStrip::sizeHint() const {
+  return Arrange(1, false);
+}
+
+QSize ToolStrip::minimumSizeHint() const {
+  return {width(), Arrange(kMostColumns, false).height()};
+}
+
+void ToolStrip::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  Arrange();
+}
+
+void ToolStrip::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() == QEvent::StyleChange || event->type() == QEvent::FontChange) Arrange();
 }
 
 }  // namespace zorik

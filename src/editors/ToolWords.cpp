@@ -25,11 +25,12 @@ void ToolWords::Update() {
   const DrawToolRow& row = RowOf(hand_.Tool());
   const bool holds = hand_.Selection().Holds();
   const QString use = skin_.Caption(holds ? "caption.main.held.use" : row.words);
-  QString words = skin_.Caption(row.caption) + ": " + use;
+  const qsizetype stroke = use.indexOf('|');
+  const QString first = skin_.Caption(row.caption) + ": " + use.left(stroke);
+  SetHint(*this, stroke < 0 ? first : first + "; " + use.mid(stroke + 1));
   const QSize size = hand_.Size();
+  QString words = OneLine(first);
   if (!size.isEmpty()) words = QString("%1 × %2   ").arg(size.width()).arg(size.height()) + words;
-  words = OneLine(words);
-  SetHint(*this, words);
   label_->setText(label_->fontMetrics().elidedText(words, Qt::ElideRight, width()));
 }
 

@@ -23,9 +23,16 @@ bool RestoreSize(QWidget& window) {
   return window.restoreGeometry(ZorikStore().value(KeyOf(window)).toByteArray());
 }
 
+// A size below the window's least one would be put right when it is shown, and its place would then count
+// without the frame: the title would stand above the screen.
+void ResizeWithinScreen(QWidget& window, QSize size) {
+  const QSize most = window.screen()->availableSize() - kDesktopFrame;
+  window.resize(size.boundedTo(most).expandedTo(window.minimumSizeHint()));
+}
+
 void PutInMiddle(QWidget& window) {
   const QRect screen = window.screen()->availableGeometry();
-  window.resize(window.size().boundedTo(screen.size() - kDesktopFrame));
+  ResizeWithinScreen(window, window.size());
   const QPoint middle = screen.center() - window.rect().center();
   const QSize framed = window.size() + kDesktopFrame;
   const QPoint last = screen.bottomRight() + QPoint(1, 1) - QPoint(framed.width(), framed.height());

@@ -14,6 +14,9 @@ inline constexpr QSize kDesktopFrame(4, 36);
 // goes by its object name.
 void StoreSize(const QWidget& window);
 
+// The first size of a window: this one, or what the screen holds with a frame.
+void ResizeWithinScreen(QWidget& window, QSize size);
+
 // Gives a window the size that it had last. False when there is none.
 bool RestoreSize(QWidget& window);
 

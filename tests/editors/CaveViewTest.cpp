@@ -29,10 +29,18 @@ class CaveViewTest : public testing::Test, public test::EditorScreen {
   }
 };
 
-TEST_F(CaveViewTest, ShowsNineteenByElevenCellsAtLeast) {
+TEST_F(CaveViewTest, WantsToShowASmallCaveWithRoomAroundIt) {
   Open(Full(30, 20, ';'));
-  EXPECT_GE(Child<QWidget>("Ram").minimumWidth(), 19 * 26);
-  EXPECT_GE(Child<QWidget>("Ram").minimumHeight(), 11 * 26);
+  const QWidget& view = *Child<QWidget>("Ram").parentWidget();
+  EXPECT_GE(view.sizeHint().width(), 20 * 26);
+  EXPECT_GE(view.sizeHint().height(), 12 * 26);
+}
+
+// A screen of 1366 by 768 at twice the size has room for no more.
+TEST_F(CaveViewTest, FitsASmallScreen) {
+  Open(Full(30, 20, ';'));
+  EXPECT_LE(window->minimumSizeHint().width(), 679);
+  EXPECT_LE(window->minimumSizeHint().height(), 348);
 }
 
 TEST_F(CaveViewTest, ScrollsTheLargestCaveInStepsOfHalfACell) {

@@ -47,6 +47,28 @@ TEST_F(DrawHandTest, BeginsWithThePencil) {
   EXPECT_TRUE(Child<QToolButton>("btnPencil").isChecked());
 }
 
+// As the window is at first.
+TEST_F(DrawHandTest, TellsTheUseOfEachToolWithoutCuttingItOff) {
+  for (const Qt::Key key : {Qt::Key_P, Qt::Key_L, Qt::Key_R, Qt::Key_B, Qt::Key_F, Qt::Key_S}) {
+    Type(key);
+    EXPECT_FALSE(Words().isEmpty());
+    EXPECT_FALSE(Words().contains("…")) << qPrintable(Words());
+    EXPECT_FALSE(Words().contains('|')) << qPrintable(Words());
+  }
+}
+
+TEST_F(DrawHandTest, PutsTheToolsIntoTwoColumnsInALowWindow) {
+  QToolButton& pencil = Child<QToolButton>("btnPencil");
+  QToolButton& line = Child<QToolButton>("btnLine");
+  window->resize(window->width(), 700);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return line.x() == pencil.x() && line.y() > pencil.y(); }));
+  window->resize(window->width(), window->minimumSizeHint().height());
+  EXPECT_TRUE(QTest::qWaitFor([&] { return line.y() == pencil.y() && line.x() > pencil.x(); }));
+  const QWidget& strip = *pencil.parentWidget();
+  for (const QToolButton* const button : strip.findChildren<QToolButton*>())
+    EXPECT_TRUE(strip.rect().contains(button->geometry())) << qPrintable(button->objectName());
+}
+
 TEST_F(DrawHandTest, TakesEachToolByItsKeyAndByItsButton) {
   const std::pair<Qt::Key, const char*> keys[] = {{Qt::Key_L, "Line"},   {Qt::Key_R, "Rectangle"},
                                                   {Qt::Key_B, "Box"},    {Qt::Key_F, "Fill"},

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <QScreen>
+#include <QVBoxLayout>
 #include <QWidget>
 
 #include "editors/WindowPlace.h"
@@ -26,6 +27,16 @@ TEST(WindowPlace, LeavesNothingOutsideOfTheScreenNorItsFrame) {
   window.resize(9000, 9000);
   PutInMiddle(window);
   EXPECT_EQ(window.geometry(), QRect(Screen(window).topLeft(), Screen(window).size() - kDesktopFrame));
+}
+
+TEST(WindowPlace, LetsAWindowBeAsLargeAsItsPartsWant) {
+  QWidget window;
+  auto* const part = new QWidget(&window);
+  part->setMinimumSize(300, 200);
+  (new QVBoxLayout(&window))->addWidget(part);
+  ResizeWithinScreen(window, QSize(9000, 100));
+  EXPECT_EQ(window.width(), Screen(window).width() - kDesktopFrame.width());
+  EXPECT_EQ(window.height(), window.minimumSizeHint().height());
 }
 
 TEST(WindowPlace, ShowsTheUpperLeftCornerOfAWindowThatCannotBeSmaller) {
