@@ -353,7 +353,10 @@ TEST_F(FrmFormalityTest, AsksForItsPageAndForTheSheetOfShortcuts) {
   QObject::connect(window.get(), &FrmMain::HelpWanted, [&pages](const QString& page) { pages << page; });
   QStringList heads;
   Dialog([&](QWidget& dialog) {
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+    // The window behind it may just have been made active.
+    dialog.activateWindow();
+    Box(dialog, "Text3").setFocus();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return Box(dialog, "Text3").hasFocus(); }));
     QTest::keyClick(dialog.windowHandle(), Qt::Key_F1);
     EXPECT_EQ(pages, QStringList("editovat.html"));
     const test::InDialogNamed sheet("frmShortcuts", [&heads](QWidget& it) { heads = Heads(it); });

@@ -11,6 +11,7 @@
 #include <deque>
 #include <functional>
 #include <initializer_list>
+#include <string>
 #include <utility>
 
 namespace zorik::test {
@@ -34,7 +35,9 @@ class DialogScript {
     QWidget* const dialog = QApplication::activeModalWidget();
     if (dialog == nullptr || !dialog->isVisible()) return;
     if (acts_.empty()) {
-      ADD_FAILURE() << "a dialog too many: " << dialog->windowTitle().toStdString();
+      const auto* const text = dialog->findChild<QLabel*>("lblText");
+      ADD_FAILURE() << "a dialog too many: " << dialog->windowTitle().toStdString() << ": "
+                    << (text != nullptr ? text->text().toStdString() : std::string());
       dialog->close();
       return;
     }
