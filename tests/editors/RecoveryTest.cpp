@@ -258,7 +258,7 @@ TEST_F(OfferTest, TellsNameAgeAndNumberOfCavesAndOpensTheOne) {
   const std::optional<KeptEntry> left = OfferLeft(skin, nullptr, store);
   ASSERT_TRUE(left);
   EXPECT_TRUE(dialogs.Last().contains("„Jedna“, počet komnat 1")) << dialogs.Last().toStdString();
-  EXPECT_TRUE(dialogs.Last().contains("stáří 5\u00A0min")) << dialogs.Last().toStdString();
+  EXPECT_TRUE(dialogs.Last().contains("stáří 5 min")) << dialogs.Last().toStdString();
   window->OpenLeft(*left);
   EXPECT_EQ(Sada().Text(SadaText::Name), "Jedna");
   EXPECT_TRUE(window->isWindowModified());
