@@ -122,9 +122,7 @@ void DrawHand::GiveUp() {
   stroke_.reset();
   if (!tool || tool == DrawTool::Select) return select_.GiveUp();
   if (tool != DrawTool::Pencil) return;
-  const std::size_t before = cave_.UndoSteps().size();
-  cave_.EndStroke();
-  cave_.UndoTo(before);
+  cave_.DropStroke();
   emit Changed();
 }
 

@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "editors/CellPlaces.h"
+#include "editors/Shapes.h"
 #include "editors/ToolButtons.h"
 
 namespace zorik {
@@ -210,14 +211,13 @@ void EditKom::LeadStroke(QPoint cell) {
   emit Led(cell, button);
 }
 
-// The cell that the path starts in was drawn before, which makes no difference.
+// Side by side, as the pointer went: a way that is dug so can be walked. The cell that the path starts in has
+// been drawn.
 void EditKom::DrawPath(QPoint from, QPoint to, ToolButton button) {
   const QRect seen = SeenCells();
-  const QPoint way = to - from;
-  const int steps = std::max({std::abs(way.x()), std::abs(way.y()), 1});
-  for (int step = from == to ? steps : 1; step <= steps; ++step) {
-    const double part = static_cast<double>(step) / steps;
-    const QPoint cell(from.x() + qRound(way.x() * part), from.y() + qRound(way.y() * part));
+  for (const auto [x, y] : StrokeOf(ToPlace(from), ToPlace(to), AreaOf(cave_.Cave()))) {
+    const QPoint cell(x, y);
+    if (cell == from && from != to) continue;
     if (seen.contains(cell) || keys_.Strokes()) emit Drawn(cell, button);
   }
 }

@@ -262,6 +262,7 @@ void FrmCat::UpdateButtons() {
   mnuMoveDown_->setEnabled(script.CanMoveDown());
   mnuUndo_->setEnabled(editing_.Done() > 0);
   mnuRedo_->setEnabled(editing_.Done() < editing_.Steps());
+  mnuSteps_->setEnabled(editing_.Steps() > 0);
 }
 
 // Steps

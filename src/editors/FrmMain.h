@@ -168,6 +168,7 @@ class FrmMain : public QMainWindow {
   QAction* sep1_ = nullptr;
   QAction* mnuUndo_ = nullptr;
   QAction* mnuRedo_ = nullptr;
+  QMenu* mnuSteps_ = nullptr;
   QAction* mnuOkraj_ = nullptr;
   std::array<QAction*, 2> mnuReplEvery_{};
   std::array<QAction*, 4> mnuReplRan_{};

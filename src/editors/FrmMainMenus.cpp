@@ -2,6 +2,7 @@
 #include <QActionGroup>
 #include <QMenu>
 
+#include "editors/CaveSteps.h"
 #include "editors/CaveView.h"
 #include "editors/DrawMenus.h"
 #include "editors/EditorKeys.h"
@@ -48,6 +49,8 @@ void FrmMain::MakeEditMenu() {
   mnuUndo_ = menus_.Add(*mnuEd_, "mnuUndo", "caption.main.undo", "Ctrl+Z", [this] { Undo(false); });
   mnuRedo_ =
       menus_.Add(*mnuEd_, "mnuRedo", "caption.main.redo", "Ctrl+Y; Ctrl+Shift+Z", [this] { Undo(true); });
+  mnuSteps_ = menus_.AddMenu(*mnuEd_, "mnuSteps", "caption.steps.menu");
+  MakeStepsMenu(*mnuSteps_, skin_, StepsOfCave(skin_, model_, [this] { AfterChange(); }));
   mnuEd_->addSeparator();
   menus_.Add(*mnuEd_, "mnuRestore", "caption.main.restore", "", [this] { Restore(); });
   sep1_ = mnuEd_->addSeparator();
@@ -145,6 +148,7 @@ void FrmMain::UpdateMenus() {
   UpdateTitle();
   mnuUndo_->setEnabled(model_.CanUndo());
   mnuRedo_->setEnabled(model_.CanRedo());
+  mnuSteps_->setEnabled(model_.CanUndo() || model_.CanRedo());
   // A dog stands only once.
   const bool many = palette_->Tool(ToolButton::Left) != kDogTool;
   sep1_->setEnabled(many);

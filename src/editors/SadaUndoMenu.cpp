@@ -60,9 +60,8 @@ SadaUndoMenu::SadaUndoMenu(MenuBuilder& menus, const Skin& skin, SadaModel& sada
     sada_.Redo();
     emit Changed();
   });
-  menu.addSeparator();
-  mnuSteps_ = menus.AddMenu(menu, "mnuSteps", "caption.sada.steps");
-  connect(mnuSteps_, &QMenu::aboutToShow, this, &SadaUndoMenu::FillSteps);
+  mnuSteps_ = menus.AddMenu(menu, "mnuSteps", "caption.steps.menu");
+  MakeStepsMenu(*mnuSteps_, skin_, Steps());
 }
 
 void SadaUndoMenu::Update() {
@@ -72,7 +71,7 @@ void SadaUndoMenu::Update() {
   mnuUndo_->setEnabled(!undo.empty());
   mnuRedo_->setText(Named(kRedoWords.key, redo));
   mnuRedo_->setEnabled(!redo.empty());
-  mnuSteps_->setEnabled(!undo.empty());
+  mnuSteps_->setEnabled(!undo.empty() || !redo.empty());
 }
 
 QString SadaUndoMenu::Named(const char* key, const std::vector<SadaStep>& steps) const {
@@ -88,18 +87,24 @@ QString SadaUndoMenu::NameOf(const SadaStep& step) const {
   return FillMarks(kStepWords.In(skin_), words, OneLine(ToBox(step.Cave), kMostOfName));
 }
 
-// Each line goes back to before its step.
-void SadaUndoMenu::FillSteps() {
-  mnuSteps_->clear();
-  int count = 0;
-  for (const SadaStep& step : sada_.UndoSteps(kMostLines)) {
-    QAction* const line = mnuSteps_->addAction(InMenu(NameOf(step)));
-    line->setObjectName(QString("mnuStep(%1)").arg(++count));
-    connect(line, &QAction::triggered, this, [this, count] {
-      sada_.Undo(count);
-      emit Changed();
-    });
-  }
+StepsOf SadaUndoMenu::Steps() {
+  const auto done = [this] { return sada_.UndoSteps().size(); };
+  return {.steps = [this, done] { return done() + sada_.RedoSteps().size(); },
+          .done = done,
+          .words =
+              [this, done](std::size_t place) {
+                const std::size_t count = done();
+                return NameOf(place < count ? sada_.UndoSteps(count - place).back()
+                                            : sada_.RedoSteps(place - count + 1).back());
+              },
+          .goTo = [this](std::size_t wanted) { GoTo(wanted); }};
+}
+
+void SadaUndoMenu::GoTo(std::size_t wanted) {
+  const int back = static_cast<int>(sada_.UndoSteps().size()) - static_cast<int>(wanted);
+  if (back > 0) sada_.Undo(back);
+  if (back < 0) sada_.Redo(-back);
+  emit Changed();
 }
 
 }  // namespace zorik

@@ -2,6 +2,7 @@
 
 #include <QObject>
 
+#include "editors/StepsMenu.h"
 #include "flow/SadaModel.h"
 
 class QAction;
@@ -12,13 +13,12 @@ namespace zorik {
 class MenuBuilder;
 class Skin;
 
-// The menu of the collection editor that takes steps back: the last one by its name, or several at once.
+// The menu of the collection editor that takes steps back: the last one by its name, or goes to any of their
+// list.
 class SadaUndoMenu : public QObject {
   Q_OBJECT
 
  public:
-  static constexpr std::size_t kMostLines = 20;
-
   SadaUndoMenu(MenuBuilder& menus, const Skin& skin, SadaModel& sada, QObject* parent);
 
   // The steps may be others, or called otherwise.
@@ -29,7 +29,8 @@ class SadaUndoMenu : public QObject {
   void Changed();
 
  private:
-  void FillSteps();
+  StepsOf Steps();
+  void GoTo(std::size_t wanted);
   QString NameOf(const SadaStep& step) const;
   QString Named(const char* key, const std::vector<SadaStep>& steps) const;
 

@@ -45,7 +45,7 @@ CaveArea SharedArea(const CaveArea& one, const CaveArea& other);
 // before by a side or a corner.
 CavePlaces LineOf(CavePlace from, CavePlace to, const CaveArea& cave);
 
-// The same, but each cell shares a side with the one before: what is drawn so lets nothing through.
+// The same, but each cell shares a side with the one before: the way of a stroke, which cuts no corner.
 CavePlaces StrokeOf(CavePlace from, CavePlace to, const CaveArea& cave);
 
 // The border of the rectangle with these two corners, and the whole rectangle. The second corner comes last.

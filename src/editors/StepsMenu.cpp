@@ -16,12 +16,12 @@ constexpr StartWords kBeginningWords{"caption.steps.start"};
 constexpr std::size_t kMostBack = 16;
 constexpr std::size_t kMostForward = 8;
 
-void AddMoment(QMenu& menu, const StepsOf& steps, std::size_t done, const QString& words) {
+QAction* AddMoment(QMenu& menu, const StepsOf& steps, std::size_t done, const QString& words) {
   QAction* const moment = menu.addAction(InMenu(words));
   moment->setObjectName(QString("mnuStep(%1)").arg(done));
   moment->setCheckable(true);
-  moment->setChecked(done == steps.done());
   QObject::connect(moment, &QAction::triggered, &menu, [goTo = steps.goTo, done] { goTo(done); });
+  return moment;
 }
 
 void FillMenu(QMenu& menu, const Skin& skin, const StepsOf& steps) {
@@ -29,10 +29,11 @@ void FillMenu(QMenu& menu, const Skin& skin, const StepsOf& steps) {
   const std::size_t done = steps.done();
   const std::size_t last = std::min(steps.steps(), done + kMostForward);
   const std::size_t first = done - std::min(done, kMostBack);
-  for (std::size_t place = last; place > first; --place)
-    AddMoment(menu, steps, place, steps.words(place - 1));
+  for (std::size_t place = last; place > first; --place) {
+    AddMoment(menu, steps, place, steps.words(place - 1))->setChecked(place == done);
+  }
   if (last > first) menu.addSeparator();
-  AddMoment(menu, steps, 0, kBeginningWords.In(skin));
+  AddMoment(menu, steps, 0, kBeginningWords.In(skin))->setChecked(done == 0);
 }
 
 }  // namespace

@@ -131,6 +131,34 @@ TEST_F(DrawHandTest, GivesAStrokeOfThePencilUp) {
   EXPECT_TRUE(window->isVisible());
 }
 
+TEST_F(DrawHandTest, GivesAStrokeUpWhenNoMoreStepsCanBeHeld) {
+  for (std::size_t i = 0; i < CaveModel::kMostSteps; ++i) {
+    Click(3, 3, i % 2 == 0 ? Qt::LeftButton : Qt::RightButton);
+  }
+  const Picture before = Letters();
+  ASSERT_EQ(window->Model().UndoSteps().size(), CaveModel::kMostSteps);
+  Press(2, 2);
+  Move(4, 2, Qt::LeftButton);
+  Type(Qt::Key_Escape);
+  EXPECT_EQ(Letters(), before);
+  EXPECT_EQ(window->Model().UndoSteps().size(), CaveModel::kMostSteps);
+  Release(4, 2);
+}
+
+TEST_F(DrawHandTest, KeepsWhatCanBeRedoneWhenAStrokeIsGivenUp) {
+  Click(3, 3);
+  const Picture drawn = Letters();
+  UndoOnce();
+  Press(2, 2);
+  Move(4, 2, Qt::LeftButton);
+  Type(Qt::Key_Escape);
+  Release(4, 2);
+  EXPECT_EQ(Letters(), kRoom);
+  ASSERT_TRUE(Action("mnuRedo").isEnabled());
+  Action("mnuRedo").trigger();
+  EXPECT_EQ(Letters(), drawn);
+}
+
 TEST_F(DrawHandTest, ClosesWithEscWhenThereIsNothingToGiveUp) {
   Type(Qt::Key_Escape);
   EXPECT_FALSE(window->isVisible());

@@ -42,17 +42,7 @@ class FrmCatTest : public testing::Test {
   }
   QAction& Action(const char* name) const { return *dialog_->findChild<QAction*>(name); }
   // The list of steps, from the top.
-  QStringList Steps() const {
-    auto& menu = *dialog_->findChild<QMenu*>("mnuSteps");
-    menu.popup({});
-    QStringList steps;
-    for (const QAction* const step : menu.actions()) {
-      if (step->isSeparator()) continue;
-      steps << (step->isChecked() ? "> " : "") + WithoutMnemonic(step->text());
-    }
-    menu.close();
-    return steps;
-  }
+  QStringList Steps() const { return test::StepLines(*dialog_->findChild<QMenu*>("mnuSteps")); }
   QListWidget& List(const char* name) const { return *dialog_->findChild<QListWidget*>(name); }
   QPushButton& Button(const char* name) const { return *dialog_->findChild<QPushButton*>(name); }
   QStringList Lines(const char* list = "lstScript") const {
@@ -397,12 +387,14 @@ TEST_F(FrmCatTest, TakesBackAndDoesAgainByKeys) {
 TEST_F(FrmCatTest, GoesBackSeveralStepsByTheirList) {
   const auto program = Edit("*A-A-B-D/Z", [this] {
     EXPECT_EQ(Steps(), QStringList("> Začátek"));
+    EXPECT_FALSE(Action("mnuSteps").isEnabled());
     Press("Command3");
     Press("Label1");
     ClickLine("lstScript", 4);
     Press("Command1");
     EXPECT_EQ(Steps(), (QStringList{"> Smazat: Jdio1Dolu", "Prohodit: Jdio1Doleva", "Vložit: Jdio1Nahoru",
                                     "Začátek"}));
+    EXPECT_TRUE(Action("mnuSteps").isEnabled());
     const QStringList last = Lines();
     Action("mnuStep(1)").trigger();
     EXPECT_EQ(Lines(),

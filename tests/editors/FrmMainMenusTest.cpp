@@ -57,6 +57,7 @@ TEST_F(FrmMainMenusTest, HasItsItemsInTheirOrderWithTheirKeys) {
       "mnuEd | Editace",
       "  mnuUndo | Zpět | Ctrl+Z",
       "  mnuRedo | Znovu | Ctrl+Y | Ctrl+Shift+Z",
+      "  mnuSteps | Kroky",
       "  -",
       "  mnuRestore | Vrátit do původního stavu",
       "  -",

@@ -5,7 +5,9 @@
 #include <QPushButton>
 #include <ostream>
 
+#include "editors/CaveSteps.h"
 #include "editors/EditorScreen.h"
+#include "editors/MenuLines.h"
 
 namespace zorik {
 namespace {
@@ -189,6 +191,74 @@ TEST_F(FrmMainUndoTest, EndsTheDragThatIsUnderWay) {
   EXPECT_EQ(Letters(), kRoom);
   Click(5, 2);
   EXPECT_EQ(Letters(), before);
+}
+
+// The list of steps
+
+QStringList StepsOf(const Editor& editor) {
+  return test::StepLines(editor.Child<QMenu>("mnuSteps"));
+}
+
+TEST_F(FrmMainUndoTest, GoesBackAndForthByTheListOfSteps) {
+  Open(kRoom);
+  EXPECT_FALSE(Action("mnuSteps").isEnabled());
+  EXPECT_EQ(StepsOf(*this), QStringList("> Začátek"));
+  const Seen opened = See();
+  Click(5, 3);
+  const Seen drawn = See();
+  Choose("mnuOkraj");
+  Set("Text5", "77");
+  Choose("mnuReplEvery(1)");
+  const Seen last = See();
+  EXPECT_EQ(StepsOf(*this), (QStringList{"> Nahradit", "Vlastnosti", "Udělat okraj", "Tužka", "Začátek"}));
+  Action("mnuStep(1)").trigger();
+  EXPECT_TRUE(See() == drawn);
+  EXPECT_EQ(StepsOf(*this), (QStringList{"Nahradit", "Vlastnosti", "Udělat okraj", "> Tužka", "Začátek"}));
+  Action("mnuStep(4)").trigger();
+  EXPECT_TRUE(See() == last);
+  StepsOf(*this);
+  Action("mnuStep(0)").trigger();
+  EXPECT_TRUE(See() == opened);
+  EXPECT_TRUE(Action("mnuSteps").isEnabled()) << "it leads forth as well";
+}
+
+TEST_F(FrmMainUndoTest, CallsEachKindOfStepByAnotherName) {
+  for (const char* const language : {"Default", "English"}) {
+    Wear(language);
+    QSet<QString> names;
+    for (int step = 0; step < static_cast<int>(EditStep::End); ++step) {
+      const QString words = WordsOfStep(skin, static_cast<EditStep>(step));
+      EXPECT_FALSE(words.isEmpty() || words.startsWith("main.")) << language << ' ' << step;
+      names.insert(words);
+    }
+    EXPECT_EQ(names.size(), static_cast<int>(EditStep::End)) << language;
+  }
+}
+
+TEST_F(FrmMainUndoTest, CallsAStepOfADrawingToolAsThatToolIsCalled) {
+  const std::pair<EditStep, const char*> tools[] = {{EditStep::Stroke, "mnuPencil"},
+                                                    {EditStep::Line, "mnuLine"},
+                                                    {EditStep::Rectangle, "mnuRectangle"},
+                                                    {EditStep::FilledRectangle, "mnuBox"},
+                                                    {EditStep::Fill, "mnuFill"},
+                                                    {EditStep::Clear, "mnuClear"},
+                                                    {EditStep::Cut, "mnuCut"},
+                                                    {EditStep::Paste, "mnuPaste"},
+                                                    {EditStep::MirrorAside, "mnuMirrorAside"},
+                                                    {EditStep::MirrorUpright, "mnuMirrorUpright"},
+                                                    {EditStep::TurnRight, "mnuTurnRight"},
+                                                    {EditStep::TurnLeft, "mnuTurnLeft"},
+                                                    {EditStep::InsertRow, "mnuInsertRow"},
+                                                    {EditStep::InsertColumn, "mnuInsertColumn"},
+                                                    {EditStep::DeleteRow, "mnuDeleteRow"},
+                                                    {EditStep::DeleteColumn, "mnuDeleteColumn"},
+                                                    {EditStep::Resize, "mnuResize"},
+                                                    {EditStep::Properties, "mnuProps"},
+                                                    {EditStep::Script, "mnuCat"},
+                                                    {EditStep::Restore, "mnuRestore"}};
+  for (const auto& [step, action] : tools) {
+    EXPECT_EQ(WordsOfStep(skin, step), WithoutMnemonic(Action(action).text())) << action;
+  }
 }
 
 }  // namespace

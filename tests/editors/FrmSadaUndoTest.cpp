@@ -1,7 +1,7 @@
 // The steps that the collection editor takes back, and what the keys of its list do.
-#include <QMenu>
 #include <QStatusBar>
 
+#include "editors/MenuLines.h"
 #include "editors/SadaScreen.h"
 #include "support/AsNobody.h"
 
@@ -30,6 +30,7 @@ class FrmSadaUndoTest : public test::SadaWindowTest {
     EXPECT_TRUE(dialogs.Last().endsWith(why + QString(" Sada zatím zůstává v paměti.")))
         << dialogs.Last().toStdString();
   }
+  QStringList Steps() const { return test::StepLines(Child<QMenu>("mnuSteps")); }
   QString Said() const { return window->statusBar()->currentMessage(); }
 };
 
@@ -112,13 +113,28 @@ TEST_F(FrmSadaUndoTest, ListsItsStepsAndGoesBackSeveral) {
   ClickMark(2);
   ClickCave(3);
   Key(Qt::Key_F5);
-  auto& menu = Child<QMenu>("mnuSteps");
-  emit menu.aboutToShow();
-  QStringList lines;
-  for (const QAction* line : menu.actions()) lines << line->text();
-  EXPECT_EQ(lines, (QStringList{"Nahoru „C&&D“", "Otevřená od začátku „B“", "Název sady"}));
-  menu.actions()[1]->trigger();
+  EXPECT_EQ(Steps(), (QStringList{"> Nahoru „C&&D“", "Otevřená od začátku „B“", "Název sady", "Začátek"}));
+  Action("mnuStep(1)").trigger();
   EXPECT_EQ(Rows(), (Names{"*A", "B", "C&D"}));
+  EXPECT_EQ(Box("Text3").text(), "Jinak");
+}
+
+TEST_F(FrmSadaUndoTest, GoesForthAgainByTheListAndBackToTheBeginning) {
+  OpenCaves({"A", "B", "C"});
+  TypeName("Jinak");
+  ClickMark(2);
+  ClickCave(3);
+  Key(Qt::Key_F5);
+  const Names last = Rows();
+  EXPECT_EQ(Steps().first(), "> Nahoru „C“");
+  Action("mnuStep(0)").trigger();
+  EXPECT_EQ(Rows(), (Names{"*A", "B", "C"}));
+  EXPECT_EQ(Box("Text3").text(), "Sada");
+  EXPECT_FALSE(Action("mnuUndo").isEnabled());
+  EXPECT_TRUE(Action("mnuSteps").isEnabled()) << "it leads forth as well";
+  EXPECT_EQ(Steps(), (QStringList{"Nahoru „C“", "Otevřená od začátku „B“", "Název sady", "> Začátek"}));
+  Action("mnuStep(3)").trigger();
+  EXPECT_EQ(Rows(), last);
   EXPECT_EQ(Box("Text3").text(), "Jinak");
 }
 

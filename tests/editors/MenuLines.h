@@ -27,6 +27,18 @@ inline QStringList MenuLines(const QList<QAction*>& actions, const QString& befo
   return lines;
 }
 
+// Opens a list of steps and tells them from the top, the present moment with an arrow in front.
+inline QStringList StepLines(QMenu& menu) {
+  menu.popup({});
+  QStringList steps;
+  for (const QAction* const step : menu.actions()) {
+    if (step->isSeparator()) continue;
+    steps << (step->isChecked() ? "> " : "") + WithoutMnemonic(step->text());
+  }
+  menu.close();
+  return steps;
+}
+
 // Opens every menu below these entries, as people do, and tells what is wrong with the letters by which they
 // are chosen.
 inline QStringList MnemonicFaults(const QList<QAction*>& actions) {

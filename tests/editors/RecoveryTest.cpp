@@ -282,10 +282,10 @@ TEST_F(OfferTest, CountsAnAgeInWhatIsEasyToRead) {
   const auto age = [&](std::int64_t seconds) { return AgeOfKept(skin, entry, entry.Time + seconds); };
   EXPECT_EQ(age(-100), "méně než minuta");
   EXPECT_EQ(age(59), "méně než minuta");
-  EXPECT_EQ(age(60), "1 min");
-  EXPECT_EQ(age(7199), "119 min");
-  EXPECT_EQ(age(7200), "2 h");
-  EXPECT_EQ(age(86400 * 3), "3 d");
+  EXPECT_EQ(age(60), "1\u00A0min");
+  EXPECT_EQ(age(7199), "119\u00A0min");
+  EXPECT_EQ(age(7200), "2\u00A0h");
+  EXPECT_EQ(age(86400 * 3), "3\u00A0d");
 }
 
 }  // namespace
