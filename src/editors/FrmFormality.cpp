@@ -130,9 +130,6 @@ FrmFormality::FrmFormality(Skin& skin, const CaveModel& cave, QWidget* parent)
   noteName_ = new BoxNote(*name_, kHighestNumber);
   noteDescription_ = new BoxNote(*description_, kHighestNumber);
   description_->setTabChangesFocus(true);
-  // Its lines alone tell how high it has to be; what is left over is its, too.
-  description_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
-  description_->setMinimumHeight(description_->fontMetrics().lineSpacing() * (kDescriptionLines + 1));
   colouring_->setObjectName("Combo1");
   for (const NumberRow& row : kNumberRows) {
     const auto place = static_cast<std::size_t>(row.number);
@@ -214,6 +211,9 @@ void FrmFormality::LayOut() {
   grid->setContentsMargins({});
   AddRow(*grid, lblName_, name_, 2, {commands_[kBonus]});
   grid->addWidget(noteName_, grid->rowCount(), 1, 1, kAllColumns);
+  // Its lines alone tell how high it has to be; what is left over is its, too.
+  description_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
+  description_->setMinimumHeight(description_->fontMetrics().lineSpacing() * (kDescriptionLines + 1));
   AddRow(*grid, lblDescription_, description_, kAllColumns, {});
   grid->setRowStretch(grid->rowCount() - 1, 1);
   grid->addWidget(noteDescription_, grid->rowCount(), 1, 1, kAllColumns);
