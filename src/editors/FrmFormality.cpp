@@ -8,9 +8,12 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRegularExpressionValidator>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QShortcut>
 #include <QTextCursor>
 #include <QTextDocument>
+#include <QVBoxLayout>
 #include <algorithm>
 
 #include "data/Cp1250.h"
@@ -44,6 +47,7 @@ constexpr qsizetype kBeforeDifference = 20;  // of these in front of what has ch
 constexpr int kAllColumns = 3;    // beside the labels
 constexpr int kNumberWidth = 10;  // in digits
 constexpr int kDescriptionLines = 4;
+constexpr QSize kLeastArea(320, 120);
 
 // Letters that no cave text can hold have become question marks.
 bool HasGaps(const QString& text) {
@@ -90,6 +94,22 @@ int LettersWidth(const QWidget& widget, int letters) {
   return widget.fontMetrics().horizontalAdvance(QString(letters, '0'));
 }
 
+// What is too large for the screen scrolls.
+class TextsArea : public QScrollArea {
+ public:
+  TextsArea(QWidget* inner, QWidget* parent) : QScrollArea(parent) {
+    setFrameShape(QFrame::NoFrame);
+    setFocusPolicy(Qt::NoFocus);
+    setWidgetResizable(true);
+    setWidget(inner);
+  }
+
+  QSize sizeHint() const override {
+    return widget()->sizeHint() + QSize(verticalScrollBar()->sizeHint().width(), 0);
+  }
+  QSize minimumSizeHint() const override { return kLeastArea; }
+};
+
 }  // namespace
 
 FrmFormality::FrmFormality(Skin& skin, const CaveModel& cave, QWidget* parent)
@@ -110,7 +130,6 @@ FrmFormality::FrmFormality(Skin& skin, const CaveModel& cave, QWidget* parent)
   noteName_ = new BoxNote(*name_, kHighestNumber);
   noteDescription_ = new BoxNote(*description_, kHighestNumber);
   description_->setTabChangesFocus(true);
-  description_->setMinimumHeight(description_->fontMetrics().lineSpacing() * (kDescriptionLines + 1));
   colouring_->setObjectName("Combo1");
   for (const NumberRow& row : kNumberRows) {
     const auto place = static_cast<std::size_t>(row.number);
@@ -129,7 +148,7 @@ FrmFormality::FrmFormality(Skin& skin, const CaveModel& cave, QWidget* parent)
   connect(description_->document(), &QTextDocument::contentsChange, this,
           [this](int position, int /*removed*/, int added) { LimitDescription(position, added); });
   SetLWEd();
-  if (!RestoreSize(*this)) resize(minimumSizeHint());
+  if (!RestoreSize(*this)) ResizeWithinScreen(*this, sizeHint());
 }
 
 void FrmFormality::AddButtons() {
@@ -186,9 +205,15 @@ void FrmFormality::AddRow(QGridLayout& grid, QLabel* label, QWidget* control, in
 }
 
 void FrmFormality::LayOut() {
-  auto* const grid = new QGridLayout(this);
+  auto* const rows = new QVBoxLayout(this);
+  auto* const texts = new QWidget;
+  auto* const grid = new QGridLayout(texts);
+  grid->setContentsMargins({});
   AddRow(*grid, lblName_, name_, 2, {commands_[kBonus]});
   grid->addWidget(noteName_, grid->rowCount(), 1, 1, kAllColumns);
+  // Its lines alone tell how high it has to be; what is left over is its, too.
+  description_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
+  description_->setMinimumHeight(description_->fontMetrics().lineSpacing() * (kDescriptionLines + 1));
   AddRow(*grid, lblDescription_, description_, kAllColumns, {});
   grid->setRowStretch(grid->rowCount() - 1, 1);
   grid->addWidget(noteDescription_, grid->rowCount(), 1, 1, kAllColumns);
@@ -200,8 +225,9 @@ void FrmFormality::LayOut() {
   ends->addStretch();
   ends->addWidget(commands_[kOk]);
   ends->addWidget(commands_[kCancel]);
-  grid->addLayout(ends, grid->rowCount(), 0, 1, 1 + kAllColumns);
   grid->setColumnStretch(kAllColumns, 1);
+  rows->addWidget(new TextsArea(texts, this), 1);
+  rows->addLayout(ends);
   OrderTabs();
 }
 

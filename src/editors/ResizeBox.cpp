@@ -38,7 +38,7 @@ constexpr std::array<SideRow, 4> kSides{{
 ResizePicture::ResizePicture(const CaveRecord& cave, EditTiles& tiles, QWidget* parent)
     : QWidget(parent), cave_(cave), tiles_(tiles) {
   setObjectName("imgResized");
-  setMinimumSize(sizeHint());
+  setMinimumSize(sizeHint() / 2);
 }
 
 void ResizePicture::Show(const CaveSides& sides) {

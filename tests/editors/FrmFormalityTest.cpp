@@ -58,6 +58,16 @@ TEST_F(FrmFormalityTest, HasItsCaptions) {
   });
 }
 
+TEST_F(FrmFormalityTest, LeavesItsButtonsInALowWindow) {
+  Dialog([](QWidget& it) {
+    it.resize(it.minimumSizeHint());
+    EXPECT_LE(it.width(), 679);  // a small screen at twice the size
+    EXPECT_LE(it.height(), 348);
+    const QRect ok = it.findChild<QPushButton*>("Command1")->geometry();
+    EXPECT_TRUE(it.rect().contains(ok));
+  });
+}
+
 TEST_F(FrmFormalityTest, ShowsTheCavesProperties) {
   test::Numbers numbers;
   numbers = {.time = 123,
