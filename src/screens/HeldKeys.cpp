@@ -20,11 +20,15 @@ bool IsModifierKey(int key) {
   return std::find(kKeys.begin(), kKeys.end(), key) != kKeys.end();
 }
 
-// Events come to the desktop's window first, and then to what lies in it.
+// Events come to the desktop's window first, and then to what lies in it. With a menu they come to the first
+// one that is open, and from there to the last: all that are open are one.
 const QObject* WindowOf(const QObject* object) {
-  if (const auto* const window = qobject_cast<const QWindow*>(object)) return window;
+  if (const auto* const window = qobject_cast<const QWindow*>(object))
+    return window->type() == Qt::Popup ? static_cast<const QObject*>(qApp) : window;
   const auto* const widget = qobject_cast<const QWidget*>(object);
-  return widget == nullptr ? nullptr : widget->window()->windowHandle();
+  if (widget == nullptr) return nullptr;
+  const QWidget* const window = widget->window();
+  return window->windowType() == Qt::Popup ? static_cast<const QObject*>(qApp) : window->windowHandle();
 }
 
 }  // namespace

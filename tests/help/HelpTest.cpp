@@ -114,13 +114,14 @@ QStringList CatCommands(const QString& skin) {
 // of the window of sides, and of what is only shown when a skin tells where its makers are to be found.
 QStringList EditorCaptions() {
   const QStringList elsewhere{
-      "main.noroom",       "main.amoeba",      "main.pencil.use", "main.line.use",    "main.rectangle.use",
-      "main.box.use",      "main.fill.use",    "main.select.use", "main.held.use",    "main.side.how",
-      "main.side.left",    "main.side.top",    "main.side.right", "main.side.bottom", "main.noblock",
-      "main.noblock.line", "main.noturn",      "main.noline",     "main.stored",      "main.fine",
-      "main.fault",        "main.hint",        "main.manymore",   "main.gems",        "sada.import",
-      "sada.addedopen",    "sada.addedclosed", "sada.step",       "sada.outside",     "sada.copied",
-      "sada.edited",       "sada.replace",     "sada.help.web",   "sada.help.mail"};
+      "main.noroom",      "main.step.move",     "main.step.random",  "main.amoeba",      "main.pencil.use",
+      "main.line.use",    "main.rectangle.use", "main.box.use",      "main.fill.use",    "main.select.use",
+      "main.held.use",    "main.side.how",      "main.side.left",    "main.side.top",    "main.side.right",
+      "main.side.bottom", "main.noblock",       "main.noblock.line", "main.noturn",      "main.noline",
+      "main.stored",      "main.fine",          "main.fault",        "main.hint",        "main.manymore",
+      "main.gems",        "sada.import",        "sada.addedopen",    "sada.addedclosed", "sada.step",
+      "sada.outside",     "sada.copied",        "sada.edited",       "sada.replace",     "sada.help.web",
+      "sada.help.mail"};
   QStringList captions;
   QString section;
   for (const QString& line : Lines("English/Menu/skindata.txt")) {

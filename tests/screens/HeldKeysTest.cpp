@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QShortcut>
 #include <QSignalSpy>
 #include <QTest>
@@ -59,6 +60,23 @@ TEST_F(HeldKeysTest, MeanNothingToAnotherWindowUntilTheyAreLetGo) {
   Send(other_, QEvent::KeyRelease);
   Send(other_, QEvent::KeyPress);
   EXPECT_EQ(other_.presses, 1);
+}
+
+// The desktop sends them to the first menu, which has them handed to the last.
+TEST_F(HeldKeysTest, ReachAMenuThatAnotherOneHasOpened) {
+  QMenu menu(&one_);
+  QMenu& inner = *menu.addMenu("inner");
+  inner.addAction("first");
+  QAction* const second = inner.addAction("second");
+  menu.popup({0, 0});
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&menu));
+  inner.popup({50, 0});
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&inner));
+  QTest::keyClick(menu.windowHandle(), Qt::Key_Down);
+  QTest::keyClick(menu.windowHandle(), Qt::Key_Down);
+  EXPECT_EQ(inner.activeAction(), second);
+  QTest::keyClick(menu.windowHandle(), Qt::Key_Escape);
+  EXPECT_FALSE(inner.isVisible());
 }
 
 TEST_F(HeldKeysTest, MeanNothingWhenTheirRepeatsLookLikePressesOfTheSameMoment) {
