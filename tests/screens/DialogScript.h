@@ -4,8 +4,10 @@
 
 #include <QApplication>
 #include <QDialog>
+#include <QElapsedTimer>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPointer>
 #include <QTest>
 #include <QTimer>
 #include <deque>
@@ -34,6 +36,8 @@ class DialogScript {
   void Look() {
     QWidget* const dialog = QApplication::activeModalWidget();
     if (dialog == nullptr || !dialog->isVisible()) return;
+    // One that is on its way out needs a moment on a busy machine.
+    if (acts_.empty() && dialog == done_ && since_.elapsed() < kWayOut) return;
     if (acts_.empty()) {
       const auto* const text = dialog->findChild<QLabel*>("lblText");
       ADD_FAILURE() << "a dialog too many: " << dialog->windowTitle().toStdString() << ": "
@@ -43,10 +47,16 @@ class DialogScript {
     }
     const Act act = std::move(acts_.front());
     acts_.pop_front();
+    done_ = dialog;
+    since_.start();
     act(*dialog);
   }
 
+  static constexpr int kWayOut = 2000;  // milliseconds
+
   std::deque<Act> acts_;
+  QPointer<QWidget> done_;  // the dialog that the last act was done to
+  QElapsedTimer since_;
   QTimer timer_;
 };
 
