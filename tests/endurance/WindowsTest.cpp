@@ -167,7 +167,7 @@ class EnduringWays : public EnduringWindows {
 
 TEST_F(EnduringWays, OpenAndCloseAllWindowsWithoutGrowing) {
   // What the toolkit keeps for windows that come again is complete only after some rounds.
-  constexpr int kFirstRounds = 8;
+  constexpr int kFirstRounds = 20;
   constexpr int kRounds = 5;
   for (int round = 0; round < kFirstRounds && !HasFailure(); ++round) GoThrough();
   Patience patience(kRounds);
