@@ -1,7 +1,6 @@
 // What a picture of the cave costs, in copies. A copy is one memcpy of the same image; it is measured in turn
 // with the pictures, so that a noisy machine slows both alike. The same without soft edges, to see what those
-// cost. And what loading the tile sets of a cave costs
-// the first time, in loads when it is there already.
+// cost. And what loading the tile sets of a cave costs the first time, in loads when it is there already.
 #include <unistd.h>
 
 #include <cstdlib>
@@ -15,6 +14,7 @@
 #include "bench/Mixed.h"
 #include "data/Result.h"
 #include "skin/CavePainter.h"
+#include "tests/skin/WholeView.h"
 
 namespace zorik {
 namespace {
@@ -36,7 +36,8 @@ class Pictured : public Stage {
   }
 
   void Draw(const ViewArea& area, QImage& drawn) {
-    DrawView(area, DrawnCell(area, kFrame), pictures_, tiles_, drawn);
+    const QSize cell = ToQSize(DrawnCell(area, kFrame.width(), kFrame.height()));
+    test::DrawView(area, cell, pictures_, tiles_, drawn);
   }
 
  private:
