@@ -404,7 +404,7 @@ TEST(TheRandomCaves, ShowAllThatTheGameHas) {
                                                                {"cats that die", &Seen::catDeaths},
                                                                {"caves of the largest size", &Seen::largest}};
   std::vector<int> counts(kinds.size());
-  ForEachRun(400, [&](const RandomRun& run) {
+  ForRuns(std::max(400, HowMany(400)), [&](const RandomRun& run) {
     const Seen seen = WhatHappens(run);
     for (std::size_t i = 0; i < kinds.size(); ++i) counts[i] += seen.*kinds[i].second;
   });

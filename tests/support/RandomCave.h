@@ -23,6 +23,8 @@ RandomRun MakeRun(std::uint64_t number);
 std::string Damaged(std::string record, Chance& chance);
 
 // How many runs a test makes: its usual number, or more when ZORIK_MANY in the environment asks for more.
+// Under the sanitizers, where a run takes some twelve times as long, it is a quarter of the usual number: the
+// others are made without them, and the hours of the endurance are for more.
 int HowMany(int usual);
 
 }  // namespace zorik::test
