@@ -123,11 +123,15 @@ class ChangedRuns {
 
 }  // namespace
 
-QRegion ChangedIn(const DrawnView& drawn) {
-  if (drawn.fresh) return QRect(QPoint(), ToQSize(drawn.size));
+PictureChange ChangeOf(const DrawnView& drawn) {
+  const QRect whole(QPoint(), ToQSize(drawn.size));
+  if (drawn.fresh && !drawn.Keeps()) return {whole, {}, {}};
   ChangedRuns changed(drawn);
   for (const DrawnView::Place& place : drawn.changed) changed.Add(place.column, place.row);
-  return changed.Region();
+  if (!drawn.fresh) return {changed.Region(), {}, {}};
+  const QRect kept(QPoint(drawn.across.from, drawn.down.from),
+                   QPoint(drawn.across.to - 1, drawn.down.to - 1));
+  return {(QRegion(whole) - kept) + changed.Region(), kept, {drawn.across.way, drawn.down.way}};
 }
 
 void PaintPart(const DrawnView& drawn, TileSets& tiles, const QRegion& part, QImage& target, QPoint corner) {

@@ -4,6 +4,7 @@
 #include <QRegion>
 #include <QSize>
 
+#include "skin/PartPainter.h"
 #include "skin/TileSets.h"
 #include "view/CellPictures.h"
 #include "view/DrawnView.h"
@@ -24,8 +25,8 @@ inline QSize DrawnSize(const ViewArea& view, QSize cell) {
   return ToQSize(DrawnSize(view, cell.width(), cell.height()));
 }
 
-// Where a view looks different from the time before its last look.
-QRegion ChangedIn(const DrawnView& drawn);
+// How a view looks different from the time before its last look.
+PictureChange ChangeOf(const DrawnView& drawn);
 
 // Paints a part of the view: what a PartPainter does.
 void PaintPart(const DrawnView& drawn, TileSets& tiles, const QRegion& part, QImage& target, QPoint corner);

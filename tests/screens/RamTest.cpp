@@ -65,32 +65,32 @@ TEST_F(ShownPicture, IsPaintedAsAWholeWhenItIsShownAnew) {
 
 TEST_F(ShownPicture, IsPaintedWhereItHasChanged) {
   const QRegion changed = QRegion(0, 0, 10, 10) + QRect(30, 20, 20, 10);
-  ram_.ShowChanges(picture_, changed);
+  ram_.ShowChange(picture_, {changed, {}, {}});
   EXPECT_EQ(painted_.Take(), changed.translated(5, 5));
 }
 
 TEST_F(ShownPicture, IsNotPaintedWhenNothingHasChanged) {
-  ram_.ShowChanges(picture_, {});
+  ram_.ShowChange(picture_, {});
   EXPECT_TRUE(painted_.Take().isEmpty());
 }
 
 TEST_F(ShownPicture, ShowsItsChanges) {
   picture_.image.setPixelColor(10, 10, Qt::red);
-  ram_.ShowChanges(picture_, QRect(10, 10, 1, 1));
+  ram_.ShowChange(picture_, {QRect(10, 10, 1, 1), {}, {}});
   EXPECT_EQ(Pixel(15, 15), QColor(Qt::red).rgb());
   EXPECT_EQ(Pixel(16, 15), QColor(Qt::green).rgb());
 }
 
 TEST_F(ShownPicture, IsPaintedAsAWholeWhenItIsAnotherOne) {
   Painted other;
-  ram_.ShowChanges(other, QRect(0, 0, 1, 1));
+  ram_.ShowChange(other, {QRect(0, 0, 1, 1), {}, {}});
   EXPECT_EQ(painted_.Take(), QRegion(0, 0, 100, 80));
   picture_.image = QImage(80, 70, QImage::Format_RGB32);
   ram_.Show(other);
   ram_.Show(picture_);
   painted_.Take();
   picture_.image = QImage(60, 60, QImage::Format_RGB32);
-  ram_.ShowChanges(picture_, QRect(0, 0, 1, 1));
+  ram_.ShowChange(picture_, {QRect(0, 0, 1, 1), {}, {}});
   EXPECT_EQ(painted_.Take(), QRegion(0, 0, 100, 80)) << "it has another size";
 }
 
@@ -109,7 +109,7 @@ TEST_F(ShownPicture, ShowsItsChangesWhereItCannotBePaintedInPlace) {
   EXPECT_EQ(onAnother().pixel(15, 15), QColor(Qt::green).rgb());
   picture_.image.setPixelColor(10, 10, Qt::red);
   picture_.image.setPixelColor(50, 10, Qt::red);
-  ram_.ShowChanges(picture_, QRect(10, 10, 1, 1));
+  ram_.ShowChange(picture_, {QRect(10, 10, 1, 1), {}, {}});
   EXPECT_EQ(onAnother().pixel(15, 15), QColor(Qt::red).rgb());
   EXPECT_EQ(onAnother().pixel(55, 15), QColor(Qt::green).rgb()) << "nobody said that this has changed";
   ram_.Show(picture_);
@@ -131,7 +131,7 @@ class OverlaidPicture : public ShownPicture {
 TEST_F(OverlaidPicture, ShowsWhatLiesOverItWithItsNextChanges) {
   ram_.SetOverlay(Dot(3, 2));
   EXPECT_TRUE(painted_.Take().isEmpty());
-  ram_.ShowChanges(picture_, QRect(0, 0, 4, 4));
+  ram_.ShowChange(picture_, {QRect(0, 0, 4, 4), {}, {}});
   EXPECT_EQ(painted_.Take(), QRegion(5, 5, 4, 4) + QRect(35, 25, 10, 10));
   EXPECT_EQ(Pixel(40, 30), QColor(Qt::red).rgb());
   EXPECT_EQ(Pixel(36, 26), QColor(Qt::green).rgb());
@@ -140,27 +140,27 @@ TEST_F(OverlaidPicture, ShowsWhatLiesOverItWithItsNextChanges) {
 
 TEST_F(OverlaidPicture, IsPaintedWhereSomethingLayAndWhereItLiesNow) {
   ram_.SetOverlay(Dot(3, 2));
-  ram_.ShowChanges(picture_, {});
+  ram_.ShowChange(picture_, {});
   painted_.Take();
   ram_.SetOverlay(Dot(5, 6));
-  ram_.ShowChanges(picture_, {});
+  ram_.ShowChange(picture_, {});
   EXPECT_EQ(painted_.Take(), QRegion(35, 25, 10, 10) + QRect(55, 65, 10, 10));
   EXPECT_EQ(Pixel(40, 30), QColor(Qt::green).rgb()) << "it is gone from there";
   EXPECT_EQ(Pixel(60, 70), QColor(Qt::red).rgb());
   painted_.Take();  // a look at a pixel paints all of it
   ram_.SetOverlay({});
-  ram_.ShowChanges(picture_, {});
+  ram_.ShowChange(picture_, {});
   EXPECT_EQ(painted_.Take(), QRegion(55, 65, 10, 10));
   EXPECT_EQ(Pixel(60, 70), QColor(Qt::green).rgb());
   painted_.Take();
   ram_.SetOverlay({});
-  ram_.ShowChanges(picture_, {});
+  ram_.ShowChange(picture_, {});
   EXPECT_TRUE(painted_.Take().isEmpty()) << "nothing lies there any more";
 }
 
 TEST_F(OverlaidPicture, ShowsWhatLiesOverItWhereItCannotBePaintedInPlace) {
   ram_.SetOverlay(Dot(3, 2));
-  ram_.ShowChanges(picture_, {});
+  ram_.ShowChange(picture_, {});
   QImage drawn(100, 80, QImage::Format_RGB888);  // pixels of another kind
   ram_.render(&drawn);
   EXPECT_EQ(drawn.pixel(40, 30), QColor(Qt::red).rgb());
