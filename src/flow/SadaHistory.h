@@ -84,11 +84,15 @@ class SadaHistory {
   void Do(SadaStep step, SadaState before);
   // The last step turns out to be this one.
   void CallLast(SadaAct act);
+  // The last step turns out to be none.
+  void DropLast() { undo_.pop_back(); }
 
   // So many steps at most, the one that comes next first.
   std::vector<SadaStep> UndoSteps(std::size_t most) const { return StepsOf(undo_, most); }
   std::vector<SadaStep> RedoSteps(std::size_t most) const { return StepsOf(redo_, most); }
   const SadaStep* Last() const { return undo_.empty() ? nullptr : &undo_.back().Step; }
+  // The state before the last step; nothing when there is none.
+  const SadaState* BeforeLast() const { return undo_.empty() ? nullptr : &undo_.back().State; }
 
   // The state to go to, and the step that is taken back or done again by that. Nothing when there is none.
   struct Way {

@@ -82,6 +82,7 @@ Result<SadaModel::OpenReport, FileFailure> SadaModel::Open(const std::string& pa
   if (report->Closed) return *std::move(report);
   file_ = {path, !report->Faults.empty(), {}, Shared()};
   chg_ = file_.Faulty;
+  ForgetComingBack();
   return *std::move(report);
 }
 

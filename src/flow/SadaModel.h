@@ -159,6 +159,7 @@ class SadaModel {
   SadaState State();
   void Remember(SadaAct act, std::string cave = {});
   void RememberLeaving(SadaAct act);
+  void ForgetComingBack();
   void Enter(SadaHistory::Way way);
   void LookAtFile();
   void Remove();

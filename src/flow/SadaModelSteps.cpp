@@ -38,6 +38,14 @@ void SadaModel::RememberLeaving(SadaAct act) {
   history_.CallLast(act);
 }
 
+// Who has opened what he left, as he left it, has done nothing that could be taken back.
+void SadaModel::ForgetComingBack() {
+  const SadaState* const before = history_.BeforeLast();
+  if (before == nullptr || before->File.Path != file_.Path) return;
+  const bool faulty = before->File.Faulty || file_.Faulty;
+  if (!faulty && before->Moment.Holds(sada_)) history_.DropLast();
+}
+
 void SadaModel::Undo(int steps) {
   for (; steps > 0; --steps) {
     std::optional<SadaHistory::Way> way = history_.Undo(State());

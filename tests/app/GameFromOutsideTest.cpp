@@ -88,6 +88,7 @@ TEST_F(GameFromOutside, ACollectionWaitsForTheEndOfARunThatThePlayerGoesOnWith) 
       QTest::keyClick(&box, Qt::Key_N);
     }};
     ASSERT_TRUE(HandOverMeanwhile("Caves/b.zk"));
+    ASSERT_TRUE(Wait([&] { return script.Done(); }));
     QTest::qWait(600);
     EXPECT_EQ(Sign(), nullptr) << "he knows that it waits";
   }
@@ -109,12 +110,13 @@ TEST_F(GameFromOutside, ACollectionThatIsRefusedTwiceLeavesThePlayerAmongHisCave
   {
     const DialogScript script = {test::Press(Qt::Key_N)};
     ASSERT_TRUE(HandOverMeanwhile("Caves/b.zk"));
-    QTest::qWait(600);
+    ASSERT_TRUE(Wait([&] { return script.Done(); }));
   }
   {
     const BoxReader reader(Qt::Key_N);
     Press(Screen<HraWindow>(), Qt::Key_Right);
     ReadScores();
+    EXPECT_TRUE(Wait([&] { return !reader.said.isEmpty(); }));
     QTest::qWait(600);
     EXPECT_EQ(reader.said, QStringList({OfferOf("b.zk")}));
     EXPECT_EQ(reader.owners, QWidgetList({Screen<FrmPoSt>()}));
@@ -186,7 +188,7 @@ TEST_F(GameFromOutside, ACollectionThatComesWhileACaveIsLoadedDoesNotGetItsWin) 
     QTest::keyClick(Screen<FrmPoSt>(), Qt::Key_Return);
     EXPECT_TRUE(IsOpen("Alfa"));
     ASSERT_TRUE(Wait([&] { return done.wait_for(std::chrono::seconds(0)) == std::future_status::ready; }));
-    QTest::qWait(600);
+    ASSERT_TRUE(Wait([&] { return script.Done(); }));
   }
   ASSERT_TRUE(Shows<HraWindow>());
   const BoxReader reader(Qt::Key_Y);

@@ -299,7 +299,7 @@ TEST_F(SadaListTest, ShowsWhetherKeysGoToIt) {
     QCoreApplication::processEvents();
     const PaintCount count(*List().viewport());
     act();
-    return QTest::qWaitFor([&count] { return count.paints > 0; }, 1000);
+    return QTest::qWaitFor([&count] { return count.paints > 0; });
   };
   const auto selected = [this] { return List().viewport()->grab(List().RowOf(1)).toImage(); };
   List().setFocus();

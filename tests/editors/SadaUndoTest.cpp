@@ -217,6 +217,35 @@ TEST_F(SadaUndoTest, CallsANewCollectionThatAnotherOneFollowsAtOnceOneStep) {
   EXPECT_EQ(sada_.Text(SadaText::Name), "Jine");
 }
 
+TEST_F(SadaUndoTest, TakesNoStepBackToWhatWasLeft) {
+  OpenCaves({"A", "*B"});
+  sada_.SetText(SadaText::Name, "Jine");
+  Saved("o.zk");
+  ASSERT_TRUE(sada_.Open(Path("o.zk")));
+  std::vector<std::size_t> bytes;
+  for (int again = 0; again < 3; ++again) {
+    sada_.New();
+    ASSERT_TRUE(sada_.Open(Path("o.zk")));
+    bytes.push_back(sada_.HistoryBytes());
+  }
+  EXPECT_EQ(sada_.UndoSteps(), std::vector<SadaStep>{{SadaAct::Name}});
+  EXPECT_EQ(bytes[2], bytes[0]);
+  sada_.Undo();
+  EXPECT_EQ(sada_.FileName(), Path("o.zk"));
+  EXPECT_NE(sada_.Text(SadaText::Name), "Jine");
+  EXPECT_TRUE(sada_.Chg());
+}
+
+TEST_F(SadaUndoTest, TakesAStepToAnotherFileOfTheSame) {
+  OpenCaves({"A"});
+  Saved("o.zk");
+  Saved("jinam.zk");
+  ASSERT_TRUE(sada_.Open(Path("o.zk")));
+  EXPECT_EQ(sada_.UndoSteps(), std::vector<SadaStep>{{SadaAct::Open}});
+  sada_.Undo();
+  EXPECT_EQ(sada_.FileName(), Path("jinam.zk"));
+}
+
 TEST_F(SadaUndoTest, KeepsTheNewFileOfACollectionThatWasSavedElsewhere) {
   OpenCaves({"A", "B"});
   sada_.Delete();

@@ -67,10 +67,10 @@ TEST_F(ToolHintTest, IsPaintedAnewWhenADogOrAToolIsChosen) {
   QCoreApplication::processEvents();
   Child<ToolHint>("ToolHint").installEventFilter(&paints);
   Pick(kDogTool, Qt::LeftButton);
-  EXPECT_TRUE(QTest::qWaitFor([&] { return paints.count > 0; }, 1000));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return paints.count > 0; }));
   paints.count = 0;
   Action("Dog(3)").trigger();
-  EXPECT_TRUE(QTest::qWaitFor([&] { return paints.count > 0; }, 1000));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return paints.count > 0; }));
 }
 
 // Each mouse has its button in the colour that the frame in the palette has.

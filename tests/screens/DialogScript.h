@@ -4,27 +4,32 @@
 
 #include <QApplication>
 #include <QDialog>
-#include <QElapsedTimer>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPointer>
 #include <QTest>
 #include <QTimer>
+#include <algorithm>
 #include <deque>
 #include <functional>
 #include <initializer_list>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace zorik::test {
 
 // Does one thing to each dialog that opens, in their order; each is to close its dialog. Dialogs that nothing
-// is said about are closed, and are an error, as are things left over at the end.
+// is said about are closed, and are an error, as are things left over at the end. One that is open before, as
+// the score from which a box comes, is none of its business, however long it takes until the next one opens.
 class DialogScript {
  public:
   using Act = std::function<void(QWidget& dialog)>;
 
   DialogScript(std::initializer_list<Act> acts) : acts_(acts) {
+    for (QWidget* const window : QApplication::topLevelWidgets()) {
+      if (window->isModal() && window->isVisible()) before_.emplace_back(window);
+    }
     timer_.callOnTimeout([this] { Look(); });
     timer_.start(2);
   }
@@ -32,12 +37,14 @@ class DialogScript {
   DialogScript(const DialogScript&) = delete;
   DialogScript& operator=(const DialogScript&) = delete;
 
+  // Whether all that was foreseen has happened.
+  bool Done() const { return acts_.empty() && acting_ == nullptr; }
+
  private:
   void Look() {
     QWidget* const dialog = QApplication::activeModalWidget();
-    if (dialog == nullptr || !dialog->isVisible()) return;
-    // One that is on its way out needs a moment on a busy machine.
-    if (acts_.empty() && dialog == done_ && since_.elapsed() < kWayOut) return;
+    if (dialog == nullptr || !dialog->isVisible() || WasOpen(dialog)) return;
+    if (acts_.empty() && dialog == acting_) return;
     if (acts_.empty()) {
       const auto* const text = dialog->findChild<QLabel*>("lblText");
       ADD_FAILURE() << "a dialog too many: " << dialog->windowTitle().toStdString() << ": "
@@ -47,16 +54,18 @@ class DialogScript {
     }
     const Act act = std::move(acts_.front());
     acts_.pop_front();
-    done_ = dialog;
-    since_.start();
+    const QPointer<QWidget> outer = std::exchange(acting_, dialog);
     act(*dialog);
+    acting_ = outer;
   }
 
-  static constexpr int kWayOut = 2000;  // milliseconds
+  bool WasOpen(const QWidget* dialog) const {
+    return std::find(before_.begin(), before_.end(), dialog) != before_.end();
+  }
 
   std::deque<Act> acts_;
-  QPointer<QWidget> done_;  // the dialog that the last act was done to
-  QElapsedTimer since_;
+  std::vector<QPointer<QWidget>> before_;
+  QPointer<QWidget> acting_;  // the dialog that something is just being done to
   QTimer timer_;
 };
 

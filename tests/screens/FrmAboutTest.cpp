@@ -83,7 +83,7 @@ TEST_F(FrmAboutTest, TellsThatNothingOpensALink) {
   const DialogScript script = {Box("Zorík", "Program pro tento soubor nebyl nalezen:\nhttps://example.org/")};
   emit Words().linkActivated("https://example.org/");
   EXPECT_NE(desktop.Opened(), "");
-  QTest::qWait(300);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return script.Done(); }));
 }
 
 TEST_F(FrmAboutTest, IsWalkedThroughWithTheKeysAlone) {

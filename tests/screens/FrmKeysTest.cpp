@@ -190,7 +190,7 @@ TEST_F(FrmKeysTest, TakesTheButtonThatIsPressedNext) {
       EXPECT_EQ(Said(window), "Stiskni tlačítko ovladače. Esc nechá to staré, Delete nedá žádné.");
       pad.Button(button, true);
       pad.Button(button, false);
-      EXPECT_TRUE(QTest::qWaitFor([&] { return !Box(window, use).Asks(); }, 3000));
+      EXPECT_TRUE(QTest::qWaitFor([&] { return !Box(window, use).Asks(); }));
     };
     press(PadUse::Pause, 3);
     EXPECT_EQ(Box(window, PadUse::Pause).text(), "4");

@@ -341,7 +341,7 @@ TEST_F(FrmPoStCommands, TellsThatNoProgramTookTheLetterAsSoonAsItShowsAgain) {
   }
   window->show();
   const DialogScript script = {test::Press(Qt::Key_Return)};
-  QTest::qWait(700);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return script.Done(); }));
 }
 
 }  // namespace

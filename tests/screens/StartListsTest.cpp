@@ -414,7 +414,7 @@ TEST_F(ScrollButtons, GoOnWhileTheyAreHeld) {
   button.show();
   const QSignalSpy stepped(&button, &ScrollButton::Stepped);
   QTest::mousePress(&button, Qt::LeftButton, {}, {10, 40});
-  EXPECT_TRUE(QTest::qWaitFor([&] { return stepped.count() >= 3; }, 3000));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return stepped.count() >= 3; }));
   QTest::mouseRelease(&button, Qt::LeftButton, {}, {10, 40});
   const auto count = stepped.count();
   QTest::qWait(150);

@@ -1,10 +1,10 @@
-#include <QElapsedTimer>
 #include <QLabel>
 #include <QSignalSpy>
 
 #include "core/Speed.h"
 #include "screens/StartWords.h"
 #include "screens/TheatreScreen.h"
+#include "support/StopWatch.h"
 
 namespace zorik {
 namespace {
@@ -56,15 +56,11 @@ class TheatreTest : public test::TheatreScreen {
 TEST_F(TheatreTest, ShowsItselfWithTheSpeedForTheFirstThreeSecondsOfEveryRecord) {
   settings.Speed = 5;
   settings.SpeedR = 3;
+  const test::StopWatch leaves([&] { return !Bar().isVisible(); }, 4500);
   PlayRecord(LongRecord());
   EXPECT_TRUE(Bar().isVisible());
   EXPECT_EQ(Bar().SpeedText(), "2×");  // 41 milliseconds where play has 81
-  QElapsedTimer since;
-  since.start();
-  QTest::qWait(2700);
-  EXPECT_TRUE(Bar().isVisible());
-  ASSERT_TRUE(Wait([&] { return !Bar().isVisible(); }));
-  EXPECT_LT(since.elapsed(), 4500);
+  leaves.ExpectNotBefore(2700);
   Click("picRestart");
   EXPECT_TRUE(Bar().isVisible());
 }
@@ -72,9 +68,9 @@ TEST_F(TheatreTest, ShowsItselfWithTheSpeedForTheFirstThreeSecondsOfEveryRecord)
 TEST_F(TheatreTest, CountsItsThreeSecondsFromWhenTheRecordIsSeenToGoOn) {
   PlayRecord(LongRecord());
   window->WithDialog([] { QTest::qWait(3500); });
-  QTest::qWait(2500);
+  const test::StopWatch leaves([&] { return !Bar().isVisible(); }, 4500);
   EXPECT_TRUE(Bar().isVisible());
-  EXPECT_TRUE(Wait([&] { return !Bar().isVisible(); }));
+  leaves.ExpectNotBefore(2500);
 }
 
 TEST_F(TheatreTest, ComesWhenTheMouseMovesOrOneOfItsKeysIsPressedAndLeavesByItself) {
