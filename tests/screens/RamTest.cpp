@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
 #include <QPaintEvent>
+#include <QPainter>
+#include <QScreen>
 #include <QTest>
 
 #include "screens/BarColours.h"
@@ -94,6 +96,26 @@ TEST_F(ShownPicture, IsPaintedAsAWholeWhenItIsAnotherOne) {
   EXPECT_EQ(painted_.Take(), QRegion(0, 0, 100, 80)) << "it has another size";
 }
 
+// The picture goes three pixels to the right and two up: what is no longer covered is painted, and no more.
+TEST_F(ShownPicture, IsMovedOnTheScreenWhereItHasOnlyGoneFurtherOn) {
+  for (int y = 0; y < 70; ++y) {
+    for (int x = 0; x < 90; ++x) picture_.image.setPixel(x, y, qRgb(x, y, 7 * x + y));
+  }
+  ram_.Show(picture_);
+  painted_.Take();
+  const QPoint way(3, -2);
+  const QRect moved(3, 0, 87, 68);
+  const QImage before = picture_.image.copy(moved.translated(-way));
+  picture_.image.fill(Qt::red);
+  QPainter(&picture_.image).drawImage(moved.topLeft(), before);
+  const QRegion painted = QRegion(picture_.image.rect()) - moved;
+  ram_.ShowChange(picture_, {painted, moved, way});
+  EXPECT_EQ(painted_.Take(), painted.translated(5, 5));
+  const QImage shown = ram_.screen()->grabWindow(ram_.winId(), 5, 5, 90, 70).toImage();
+  EXPECT_EQ(shown.convertToFormat(QImage::Format_RGB32), picture_.image);
+  EXPECT_EQ(Pixel(4, 40), kBarColour.rgb());
+}
+
 TEST_F(ShownPicture, CanBeCopied) {
   picture_.image.setPixelColor(10, 10, Qt::red);
   EXPECT_EQ(ram_.Picture(), picture_.image);
@@ -156,6 +178,22 @@ TEST_F(OverlaidPicture, IsPaintedWhereSomethingLayAndWhereItLiesNow) {
   ram_.SetOverlay({});
   ram_.ShowChange(picture_, {});
   EXPECT_TRUE(painted_.Take().isEmpty()) << "nothing lies there any more";
+}
+
+TEST_F(OverlaidPicture, LeavesNothingOfWhatLayOverItWhereItHasMoved) {
+  ram_.SetOverlay(Dot(3, 2));
+  ram_.ShowChange(picture_, {});
+  ram_.SetOverlay(Dot(5, 6));
+  const QRect moved(20, 0, 70, 70);
+  ram_.ShowChange(picture_, {QRect(0, 0, 20, 70), moved, {20, 0}});
+  const QImage shown = ram_.screen()->grabWindow(ram_.winId()).toImage();
+  EXPECT_EQ(shown.pixelColor(40, 30), QColor(Qt::green));
+  EXPECT_EQ(shown.pixelColor(60, 30), QColor(Qt::green)) << "it has not gone along";
+  EXPECT_EQ(shown.pixelColor(60, 70), QColor(Qt::red)) << "the next one";
+  ram_.ShowChange(picture_, {QRect(0, 0, 20, 70), moved, {20, 0}});
+  const QImage again = ram_.screen()->grabWindow(ram_.winId()).toImage();
+  EXPECT_EQ(again.pixelColor(60, 70), QColor(Qt::red)) << "it stays where it is laid";
+  EXPECT_EQ(again.pixelColor(80, 70), QColor(Qt::green));
 }
 
 TEST_F(OverlaidPicture, ShowsWhatLiesOverItWhereItCannotBePaintedInPlace) {
