@@ -23,8 +23,7 @@ void OfferPage(Skin& skin, QWidget* parent, const std::string& record, const std
   if (!page) return say(kNoRecordWords.In(skin));
   const QString proposed = PathText(FileSystemName(CleanFileName(caveName) + ".html"));
   const QString path = AskForNewFile(
-      skin, parent,
-      {kAsPageWords.In(skin), kPageKindWords.In(skin), "html", HomeText() + '/' + proposed});
+      skin, parent, {kAsPageWords.In(skin), kPageKindWords.In(skin), "html", HomeText() + '/' + proposed});
   if (path.isEmpty() || WriteWhole(PathBytes(path), *page)) return;
   say(kNotStoredWords.In(skin) + '\n' + ShownPath(path));
 }
