@@ -16,6 +16,7 @@
 #include "data/Files.h"
 #include "data/Folders.h"
 #include "data/Result.h"
+#include "run/PlayOut.h"
 #include "skin/CavePainter.h"
 
 namespace zorik {
@@ -23,7 +24,7 @@ namespace {
 
 constexpr QSize kPictureSize(1560, 920);  // a whole view at the tiles' own size
 
-// A record may begin again for ever; no run that is worth showing is this long.
+// No run that is worth showing is this long.
 constexpr int kMostTicks = 100000;
 
 bool IsSet(const char* name) {
@@ -60,12 +61,6 @@ std::optional<std::string> FirstRecord(const std::string& folder) {
     if (bytes) return *bytes;
   }
   return std::nullopt;
-}
-
-void PlayToTheEnd(Hra& hra) {
-  for (int i = 0; i < kMostTicks; ++i) {
-    if (Tick(hra, {}) != TickEnd::Running) return;
-  }
 }
 
 // The words with what they speak of in its places; that itself is not looked at.
@@ -124,7 +119,7 @@ int PlayHeadless(const Paths& paths) {
     Print(words.NoCave);
     return 1;
   }
-  PlayToTheEnd(hra);
+  PlayOut(hra, kMostTicks);
   PrintVerdict(words, hra);
   const std::string picture = paths.AppPath + "/" + std::string(words.Picture);
   QByteArray bytes;

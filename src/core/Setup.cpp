@@ -4,6 +4,7 @@
 
 #include "core/Machine.h"
 #include "core/Patterns.h"
+#include "core/Schemes.h"
 #include "data/CaveO.h"
 #include "data/Collection.h"
 #include "data/Lines.h"
@@ -13,17 +14,12 @@
 namespace zorik {
 namespace {
 
-struct SchemeRow {
-  const char* name;
-  int hue;  // degrees
-};
-constexpr SchemeRow kClassic{"Classic", 300}, kCold{"Cold", 120}, kHot{"Hot", 340}, kNatural{"Natural", 230},
-    kMystery{"Mystery", 60};
+constexpr std::size_t kClassic = 0, kCold = 1, kHot = 2, kNatural = 3, kMystery = 4;  // places in kSchemes
 
 // By the cave's colouring.
-constexpr std::array<const SchemeRow*, 15> kSchemes{&kHot,  &kMystery, &kCold,    &kClassic, &kClassic,
-                                                    &kCold, &kNatural, &kNatural, &kHot,     &kClassic,
-                                                    &kCold, &kHot,     &kNatural, &kMystery, &kMystery};
+constexpr std::array<std::size_t, 15> kColourings{kHot,  kMystery, kCold,    kClassic, kClassic,
+                                                  kCold, kNatural, kNatural, kHot,     kClassic,
+                                                  kCold, kHot,     kNatural, kMystery, kMystery};
 
 void Frame(Hra& hra) {
   const auto steel = [&hra](int x, int y) { hra.SetObject({x, y}, kSteel, kFlat); };
@@ -48,9 +44,10 @@ void CopyRecord(Hra& hra, const CaveRecord& cave) {
   hra.TimeLimit = hra.ClockShown = cave.Time;
   hra.GemsNeeded = cave.GemsNeeded;
   hra.SlimePermeability = cave.SlimePermeability;
-  if (cave.Colouring < kSchemes.size()) {
-    hra.Scheme = kSchemes[cave.Colouring]->name;
-    hra.SchemeHue = kSchemes[cave.Colouring]->hue;
+  if (cave.Colouring < kColourings.size()) {
+    const SchemeRow& scheme = kSchemes[kColourings[cave.Colouring]];
+    hra.Scheme = scheme.name;
+    hra.SchemeHue = scheme.hue;
   }
 }
 

@@ -47,19 +47,21 @@ class Descriptor {
   int number_;
 };
 
+std::string Cannot(FileUse use, const std::string& path, const std::string& reason) {
+  return (use == FileUse::Read ? "cannot read " : "cannot write ") + path + ": " + reason;
+}
+
 // Says what the system's last call complained about.
-FileFailure SystemFailure(const std::string& action, const std::string& path) {
+FileFailure SystemFailure(FileUse use, const std::string& path) {
   const int error = errno;
-  const FileUse use = action == "write" ? FileUse::Write : FileUse::Read;
-  return {{"cannot " + action + " " + path + ": " + std::generic_category().message(error)},
-          TroubleOf(error, use)};
+  return {{Cannot(use, path, std::generic_category().message(error))}, TroubleOf(error, use)};
 }
 
 Result<Done, FileFailure> WriteAll(int file, const std::string& named, std::string_view bytes) {
   while (!bytes.empty()) {
     const ssize_t written = write(file, bytes.data(), bytes.size());
     if (written < 0 && errno == EINTR) continue;
-    if (written < 0) return SystemFailure("write", named);
+    if (written < 0) return SystemFailure(FileUse::Write, named);
     bytes.remove_prefix(static_cast<std::size_t>(written));
   }
   return Done{};
@@ -114,7 +116,7 @@ Result<Done, FileFailure> FillAndRename(NewFile& file, const std::string& path, 
   if (!written) return written;
   const bool kept = fsync(file.descriptor.number()) == 0 && file.descriptor.Close() &&
                     rename(file.path.c_str(), path.c_str()) == 0;
-  if (!kept) return SystemFailure("write", named);
+  if (!kept) return SystemFailure(FileUse::Write, named);
   return written;
 }
 
@@ -186,10 +188,11 @@ Result<std::string, FileFailure> ReadToEnd(const Descriptor& file, const std::st
   for (;;) {
     const ssize_t count = read(file.number(), piece.data(), piece.size());
     if (count < 0 && errno == EINTR) continue;
-    if (count < 0) return SystemFailure("read", path);
+    if (count < 0) return SystemFailure(FileUse::Read, path);
     if (count == 0) return bytes;
     bytes.append(piece.data(), static_cast<std::size_t>(count));
-    if (bytes.size() > kLargestFile) return FileFailure{{"cannot read " + path + ": the file is too large"}};
+    if (bytes.size() > kLargestFile)
+      return FileFailure{{Cannot(FileUse::Read, path, "the file is too large")}};
   }
 }
 
@@ -201,7 +204,7 @@ Result<std::size_t> ReadPiece(const Descriptor& file, const std::string& path, s
     const ssize_t count = pread(file.number(), buffer.data() + length, buffer.size() - length,
                                 static_cast<off_t>(from + length));
     if (count < 0 && errno == EINTR) continue;
-    if (count < 0) return SystemFailure("read", path);
+    if (count < 0) return SystemFailure(FileUse::Read, path);
     if (count == 0) break;
     length += static_cast<std::size_t>(count);
   }
@@ -236,8 +239,8 @@ Descriptor OpenAtOnce(const std::string& path) {
   return Descriptor(-1);
 }
 
-FileFailure NoFile(const std::string& action, const std::string& path) {
-  return {{"cannot " + action + " " + path + ": it is no regular file"}, FileTrouble::NoPlainFile};
+FileFailure NoFile(FileUse use, const std::string& path) {
+  return {{Cannot(use, path, "it is no regular file")}, FileTrouble::NoPlainFile};
 }
 
 // A number as std::to_string writes it, from the front of a text.
@@ -261,15 +264,15 @@ Result<std::string> ReadWhole(const std::string& path) {
 
 Result<std::string, FileFailure> ReadFile(const std::string& path) {
   const Descriptor file = OpenAtOnce(path);
-  if (!file.IsOpen()) return SystemFailure("read", path);
-  if (!IsRegular(file.number()) && !IsFolder(file.number())) return NoFile("read", path);
+  if (!file.IsOpen()) return SystemFailure(FileUse::Read, path);
+  if (!IsRegular(file.number()) && !IsFolder(file.number())) return NoFile(FileUse::Read, path);
   return ReadToEnd(file, path);
 }
 
 Result<std::string> ReadStart(const std::string& path, std::size_t most) {
   const Descriptor file = OpenAtOnce(path);
-  if (!file.IsOpen()) return SystemFailure("read", path);
-  if (!IsRegular(file.number())) return NoFile("read", path);
+  if (!file.IsOpen()) return SystemFailure(FileUse::Read, path);
+  if (!IsRegular(file.number())) return NoFile(FileUse::Read, path);
   std::string bytes(most, '\0');
   const Result<std::size_t> length = ReadPiece(file, path, 0, bytes);
   if (!length) return Failure{length.Message()};
@@ -279,8 +282,8 @@ Result<std::string> ReadStart(const std::string& path, std::size_t most) {
 
 Result<Done> ReadRest(const std::string& path, std::size_t from, std::span<char> buffer) {
   const Descriptor file = OpenAtOnce(path);
-  if (!file.IsOpen()) return SystemFailure("read", path);
-  if (!IsRegular(file.number())) return NoFile("read", path);
+  if (!file.IsOpen()) return SystemFailure(FileUse::Read, path);
+  if (!IsRegular(file.number())) return NoFile(FileUse::Read, path);
   if (SizeOf(file.number()) != from + buffer.size())
     return Failure{"cannot read " + path + ": the file has another size"};
   const Result<std::size_t> length = ReadPiece(file, path, from, buffer);
@@ -291,7 +294,7 @@ Result<Done> ReadRest(const std::string& path, std::size_t from, std::span<char>
 
 Result<std::string> ReadStream(const std::string& path) {
   const Descriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC));
-  if (!file.IsOpen()) return SystemFailure("read", path);
+  if (!file.IsOpen()) return SystemFailure(FileUse::Read, path);
   Result<std::string, FileFailure> bytes = ReadToEnd(file, path);
   if (!bytes) return Failure{bytes.Message()};
   return *std::move(bytes);
@@ -310,9 +313,9 @@ Result<Done> WriteWhole(const std::string& path, std::string_view bytes) {
 
 Result<Done, FileFailure> WriteFile(const std::string& path, std::string_view bytes) {
   const std::string target = BehindLinks(path);
-  if (HoldsZero(path) || IsNoFile(target)) return NoFile("write", path);
+  if (HoldsZero(path) || IsNoFile(target)) return NoFile(FileUse::Write, path);
   NewFile file = MakeFileBeside(target);
-  if (!file.descriptor.IsOpen()) return SystemFailure("write", path);
+  if (!file.descriptor.IsOpen()) return SystemFailure(FileUse::Write, path);
   Result<Done, FileFailure> filled = FillAndRename(file, target, path, bytes);
   if (filled) {
     SyncFolder(target);

@@ -4,6 +4,7 @@
 
 #include "data/CaveO.h"
 #include "data/Lines.h"
+#include "data/Result.h"
 #include "data/Scramble.h"
 
 namespace zorik {
@@ -42,6 +43,12 @@ RecordHead ReadRecordHead(RecordLines& lines) {
   head.Player = UnscrambleText(lines.Next());
   head.CaveText = UnscrambleText(lines.Next());
   return head;
+}
+
+bool HoldsRecord(std::string_view bytes) {
+  RecordLines lines{std::string(bytes)};
+  const std::string caveText = ReadRecordHead(lines).CaveText;
+  return !caveText.empty() && ParseCaveText(caveText);
 }
 
 std::string BuildRecordHead(std::string_view collectionName, int score, std::string_view player,

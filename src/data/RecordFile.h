@@ -49,6 +49,9 @@ std::string FiveDigits(int score);
 // Reads the three scrambled lines; missing lines give empty fields.
 RecordHead ReadRecordHead(RecordLines& lines);
 
+// Whether these are the bytes of a record: its third line tells a cave, which that of a collection does not.
+bool HoldsRecord(std::string_view bytes);
+
 // The first two lines of a record, with their line ends. The score is held to 0..99999.
 std::string BuildRecordHead(std::string_view collectionName, int score, std::string_view player,
                             Chance& decoration);

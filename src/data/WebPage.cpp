@@ -3,10 +3,8 @@
 #include <cstdint>
 #include <filesystem>
 
-#include "data/CaveO.h"
 #include "data/Collection.h"
 #include "data/Files.h"
-#include "data/Lines.h"
 #include "data/ProgramFolder.h"
 #include "data/RecordFile.h"
 #include "data/Result.h"
@@ -23,15 +21,9 @@ std::uint32_t ByteAt(std::string_view bytes, std::size_t place) {
   return place < bytes.size() ? static_cast<unsigned char>(bytes[place]) : 0;
 }
 
-bool IsRecord(std::string_view bytes) {
-  RecordLines lines{std::string(bytes)};
-  const std::string text = ReadRecordHead(lines).CaveText;
-  return !text.empty() && ParseCaveText(text);
-}
-
 // What the page calls it; empty for what it cannot show.
 std::string_view KindOf(std::string_view bytes) {
-  if (IsRecord(bytes)) return "record";
+  if (HoldsRecord(bytes)) return "record";
   const Result<PlayedCollection> collection = ReadForPlay(bytes);
   return collection && !collection->Caves.empty() ? "collection" : "";
 }

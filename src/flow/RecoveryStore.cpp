@@ -41,7 +41,7 @@ bool IsThere(const std::string& path) {
   return fs::symlink_status(path, error).type() != fs::file_type::not_found;
 }
 
-Result<RecoveryFile> ReadFile(const std::string& path) {
+Result<RecoveryFile> ReadKept(const std::string& path) {
   std::error_code error;
   if (fs::file_size(path, error) > kLargestFile || error) return Failure{"cannot read " + path};
   const Result<std::string> bytes = ReadWhole(path);
@@ -51,7 +51,7 @@ Result<RecoveryFile> ReadFile(const std::string& path) {
 
 // One whose collection the editor could not open is none.
 std::optional<KeptEntry> EntryOf(const std::string& path) {
-  const Result<RecoveryFile> file = ReadFile(path);
+  const Result<RecoveryFile> file = ReadKept(path);
   if (!file) return std::nullopt;
   const Result<EditedCollection> sada = ReadForEditor(file->Sada.Bytes);
   if (!sada || sada->Closed || sada->CaveList.empty()) return std::nullopt;
@@ -151,7 +151,7 @@ std::vector<KeptEntry> RecoveryStore::Discarded() const {
 }
 
 Result<KeptSada> RecoveryStore::Read(const KeptEntry& entry) {
-  Result<RecoveryFile> file = ReadFile(entry.Path);
+  Result<RecoveryFile> file = ReadKept(entry.Path);
   if (!file) return Failure{file.Message()};
   return std::move(file->Sada);
 }
@@ -194,11 +194,11 @@ Result<Done> RecoveryStore::MoveToDiscarded(const std::string& path, std::int64_
 
 // What is discarded twice is there once.
 void RecoveryStore::DropTwins(const std::string& path) const {
-  const Result<RecoveryFile> file = ReadFile(path);
+  const Result<RecoveryFile> file = ReadKept(path);
   if (!file) return;
   for (const std::string& other : FilesOf(discarded_)) {
     if (other == path) continue;
-    const Result<RecoveryFile> twin = ReadFile(other);
+    const Result<RecoveryFile> twin = ReadKept(other);
     if (twin && twin->Sada == file->Sada) unlink(other.c_str());
   }
 }

@@ -6,23 +6,12 @@
 #include "core/Machine.h"
 #include "data/CaveO.h"
 #include "data/Result.h"
+#include "run/PlayOut.h"
 
 namespace zorik {
 namespace {
 
 constexpr int kFading = 20;  // ticks
-
-TickEnd OneTick(Hra& replay) {
-  static constexpr KeySnapshot kNothing;
-  return Tick(replay, kNothing);
-}
-
-// A record that runs dry is damaged, and one that begins the cave again would do so for ever.
-bool Wins(Hra replay) {
-  TickEnd end = TickEnd::Running;
-  while (end == TickEnd::Running && !replay.RanDry) end = OneTick(replay);
-  return end == TickEnd::Won;
-}
 
 bool IsThere(const RunState& run, int number, Cell cell) {
   const Unit& unit = run.Dog[static_cast<std::size_t>(number)];
@@ -34,14 +23,15 @@ bool IsThere(const RunState& run, int number, Cell cell) {
 std::optional<Ghost> Ghost::Of(const std::string& bytes, std::string_view caveText) {
   auto run = std::make_unique<Hra>();
   if (!Replay(*run, bytes)) return std::nullopt;
-  if (WithoutMarker(run->CaveText) != WithoutMarker(caveText) || !Wins(*run)) return std::nullopt;
+  if (WithoutMarker(run->CaveText) != WithoutMarker(caveText) || !PlayOut(*Unwatched(*run)).Wins())
+    return std::nullopt;
   return Ghost(std::move(run));
 }
 
 void Ghost::Follow(const RunFacts& run) {
   if (run.Ticks < followed_) RestartCave(*run_);
   followed_ = run.Ticks;
-  while (run_->Ticks < followed_ && !run_->Win) OneTick(*run_);
+  while (run_->Ticks < followed_ && !run_->Win) Tick(*run_, {});
 }
 
 std::vector<Ghost::Place> Ghost::Beside(const RunState& run) const {

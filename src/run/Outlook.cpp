@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "core/Machine.h"
+#include "run/PlayOut.h"
 #include "solve/Impossible.h"
 #include "solve/Shorten.h"
 
@@ -16,8 +17,7 @@ constexpr std::uint64_t kTicksAQuestion = 16;  // between two questions of a sho
 constexpr std::size_t kMostLate = 100;         // ticks by which an old way may begin later
 
 std::unique_ptr<Hra> AsPractice(const Hra& run) {
-  auto copy = std::make_unique<Hra>(run);
-  copy->LeaveStage();
+  auto copy = Unwatched(run);
   TakeOver(*copy);
   copy->Kind = RunKind::Practice;
   return copy;

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "core/Machine.h"
+
 namespace zorik {
 
 bool UnitIsLost(const RunState& run) {
@@ -10,9 +12,8 @@ bool UnitIsLost(const RunState& run) {
 }
 
 bool NothingHelps(const RunState& run) {
-  const auto* const end = run.Dog.begin() + run.DogCount + 1;
-  const bool alive = std::any_of(run.Dog.begin(), end, [](const Unit& unit) { return unit.Alive; });
-  return !alive || run.Elapsed >= run.TimeLimit * kTicksPerSecond;
+  const bool dogs = LiveDogs(run) > 0 || run.TeleportDogBusy;
+  return !dogs || run.Elapsed >= run.TimeLimit * kTicksPerSecond;
 }
 
 }  // namespace zorik

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "core/Machine.h"
+#include "run/PlayOut.h"
 
 namespace zorik {
 namespace {
@@ -14,12 +15,6 @@ namespace {
 // from one to the next stays short beside the run, and their number the same, however long it is.
 constexpr int kFirstDistance = 16;  // ticks
 constexpr std::size_t kMostMoments = 256;
-
-std::unique_ptr<Hra> Unwatched(const Hra& run) {
-  auto copy = std::make_unique<Hra>(run);
-  copy->LeaveStage();
-  return copy;
-}
 
 // Whether the run writes a record of itself.
 bool Writes(const Hra& run) {

@@ -8,6 +8,7 @@
 #include "core/Hra.h"
 #include "data/Files.h"
 #include "data/Result.h"
+#include "run/PlayOut.h"
 #include "screens/SkinLabel.h"
 #include "screens/SkinPlacing.h"
 #include "screens/StartWords.h"
@@ -39,9 +40,7 @@ std::optional<int> TicksOf(const std::string& path) {
   Result<std::string> bytes = ReadWhole(path);
   const auto run = std::make_unique<Hra>();
   if (!bytes || !Replay(*run, std::move(*bytes))) return std::nullopt;
-  TickEnd end = TickEnd::Running;
-  while (end == TickEnd::Running && run->Ticks < kMostTicks) end = Tick(*run, {});
-  return end == TickEnd::Won && !run->RanDry ? std::optional(run->Elapsed) : std::nullopt;
+  return PlayOut(*run, kMostTicks).Wins() ? std::optional(run->Elapsed) : std::nullopt;
 }
 
 // The place of the default skin's table goes with the default skin's picture of the window. A skin that has

@@ -10,7 +10,6 @@
 #include "screens/SaveBox.h"
 #include "screens/StartWords.h"
 #include "skin/Skin.h"
-#include "skin/ToQString.h"
 
 namespace zorik {
 
@@ -22,9 +21,9 @@ void OfferPage(Skin& skin, QWidget* parent, const std::string& record, const std
   if (!pageTemplate) return say(kNoPageWords.In(skin));
   const Result<std::string> page = BuildWebPage(*pageTemplate, record);
   if (!page) return say(kNoRecordWords.In(skin));
-  const QString path = AskForNewFile(skin, parent,
-                                     {kAsPageWords.In(skin), kPageKindWords.In(skin), "html",
-                                      HomeText() + '/' + ToQString(CleanFileName(caveName)) + ".html"});
+  const QString proposed = PathText(FileSystemName(CleanFileName(caveName) + ".html"));
+  const QString path = AskForNewFile(
+      skin, parent, {kAsPageWords.In(skin), kPageKindWords.In(skin), "html", HomeText() + '/' + proposed});
   if (path.isEmpty() || WriteWhole(PathBytes(path), *page)) return;
   say(kNotStoredWords.In(skin) + '\n' + ShownPath(path));
 }

@@ -186,12 +186,20 @@ void Theatre::WhatKilledMe() {
   AskWhatKilled(*timeline_, skin_);
 }
 
-// The lines of the record, put together again.
-void Theatre::AsPage() {
+// Put together again of its lines. A last line that is empty shows by its end alone.
+std::string Theatre::RecordBytes() const {
   RecordLines lines = window_.Machine().WholeRecord;
-  std::string record(lines.Next());
-  while (!lines.AtEnd()) record += "\r\n" + std::string(lines.Next());
-  window_.WithDialog([&] { OfferPage(skin_, &window_, record, window_.Machine().CaveName); });
+  std::string_view line = lines.Next();
+  std::string bytes(line);
+  while (!lines.AtEnd()) {
+    line = lines.Next();
+    (bytes += "\r\n") += line;
+  }
+  return line.empty() ? bytes + "\r\n" : bytes;
+}
+
+void Theatre::AsPage() {
+  window_.WithDialog([&] { OfferPage(skin_, &window_, RecordBytes(), window_.Machine().CaveName); });
 }
 
 void Theatre::CouldBeSaved(int tick) {

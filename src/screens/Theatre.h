@@ -36,6 +36,9 @@ class Theatre : public RunControl {
   // The record that was played, once more at the speed of play.
   void PlayAgain();
 
+  // The bytes of the record that plays; the end of its last line is left out.
+  std::string RecordBytes() const;
+
   // The player takes over at a tick of the record.
   void TakeOverAt(int tick);
 

@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "run/PlayOut.h"
+
 namespace zorik {
 namespace {
 
@@ -20,8 +22,7 @@ void WayFinder::Forget() {
 // The way that was known may still lead there: what has been done of it is left out.
 void WayFinder::Ask(const Hra& run, Plan tryFirst) {
   const auto question = std::make_shared<Question>();
-  question->run = std::make_unique<Hra>(run);
-  question->run->LeaveStage();
+  question->run = Unwatched(run);
   const int done = std::clamp(run.Ticks - from_, 0, static_cast<int>(way_.size()));
   question->tryFirst = tryFirst.empty() ? Plan(way_.begin() + done, way_.end()) : std::move(tryFirst);
   background_.Start(

@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "core/Machine.h"
+#include "run/PlayOut.h"
 #include "skin/CavePainter.h"
 
 namespace zorik {
@@ -30,8 +31,7 @@ bool Adjacent(QPoint a, QPoint b) {
 
 void WayHint::Show(const Hra& run, const Plan& way) {
   Clear();
-  begin_ = std::make_unique<Hra>(run);
-  begin_->LeaveStage();
+  begin_ = Unwatched(run);
   way_ = way;
   steps_ = Footsteps(*begin_, way_, kSteps);
 }

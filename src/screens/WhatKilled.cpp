@@ -1,6 +1,6 @@
 #include "screens/WhatKilled.h"
 
-#include <utility>
+#include <memory>
 
 namespace zorik {
 namespace {
@@ -10,26 +10,18 @@ constexpr int kMostPieces = 800;
 
 }  // namespace
 
-WhatKilled::WhatKilled() {
-  next_.callOnTimeout([this] { Look(); });
-}
-
 void WhatKilled::Ask(const Timeline& run) {
-  rescue_ = std::make_unique<Rescue>(run);
-  pieces_ = 0;
-  next_.start(0);
+  const auto rescue = std::make_shared<Rescue>(run);
+  background_.Start([rescue](const std::atomic<bool>& dropped) { Look(*rescue, dropped); },
+                    [this, rescue] { Take(*rescue); });
 }
 
-void WhatKilled::Forget() {
-  next_.stop();
-  rescue_.reset();
+void WhatKilled::Look(Rescue& rescue, const std::atomic<bool>& dropped) {
+  for (int piece = 0; piece < kMostPieces && !dropped && !rescue.Go(kPiece); ++piece) continue;
 }
 
-void WhatKilled::Look() {
-  if (!rescue_->Go(kPiece) && ++pieces_ < kMostPieces) return;
-  const std::optional<Escape> found = rescue_->Found();
-  Forget();
-  if (found) {
+void WhatKilled::Take(const Rescue& rescue) {
+  if (const std::optional<Escape> found = rescue.Found()) {
     emit Found(found->tick);
   } else {
     emit NotFound();

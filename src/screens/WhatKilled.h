@@ -1,24 +1,21 @@
 #pragma once
 
 #include <QObject>
-#include <QTimer>
-#include <memory>
+#include <atomic>
 
 #include "run/Rescue.h"
+#include "screens/Background.h"
 
 namespace zorik {
 
-// Looks for the moment at which a lost run could still have been saved, piece by piece, so that the windows
-// go on meanwhile.
+// Looks in the background for the moment at which a lost run could still have been saved.
 class WhatKilled : public QObject {
   Q_OBJECT
 
  public:
-  WhatKilled();
-
   // Asks for a run whose last unit has died; an earlier question is forgotten.
   void Ask(const Timeline& run);
-  void Forget();
+  void Forget() { background_.Drop(); }
 
  signals:
   void Found(int tick);
@@ -26,11 +23,10 @@ class WhatKilled : public QObject {
   void NotFound();
 
  private:
-  void Look();
+  static void Look(Rescue& rescue, const std::atomic<bool>& dropped);
+  void Take(const Rescue& rescue);
 
-  std::unique_ptr<Rescue> rescue_;
-  int pieces_ = 0;  // that it has looked through
-  QTimer next_;
+  Background background_;
 };
 
 }  // namespace zorik

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstdio>
 #include <map>
 #include <memory>
@@ -283,7 +284,7 @@ class Cave {
     std::array<char, 8> share{};
     std::snprintf(share.data(), share.size(), "%.2f", mirror);
     Add(DoubtKind::Mirror, std::string(share.data()) + " of the cells equal their mirror", "cells",
-        {std::to_string(static_cast<int>(mirror * 100))});
+        {std::to_string(std::lround(mirror * 100))});
   }
 
   const CaveRecord& cave_;

@@ -3,10 +3,13 @@
 #include <string>
 #include <vector>
 
+#include "data/Collection.h"
 #include "data/Lines.h"
 #include "data/RecordFile.h"
+#include "data/Result.h"
 #include "data/Samples.h"
 #include "data/Scramble.h"
+#include "support/Scene.h"
 
 namespace zorik {
 namespace {
@@ -201,6 +204,21 @@ TEST(RecordHead, BuiltAndReadAgainIsTheSame) {
     EXPECT_EQ(head.Score, score);
     EXPECT_EQ(head.Player, player);
   }
+}
+
+TEST(HoldsRecord, TellsARecordFromACollectionAndFromAnythingElse) {
+  Chance decoration;
+  const std::string head = BuildRecordHead("Sada", 106, "hrac", decoration);
+  const std::string cave = ScrambleText(test::CaveTextOf({"W1TW"}), decoration);
+  EXPECT_TRUE(HoldsRecord(head + cave));
+  EXPECT_TRUE(HoldsRecord(head + cave + "\r\nAAAB\r\n"));
+  EditedCollection collection;
+  collection.CaveList = {test::CaveTextOf({"W1TW"}), test::CaveTextOf({"W1TW"})};
+  EXPECT_FALSE(HoldsRecord(*BuildCollection(collection, decoration)));
+  EXPECT_FALSE(HoldsRecord(head)) << "without its cave";
+  EXPECT_FALSE(HoldsRecord(head + ScrambleText("no cave", decoration)));
+  EXPECT_FALSE(HoldsRecord(test::CaveTextOf({"W1TW"})));
+  EXPECT_FALSE(HoldsRecord(""));
 }
 
 TEST(RecordFileName, JoinsCollectionAndCave) {

@@ -161,18 +161,21 @@ TEST(AGhost, IsNoneOfARecordThatDoesNotWin) {
       << "it begins again for ever";
 }
 
-// The dog takes a gem, for which chance is asked, and goes into the finish.
+// The dog takes a gem and goes into the finish; each step asks for chance.
 TEST(AGhost, IsNoneOfARecordThatRunsDry) {
   const Picture picture = {"WWWWW", "W1DTW", "WWWWW"};
   test::Numbers numbers;
   numbers.needed = 0;
-  const auto record = [&](const std::vector<int>& draw) {
-    return test::RecordOf(picture,
-                          {{.before = {1}, .direction = 39, .after = draw}, {.before = {1}, .direction = 39}},
-                          numbers);
+  const auto record = [&](const std::vector<int>& first, const std::vector<int>& last) {
+    return test::RecordOf(
+        picture,
+        {{.before = {1}, .direction = 39, .after = first}, {.before = {1}, .direction = 39, .after = last}},
+        numbers);
   };
-  EXPECT_TRUE(Ghost::Of(record({1}), test::CaveTextOf(picture, numbers)));
-  EXPECT_FALSE(Ghost::Of(record({}), test::CaveTextOf(picture, numbers)));
+  const std::string text = test::CaveTextOf(picture, numbers);
+  EXPECT_TRUE(Ghost::Of(record({1}, {1}), text));
+  EXPECT_FALSE(Ghost::Of(record({}, {1}), text));
+  EXPECT_FALSE(Ghost::Of(record({1}, {}), text)) << "in the tick of its win";
 }
 
 TEST(AGhost, ComesOfNoDamagedRecordToAnyHarm) {

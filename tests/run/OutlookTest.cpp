@@ -6,6 +6,7 @@
 #include "data/Result.h"
 #include "run/Outlook.h"
 #include "solve/Impossible.h"
+#include "support/Practised.h"
 #include "support/RandomCave.h"
 #include "support/Scene.h"
 
@@ -13,12 +14,6 @@ namespace zorik::test {
 namespace {
 
 constexpr std::uint64_t kEnough = 200'000;  // ticks
-
-std::unique_ptr<Hra> Practise(const Picture& picture, const Numbers& numbers) {
-  auto run = std::make_unique<Hra>(Play(picture, numbers));
-  run->Kind = RunKind::Practice;
-  return run;
-}
 
 const Picture kCorridor{"WWWWWWWWW", "W1;D;;;TW", "WWWWWWWWW"};
 

@@ -1,9 +1,7 @@
 // The bar of practice, and the player's own keys there.
 #include <QSignalSpy>
 
-#include "screens/PracticeBadge.h"
-#include "screens/PracticeBar.h"
-#include "screens/TheatreScreen.h"
+#include "screens/PracticeScreen.h"
 
 namespace zorik {
 namespace {
@@ -13,25 +11,11 @@ using test::Picture;
 using test::RecordOfKeys;
 using test::Wait;
 
-Picture LongWay() {
-  return {std::string(64, 'W'), "W1" + std::string(61, '.') + "W", std::string(64, 'W')};
-}
-
-class PracticeBarTest : public test::TheatreScreen {
+class PracticeBarTest : public test::PracticeScreen {
  protected:
-  void Practise(const Picture& picture = LongWay()) { Open(picture, {}, RunKind::Practice); }
-
-  zorik::Practice& Training() const { return window->Controls().Training(); }
   const PracticeBar& Its() const { return Training().Bar(); }
   BarButton* Of(const char* name) const { return Its().findChild<BarButton*>(name); }
   void ClickOn(const char* name) const { QTest::mouseClick(Of(name), Qt::LeftButton); }
-  QString Message() const { return window->Message().Text(); }
-
-  void GoTo(int x) {
-    QTest::keyPress(window.get(), Qt::Key_Right);
-    ASSERT_TRUE(Wait([&] { return Dog().x() >= x; }));
-    QTest::keyRelease(window.get(), Qt::Key_Right);
-  }
 
   // The captions of the buttons that show, with their keys.
   QStringList Buttons() const {

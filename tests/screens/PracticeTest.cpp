@@ -1,37 +1,20 @@
 #include <QSignalSpy>
 
 #include "core/Speed.h"
-#include "screens/PracticeBadge.h"
-#include "screens/TheatreScreen.h"
+#include "screens/PracticeScreen.h"
 
 namespace zorik {
 namespace {
 
 using test::CaveTextOf;
+using test::LongWay;
 using test::OneStepCave;
 using test::Picture;
 using test::RecordOfKeys;
 using test::Wait;
 
-// Sixty cells to go.
-Picture LongWay() {
-  return {std::string(64, 'W'), "W1" + std::string(61, '.') + "W", std::string(64, 'W')};
-}
-
-class PracticeTest : public test::TheatreScreen {
+class PracticeTest : public test::PracticeScreen {
  protected:
-  void Practise(const Picture& picture = LongWay()) {
-    Open(picture, {}, RunKind::Practice);
-    ASSERT_TRUE(window->Machine().Practising());
-  }
-
-  // Lets the dog go right until it is in this column.
-  void GoTo(int x) {
-    QTest::keyPress(window.get(), Qt::Key_Right);
-    ASSERT_TRUE(Wait([&] { return Dog().x() >= x; }));
-    QTest::keyRelease(window.get(), Qt::Key_Right);
-  }
-
   void GoBackTo(int tick) {
     QTest::keyPress(window.get(), Qt::Key_Backspace);
     ASSERT_TRUE(Wait([&] { return Tick() <= tick; }));
@@ -45,7 +28,6 @@ class PracticeTest : public test::TheatreScreen {
     ASSERT_TRUE(Wait([&] { return window->Machine().Win.has_value(); }));
   }
 
-  const PracticeBadge& Badge() const { return window->Controls().Training().Badge(); }
   QString Tip() const { return window->findChild<BarButton*>("picRestart")->toolTip(); }
 };
 
@@ -140,8 +122,7 @@ TEST_F(PracticeTest, BringsALostDogBack) {
   GoTo(2);
   window->Machine().SetField(Dog(), kSpace);
   ASSERT_TRUE(Wait([&] { return window->Bar().RestartPulses(); }));
-  EXPECT_EQ(window->Message().Text(),
-            "Podrž Backspace a vrať se v čase, nebo ať F7 najde, kdy to ještě šlo.");
+  EXPECT_EQ(Message(), "Podrž Backspace a vrať se v čase, nebo ať F7 najde, kdy to ještě šlo.");
   GoBackTo(1);
   EXPECT_FALSE(window->Bar().RestartPulses());
   EXPECT_TRUE(window->Machine().Dog[1].Alive);
@@ -159,8 +140,7 @@ TEST_F(PracticeTest, ShowsTheLastMomentAtWhichAnotherKeyWouldHaveSavedTheDog) {
   ASSERT_TRUE(Wait([&] { return LiveDogs(window->Machine()) == 0; }));
   const int death = Tick();
   Press(Qt::Key_F7);
-  ASSERT_TRUE(Wait(
-      [&] { return window->Message().Text() == "Tady se to ještě dalo zachránit. Zkus jinou klávesu."; }));
+  ASSERT_TRUE(Wait([&] { return Message() == "Tady se to ještě dalo zachránit. Zkus jinou klávesu."; }));
   EXPECT_LT(Tick(), death);
   EXPECT_EQ(LiveDogs(window->Machine()), 1);
   const int saved = Tick();
@@ -174,13 +154,13 @@ TEST_F(PracticeTest, SaysThatItHasNotFoundWhatWouldHaveHelped) {
   Practise({"WWWWW", "W1F.W", "WWWWW"});
   ASSERT_TRUE(Wait([&] { return LiveDogs(window->Machine()) == 0; }));
   Press(Qt::Key_F7);
-  EXPECT_TRUE(Wait([&] { return window->Message().Text() == "Nenalezeno: co by pomohlo, hra neví."; }));
+  EXPECT_TRUE(Wait([&] { return Message() == "Nenalezeno: co by pomohlo, hra neví."; }));
 }
 
 TEST_F(PracticeTest, LooksForNothingWhileADogLives) {
   Practise();
   Press(Qt::Key_F7);
-  EXPECT_EQ(window->Message().Text(), "Ještě je koho vést.");
+  EXPECT_EQ(Message(), "Ještě je koho vést.");
 }
 
 TEST_F(PracticeTest, ShowsTheMomentInARecordToo) {
@@ -218,7 +198,7 @@ TEST_F(PracticeTest, ComesBackToItsMarkAlsoWhenThatWayWasUndone) {
 TEST_F(PracticeTest, SaysThatThereIsNoMarkYet) {
   Practise();
   Press(Qt::Key_F8);
-  EXPECT_EQ(window->Message().Text(), "Značka ještě není. Klávesa F5 ji udělá.");
+  EXPECT_EQ(Message(), "Značka ještě není. Klávesa F5 ji udělá.");
 }
 
 TEST_F(PracticeTest, ForgetsTheMarkOfAnotherRunAndKeepsItOverARestart) {
@@ -257,11 +237,11 @@ TEST_F(PracticeTest, GoesAtHalfTheSpeedAtAQuarterAndAtAllOfItAgain) {
 
 TEST_F(PracticeTest, OffersTheCaveInEarnestWhenItIsWonAndCountsNothing) {
   QSignalSpy won(window.get(), &HraWindow::RunWon);
-  QSignalSpy earnest(&window->Controls().Training(), &Practice::EarnestWanted);
+  QSignalSpy earnest(&Training(), &Practice::EarnestWanted);
   Press(Qt::Key_Return);
   PractiseToWin();
-  ASSERT_TRUE(Wait([&] { return window->Message().Text().contains("doopravdy"); }));
-  EXPECT_EQ(window->Message().Text(), "Vyhráno nanečisto. A teď doopravdy? (Enter)");
+  ASSERT_TRUE(Wait([&] { return Message().contains("doopravdy"); }));
+  EXPECT_EQ(Message(), "Vyhráno nanečisto. A teď doopravdy? (Enter)");
   EXPECT_EQ(earnest.count(), 0);
   Press(Qt::Key_Return);
   EXPECT_EQ(earnest.count(), 1);
@@ -272,9 +252,9 @@ TEST_F(PracticeTest, OffersNothingInEarnestWhereThereIsNobodyToPlay) {
   window->SetPlayer("/");
   Practise();
   EXPECT_TRUE(window->windowTitle().endsWith("...Trénink: nic se nezapisuje"));
-  QSignalSpy earnest(&window->Controls().Training(), &Practice::EarnestWanted);
+  QSignalSpy earnest(&Training(), &Practice::EarnestWanted);
   PractiseToWin();
-  ASSERT_TRUE(Wait([&] { return window->Message().Text() == "Vyhráno, i když jen nanečisto."; }));
+  ASSERT_TRUE(Wait([&] { return Message() == "Vyhráno, i když jen nanečisto."; }));
   Press(Qt::Key_Return);
   EXPECT_EQ(earnest.count(), 0);
 }
@@ -450,7 +430,7 @@ TEST_F(SteadyTest, LeavesTheRecordOfANormalRunTheSameByteForByte) {
   EXPECT_EQ(WinByKeys(), before);
   ASSERT_TRUE(window->Start(CaveTextOf({"WWWWWW", "W1D..T", "WWWWWW"}, {.needed = 1}), RunKind::Practice));
   QTest::keyPress(window.get(), Qt::Key_H);
-  ASSERT_TRUE(Wait([&] { return window->Controls().Training().Hint().Whole(); }));
+  ASSERT_TRUE(Wait([&] { return Training().Hint().Whole(); }));
   EXPECT_EQ(WinByKeys(), before);
 }
 

@@ -2,9 +2,7 @@
 #include <QElapsedTimer>
 #include <QSignalSpy>
 
-#include "screens/PracticeBadge.h"
-#include "screens/PracticeBar.h"
-#include "screens/TheatreScreen.h"
+#include "screens/PracticeScreen.h"
 #include "support/VirtualPad.h"
 
 namespace zorik {
@@ -22,16 +20,13 @@ const Picture kBoulders{"WWWWWWWW", "W1DRRRTW", "WWWWWWWW"};
 // Fourteen steps to the finish.
 const Picture kLongWay{"WWWWWWWWWWWWWWWWW", "W1D;;;;;;;;;;;;TW", "WWWWWWWWWWWWWWWWW"};
 
-class PracticeWays : public test::TheatreScreen {
+class PracticeWays : public test::PracticeScreen {
  protected:
-  void Practise(const Picture& picture, Numbers numbers = {.needed = 1}) {
-    Open(picture, std::move(numbers), RunKind::Practice);
+  void Practise(const Picture& picture, const Numbers& numbers = {.needed = 1}) {
+    PracticeScreen::Practise(picture, numbers);
   }
 
-  zorik::Practice& Training() const { return window->Controls().Training(); }
-  const PracticeBadge& Badge() const { return Training().Badge(); }
   const WayHint& Hint() const { return Training().Hint(); }
-  QString Message() const { return window->Message().Text(); }
 
   bool LightIs(Prospect light) const {
     return Wait([&] { return Badge().Light() == light; });

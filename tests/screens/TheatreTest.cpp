@@ -126,6 +126,17 @@ TEST_F(TheatreTest, OffersTheRecordAsAPageByAKeyAndByAButton) {
   }
 }
 
+// The last line of a run that is won has no end.
+TEST_F(TheatreTest, HasTheBytesOfTheRecordForThePage) {
+  const std::string record = WonRecord();
+  StandAt(record, 3);
+  EXPECT_EQ(Theatre().RecordBytes(), record);
+  PlayRecord(record + "\r\n");
+  EXPECT_EQ(Theatre().RecordBytes(), record);
+  PlayRecord(LongRecord() + "\r\n");
+  EXPECT_EQ(Theatre().RecordBytes(), LongRecord() + "\r\n") << "its last line is empty: it begins again";
+}
+
 TEST_F(TheatreTest, FindsRoomInEverySizeOfTheWindow) {
   StandAt(LongRecord(), 3);
   for (const QSize size : {QSize(480, 320), QSize(640, 400), QSize(936, 616), QSize(1300, 700)}) {

@@ -5,7 +5,7 @@
 
 #include "screens/WayFinder.h"
 #include "support/Patience.h"
-#include "support/Scene.h"
+#include "support/Practised.h"
 
 namespace zorik::test {
 namespace {
@@ -15,12 +15,6 @@ constexpr int kPatience = 20000;  // milliseconds
 const Picture kCorridor{"WWWWWWWWW", "W1;D;;;TW", "WWWWWWWWW"};
 // Nobody finds a way through three boulders, and nothing proves that there is none.
 const Picture kBoulders{"WWWWWWWW", "W1DRRRTW", "WWWWWWWW"};
-
-std::unique_ptr<Hra> Practise(const Picture& picture) {
-  auto run = std::make_unique<Hra>(Play(picture, {.needed = 1}));
-  run->Kind = RunKind::Practice;
-  return run;
-}
 
 bool Answers(WayFinder& finder) {
   return WaitFor([&] { return !finder.Asking(); }, kPatience);

@@ -2,7 +2,7 @@
 
 #include "screens/WayWatch.h"
 #include "support/Patience.h"
-#include "support/Scene.h"
+#include "support/Practised.h"
 
 namespace zorik::test {
 namespace {
@@ -13,11 +13,8 @@ const Picture kCorridor{"WWWWWWWWW", "W1;D;;;TW", "WWWWWWWWW"};
 const Picture kWalled{"WWWWWWWWW", "W1;D;;WTW", "WWWWWWWWW"};
 
 // A run in practice after so many ticks.
-std::unique_ptr<Hra> Practise(const Picture& picture, int ticks) {
-  auto run = std::make_unique<Hra>(Play(picture, {.needed = 1}));
-  run->Kind = RunKind::Practice;
-  Pass(*run, ticks);
-  return run;
+std::unique_ptr<Hra> Practised(const Picture& picture, int ticks) {
+  return Practise(picture, {.needed = 1}, ticks);
 }
 
 bool Answers(WayWatch& watch) {
@@ -27,7 +24,7 @@ bool Answers(WayWatch& watch) {
 TEST(WayWatch, KnowsOfEarlierMomentsWhatItKnowsOfALaterOne) {
   WayWatch watch;
   EXPECT_EQ(watch.At(5), Prospect::NoneYet);
-  watch.WentOn(*Practise(kCorridor, 5));
+  watch.WentOn(*Practised(kCorridor, 5));
   ASSERT_TRUE(Answers(watch));
   EXPECT_EQ(watch.At(5), Prospect::Known);
   EXPECT_EQ(watch.At(0), Prospect::Known);
@@ -37,7 +34,7 @@ TEST(WayWatch, KnowsOfEarlierMomentsWhatItKnowsOfALaterOne) {
 
 TEST(WayWatch, TakesALostRunForLostFromThereOn) {
   WayWatch watch;
-  watch.WentOn(*Practise(kWalled, 5));
+  watch.WentOn(*Practised(kWalled, 5));
   ASSERT_TRUE(Answers(watch));
   EXPECT_EQ(watch.At(5), Prospect::Impossible);
   EXPECT_EQ(watch.At(9), Prospect::Impossible);
@@ -47,15 +44,15 @@ TEST(WayWatch, TakesALostRunForLostFromThereOn) {
 // Who has gone back and goes on in another way leaves behind what was known of the first one.
 TEST(WayWatch, AsksAnewWhereTheRunGoesOnInAnotherWay) {
   WayWatch watch;
-  watch.WentOn(*Practise(kWalled, 5));
+  watch.WentOn(*Practised(kWalled, 5));
   ASSERT_TRUE(Answers(watch));
-  watch.WentOn(*Practise(kCorridor, 5));
+  watch.WentOn(*Practised(kCorridor, 5));
   ASSERT_TRUE(Answers(watch));
   EXPECT_EQ(watch.At(5), Prospect::Known);
 }
 
 TEST(WayWatch, FindsItsWayAgainFromAnEarlierMoment) {
-  const auto run = Practise(kCorridor, 0);
+  const auto run = Practised(kCorridor, 0);
   Timeline past(*run);
   for (const char* const held : {"R", "", "R"}) {
     Tick(*run, Keys(held));

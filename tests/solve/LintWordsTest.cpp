@@ -258,6 +258,19 @@ TEST(LintWords, OfTheMirrorAreForMoreThanFourFifths) {
   EXPECT_EQ(hint({"1DRXK;", "1DRXKA"}), "0.83 of the cells equal their mirror");
 }
 
+// Nineteen of 23 pairs, 0.826.
+TEST(LintWords, OfTheMirrorAndTheirValueAreRoundedAlike) {
+  const std::string alike(18, ';');
+  const Picture picture{"1" + alike + "RRRRKKKK" + alike + "1"};
+  for (const Doubt& doubt : DoubtsAboutCave(CaveOf(picture))) {
+    if (doubt.kind != DoubtKind::Mirror) continue;
+    EXPECT_EQ(doubt.sentence, "0.83 of the cells equal their mirror");
+    EXPECT_EQ(doubt.values, std::vector<std::string>{"83"});
+    return;
+  }
+  FAIL();
+}
+
 TEST(Doubts, AreInTheOrderOfTheirKinds) {
   for (std::size_t i = 0; i < DoubtRows().size(); ++i) {
     const DoubtRow& row = DoubtRows()[i];

@@ -11,13 +11,16 @@ bool Never() {
   return false;
 }
 
-// Under how many of ten other seeds what was done in the walk wins.
-int Survived(const Walk& walk) {
-  const std::string text = CaveTextOf(walk.picture, walk.numbers);
-  const std::vector<Deed> deeds = ReviewOf(walk).deeds;
+// Under how many of so many other seeds what was done wins.
+int WonOf(std::uint64_t seeds, const std::string& caveText, const Review& review) {
   int won = 0;
-  for (std::uint64_t seed = 100; seed < 110; ++seed) won += FollowPlan(text, deeds, seed, Never) ? 1 : 0;
+  for (std::uint64_t seed = 100; seed < 100 + seeds; ++seed)
+    won += FollowPlan(caveText, review.deeds, seed, Never) ? 1 : 0;
   return won;
+}
+
+int Survived(const Walk& walk) {
+  return WonOf(10, CaveTextOf(walk.picture, walk.numbers), ReviewOf(walk));
 }
 
 // In each of these caves not a tick can be spared: the dog's last step is the last one that the time allows.
@@ -77,6 +80,15 @@ TEST(Odds, FollowADogThatGetsOffInPlaceOfAnother) {
   EXPECT_EQ(Survived(walk), 10);
 }
 
+// The review of the way that the solver finds.
+Result<Review> ReviewOfSolved(const RunTerms& terms, std::uint64_t mostTicks) {
+  const auto begin = BeginRun(terms);
+  if (!begin) return Failure{begin.Message()};
+  Solver solver(**begin, 1);
+  if (!solver.Go(mostTicks)) return Failure{"no way is found"};
+  return ReviewRecord(RecordOfPlan(terms, *solver.Found()));
+}
+
 // A butterfly circles below, and the boulder makes gems of it only if it falls on it. The dog's first boulder
 // moves at one try of four, so that each time he comes to the second one at another moment; he waits for the
 // same.
@@ -85,18 +97,11 @@ TEST(Odds, WaitForTheMonsterThatTheWinnerHit) {
                         "WWWWWWWW.WWWWWW", "WWWWWWWW.WWWWWW", "WWWWWWWW...WWWW", "WWWWWWWW.W.WWWW",
                         "WWWWWWWWU..WWWW", "WWWWWWWWWWWWWWW"};
   const RunTerms terms{CaveTextOf(picture, {.needed = 1}), "sada"};
-  const auto begin = BeginRun(terms);
-  ASSERT_TRUE(begin);
-  Solver solver(**begin, 1);
-  ASSERT_TRUE(solver.Go(4'000'000));
-  const Result<Review> review = ReviewRecord(RecordOfPlan(terms, *solver.Found()));
+  const Result<Review> review = ReviewOfSolved(terms, 4'000'000);
   ASSERT_TRUE(review) << review.Message();
   ASSERT_TRUE(std::any_of(review->deeds.begin(), review->deeds.end(),
                           [](const Deed& deed) { return deed.prey.has_value(); }));
-  int won = 0;
-  for (std::uint64_t seed = 100; seed < 120; ++seed)
-    won += FollowPlan(terms.caveText, review->deeds, seed, Never) ? 1 : 0;
-  EXPECT_GE(won, 18);
+  EXPECT_GE(WonOf(20, terms.caveText, *review), 18);
 }
 
 // A firefly flies up and down a shaft that the way crosses. When the dog comes there depends on the boulder,
@@ -105,16 +110,9 @@ TEST(Odds, PutOffWhatWouldKill) {
   const Picture picture{"WWWWWWWWWWWWW", "WWWWWWWW.WWWW", "WWWWWWWW.WWWW", "WWWWWWWW.WWWW", "W1R.;;;;.;D;T",
                         "WWW.WWWW.WWWW", "WWWWWWWW.WWWW", "WWWWWWWWFWWWW", "WWWWWWWWWWWWW"};
   const RunTerms terms{CaveTextOf(picture, {.needed = 1}), "sada"};
-  const auto begin = BeginRun(terms);
-  ASSERT_TRUE(begin);
-  Solver solver(**begin, 1);
-  ASSERT_TRUE(solver.Go(1'000'000));
-  const Result<Review> review = ReviewRecord(RecordOfPlan(terms, *solver.Found()));
+  const Result<Review> review = ReviewOfSolved(terms, 1'000'000);
   ASSERT_TRUE(review) << review.Message();
-  int won = 0;
-  for (std::uint64_t seed = 100; seed < 120; ++seed)
-    won += FollowPlan(terms.caveText, review->deeds, seed, Never) ? 1 : 0;
-  EXPECT_GE(won, 18);
+  EXPECT_GE(WonOf(20, terms.caveText, *review), 18);
 }
 
 }  // namespace

@@ -38,5 +38,29 @@ TEST(Snapshot, OfABeginningTakesLittle) {
   EXPECT_LT(Snapshots::SizeOf(snapshots.Keep(run)), sizeof(RunFacts) + 200);
 }
 
+TEST(Snapshot, TellsHowMuchItTakes) {
+  Hra run = Play({"WWWWWWWWWWWW", "W1;;R;D;FF.W", "W;;;;;;;...W", "W;A;D;U.;;;W", "WWWWWWWWWWWW"});
+  const Snapshots snapshots(run);
+  for (int i = 0; i < 50; ++i) Tick(run, {});
+  const auto kept = snapshots.Keep(run);
+  EXPECT_GT(kept.lines.size(), 3U);
+  EXPECT_GE(Snapshots::SizeOf(kept), sizeof(RunFacts) + kept.lines.size() * 2 + kept.words.size() * 8);
+}
+
+TEST(Snapshot, BringsBackTheScoreAndTheGems) {
+  Hra run = Play({"WWWWWW", "W1DD;W", "WWWWWW"}, {.needed = 1});
+  const Snapshots snapshots(run);
+  Pass(run, 1, "R");
+  const int score = run.Score;
+  const Picture drawn = Drawn(run);
+  const auto kept = snapshots.Keep(run);
+  Pass(run, 1, "R");
+  ASSERT_NE(run.Score, score);
+  snapshots.Restore(run, kept);
+  EXPECT_EQ(run.Score, score);
+  EXPECT_EQ(run.GemsCollected, 1);
+  EXPECT_EQ(Drawn(run), drawn);
+}
+
 }  // namespace
 }  // namespace zorik::test

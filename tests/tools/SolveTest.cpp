@@ -142,6 +142,19 @@ TEST_F(Solve, IsAtWorkForItsSecondsIfOnlyWorkCounts) {
   EXPECT_LT(work, 1.4);
 }
 
+// The way is found at once, and the rest of the work goes into a shorter one.
+TEST_F(Solve, IsAtWorkForItsShorteningTooIfOnlyWorkCounts) {
+  const std::string cave = folder.Write("cave", ShortCave());
+  const BusyNeighbour neighbour;
+  ASSERT_TRUE(neighbour.IsThere());
+  const std::clock_t start = std::clock();
+  const Told told = Zktool({"solve", cave, "--shorten", "0.4", "--work-time"});
+  const double work = static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
+  EXPECT_EQ(told.out.substr(0, 4), "won ") << told.out;
+  EXPECT_GE(work, 0.4);
+  EXPECT_LT(work, 1.4);
+}
+
 TEST_F(Solve, EndsWithinItsSecondsPlusOne) {
   const std::string cave = folder.Write("cave", Vain());
   const auto start = std::chrono::steady_clock::now();

@@ -14,6 +14,7 @@
 #include <string_view>
 #include <vector>
 
+#include "core/Schemes.h"
 #include "data/Collection.h"
 #include "data/Cp1250.h"
 #include "data/Files.h"
@@ -26,8 +27,6 @@
 
 namespace zorik {
 namespace {
-
-constexpr std::array<std::string_view, 5> kSchemes{"Classic", "Cold", "Hot", "Natural", "Mystery"};
 
 struct Language {
   const char* code;
@@ -168,7 +167,7 @@ int Run(const QString& skins, const QString& sounds, const QString& caves, const
   std::vector<std::string> sets;
   for (const std::string_view set : kTileSets) sets.push_back(JsonText(set));
   JsonObject schemes, texts, words, collections;
-  for (const std::string_view scheme : kSchemes) schemes.Raw(scheme, pictures.Write(scheme));
+  for (const SchemeRow& scheme : kSchemes) schemes.Raw(scheme.name, pictures.Write(scheme.name));
   for (const Language& language : kLanguages) {
     const SkinPlaces places{skins.toStdString(), language.skin};
     texts.Raw(language.code, TextsIn(places));

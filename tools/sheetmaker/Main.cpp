@@ -12,6 +12,7 @@
 #include <string_view>
 #include <vector>
 
+#include "core/Schemes.h"
 #include "data/Result.h"
 #include "skin/TileSets.h"
 #include "view/ZornePole.h"
@@ -19,7 +20,6 @@
 namespace zorik {
 namespace {
 
-constexpr std::array<std::string_view, 5> kSchemes{"Classic", "Cold", "Hot", "Natural", "Mystery"};
 constexpr std::array<int, 3> kSizes{98, 49, 24};
 constexpr int kSheetColumns = 16;
 // A picture as cells: each holds one frame.
@@ -145,8 +145,8 @@ int main(int argc, char** argv) {
     std::fputs("usage: sheetmaker SKINS FOLDER\n", stderr);
     return 2;
   }
-  for (const std::string_view scheme : zorik::kSchemes) {
-    const zorik::Result<zorik::Done> saved = zorik::SaveScheme(argv[1], scheme, argv[2]);
+  for (const zorik::SchemeRow& scheme : zorik::kSchemes) {
+    const zorik::Result<zorik::Done> saved = zorik::SaveScheme(argv[1], scheme.name, argv[2]);
     if (saved) continue;
     std::fprintf(stderr, "%s\n", saved.Message().c_str());
     return 1;

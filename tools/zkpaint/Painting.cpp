@@ -8,11 +8,9 @@
 #include <ostream>
 
 #include "data/Files.h"
-#include "data/Lines.h"
 #include "data/ProgramFolder.h"
 #include "data/RecordFile.h"
 #include "data/Result.h"
-#include "data/Scramble.h"
 #include "zkpaint/CaveFilm.h"
 #include "zktool/Caves.h"
 #include "zktool/PictureTerms.h"
@@ -28,15 +26,6 @@ constexpr std::array<Option, 6> kOptions{
 bool HoldsSkin(const fs::path& skins) {
   std::error_code error;
   return fs::is_directory(skins / kDefaultSkin / "Game", error);
-}
-
-// The third line of a record is a scrambled cave; that of a collection is not.
-bool IsRecord(const std::string& bytes) {
-  RecordLines lines(bytes);
-  for (int line = 0; line < 2; ++line) lines.Next();
-  const std::string_view third = lines.Next();
-  if (third.empty() || !IsScrambled(third)) return false;
-  return static_cast<bool>(ParseCaveText(UnscrambleText(third)));
 }
 
 Needed<std::string> ChosenCave(const CaveSet& set, const std::string& path, int number) {
@@ -67,7 +56,7 @@ Needed<Done> Open(CaveFilm& film, const std::string& path, int number) {
   if (fs::is_directory(path, error)) return OpenCave(film, ReadCaves(path), path, number);
   Result<std::string> bytes = ReadStream(path);
   if (!bytes) return Refusal{{bytes.Message()}, Exit::CannotRead};
-  if (IsRecord(*bytes)) return Opened(film.OpenRecord(*bytes), path);
+  if (HoldsRecord(*bytes)) return Opened(film.OpenRecord(*bytes), path);
   return OpenCave(film, ReadCavesIn(path, std::move(*bytes)), path, number);
 }
 

@@ -1,20 +1,20 @@
 #include "zktool/PictureTerms.h"
 
 #include <algorithm>
-#include <array>
 
+#include "core/Schemes.h"
 #include "data/Result.h"
 
 namespace zorik {
 namespace {
 
 constexpr int kMostPixels = 80;  // the edge of a tile: more would show nothing more
-constexpr std::array<std::string_view, 5> kSchemes{"Classic", "Cold", "Hot", "Natural", "Mystery"};
 
 Result<std::string> SchemeBehind(const CommandLine& line) {
   if (!line.Has("--scheme")) return std::string();
   const std::string& scheme = line.Value("--scheme");
-  if (std::find(kSchemes.begin(), kSchemes.end(), scheme) != kSchemes.end()) return scheme;
+  const auto named = [&](const SchemeRow& row) { return row.name == scheme; };
+  if (std::any_of(kSchemes.begin(), kSchemes.end(), named)) return scheme;
   return Failure{"--scheme: Classic, Cold, Hot, Natural or Mystery"};
 }
 

@@ -28,11 +28,15 @@ double WorkSeconds() {
   return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
 }
 
+// Tells the seconds from now on, those of this thread's work or those on the clock.
+std::function<double()> Stopwatch(bool work) {
+  if (!work) return [start = SearchClock::now()] { return Since(start); };
+  return [before = WorkSeconds()] { return WorkSeconds() - before; };
+}
+
 // Looks for one plan; several threads may do so with seeds of their own, and the first ends the others.
 Solved Look(const Hra& begin, std::uint64_t seed, const SearchTerms& terms, std::atomic<bool>& found) {
-  const auto start = SearchClock::now();
-  const double before = WorkSeconds();
-  const auto spent = [&] { return terms.work ? WorkSeconds() - before : Since(start); };
+  const auto spent = Stopwatch(terms.work);
   const auto solver = std::make_unique<Solver>(begin, seed, terms.bytes, terms.avoided);
   Solved solved;
   while (!found && spent() < terms.seconds) {
@@ -91,7 +95,6 @@ Solved SolveCave(const RunTerms& run, const SearchTerms& terms,
   if (!begin) return {Outcome::BadCave, begin.Message(), {}, {}, 0, 0, 0, 0};
   if (const auto reason = WhyImpossible(**begin))
     return {Outcome::Impossible, *reason, {}, {}, 0, 0, 0, (*begin)->GemsNeeded};
-  const auto start = SearchClock::now();
   Solved solved = LookInLanes(**begin, run.seed, terms);
   if (solved.outcome != Outcome::Won) return solved;
   const auto store = [&] {
@@ -99,8 +102,8 @@ Solved SolveCave(const RunTerms& run, const SearchTerms& terms,
     if (keep) keep(solved.record);
   };
   store();
-  const double until = Since(start) + std::min(terms.shortening, terms.seconds - solved.seconds);
-  const auto enough = [&] { return Since(start) >= until; };
+  const double most = std::min(terms.shortening, terms.seconds - solved.seconds);
+  const auto enough = [&, spent = Stopwatch(terms.work)] { return spent() >= most; };
   const std::size_t length = solved.plan.size();
   solved.plan = MakeShort(**begin, std::move(solved.plan), ~run.seed, terms.bytes, enough, terms.avoided);
   if (solved.plan.size() < length) store();

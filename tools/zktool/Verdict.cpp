@@ -5,6 +5,7 @@
 
 #include "data/RecordFile.h"
 #include "data/Result.h"
+#include "run/PlayOut.h"
 
 namespace zorik {
 namespace {
@@ -34,20 +35,13 @@ Judgement Judge(Hra& hra, std::string bytes) {
   }
   judgement.stored = StoredScore(hra);
   judgement.verdict = Verdict::NotWon;
-  const KeySnapshot nothing;
-  bool ranDry = false;
-  TickEnd end = TickEnd::Running;
-  while (end == TickEnd::Running) {
-    judgement.ticks = hra.Ticks;
-    end = Tick(hra, nothing);
-    ranDry = ranDry || hra.RanDry;
-  }
-  if (end == TickEnd::Won) {
-    judgement.ticks = hra.Ticks;
+  const PlayedOut played = PlayOut(hra);
+  judgement.ticks = played.ticks;
+  if (played.end == TickEnd::Won) {
     judgement.score = hra.Win->Score;
     judgement.verdict = judgement.score == judgement.stored ? Verdict::Won : Verdict::ScoreDiffers;
   }
-  if (ranDry) judgement.verdict = Verdict::RanDry;
+  if (played.ranDry) judgement.verdict = Verdict::RanDry;
   return judgement;
 }
 
