@@ -74,6 +74,12 @@ void Game::Begin(bool firstStart) {
         this, [this, first] { files_.Add(first); }, Qt::QueuedConnection);
 }
 
+// An end that came while a box of the beginning was open has closed that box alone.
+int Game::Run(bool firstStart) {
+  Begin(firstStart);
+  return ended_ ? EXIT_SUCCESS : QCoreApplication::exec();
+}
+
 // Sound is opened when the first cave is, for the way to the sound card can be long.
 void Game::EndWithoutSound(const QString& why) {
   zorik::Tell(nullptr, kProgramTitle, why);
@@ -451,6 +457,7 @@ void Game::EndProgram() {
 
 // A box that waits for an answer goes unanswered.
 void Game::EndByDesktop() {
+  ended_ = true;
   if (frmSada_) frmSada_->Keeper().KeepForEnd();
   StoreMaximized(hra_.Maximised() && !hra_.isMinimized());
   QCoreApplication::exit();

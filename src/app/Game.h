@@ -45,6 +45,9 @@ class Game : public QObject {
   // before.
   void Begin(bool firstStart = false);
 
+  // Begins, and goes on until the program ends; answers its exit code.
+  int Run(bool firstStart);
+
   // Ends without asking anything; what is being edited is kept.
   void EndByDesktop();
 
@@ -108,6 +111,7 @@ class Game : public QObject {
   std::unique_ptr<FrmMain> frmMain_;  // likewise, of a cave
   const FrmCat* frmCat_ = nullptr;    // as long as the cat's program is edited
   bool caveOpen_ = false;             // a cave is with its editor
+  bool ended_ = false;                // by the desktop
   WinFlow winFlow_;
   OutsideFiles files_;
   Inbox& inbox_;

@@ -55,8 +55,7 @@ int Play(const zorik::Environment& environment) {
   const bool firstStart = zorik::IsFirstStart();
   zorik::Game game(*paths, zorik::FindSett(), inbox);
   const zorik::EndSignals ending([&game] { game.EndByDesktop(); });
-  game.Begin(firstStart);
-  return QApplication::exec();
+  return game.Run(firstStart);
 }
 
 int PlayWithoutDisplay(const zorik::Environment& environment) {

@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QTest>
+#include <QTimer>
 #include <cstdlib>
 
 #include "app/Game.h"
@@ -27,14 +28,18 @@ class GameFirstStart : public testing::Test {
     unsetenv("LC_ALL");
   }
 
-  // What the toe that plays is called then.
-  QString Begin(const char* desktop, std::initializer_list<DialogScript::Act> acts) {
+  void Make(const char* desktop) {
     std::filesystem::create_directories(folder.Root() + "/Players/Ada");
     setenv("LC_ALL", desktop, 1);
     Paths paths = folder.Paths();
     paths.ShippedSkins = ZORIK_BUILT_SKINS;
     inbox = std::make_unique<Inbox>(InboxPlace(folder.Root()));
     game = std::make_unique<Game>(paths, Settings{.Sound = false}, *inbox);
+  }
+
+  // What the toe that plays is called then.
+  QString Begin(const char* desktop, std::initializer_list<DialogScript::Act> acts) {
+    Make(desktop);
     const DialogScript script(acts);
     game->Begin(true);
     for (QWidget* const widget : QApplication::topLevelWidgets()) {
@@ -65,6 +70,19 @@ TEST_F(GameFirstStart, TakesTheOtherLanguageIfThatIsChosen) {
   const auto czech = [](QWidget& window) { window.findChild<QPushButton*>("Default")->click(); };
   EXPECT_EQ(Begin("en_GB.UTF-8", {czech}), "Hrát");
   EXPECT_EQ(FindSett().Skin, "Default");
+}
+
+TEST_F(GameFirstStart, EndsIfTheDesktopEndsWhileItAsks) {
+  Make("cs_CZ.UTF-8");
+  const DialogScript script({[this](QWidget& /*window*/) { game->EndByDesktop(); }});
+  constexpr int kStillRunning = 7;
+  QTimer late;
+  late.callOnTimeout([] { QCoreApplication::exit(kStillRunning); });
+  late.start(kPatience);
+  EXPECT_EQ(game->Run(true), EXIT_SUCCESS);
+  // The toolkit takes the end for lasting until it is run anew.
+  late.start(0);
+  QApplication::exec();
 }
 
 TEST_F(GameFirstStart, TellsOnceWhatIsWrongWithTheSkinThatIsChosenAsItIs) {
