@@ -63,5 +63,13 @@ TEST(ContactSheetTest, HoldsACollectionAsLargeAsThereIs) {
   EXPECT_LT(sheet.width(), 4000);
 }
 
+TEST(ContactSheetTest, FillsItsRowsFromTheLeft) {
+  for (std::size_t i = 0; i < 9; ++i) {
+    const QRect place = PlaceOnSheet(i, 9), first = PlaceOnSheet(0, 9);
+    EXPECT_EQ(place.top() == first.top(), i < 3) << i;
+    EXPECT_EQ(place.left() == first.left(), i % 3 == 0) << i;
+  }
+}
+
 }  // namespace
 }  // namespace zorik::test

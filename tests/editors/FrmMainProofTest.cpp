@@ -1,6 +1,7 @@
 #include <QCheckBox>
 #include <QPushButton>
 #include <QSignalSpy>
+#include <QSlider>
 #include <QSpinBox>
 #include <QTabWidget>
 #include <filesystem>
@@ -10,6 +11,7 @@
 #include "data/ProofFile.h"
 #include "data/Result.h"
 #include "editors/EditorScreen.h"
+#include "editors/Mnemonics.h"
 #include "editors/ProofDesk.h"
 #include "editors/ToolTable.h"
 #include "flow/SadaModel.h"
@@ -69,6 +71,15 @@ class FrmMainProofTest : public testing::Test, public test::EditorScreen {
     Answer();
     return Child<QLabel>("lblVerdict").text().toStdString();
   }
+  // Where the ring of the first dog is drawn, by its column in the row of the way; -1 for nowhere.
+  int Ring() const {
+    const QColor way(255, 210, 63);
+    const QImage shown = Shown();
+    for (int x = 0; x < window->Model().Width(); ++x) {
+      if (shown.pixelColor(x * 26 + 13, 26 + 3) == way) return x;
+    }
+    return -1;
+  }
   std::string Told() const { return Child<QLabel>("lblWork").text().toStdString(); }
   bool Offers() const { return Child<QWidget>("proofOffer").isVisible(); }
   void Press(const char* name) const { Child<QPushButton>(name).click(); }
@@ -87,6 +98,11 @@ TEST_F(FrmMainProofTest, SaysSoWhereThereIsNoProof) {
             "Komnata nemá důkaz, že se dá vyhrát. Stane se jím vyhraná zkouška, nebo nalezené řešení.");
   EXPECT_FALSE(Child<QPushButton>("btnTry").isEnabled());
   EXPECT_FALSE(Child<QPushButton>("btnRate").isEnabled());
+  EXPECT_FALSE(Child<QCheckBox>("chkWay").isEnabled());
+  EXPECT_FALSE(Child<QCheckBox>("chkUntouched").isEnabled());
+  OpenProven();
+  EXPECT_TRUE(Child<QCheckBox>("chkWay").isEnabled());
+  EXPECT_TRUE(Child<QCheckBox>("chkUntouched").isEnabled());
 }
 
 TEST_F(FrmMainProofTest, FindsTheProofBesideTheCollectionAndTellsThatItWins) {
@@ -286,6 +302,59 @@ TEST_F(FrmMainProofTest, SpeaksTheLanguageOfAnotherSkin) {
   window->SetLW();
   EXPECT_EQ(Verdict(), "The proof still wins: 7 ticks, 0.7 seconds.");
   EXPECT_EQ(Child<QPushButton>("btnSolve").text(), "Find a solution");
+}
+
+// The author takes over there.
+TEST_F(FrmMainProofTest, RingsTheDogWhereItStandsAfterTheChosenTick) {
+  OpenProven();
+  auto& tick = Child<QSpinBox>("numTick");
+  auto& slider = Child<QSlider>("sldTick");
+  EXPECT_EQ(Ring(), 1);
+  tick.setValue(3);
+  EXPECT_EQ(slider.value(), 3);
+  EXPECT_EQ(Ring(), 4);
+  slider.setValue(5);
+  EXPECT_EQ(tick.value(), 5);
+  EXPECT_EQ(Ring(), 6);
+}
+
+TEST_F(FrmMainProofTest, LeadsToTheMomentBeforeTheBreak) {
+  OpenProven();
+  Wall(5, 1);
+  Answer();
+  Press("btnGo");
+  EXPECT_EQ(Child<QSpinBox>("numTick").value(), 3);
+  EXPECT_EQ(Ring(), 4) << "the dog stands before the wall";
+}
+
+TEST_F(FrmMainProofTest, AsksForAYesOrANo) {
+  EXPECT_EQ(WithoutMnemonic(Child<QPushButton>("btnTake").text()), "Ano");
+  EXPECT_EQ(WithoutMnemonic(Child<QPushButton>("btnLeave").text()), "Ne");
+}
+
+TEST_F(FrmMainProofTest, KeepsALaterProofBesideTheFileThatTheCollectionHasByNow) {
+  OpenCave(kCave, false);
+  SadaModel sada({}, 1);
+  sada.SetText(SadaText::Name, "sada");
+  ASSERT_TRUE(sada.Save(folder.Path() + "/sada.zk"));
+  window->Proof().CollectionSaved(sada);
+  window->Proof().Won(RecordOf(kCave, kWay));
+  Press("btnTake");
+  EXPECT_EQ(*ReadWhole(Path()), RecordOf(kCave, kWay));
+  EXPECT_EQ(Told(), "");
+}
+
+TEST_F(FrmMainProofTest, KnowsTheCaveOfAWaitingProofThoughTheCollectionGotAnotherName) {
+  OpenCave(kCave, false);
+  window->Proof().Won(RecordOf(kCave, kWay));
+  Press("btnTake");
+  SadaModel sada({}, 1);
+  sada.New();
+  sada.SetText(SadaText::Name, "jina");
+  sada.SetSelected(TextOf(kCave));
+  ASSERT_TRUE(sada.Save(folder.Path() + "/jina.zk"));
+  window->Proof().CollectionSaved(sada);
+  EXPECT_EQ(*ReadWhole(ProofPath(folder.Path() + "/jina.zk", "Test")), RecordOf(kCave, kWay));
 }
 
 }  // namespace

@@ -209,5 +209,45 @@ TEST_F(SelectHandTest, TellsThatNoRowCanGo) {
   EXPECT_NE(Told(), "");
 }
 
+TEST_F(SelectHandTest, BeginsAnewByShiftWhereAnotherPartIsSelectedByNow) {
+  Move(1, 1, Qt::NoButton);
+  Type(Qt::Key_Right, Qt::ShiftModifier);
+  ASSERT_EQ(Selected(), QRect(1, 1, 2, 1));
+  Select({4, 3}, {5, 3});
+  Type(Qt::Key_Down, Qt::ShiftModifier);
+  EXPECT_EQ(Selected(), QRect(5, 3, 1, 2));
+}
+
+TEST_F(SelectHandTest, KeepsWhatIsLeftOfASelectionWhenTheCaveShrinks) {
+  Select({1, 1}, {5, 4});
+  Action("mnuDeleteColumn").trigger();
+  Action("mnuDeleteColumn").trigger();
+  EXPECT_EQ(Selected(), QRect(1, 1, 4, 4));
+  Action("mnuMirrorAside").trigger();
+  EXPECT_EQ(Letters(), (Picture{"WWWWW", "WW...", "WW...", "WW...", "WW...", "WWWWW"}));
+}
+
+TEST_F(SelectHandTest, TurnsInTheHandAndHangsAtThePointerAgain) {
+  Select({1, 1}, {3, 1});
+  Type(Qt::Key_C, Qt::ControlModifier);
+  Type(Qt::Key_V, Qt::ControlModifier);
+  Move(6, 2, Qt::NoButton);
+  ASSERT_EQ(Area().Over().blockPlace, QPoint(4, 2)) << "three cells wide";
+  Type(Qt::Key_T);
+  EXPECT_EQ(Area().Over().blockPlace, QPoint(6, 2)) << "one cell wide";
+}
+
+TEST_F(SelectHandTest, TellsHowWhatHangsIsPutDown) {
+  Select({2, 1}, {2, 2});
+  const auto use = [this] { return Child<QWidget>("lblTool").parentWidget()->toolTip(); };
+  const QString before = use();
+  Type(Qt::Key_C, Qt::ControlModifier);
+  Type(Qt::Key_V, Qt::ControlModifier);
+  EXPECT_NE(use(), before);
+  EXPECT_TRUE(use().contains("Enter")) << use().toStdString();
+  Type(Qt::Key_Escape);
+  EXPECT_EQ(use(), before);
+}
+
 }  // namespace
 }  // namespace zorik
