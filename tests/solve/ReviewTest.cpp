@@ -155,5 +155,15 @@ TEST(Odds, EndWhenItIsEnough) {
       FollowPlan(CaveTextOf(kPlain.picture, kPlain.numbers), ReviewOf(kPlain).deeds, 1, [] { return true; }));
 }
 
+// The amoeba asks for chance in every tick, the last one too.
+TEST(Review, RefusesARecordThatHoldsTooLittleChance) {
+  const std::string record =
+      RecordOf(Walk{{"WWWWWWW", "W1;DT;W", "WWWWWWW", "W.A...W", "WWWWWWW"}, {.needed = 1}, "RRR"});
+  ASSERT_TRUE(ReviewRecord(record));
+  const Result<Review> review = ReviewRecord(record.substr(0, record.size() - 1));
+  ASSERT_FALSE(review);
+  EXPECT_EQ(review.Message(), "the record is damaged");
+}
+
 }  // namespace
 }  // namespace zorik::test

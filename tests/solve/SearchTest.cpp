@@ -181,5 +181,13 @@ TEST(Solver, FindsAlsoWithLittleMemory) {
   EXPECT_TRUE(After(begin, *solver.Found()).Win);
 }
 
+// The amoeba becomes gems when it has filled its room, long after the time is up.
+TEST(Search, KeepsNoMomentAfterTheTimeIsUp) {
+  const Hra begin = Play({"WWWWWWWWW", "W1;;;;;;W", "WWWWWWWWW", "WA..WWWWW", "WWWWWWWWW"}, {.time = 1});
+  Search search(begin, 1, {});
+  search.Go(20'000);
+  EXPECT_LE(search.BestPlan().size(), 10U);
+}
+
 }  // namespace
 }  // namespace zorik::test
