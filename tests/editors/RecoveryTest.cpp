@@ -276,6 +276,16 @@ TEST_F(OfferTest, PutsTheOthersAmongTheDiscardedOnes) {
   EXPECT_EQ(Running(), 0U);
 }
 
+TEST_F(OfferTest, AsksNoMoreOnceOneIsTaken) {
+  Leave("Stara", 7200);
+  Leave("Nova", 60);
+  dialogs.Press("yes");
+  const std::optional<KeptEntry> taken = OfferLeft(skin, nullptr, Keeper().Store());
+  ASSERT_TRUE(taken);
+  EXPECT_EQ(taken->Name, "Nova");
+  EXPECT_EQ(Discarded(), Names{"Stara"});
+}
+
 TEST_F(OfferTest, CountsAnAgeInWhatIsEasyToRead) {
   KeptEntry entry;
   entry.Time = 1000000;

@@ -165,5 +165,10 @@ TEST(Review, RefusesARecordThatHoldsTooLittleChance) {
   EXPECT_EQ(review.Message(), "the record is damaged");
 }
 
+TEST(Review, TakesAPushAtFleasThatCannotMoveForIdleness) {
+  const Picture picture{"WWWWWWW", "W1;DT;W", "WWWWWWW", "WWWNWWW", "WWWWWWW"};
+  EXPECT_EQ(ReviewOf({picture, {.needed = 1}, "0UD1RRR"}).idleTicks, 2);
+}
+
 }  // namespace
 }  // namespace zorik::test

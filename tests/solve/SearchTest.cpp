@@ -189,5 +189,19 @@ TEST(Search, KeepsNoMomentAfterTheTimeIsUp) {
   EXPECT_LE(search.BestPlan().size(), 10U);
 }
 
+TEST(Search, ChoosesNoDogThatIsSteeredAlready) {
+  const Hra begin = Play({"1;D;;W", "WWWWWW", "2;;;;T"}, {.needed = 1});
+  for (std::uint64_t seed = 1; seed <= 20; ++seed) {
+    Search search(begin, seed, {});
+    ASSERT_TRUE(search.Go(kPatience));
+    Hra run = begin;
+    for (const Move move : *search.Found()) {
+      const bool chosen = move >= kChooseBase && run.ActiveDog == move - kChooseBase;
+      EXPECT_FALSE(chosen) << seed;
+      Tick(run, KeysOf(move));
+    }
+  }
+}
+
 }  // namespace
 }  // namespace zorik::test
