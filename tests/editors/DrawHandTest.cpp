@@ -330,5 +330,13 @@ TEST_F(DrawHandTest, TellsTheUseOfEachToolInBothLanguages) {
   }
 }
 
+TEST_F(DrawHandTest, ShowsOnItsButtonsWhichToolsFill) {
+  const auto middle = [this](const char* name) {
+    return Action(name).icon().pixmap(QSize(22, 22), 1.0).toImage().pixelColor(11, 11);
+  };
+  EXPECT_EQ(middle("mnuBox"), window->palette().color(QPalette::Highlight));
+  EXPECT_EQ(middle("mnuRectangle").alpha(), 0);
+}
+
 }  // namespace
 }  // namespace zorik

@@ -357,5 +357,24 @@ TEST_F(FrmMainProofTest, KnowsTheCaveOfAWaitingProofThoughTheCollectionGotAnothe
   EXPECT_EQ(*ReadWhole(ProofPath(folder.Path() + "/jina.zk", "Test")), RecordOf(kCave, kWay));
 }
 
+// The boulder moves at one try of four. The way is as long as the winner's luck allows in fifty ticks.
+TEST_F(FrmMainProofTest, TellsHowOftenThePlanWinsWithAnotherChance) {
+  std::string text, record;
+  for (std::size_t length = 50; record.empty() && length > 20; --length) {
+    const std::string row = "W1R." + std::string(length - 6, ';') + "DT";
+    text = test::CaveTextOf({std::string(length, 'W'), row, "WWW." + std::string(length - 4, 'W'),
+                             std::string(length, 'W'), std::string(length, 'W')},
+                            {.time = 5, .needed = 1});
+    record = RecordOfPlan({text, "sada", 0, {}}, PlanOf(std::string(50, 'R')));
+  }
+  ASSERT_TRUE(StoreProof(Path(), record));
+  ASSERT_EQ(window->Edit(text, origin), FrmMain::Start::Editing);
+  Answer();
+  Press("btnRate");
+  ASSERT_TRUE(WorkEnds());
+  EXPECT_NE(Told().find("krát z 20."), std::string::npos) << Told();
+  EXPECT_EQ(Told().find("vyhrál 20krát"), std::string::npos) << Told();
+}
+
 }  // namespace
 }  // namespace zorik

@@ -263,6 +263,9 @@ TEST_F(OfferTest, TellsNameAgeAndNumberOfCavesAndOpensTheOne) {
   EXPECT_EQ(Sada().Text(SadaText::Name), "Jedna");
   EXPECT_TRUE(window->isWindowModified());
   EXPECT_EQ(Running(), 1U) << "now it is this program's";
+  TypeName("Dal");
+  Keeper().Keep();
+  EXPECT_EQ(Running(), 1U) << "it is there once only";
   EXPECT_TRUE(RecoveryStore(RecoveryPath()).Left().empty());
 }
 
