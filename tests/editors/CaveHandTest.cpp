@@ -155,7 +155,9 @@ TEST_F(CaveHandTest, StaysWhereItIsWhenARowComesOrGoes) {
 }
 
 TEST_F(CaveHandTest, ShowsTheWholeCaveByItsButtonToo) {
-  QTest::mouseClick(&Child<QToolButton>("btnWhole"), Qt::LeftButton);
+  auto* const button = window->findChild<QToolButton*>("btnWhole");
+  ASSERT_NE(button, nullptr);
+  QTest::mouseClick(button, Qt::LeftButton);
   EXPECT_EQ(Area().SeenCells(), QRect(0, 0, 80, 50));
 }
 
