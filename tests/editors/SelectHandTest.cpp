@@ -49,6 +49,18 @@ TEST_F(SelectHandTest, SelectsWhatIsDraggedOver) {
   EXPECT_TRUE(window->isVisible());
 }
 
+TEST_F(SelectHandTest, FollowsThePointerWhereverItIsLed) {
+  Type(Qt::Key_S);
+  Press(3, 2);
+  for (const QPoint to : {QPoint(4, 3), QPoint(5, 4), QPoint(1, 1)}) {
+    Move(to.x(), to.y(), Qt::LeftButton);
+    EXPECT_EQ(Selected(), QRect(QPoint(std::min(3, to.x()), std::min(2, to.y())),
+                                QPoint(std::max(3, to.x()), std::max(2, to.y()))));
+  }
+  Release(1, 1);
+  EXPECT_EQ(Selected(), QRect(1, 1, 3, 2));
+}
+
 TEST_F(SelectHandTest, SelectsAllAndByKeys) {
   Type(Qt::Key_A, Qt::ControlModifier);
   EXPECT_EQ(Selected(), QRect(0, 0, 7, 6));
