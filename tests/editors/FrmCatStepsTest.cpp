@@ -74,6 +74,7 @@ TEST_F(FrmCatStepsTest, GoesBackSeveralStepsByTheirList) {
     EXPECT_EQ(Lines(), last);
     Steps();
     Action("mnuStep(0)").trigger();
+    EXPECT_TRUE(Action("mnuSteps").isEnabled()) << "there are steps that can be done again";
     Press("Command4");
   });
   EXPECT_EQ(program, "*A-A-B-D/Z");

@@ -199,6 +199,14 @@ TEST_F(FrmSadaTest, RefusesTheNinetySecondCaveSilentlyButCountsAsChanged) {
   EXPECT_TRUE(window->isWindowModified());
 }
 
+TEST_F(FrmSadaTest, NamesNewCavesInTheLanguageOfASkinThatIsWornMeanwhile) {
+  OpenCaves({"A"});
+  ASSERT_TRUE(skin.Apply(SkinPlaces{ZORIK_SKINS, "English"}));
+  window->SetLWEd();
+  Key(Qt::Key_F3);
+  EXPECT_EQ(Rows().front(), "*New small cave");
+}
+
 // The cave editor
 
 TEST_F(FrmSadaTest, HandsTheSelectedCaveToTheEditorAndCountsAsChanged) {
