@@ -338,5 +338,18 @@ TEST_F(DrawHandTest, ShowsOnItsButtonsWhichToolsFill) {
   EXPECT_EQ(middle("mnuRectangle").alpha(), 0);
 }
 
+TEST_F(DrawHandTest, EndsAStrokeWithAnotherTool) {
+  const Picture before = Letters();
+  Press(2, 2);
+  Type(Qt::Key_L);
+  Move(4, 2, Qt::LeftButton);
+  Release(4, 2);
+  Picture drawn = before;
+  drawn[2][2] = 'R';
+  EXPECT_EQ(Letters(), drawn);
+  Action("mnuUndo").trigger();
+  EXPECT_EQ(Letters(), before);
+}
+
 }  // namespace
 }  // namespace zorik

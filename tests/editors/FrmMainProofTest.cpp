@@ -376,5 +376,33 @@ TEST_F(FrmMainProofTest, TellsHowOftenThePlanWinsWithAnotherChance) {
   EXPECT_EQ(Told().find("vyhrál 20krát"), std::string::npos) << Told();
 }
 
+TEST_F(FrmMainProofTest, PutsNoDogWhereThePointerWasInAnotherCave) {
+  const QSignalSpy tries(&window->Proof(), &ProofDesk::TryCave);
+  Move(4, 3, Qt::NoButton);
+  QEvent leave(QEvent::Leave);
+  QApplication::sendEvent(&Area(), &leave);
+  OpenCave(kCave);
+  Action("mnuTryDog").trigger();
+  EXPECT_EQ(tries.count(), 0);
+}
+
+TEST_F(FrmMainProofTest, LosesNoWaitingProofThatCannotBeStored) {
+  OpenCave(kCave, false);
+  window->Proof().Won(RecordOf(kCave, kWay));
+  Press("btnTake");
+  SadaModel sada({}, 1);
+  sada.SetText(SadaText::Name, "sada");
+  const fs::path gone = folder.Path() + "/pryc";
+  fs::create_directory(gone);
+  ASSERT_TRUE(sada.Save(gone.string() + "/sada.zk"));
+  fs::remove_all(gone);
+  const test::Boxes boxes;
+  window->Proof().CollectionSaved(sada);
+  EXPECT_EQ(boxes.said.size(), 1);
+  ASSERT_TRUE(sada.Save(folder.Path() + "/sada.zk"));
+  window->Proof().CollectionSaved(sada);
+  EXPECT_EQ(*ReadWhole(Path()), RecordOf(kCave, kWay));
+}
+
 }  // namespace
 }  // namespace zorik

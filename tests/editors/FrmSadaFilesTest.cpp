@@ -453,5 +453,15 @@ TEST_F(FrmSadaFilesTest, LooksForAnotherFileBesideTheOneThatIsOpen) {
   Key(Qt::Key_O, Qt::ControlModifier);
 }
 
+TEST_F(FrmSadaFilesTest, ProposesAFileForACollectionWithoutAName) {
+  Open();
+  TypeName("?");
+  dialogs.Then([](QWidget& dialog) {
+    EXPECT_EQ(dialog.findChild<QLineEdit*>("fileNameEdit")->text(), "sada.zk");
+    dialog.close();
+  });
+  Action("mnuSaveAs").trigger();
+}
+
 }  // namespace
 }  // namespace zorik

@@ -261,5 +261,13 @@ TEST_F(SelectHandTest, TellsHowWhatHangsIsPutDown) {
   EXPECT_EQ(use(), before);
 }
 
+TEST_F(SelectHandTest, TakesTheKeysForWhatHangs) {
+  Select({2, 1}, {2, 2});
+  Type(Qt::Key_C, Qt::ControlModifier);
+  Tiles().setFocus();
+  Action("mnuPaste").trigger();
+  EXPECT_EQ(window->focusWidget(), &Area());
+}
+
 }  // namespace
 }  // namespace zorik
