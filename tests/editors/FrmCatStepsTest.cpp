@@ -147,5 +147,16 @@ TEST_F(FrmCatStepsTest, AsksForItsPageAndHasASheetOfShortcuts) {
   EXPECT_EQ(pages, QStringList("editovat.html"));
 }
 
+TEST_F(FrmCatStepsTest, HasNoProgramThatCouldBeLostOnceItIsShut) {
+  FrmCat window(skin_, nullptr);
+  EXPECT_EQ(window.Program(), std::nullopt);
+  dialogs_.Then([&window](QWidget& dialog) {
+    EXPECT_EQ(window.Program(), "*A-A/Z");
+    QTest::mouseClick(dialog.findChild<QPushButton*>("Command4"), Qt::LeftButton);
+  });
+  window.Edit("*A-A/Z");
+  EXPECT_EQ(window.Program(), std::nullopt);
+}
+
 }  // namespace
 }  // namespace zorik
