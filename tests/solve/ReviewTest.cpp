@@ -170,5 +170,10 @@ TEST(Review, TakesAPushAtFleasThatCannotMoveForIdleness) {
   EXPECT_EQ(ReviewOf({picture, {.needed = 1}, "0UD1RRR"}).idleTicks, 2);
 }
 
+TEST(Review, TakesAnAmoebaThatIsShutInAndTurnsForUsed) {
+  const Picture picture{"WWWWWWW", "W1;DT;W", "WWWWWWW", "WWWAWWW", "WWWWWWW"};
+  EXPECT_TRUE(Uses(ReviewOf({picture, {.needed = 1}, "RRR"}), "amoeba"));
+}
+
 }  // namespace
 }  // namespace zorik::test
