@@ -154,5 +154,37 @@ TEST_F(CaveHandTest, StaysWhereItIsWhenARowComesOrGoes) {
   EXPECT_EQ(Down().value(), 12);
 }
 
+TEST_F(CaveHandTest, ShowsTheWholeCaveByItsButtonToo) {
+  auto* const button = window->findChild<QToolButton*>("btnWhole");
+  ASSERT_NE(button, nullptr);
+  QTest::mouseClick(button, Qt::LeftButton);
+  EXPECT_EQ(Area().SeenCells(), QRect(0, 0, 80, 50));
+}
+
+TEST_F(CaveHandTest, LeavesTheOuterEdgeOfTheCaveWithoutALineOfTheGrid) {
+  const auto shown = [this](int x) { return Area().grab(QRect(x, 27, 1, 20)).toImage(); };
+  const QImage edge = shown(0), between = shown(26);
+  QTest::keyClick(window.get(), Qt::Key_G);
+  EXPECT_EQ(shown(0), edge);
+  EXPECT_NE(shown(26), between);
+}
+
+TEST_F(CaveHandTest, ScrollsAsSoonAsAStrokeIsOverTheEdge) {
+  Send(QEvent::MouseButtonPress, {17 * 26 + 5, 3 * 26 + 5}, Qt::LeftButton, Qt::LeftButton);
+  Send(QEvent::MouseMove, {Ram().width() + 3, 3 * 26 + 5}, Qt::NoButton, Qt::LeftButton);
+  EXPECT_TRUE(QTest::qWaitFor([this] { return Across().value() >= 4; }, 2000));
+  Send(QEvent::MouseButtonRelease, {Ram().width() + 3, 3 * 26 + 5}, Qt::LeftButton, Qt::NoButton);
+}
+
+TEST_F(CaveHandTest, TakesNoHoldOfThePictureWithinAStroke) {
+  const auto both = Qt::LeftButton | Qt::MiddleButton;
+  Send(QEvent::MouseButtonPress, {300, 200}, Qt::LeftButton, Qt::LeftButton);
+  Send(QEvent::MouseButtonPress, {300, 200}, Qt::MiddleButton, both, Qt::ShiftModifier);
+  Send(QEvent::MouseMove, {200, 100}, Qt::NoButton, both, Qt::ShiftModifier);
+  EXPECT_EQ(Area().pos(), QPoint(0, 0));
+  Send(QEvent::MouseButtonRelease, {200, 100}, Qt::MiddleButton, Qt::LeftButton);
+  Send(QEvent::MouseButtonRelease, {200, 100}, Qt::LeftButton, Qt::NoButton);
+}
+
 }  // namespace
 }  // namespace zorik

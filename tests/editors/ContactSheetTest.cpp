@@ -63,5 +63,24 @@ TEST(ContactSheetTest, HoldsACollectionAsLargeAsThereIs) {
   EXPECT_LT(sheet.width(), 4000);
 }
 
+TEST(ContactSheetTest, FillsItsRowsFromTheLeft) {
+  for (std::size_t i = 0; i < 9; ++i) {
+    const QRect place = PlaceOnSheet(i, 9), first = PlaceOnSheet(0, 9);
+    EXPECT_EQ(place.top() == first.top(), i < 3) << i;
+    EXPECT_EQ(place.left() == first.left(), i % 3 == 0) << i;
+  }
+}
+
+TEST(ContactSheetTest, ShowsACaveInTheMiddleOfItsPlace) {
+  const QImage sheet = ContactSheet(kPlaces, "Sada", Caves(1));
+  const QRect place = PlaceOnSheet(0, 1);
+  // Six cells by five, as high as the place.
+  const int aside = (place.width() - place.height() * 6 / 5) / 2;
+  const QSize strip(aside - 2, place.height());
+  EXPECT_EQ(Colours(sheet, QRect(place.topLeft(), strip)), 1U);
+  EXPECT_EQ(Colours(sheet, QRect(place.topRight() - QPoint(aside - 3, 0), strip)), 1U);
+  EXPECT_GT(Colours(sheet, QRect(place.left() + aside, place.center().y(), 20, 5)), 1U);
+}
+
 }  // namespace
 }  // namespace zorik::test

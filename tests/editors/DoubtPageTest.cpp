@@ -123,5 +123,14 @@ TEST_F(DoubtPageTest, LooksAtNothingWhileItIsHiddenAndAtAllWhenItIsShown) {
   EXPECT_EQ(Said(), QStringList{"Není tu cíl."});
 }
 
+TEST_F(DoubtPageTest, KeepsItsLineWhenTheCaveIsLookedAtAgain) {
+  Open({"WWWWWWWW", "W1;;;WWW", "W.R;;WDW", "W..;;WWW", "WWWWWWWW"}, {.needed = 1});
+  ASSERT_EQ(Said().size(), 3);
+  List().setCurrentRow(1);
+  Click(4, 3);
+  ASSERT_EQ(Said().size(), 3);
+  EXPECT_EQ(List().currentRow(), 1);
+}
+
 }  // namespace
 }  // namespace zorik

@@ -330,5 +330,26 @@ TEST_F(DrawHandTest, TellsTheUseOfEachToolInBothLanguages) {
   }
 }
 
+TEST_F(DrawHandTest, ShowsOnItsButtonsWhichToolsFill) {
+  const auto middle = [this](const char* name) {
+    return Action(name).icon().pixmap(QSize(22, 22), 1.0).toImage().pixelColor(11, 11);
+  };
+  EXPECT_EQ(middle("mnuBox"), window->palette().color(QPalette::Highlight));
+  EXPECT_EQ(middle("mnuRectangle").alpha(), 0);
+}
+
+TEST_F(DrawHandTest, EndsAStrokeWithAnotherTool) {
+  const Picture before = Letters();
+  Press(2, 2);
+  Type(Qt::Key_L);
+  Move(4, 2, Qt::LeftButton);
+  Release(4, 2);
+  Picture drawn = before;
+  drawn[2][2] = 'R';
+  EXPECT_EQ(Letters(), drawn);
+  Action("mnuUndo").trigger();
+  EXPECT_EQ(Letters(), before);
+}
+
 }  // namespace
 }  // namespace zorik

@@ -74,6 +74,7 @@ TEST_F(FrmCatStepsTest, GoesBackSeveralStepsByTheirList) {
     EXPECT_EQ(Lines(), last);
     Steps();
     Action("mnuStep(0)").trigger();
+    EXPECT_TRUE(Action("mnuSteps").isEnabled()) << "there are steps that can be done again";
     Press("Command4");
   });
   EXPECT_EQ(program, "*A-A-B-D/Z");
@@ -144,6 +145,17 @@ TEST_F(FrmCatStepsTest, AsksForItsPageAndHasASheetOfShortcuts) {
   });
   window.Edit("");
   EXPECT_EQ(pages, QStringList("editovat.html"));
+}
+
+TEST_F(FrmCatStepsTest, HasNoProgramThatCouldBeLostOnceItIsShut) {
+  FrmCat window(skin_, nullptr);
+  EXPECT_EQ(window.Program(), std::nullopt);
+  dialogs_.Then([&window](QWidget& dialog) {
+    EXPECT_EQ(window.Program(), "*A-A/Z");
+    QTest::mouseClick(dialog.findChild<QPushButton*>("Command4"), Qt::LeftButton);
+  });
+  window.Edit("*A-A/Z");
+  EXPECT_EQ(window.Program(), std::nullopt);
 }
 
 }  // namespace

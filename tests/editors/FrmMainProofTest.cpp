@@ -1,6 +1,7 @@
 #include <QCheckBox>
 #include <QPushButton>
 #include <QSignalSpy>
+#include <QSlider>
 #include <QSpinBox>
 #include <QTabWidget>
 #include <filesystem>
@@ -10,6 +11,7 @@
 #include "data/ProofFile.h"
 #include "data/Result.h"
 #include "editors/EditorScreen.h"
+#include "editors/Mnemonics.h"
 #include "editors/ProofDesk.h"
 #include "editors/ToolTable.h"
 #include "flow/SadaModel.h"
@@ -69,6 +71,15 @@ class FrmMainProofTest : public testing::Test, public test::EditorScreen {
     Answer();
     return Child<QLabel>("lblVerdict").text().toStdString();
   }
+  // Where the ring of the first dog is drawn, by its column in the row of the way; -1 for nowhere.
+  int Ring() const {
+    const QColor way(255, 210, 63);
+    const QImage shown = Shown();
+    for (int x = 0; x < window->Model().Width(); ++x) {
+      if (shown.pixelColor(x * 26 + 13, 26 + 3) == way) return x;
+    }
+    return -1;
+  }
   std::string Told() const { return Child<QLabel>("lblWork").text().toStdString(); }
   bool Offers() const { return Child<QWidget>("proofOffer").isVisible(); }
   void Press(const char* name) const { Child<QPushButton>(name).click(); }
@@ -87,6 +98,11 @@ TEST_F(FrmMainProofTest, SaysSoWhereThereIsNoProof) {
             "Komnata nemá důkaz, že se dá vyhrát. Stane se jím vyhraná zkouška, nebo nalezené řešení.");
   EXPECT_FALSE(Child<QPushButton>("btnTry").isEnabled());
   EXPECT_FALSE(Child<QPushButton>("btnRate").isEnabled());
+  EXPECT_FALSE(Child<QCheckBox>("chkWay").isEnabled());
+  EXPECT_FALSE(Child<QCheckBox>("chkUntouched").isEnabled());
+  OpenProven();
+  EXPECT_TRUE(Child<QCheckBox>("chkWay").isEnabled());
+  EXPECT_TRUE(Child<QCheckBox>("chkUntouched").isEnabled());
 }
 
 TEST_F(FrmMainProofTest, FindsTheProofBesideTheCollectionAndTellsThatItWins) {
@@ -286,6 +302,106 @@ TEST_F(FrmMainProofTest, SpeaksTheLanguageOfAnotherSkin) {
   window->SetLW();
   EXPECT_EQ(Verdict(), "The proof still wins: 7 ticks, 0.7 seconds.");
   EXPECT_EQ(Child<QPushButton>("btnSolve").text(), "Find a solution");
+}
+
+// The author takes over there.
+TEST_F(FrmMainProofTest, RingsTheDogWhereItStandsAfterTheChosenTick) {
+  OpenProven();
+  auto& tick = Child<QSpinBox>("numTick");
+  auto& slider = Child<QSlider>("sldTick");
+  EXPECT_EQ(Ring(), 1);
+  tick.setValue(3);
+  EXPECT_EQ(slider.value(), 3);
+  EXPECT_EQ(Ring(), 4);
+  slider.setValue(5);
+  EXPECT_EQ(tick.value(), 5);
+  EXPECT_EQ(Ring(), 6);
+}
+
+TEST_F(FrmMainProofTest, LeadsToTheMomentBeforeTheBreak) {
+  OpenProven();
+  Wall(5, 1);
+  Answer();
+  Press("btnGo");
+  EXPECT_EQ(Child<QSpinBox>("numTick").value(), 3);
+  EXPECT_EQ(Ring(), 4) << "the dog stands before the wall";
+}
+
+TEST_F(FrmMainProofTest, AsksForAYesOrANo) {
+  EXPECT_EQ(WithoutMnemonic(Child<QPushButton>("btnTake").text()), "Ano");
+  EXPECT_EQ(WithoutMnemonic(Child<QPushButton>("btnLeave").text()), "Ne");
+}
+
+TEST_F(FrmMainProofTest, KeepsALaterProofBesideTheFileThatTheCollectionHasByNow) {
+  OpenCave(kCave, false);
+  SadaModel sada({}, 1);
+  sada.SetText(SadaText::Name, "sada");
+  ASSERT_TRUE(sada.Save(folder.Path() + "/sada.zk"));
+  window->Proof().CollectionSaved(sada);
+  window->Proof().Won(RecordOf(kCave, kWay));
+  Press("btnTake");
+  EXPECT_EQ(*ReadWhole(Path()), RecordOf(kCave, kWay));
+  EXPECT_EQ(Told(), "");
+}
+
+TEST_F(FrmMainProofTest, KnowsTheCaveOfAWaitingProofThoughTheCollectionGotAnotherName) {
+  OpenCave(kCave, false);
+  window->Proof().Won(RecordOf(kCave, kWay));
+  Press("btnTake");
+  SadaModel sada({}, 1);
+  sada.New();
+  sada.SetText(SadaText::Name, "jina");
+  sada.SetSelected(TextOf(kCave));
+  ASSERT_TRUE(sada.Save(folder.Path() + "/jina.zk"));
+  window->Proof().CollectionSaved(sada);
+  EXPECT_EQ(*ReadWhole(ProofPath(folder.Path() + "/jina.zk", "Test")), RecordOf(kCave, kWay));
+}
+
+// The boulder moves at one try of four. The way is as long as the winner's luck allows in fifty ticks.
+TEST_F(FrmMainProofTest, TellsHowOftenThePlanWinsWithAnotherChance) {
+  std::string text, record;
+  for (std::size_t length = 50; record.empty() && length > 20; --length) {
+    const std::string row = "W1R." + std::string(length - 6, ';') + "DT";
+    text = test::CaveTextOf({std::string(length, 'W'), row, "WWW." + std::string(length - 4, 'W'),
+                             std::string(length, 'W'), std::string(length, 'W')},
+                            {.time = 5, .needed = 1});
+    record = RecordOfPlan({text, "sada", 0, {}}, PlanOf(std::string(50, 'R')));
+  }
+  ASSERT_TRUE(StoreProof(Path(), record));
+  ASSERT_EQ(window->Edit(text, origin), FrmMain::Start::Editing);
+  Answer();
+  Press("btnRate");
+  ASSERT_TRUE(WorkEnds());
+  EXPECT_NE(Told().find("krát z 20."), std::string::npos) << Told();
+  EXPECT_EQ(Told().find("vyhrál 20krát"), std::string::npos) << Told();
+}
+
+TEST_F(FrmMainProofTest, PutsNoDogWhereThePointerWasInAnotherCave) {
+  const QSignalSpy tries(&window->Proof(), &ProofDesk::TryCave);
+  Move(4, 3, Qt::NoButton);
+  QEvent leave(QEvent::Leave);
+  QApplication::sendEvent(&Area(), &leave);
+  OpenCave(kCave);
+  Action("mnuTryDog").trigger();
+  EXPECT_EQ(tries.count(), 0);
+}
+
+TEST_F(FrmMainProofTest, LosesNoWaitingProofThatCannotBeStored) {
+  OpenCave(kCave, false);
+  window->Proof().Won(RecordOf(kCave, kWay));
+  Press("btnTake");
+  SadaModel sada({}, 1);
+  sada.SetText(SadaText::Name, "sada");
+  const fs::path gone = folder.Path() + "/pryc";
+  fs::create_directory(gone);
+  ASSERT_TRUE(sada.Save(gone.string() + "/sada.zk"));
+  fs::remove_all(gone);
+  const test::Boxes boxes;
+  window->Proof().CollectionSaved(sada);
+  EXPECT_EQ(boxes.said.size(), 1);
+  ASSERT_TRUE(sada.Save(folder.Path() + "/sada.zk"));
+  window->Proof().CollectionSaved(sada);
+  EXPECT_EQ(*ReadWhole(Path()), RecordOf(kCave, kWay));
 }
 
 }  // namespace

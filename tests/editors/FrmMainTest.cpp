@@ -71,6 +71,8 @@ TEST_F(FrmMainTest, NamesTheCaveAndItsFileInTheTitle) {
 TEST_F(FrmMainTest, NamesTheCollectionOfACaveThatHasNoFileYet) {
   EXPECT_EQ(window->Edit(CaveTextOf(kRoom), {"", "Nov\xE1 sada", 1}), FrmMain::Start::Editing);
   EXPECT_EQ(window->windowTitle(), "Zoríkův editor komnat - 1. Test - Nová sada[*]");
+  window->Stored(CaveTextOf(kRoom), {"/a/moje.zk", "Nov\xE1 sada", 1});
+  EXPECT_EQ(window->windowTitle(), "Zoríkův editor komnat - 1. Test - moje.zk[*]");
 }
 
 TEST_F(FrmMainTest, KeepsTheFileInTheTitleInSightBehindALongName) {

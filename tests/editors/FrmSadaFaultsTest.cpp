@@ -91,5 +91,13 @@ TEST_F(FrmSadaFaultsTest, SaysWhichCavesItCouldNotRead) {
   EXPECT_EQ(Box("Text3").text(), "Sada");
 }
 
+TEST_F(FrmSadaFaultsTest, NamesTwentyFaultyLinesAndSaysWhenThereAreMore) {
+  std::vector<FaultyLine> faults;
+  for (std::size_t line = 4; line < 24; ++line) faults.push_back({CollectionFault::NoCave, line});
+  EXPECT_TRUE(FaultsInWords(skin, faults).contains("22, 23\n"));
+  faults.push_back({CollectionFault::NoCave, 24});
+  EXPECT_TRUE(FaultsInWords(skin, faults).contains("22, 23, …\n"));
+}
+
 }  // namespace
 }  // namespace zorik

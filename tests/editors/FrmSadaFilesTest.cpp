@@ -440,5 +440,28 @@ TEST_F(FrmSadaFilesTest, StaysWhenItCannotBeSavedAtTheEnd) {
   EXPECT_TRUE(window->isVisible());
 }
 
+TEST_F(FrmSadaFilesTest, LooksForAnotherFileBesideTheOneThatIsOpen) {
+  folder.File("Jinde/b.zk", "");
+  OpenCaves({"A"});
+  const std::string elsewhere = folder.Root() + "/Jinde/a.zk";
+  std::filesystem::copy(Path("a.zk"), elsewhere);
+  Open(elsewhere);
+  dialogs.Then([&](QWidget& dialog) {
+    EXPECT_EQ(dynamic_cast<QFileDialog&>(dialog).directory().path().toStdString(), folder.Root() + "/Jinde");
+    dialog.close();
+  });
+  Key(Qt::Key_O, Qt::ControlModifier);
+}
+
+TEST_F(FrmSadaFilesTest, ProposesAFileForACollectionWithoutAName) {
+  Open();
+  TypeName("?");
+  dialogs.Then([](QWidget& dialog) {
+    EXPECT_EQ(dialog.findChild<QLineEdit*>("fileNameEdit")->text(), "sada.zk");
+    dialog.close();
+  });
+  Action("mnuSaveAs").trigger();
+}
+
 }  // namespace
 }  // namespace zorik

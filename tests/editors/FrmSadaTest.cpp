@@ -4,6 +4,7 @@
 #include <QContextMenuEvent>
 #include <QLabel>
 #include <QMenu>
+#include <QStatusBar>
 
 #include "data/Result.h"
 #include "editors/FrmSada.h"
@@ -189,12 +190,21 @@ TEST_F(FrmSadaTest, RefusesTheNinetySecondCaveSilentlyButCountsAsChanged) {
   Key(Qt::Key_F3);
   EXPECT_EQ(Sada().ListCount(), 91);
   EXPECT_TRUE(window->isWindowModified());
+  EXPECT_EQ(window->statusBar()->currentMessage(), "");
   OpenMany(91);
   Action("mnuCopy").trigger();
   EXPECT_FALSE(window->isWindowModified());
   Action("mnuPaste").trigger();
   EXPECT_EQ(Sada().ListCount(), 91);
   EXPECT_TRUE(window->isWindowModified());
+}
+
+TEST_F(FrmSadaTest, NamesNewCavesInTheLanguageOfASkinThatIsWornMeanwhile) {
+  OpenCaves({"A"});
+  ASSERT_TRUE(skin.Apply(SkinPlaces{ZORIK_SKINS, "English"}));
+  window->SetLWEd();
+  Key(Qt::Key_F3);
+  EXPECT_EQ(Rows().front(), "*New small cave");
 }
 
 // The cave editor

@@ -97,5 +97,12 @@ TEST_F(FrmShortcutsTest, StandsBesideTheHelpOnEditing) {
   EXPECT_EQ(pages, QStringList("editovat.html"));
 }
 
+TEST_F(FrmShortcutsTest, LeavesOutAMenuWithoutKeys) {
+  QMenuBar menus;
+  menus.addMenu("Prázdné")->addAction("Nic");
+  menus.addMenu("Plné")->addAction("Něco")->setShortcut(QKeySequence("F2"));
+  EXPECT_EQ(test::Heads(FrmShortcuts(skin, menus, {}, nullptr)), QStringList("Plné"));
+}
+
 }  // namespace
 }  // namespace zorik

@@ -97,5 +97,16 @@ TEST_F(FrmStatsTest, IsShutWithEsc) {
   EXPECT_TRUE(window->isVisible());
 }
 
+TEST_F(FrmStatsTest, ShowsEachDogWithItsNumber) {
+  Open({"WWWWWW", "W12..W", "W....W", "W....W", "WWWWWW"});
+  const InDialogNamed dialog("frmStats", [](QWidget& it) {
+    const auto& table = *it.findChild<QTableWidget*>("lstStats");
+    const auto picture = [&table](int row) { return table.item(row, 0)->icon().pixmap(26).toImage(); };
+    ASSERT_EQ(table.item(1, 1)->text(), "Zorík č. 1");
+    EXPECT_NE(picture(1), picture(2));
+  });
+  Action("mnuStats").trigger();
+}
+
 }  // namespace
 }  // namespace zorik

@@ -168,5 +168,13 @@ TEST_F(PaletteTest, LeavesOutTheNumberWithoutATileUnderKeys) {
   EXPECT_EQ(Tool(ToolButton::Left), 30);
 }
 
+TEST_F(PaletteTest, NamesNothingOnceThePointerHasLeftIt) {
+  QTest::mouseMove(&Tiles(), Tiles().TileRect(2).center());
+  EXPECT_EQ(Status(), "Balvan");
+  QEvent leave(QEvent::Leave);
+  QApplication::sendEvent(&Tiles(), &leave);
+  EXPECT_EQ(Status(), "");
+}
+
 }  // namespace
 }  // namespace zorik

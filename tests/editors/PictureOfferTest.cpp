@@ -53,9 +53,9 @@ TEST_F(PictureOfferTest, StoresTheCaveAsItIsDrawnByNow) {
 }
 
 TEST_F(PictureOfferTest, ProposesTheCavesName) {
-  Open(cave, {.name = "Jama/1"});
+  Open(cave, {.name = "Jama/1: co?"});
   dialogs.Then([](QWidget& dialog) {
-    EXPECT_EQ(dialog.findChild<QLineEdit*>("fileNameEdit")->text(), "Jama1.png");
+    EXPECT_EQ(dialog.findChild<QLineEdit*>("fileNameEdit")->text(), "Jama1 co.png");
     dialog.close();
   });
   Action("mnuPicture(16)").trigger();

@@ -263,6 +263,9 @@ TEST_F(OfferTest, TellsNameAgeAndNumberOfCavesAndOpensTheOne) {
   EXPECT_EQ(Sada().Text(SadaText::Name), "Jedna");
   EXPECT_TRUE(window->isWindowModified());
   EXPECT_EQ(Running(), 1U) << "now it is this program's";
+  TypeName("Dal");
+  Keeper().Keep();
+  EXPECT_EQ(Running(), 1U) << "it is there once only";
   EXPECT_TRUE(RecoveryStore(RecoveryPath()).Left().empty());
 }
 
@@ -274,6 +277,16 @@ TEST_F(OfferTest, PutsTheOthersAmongTheDiscardedOnes) {
   EXPECT_TRUE(dialogs.said.at(0).contains("Nova")) << dialogs.said.at(0).toStdString();
   EXPECT_EQ(Discarded().size(), 2U);
   EXPECT_EQ(Running(), 0U);
+}
+
+TEST_F(OfferTest, AsksNoMoreOnceOneIsTaken) {
+  Leave("Stara", 7200);
+  Leave("Nova", 60);
+  dialogs.Press("yes");
+  const std::optional<KeptEntry> taken = OfferLeft(skin, nullptr, Keeper().Store());
+  ASSERT_TRUE(taken);
+  EXPECT_EQ(taken->Name, "Nova");
+  EXPECT_EQ(Discarded(), Names{"Stara"});
 }
 
 TEST_F(OfferTest, CountsAnAgeInWhatIsEasyToRead) {

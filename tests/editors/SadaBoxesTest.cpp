@@ -1,6 +1,7 @@
 // The boxes for the texts of a collection, by mouse and keys.
 #include <gtest/gtest.h>
 
+#include <QClipboard>
 #include <QLabel>
 
 #include "editors/SadaBoxes.h"
@@ -301,6 +302,24 @@ TEST_F(SadaBoxesTest, RemembersTheSizeOfTheWindow) {
   MakeWindow();
   Open();
   EXPECT_EQ(window->size(), QSize(901, 602));
+}
+
+TEST_F(SadaBoxesTest, LeavesTheCaretBehindWhatWasPutInWithALineBreak) {
+  OpenCaves({"A"});
+  TypeName("Konec");
+  Box("Text3").setCursorPosition(0);
+  QGuiApplication::clipboard()->setText("Dva\u2028radky ");
+  Box("Text3").paste();
+  EXPECT_EQ(Box("Text3").text(), "Dva radky Konec");
+  EXPECT_EQ(Box("Text3").cursorPosition(), 10);
+}
+
+TEST_F(SadaBoxesTest, ShowsTheBeginningOfALongAuthorAndMail) {
+  OpenCaves({"A"});
+  for (const char* const box : {"Text1", "Text2"}) TypeInto(box, QString(150, 'D'));
+  Action("mnuSave").trigger();
+  Open(Path("a.zk"));
+  for (const char* const box : {"Text1", "Text2"}) EXPECT_EQ(Box(box).cursorPosition(), 0) << box;
 }
 
 }  // namespace

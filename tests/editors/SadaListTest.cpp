@@ -216,9 +216,11 @@ TEST_F(SadaListTest, TellsTheSelectedCaveToThoseWhoListen) {
 
 TEST_F(SadaListTest, DoesNotLetTheFirstMarkBeClicked) {
   OpenCaves({"A", "B"});
+  const QSignalSpy clicks(&List(), &SadaList::MarkClicked);
   ClickMark(1);
   List().setFocus();
   Key(Qt::Key_Space);
+  EXPECT_EQ(clicks.count(), 0);
   EXPECT_EQ(Rows(), (Names{"*A", "B"}));
   EXPECT_FALSE(window->isWindowModified());
 }

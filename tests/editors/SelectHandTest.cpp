@@ -49,6 +49,18 @@ TEST_F(SelectHandTest, SelectsWhatIsDraggedOver) {
   EXPECT_TRUE(window->isVisible());
 }
 
+TEST_F(SelectHandTest, FollowsThePointerWhereverItIsLed) {
+  Type(Qt::Key_S);
+  Press(3, 2);
+  for (const QPoint to : {QPoint(4, 3), QPoint(5, 4), QPoint(1, 1)}) {
+    Move(to.x(), to.y(), Qt::LeftButton);
+    EXPECT_EQ(Selected(), QRect(QPoint(std::min(3, to.x()), std::min(2, to.y())),
+                                QPoint(std::max(3, to.x()), std::max(2, to.y()))));
+  }
+  Release(1, 1);
+  EXPECT_EQ(Selected(), QRect(1, 1, 3, 2));
+}
+
 TEST_F(SelectHandTest, SelectsAllAndByKeys) {
   Type(Qt::Key_A, Qt::ControlModifier);
   EXPECT_EQ(Selected(), QRect(0, 0, 7, 6));
@@ -207,6 +219,54 @@ TEST_F(SelectHandTest, TellsThatNoRowCanGo) {
   Type(Qt::Key_Up, Qt::ControlModifier | Qt::ShiftModifier);
   EXPECT_EQ(window->Model().Height(), 5);
   EXPECT_NE(Told(), "");
+}
+
+TEST_F(SelectHandTest, BeginsAnewByShiftWhereAnotherPartIsSelectedByNow) {
+  Move(1, 1, Qt::NoButton);
+  Type(Qt::Key_Right, Qt::ShiftModifier);
+  ASSERT_EQ(Selected(), QRect(1, 1, 2, 1));
+  Select({4, 3}, {5, 3});
+  Type(Qt::Key_Down, Qt::ShiftModifier);
+  EXPECT_EQ(Selected(), QRect(5, 3, 1, 2));
+}
+
+TEST_F(SelectHandTest, KeepsWhatIsLeftOfASelectionWhenTheCaveShrinks) {
+  Select({1, 1}, {5, 4});
+  Action("mnuDeleteColumn").trigger();
+  Action("mnuDeleteColumn").trigger();
+  EXPECT_EQ(Selected(), QRect(1, 1, 4, 4));
+  Action("mnuMirrorAside").trigger();
+  EXPECT_EQ(Letters(), (Picture{"WWWWW", "WW...", "WW...", "WW...", "WW...", "WWWWW"}));
+}
+
+TEST_F(SelectHandTest, TurnsInTheHandAndHangsAtThePointerAgain) {
+  Select({1, 1}, {3, 1});
+  Type(Qt::Key_C, Qt::ControlModifier);
+  Type(Qt::Key_V, Qt::ControlModifier);
+  Move(6, 2, Qt::NoButton);
+  ASSERT_EQ(Area().Over().blockPlace, QPoint(4, 2)) << "three cells wide";
+  Type(Qt::Key_T);
+  EXPECT_EQ(Area().Over().blockPlace, QPoint(6, 2)) << "one cell wide";
+}
+
+TEST_F(SelectHandTest, TellsHowWhatHangsIsPutDown) {
+  Select({2, 1}, {2, 2});
+  const auto use = [this] { return Child<QWidget>("lblTool").parentWidget()->toolTip(); };
+  const QString before = use();
+  Type(Qt::Key_C, Qt::ControlModifier);
+  Type(Qt::Key_V, Qt::ControlModifier);
+  EXPECT_NE(use(), before);
+  EXPECT_TRUE(use().contains("Enter")) << use().toStdString();
+  Type(Qt::Key_Escape);
+  EXPECT_EQ(use(), before);
+}
+
+TEST_F(SelectHandTest, TakesTheKeysForWhatHangs) {
+  Select({2, 1}, {2, 2});
+  Type(Qt::Key_C, Qt::ControlModifier);
+  Tiles().setFocus();
+  Action("mnuPaste").trigger();
+  EXPECT_EQ(window->focusWidget(), &Area());
 }
 
 }  // namespace

@@ -99,5 +99,15 @@ TEST(Archive, ReturnsMoreOftenToASituationThatHasRisen) {
   EXPECT_EQ(visits[0], 0);
 }
 
+TEST(Archive, ReturnsInHasteToTheShorterOfTwoWays) {
+  Archive archive({.haste = 40}, 100);
+  const auto early = archive.Add(1, 0, NodeOf(-1, "", 0, 1));
+  archive.Add(2, 0, NodeOf(-1, "", 0, 90));
+  Chance chance(1);
+  int returned = 0;
+  for (int i = 0; i < 100; ++i) returned += archive.Pick(chance) == early ? 1 : 0;
+  EXPECT_GT(returned, 70);
+}
+
 }  // namespace
 }  // namespace zorik::test

@@ -152,5 +152,10 @@ TEST(ARun, ThatIsWonIsNotLost) {
   EXPECT_FALSE(IsLost(run));
 }
 
+TEST(ARun, IsNotAtRestWhileAnythingBurns) {
+  EXPECT_TRUE(IsAtRest(Live({"WWWWW", "W1..W", "WWWWW"})));
+  EXPECT_FALSE(IsAtRest(Live({"WWWWW", "W1.xW", "WWWWW"})));
+}
+
 }  // namespace
 }  // namespace zorik::test

@@ -146,5 +146,12 @@ TEST(LintCat, FindsAProgramOrAKeyWithoutACat) {
   EXPECT_EQ(kinds("W1;DJ;;T", ""), std::vector<DoubtKind>{});
 }
 
+TEST(LintCat, CountsTheCommandsFromOne) {
+  const std::vector<Doubt> doubts = DoubtsOf("*A-A!!/Z");
+  ASSERT_FALSE(doubts.empty());
+  EXPECT_EQ(doubts[0].kind, DoubtKind::CatToken);
+  EXPECT_EQ(doubts[0].values, std::vector<std::string>{"3"});
+}
+
 }  // namespace
 }  // namespace zorik::test

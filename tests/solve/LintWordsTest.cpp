@@ -280,5 +280,12 @@ TEST(Doubts, AreInTheOrderOfTheirKinds) {
   }
 }
 
+TEST(LintWords, TellWhatCanComeToBeBesideGemsThatAreShut) {
+  EXPECT_TRUE(
+      Tells({"WWWWWWWWW", "W1DM;TWWW", "WRWWWWDWD", "WWWWWWWWW"}, {.needed = 5},
+            "gems: the finish opens at 5 gems, but the cave has 1 that a dog can come to, and no more "
+            "than 2 can come to be"));
+}
+
 }  // namespace
 }  // namespace zorik::test

@@ -115,5 +115,26 @@ TEST(Odds, PutOffWhatWouldKill) {
   EXPECT_GE(WonOf(20, terms.caveText, *review), 18);
 }
 
+// Nothing was done on the way to the gem, so the dog finds it by himself; a firefly flies up and down a shaft
+// that it crosses.
+TEST(Odds, CrossTheWayOfAMonsterWhereNothingWasDone) {
+  Deed gem, finish;
+  gem.direction = finish.direction = 2;
+  gem.moved = finish.moved = gem.changed = true;
+  gem.from = {9, 4};
+  gem.target = {10, 4};
+  gem.found = kGem;
+  finish.from = {11, 4};
+  finish.target = {12, 4};
+  finish.found = kFinish;
+  for (const std::size_t row : {1U, 2U, 3U, 5U, 6U, 7U}) {
+    Picture picture(9, "WWWWWWWW.WWWW");
+    picture[0] = picture[8] = "WWWWWWWWWWWWW";
+    picture[4] = "W1;;;;;;.;D;T";
+    picture[row][8] = 'F';
+    EXPECT_TRUE(FollowPlan(CaveTextOf(picture, {.needed = 1}), {gem, finish}, 1, Never)) << row;
+  }
+}
+
 }  // namespace
 }  // namespace zorik::test

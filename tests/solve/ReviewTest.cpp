@@ -155,5 +155,25 @@ TEST(Odds, EndWhenItIsEnough) {
       FollowPlan(CaveTextOf(kPlain.picture, kPlain.numbers), ReviewOf(kPlain).deeds, 1, [] { return true; }));
 }
 
+// The amoeba asks for chance in every tick, the last one too.
+TEST(Review, RefusesARecordThatHoldsTooLittleChance) {
+  const std::string record =
+      RecordOf(Walk{{"WWWWWWW", "W1;DT;W", "WWWWWWW", "W.A...W", "WWWWWWW"}, {.needed = 1}, "RRR"});
+  ASSERT_TRUE(ReviewRecord(record));
+  const Result<Review> review = ReviewRecord(record.substr(0, record.size() - 1));
+  ASSERT_FALSE(review);
+  EXPECT_EQ(review.Message(), "the record is damaged");
+}
+
+TEST(Review, TakesAPushAtFleasThatCannotMoveForIdleness) {
+  const Picture picture{"WWWWWWW", "W1;DT;W", "WWWWWWW", "WWWNWWW", "WWWWWWW"};
+  EXPECT_EQ(ReviewOf({picture, {.needed = 1}, "0UD1RRR"}).idleTicks, 2);
+}
+
+TEST(Review, TakesAnAmoebaThatIsShutInAndTurnsForUsed) {
+  const Picture picture{"WWWWWWW", "W1;DT;W", "WWWWWWW", "WWWAWWW", "WWWWWWW"};
+  EXPECT_TRUE(Uses(ReviewOf({picture, {.needed = 1}, "RRR"}), "amoeba"));
+}
+
 }  // namespace
 }  // namespace zorik::test

@@ -181,5 +181,27 @@ TEST(Solver, FindsAlsoWithLittleMemory) {
   EXPECT_TRUE(After(begin, *solver.Found()).Win);
 }
 
+// The amoeba becomes gems when it has filled its room, long after the time is up.
+TEST(Search, KeepsNoMomentAfterTheTimeIsUp) {
+  const Hra begin = Play({"WWWWWWWWW", "W1;;;;;;W", "WWWWWWWWW", "WA..WWWWW", "WWWWWWWWW"}, {.time = 1});
+  Search search(begin, 1, {});
+  search.Go(20'000);
+  EXPECT_LE(search.BestPlan().size(), 10U);
+}
+
+TEST(Search, ChoosesNoDogThatIsSteeredAlready) {
+  const Hra begin = Play({"1;D;;W", "WWWWWW", "2;;;;T"}, {.needed = 1});
+  for (std::uint64_t seed = 1; seed <= 20; ++seed) {
+    Search search(begin, seed, {});
+    ASSERT_TRUE(search.Go(kPatience));
+    Hra run = begin;
+    for (const Move move : *search.Found()) {
+      const bool chosen = move >= kChooseBase && run.ActiveDog == move - kChooseBase;
+      EXPECT_FALSE(chosen) << seed;
+      Tick(run, KeysOf(move));
+    }
+  }
+}
+
 }  // namespace
 }  // namespace zorik::test

@@ -102,5 +102,13 @@ TEST(MakeShort, EntersNoCellThatIsAvoided) {
   EXPECT_EQ(plan.size(), 6U);
 }
 
+// There are many ways of the same length.
+TEST(MakeShort, LeavesAShortestPlanAsItIs) {
+  const Hra begin = Play({"1;;;;", ";;;;;", ";;;;;", ";;;;D", ";;;;T"}, {.needed = 1});
+  const Plan plan = PlanOf("RDRDRDRD");
+  int asked = 0;
+  EXPECT_EQ(MakeShort(begin, plan, 1, std::size_t{64} << 20U, [&asked] { return ++asked > 500; }), plan);
+}
+
 }  // namespace
 }  // namespace zorik::test

@@ -62,5 +62,19 @@ TEST(Snapshot, BringsBackTheScoreAndTheGems) {
   EXPECT_EQ(Drawn(run), drawn);
 }
 
+// A plan that is played again makes it anew.
+TEST(Snapshot, HoldsNothingOfTheRecord) {
+  Hra run = Play({"WWWWWW", "W1;;;W", "WWWWWW"});
+  const Snapshots snapshots(run);
+  Pass(run, 3, "R");
+  ASSERT_FALSE(run.RecordText.empty());
+  const auto kept = snapshots.Keep(run);
+  EXPECT_TRUE(kept.facts.RecordText.empty());
+  Pass(run, 2);
+  snapshots.Restore(run, kept);
+  EXPECT_TRUE(run.RecordText.empty());
+  EXPECT_EQ(UnitCell(run, 1), Cell(4, 1));
+}
+
 }  // namespace
 }  // namespace zorik::test

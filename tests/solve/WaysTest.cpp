@@ -75,6 +75,13 @@ TEST(Ways, ReachEachCellOnceTheNearestFirst) {
                              [&](Cell a, Cell b) { return ways.Cost(a) < ways.Cost(b); }));
 }
 
+// The box can be changed places with from where the dog stands, and be pushed from above or below.
+TEST(Ways, ReachACellOnceToWhichACheaperWayIsFoundLater) {
+  const Ways ways = WaysOf(Play({"WWWW", "W..W", "W1KW", "W..W", "WWWW"}), {1, 2});
+  EXPECT_EQ(ways.Cost({2, 2}), 5);
+  EXPECT_EQ(ways.Reached().size(), 6U);
+}
+
 TEST(Ways, ThatAreAskedForAnewForgetTheOldOnes) {
   const Hra run = Play({"WWWWWWW", "W1;W;;W", "WWWWWWW"});
   Ways ways;

@@ -102,5 +102,15 @@ TEST_F(WorthOfTwo, KeysAreOfTheVeryCellOfTheSteeredDogOnly) {
   EXPECT_FALSE(SameKey({"K.....", "1....."}, {".K....", "1....."}));
 }
 
+TEST(Worth, TakesNoGemForReachedBehindABoulderThatNobodyPushesUp) {
+  const auto level = [](char above) {
+    const Hra run = Play({"WWW", "WDW", "W.W", std::string("W") + above + "W", "W1W", "WWW"}, {.needed = 1});
+    return Worth(run).Level(run);
+  };
+  EXPECT_EQ(level('R'), level('W'));
+  EXPECT_GT(level('K'), level('W'));
+  EXPECT_GT(level(';'), level('W'));
+}
+
 }  // namespace
 }  // namespace zorik::test
