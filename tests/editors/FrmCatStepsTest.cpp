@@ -143,7 +143,7 @@ TEST_F(FrmCatStepsTest, AsksForItsPageAndHasASheetOfShortcuts) {
     Press("Command4");
   });
   window.Edit("");
-  EXPECT_EQ(pages, QStringList("editovat.html"));
+  EXPECT_EQ(pages, QStringList("kocka.html"));
 }
 
 }  // namespace
