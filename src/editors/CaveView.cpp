@@ -74,7 +74,7 @@ CaveView::CaveView(const CaveModel& cave, EditTiles& tiles, QWidget* parent)
     connect(bar, &QScrollBar::valueChanged, this, &CaveView::MovePicture);
   }
   connect(edit_, &EditKom::LedByKeys, this, &CaveView::Show);
-  edit_->Over().grid = ZorikStore().value(kGrid).toBool();
+  edit_->Marks().grid = ZorikStore().value(kGrid).toBool();
   const int stored = ZorikStore().value(kCellSize).toInt();
   if (PlaceOf(stored) < kCellSizes.size()) edit_->SetCellSize(stored);
 }
@@ -84,12 +84,15 @@ QSize CaveView::sizeHint() const {
   return QSize(kColumns, kRows) * EditKom::kCell + bars;
 }
 
-void CaveView::SetRozm() {
+void CaveView::TakeSize() {
   edit_->SetRozm();
   SetRanges();
-  hScroll_->setValue(0);
-  vScroll_->setValue(0);
   MovePicture();
+}
+
+void CaveView::SetRozm() {
+  TakeSize();
+  SetPlace({0, 0});
 }
 
 void CaveView::SetRanges() {
@@ -170,7 +173,7 @@ void CaveView::SetPlace(QPoint place) {
 }
 
 void CaveView::SetGrid(bool grid) {
-  edit_->Over().grid = grid;
+  edit_->Marks().grid = grid;
   edit_->update();
   ZorikStore().setValue(kGrid, grid);
 }

@@ -28,7 +28,9 @@ class CaveView : public QWidget {
   EditKom& Picture() { return *edit_; }
   QSize sizeHint() const override;
 
-  // The cave has another size: scrolls back to its beginning.
+  // The cave has another size. What is seen stays in view as far as it is still there.
+  void TakeSize();
+  // The same, and scrolls back to the beginning.
   void SetRozm();
 
   // Another size of a cell, by so many steps up or down, around a place in the picture.
@@ -43,7 +45,7 @@ class CaveView : public QWidget {
   void SetPlace(QPoint place);
 
   // Lines between the cells; remembered.
-  bool HasGrid() const { return edit_->Over().grid; }
+  bool HasGrid() const { return edit_->Marks().grid; }
   void SetGrid(bool grid);
 
  signals:

@@ -154,7 +154,7 @@ void CellKeys::LeadStroke(QPoint cell) {
 
 // The selection goes on from where Shift began it, as long as it is still there.
 void CellKeys::LeadSelection(QPoint from, QPoint to) {
-  const auto& selection = picture_.Over().selection;
+  const auto& selection = picture_.Marks().selection;
   if (!anchor_ || !selection || !selection->contains(*anchor_)) anchor_ = from;
   picture_.LeadMark(to);
   emit picture_.SelectedByKeys(*anchor_, to);

@@ -1,5 +1,6 @@
 #include "editors/CheckWords.h"
 
+#include <QLocale>
 #include <algorithm>
 #include <array>
 
@@ -18,7 +19,7 @@ struct WordsRow {
   int form;
   StartWords words;
 };
-constexpr std::array<WordsRow, 29> kRows{{
+constexpr std::array<WordsRow, 33> kRows{{
     {DoubtKind::NumberOutOfRange, 0, {"caption.doubt.number"}},
     {DoubtKind::TooLarge, 0, {"caption.doubt.size"}},
     {DoubtKind::UnknownLetter, 0, {"caption.doubt.letter"}},
@@ -43,6 +44,10 @@ constexpr std::array<WordsRow, 29> kRows{{
     {DoubtKind::NameTooLong, 0, {"caption.doubt.longname"}},
     {DoubtKind::NameTwice, 0, {"caption.doubt.nametwice"}},
     {DoubtKind::Mirror, 0, {"caption.doubt.mirror"}},
+    {DoubtKind::LooseLimit, 0, {"caption.doubt.loose"}},
+    {DoubtKind::IdleStretch, 0, {"caption.doubt.idle"}},
+    {DoubtKind::LowOdds, 0, {"caption.doubt.odds"}},
+    {DoubtKind::NotWon, 0, {"caption.doubt.notwon"}},
     {DoubtKind::GemShut, 0, {"caption.doubt.gemshut"}},
     {DoubtKind::SlimeShut, 0, {"caption.doubt.slimeshut"}},
     {DoubtKind::CatKeyIdle, 0, {"caption.doubt.catkey"}},
@@ -65,6 +70,9 @@ constexpr std::array<LabelRow, 5> kLabels{{
 QStringList ValuesOf(const Skin& skin, const Doubt& doubt) {
   QStringList values;
   for (const std::string& value : doubt.values) values << QString::fromStdString(value);
+  // A factor, and seconds.
+  if (doubt.kind == DoubtKind::LooseLimit || doubt.kind == DoubtKind::IdleStretch)
+    values[0] = QLocale(LanguageOf(skin)).toString(values[0].toDouble(), 'f', QLocale::FloatingPointShortest);
   if (doubt.kind != DoubtKind::NumberOutOfRange) return values;
   const auto* const row = std::find_if(kLabels.begin(), kLabels.end(),
                                        [&](const LabelRow& label) { return label.key == doubt.key; });

@@ -9,8 +9,8 @@ namespace zorik {
 
 class Skin;
 
-// What an author should look at, in the words of a skin; empty for what needs more than a cave to be told, a
-// run that wins it for one.
+// What an author should look at, in the words of a skin; empty for what is wrong with a
+// file rather than with a cave.
 QString DoubtInWords(const Skin& skin, const Doubt& doubt);
 
 // The gems of a cave: those at its start, those that its dogs can come to, those that are needed.

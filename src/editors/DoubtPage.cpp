@@ -35,6 +35,11 @@ QLabel* Line(QWidget* parent, const char* name) {
   return label;
 }
 
+// In one piece, wherever its line ends.
+QString PlaceWords(Spot cell) {
+  return QString("(%1,%2%3)").arg(cell.x + 1).arg(QChar(QChar::Nbsp)).arg(cell.y + 1);
+}
+
 }  // namespace
 
 DoubtPage::DoubtPage(const Skin& skin, QWidget* parent)
@@ -69,6 +74,16 @@ DoubtPage::DoubtPage(const Skin& skin, QWidget* parent)
 void DoubtPage::Look(const CaveRecord& cave) {
   if (cave_ == cave) return;
   cave_ = cave;
+  LookAgain();
+}
+
+void DoubtPage::LookAtProof(const ProofStanding& proof) {
+  if (proof_ == proof) return;
+  proof_ = proof;
+  if (cave_) LookAgain();
+}
+
+void DoubtPage::LookAgain() {
   fresh_ = false;
   work_.Drop();
   if (isVisible()) pause_.start();
@@ -87,9 +102,12 @@ void DoubtPage::showEvent(QShowEvent* event) {
 void DoubtPage::Ask() {
   if (!isVisible()) return;
   const auto found = std::make_shared<Found>();
-  const auto look = [cave = *cave_, found](const std::atomic<bool>&) {
+  const auto look = [cave = *cave_, proof = proof_, found](const std::atomic<bool>& dropped) {
     found->doubts = DoubtsAboutCave(cave);
     found->gems = GemsOf(cave);
+    if (dropped) return;
+    const std::vector<Doubt> more = DoubtsAboutStanding(cave, proof);
+    found->doubts.insert(found->doubts.end(), more.begin(), more.end());
     std::stable_partition(found->doubts.begin(), found->doubts.end(),
                           [](const Doubt& doubt) { return RowOf(doubt.kind).fault; });
   };
@@ -121,7 +139,7 @@ void DoubtPage::Show() {
 void DoubtPage::AddRow(const Doubt& doubt) {
   QString words = DoubtInWords(skin_, doubt);
   if (words.isEmpty()) return;
-  if (doubt.cell) words += QString(" (%1, %2)").arg(doubt.cell->x + 1).arg(doubt.cell->y + 1);
+  if (doubt.cell) words += ' ' + PlaceWords(*doubt.cell);
   const bool fault = RowOf(doubt.kind).fault;
   auto* const item = new QListWidgetItem(OneLine(words), list_);
   item->setIcon(

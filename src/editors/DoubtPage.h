@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "data/CaveO.h"
+#include "editors/ProofStanding.h"
 #include "screens/Background.h"
 #include "solve/Gems.h"
 #include "solve/Lint.h"
@@ -19,8 +20,8 @@ namespace zorik {
 
 class Skin;
 
-// What an author should look at in the cave, faults before hints, and how its gems stand. It looks in the
-// background, as soon as the author has paused for a moment, and only while it is seen.
+// What an author should look at in the cave and its proof, faults before hints, and how its gems stand. It
+// looks in the background, as soon as the author has paused for a moment, and only while it is seen.
 class DoubtPage : public QWidget {
   Q_OBJECT
 
@@ -29,6 +30,8 @@ class DoubtPage : public QWidget {
 
   // The cave is like this by now.
   void Look(const CaveRecord& cave);
+  // And its proof.
+  void LookAtProof(const zorik::ProofStanding& proof);
 
   // The skin is another one.
   void SetLW();
@@ -48,6 +51,7 @@ class DoubtPage : public QWidget {
     GemCount gems;
   };
 
+  void LookAgain();
   void Ask();
   void Show();
   void AddRow(const Doubt& doubt);
@@ -60,6 +64,7 @@ class DoubtPage : public QWidget {
   QListWidget* list_;
   QTimer pause_;
   std::optional<CaveRecord> cave_;
+  ProofStanding proof_;
   bool fresh_ = false;
   std::shared_ptr<Found> found_;  // what is shown
   Background work_;

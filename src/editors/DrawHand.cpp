@@ -153,18 +153,18 @@ CavePlaces DrawHand::Shape() const {
 
 // A dog stands only once: at the end.
 void DrawHand::ShowShape(ToolButton button) {
-  CaveOverlay& over = view_.Picture().Over();
-  over.shape = Shape();
-  over.letter = LetterOf(button);
-  if (palette_.Tool(button) == kDogTool && !over.shape.empty()) over.shape = {over.shape.back()};
+  EditMarks& marks = view_.Picture().Marks();
+  marks.shape = Shape();
+  marks.letter = LetterOf(button);
+  if (palette_.Tool(button) == kDogTool && !marks.shape.empty()) marks.shape = {marks.shape.back()};
   view_.Picture().update();
   emit ShapeChanged();
 }
 
 void DrawHand::HideShape() {
-  CaveOverlay& over = view_.Picture().Over();
-  if (over.shape.empty()) return;
-  over.shape.clear();
+  EditMarks& marks = view_.Picture().Marks();
+  if (marks.shape.empty()) return;
+  marks.shape.clear();
   view_.Picture().update();
   emit ShapeChanged();
 }
@@ -173,7 +173,7 @@ void DrawHand::HideShape() {
 
 void DrawHand::ChangeLine(Line line) {
   const EditKom& picture = view_.Picture();
-  const QPoint at = picture.Over().selection ? picture.Over().selection->topLeft() : picture.Cursor();
+  const QPoint at = picture.Marks().selection ? picture.Marks().selection->topLeft() : picture.Cursor();
   const QPoint place = view_.Place();
   const auto change = [this, at](Line which) {
     if (which == Line::InsertRow) return cave_.InsertRow(at.y());

@@ -47,9 +47,9 @@ void EditKom::SetCellSize(int cell) {
 
 void EditKom::SetRozm() {
   resize(cave_.Width() * cell_, cave_.Height() * cell_);
-  if (over_.mark && !cave_.Inside(over_.mark->x(), over_.mark->y())) Mark(std::nullopt);
-  if (over_.selection) over_.selection = *over_.selection & CellsOf(cave_);
-  if (over_.selection && over_.selection->isEmpty()) over_.selection.reset();
+  if (marks_.mark && !cave_.Inside(marks_.mark->x(), marks_.mark->y())) Mark(std::nullopt);
+  if (marks_.selection) marks_.selection = *marks_.selection & CellsOf(cave_);
+  if (marks_.selection && marks_.selection->isEmpty()) marks_.selection.reset();
   update();
 }
 
@@ -58,7 +58,7 @@ void EditKom::PaintCell(QPoint cell) {
   update(RectOf(cell).adjusted(-1, -1, 1, 1));
 }
 
-void EditKom::SetLayer(const CaveLayer* layer) {
+void EditKom::SetLayer(const PictureLayer* layer) {
   layer_ = layer;
   update();
 }
@@ -78,7 +78,7 @@ void EditKom::paintEvent(QPaintEvent* event) {
   painter.setRenderHint(QPainter::SmoothPixmapTransform);
   PaintCells(painter, cells);
   if (layer_) layer_->Paint(painter, cells, cell_);
-  PaintOverlay(painter, over_, tiles_, cells, cell_);
+  PaintMarks(painter, marks_, tiles_, cells, cell_);
 }
 
 // A few rows at a time, so that what is drawn is still at hand for the processor when it goes to the screen.
@@ -98,11 +98,11 @@ void EditKom::PaintCells(QPainter& painter, const QRect& cells) {
 
 void EditKom::Mark(std::optional<QPoint> cell) {
   if (cell && !cave_.Inside(cell->x(), cell->y())) cell.reset();
-  if (cell == over_.mark) return;
-  for (const auto& place : {over_.mark, cell}) {
+  if (cell == marks_.mark) return;
+  for (const auto& place : {marks_.mark, cell}) {
     if (place) PaintCell(*place);
   }
-  over_.mark = cell;
+  marks_.mark = cell;
   if (cell) cursor_ = cell;
   emit MarkMoved();
 }
@@ -120,7 +120,7 @@ QRect EditKom::SeenCells() const {
 }
 
 QPoint EditKom::Cursor() const {
-  if (over_.mark) return *over_.mark;
+  if (marks_.mark) return *marks_.mark;
   const QRect seen = SeenCells();
   return cursor_ && seen.contains(*cursor_) ? *cursor_ : seen.topLeft();
 }
@@ -152,6 +152,10 @@ void EditKom::mousePressEvent(QMouseEvent* event) {
   Mark(cell);
   if (event->modifiers() & Qt::AltModifier) {
     emit Picked(cell, *button);
+    return;
+  }
+  if (*button == ToolButton::Left && (event->modifiers() & Qt::ControlModifier)) {
+    emit LayerChosen(cell);
     return;
   }
   LeaveOutReports(false);
@@ -239,7 +243,7 @@ void EditKom::EndStroke() {
 }
 
 bool EditKom::HasToGiveUp() const {
-  return InStroke() || over_.selection || !over_.block.IsEmpty();
+  return InStroke() || marks_.selection || !marks_.block.IsEmpty();
 }
 
 bool EditKom::GiveUp() {

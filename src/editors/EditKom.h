@@ -6,16 +6,17 @@
 #include <optional>
 
 #include "editors/CaveModel.h"
-#include "editors/CaveOverlay.h"
 #include "editors/CellKeys.h"
+#include "editors/EditMarks.h"
 #include "editors/EditTiles.h"
 
 namespace zorik {
 
-// What is drawn over the cells of the picture, under the mark.
-class CaveLayer {
+// Something else that paints over the cells of the picture, under the marks of editing: the author's proof
+// for one.
+class PictureLayer {
  public:
-  virtual ~CaveLayer() = default;
+  virtual ~PictureLayer() = default;
 
   // cells: those that are painted anew; a cell has so many logical pixels.
   virtual void Paint(QPainter& painter, const QRect& cells, int cellSize) const = 0;
@@ -43,21 +44,21 @@ class EditKom : public QWidget {
   // Paints one cell anew.
   void PaintCell(QPoint cell);
   // Not owned; nullptr for none. It is painted with the cells, so a cell that it changes is to be updated.
-  void SetLayer(const CaveLayer* layer);
+  void SetLayer(const PictureLayer* layer);
   // What the mouse is led over before its next press is not drawn.
   void EndStroke();
 
   // The cell that is marked: under the pointer, or led there by keys.
-  std::optional<QPoint> Marked() const { return over_.mark; }
+  std::optional<QPoint> Marked() const { return marks_.mark; }
   // The same, or where keys would begin.
   QPoint Cursor() const;
   // The cells of which the view shows something.
   QRect SeenCells() const;
   QPoint CellAt(QPointF position) const;
 
-  // What lies over the picture; whoever changes it repaints.
-  const CaveOverlay& Over() const { return over_; }
-  CaveOverlay& Over() { return over_; }
+  // The marks of editing; whoever changes them repaints.
+  const EditMarks& Marks() const { return marks_; }
+  EditMarks& Marks() { return marks_; }
 
   // A tap of Space begins a stroke that the next one ends.
   bool Latches() const { return latches_; }
@@ -74,7 +75,7 @@ class EditKom : public QWidget {
   // A stroke of the mouse.
   bool IsDragged() const { return InStroke() && !keys_.Strokes(); }
   // A selection is there that keys can move.
-  bool CanShove() const { return over_.selection && over_.block.IsEmpty(); }
+  bool CanShove() const { return marks_.selection && marks_.block.IsEmpty(); }
 
   // The picture has moved under the pointer, which goes on with its stroke.
   void LeadAgain();
@@ -93,6 +94,8 @@ class EditKom : public QWidget {
   void GivenUp();
   void Confirmed();
   void Picked(QPoint cell, zorik::ToolButton button);
+  // Something that a layer shows in this cell is meant, and nothing is drawn.
+  void LayerChosen(QPoint cell);
   void Shoved(QPoint step);
   void SelectedByKeys(QPoint from, QPoint to);
   void MarkMoved();
@@ -121,9 +124,9 @@ class EditKom : public QWidget {
 
   const CaveModel& cave_;
   EditTiles& tiles_;
-  const CaveLayer* layer_ = nullptr;
+  const PictureLayer* layer_ = nullptr;
   CellKeys keys_{*this};
-  CaveOverlay over_;
+  EditMarks marks_;
   int cell_ = kCell;
   QImage picture_;                    // of the cells painted last
   std::optional<QPoint> cursor_;      // the cell marked last

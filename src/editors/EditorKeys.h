@@ -14,6 +14,7 @@ inline constexpr std::array kDrawingKeys = std::to_array<KeysRow>({
     {"caption.keys.draw.space"},
     {"caption.keys.draw.mouse"},
     {"caption.keys.draw.zoom"},
+    {"caption.keys.draw.way"},
     {"caption.keys.draw.tab"},
 });
 

@@ -129,7 +129,7 @@ void FrmCat::MakeMenus() {
 void FrmCat::MakeHelpMenu() {
   QMenu& menu = *menus_.AddMenu("mnuHelp", "caption.sada.menu.help");
   menus_.Add(menu, "mnuEditing", "caption.sada.help.editing", kHelpKey,
-             [this] { emit HelpWanted("editovat.html"); });
+             [this] { emit HelpWanted("kocka.html"); });
   menus_.Add(menu, "mnuShortcuts", "caption.shortcuts.title", kSheetKeys, [this] {
     FrmShortcuts(skin_, menus_.Bar(), {{"caption.keys.cat.head", kCatKeys}}, this).exec();
   });

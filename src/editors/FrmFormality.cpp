@@ -15,6 +15,7 @@
 #include <QTextDocument>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <utility>
 
 #include "data/Cp1250.h"
 #include "editors/BoxText.h"
@@ -105,7 +106,9 @@ class TextsArea : public QScrollArea {
   }
 
   QSize sizeHint() const override {
-    return widget()->sizeHint() + QSize(verticalScrollBar()->sizeHint().width(), 0);
+    // The box of the description wants nothing, yet has a least height.
+    const QSize texts = widget()->sizeHint().expandedTo(widget()->minimumSizeHint());
+    return texts + QSize(verticalScrollBar()->sizeHint().width(), 0);
   }
   QSize minimumSizeHint() const override { return kLeastArea; }
 };
@@ -148,7 +151,15 @@ FrmFormality::FrmFormality(Skin& skin, const CaveModel& cave, QWidget* parent)
   connect(description_->document(), &QTextDocument::contentsChange, this,
           [this](int position, int /*removed*/, int added) { LimitDescription(position, added); });
   SetLWEd();
-  if (!RestoreSize(*this)) ResizeWithinScreen(*this, sizeHint());
+  sized_ = RestoreSize(*this);
+}
+
+// What its texts take is known by now only.
+void FrmFormality::showEvent(QShowEvent* event) {
+  QDialog::showEvent(event);
+  if (std::exchange(sized_, true)) return;
+  texts_->updateGeometry();
+  ResizeWithinScreen(*this, sizeHint());
 }
 
 void FrmFormality::AddButtons() {
@@ -173,7 +184,7 @@ void FrmFormality::AddButtons() {
 
 void FrmFormality::AddKeys() {
   auto* const help = new QShortcut(QKeySequence(kHelpKey), this);
-  connect(help, &QShortcut::activated, this, [this] { emit HelpWanted("editovat.html"); });
+  connect(help, &QShortcut::activated, this, [this] { emit HelpWanted("vlastnosti.html"); });
   auto* const sheet = new QShortcut(QKeySequence(kSheetKeys), this);
   connect(sheet, &QShortcut::activated, this, &FrmFormality::ShortcutsWanted);
 }
@@ -226,7 +237,7 @@ void FrmFormality::LayOut() {
   ends->addWidget(commands_[kOk]);
   ends->addWidget(commands_[kCancel]);
   grid->setColumnStretch(kAllColumns, 1);
-  rows->addWidget(new TextsArea(texts, this), 1);
+  rows->addWidget(texts_ = new TextsArea(texts, this), 1);
   rows->addLayout(ends);
   OrderTabs();
 }

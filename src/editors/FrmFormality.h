@@ -58,6 +58,7 @@ class FrmFormality : public QDialog {
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
+  void showEvent(QShowEvent* event) override;
 
  private:
   void AddButtons();
@@ -90,6 +91,8 @@ class FrmFormality : public QDialog {
   QLabel* lblDescription_;
   std::array<QLabel*, kCaveNumbers> lblNumbers_{};
   QLabel* lblColouring_;
+  QWidget* texts_ = nullptr;  // all but the buttons at the end
+  bool sized_ = false;
   std::array<QPushButton*, 8> commands_{};
   std::string loadedDescription_;  // as the cave holds it; its line ends may be of any kind
   QString shownDescription_;

@@ -65,8 +65,10 @@ FrmMain::FrmMain(Skin& skin, CatEditor editCat, std::uint64_t seed, QWidget* par
   MakeStatusBar();
   frmFormality_ = new FrmFormality(skin_, model_, this);
   connect(frmFormality_, &FrmFormality::VlOK, this, [this](const Formality& values) {
+    const QSize before = shownSize_;
     model_.SetProperties(values);
     AfterChange();
+    if (shownSize_ != before) view_->SetRozm();
   });
   connect(frmFormality_, &FrmFormality::HelpWanted, this, &FrmMain::HelpWanted);
   connect(frmFormality_, &FrmFormality::ShortcutsWanted, this, [this] { ShowShortcuts(frmFormality_); });
@@ -144,6 +146,7 @@ void FrmMain::ConnectTools() {
   connect(view_, &CaveView::Zoomed, this, &FrmMain::UpdateStatus);
   ConnectHand();
   connect(doubts_, &DoubtPage::Chosen, &view_->Picture(), &EditKom::LeadMark);
+  connect(proof_, &ProofDesk::Stands, doubts_, &DoubtPage::LookAtProof);
   connect(&view_->Picture(), &EditKom::MarkMoved, this, &FrmMain::UpdateStatus);
 }
 
@@ -288,6 +291,7 @@ void FrmMain::ShowOpened() {
   shownSize_ = {};
   hand_->Forget();
   AfterChange();
+  view_->SetRozm();
   Dog(1);
   palette_->Forget();
   for (const FirstTool& first : kFirstTools) palette_->SelectTool(first.button, first.palette);
@@ -330,7 +334,7 @@ void FrmMain::AfterChange() {
   const QSize size(model_.Width(), model_.Height());
   if (size != shownSize_) {
     shownSize_ = size;
-    view_->SetRozm();
+    view_->TakeSize();
   }
   if (model_.Cave().Colouring != shownScheme_) LoadTiles();
   view_->Picture().update();

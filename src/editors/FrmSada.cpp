@@ -340,7 +340,7 @@ void FrmSada::mnuSheet_Click() {
     const BusyNotice busy(frmLoading_);
     return ContactSheet(skin_.Places(), ToBox(name), caves);
   }();
-  OfferPicture(skin_, this, name, sheet);
+  OfferPicture(skin_, this, skin_.Caption("caption.sada.sheet"), name, sheet);
 }
 
 void FrmSada::ShowPage(const QString& page) {

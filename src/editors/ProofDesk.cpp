@@ -32,6 +32,7 @@ ProofDesk::ProofDesk(Skin& skin, const CaveModel& cave, EditKom& picture, SidePa
     : skin_(skin),
       cave_(cave),
       picture_(picture),
+      panel_(panel),
       page_(new ProofPage),
       offer_(new ProofOffer),
       overlay_(cave) {
@@ -58,6 +59,7 @@ ProofDesk::ProofDesk(Skin& skin, const CaveModel& cave, EditKom& picture, SidePa
   connect(page_, &ProofPage::SolveWanted, this, &ProofDesk::Solve);
   connect(page_, &ProofPage::RateWanted, this, &ProofDesk::Rate);
   connect(page_, &ProofPage::StopWanted, &work_, &ProofWork::GiveUp);
+  connect(&picture_, &EditKom::LayerChosen, this, &ProofDesk::ChooseTick);
   connect(offer_, &ProofOffer::Taken, this, &ProofDesk::Take);
   connect(&picture_, &EditKom::MarkMoved, this, [this] {
     if (picture_.Marked()) pointed_ = picture_.Marked();
@@ -126,6 +128,17 @@ void ProofDesk::Judged() {
   overlay_.SetVerdict(verdict);
   ShowOverlay();
   ShowWork();
+  TellStanding();
+}
+
+void ProofDesk::TellStanding() {
+  const ProofVerdict* const verdict = watch_.Verdict();
+  standing_ = {};
+  standing_.fails = verdict != nullptr ? !verdict->wins : watch_.IsBad();
+  if (verdict != nullptr && verdict->wins) standing_.record = verdict->record;
+  if (verdict != nullptr && verdict->flaw && verdict->flaw->why != ProofBreak::NoCave)
+    standing_.where = Spot{verdict->flaw->cell.x(), verdict->flaw->cell.y()};
+  emit Stands(standing_);
 }
 
 void ProofDesk::ShowOverlay() {
@@ -192,6 +205,14 @@ void ProofDesk::Go() {
   emit picture_.LedByKeys({verdict->flaw->cell.x(), verdict->flaw->cell.y()});
 }
 
+// The page tells which one it has become.
+void ProofDesk::ChooseTick(QPoint cell) {
+  const auto tick = overlay_.TickAt(cell);
+  if (!tick) return;
+  page_->SetTick(*tick);
+  panel_.TurnTo(*page_);
+}
+
 // Tries
 
 void ProofDesk::Try() {
@@ -230,6 +251,9 @@ void ProofDesk::TellRating(const Rating& rating) {
           With("caption.proof.limit", locale.toString(rating.limitRatio, 'f', 1)) + '\n' +
           With("caption.proof.escapes", QString::number(rating.review.closeCalls));
   ShowWork();
+  standing_.tries = rating.tries;
+  standing_.survived = rating.survived;
+  emit Stands(standing_);
 }
 
 // A new proof

@@ -6,6 +6,7 @@
 #include "editors/CaveOrigin.h"
 #include "editors/ProofOverlay.h"
 #include "editors/ProofShelf.h"
+#include "editors/ProofStanding.h"
 #include "editors/ProofWatch.h"
 #include "editors/ProofWork.h"
 
@@ -52,6 +53,8 @@ class ProofDesk : public QObject {
   void Try();
 
  signals:
+  // What is known of the proof has changed.
+  void Stands(const zorik::ProofStanding& proof);
   // A try of a run, given by a record of it, from one of its ticks.
   void TryRun(const std::string& record, int tick);
   // A try of another cave.
@@ -61,8 +64,10 @@ class ProofDesk : public QObject {
   std::string CaveText() const;
   void Judged();
   void ShowOverlay();
+  void TellStanding();
   void ShowWork();
   void Go();
+  void ChooseTick(QPoint cell);
   void Solve();
   void Rate();
   void Take();
@@ -75,6 +80,7 @@ class ProofDesk : public QObject {
   Skin& skin_;
   const CaveModel& cave_;
   EditKom& picture_;
+  SidePanel& panel_;
   ProofPage* page_;
   ProofOffer* offer_;
   CaveOrigin origin_;
@@ -83,6 +89,7 @@ class ProofDesk : public QObject {
   ProofOverlay overlay_;
   ProofWatch watch_;
   ProofWork work_;
+  ProofStanding standing_;
   std::string offered_;            // a record that may become the proof
   QString told_;                   // what came of the last work
   std::optional<QPoint> pointed_;  // the cell that was marked last

@@ -46,6 +46,18 @@ void ProofOverlay::SetVerdict(const ProofVerdict* verdict) {
   }
 }
 
+std::optional<int> ProofOverlay::TickAt(QPoint cell) const {
+  std::optional<int> first;
+  if (!verdict_ || !way_) return first;
+  for (const Footstep& step : verdict_->way) {
+    if (QPoint(step.cell.x(), step.cell.y()) != cell) continue;
+    const int tick = std::min(step.tick, verdict_->ticks - 1);
+    if (tick > tick_) return tick;
+    if (!first) first = tick;
+  }
+  return first;
+}
+
 void ProofOverlay::Paint(QPainter& painter, const QRect& cells, int cellSize) const {
   if (!verdict_) return;
   painter.save();

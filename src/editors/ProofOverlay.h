@@ -11,7 +11,7 @@ namespace zorik {
 
 // A proof as it is seen on the picture of the cave: the way of its dogs, the cells that it leaves alone, and
 // where it breaks.
-class ProofOverlay : public CaveLayer {
+class ProofOverlay : public PictureLayer {
  public:
   explicit ProofOverlay(const CaveModel& cave) : cave_(cave) {}
 
@@ -21,6 +21,10 @@ class ProofOverlay : public CaveLayer {
   void ShowUntouched(bool shown) { untouched_ = shown; }
   // The tick from which the author would like to go on; the dogs are marked where they are then.
   void SetTick(int tick) { tick_ = tick; }
+
+  // The tick at which a dog comes to a cell on the way that is shown: the next one behind the tick above,
+  // else the first one.
+  std::optional<int> TickAt(QPoint cell) const;
 
   // Whether there is anything to be seen of it.
   bool Shows() const { return verdict_ && (way_ || untouched_ || verdict_->flaw); }

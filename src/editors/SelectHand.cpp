@@ -18,25 +18,25 @@ SelectHand::SelectHand(CaveModel& cave, EditKom& picture, QObject* parent)
 }
 
 bool SelectHand::HasSelection() const {
-  return picture_.Over().selection.has_value();
+  return picture_.Marks().selection.has_value();
 }
 
 bool SelectHand::Holds() const {
-  return !picture_.Over().block.IsEmpty();
+  return !picture_.Marks().block.IsEmpty();
 }
 
 QRect SelectHand::Selection() const {
-  return picture_.Over().selection.value_or(QRect());
+  return picture_.Marks().selection.value_or(QRect());
 }
 
 QSize SelectHand::Size() const {
-  const CaveBlock& block = picture_.Over().block;
+  const CaveBlock& block = picture_.Marks().block;
   return Holds() ? QSize(block.width, block.height) : Selection().size();
 }
 
 void SelectHand::Select(const QRect& cells) {
   const QRect inside = cells & CellsOf(cave_);
-  picture_.Over().selection = inside.isEmpty() ? std::nullopt : std::optional(inside);
+  picture_.Marks().selection = inside.isEmpty() ? std::nullopt : std::optional(inside);
   picture_.update();
   emit Selected();
 }
@@ -101,10 +101,10 @@ QPoint SelectHand::PlaceFor(QSize part, QPoint wanted) const {
 }
 
 void SelectHand::Hold(CaveBlock block, QPoint at, std::optional<QRect> left) {
-  CaveOverlay& over = picture_.Over();
-  over.block = std::move(block);
-  over.blockPlace = PlaceFor({over.block.width, over.block.height}, at);
-  over.left = left;
+  EditMarks& marks = picture_.Marks();
+  marks.block = std::move(block);
+  marks.blockPlace = PlaceFor({marks.block.width, marks.block.height}, at);
+  marks.left = left;
   picture_.update();
   emit Selected();
 }
@@ -112,24 +112,24 @@ void SelectHand::Hold(CaveBlock block, QPoint at, std::optional<QRect> left) {
 void SelectHand::LetGo() {
   grip_.reset();
   anchor_.reset();
-  picture_.Over().left.reset();
+  picture_.Marks().left.reset();
   if (!Holds()) return;
-  picture_.Over().block = {};
+  picture_.Marks().block = {};
   picture_.update();
   emit Selected();
 }
 
 void SelectHand::HangAtMark() {
-  CaveOverlay& over = picture_.Over();
-  if (!Holds() || grip_ || !over.mark) return;
-  over.blockPlace = PlaceFor(Size(), *over.mark);
+  EditMarks& marks = picture_.Marks();
+  if (!Holds() || grip_ || !marks.mark) return;
+  marks.blockPlace = PlaceFor(Size(), *marks.mark);
   picture_.update();
 }
 
 void SelectHand::PutDown() {
   if (!Holds()) return;
-  const CaveBlock block = picture_.Over().block;
-  const QPoint place = picture_.Over().blockPlace;
+  const CaveBlock block = picture_.Marks().block;
+  const QPoint place = picture_.Marks().blockPlace;
   LetGo();
   Select(ToRect(cave_.Paste(block, ToPlace(place))));
   emit Changed();
@@ -143,7 +143,7 @@ void SelectHand::GiveUp() {
 
 void SelectHand::Turn(CaveTurn turn) {
   if (Holds()) {
-    Hold(Turned(picture_.Over().block, turn), picture_.Over().blockPlace, std::nullopt);
+    Hold(Turned(picture_.Marks().block, turn), picture_.Marks().blockPlace, std::nullopt);
     HangAtMark();
     return;
   }
@@ -198,7 +198,7 @@ void SelectHand::Lead(QPoint cell) {
 void SelectHand::Release() {
   anchor_.reset();
   const bool moved = grip_ && Holds();
-  const QPoint place = picture_.Over().blockPlace;
+  const QPoint place = picture_.Marks().blockPlace;
   if (grip_) LetGo();
   if (moved) MoveTo(place);
 }

@@ -62,6 +62,10 @@ void SidePanel::SetLW(const Skin& skin) {
     pages_->setTabText(static_cast<int>(i), InMenu(skin.Caption(keys_[i])));
 }
 
+void SidePanel::TurnTo(QWidget& page) {
+  pages_->setCurrentWidget(&page);
+}
+
 void SidePanel::SetWanted(bool wanted) {
   wanted_ = wanted;
   ZorikStore().setValue(kWanted, wanted);

@@ -20,6 +20,8 @@ class SidePanel : public QSplitter {
   // One more page, behind those that are there; its caption is a key of the skin.
   void AddPage(QWidget& page, const char* key);
   void SetLW(const Skin& skin);
+  // Turns to a page.
+  void TurnTo(QWidget& page);
 
   bool IsWanted() const { return wanted_; }
   void SetWanted(bool wanted);

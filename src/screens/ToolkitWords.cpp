@@ -52,8 +52,22 @@ constexpr std::array kWords = {
     WordRow{"Scroll right", {"caption.scroll.right"}},
 };
 
-// Keys bear their own names on any keyboard.
+// Keys bear their own names on any keyboard, and arrows a sign.
 constexpr std::string_view kKeyNames = "QShortcut";
+
+struct ArrowRow {
+  std::string_view source;
+  char16_t sign;
+};
+constexpr std::array kArrows = {ArrowRow{"Left", u'←'}, ArrowRow{"Up", u'↑'}, ArrowRow{"Right", u'→'},
+                                ArrowRow{"Down", u'↓'}};
+
+QString NameOfKey(std::string_view source) {
+  for (const ArrowRow& row : kArrows) {
+    if (row.source == source) return QChar(row.sign);
+  }
+  return {};
+}
 
 }  // namespace
 
@@ -63,7 +77,8 @@ ToolkitWords::ToolkitWords(const Skin& skin, QObject* parent) : QTranslator(pare
 
 QString ToolkitWords::translate(const char* context, const char* source, const char* /*disambiguation*/,
                                 int /*count*/) const {
-  if (context == nullptr || source == nullptr || context == kKeyNames) return QString();
+  if (context == nullptr || source == nullptr) return QString();
+  if (context == kKeyNames) return NameOfKey(source);
   for (const WordRow& row : kWords) {
     if (row.source == source) return row.words.In(skin_).replace('\r', '\n');
   }

@@ -76,20 +76,24 @@ std::vector<Doubt> DoubtsAboutProof(const Rating& rating) {
     doubts.push_back({DoubtKind::LooseLimit,
                       "the time is " + Rounded(rating.limitRatio) + " times that of the proof",
                       "time",
-                      {}});
-  if (review.idleStretch > kLongestIdle)
+                      {},
+                      {Rounded(rating.limitRatio)}});
+  if (review.idleStretch > kLongestIdle) {
+    const std::string seconds = Rounded(static_cast<double>(review.idleStretch) / kTicksPerSecond);
+    const std::string tick = std::to_string(review.idleFrom + 1);
     doubts.push_back({DoubtKind::IdleStretch,
-                      "the proof does nothing for " +
-                          Rounded(static_cast<double>(review.idleStretch) / kTicksPerSecond) +
-                          " s from tick " + std::to_string(review.idleFrom + 1) + " on",
+                      "the proof does nothing for " + seconds + " s from tick " + tick + " on",
                       "cells",
-                      {}});
+                      {},
+                      {seconds, tick}});
+  }
   if (rating.survived < kLeastOdds * rating.tries)
     doubts.push_back({DoubtKind::LowOdds,
                       "the proof's plan wins with " + std::to_string(rating.survived) + " of " +
                           std::to_string(rating.tries) + " other seeds",
                       "cells",
-                      {}});
+                      {},
+                      {std::to_string(rating.survived), std::to_string(rating.tries)}});
   return doubts;
 }
 

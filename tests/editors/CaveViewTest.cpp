@@ -107,6 +107,35 @@ TEST_F(CaveViewTest, ScrollsBackToTheBeginningWhenTheSizeChangesAndOnlyThen) {
   EXPECT_EQ(Down().value(), 0);
 }
 
+TEST_F(CaveViewTest, StaysWhereItIsWhenRowsComeAndGoAndComeBack) {
+  OpenLargest();
+  Action("mnuDeleteColumn").trigger();
+  Action("mnuDeleteRow").trigger();
+  Across().setValue(60);
+  Down().setValue(40);
+  Action("mnuUndo").trigger();
+  Action("mnuUndo").trigger();
+  ASSERT_EQ(window->Model().Width(), 80);
+  EXPECT_EQ(Across().value(), 60);
+  EXPECT_EQ(Down().value(), 40);
+  EXPECT_EQ(Area().pos(), QPoint(-60 * 13, -40 * 13));
+  Action("mnuRedo").trigger();
+  EXPECT_EQ(Area().pos(), QPoint(-60 * 13, -40 * 13));
+}
+
+TEST_F(CaveViewTest, GoesBackNoFurtherThanTheCaveStillReaches) {
+  OpenLargest();
+  Action("mnuDeleteColumn").trigger();
+  Action("mnuUndo").trigger();
+  Across().setValue(Across().maximum());
+  Down().setValue(40);
+  Action("mnuRedo").trigger();
+  EXPECT_EQ(Across().maximum(), 120);
+  EXPECT_EQ(Across().value(), 120);
+  EXPECT_EQ(Down().value(), 40);
+  EXPECT_EQ(Area().pos(), QPoint(-120 * 13, -40 * 13));
+}
+
 TEST_F(CaveViewTest, ScrollsWithTheWheel) {
   OpenLargest();
   Wheel(QPoint(50, 50), -1, Qt::NoModifier);

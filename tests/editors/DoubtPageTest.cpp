@@ -54,7 +54,7 @@ TEST_F(DoubtPageTest, TellsFaultsBeforeHints) {
   Open({"WWWWWWWW", "W1;;;WWW", "W.R;;WDW", "W..;;WWW", "WWWWWWWW"}, {.needed = 1});
   EXPECT_EQ(Said(), QStringList({"Není tu cíl.",
                                  "Cíl se otevře při 1 drahokamech, Zoríci jich ale mohou získat nejvýš 0.",
-                                 "K drahokamu se žádný Zorík nikdy nedostane. (7, 3)"}));
+                                 "K drahokamu se žádný Zorík nikdy nedostane. (7, 3)"}));
   EXPECT_EQ(List().item(0)->toolTip(), "Chyba");
   EXPECT_EQ(List().item(2)->toolTip(), "Podezření");
 }
@@ -67,7 +67,7 @@ TEST_F(DoubtPageTest, LeadsToTheCellOfALine) {
   large[46][72] = 'D';
   Open(large, {.needed = 0});
   const QStringList said = Said();
-  const auto row = said.indexOf("K drahokamu se žádný Zorík nikdy nedostane. (73, 47)");
+  const auto row = said.indexOf("K drahokamu se žádný Zorík nikdy nedostane. (73, 47)");
   ASSERT_GE(row, 0) << said.join('\n').toStdString();
   QTest::mouseClick(List().viewport(), Qt::LeftButton, {},
                     List().visualItemRect(List().item(static_cast<int>(row))).center());

@@ -338,7 +338,7 @@ TEST_F(EditKomTest, MarksTheCellUnderThePointerAndTellsOfIt) {
 }
 
 // Fills one cell, and keeps which ones it was asked for.
-class OneCell : public CaveLayer {
+class OneCell : public PictureLayer {
  public:
   void Paint(QPainter& painter, const QRect& cells, int cellSize) const override {
     painter.fillRect(QRect(QPoint(2, 2) * cellSize, QSize(cellSize, cellSize)), Qt::red);

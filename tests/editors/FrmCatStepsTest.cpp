@@ -144,7 +144,7 @@ TEST_F(FrmCatStepsTest, AsksForItsPageAndHasASheetOfShortcuts) {
     Press("Command4");
   });
   window.Edit("");
-  EXPECT_EQ(pages, QStringList("editovat.html"));
+  EXPECT_EQ(pages, QStringList("kocka.html"));
 }
 
 TEST_F(FrmCatStepsTest, HasNoProgramThatCouldBeLostOnceItIsShut) {

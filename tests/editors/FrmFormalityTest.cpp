@@ -58,16 +58,6 @@ TEST_F(FrmFormalityTest, HasItsCaptions) {
   });
 }
 
-TEST_F(FrmFormalityTest, LeavesItsButtonsInALowWindow) {
-  Dialog([](QWidget& it) {
-    it.resize(it.minimumSizeHint());
-    EXPECT_LE(it.width(), 679);  // a small screen at twice the size
-    EXPECT_LE(it.height(), 348);
-    const QRect ok = it.findChild<QPushButton*>("Command1")->geometry();
-    EXPECT_TRUE(it.rect().contains(ok));
-  });
-}
-
 TEST_F(FrmFormalityTest, ShowsTheCavesProperties) {
   test::Numbers numbers;
   numbers = {.time = 123,
@@ -368,7 +358,7 @@ TEST_F(FrmFormalityTest, AsksForItsPageAndForTheSheetOfShortcuts) {
     Box(dialog, "Text3").setFocus();
     ASSERT_TRUE(QTest::qWaitFor([&] { return Box(dialog, "Text3").hasFocus(); }));
     QTest::keyClick(dialog.windowHandle(), Qt::Key_F1);
-    EXPECT_EQ(pages, QStringList("editovat.html"));
+    EXPECT_EQ(pages, QStringList("vlastnosti.html"));
     const test::InDialogNamed sheet("frmShortcuts", [&heads](QWidget& it) { heads = Heads(it); });
     QTest::keyClick(dialog.windowHandle(), Qt::Key_Question, Qt::ControlModifier);
     EXPECT_TRUE(sheet.opened);

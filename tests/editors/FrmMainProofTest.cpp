@@ -8,69 +8,23 @@
 
 #include "data/CaveO.h"
 #include "data/Files.h"
-#include "data/ProofFile.h"
-#include "data/Result.h"
-#include "editors/EditorScreen.h"
 #include "editors/Mnemonics.h"
-#include "editors/ProofDesk.h"
-#include "editors/ToolTable.h"
+#include "editors/ProofScreen.h"
 #include "flow/SadaModel.h"
-#include "solve/Walks.h"
-#include "support/TempFolder.h"
 
 namespace zorik {
 namespace {
 
 namespace fs = std::filesystem;
+using test::kLongerWay;
+using test::kProvenCave;
+using test::kWay;
 using test::Picture;
-using test::PlanOf;
-using test::TempFolder;
+using test::RecordOf;
+using test::TextOf;
 
-const Picture kCave{"WWWWWWWWW", "W1;D;;;;T", "W;;;;;;;W", "W;;;;;;;W", "WWWWWWWWW"};
-constexpr const char* kWay = "RRRRRRR";
-constexpr const char* kLongerWay = "..RRRRRRR";
-
-std::string TextOf(const Picture& picture) {
-  return test::CaveTextOf(picture, {.needed = 1});
-}
-
-std::string RecordOf(const Picture& picture, const char* keys) {
-  return RecordOfPlan({TextOf(picture), "sada", 0, {}}, PlanOf(keys));
-}
-
-class FrmMainProofTest : public testing::Test, public test::EditorScreen {
+class FrmMainProofTest : public test::ProofScreen {
  protected:
-  FrmMainProofTest() { OpenCave(kCave); }
-
-  void OpenCave(const Picture& picture, bool saved = true) {
-    origin.File = saved ? folder.Path() + "/sada.zk" : std::string();
-    origin.Collection = "sada";
-    origin.Number = 1;
-    ASSERT_EQ(window->Edit(TextOf(picture), origin), FrmMain::Start::Editing);
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(window.get()));
-    Child<QTabWidget>("pages").setCurrentWidget(&Child<QWidget>("proofPage"));
-    Answer();
-  }
-
-  std::string Path() const { return ProofPath(folder.Path() + "/sada.zk", "Test"); }
-  void Store(const char* keys) const { ASSERT_TRUE(StoreProof(Path(), RecordOf(kCave, keys))); }
-  void OpenProven() {
-    Store(kWay);
-    OpenCave(kCave);
-  }
-
-  // Waits for the proof to be judged.
-  void Answer() const {
-    ASSERT_TRUE(QTest::qWaitFor([this] { return !window->Proof().Watch().Asking(); }));
-  }
-  bool WorkEnds() const {
-    return QTest::qWaitFor([this] { return window->Proof().Work().Doing() == ProofWork::Kind::None; },
-                           20'000);
-  }
-  std::string Verdict() const {
-    Answer();
-    return Child<QLabel>("lblVerdict").text().toStdString();
-  }
   // Where the ring of the first dog is drawn, by its column in the row of the way; -1 for nowhere.
   int Ring() const {
     const QColor way(255, 210, 63);
@@ -80,17 +34,6 @@ class FrmMainProofTest : public testing::Test, public test::EditorScreen {
     }
     return -1;
   }
-  std::string Told() const { return Child<QLabel>("lblWork").text().toStdString(); }
-  bool Offers() const { return Child<QWidget>("proofOffer").isVisible(); }
-  void Press(const char* name) const { Child<QPushButton>(name).click(); }
-  void Wall(int x, int y) const {
-    Pick(ToolOfLetter('W'));
-    Click(x, y);
-  }
-  QImage Shown() const { return Area().grab().toImage(); }
-
-  TempFolder folder{"FrmMainProof"};
-  CaveOrigin origin;
 };
 
 TEST_F(FrmMainProofTest, SaysSoWhereThereIsNoProof) {
@@ -155,29 +98,29 @@ TEST_F(FrmMainProofTest, ShowsTheWayAndTheUntouchedCellsAsLongAsTheyAreWanted) {
 }
 
 TEST_F(FrmMainProofTest, OffersAWonTestRunAndKeepsItBesideTheCollection) {
-  window->Proof().Won(RecordOf(kCave, kWay));
+  window->Proof().Won(RecordOf(kProvenCave, kWay));
   ASSERT_TRUE(Offers());
   EXPECT_FALSE(fs::exists(Path())) << "nobody has agreed";
   Press("btnTake");
   EXPECT_FALSE(Offers());
-  EXPECT_EQ(*ReadWhole(Path()), RecordOf(kCave, kWay));
+  EXPECT_EQ(*ReadWhole(Path()), RecordOf(kProvenCave, kWay));
   EXPECT_EQ(Verdict(), "Důkaz stále vyhrává: tiků 7, sekund 0,7.");
 }
 
 TEST_F(FrmMainProofTest, LeavesTheProofAloneWhenTheOfferIsTurnedDown) {
   OpenProven();
-  window->Proof().Won(RecordOf(kCave, kLongerWay));
+  window->Proof().Won(RecordOf(kProvenCave, kLongerWay));
   Press("btnLeave");
   EXPECT_FALSE(Offers());
-  EXPECT_EQ(*ReadWhole(Path()), RecordOf(kCave, kWay));
+  EXPECT_EQ(*ReadWhole(Path()), RecordOf(kProvenCave, kWay));
 }
 
 TEST_F(FrmMainProofTest, KeepsTheEarlierProofBesideTheNewOne) {
   OpenProven();
-  window->Proof().Won(RecordOf(kCave, kLongerWay));
+  window->Proof().Won(RecordOf(kProvenCave, kLongerWay));
   Press("btnTake");
-  EXPECT_EQ(*ReadWhole(Path()), RecordOf(kCave, kLongerWay));
-  EXPECT_EQ(*ReadWhole(Path() + "~1"), RecordOf(kCave, kWay));
+  EXPECT_EQ(*ReadWhole(Path()), RecordOf(kProvenCave, kLongerWay));
+  EXPECT_EQ(*ReadWhole(Path() + "~1"), RecordOf(kProvenCave, kWay));
   EXPECT_NE(Verdict().find("tiků 9"), std::string::npos);
   EXPECT_NE(Told().find("sada - Test.zkr~1"), std::string::npos) << Told();
 }
@@ -188,8 +131,8 @@ TEST_F(FrmMainProofTest, DoesNotOfferARecordThatWinsNothing) {
 }
 
 TEST_F(FrmMainProofTest, KeepsTheProofOfAnUnsavedCollectionUntilThatIsSaved) {
-  OpenCave(kCave, false);
-  window->Proof().Won(RecordOf(kCave, kWay));
+  OpenCave(kProvenCave, false);
+  window->Proof().Won(RecordOf(kProvenCave, kWay));
   Press("btnTake");
   EXPECT_EQ(Verdict(), "Důkaz stále vyhrává: tiků 7, sekund 0,7.");
   EXPECT_EQ(Told(), "Důkaz se uloží se sadou.");
@@ -198,7 +141,7 @@ TEST_F(FrmMainProofTest, KeepsTheProofOfAnUnsavedCollectionUntilThatIsSaved) {
   sada.SetText(SadaText::Name, "sada");
   ASSERT_TRUE(sada.Save(folder.Path() + "/sada.zk"));
   window->Proof().CollectionSaved(sada);
-  EXPECT_EQ(*ReadWhole(Path()), RecordOf(kCave, kWay));
+  EXPECT_EQ(*ReadWhole(Path()), RecordOf(kProvenCave, kWay));
 }
 
 TEST_F(FrmMainProofTest, FindsASolutionAndOffersIt) {
@@ -293,7 +236,42 @@ TEST_F(FrmMainProofTest, LetsTheCaveBeTriedWithTheDogAtThePointerAndLeavesItAsIt
   ASSERT_EQ(tries.size(), 1U);
   EXPECT_EQ(tries[0], TextOf({"WWWWWWWWW", "W.;D;;;;T", "W;;;;;;;W", "W;;;1;;;W", "WWWWWWWWW"}))
       << "the pointer was there last";
-  EXPECT_EQ(test::LettersOf(window->Model()), kCave);
+  EXPECT_EQ(test::LettersOf(window->Model()), kProvenCave);
+}
+
+TEST_F(FrmMainProofTest, LetsTheTickBeChosenByAClickOnTheWay) {
+  OpenProven();
+  QTest::mouseClick(&Area(), Qt::LeftButton, Qt::ControlModifier, Place(4, 1));
+  EXPECT_EQ(Child<QSpinBox>("numTick").value(), 3);
+  QTest::mouseClick(&Area(), Qt::LeftButton, Qt::ControlModifier, Place(4, 2));
+  EXPECT_EQ(Child<QSpinBox>("numTick").value(), 3) << "the way does not come there";
+  QTest::mouseClick(&Area(), Qt::LeftButton, Qt::ControlModifier, Place(8, 1));
+  EXPECT_EQ(Child<QSpinBox>("numTick").value(), 6) << "the last one to go on from";
+  EXPECT_EQ(test::LettersOf(window->Model()), kProvenCave) << "nothing is drawn so";
+  Child<QCheckBox>("chkWay").setChecked(false);
+  QTest::mouseClick(&Area(), Qt::LeftButton, Qt::ControlModifier, Place(4, 1));
+  EXPECT_EQ(Child<QSpinBox>("numTick").value(), 6) << "a way that is not shown";
+}
+
+TEST_F(FrmMainProofTest, GoesThroughTheTicksOfACellToWhichTheWayComesTwice) {
+  Store("RRLLRRRRRRR");
+  OpenCave(kProvenCave);
+  std::vector<int> ticks;
+  for (int i = 0; i < 4; ++i) {
+    QTest::mouseClick(&Area(), Qt::LeftButton, Qt::ControlModifier, Place(2, 1));
+    ticks.push_back(Child<QSpinBox>("numTick").value());
+  }
+  EXPECT_EQ(ticks, (std::vector{1, 3, 5, 1}));
+}
+
+TEST_F(FrmMainProofTest, TurnsToItsPageWhenATickIsChosenOnThePicture) {
+  OpenProven();
+  auto& pages = Child<QTabWidget>("pages");
+  pages.setCurrentIndex(0);
+  QTest::mouseClick(&Area(), Qt::LeftButton, Qt::ControlModifier, Place(4, 2));
+  EXPECT_EQ(pages.currentIndex(), 0);
+  QTest::mouseClick(&Area(), Qt::LeftButton, Qt::ControlModifier, Place(4, 1));
+  EXPECT_EQ(pages.currentWidget(), &Child<QWidget>("proofPage"));
 }
 
 TEST_F(FrmMainProofTest, SpeaksTheLanguageOfAnotherSkin) {
@@ -333,28 +311,28 @@ TEST_F(FrmMainProofTest, AsksForAYesOrANo) {
 }
 
 TEST_F(FrmMainProofTest, KeepsALaterProofBesideTheFileThatTheCollectionHasByNow) {
-  OpenCave(kCave, false);
+  OpenCave(kProvenCave, false);
   SadaModel sada({}, 1);
   sada.SetText(SadaText::Name, "sada");
   ASSERT_TRUE(sada.Save(folder.Path() + "/sada.zk"));
   window->Proof().CollectionSaved(sada);
-  window->Proof().Won(RecordOf(kCave, kWay));
+  window->Proof().Won(RecordOf(kProvenCave, kWay));
   Press("btnTake");
-  EXPECT_EQ(*ReadWhole(Path()), RecordOf(kCave, kWay));
+  EXPECT_EQ(*ReadWhole(Path()), RecordOf(kProvenCave, kWay));
   EXPECT_EQ(Told(), "");
 }
 
 TEST_F(FrmMainProofTest, KnowsTheCaveOfAWaitingProofThoughTheCollectionGotAnotherName) {
-  OpenCave(kCave, false);
-  window->Proof().Won(RecordOf(kCave, kWay));
+  OpenCave(kProvenCave, false);
+  window->Proof().Won(RecordOf(kProvenCave, kWay));
   Press("btnTake");
   SadaModel sada({}, 1);
   sada.New();
   sada.SetText(SadaText::Name, "jina");
-  sada.SetSelected(TextOf(kCave));
+  sada.SetSelected(TextOf(kProvenCave));
   ASSERT_TRUE(sada.Save(folder.Path() + "/jina.zk"));
   window->Proof().CollectionSaved(sada);
-  EXPECT_EQ(*ReadWhole(ProofPath(folder.Path() + "/jina.zk", "Test")), RecordOf(kCave, kWay));
+  EXPECT_EQ(*ReadWhole(ProofPath(folder.Path() + "/jina.zk", "Test")), RecordOf(kProvenCave, kWay));
 }
 
 // The boulder moves at one try of four. The way is as long as the winner's luck allows in fifty ticks.
@@ -365,7 +343,7 @@ TEST_F(FrmMainProofTest, TellsHowOftenThePlanWinsWithAnotherChance) {
     text = test::CaveTextOf({std::string(length, 'W'), row, "WWW." + std::string(length - 4, 'W'),
                              std::string(length, 'W'), std::string(length, 'W')},
                             {.time = 5, .needed = 1});
-    record = RecordOfPlan({text, "sada", 0, {}}, PlanOf(std::string(50, 'R')));
+    record = RecordOfPlan({text, "sada", 0, {}}, test::PlanOf(std::string(50, 'R')));
   }
   ASSERT_TRUE(StoreProof(Path(), record));
   ASSERT_EQ(window->Edit(text, origin), FrmMain::Start::Editing);
@@ -381,14 +359,14 @@ TEST_F(FrmMainProofTest, PutsNoDogWhereThePointerWasInAnotherCave) {
   Move(4, 3, Qt::NoButton);
   QEvent leave(QEvent::Leave);
   QApplication::sendEvent(&Area(), &leave);
-  OpenCave(kCave);
+  OpenCave(kProvenCave);
   Action("mnuTryDog").trigger();
   EXPECT_EQ(tries.count(), 0);
 }
 
 TEST_F(FrmMainProofTest, LosesNoWaitingProofThatCannotBeStored) {
-  OpenCave(kCave, false);
-  window->Proof().Won(RecordOf(kCave, kWay));
+  OpenCave(kProvenCave, false);
+  window->Proof().Won(RecordOf(kProvenCave, kWay));
   Press("btnTake");
   SadaModel sada({}, 1);
   sada.SetText(SadaText::Name, "sada");
@@ -401,7 +379,7 @@ TEST_F(FrmMainProofTest, LosesNoWaitingProofThatCannotBeStored) {
   EXPECT_EQ(boxes.said.size(), 1);
   ASSERT_TRUE(sada.Save(folder.Path() + "/sada.zk"));
   window->Proof().CollectionSaved(sada);
-  EXPECT_EQ(*ReadWhole(Path()), RecordOf(kCave, kWay));
+  EXPECT_EQ(*ReadWhole(Path()), RecordOf(kProvenCave, kWay));
 }
 
 }  // namespace

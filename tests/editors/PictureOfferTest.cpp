@@ -52,9 +52,10 @@ TEST_F(PictureOfferTest, StoresTheCaveAsItIsDrawnByNow) {
   EXPECT_EQ(before.copy(64, 0, 16, 16), after.copy(64, 0, 16, 16));
 }
 
-TEST_F(PictureOfferTest, ProposesTheCavesName) {
+TEST_F(PictureOfferTest, ProposesTheCavesNameAndTellsTheChosenSize) {
   Open(cave, {.name = "Jama/1: co?"});
   dialogs.Then([](QWidget& dialog) {
+    EXPECT_EQ(dialog.windowTitle(), "Uložit jako obrázek s políčky 16 × 16");
     EXPECT_EQ(dialog.findChild<QLineEdit*>("fileNameEdit")->text(), "Jama1 co.png");
     dialog.close();
   });
@@ -64,7 +65,7 @@ TEST_F(PictureOfferTest, ProposesTheCavesName) {
 TEST_F(PictureOfferTest, TellsWhatCannotBeStored) {
   Open(cave);
   dialogs.Type(Path("nowhere/a.png")).Press("ok");
-  OfferPicture(skin, nullptr, "a", QImage());
+  OfferPicture(skin, nullptr, "Obrázek", "a", QImage());
   EXPECT_FALSE(std::filesystem::exists(Path("nowhere")));
 }
 

@@ -113,5 +113,14 @@ TEST_F(SadaOtherFormsTest, ShowAllCavesOnOnePicture) {
   EXPECT_GT(sheet.height(), 400);
 }
 
+TEST_F(SadaOtherFormsTest, CallTheOverviewByItsNameWhereItsFileIsAskedFor) {
+  OpenCaves({"*A"});
+  dialogs.Then([](QWidget& dialog) {
+    EXPECT_EQ(dialog.windowTitle(), "Uložit přehled komnat");
+    dialog.close();
+  });
+  Action("mnuSheet").trigger();
+}
+
 }  // namespace
 }  // namespace zorik

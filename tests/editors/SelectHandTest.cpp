@@ -33,7 +33,7 @@ class SelectHandTest : public testing::Test, public test::EditorScreen {
     Type(Qt::Key_S);
     Drag(from, to);
   }
-  std::optional<QRect> Selected() const { return Area().Over().selection; }
+  std::optional<QRect> Selected() const { return Area().Marks().selection; }
   QString Told() const { return window->statusBar()->currentMessage(); }
 };
 
@@ -148,7 +148,7 @@ TEST_F(SelectHandTest, HangsWhatIsPastedAtThePointerUntilAClick) {
   Type(Qt::Key_V, Qt::ControlModifier);
   Move(4, 3, Qt::NoButton);
   EXPECT_EQ(Letters()[3], "W.....W");
-  EXPECT_EQ(Area().Over().blockPlace, QPoint(4, 3));
+  EXPECT_EQ(Area().Marks().blockPlace, QPoint(4, 3));
   Click(4, 3);
   EXPECT_EQ(Letters(), (Picture{"WWWWWWW", "W1....W", "W.....W", "W...R.W", "W...D.W", "WWWWWWW"}));
   EXPECT_EQ(Selected(), QRect(4, 3, 1, 2));
@@ -172,7 +172,7 @@ TEST_F(SelectHandTest, GivesUpWhatHangsAndKeepsTheCave) {
   Type(Qt::Key_C, Qt::ControlModifier);
   Type(Qt::Key_V, Qt::ControlModifier);
   Type(Qt::Key_Escape);
-  EXPECT_TRUE(Area().Over().block.IsEmpty());
+  EXPECT_TRUE(Area().Marks().block.IsEmpty());
   Type(Qt::Key_Return);
   EXPECT_EQ(Letters(), kRoom);
 }
@@ -190,7 +190,7 @@ TEST_F(SelectHandTest, PastesReadableRowsIntoAnotherCave) {
 TEST_F(SelectHandTest, TellsThatTheClipboardHoldsNoPartOfACave) {
   QGuiApplication::clipboard()->setText("Milá babičko, mám se dobře.");
   Type(Qt::Key_V, Qt::ControlModifier);
-  EXPECT_TRUE(Area().Over().block.IsEmpty());
+  EXPECT_TRUE(Area().Marks().block.IsEmpty());
   EXPECT_NE(Told(), "");
   EXPECT_EQ(Letters(), kRoom);
 }

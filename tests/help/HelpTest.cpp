@@ -27,6 +27,7 @@ struct Page {
   QString Error;       // why it cannot be read, empty if it can
   QString Language;    // as the page tells
   QString Charset;     // likewise
+  QString LeadsTo;     // by itself, with the time that it takes
   int Styles = 0;      // style sheets inside
   QStringList Levels;  // of its headings, in their order
   QStringList Links;   // href and src
@@ -42,6 +43,7 @@ void ReadElement(const QXmlStreamReader& xml, Page& page) {
   const QXmlStreamAttributes all = xml.attributes();
   if (name == "html") page.Language = all.value("lang").toString();
   if (all.hasAttribute("charset")) page.Charset = all.value("charset").toString();
+  if (all.value("http-equiv") == QString("refresh")) page.LeadsTo = all.value("content").toString();
   if (name == "style") ++page.Styles;
   if (name == "h1" || name == "h2" || name == "h3") page.Levels << name;
   if (all.hasAttribute("id")) page.Ids << all.value("id").toString();
@@ -164,6 +166,24 @@ TEST(Help, EveryLinkAndPictureLeadsSomewhere) {
       const QString place = link.section('#', 1);
       EXPECT_TRUE(place.isEmpty() || Read(target).Ids.contains(place));
     }
+  }
+}
+
+// Programs that open a file lose the place within it, so a window that has a section of its own opens a page
+// that leads there.
+TEST(Help, PagesThatLeadToASectionLeadThereInBothLanguages) {
+  const QHash<QString, QString> sections{{"kocka.html", "editovat.html#kocka"},
+                                         {"vlastnosti.html", "editovat.html#vlastnosti"},
+                                         {"en/kocka.html", "editovat.html#cat"},
+                                         {"en/vlastnosti.html", "editovat.html#properties"}};
+  for (auto it = sections.begin(); it != sections.end(); ++it) {
+    const Page page = Read(it.key());
+    EXPECT_EQ(page.Error, "") << it.key().toStdString();
+    EXPECT_EQ(page.LeadsTo, "0; url=" + it.value());
+    EXPECT_EQ(page.Links, QStringList{it.value()}) << "for who is not led by itself";
+    const Page target = Read(Target(page, it.value()));
+    EXPECT_TRUE(target.Ids.contains(it.value().section('#', 1))) << it.key().toStdString();
+    EXPECT_EQ(page.Language, target.Language);
   }
 }
 

@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QFileDialog>
+#include <QKeySequence>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPlainTextEdit>
@@ -92,6 +93,18 @@ TEST_F(ToolkitWordsTest, MenusOfScrollBarsSpeakTheLanguageOfTheSkin) {
 TEST_F(ToolkitWordsTest, KeysKeepTheirNames) {
   Wear("Default");
   EXPECT_EQ(Said("QShortcut", "Delete"), "Delete");
+}
+
+TEST_F(ToolkitWordsTest, ArrowsAreShownByTheirSignsAndStayTheKeysThatTheyAre) {
+  for (const char* const name : {"Default", "English"}) {
+    Wear(name);
+    EXPECT_EQ(QKeySequence("Ctrl+Shift+Down").toString(QKeySequence::NativeText), "Ctrl+Shift+↓");
+    EXPECT_EQ(QKeySequence("Alt+Up").toString(QKeySequence::NativeText), "Alt+↑");
+    EXPECT_EQ(QKeySequence("Left").toString(QKeySequence::NativeText), "←");
+    EXPECT_EQ(QKeySequence("Right").toString(QKeySequence::NativeText), "→");
+    EXPECT_EQ(QKeySequence("Alt+Up"), QKeySequence(Qt::ALT | Qt::Key_Up));
+    EXPECT_EQ(QKeySequence("Alt+Up").toString(), "Alt+Up") << "as settings hold it";
+  }
 }
 
 TEST_F(ToolkitWordsTest, WhatIsNotInTheTableStaysAsItIs) {

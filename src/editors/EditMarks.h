@@ -12,8 +12,9 @@ namespace zorik {
 
 class EditTiles;
 
-// What lies over the picture of the cave while it is edited. Places are cells.
-struct CaveOverlay {
+// What editing itself lays over the picture of the cave: its grid, what is marked, what the author's hand
+// holds and has not put down yet. Places are cells.
+struct EditMarks {
   bool grid = false;
   std::optional<QPoint> mark;      // under the pointer or the keys
   std::optional<QRect> selection;  // inside of the cave
@@ -25,6 +26,6 @@ struct CaveOverlay {
 };
 
 // Paints it as far as these cells go, each so many logical pixels wide and high.
-void PaintOverlay(QPainter& painter, const CaveOverlay& over, EditTiles& tiles, const QRect& cells, int size);
+void PaintMarks(QPainter& painter, const EditMarks& marks, EditTiles& tiles, const QRect& cells, int size);
 
 }  // namespace zorik

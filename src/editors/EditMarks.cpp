@@ -1,4 +1,4 @@
-#include "editors/CaveOverlay.h"
+#include "editors/EditMarks.h"
 
 #include <QPaintDevice>
 #include <QPainter>
@@ -12,9 +12,9 @@ namespace {
 constexpr int kStrongLine = 10;  // every tenth line of the grid can be counted by
 constexpr double kHeld = 0.8;    // how much is seen of what is not drawn yet
 
-class OverlayPainter {
+class MarksPainter {
  public:
-  OverlayPainter(QPainter& painter, EditTiles& tiles, const QRect& cells, int size)
+  MarksPainter(QPainter& painter, EditTiles& tiles, const QRect& cells, int size)
       : painter_(painter), tiles_(tiles), cells_(cells), size_(size) {}
 
   void Grid() {
@@ -80,21 +80,20 @@ class OverlayPainter {
 
 }  // namespace
 
-void PaintOverlay(QPainter& painter, const CaveOverlay& over, EditTiles& tiles, const QRect& cells,
-                  int size) {
-  OverlayPainter paint(painter, tiles, cells, size);
-  if (over.left) paint.Empty(*over.left);
+void PaintMarks(QPainter& painter, const EditMarks& marks, EditTiles& tiles, const QRect& cells, int size) {
+  MarksPainter paint(painter, tiles, cells, size);
+  if (marks.left) paint.Empty(*marks.left);
   painter.setOpacity(kHeld);
-  for (const CavePlace place : over.shape) paint.Tile({place.x, place.y}, over.letter);
-  paint.Block(over.block, over.blockPlace);
+  for (const CavePlace place : marks.shape) paint.Tile({place.x, place.y}, marks.letter);
+  paint.Block(marks.block, marks.blockPlace);
   painter.setOpacity(1);
-  if (over.grid) paint.Grid();
-  if (!over.block.IsEmpty()) {
-    paint.Dashes({over.blockPlace, QSize(over.block.width, over.block.height)});
-  } else if (over.selection) {
-    paint.Dashes(*over.selection);
+  if (marks.grid) paint.Grid();
+  if (!marks.block.IsEmpty()) {
+    paint.Dashes({marks.blockPlace, QSize(marks.block.width, marks.block.height)});
+  } else if (marks.selection) {
+    paint.Dashes(*marks.selection);
   }
-  if (over.mark) paint.Mark(*over.mark);
+  if (marks.mark) paint.Mark(*marks.mark);
 }
 
 }  // namespace zorik
