@@ -4,6 +4,7 @@
 #include <string>
 
 class QImage;
+class QString;
 class QWidget;
 
 namespace zorik {
@@ -18,8 +19,9 @@ inline constexpr std::array<int, 4> kPictureCells{16, 26, 40, 80};
 // wide and high.
 void OfferCavePicture(Skin& skin, QWidget* parent, const CaveRecord& cave, int cell);
 
-// Lets the author store a picture; the file that is proposed has this name, in Windows-1250. What cannot be
-// stored is told.
-void OfferPicture(Skin& skin, QWidget* parent, const std::string& name, const QImage& picture);
+// Lets the author store a picture, in a box with this title; the file that is proposed has this name, in
+// Windows-1250. What cannot be stored is told.
+void OfferPicture(Skin& skin, QWidget* parent, const QString& title, const std::string& name,
+                  const QImage& picture);
 
 }  // namespace zorik

@@ -56,6 +56,7 @@ TEST_F(PictureOfferTest, ProposesTheCavesName) {
   Open(cave, {.name = "Jama/1"});
   dialogs.Then([](QWidget& dialog) {
     EXPECT_EQ(dialog.findChild<QLineEdit*>("fileNameEdit")->text(), "Jama1.png");
+    EXPECT_EQ(dialog.windowTitle(), "Uložit jako obrázek s políčky 16 × 16");
     dialog.close();
   });
   Action("mnuPicture(16)").trigger();
@@ -64,8 +65,15 @@ TEST_F(PictureOfferTest, ProposesTheCavesName) {
 TEST_F(PictureOfferTest, TellsWhatCannotBeStored) {
   Open(cave);
   dialogs.Type(Path("nowhere/a.png")).Press("ok");
-  OfferPicture(skin, nullptr, "a", QImage());
+  OfferPicture(skin, nullptr, "Obrázek", "a", QImage());
   EXPECT_FALSE(std::filesystem::exists(Path("nowhere")));
+}
+
+TEST_F(PictureOfferTest, TellsWhyItCannotBeStored) {
+  Open(cave);
+  dialogs.Type(Path("nowhere/a.png")).Press("ok");
+  Action("mnuPicture(16)").trigger();
+  EXPECT_TRUE(dialogs.Last().endsWith(" Taková složka neexistuje.")) << dialogs.Last().toStdString();
 }
 
 TEST_F(PictureOfferTest, WritesOverNothingWithoutAQuestion) {
