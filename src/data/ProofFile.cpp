@@ -11,10 +11,11 @@
 
 namespace zorik {
 
-std::string ProofPath(const std::string& collection, std::string_view caveName) {
+std::string ProofPath(const std::string& collection, std::string_view caveName, int number) {
   const std::filesystem::path file(collection);
   const std::string stem = file.stem().string();
-  const std::string name = FromUtf8(stem).value_or(stem) + " - " + std::string(caveName);
+  std::string name = FromUtf8(stem).value_or(stem) + " - " + std::string(caveName);
+  if (number > 1) name += " (" + std::to_string(number) + ')';
   return ResolvePath((file.parent_path() / FileSystemName(CleanFileName(name) + ".zkr")).string());
 }
 

@@ -19,19 +19,20 @@ bool StaysInFolder(const std::string& name) {
   return !name.empty() && name.find('/') == std::string::npos;
 }
 
-Failure CannotWrite(const fs::path& path, const std::error_code& error) {
-  return Failure{"cannot write " + path.string() + ": " + error.message()};
+FileFailure CannotWrite(const fs::path& path, const std::error_code& error) {
+  return FileFailure{{"cannot write " + path.string() + ": " + error.message()},
+                     TroubleOf(error.value(), FileUse::Write)};
 }
 
-Result<Done> WriteAll(const TextFiles& files, const fs::path& folder) {
+Result<Done, FileFailure> WriteAll(const TextFiles& files, const fs::path& folder) {
   for (const auto& [name, content] : files) {
-    const Result<Done> written = WriteWhole((folder / name).string(), content);
+    const Result<Done, FileFailure> written = WriteFile((folder / name).string(), content);
     if (!written) return written;
   }
   return Done{};
 }
 
-Result<Done> MoveAll(const TextFiles& files, const fs::path& from, const fs::path& to) {
+Result<Done, FileFailure> MoveAll(const TextFiles& files, const fs::path& from, const fs::path& to) {
   for (const auto& [name, content] : files) {
     std::error_code error;
     fs::rename(from / name, to / name, error);
@@ -67,7 +68,7 @@ Result<TextFiles, TextFailure> ReadTexts(const std::string& folder) {
   return files;
 }
 
-Result<Done> WriteTexts(const TextFiles& files, const std::string& folder) {
+Result<Done, FileFailure> WriteTexts(const TextFiles& files, const std::string& folder) {
   const fs::path place = folder;
   std::error_code error;
   fs::create_directories(place, error);
@@ -76,7 +77,7 @@ Result<Done> WriteTexts(const TextFiles& files, const std::string& folder) {
   if (!fs::create_directory(aside, error)) {
     return CannotWrite(aside, error ? error : std::make_error_code(std::errc::file_exists));
   }
-  Result<Done> result = WriteAll(files, aside);
+  Result<Done, FileFailure> result = WriteAll(files, aside);
   if (result) result = MoveAll(files, aside, place);
   fs::remove_all(aside, error);
   return result;

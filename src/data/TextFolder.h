@@ -4,6 +4,7 @@
 #include <string_view>
 #include <vector>
 
+#include "data/FileTrouble.h"
 #include "data/Readable.h"
 #include "data/Result.h"
 
@@ -26,7 +27,7 @@ Result<TextFiles, TextFailure> ReadTexts(const std::string& folder);
 
 // Writes them into a folder, which is made if it is not there. All are written aside before the first takes
 // its place, so that a full disk spoils nothing.
-Result<Done> WriteTexts(const TextFiles& files, const std::string& folder);
+Result<Done, FileFailure> WriteTexts(const TextFiles& files, const std::string& folder);
 
 // Whether something lies in a folder. It may be an author's own, and the files of the caves would stand
 // beside it or take its place.

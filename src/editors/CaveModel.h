@@ -37,6 +37,9 @@ class CaveModel {
   // Opens the same text once more, which drops all changes; this is a change, too.
   std::vector<Correction> Restore();
 
+  // Whether the cave is the one that was opened, so that nothing would be dropped.
+  bool IsAsOpened() const { return state_ == opened_; }
+
   const CaveRecord& Cave() const { return state_.cave; }
   int Width() const { return state_.cave.Width; }
   int Height() const { return state_.cave.Height; }

@@ -18,7 +18,7 @@ namespace {
 
 constexpr QSize kRoom(320, 200);  // of a cave, in pixels
 constexpr int kGap = 16;
-constexpr int kTitle = 40;  // heights of the lines
+constexpr int kTitle = 56;  // heights of the lines
 constexpr int kName = 24;
 constexpr int kTitleLetters = 26;
 constexpr int kNameLetters = 16;

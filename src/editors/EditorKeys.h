@@ -22,6 +22,8 @@ inline constexpr std::array kDrawingKeys = std::to_array<KeysRow>({
 inline constexpr std::array kCaveListKeys = std::to_array<KeysRow>({
     {"caption.keys.caves.edit"},
     {"caption.keys.caves.mark"},
+    {"caption.keys.caves.clip"},
+    {"caption.keys.caves.delete"},
     {"caption.keys.caves.find"},
 });
 

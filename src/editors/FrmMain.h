@@ -169,6 +169,7 @@ class FrmMain : public QMainWindow {
   QAction* mnuUndo_ = nullptr;
   QAction* mnuRedo_ = nullptr;
   QMenu* mnuSteps_ = nullptr;
+  QAction* mnuRestore_ = nullptr;
   QAction* mnuOkraj_ = nullptr;
   std::array<QAction*, 2> mnuReplEvery_{};
   std::array<QAction*, 4> mnuReplRan_{};

@@ -52,7 +52,7 @@ void FrmMain::MakeEditMenu() {
   mnuSteps_ = menus_.AddMenu(*mnuEd_, "mnuSteps", "caption.steps.menu");
   MakeStepsMenu(*mnuSteps_, skin_, StepsOfCave(skin_, model_, [this] { AfterChange(); }));
   mnuEd_->addSeparator();
-  menus_.Add(*mnuEd_, "mnuRestore", "caption.main.restore", "", [this] { Restore(); });
+  mnuRestore_ = menus_.Add(*mnuEd_, "mnuRestore", "caption.main.restore", "", [this] { Restore(); });
   sep1_ = mnuEd_->addSeparator();
   sep1_->setObjectName("Sep1");
   mnuObjbyObj_ = menus_.AddMenu(*mnuEd_, "mnuObjbyObj");
@@ -149,6 +149,7 @@ void FrmMain::UpdateMenus() {
   mnuUndo_->setEnabled(model_.CanUndo());
   mnuRedo_->setEnabled(model_.CanRedo());
   mnuSteps_->setEnabled(model_.CanUndo() || model_.CanRedo());
+  mnuRestore_->setEnabled(!model_.IsAsOpened());
   // A dog stands only once.
   const bool many = palette_->Tool(ToolButton::Left) != kDogTool;
   sep1_->setEnabled(many);

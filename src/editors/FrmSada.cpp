@@ -5,6 +5,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMenu>
+#include <QShortcut>
 #include <QStatusBar>
 #include <QToolButton>
 #include <QUrl>
@@ -13,8 +14,10 @@
 #include "data/Result.h"
 #include "editors/BoxText.h"
 #include "editors/ContactSheet.h"
+#include "editors/EditorKeys.h"
 #include "editors/EditorTitle.h"
 #include "editors/FaultWords.h"
+#include "editors/NameNote.h"
 #include "editors/PictureOffer.h"
 #include "editors/SadaBoxes.h"
 #include "editors/SadaList.h"
@@ -37,6 +40,7 @@ constexpr QSize kUsualSize(740, 400);
 constexpr int kGap = 16;
 
 constexpr StartWords kTitleWords{"caption.sada.title"};
+constexpr StartWords kSheetWords{"caption.sada.sheet"};
 constexpr StartWords kLikeCaveWords{"caption.error.congrat"};
 
 // The word for so many caves.
@@ -80,7 +84,10 @@ void FrmSada::LayOut() {
   auto* const sides = new QHBoxLayout(centre);
   sides->setSpacing(kGap);
   boxes_ = new SadaBoxes(sada_, centre);
-  connect(boxes_, &SadaBoxes::Changed, this, &FrmSada::UpdateTitle);
+  connect(boxes_, &SadaBoxes::Changed, this, [this] {
+    UpdateTitle();
+    UpdateNames();
+  });
   sides->addWidget(boxes_, 2);
   sides->addWidget(MakeListSide(), 3);
   setCentralWidget(centre);
@@ -105,6 +112,10 @@ QWidget* FrmSada::MakeListSide() {
   });
   connect(list_, &SadaList::Activated, this, &FrmSada::mnuEdit_Click);
   column->addWidget(list_, 1);
+  lblNames_ = NewLabel(side);
+  lblNames_->setObjectName("lblNames");
+  lblNames_->setWordWrap(true);
+  column->addWidget(lblNames_);
   auto* const row = new QHBoxLayout;
   for (QAction* const action :
        {mnuAdd_->menuAction(), findChild<QAction*>("mnuEdit"), mnuUp_, mnuDown_, mnuDelete_}) {
@@ -153,6 +164,7 @@ void FrmSada::SetLWEd() {
   menus_.SetCaptions(skin_);
   menus_.SetHints(skin_);
   ShowLinks();
+  UpdateNames();
   UpdateTitle();
   UpdateActions();
   UpdateCount();
@@ -166,8 +178,16 @@ void FrmSada::AfterChange() {
 
 void FrmSada::GetNames() {
   list_->GetNames();
+  UpdateNames();
   UpdateActions();
   UpdateCount();
+}
+
+void FrmSada::UpdateNames() {
+  const std::map<int, QString> doubts = DoubtfulNames(skin_, sada_);
+  list_->SetDoubts(doubts);
+  lblNames_->setText(NameNote(skin_, doubts, sada_.ListSelected()));
+  lblNames_->setVisible(!doubts.empty());
 }
 
 void FrmSada::UpdateCount() {
@@ -242,7 +262,10 @@ bool FrmSada::AfterSaving(bool saved) {
 }
 
 CaveOrigin FrmSada::OriginOfSelected() const {
-  return {sada_.FileName(), sada_.Text(SadaText::Name), sada_.ListSelected()};
+  const int number = sada_.ListSelected();
+  std::vector<std::string> before;
+  for (int other = 1; other < number; ++other) before.push_back(sada_.Name(other));
+  return {sada_.FileName(), sada_.Text(SadaText::Name), number, std::move(before)};
 }
 
 bool FrmSada::AskToSave() {
@@ -302,6 +325,8 @@ void FrmSada::mnuGratulace_Click() {
   const QString before = ToBox(sada_.CongratulationText());
   FrmDialog2 dialog(skin_, this);
   connect(&dialog, &FrmDialog2::HelpWanted, this, [this] { ShowPage("editovat.html"); });
+  connect(new QShortcut(QKeySequence(kSheetKeys), &dialog), &QShortcut::activated, this,
+          [&] { ShowShortcuts(dialog); });
   QString text = before;
   for (;;) {
     const std::optional<QString> edited = dialog.SetG(text);
@@ -340,7 +365,7 @@ void FrmSada::mnuSheet_Click() {
     const BusyNotice busy(frmLoading_);
     return ContactSheet(skin_.Places(), ToBox(name), caves);
   }();
-  OfferPicture(skin_, this, skin_.Caption("caption.sada.sheet"), name, sheet);
+  OfferPicture(skin_, this, kSheetWords.In(skin_), name, sheet);
 }
 
 void FrmSada::ShowPage(const QString& page) {

@@ -89,6 +89,7 @@ class FrmSada : public QMainWindow {
   void GetNames();
   void UpdateTitle();
   void UpdateActions();
+  void UpdateNames();
   void UpdateCount();
 
   void OpenColl(const QString& path);
@@ -109,6 +110,7 @@ class FrmSada : public QMainWindow {
   // True when the command that would lose changes may go on.
   bool AskToSave();
   void ShowPage(const QString& page);
+  void ShowShortcuts(QWidget& over);
 
   Skin& skin_;
   Paths paths_;
@@ -119,6 +121,7 @@ class FrmSada : public QMainWindow {
   bool editing_ = false;  // a cave is with the cave editor
   SadaBoxes* boxes_ = nullptr;
   SadaList* list_ = nullptr;
+  QLabel* lblNames_ = nullptr;
   QLabel* lblCount_ = nullptr;
 
   MenuBuilder menus_{*this};

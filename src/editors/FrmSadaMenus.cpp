@@ -159,13 +159,15 @@ void FrmSada::MakeHelpMenu() {
   for (const PageRow& row : kPages) {
     menus_.Add(menu, row.name, row.key, row.shortcut, [this, &row] { ShowPage(row.page); });
   }
-  menus_.Add(menu, "mnuShortcuts", "caption.shortcuts.title", kSheetKeys, [this] {
-    FrmShortcuts(skin_, menus_.Bar(), {{"caption.keys.caves.head", kCaveListKeys}}, this).exec();
-  });
+  menus_.Add(menu, "mnuShortcuts", "caption.shortcuts.title", kSheetKeys, [this] { ShowShortcuts(*this); });
   menu.addSeparator();
   MakeLinks(menu);
   menus_.Add(menu, "mnuAbout", "caption.sada.help.about", "",
              [this] { FrmAbout(skin_, paths_, this).exec(); });
+}
+
+void FrmSada::ShowShortcuts(QWidget& over) {
+  FrmShortcuts(skin_, menus_.Bar(), {{"caption.keys.caves.head", kCaveListKeys}}, &over).exec();
 }
 
 void FrmSada::MakeLinks(QMenu& menu) {

@@ -5,13 +5,14 @@
 #include <memory>
 
 #include "core/Machine.h"
+#include "data/FileTrouble.h"
 #include "data/Files.h"
-#include "data/Result.h"
 #include "platform/PathText.h"
 #include "platform/UserFolders.h"
 #include "screens/MsgBox.h"
 #include "screens/SaveBox.h"
 #include "screens/StartWords.h"
+#include "screens/TroubleWords.h"
 #include "skin/CavePainter.h"
 #include "skin/Skin.h"
 #include "skin/WholeCave.h"
@@ -41,8 +42,12 @@ void OfferPicture(Skin& skin, QWidget* parent, const QString& title, const std::
   const QString path = AskForNewFile(
       skin, parent, {title, kPictureKindWords.In(skin), "png", HomeText() + '/' + PathText(proposed)});
   if (path.isEmpty()) return;
-  if (made && WriteWhole(PathBytes(path), {bytes.data(), static_cast<std::size_t>(bytes.size())})) return;
-  Tell(skin, parent, skin.Text(TextId::Program), kNotStoredWords.In(skin) + '\n' + ShownPath(path));
+  const Result<Done, FileFailure> written =
+      made ? WriteFile(PathBytes(path), {bytes.data(), static_cast<std::size_t>(bytes.size())})
+           : Result<Done, FileFailure>(FileFailure{});
+  if (written) return;
+  Tell(skin, parent, skin.Text(TextId::Program),
+       kNotStoredWords.In(skin) + '\n' + ShownPath(path) + LineOfTrouble(skin, written.Why().Trouble));
 }
 
 }  // namespace zorik

@@ -19,7 +19,7 @@ inline constexpr std::array<int, 4> kPictureCells{16, 26, 40, 80};
 // wide and high.
 void OfferCavePicture(Skin& skin, QWidget* parent, const CaveRecord& cave, int cell);
 
-// Lets the author store a picture in a box of this title; the file that is proposed has this name, in
+// Lets the author store a picture, in a box with this title; the file that is proposed has this name, in
 // Windows-1250. What cannot be stored is told.
 void OfferPicture(Skin& skin, QWidget* parent, const QString& title, const std::string& name,
                   const QImage& picture);

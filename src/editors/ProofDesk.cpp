@@ -98,7 +98,7 @@ void ProofDesk::Opened(const CaveOrigin& origin) {
   page_->SetDog(false);
   CaveChanged();
   name_ = cave_.Cave().Name;
-  watch_.SetRecord(shelf_.Find(origin_, name_));
+  watch_.SetRecord(shelf_.Find(origin_, name_, CaveText()));
 }
 
 void ProofDesk::CaveChanged() {

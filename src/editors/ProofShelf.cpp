@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "data/CaveO.h"
+#include "data/Cp1250.h"
 #include "data/Files.h"
 #include "data/Lines.h"
 #include "data/ProofFile.h"
@@ -23,14 +24,34 @@ bool Proves(const std::string& record, const std::vector<std::string>& caves) {
   });
 }
 
+// Which of the caves that a disk cannot tell apart by their names it is, from 1.
+int NumberOf(const CaveOrigin& origin, const std::string& caveName) {
+  const auto onDisk = [](const std::string& name) { return FoldFileName(CleanFileName(name)); };
+  const auto same = [&, own = onDisk(caveName)](const std::string& name) { return onDisk(name) == own; };
+  return 1 + static_cast<int>(std::count_if(origin.NamesBefore.begin(), origin.NamesBefore.end(), same));
+}
+
 }  // namespace
 
-std::string ProofShelf::Find(const CaveOrigin& origin, const std::string& caveName) const {
-  const auto waiting = waiting_.find({origin.Collection, caveName});
+std::optional<std::string> ProofShelf::Kept(const CaveOrigin& origin, const std::string& caveName,
+                                            int number) const {
+  const auto waiting = waiting_.find({origin.Collection, caveName, number});
   if (waiting != waiting_.end()) return waiting->second;
-  if (origin.File.empty()) return {};
-  Result<std::string> record = ReadWhole(ProofPath(origin.File, caveName));
-  return record ? *std::move(record) : std::string();
+  if (origin.File.empty()) return std::nullopt;
+  Result<std::string> record = ReadWhole(ProofPath(origin.File, caveName, number));
+  return record ? std::optional(*std::move(record)) : std::nullopt;
+}
+
+std::string ProofShelf::Find(const CaveOrigin& origin, const std::string& caveName,
+                             const std::string& caveText) const {
+  const int own = NumberOf(origin, caveName);
+  std::string found = Kept(origin, caveName, own).value_or(std::string());
+  if (!found.empty() && Proves(found, {caveText})) return found;
+  for (int number = 1;; ++number) {
+    std::optional<std::string> other = Kept(origin, caveName, number);
+    if (!other && number > own) return found;
+    if (other && Proves(*other, {caveText})) return *std::move(other);
+  }
 }
 
 Result<ProofShelf::Put> ProofShelf::Keep(const CaveOrigin& origin, const std::string& caveName,
@@ -39,14 +60,14 @@ Result<ProofShelf::Put> ProofShelf::Keep(const CaveOrigin& origin, const std::st
     KeepWaiting(origin, caveName, record);
     return Put{true, {}};
   }
-  Result<std::string> kept = StoreProof(ProofPath(origin.File, caveName), record);
+  Result<std::string> kept = StoreProof(ProofPath(origin.File, caveName, NumberOf(origin, caveName)), record);
   if (!kept) return Failure{kept.Message()};
   return Put{false, *std::move(kept)};
 }
 
 void ProofShelf::KeepWaiting(const CaveOrigin& origin, const std::string& caveName,
                              const std::string& record) {
-  waiting_[{origin.Collection, caveName}] = record;
+  waiting_[{origin.Collection, caveName, NumberOf(origin, caveName)}] = record;
 }
 
 // A collection that was not saved yet may get another name until it is.
@@ -54,9 +75,11 @@ Result<Done> ProofShelf::Saved(const std::string& collection, const std::string&
                                const std::vector<std::string>& caves) {
   Result<Done> outcome = Done{};
   for (auto proof = waiting_.begin(); proof != waiting_.end();) {
-    const auto& [names, record] = *proof;
-    const bool due = names.first == collection || Proves(record, caves);
-    const Result<std::string> kept = due ? StoreProof(ProofPath(file, names.second), record) : std::string();
+    const auto& [key, record] = *proof;
+    const auto& [itsCollection, caveName, number] = key;
+    const bool due = itsCollection == collection || Proves(record, caves);
+    const Result<std::string> kept =
+        due ? StoreProof(ProofPath(file, caveName, number), record) : std::string();
     if (!kept) outcome = Failure{kept.Message()};
     proof = due && kept ? waiting_.erase(proof) : std::next(proof);
   }

@@ -1,8 +1,9 @@
 #pragma once
 
 #include <map>
+#include <optional>
 #include <string>
-#include <utility>
+#include <tuple>
 #include <vector>
 
 #include "data/ResultFwd.h"
@@ -14,8 +15,9 @@ namespace zorik {
 // is none. Names are in Windows-1250.
 class ProofShelf {
  public:
-  // The bytes of a cave's proof, empty for none.
-  std::string Find(const CaveOrigin& origin, const std::string& caveName) const;
+  // The bytes of a cave's proof, empty for none. Caves of the same name have a file each; should they have
+  // changed places, the proof of this very cave is found all the same.
+  std::string Find(const CaveOrigin& origin, const std::string& caveName, const std::string& caveText) const;
 
   // What became of one that was put here.
   struct Put {
@@ -33,9 +35,12 @@ class ProofShelf {
                      const std::vector<std::string>& caves);
 
  private:
-  using Names = std::pair<std::string, std::string>;  // of the collection and the cave
+  // The names of the collection and the cave, and which cave of this name it is.
+  using Key = std::tuple<std::string, std::string, int>;
 
-  std::map<Names, std::string> waiting_;
+  std::optional<std::string> Kept(const CaveOrigin& origin, const std::string& caveName, int number) const;
+
+  std::map<Key, std::string> waiting_;
 };
 
 }  // namespace zorik

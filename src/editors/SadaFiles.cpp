@@ -6,7 +6,6 @@
 
 #include "data/Files.h"
 #include "editors/SadaBoxes.h"
-#include "editors/TroubleWords.h"
 #include "platform/PathText.h"
 #include "screens/FrmLoading.h"
 #include "screens/Marks.h"
@@ -14,6 +13,7 @@
 #include "screens/SaveBox.h"
 #include "screens/StartFolders.h"
 #include "screens/StartWords.h"
+#include "screens/TroubleWords.h"
 #include "skin/Skin.h"
 
 namespace zorik {
@@ -90,9 +90,11 @@ void SadaFiles::OfferCopy(QWidget& over, const QString& path) {
   if (LiesIn(file, paths_.CavesPath) || !offered_.insert(file).second) return;
   const QString title = skin_.Text(TextId::Program);
   if (!Ask(skin_, &over, title, kOutsideWords.In(skin_))) return;
-  const Result<std::string> copy = CopyColl(file, paths_.CavesPath);
+  const Result<std::string, FileFailure> copy = CopyColl(file, paths_.CavesPath);
   if (!copy) {
-    Tell(skin_, &over, title, kNoCopyWords.Before(skin_) + '\n' + ShownPath(paths_.CavesPath));
+    Tell(skin_, &over, title,
+         kNoCopyWords.Before(skin_) + '\n' + ShownPath(paths_.CavesPath) +
+             LineOfTrouble(skin_, copy.Why().Trouble));
     return;
   }
   Tell(skin_, &over, title,

@@ -19,6 +19,10 @@ namespace zorik {
 namespace {
 
 const QString kMark = "P";
+const QString kDoubtMark = "!";
+constexpr int kDoubtRole = Qt::UserRole;
+constexpr QColor kDoubtGround(0xFF, 0xD0, 0x40);
+constexpr QColor kDoubtLetters(0x30, 0x20, 0x00);
 constexpr int kUsualRow = 18;
 constexpr int kUsualWidth = 360;
 constexpr int kLeastWidth = 200;
@@ -47,6 +51,13 @@ QRect NameIn(const QRect& row, const QFont& letters) {
   return row.adjusted(left, 0, -MarkIn(row).width(), 0);
 }
 
+// At the end of the name, a square.
+QRect DoubtIn(const QRect& row, const QFont& letters) {
+  QRect mark = NameIn(row, letters);
+  mark.setLeft(mark.right() + 1 - mark.height());
+  return mark;
+}
+
 }  // namespace
 
 class SadaRows : public QAbstractListModel {
@@ -60,17 +71,25 @@ class SadaRows : public QAbstractListModel {
     endResetModel();
   }
 
+  void SetDoubts(std::map<int, QString> doubts) { doubts_ = std::move(doubts); }
+  QString DoubtAbout(int number) const {
+    const auto doubt = doubts_.find(number);
+    return doubt != doubts_.end() ? doubt->second : QString();
+  }
+
   int rowCount(const QModelIndex& parent = {}) const override {
     return parent.isValid() ? 0 : static_cast<int>(names_.size());
   }
   QVariant data(const QModelIndex& index, int role) const override {
     if (role == Qt::DisplayRole) return names_[index.row()];
+    if (role == kDoubtRole) return DoubtAbout(index.row() + 1);
     return role == Qt::CheckStateRole ? QVariant(sada_.IsOpen(index.row() + 1)) : QVariant();
   }
 
  private:
   const SadaModel& sada_;
   QStringList names_;
+  std::map<int, QString> doubts_;
 };
 
 class SadaDelegate : public QStyledItemDelegate {
@@ -86,6 +105,7 @@ class SadaDelegate : public QStyledItemDelegate {
     painter->setFont(FontOf(option.font, option.rect));
     if (option.state.testFlag(QStyle::State_Selected)) DrawSelection(*painter, option);
     DrawName(*painter, option, index);
+    DrawDoubt(*painter, option, index);
     DrawMark(*painter, option, index);
   }
 
@@ -99,13 +119,36 @@ class SadaDelegate : public QStyledItemDelegate {
     } else if (index.isValid()) {
       const QString name = index.data().toString();
       const QFontMetrics letters(FontOf(option.font, option.rect));
-      if (letters.horizontalAdvance(OneLine(name)) > NameIn(option.rect, option.font).width()) hint = name;
+      hint = index.data(kDoubtRole).toString();
+      const bool cut =
+          letters.horizontalAdvance(OneLine(name)) > RoomOf(option.rect, option.font, index).width();
+      if (cut) hint = hint.isEmpty() ? name : name + '\n' + hint;
     }
     ShowHint(event->globalPos(), hint, *view->viewport());
     return true;
   }
 
  private:
+  // What the mark of a doubtful name leaves to it.
+  static QRect RoomOf(const QRect& row, const QFont& letters, const QModelIndex& index) {
+    QRect room = NameIn(row, letters);
+    if (!index.data(kDoubtRole).toString().isEmpty()) room.setRight(DoubtIn(row, letters).left() - 1);
+    return room;
+  }
+
+  static void DrawDoubt(QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& index) {
+    if (index.data(kDoubtRole).toString().isEmpty()) return;
+    const QRect mark = DoubtIn(option.rect, option.font).adjusted(1, 1, -1, -1);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(kDoubtGround);
+    painter.drawEllipse(mark);
+    painter.setRenderHint(QPainter::Antialiasing, false);
+    painter.setPen(kDoubtLetters);
+    painter.drawText(mark, Qt::AlignCenter, kDoubtMark);
+    painter.setBrush(Qt::NoBrush);
+  }
+
   // It shows whether keys go to the list.
   static void DrawSelection(QPainter& painter, const QStyleOptionViewItem& option) {
     const QColor border = option.palette.color(QPalette::Highlight);
@@ -119,7 +162,7 @@ class SadaDelegate : public QStyledItemDelegate {
     const QRect& row = option.rect;
     const int pad = row.height() / 4;
     const QColor text = option.palette.color(QPalette::Text);
-    const QRect name = NameIn(row, option.font);
+    const QRect name = RoomOf(row, option.font, index);
     painter.setPen(Faded(text, kFaint));
     painter.drawText(QRect(row.left(), row.top(), name.left() - row.left() - pad, row.height()),
                      Qt::AlignRight | Qt::AlignVCenter, QString::number(index.row() + 1));
@@ -166,6 +209,12 @@ void SadaList::SetMarkHint(const QString& hint) {
   delegate_->SetMarkHint(hint);
 }
 
+void SadaList::SetDoubts(std::map<int, QString> doubts) {
+  rows_->SetDoubts(std::move(doubts));
+  Describe();
+  viewport()->update();
+}
+
 QSize SadaList::sizeHint() const {
   return {kUsualWidth, kRows * kUsualRow + 2 * frameWidth()};
 }
@@ -176,10 +225,16 @@ QSize SadaList::minimumSizeHint() const {
 
 void SadaList::GetNames() {
   rows_->GetNames();
+  MakeCurrent(sada_.ListSelected() - 1);
+  Describe();
+}
+
+void SadaList::Describe() {
   const int selected = sada_.ListSelected();
-  MakeCurrent(selected - 1);
+  const QString doubt = rows_->DoubtAbout(selected);
   setAccessibleDescription(QString::number(selected) + ' ' + currentIndex().data().toString() +
-                           (sada_.IsOpen(selected) ? ' ' + kMark : ""));
+                           (sada_.IsOpen(selected) ? ' ' + kMark : "") +
+                           (doubt.isEmpty() ? doubt : ". " + doubt));
 }
 
 QRect SadaList::RowOf(int number) const {
@@ -192,6 +247,10 @@ QRect SadaList::lblCave(int number) const {
 
 QRect SadaList::lblPoc(int number) const {
   return MarkIn(RowOf(number));
+}
+
+QRect SadaList::Doubt(int number) const {
+  return DoubtIn(RowOf(number), font());
 }
 
 int SadaList::MarkAt(QPoint place) const {

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QKeySequence>
+#include <QString>
+#include <map>
 #include <utility>
 #include <vector>
 
@@ -25,6 +27,9 @@ class SadaList : public ListView {
   // What is said of the column of marks.
   void SetMarkHint(const QString& hint);
 
+  // What there is to say of the names of these caves, by their numbers. Their rows have a mark.
+  void SetDoubts(std::map<int, QString> doubts);
+
   // A key of the desktop that does this while the list has the keys.
   void AddKey(QKeySequence::StandardKey key, QAction* action) { keys_.emplace_back(key, action); }
 
@@ -36,6 +41,8 @@ class SadaList : public ListView {
   QRect RowOf(int number) const;
   QRect lblCave(int number) const;
   QRect lblPoc(int number) const;
+  // The place of the mark of a doubtful name.
+  QRect Doubt(int number) const;
 
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
@@ -61,6 +68,8 @@ class SadaList : public ListView {
   void Hover(int mark);
 
   bool DoAction(QKeyEvent* event) const;
+  // For those who cannot see it.
+  void Describe();
 
   const SadaModel& sada_;
   std::vector<std::pair<QKeySequence::StandardKey, QAction*>> keys_;

@@ -11,7 +11,9 @@
 #include "screens/DesktopServices.h"
 #include "screens/Marks.h"
 #include "screens/MsgBox.h"
+#include "screens/PlainText.h"
 #include "screens/StartWords.h"
+#include "screens/TroubleWords.h"
 #include "skin/Skin.h"
 
 namespace zorik {
@@ -50,6 +52,11 @@ QString ChosenFolder(Skin& skin, QWidget* parent, const QString& title) {
   PrepareFileBox(box, skin, kChooseWords.In(skin));
   box.setFileMode(QFileDialog::Directory);
   box.setOption(QFileDialog::ShowDirsOnly);
+  box.setLabelText(QFileDialog::FileName, InMenu(kLookInWords.Before(skin)));
+  // There is but one kind, and it has a word that no skin tells.
+  for (const char* const name : {"fileTypeLabel", "fileTypeCombo"}) {
+    if (auto* const kind = box.findChild<QWidget*>(name)) kind->hide();
+  }
   if (box.exec() != QDialog::Accepted || box.selectedFiles().isEmpty()) return QString();
   return box.selectedFiles().constFirst();
 }
@@ -82,9 +89,10 @@ void OfferTexts(Skin& skin, QWidget* parent, SadaModel& sada) {
   const QString shown = '\n' + ShownPath(folder);
   if (HoldsSomething(folder) && !Ask(skin, parent, title, kThereWords.In(skin) + shown)) return;
   const Result<std::string> bytes = sada.Bytes();
-  const Result<Done> written =
-      bytes ? WriteTexts(UnpackCollection(*bytes), folder) : Result<Done>(Failure{bytes.Message()});
-  Tell(skin, parent, title, (written ? kDoneWords : kNotStoredWords).In(skin) + shown);
+  const Result<Done, FileFailure> written =
+      bytes ? WriteTexts(UnpackCollection(*bytes), folder) : Result<Done, FileFailure>(FileFailure{});
+  if (written) return Tell(skin, parent, title, kDoneWords.In(skin) + shown);
+  Tell(skin, parent, title, kNotStoredWords.In(skin) + shown + LineOfTrouble(skin, written.Why().Trouble));
 }
 
 std::optional<SadaModel::OpenReport> TakeTexts(Skin& skin, QWidget* parent, SadaModel& sada) {

@@ -3,12 +3,14 @@
 #include <filesystem>
 #include <system_error>
 
+#include "data/FileTrouble.h"
 #include "data/Result.h"
 #include "platform/PathText.h"
 #include "platform/Trash.h"
 #include "screens/MsgBox.h"
 #include "screens/StartFolders.h"
 #include "screens/StartWords.h"
+#include "screens/TroubleWords.h"
 #include "skin/Skin.h"
 
 namespace zorik {
@@ -32,7 +34,8 @@ QString BringIn(Skin& skin, QWidget& window, const QString& path, const std::str
   if (!agrees(TextId::CopyCollection)) return path;
   const auto copy = CopyColl(PathBytes(path), folder);
   if (!copy) {
-    Tell(skin, &window, skin.Text(TextId::Program), kNotStoredWords.In(skin) + '\n' + ShownPath(folder));
+    Tell(skin, &window, skin.Text(TextId::Program),
+         kNotStoredWords.In(skin) + '\n' + ShownPath(folder) + LineOfTrouble(skin, copy.Why().Trouble));
     return path;
   }
   if (agrees(TextId::DeleteOriginal) && !PutAway(path)) {

@@ -133,11 +133,7 @@ void FrmStart2::FrmLoad() {
   SkinPalm();
   constexpr auto kOnceAndLater =
       static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection);
-  const auto rest = [this] {
-    SkinFingers();
-    new ToolkitWords(skin_, this);
-  };
-  connect(this, &FrmStart2::Painted, this, rest, kOnceAndLater);
+  connect(this, &FrmStart2::Painted, this, &FrmStart2::Furnish, kOnceAndLater);
   RegExt(skin_.Text(TextId::CollectionKind).toStdString(), skin_.Text(TextId::RecordKind).toStdString());
   FindColls();
   watcher_.addPath(FolderAlias(paths_.CavesPath));
@@ -149,6 +145,18 @@ void FrmStart2::FrmLoad() {
     if (players_.isEmpty()) NewPlayer();
   };
   QMetaObject::invokeMethod(this, ask, Qt::QueuedConnection);
+}
+
+void FrmStart2::Furnish() {
+  if (std::exchange(furnished_, true)) return;
+  SkinFingers();
+  new ToolkitWords(skin_, this);
+}
+
+// One that goes before it was painted is followed by other windows, which want those words, too.
+void FrmStart2::hideEvent(QHideEvent* event) {
+  SkinWindow::hideEvent(event);
+  if (loaded_) Furnish();
 }
 
 void FrmStart2::SkinIt() {

@@ -82,6 +82,7 @@ class FrmStart2 : public SkinWindow {
   bool focusNextPrevChild(bool next) override;  // Tab goes through the modes
   void paintEvent(QPaintEvent* event) override;
   void showEvent(QShowEvent* event) override;
+  void hideEvent(QHideEvent* event) override;
   void changeEvent(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
 
@@ -92,6 +93,7 @@ class FrmStart2 : public SkinWindow {
   void SkinButtons();
   void SkinLists();
   void SkinFingers();
+  void Furnish();
   void ShowMode();
   void ShowScrollButtons();
   void ChooseMode(Mode mode);
@@ -126,6 +128,7 @@ class FrmStart2 : public SkinWindow {
   QTimer settled_;              // since the last change
   Mode mode_ = Mode::Play;
   bool loaded_ = false;
+  bool furnished_ = false;
   bool addingPlayer_ = false;
 
   LabelList* lblCColl_;

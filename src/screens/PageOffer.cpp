@@ -1,6 +1,7 @@
 #include "screens/PageOffer.h"
 
 #include "data/CaveO.h"
+#include "data/FileTrouble.h"
 #include "data/Files.h"
 #include "data/Result.h"
 #include "data/WebPage.h"
@@ -9,6 +10,7 @@
 #include "screens/MsgBox.h"
 #include "screens/SaveBox.h"
 #include "screens/StartWords.h"
+#include "screens/TroubleWords.h"
 #include "skin/Skin.h"
 
 namespace zorik {
@@ -24,8 +26,10 @@ void OfferPage(Skin& skin, QWidget* parent, const std::string& record, const std
   const QString proposed = PathText(FileSystemName(CleanFileName(caveName) + ".html"));
   const QString path = AskForNewFile(
       skin, parent, {kAsPageWords.In(skin), kPageKindWords.In(skin), "html", HomeText() + '/' + proposed});
-  if (path.isEmpty() || WriteWhole(PathBytes(path), *page)) return;
-  say(kNotStoredWords.In(skin) + '\n' + ShownPath(path));
+  if (path.isEmpty()) return;
+  const Result<Done, FileFailure> written = WriteFile(PathBytes(path), *page);
+  if (!written)
+    say(kNotStoredWords.In(skin) + '\n' + ShownPath(path) + LineOfTrouble(skin, written.Why().Trouble));
 }
 
 }  // namespace zorik

@@ -10,6 +10,7 @@
 
 #include "data/Collection.h"
 #include "data/Cp1250.h"
+#include "data/FileTrouble.h"
 #include "data/Files.h"
 #include "data/Folders.h"
 #include "data/Lines.h"
@@ -110,15 +111,15 @@ Added AddPlayer(const std::string& folder, const std::string& name) {
   return error ? Added::NotWritten : Added::Yes;
 }
 
-Result<std::string> CopyColl(const std::string& path, const std::string& folder) {
-  const auto bytes = ReadWhole(path);
-  if (!bytes) return Failure{bytes.Message()};
+Result<std::string, FileFailure> CopyColl(const std::string& path, const std::string& folder) {
+  const auto bytes = ReadFile(path);
+  if (!bytes) return bytes;
   const fs::path source(path);
   std::string stem = WithoutControls(source.stem().string());
   const auto target = [&] { return folder + "/" + stem + source.extension().string(); };
   while (Exists(target())) stem += '~';
-  const auto written = WriteWhole(target(), *bytes);
-  if (!written) return Failure{written.Message()};
+  const auto written = WriteFile(target(), *bytes);
+  if (!written) return written.Why();
   return target();
 }
 

@@ -9,6 +9,8 @@
 
 namespace zorik {
 
+struct FileFailure;
+
 // What the start screen's lists are made of.
 
 // A collection: its file in the folder, without a path, and what the list calls it.
@@ -39,7 +41,7 @@ Added AddPlayer(const std::string& folder, const std::string& name);
 
 // Copies a collection into the folder and answers the copy's path. As long as a file there has the copy's
 // name, that gets one more "~".
-Result<std::string> CopyColl(const std::string& path, const std::string& folder);
+Result<std::string, FileFailure> CopyColl(const std::string& path, const std::string& folder);
 
 // Whether a file lies in this very folder.
 bool LiesIn(const std::string& path, const std::string& folder);

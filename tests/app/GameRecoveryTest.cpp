@@ -40,6 +40,13 @@ TEST_F(GameRecovery, OpensTheCollectionWithTheCaveThatWasBeingDrawn) {
   EXPECT_EQ(Files("Discarded"), 1U);
 }
 
+// The start screen goes before anybody has seen it.
+TEST_F(GameRecovery, HasTheWordsOfTheSkinInTheToolkitsBoxes) {
+  EndAndStart(Qt::Key_Y);
+  ASSERT_TRUE(Wait(Shows<FrmSada>));
+  EXPECT_EQ(QCoreApplication::translate("QPlatformTheme", "Cancel"), "Zrušit");
+}
+
 TEST_F(GameRecovery, LeadsToTheStartWhenThePlayerDoesNotWantIt) {
   EndAndStart(Qt::Key_Escape);
   ASSERT_TRUE(Wait(Shows<FrmStart2>));

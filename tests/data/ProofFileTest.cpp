@@ -16,6 +16,7 @@ TEST(ProofFile, LiesBesideTheCollectionUnderTheNamesOfBoth) {
   EXPECT_EQ(ProofPath(folder.Path() + "/moje.zk", "A/B: \"C\"?"), folder.Path() + "/moje - AB C.zkr");
   EXPECT_EQ(ProofPath(folder.Path() + "/\xC5\x99\xC3\xA1\x64.zk", "\xF8\xE1\x64"),
             folder.Path() + "/\xC5\x99\xC3\xA1\x64 - \xC5\x99\xC3\xA1\x64.zkr");
+  EXPECT_EQ(ProofPath(folder.Path() + "/moje.zk", "Kost", 12), folder.Path() + "/moje - Kost (12).zkr");
 }
 
 TEST(ProofFile, KeepsWhatItHeldBeside) {

@@ -40,6 +40,23 @@ TEST_F(TextFolderTest, WritesBesideWhatLiesThereAndOverItsOwnNames) {
   EXPECT_EQ(*ReadWhole(Path("one.txt")), "new");
 }
 
+TEST_F(TextFolderTest, ChangesNothingWhenOneOfThemCannotBeWritten) {
+  Write("one.txt", "old");
+  const auto written =
+      WriteTexts({{"one.txt", "new"}, {std::string(300, 'x'), "no disk has this name"}}, temp_.Path());
+  ASSERT_FALSE(written);
+  EXPECT_EQ(written.Why().Trouble, FileTrouble::NameTooLong);
+  EXPECT_EQ(*ReadWhole(Path("one.txt")), "old");
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(temp_.Path()), {}), 1);
+}
+
+TEST_F(TextFolderTest, SaysWhyItCannotBeMade) {
+  Write("file", "no folder");
+  const auto written = WriteTexts({{"one.txt", "new"}}, Path("file/folder"));
+  ASSERT_FALSE(written);
+  EXPECT_EQ(written.Why().Trouble, FileTrouble::NoFolder);
+}
+
 TEST_F(TextFolderTest, HoldsNothingWhereThereIsNothing) {
   EXPECT_FALSE(HoldsSomething(temp_.Path()));
   EXPECT_FALSE(HoldsSomething(Path("nowhere")));

@@ -1,8 +1,11 @@
 #include <gtest/gtest.h>
 
+#include <QFontMetrics>
+#include <QPainter>
 #include <set>
 
 #include "editors/ContactSheet.h"
+#include "skin/GameFont.h"
 #include "support/Scene.h"
 
 namespace zorik::test {
@@ -17,6 +20,37 @@ std::size_t Colours(const QImage& picture, const QRect& part) {
     for (int x = part.left(); x <= part.right(); ++x) colours.insert(picture.pixel(x, y));
   }
   return colours.size();
+}
+
+// The smallest part of it that holds all that is drawn on the ground.
+QRect Drawn(const QImage& picture, const QRect& part) {
+  QRect drawn;
+  for (int y = part.top(); y <= part.bottom(); ++y) {
+    for (int x = part.left(); x <= part.right(); ++x) {
+      if (picture.pixel(x, y) != picture.pixel(0, 0)) drawn |= QRect(x, y, 1, 1);
+    }
+  }
+  return drawn;
+}
+
+// The part of the bright pixels of one picture that are dark in the other.
+double Difference(const QImage& one, const QImage& other) {
+  int bright = 0, different = 0;
+  for (int y = 0; y < one.height(); ++y) {
+    for (int x = 0; x < one.width(); ++x) {
+      const bool here = qGray(one.pixel(x, y)) > 0x80;
+      bright += here ? 1 : 0;
+      different += here != (qGray(other.pixel(x, y)) > 0x80) ? 1 : 0;
+    }
+  }
+  return bright == 0 ? 1 : static_cast<double>(different) / bright;
+}
+
+// A cave of so many cells.
+std::string CaveOf(std::size_t width, std::size_t height) {
+  Picture picture(height, std::string(width, ';'));
+  picture[1][1] = '1';
+  return CaveTextOf(picture);
 }
 
 std::vector<std::string> Caves(std::size_t count) {
@@ -45,6 +79,58 @@ TEST(ContactSheetTest, ShowsEveryCaveInAPlaceOfItsOwnWithALineBelow) {
 TEST(ContactSheetTest, ShowsCavesInTheirOwnColours) {
   const QImage sheet = ContactSheet(kPlaces, "Sada", Caves(2));
   EXPECT_NE(sheet.copy(PlaceOnSheet(0, 2)), sheet.copy(PlaceOnSheet(1, 2)));
+}
+
+TEST(ContactSheetTest, WritesTheTitleWithAllThatHangsBelowItsLine) {
+  const QString title = "Moje \u00c1j";
+  const QImage sheet = ContactSheet(kPlaces, title, Caves(4));
+  const QRect above(0, 0, sheet.width(), PlaceOnSheet(0, 4).top());
+  EXPECT_GE(Drawn(sheet, above).height(), QFontMetrics(GameFont(26)).tightBoundingRect(title).height() - 1);
+}
+
+TEST(ContactSheetTest, CallsEachCaveByItsNumberAndItsName) {
+  const Picture picture{"WWWWW", "W1;DW", "W;;;W", "W.;;W", "WWWWW"};
+  const QStringList names{"Jama", "Kost", "Sklep"};
+  std::vector<std::string> caves;
+  for (const QString& name : names) caves.push_back(CaveTextOf(picture, {.name = name.toStdString()}));
+  const QImage sheet = ContactSheet(kPlaces, "Sada", caves);
+  for (int i = 0; i < names.size(); ++i) {
+    const QRect place = PlaceOnSheet(static_cast<std::size_t>(i), caves.size());
+    const QRect line(place.left(), place.bottom() + 1, place.width(), 24);
+    QImage expected(line.size(), QImage::Format_RGB32);
+    expected.fill(Qt::black);
+    QPainter painter(&expected);
+    painter.setPen(Qt::white);
+    painter.setFont(GameFont(16));
+    painter.drawText(expected.rect(), Qt::AlignCenter, QString("%1. %2").arg(i + 1).arg(names[i]));
+    painter.end();
+    EXPECT_LT(Difference(expected, sheet.copy(line)), 0.05) << i;
+  }
+}
+
+TEST(ContactSheetTest, ShowsACaveAsLargeAsItsPlaceAllowsAndInItsMiddle) {
+  struct Row {
+    std::size_t width, height;
+    QSize size;
+  };
+  // A cell's side that fits is 320 / width or 200 / height, whichever is less.
+  for (const Row& row : {Row{10, 5, {320, 160}}, Row{5, 5, {200, 200}}, Row{60, 10, {320, 53}}}) {
+    const QImage sheet = ContactSheet(kPlaces, "Sada", {CaveOf(row.width, row.height)});
+    const QRect place = PlaceOnSheet(0, 1);
+    const QRect drawn = Drawn(sheet, place);
+    EXPECT_NEAR(drawn.width(), row.size.width(), 2) << row.width;
+    EXPECT_NEAR(drawn.height(), row.size.height(), 2) << row.width;
+    EXPECT_NEAR(drawn.left() - place.left(), place.right() - drawn.right(), 2) << row.width;
+    EXPECT_NEAR(drawn.top() - place.top(), place.bottom() - drawn.bottom(), 2) << row.width;
+  }
+}
+
+TEST(ContactSheetTest, LetsNoCaveReachBeyondItsPlace) {
+  const std::vector<std::string> caves(4, CaveOf(79, 49));
+  const QImage sheet = ContactSheet(kPlaces, "Sada", caves);
+  const QRect one = PlaceOnSheet(0, 4), two = PlaceOnSheet(1, 4);
+  const QRect between(one.right() + 1, one.top(), two.left() - one.right() - 1, one.height());
+  EXPECT_EQ(Drawn(sheet, between), QRect());
 }
 
 TEST(ContactSheetTest, LeavesThePlaceEmptyOfACaveThatCannotBeRead) {

@@ -310,8 +310,25 @@ TEST_F(FrmMainMenusTest, WarnsOnceMoreWhenItRestores) {
   numbers.permeability = 9;
   Boxes boxes;
   Open(kDirt, numbers);
+  Click(2, 2);
   Choose("mnuRestore");
   EXPECT_EQ(boxes.said.size(), 2);
+}
+
+TEST_F(FrmMainMenusTest, RestoresOnlyWhatHasChanged) {
+  const auto offers = [this] {
+    Shown("mnuEd", [](QMenu& /*menu*/) {});
+    return Action("mnuRestore").isEnabled();
+  };
+  EXPECT_FALSE(offers());
+  Click(2, 2);
+  EXPECT_TRUE(offers());
+  QTest::keyClick(window.get(), Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_FALSE(offers());
+  Choose("mnuOkraj");
+  EXPECT_TRUE(offers());
+  Choose("mnuRestore");
+  EXPECT_FALSE(offers());
 }
 
 TEST_F(FrmMainMenusTest, UndoesAndRedoesByItsItems) {

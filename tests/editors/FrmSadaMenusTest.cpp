@@ -4,6 +4,7 @@
 #include <QClipboard>
 #include <QMenu>
 #include <QMenuBar>
+#include <QTimer>
 #include <algorithm>
 #include <map>
 
@@ -342,9 +343,34 @@ TEST_F(FrmSadaMenusTest, HasASheetOfAllShortcuts) {
     EXPECT_TRUE(rows.contains("Komnata | Přidat: Malou | F3"));
     EXPECT_TRUE(rows.contains("Nápověda | Obsah | F1"));
     EXPECT_TRUE(rows.contains("Seznam komnat | dá komnatě značku P, nebo ji vezme | mezerník"));
+    EXPECT_TRUE(rows.contains("Seznam komnat | zkopíruje, vyjme, vloží komnatu | Ctrl+C, Ctrl+X, Ctrl+V"));
+    EXPECT_TRUE(rows.contains("Seznam komnat | vymaže komnatu | Delete"));
     dialog.close();
   });
   Key(Qt::Key_Question, Qt::ControlModifier);
+}
+
+TEST_F(FrmSadaMenusTest, ShowsTheSheetOverTheCongratulationToo) {
+  Open();
+  Activate();
+  QString sheet;
+  QTimer look;
+  QObject::connect(&look, &QTimer::timeout, [&sheet] {
+    QWidget* const shown = QApplication::activeModalWidget();
+    if (shown == nullptr || shown->objectName() != "frmShortcuts") return;
+    sheet = shown->windowTitle();
+    shown->close();
+  });
+  dialogs.Then([&look](QWidget& dialog) {
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+    look.start(5);
+    QTest::keyClick(dialog.windowHandle(), Qt::Key_Question, Qt::ControlModifier);
+    look.stop();
+    EXPECT_TRUE(dialog.isVisible());
+    dialog.close();
+  });
+  Choose("mnuGratulace");
+  EXPECT_EQ(sheet, "Klávesové zkratky");
 }
 
 TEST_F(FrmSadaMenusTest, LeadsToTheMakersWhoseAddressesTheSkinTells) {

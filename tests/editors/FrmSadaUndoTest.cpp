@@ -242,7 +242,7 @@ TEST_F(FrmSadaUndoTest, SaysWhyAFileCannotBeOpened) {
   ExpectNotOpened("slozka.zk", "Toto jméno má složka.");
   std::filesystem::permissions(Path("zmatek.zk"), std::filesystem::perms::none);
   const test::AsNobody nobody;
-  ExpectNotOpened("zmatek.zk", "Nemáte k tomu oprávnění.");
+  ExpectNotOpened("zmatek.zk", "Nemáš k tomu oprávnění.");
 }
 
 TEST_F(FrmSadaUndoTest, SaysWhyAFileCannotBeWritten) {
@@ -253,7 +253,7 @@ TEST_F(FrmSadaUndoTest, SaysWhyAFileCannotBeWritten) {
   ExpectNotSaved("soubor/b.zk", "Taková složka neexistuje.");
   std::filesystem::permissions(Path("zamcena"), std::filesystem::perms::none);
   const test::AsNobody nobody;
-  ExpectNotSaved("zamcena/b.zk", "Nemáte k tomu oprávnění.");
+  ExpectNotSaved("zamcena/b.zk", "Nemáš k tomu oprávnění.");
 }
 
 TEST_F(FrmSadaUndoTest, OffersACopyOfACollectionOutsideTheFolderOfTheGame) {
@@ -276,6 +276,15 @@ TEST_F(FrmSadaUndoTest, CopiesNothingOfACollectionOutsideThatTheAuthorWillHaveTh
   Action("mnuSaveAs").trigger();
   EXPECT_FALSE(std::filesystem::exists(Path("venku.zk")));
   EXPECT_TRUE(std::filesystem::exists(folder.Root() + "/venku.zk"));
+}
+
+TEST_F(FrmSadaUndoTest, SaysWhyThereIsNoCopy) {
+  OpenCaves({"A"});
+  std::filesystem::remove_all(folder.Root() + "/Caves");
+  dialogs.Type(folder.Root() + "/venku.zk").Press("yes").Press("ok");
+  Action("mnuSaveAs").trigger();
+  EXPECT_TRUE(dialogs.Last().startsWith("Do této složky se nepodařilo nic zapsat"));
+  EXPECT_TRUE(dialogs.Last().endsWith(" Taková složka neexistuje.")) << dialogs.Last().toStdString();
 }
 
 TEST_F(FrmSadaUndoTest, WritesNoCopyOverAnotherCollection) {

@@ -69,6 +69,13 @@ TEST_F(PictureOfferTest, TellsWhatCannotBeStored) {
   EXPECT_FALSE(std::filesystem::exists(Path("nowhere")));
 }
 
+TEST_F(PictureOfferTest, TellsWhyItCannotBeStored) {
+  Open(cave);
+  dialogs.Type(Path("nowhere/a.png")).Press("ok");
+  Action("mnuPicture(16)").trigger();
+  EXPECT_TRUE(dialogs.Last().endsWith(" Taková složka neexistuje.")) << dialogs.Last().toStdString();
+}
+
 TEST_F(PictureOfferTest, WritesOverNothingWithoutAQuestion) {
   Open(cave);
   ASSERT_TRUE(WriteWhole(Path("a.png"), "mine"));

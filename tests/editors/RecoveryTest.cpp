@@ -228,6 +228,81 @@ TEST_F(RecoveryTest, ADiscardedOneIsDeletedWhenTheAuthorAgrees) {
   EXPECT_EQ(Discarded(), Names{"Druha"});
 }
 
+TEST_F(RecoveryTest, ADiscardedOneIsOpenedByADoubleClick) {
+  Open();
+  for (const char* name : {"Jedna", "Druha"}) {
+    TypeName(name);
+    Key(Qt::Key_N, Qt::ControlModifier);
+  }
+  dialogs.Then([](QWidget& dialog) {
+    auto* const list = dialog.findChild<QTableWidget*>("lstDiscarded");
+    const QPoint place = list->visualItemRect(list->item(1, 1)).center();
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, place);
+    QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, place);
+  });
+  Action("mnuDiscarded").trigger();
+  EXPECT_EQ(Sada().Text(SadaText::Name), "Jedna");
+}
+
+TEST_F(RecoveryTest, TheNextOneIsChosenWhereOneWasDeleted) {
+  Open();
+  for (const char* name : {"Jedna", "Druha", "Treti"}) {
+    TypeName(name);
+    Key(Qt::Key_N, Qt::ControlModifier);
+  }
+  std::vector<int> rows;
+  dialogs.Then([&rows](QWidget& dialog) {
+    auto* const list = dialog.findChild<QTableWidget*>("lstDiscarded");
+    list->selectRow(1);
+    QTimer::singleShot(0, &dialog, [&rows, &dialog, list] {
+      QTest::keyClick(list, Qt::Key_Delete);
+      rows.push_back(list->currentRow());
+      dialog.close();
+    });
+  });
+  dialogs.Press("yes");
+  Action("mnuDiscarded").trigger();
+  EXPECT_EQ(rows, std::vector<int>{1});
+  EXPECT_EQ(Discarded(), (Names{"Treti", "Jedna"}));
+}
+
+TEST_F(RecoveryTest, OneThatCannotBeDeletedIsTold) {
+  Open();
+  TypeName("Jedna");
+  Key(Qt::Key_N, Qt::ControlModifier);
+  const std::string path = RecoveryStore(RecoveryPath()).Discarded().at(0).Path;
+  dialogs.Then([&path](QWidget& dialog) {
+    std::filesystem::remove(path);
+    std::filesystem::create_directories(path + "/not empty");
+    QTimer::singleShot(0, &dialog, [&dialog] { dialog.findChild<QPushButton*>("btnDelete")->click(); });
+  });
+  dialogs.Press("yes").Press("ok").Cancel();
+  Action("mnuDiscarded").trigger();
+  EXPECT_TRUE(dialogs.Last().startsWith("Soubor se nepodařilo vymazat")) << dialogs.Last().toStdString();
+}
+
+TEST_F(RecoveryTest, ACaveThatGoesOnIsKeptBeyondASave) {
+  OpenCaves({"*Jedna"});
+  Keeper().SetCave([] { return test::OneStepCave("Jinak"); });
+  Keeper().Keep();
+  EXPECT_EQ(Running(), 1U);
+  ASSERT_FALSE(Sada().Chg());
+  Keeper().Settle();
+  EXPECT_EQ(Running(), 1U);
+  Keeper().SetCave([] { return test::OneStepCave("Jedna"); });
+  Keeper().Settle();
+  EXPECT_EQ(Running(), 0U);
+}
+
+TEST_F(RecoveryTest, NothingIsKeptOfACollectionThatTheAuthorHasLeft) {
+  OpenCaves({"*Jedna"});
+  TypeName("Nova");
+  dialogs.Press("no");
+  window->close();
+  Keeper().Keep();
+  EXPECT_EQ(Running(), 0U);
+}
+
 TEST_F(RecoveryTest, AnEmptyListHasNothingToOpenOrDelete) {
   Open();
   dialogs.Then([](QWidget& dialog) {
@@ -263,6 +338,7 @@ TEST_F(OfferTest, TellsNameAgeAndNumberOfCavesAndOpensTheOne) {
   EXPECT_EQ(Sada().Text(SadaText::Name), "Jedna");
   EXPECT_TRUE(window->isWindowModified());
   EXPECT_EQ(Running(), 1U) << "now it is this program's";
+  EXPECT_FALSE(std::filesystem::exists(left->Path));
   TypeName("Dal");
   Keeper().Keep();
   EXPECT_EQ(Running(), 1U) << "it is there once only";

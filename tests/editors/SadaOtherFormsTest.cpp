@@ -1,7 +1,11 @@
 // A collection as a folder of texts and as a picture.
+#include <QComboBox>
 #include <QImage>
+#include <QLabel>
 #include <filesystem>
+#include <map>
 
+#include "editors/ContactSheet.h"
 #include "editors/SadaScreen.h"
 
 namespace zorik {
@@ -41,6 +45,25 @@ TEST_F(SadaOtherFormsTest, ComeBackFromAFolderOfTexts) {
   EXPECT_TRUE(Sada().Chg());
   EXPECT_EQ(Sada().FileName(), "");
   EXPECT_TRUE(window->isWindowModified());
+}
+
+TEST_F(SadaOtherFormsTest, GoIntoAFolderWithTheCollectionsName) {
+  OpenCaves({"*A"});
+  for (const auto& [name, made] : std::map<const char*, const char*>{{"A?B:", "AB"}, {"", "sada"}}) {
+    TypeName(name);
+    Key(Qt::Key_Delete);
+    dialogs.Type(folder.Root()).Press("ok");
+    Action("mnuToTexts").trigger();
+    EXPECT_TRUE(std::filesystem::exists(Here(std::string(made) + "/collection.txt"))) << made;
+  }
+}
+
+TEST_F(SadaOtherFormsTest, AskForNoFolderWhereATextIsTooLong) {
+  OpenCaves({"*A"});
+  TypeName(QString(191, 'x'));
+  dialogs.Press("ok");
+  Action("mnuToTexts").trigger();
+  EXPECT_TRUE(dialogs.Last().endsWith("znaků 191, vejde se 190.")) << dialogs.Last().toStdString();
 }
 
 TEST_F(SadaOtherFormsTest, AskBeforeTheyWriteOverAFolder) {
@@ -104,13 +127,55 @@ TEST_F(SadaOtherFormsTest, AskToSaveBeforeAnotherCollectionTakesThePlaceOfAChang
   EXPECT_EQ(Box("Text3").text(), "Jinak");
 }
 
+TEST_F(SadaOtherFormsTest, AreCalledByTheirNamesInTheBoxesForFiles) {
+  OpenCaves({"*A"});
+  for (const auto& [item, title] : std::map<const char*, QString>{{"mnuSheet", "Uložit přehled komnat"},
+                                                                  {"mnuToTexts", "Uložit jako složku textů"},
+                                                                  {"mnuFromTexts", "Otevřít složku textů"}}) {
+    dialogs.Then([title](QWidget& dialog) {
+      EXPECT_EQ(dialog.windowTitle(), title);
+      dialog.close();
+    });
+    Action(item).trigger();
+  }
+}
+
+TEST_F(SadaOtherFormsTest, AskForAFolderInTheWordsOfTheSkinAlone) {
+  OpenCaves({"*A"});
+  for (const char* item : {"mnuToTexts", "mnuFromTexts"}) {
+    dialogs.Then([](QWidget& dialog) {
+      QStringList words;
+      for (const auto* label : dialog.findChildren<QLabel*>()) {
+        if (label->isVisible()) words << label->text();
+      }
+      EXPECT_EQ(words, (QStringList{"Složka:", "Složka:"}));
+      for (const auto* list : dialog.findChildren<QComboBox*>())
+        EXPECT_TRUE(!list->isVisible() || list->objectName() == "lookInCombo");
+      dialog.close();
+    });
+    Action(item).trigger();
+  }
+}
+
 TEST_F(SadaOtherFormsTest, ShowAllCavesOnOnePicture) {
   OpenCaves({"*A", "B", "C"});
   dialogs.Type(Here("all"));
   Action("mnuSheet").trigger();
   const QImage sheet(QString::fromStdString(Here("all.png")));
-  EXPECT_GT(sheet.width(), 600);
-  EXPECT_GT(sheet.height(), 400);
+  const QImage expected =
+      ContactSheet(skin.Places(), "Sada", {Sada().Cave(1), Sada().Cave(2), Sada().Cave(3)});
+  EXPECT_EQ(sheet.convertToFormat(QImage::Format_RGB32), expected);
+}
+
+TEST_F(SadaOtherFormsTest, TellWhyTheyCannotBeWritten) {
+  OpenCaves({"*A"});
+  dialogs.Type(Here("neni/all.png")).Press("ok");
+  Action("mnuSheet").trigger();
+  EXPECT_TRUE(dialogs.Last().endsWith(" Taková složka neexistuje.")) << dialogs.Last().toStdString();
+  folder.File("Sada", "a file of the author's");
+  dialogs.Type(folder.Root()).Press("ok");
+  Action("mnuToTexts").trigger();
+  EXPECT_TRUE(dialogs.Last().endsWith("/Sada Taková složka neexistuje.")) << dialogs.Last().toStdString();
 }
 
 TEST_F(SadaOtherFormsTest, CallTheOverviewByItsNameWhereItsFileIsAskedFor) {

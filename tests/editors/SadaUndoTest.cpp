@@ -306,6 +306,36 @@ TEST_F(SadaUndoTest, TakesAnImportBack) {
   EXPECT_FALSE(sada_.Chg());
 }
 
+TEST_F(SadaUndoTest, ForgetsWhatWasTakenBackInTheNewCollectionThatAnotherOneFollows) {
+  OpenCaves({"A", "B"});
+  sada_.New();
+  sada_.SetText(SadaText::Name, "Jine");
+  sada_.Undo();
+  ASSERT_TRUE(sada_.Open(Path("o.zk")));
+  EXPECT_EQ(sada_.RedoSteps(), std::vector<SadaStep>());
+  sada_.Redo();
+  EXPECT_EQ(sada_.Text(SadaText::Name), "Sada");
+}
+
+TEST_F(SadaUndoTest, BringsBackAnImportThatNobodyTouched) {
+  ASSERT_TRUE(sada_.Import(samples::CollectionFile({CaveText("X") + "---01", "Konec"})));
+  sada_.New();
+  EXPECT_EQ(sada_.UndoSteps(), std::vector<SadaStep>{{SadaAct::New}});
+  sada_.Undo();
+  EXPECT_EQ(Rows(), Names{"*X"});
+  EXPECT_TRUE(sada_.Chg());
+}
+
+TEST_F(SadaUndoTest, KeepsBesideTheNextSaveWhatTheFileHasComeToHoldMeanwhile) {
+  OpenCaves({"A", "B"});
+  sada_.New();
+  Write("o.zk", samples::CollectionFile({CaveText("A") + "---01", "zmatek---02", "Konec"}));
+  sada_.Undo();
+  const auto saved = sada_.Save(Path("o.zk"));
+  ASSERT_TRUE(saved);
+  EXPECT_EQ(saved->KeptAs, Path("o.zk~1"));
+}
+
 // At the end
 
 TEST_F(SadaUndoTest, AppendsACaveThatIsNotOpen) {

@@ -25,6 +25,16 @@ TEST(RecoveryFileTest, IsNoneWhenAnythingOfItLacks) {
   EXPECT_FALSE(ReadRecovery(bytes + "x"));
 }
 
+TEST(RecoveryFileTest, SelectsTheFirstCaveWhereTheNumberIsNone) {
+  std::string bytes = BuildRecovery(kFile);
+  const std::string selected = "selected 7";
+  ASSERT_NE(bytes.find(selected), std::string::npos);
+  bytes.replace(bytes.find(selected), selected.size(), "selected 4294967298");
+  const Result<RecoveryFile> read = ReadRecovery(bytes);
+  ASSERT_TRUE(read) << read.Message();
+  EXPECT_EQ(read->Sada.Selected, 1);
+}
+
 TEST(RecoveryFileTest, IsNoneWithALengthThatCannotBe) {
   std::string bytes = BuildRecovery(kFile);
   const std::string length = "author 3";

@@ -9,10 +9,13 @@
 #include <csignal>
 #include <filesystem>
 
+#include "data/Collection.h"
 #include "data/FileTrouble.h"
 #include "data/Files.h"
 #include "data/Folders.h"
 #include "data/Result.h"
+#include "data/Scramble.h"
+#include "flow/RecoveryFile.h"
 #include "flow/RecoveryStore.h"
 #include "flow/SadaModel.h"
 #include "support/OneStepCave.h"
@@ -225,6 +228,41 @@ TEST_F(RecoveryStoreTest, PassesOverWhatIsDamagedAndLeavesItThere) {
     EXPECT_EQ(Left(), Names{});
     EXPECT_EQ(*ReadWhole(path), bytes);
   }
+}
+
+// No editor writes such a one.
+TEST_F(RecoveryStoreTest, PassesOverWhatTheEditorWouldNotOpen) {
+  fs::create_directories(folder_ + "/Discarded");
+  const auto listed = [this](const std::vector<std::string>& plain) {
+    KeptSada sada = Sada("Jedna");
+    sada.Bytes.clear();
+    Chance chance(1);
+    for (const std::string& line : plain) sada.Bytes += ScrambleText(line, chance) + "\r\n";
+    EXPECT_TRUE(WriteWhole(folder_ + "/Discarded/a.recovery", BuildRecovery({kNow, sada})));
+    return Discarded();
+  };
+  const std::string cave = test::OneStepCave("A") + "---01";
+  EXPECT_EQ(listed({"AX", "AX", "a@b.cz0", cave, "Konec"}), Names{"Jedna"});
+  EXPECT_EQ(listed({"AX", "AX", "a@b.czQ", cave, "Konec"}), Names{}) << "closed";
+  EXPECT_EQ(listed({"AX", "AX", "a@b.cz0", "Konec"}), Names{}) << "without a cave";
+}
+
+TEST_F(RecoveryStoreTest, LeavesNoLockOfWhatWasDiscarded) {
+  {
+    RecoveryStore store(folder_);
+    ASSERT_TRUE(store.Discard(Sada("Jedna"), kNow));
+  }
+  EXPECT_TRUE(Files("Running").empty());
+}
+
+TEST_F(RecoveryStoreTest, WritesOverNothingThatHasTheNameItWouldTake) {
+  const std::string taken = folder_ + "/Running/001700000000-" + std::to_string(getpid()) + "-00.recovery";
+  fs::create_directories(folder_ + "/Running");
+  ASSERT_TRUE(WriteWhole(taken, "another one's"));
+  RecoveryStore store(folder_);
+  ASSERT_TRUE(store.Keep(Sada("Jedna"), kNow));
+  EXPECT_EQ(*ReadWhole(taken), "another one's");
+  EXPECT_EQ(FilesIn(folder_ + "/Running", ".recovery").size(), 2U);
 }
 
 TEST_F(RecoveryStoreTest, PassesOverPipesFoldersAndGiants) {

@@ -122,8 +122,8 @@ QStringList EditorCaptions() {
       "main.side.bottom", "main.noblock",       "main.noblock.line", "main.noturn",      "main.noline",
       "main.stored",      "main.fine",          "main.fault",        "main.hint",        "main.manymore",
       "main.gems",        "sada.import",        "sada.addedopen",    "sada.addedclosed", "sada.step",
-      "sada.outside",     "sada.copied",        "sada.edited",       "sada.replace",     "sada.help.web",
-      "sada.help.mail"};
+      "sada.doubt",       "sada.doubts",        "sada.outside",      "sada.copied",      "sada.edited",
+      "sada.replace",     "sada.help.web",      "sada.help.mail"};
   QStringList captions;
   QString section;
   for (const QString& line : Lines("English/Menu/skindata.txt")) {

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "data/Cp1250.h"
+#include "data/FileTrouble.h"
 #include "data/Result.h"
 #include "data/Scramble.h"
 #include "platform/PathText.h"

@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <cctype>
+#include <sstream>
+
 #include "SkinFolder.h"
 #include "data/Files.h"
 #include "data/Result.h"
@@ -38,6 +41,22 @@ TEST(DefaultWords, BesidesCaptionsAreInBothSkins) {
           "start.fingerPlay.text", "start.fingerReplay.text", "start.fingerEditor.text", "addplayer.text"}) {
       const SkinTable::Entry* const entry = table.Find(key);
       EXPECT_TRUE(entry != nullptr && !entry->Value.empty()) << key << " of " << skin;
+    }
+  }
+}
+
+// He is a friend, and nobody is spoken to as to several.
+TEST(DefaultWords, SpeakToThePlayerInOneWay) {
+  for (const std::string name : {"skindata.txt", "cestina.txt", "catdata.txt"}) {
+    const auto source = ReadWhole(ZORIK_SKIN_SOURCES "/Default/Menu/" + name);
+    ASSERT_TRUE(source);
+    std::istringstream words(*source);
+    for (std::string word; words >> word;) {
+      word.erase(0, word.find_last_of("=|#") + 1);  // a key, and what stands in front of a line break
+      while (!word.empty() && std::ispunct(static_cast<unsigned char>(word.back())) != 0) word.pop_back();
+      for (const char* ending : {"áte", "íte", "ete", "ěte", "jte"}) {
+        EXPECT_FALSE(word.ends_with(ending) && !word.ends_with("Delete")) << word << " in " << name;
+      }
     }
   }
 }

@@ -13,7 +13,7 @@ Exit UnpackCommand(const CommandLine& line, Console& console) {
   }
   const Result<std::string> bytes = ReadStream(line.operands[0]);
   if (!bytes) return Fail(console, Exit::CannotRead, bytes.Message());
-  const Result<Done> written = WriteTexts(UnpackCollection(*bytes), folder);
+  const Result<Done, FileFailure> written = WriteTexts(UnpackCollection(*bytes), folder);
   return written ? Exit::Fine : Fail(console, Exit::CannotWrite, written.Message());
 }
 

@@ -1,4 +1,4 @@
-#include "editors/TroubleWords.h"
+#include "screens/TroubleWords.h"
 
 #include <array>
 
