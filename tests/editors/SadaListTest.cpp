@@ -239,7 +239,7 @@ TEST_F(SadaListTest, TogglesTheMarkOfTheSelectedCaveBySpaceAndByTheMenu) {
 
 TEST_F(SadaListTest, ExplainsTheMarks) {
   OpenCaves({"A", "B"});
-  EXPECT_EQ(HintAt(List().lblPoc(2).center()), "P = komnata otevřená od začátku, změníš kliknutím");
+  EXPECT_EQ(HintAt(List().lblPoc(2).center()), "P = komnata otevřená od začátku, změníte kliknutím");
   EXPECT_EQ(HintAt(List().lblCave(2).center()), "");
 }
 

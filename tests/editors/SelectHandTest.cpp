@@ -244,9 +244,9 @@ TEST_F(SelectHandTest, TurnsInTheHandAndHangsAtThePointerAgain) {
   Type(Qt::Key_C, Qt::ControlModifier);
   Type(Qt::Key_V, Qt::ControlModifier);
   Move(6, 2, Qt::NoButton);
-  ASSERT_EQ(Area().Over().blockPlace, QPoint(4, 2)) << "three cells wide";
+  ASSERT_EQ(Area().Marks().blockPlace, QPoint(4, 2)) << "three cells wide";
   Type(Qt::Key_T);
-  EXPECT_EQ(Area().Over().blockPlace, QPoint(6, 2)) << "one cell wide";
+  EXPECT_EQ(Area().Marks().blockPlace, QPoint(6, 2)) << "one cell wide";
 }
 
 TEST_F(SelectHandTest, TellsHowWhatHangsIsPutDown) {

@@ -72,7 +72,7 @@ constexpr TextRow kTexts[] = {
     {57, TextId::SaveCollectionTitle, "Uložit sadu komnat"},
     {58, TextId::Dog, "Zorík č. ?1?"},
     {70, TextId::CaveProperties, "Vlastnosti komnaty"},
-    {71, TextId::MarkHint, "P = komnata otevřená od začátku, změníš kliknutím"},
+    {71, TextId::MarkHint, "P = komnata otevřená od začátku, změníte kliknutím"},
     {73, TextId::ReadCongratulation, "Přečíst gratulaci"},
     {74, TextId::PointsAtStart, "Body na začátek"},
     {75, TextId::Replace, "Nahradit „?1?“ za „?2?“"},
