@@ -45,8 +45,8 @@ TEST(DefaultWords, BesidesCaptionsAreInBothSkins) {
   }
 }
 
-// He is a friend, and nobody is spoken to as to several, but for the hint above the column of marks, which has stood so
-// from the beginning.
+// He is a friend, and nobody is spoken to as to several, but for the hint above the column of marks, which
+// has stood so from the beginning.
 TEST(DefaultWords, SpeakToThePlayerInOneWay) {
   for (const std::string name : {"skindata.txt", "cestina.txt", "catdata.txt"}) {
     const auto source = ReadWhole(ZORIK_SKIN_SOURCES "/Default/Menu/" + name);
@@ -56,7 +56,8 @@ TEST(DefaultWords, SpeakToThePlayerInOneWay) {
       word.erase(0, word.find_last_of("=|#") + 1);  // a key, and what stands in front of a line break
       while (!word.empty() && std::ispunct(static_cast<unsigned char>(word.back())) != 0) word.pop_back();
       for (const char* ending : {"áte", "íte", "ete", "ěte", "jte"}) {
-        EXPECT_FALSE(word.ends_with(ending) && !word.ends_with("Delete") && word != "změníte") << word << " in " << name;
+        EXPECT_FALSE(word.ends_with(ending) && !word.ends_with("Delete") && word != "změníte")
+            << word << " in " << name;
       }
     }
   }
