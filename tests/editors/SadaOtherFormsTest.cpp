@@ -132,7 +132,7 @@ TEST_F(SadaOtherFormsTest, AreCalledByTheirNamesInTheBoxesForFiles) {
   for (const auto& [item, title] : std::map<const char*, QString>{{"mnuSheet", "Uložit přehled komnat"},
                                                                   {"mnuToTexts", "Uložit jako složku textů"},
                                                                   {"mnuFromTexts", "Otevřít složku textů"}}) {
-    dialogs.Then([title](QWidget& dialog) {
+    dialogs.Then([title = title](QWidget& dialog) {
       EXPECT_EQ(dialog.windowTitle(), title);
       dialog.close();
     });

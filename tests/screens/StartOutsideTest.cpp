@@ -211,8 +211,9 @@ TEST_F(StartOutside, ACopyThatFailsLeavesTheCollectionWhereItIs) {
   const QString path = Foreign("x.zk", "Cizí");
   std::filesystem::remove_all(folder_.Root() + "/Caves");
   folder_.File("Caves", "a file");
-  const DialogScript script = {Copy(Qt::Key_Y),
-                               Box("Text 99", "Soubor se nepodařilo uložit.\n" + At("Caves"))};
+  const DialogScript script = {
+      Copy(Qt::Key_Y),
+      Box("Text 99", "Soubor se nepodařilo uložit.\n" + At("Caves") + "\nTaková složka neexistuje.")};
   start_->AnotherColl(path);
   EXPECT_EQ(opened_->at(0), (QVariantList{path, "Adam"}));
 }
