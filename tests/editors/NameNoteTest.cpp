@@ -1,8 +1,5 @@
 // What the collection editor says of names under which records would not find room beside each other.
-#include <QHelpEvent>
 #include <QLabel>
-#include <QTextDocumentFragment>
-#include <QToolTip>
 
 #include "editors/SadaScreen.h"
 
@@ -27,14 +24,7 @@ class NameNoteTest : public test::SadaWindowTest {
     }
     return marked;
   }
-  QString HintAt(QPoint place) const {
-    QToolTip::hideText();
-    EXPECT_TRUE(QTest::qWaitFor([] { return !QToolTip::isVisible(); }));
-    QHelpEvent event(QEvent::ToolTip, place, List().viewport()->mapToGlobal(place));
-    QApplication::sendEvent(List().viewport(), &event);
-    if (!QToolTip::isVisible()) return QString();
-    return QTextDocumentFragment::fromHtml(QToolTip::text()).toPlainText().replace('\n', ' ');
-  }
+  QString Hint(QPoint place) const { return HintAt(place).replace('\n', ' '); }
 };
 
 TEST_F(NameNoteTest, SaysNothingOfNamesThatAreFine) {
@@ -47,9 +37,9 @@ TEST_F(NameNoteTest, MarksACaveWithTheNameOfAnEarlierOneAndSaysWhatComesOfIt) {
   OpenCaves({"*A", "B", "a"});
   EXPECT_EQ(Note(), "Komnata 3: " + kTwice);
   EXPECT_EQ(Marked(), std::vector<int>{3});
-  EXPECT_EQ(HintAt(List().Doubt(3).center()), kTwice);
-  EXPECT_EQ(HintAt(List().lblCave(3).center()), kTwice);
-  EXPECT_EQ(HintAt(List().lblCave(2).center()), "");
+  EXPECT_EQ(Hint(List().Doubt(3).center()), kTwice);
+  EXPECT_EQ(Hint(List().lblCave(3).center()), kTwice);
+  EXPECT_EQ(Hint(List().lblCave(2).center()), "");
   EXPECT_FALSE(window->isWindowModified());
 }
 

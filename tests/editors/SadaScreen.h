@@ -4,11 +4,14 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QHelpEvent>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QScrollBar>
 #include <QSettings>
 #include <QTest>
+#include <QTextDocumentFragment>
+#include <QToolTip>
 #include <memory>
 #include <string>
 #include <vector>
@@ -70,6 +73,16 @@ class SadaScreen {
     std::vector<std::string> names;
     for (int i = 1; i <= count; ++i) names.push_back("K" + std::to_string(i));
     OpenCaves(names);
+  }
+
+  // The hint of a place in the list, with the breaks of its lines.
+  QString HintAt(QPoint place) const {
+    QToolTip::hideText();
+    EXPECT_TRUE(QTest::qWaitFor([] { return !QToolTip::isVisible(); }));
+    QHelpEvent event(QEvent::ToolTip, place, List().viewport()->mapToGlobal(place));
+    QApplication::sendEvent(List().viewport(), &event);
+    return QToolTip::isVisible() ? QTextDocumentFragment::fromHtml(QToolTip::text()).toPlainText()
+                                 : QString();
   }
 
   std::string Path(const std::string& file) const { return folder.Root() + "/Caves/" + file; }
