@@ -4,10 +4,8 @@
 
 #include "data/CaveO.h"
 #include "data/Cp1250.h"
-#include "data/FileTrouble.h"
 #include "data/Files.h"
 #include "data/KeepBeside.h"
-#include "data/Result.h"
 
 namespace zorik {
 
@@ -19,13 +17,13 @@ std::string ProofPath(const std::string& collection, std::string_view caveName, 
   return ResolvePath((file.parent_path() / FileSystemName(CleanFileName(name) + ".zkr")).string());
 }
 
-Result<std::string> StoreProof(const std::string& path, const std::string& record) {
+Result<std::string, FileFailure> StoreProof(const std::string& path, const std::string& record) {
   if (const Result<std::string> held = ReadWhole(path); held && *held == record) return std::string();
   Result<std::string, FileFailure> kept = KeepBeside(path);
-  if (!kept) return Failure{kept.Message()};
-  const Result<Done> written = WriteWhole(path, record);
-  if (!written) return Failure{written.Message()};
-  return *std::move(kept);
+  if (!kept) return kept;
+  const Result<Done, FileFailure> written = WriteFile(path, record);
+  if (!written) return written.Why();
+  return kept;
 }
 
 }  // namespace zorik

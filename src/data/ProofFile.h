@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "data/ResultFwd.h"
+#include "data/FileTrouble.h"
 
 namespace zorik {
 
@@ -16,6 +16,6 @@ std::string ProofPath(const std::string& collection, std::string_view caveName, 
 
 // Puts a proof into its file. What the file held is kept beside it; the answer is the path of that copy,
 // empty where there was none or the file holds these very bytes already. A failure changes nothing.
-Result<std::string> StoreProof(const std::string& path, const std::string& record);
+Result<std::string, FileFailure> StoreProof(const std::string& path, const std::string& record);
 
 }  // namespace zorik

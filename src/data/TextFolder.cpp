@@ -41,6 +41,19 @@ Result<Done, FileFailure> MoveAll(const TextFiles& files, const fs::path& from, 
   return Done{};
 }
 
+// All of them aside, then each into its place.
+Result<Done, FileFailure> WriteInto(const fs::path& place, const TextFiles& files) {
+  std::error_code error;
+  const fs::path aside = place / (".zorik-" + std::to_string(getpid()));
+  if (!fs::create_directory(aside, error)) {
+    return CannotWrite(aside, error ? error : std::make_error_code(std::errc::file_exists));
+  }
+  Result<Done, FileFailure> result = WriteAll(files, aside);
+  if (result) result = MoveAll(files, aside, place);
+  fs::remove_all(aside, error);
+  return result;
+}
+
 }  // namespace
 
 std::vector<std::string> NamedCaveFiles(std::string_view collectionFile) {
@@ -71,15 +84,11 @@ Result<TextFiles, TextFailure> ReadTexts(const std::string& folder) {
 Result<Done, FileFailure> WriteTexts(const TextFiles& files, const std::string& folder) {
   const fs::path place = folder;
   std::error_code error;
-  fs::create_directories(place, error);
+  const bool made = fs::create_directories(place, error);
   if (error) return CannotWrite(place, error);
-  const fs::path aside = place / (".zorik-" + std::to_string(getpid()));
-  if (!fs::create_directory(aside, error)) {
-    return CannotWrite(aside, error ? error : std::make_error_code(std::errc::file_exists));
-  }
-  Result<Done, FileFailure> result = WriteAll(files, aside);
-  if (result) result = MoveAll(files, aside, place);
-  fs::remove_all(aside, error);
+  Result<Done, FileFailure> result = WriteInto(place, files);
+  // One that holds something by now stays.
+  if (!result && made) fs::remove(place, error);
   return result;
 }
 

@@ -26,7 +26,7 @@ std::vector<std::string> NamedCaveFiles(std::string_view collectionFile);
 Result<TextFiles, TextFailure> ReadTexts(const std::string& folder);
 
 // Writes them into a folder, which is made if it is not there. All are written aside before the first takes
-// its place, so that a full disk spoils nothing.
+// its place, so that a full disk spoils nothing. A folder that was made in vain is taken away again.
 Result<Done, FileFailure> WriteTexts(const TextFiles& files, const std::string& folder);
 
 // Whether something lies in a folder. It may be an author's own, and the files of the caves would stand

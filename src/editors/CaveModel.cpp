@@ -9,8 +9,6 @@
 namespace zorik {
 namespace {
 
-constexpr char kEmpty = '.';
-constexpr char kAmoebaLetter = 'A';
 constexpr char kUnnumberedDog = 'H';
 
 template <class Visit>

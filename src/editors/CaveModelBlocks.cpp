@@ -8,9 +8,6 @@
 namespace zorik {
 namespace {
 
-constexpr char kEmpty = '.';
-constexpr char kAmoebaLetter = 'A';
-
 EditStep StepOf(CaveTurn turn) {
   constexpr std::array kSteps{EditStep::MirrorAside, EditStep::MirrorUpright, EditStep::TurnRight,
                               EditStep::TurnLeft};

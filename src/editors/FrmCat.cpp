@@ -13,15 +13,16 @@
 #include <QVBoxLayout>
 #include <array>
 
-#include "data/Files.h"
-#include "data/Result.h"
+#include "data/FileTrouble.h"
 #include "editors/EditorKeys.h"
 #include "editors/StepsMenu.h"
 #include "editors/WindowPlace.h"
+#include "platform/PathText.h"
 #include "screens/Hint.h"
 #include "screens/MsgBox.h"
 #include "screens/PlainText.h"
 #include "screens/StartWords.h"
+#include "screens/TroubleWords.h"
 #include "skin/Skin.h"
 
 namespace zorik {
@@ -55,8 +56,11 @@ CatData FindCatData(Skin& skin, QWidget* parent) {
     return AskRetry(skin, parent, skin.Text(TextId::Program), QString::fromStdString(question));
   });
   if (path.empty()) return {};
-  const Result<std::string> bytes = ReadWhole(path);
-  return bytes ? ReadCatData(*bytes) : CatData();
+  const Result<std::string, FileFailure> bytes = ReadFile(path);
+  if (bytes) return ReadCatData(*bytes);
+  Tell(skin, parent, skin.Text(TextId::Program),
+       kNotOpenedWords.Before(skin) + '\n' + ShownPath(path) + LineOfTrouble(skin, bytes.Why().Trouble));
+  return {};
 }
 
 }  // namespace

@@ -14,6 +14,7 @@
 #include "screens/Marks.h"
 #include "screens/MsgBox.h"
 #include "screens/StartWords.h"
+#include "screens/TroubleWords.h"
 
 namespace zorik {
 namespace {
@@ -42,14 +43,9 @@ ProofDesk::ProofDesk(Skin& skin, const CaveModel& cave, EditKom& picture, SidePa
   connect(&work_, &ProofWork::WentOn, this, &ProofDesk::ShowWork);
   connect(&work_, &ProofWork::Solved, this,
           [this](const std::string& record) { OfferRecord(record, "caption.proof.offersolved"); });
-  connect(&work_, &ProofWork::Impossible, this, [this] {
-    told_ = With("caption.proof.impossible");
-    ShowWork();
-  });
-  connect(&work_, &ProofWork::NotRated, this, [this] {
-    told_ = With("caption.proof.bad");
-    ShowWork();
-  });
+  connect(&work_, &ProofWork::Impossible, this, [this] { TellEnd("caption.proof.impossible"); });
+  connect(&work_, &ProofWork::NotPlayable, this, [this] { TellEnd("caption.proof.nocave"); });
+  connect(&work_, &ProofWork::NotRated, this, [this] { TellEnd("caption.proof.bad"); });
   connect(&work_, &ProofWork::Rated, this, &ProofDesk::TellRating);
   connect(page_, &ProofPage::GoWanted, this, &ProofDesk::Go);
   connect(page_, &ProofPage::ShownChanged, this, &ProofDesk::ShowOverlay);
@@ -244,6 +240,11 @@ void ProofDesk::Rate() {
   work_.Rate(CaveText(), verdict->record);
 }
 
+void ProofDesk::TellEnd(const char* key) {
+  told_ = With(key);
+  ShowWork();
+}
+
 void ProofDesk::TellRating(const Rating& rating) {
   const QLocale locale(LanguageOf(skin_));
   told_ = With("caption.proof.paws", QString::number(rating.paws), QString::number(kMostPaws)) + '\n' +
@@ -273,11 +274,7 @@ void ProofDesk::Take() {
   const std::string record = std::exchange(offered_, {});
   if (record.empty()) return;
   const auto put = shelf_.Keep(origin_, cave_.Cave().Name, record);
-  if (!put) {
-    Tell(skin_, picture_.window(), skin_.Text(TextId::Warning),
-         kNotStored.Before(skin_) + '\n' + QString::fromStdString(put.Message()));
-    return;
-  }
+  if (!put) return TellNotStored(put.Why());
   told_ = put->waits ? With("caption.proof.waits") : QString();
   if (!put->keptAs.empty())
     told_ = With("caption.proof.kept", QFileInfo(ShownPath(PathText(put->keptAs))).fileName());
@@ -289,10 +286,13 @@ void ProofDesk::CollectionSaved(const SadaModel& sada) {
   if (origin_.Collection == collection) origin_.File = sada.FileName();
   std::vector<std::string> caves;
   for (int number = 1; number <= sada.ListCount(); ++number) caves.push_back(sada.Cave(number));
-  const Result<Done> saved = shelf_.Saved(collection, sada.FileName(), caves);
-  if (saved) return;
+  const auto saved = shelf_.Saved(collection, sada.FileName(), caves);
+  if (!saved) TellNotStored(saved.Why());
+}
+
+void ProofDesk::TellNotStored(const ProofShelf::NotStored& why) {
   Tell(skin_, picture_.window(), skin_.Text(TextId::Warning),
-       kNotStored.Before(skin_) + '\n' + QString::fromStdString(saved.Message()));
+       kNotStored.Before(skin_) + '\n' + ShownPath(why.path) + LineOfTrouble(skin_, why.Trouble));
 }
 
 }  // namespace zorik

@@ -71,8 +71,11 @@ class ProofDesk : public QObject {
   void Solve();
   void Rate();
   void Take();
+  // What has come of long work that found nothing.
+  void TellEnd(const char* key);
   void TellRating(const Rating& rating);
   void OfferRecord(const std::string& record, const char* key);
+  void TellNotStored(const ProofShelf::NotStored& why);
   QString VerdictText() const;
   QString FlawText(const ProofFlaw& flaw) const;
   QString With(const char* key, const QString& a = {}, const QString& b = {}) const;

@@ -6,6 +6,8 @@
 #include <array>
 #include <cstdlib>
 
+#include "core/Objects.h"
+
 namespace zorik {
 namespace {
 
@@ -24,6 +26,11 @@ QColor ColourOf(int unit) {
 
 QPointF MiddleOf(Cell c, int cellSize) {
   return {(c.x() + 0.5) * cellSize, (c.y() + 0.5) * cellSize};
+}
+
+bool IsSteel(char letter) {
+  const ObjectLetter* const object = FindLetter(letter);
+  return object != nullptr && object->code == kSteel;
 }
 
 bool Beside(Cell a, Cell b) {
@@ -74,7 +81,7 @@ void ProofOverlay::Paint(QPainter& painter, const QRect& cells, int cellSize) co
 void ProofOverlay::PaintUntouched(QPainter& painter, const QRect& cells, int cellSize) const {
   for (int y = cells.top(); y <= cells.bottom(); ++y) {
     for (int x = cells.left(); x <= cells.right(); ++x) {
-      if (!cave_.Inside(x, y) || cave_.At(x, y) == 'W') continue;
+      if (!cave_.Inside(x, y) || IsSteel(cave_.At(x, y))) continue;
       const std::size_t place = Cell(x, y).place();
       if (place < verdict_->touched.size() && verdict_->touched[place]) continue;
       painter.fillRect(QRect(x * cellSize, y * cellSize, cellSize, cellSize), kVeil);

@@ -10,7 +10,6 @@
 #include "data/Lines.h"
 #include "data/ProofFile.h"
 #include "data/RecordFile.h"
-#include "data/Result.h"
 
 namespace zorik {
 namespace {
@@ -54,14 +53,16 @@ std::string ProofShelf::Find(const CaveOrigin& origin, const std::string& caveNa
   }
 }
 
-Result<ProofShelf::Put> ProofShelf::Keep(const CaveOrigin& origin, const std::string& caveName,
-                                         const std::string& record) {
+Result<ProofShelf::Put, ProofShelf::NotStored> ProofShelf::Keep(const CaveOrigin& origin,
+                                                                const std::string& caveName,
+                                                                const std::string& record) {
   if (origin.File.empty()) {
     KeepWaiting(origin, caveName, record);
     return Put{true, {}};
   }
-  Result<std::string> kept = StoreProof(ProofPath(origin.File, caveName, NumberOf(origin, caveName)), record);
-  if (!kept) return Failure{kept.Message()};
+  const std::string path = ProofPath(origin.File, caveName, NumberOf(origin, caveName));
+  Result<std::string, FileFailure> kept = StoreProof(path, record);
+  if (!kept) return NotStored{kept.Why(), path};
   return Put{false, *std::move(kept)};
 }
 
@@ -71,16 +72,16 @@ void ProofShelf::KeepWaiting(const CaveOrigin& origin, const std::string& caveNa
 }
 
 // A collection that was not saved yet may get another name until it is.
-Result<Done> ProofShelf::Saved(const std::string& collection, const std::string& file,
-                               const std::vector<std::string>& caves) {
-  Result<Done> outcome = Done{};
+Result<Done, ProofShelf::NotStored> ProofShelf::Saved(const std::string& collection, const std::string& file,
+                                                      const std::vector<std::string>& caves) {
+  Result<Done, NotStored> outcome = Done{};
   for (auto proof = waiting_.begin(); proof != waiting_.end();) {
     const auto& [key, record] = *proof;
     const auto& [itsCollection, caveName, number] = key;
     const bool due = itsCollection == collection || Proves(record, caves);
-    const Result<std::string> kept =
-        due ? StoreProof(ProofPath(file, caveName, number), record) : std::string();
-    if (!kept) outcome = Failure{kept.Message()};
+    const std::string path = ProofPath(file, caveName, number);
+    const Result<std::string, FileFailure> kept = due ? StoreProof(path, record) : std::string();
+    if (!kept) outcome = NotStored{kept.Why(), path};
     proof = due && kept ? waiting_.erase(proof) : std::next(proof);
   }
   return outcome;

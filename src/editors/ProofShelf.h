@@ -6,7 +6,7 @@
 #include <tuple>
 #include <vector>
 
-#include "data/ResultFwd.h"
+#include "data/FileTrouble.h"
 #include "editors/CaveOrigin.h"
 
 namespace zorik {
@@ -24,15 +24,20 @@ class ProofShelf {
     bool waits = false;  // for the collection to be saved
     std::string keptAs;  // path of the copy of an older one; empty where there was none
   };
-  Result<Put> Keep(const CaveOrigin& origin, const std::string& caveName, const std::string& record);
+  // Why one could not be stored, and which path it should have had.
+  struct NotStored : FileFailure {
+    std::string path;
+  };
+  Result<Put, NotStored> Keep(const CaveOrigin& origin, const std::string& caveName,
+                              const std::string& record);
 
   // Keeps it here even where there is a file, until the collection is saved the next time.
   void KeepWaiting(const CaveOrigin& origin, const std::string& caveName, const std::string& record);
 
   // A collection has been saved: the proofs that wait for it, or for one of its caves as it stands there, are
   // stored. Those that cannot be go on waiting.
-  Result<Done> Saved(const std::string& collection, const std::string& file,
-                     const std::vector<std::string>& caves);
+  Result<Done, NotStored> Saved(const std::string& collection, const std::string& file,
+                                const std::vector<std::string>& caves);
 
  private:
   // The names of the collection and the cave, and which cave of this name it is.

@@ -65,7 +65,9 @@ ProofWork::Progress ProofWork::Done() const {
 void ProofWork::Finish(const Answer& answer) {
   tells_.stop();
   emit WentOn();
-  if (kind_ == Kind::Solve && answer.record.empty()) {
+  if (kind_ == Kind::Solve && !answer.playable) {
+    emit NotPlayable();
+  } else if (kind_ == Kind::Solve && answer.record.empty()) {
     emit Impossible();
   } else if (kind_ == Kind::Solve) {
     emit Solved(answer.record);
@@ -80,6 +82,7 @@ void ProofWork::Look(const std::string& caveText, const std::string& collection,
                      Answer& answer, const Flag& dropped) {
   const RunTerms terms{caveText, collection, 1, {}};
   const auto begin = BeginRun(terms);
+  answer.playable = static_cast<bool>(begin);
   if (!begin || WhyImpossible(**begin)) return;
   const auto solver = std::make_unique<Solver>(**begin, terms.seed, kMostBytes);
   while (!dropped && !solver->Go(kSlice)) {

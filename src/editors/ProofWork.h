@@ -43,8 +43,10 @@ class ProofWork : public QObject {
   void WentOn();
   // A win was found: the bytes of its record.
   void Solved(const std::string& record);
-  // The cave can certainly not be won, or not even be played.
+  // The cave can certainly not be won.
   void Impossible();
+  // It cannot even be begun.
+  void NotPlayable();
   void Rated(const zorik::Rating& rating);
   // The record does not win this cave.
   void NotRated();
@@ -56,6 +58,7 @@ class ProofWork : public QObject {
     std::atomic<int> tries = 0;
   };
   struct Answer {
+    bool playable = false;
     std::string record;
     std::optional<Rating> rating;
   };

@@ -48,7 +48,7 @@ void RecoveryKeeper::Keep() {
   const std::optional<std::string> cave = cave_ ? cave_() : std::nullopt;
   if (!ToBeLost(cave)) return Settle();
   const Result<KeptSada> sada = sada_.Kept(cave);
-  if (sada) Written(store_.Keep(*sada, QDateTime::currentSecsSinceEpoch()));
+  Written(sada ? store_.Keep(*sada, QDateTime::currentSecsSinceEpoch()) : Failure{sada.Message()});
 }
 
 void RecoveryKeeper::Settle() {
@@ -58,7 +58,7 @@ void RecoveryKeeper::Settle() {
 void RecoveryKeeper::Discard() {
   if (ending_ || !ToBeLost(std::nullopt)) return;
   const Result<KeptSada> sada = sada_.Kept(std::nullopt);
-  if (sada) Written(store_.Discard(*sada, QDateTime::currentSecsSinceEpoch()));
+  Written(sada ? store_.Discard(*sada, QDateTime::currentSecsSinceEpoch()) : Failure{sada.Message()});
 }
 
 void RecoveryKeeper::KeepForEnd() {

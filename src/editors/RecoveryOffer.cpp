@@ -18,13 +18,13 @@ constexpr StartWords kFactsWords{"caption.recovery.facts"};
 constexpr StartWords kAgeWords{"caption.recovery.age"};
 constexpr StartWords kOpenItWords{"caption.recovery.open"};
 
-bool AskFor(Skin& skin, QWidget* parent, const KeptEntry& left) {
+std::optional<bool> AskFor(Skin& skin, QWidget* parent, const KeptEntry& left) {
   const QString age = AgeOfKept(skin, left, QDateTime::currentSecsSinceEpoch());
   const QString facts = FillMarks(kFactsWords.In(skin), NameOfKept(left), QString::number(left.Caves));
   const QString question = kLeftWords.In(skin) + "\n\n" + facts + '\n' +
                            FillMarks(kAgeWords.In(skin), TimeOfKept(skin, left), age) + "\n\n" +
                            kOpenItWords.In(skin);
-  return Ask(skin, parent, skin.Text(TextId::Program), question);
+  return AnswerTo(skin, parent, skin.Text(TextId::Program), question);
 }
 
 }  // namespace
@@ -32,7 +32,9 @@ bool AskFor(Skin& skin, QWidget* parent, const KeptEntry& left) {
 std::optional<KeptEntry> OfferLeft(Skin& skin, QWidget* parent, RecoveryStore& store) {
   std::optional<KeptEntry> chosen;
   for (const KeptEntry& left : store.Left()) {
-    if (!chosen && AskFor(skin, parent, left)) {
+    const std::optional<bool> wanted = chosen ? false : AskFor(skin, parent, left);
+    if (!wanted) return std::nullopt;
+    if (*wanted) {
       chosen = left;
       continue;
     }

@@ -12,6 +12,7 @@
 #include "editors/CaveModel.h"
 #include "editors/EditTiles.h"
 #include "screens/PlainText.h"
+#include "screens/StartWords.h"
 #include "skin/Skin.h"
 
 namespace zorik {
@@ -84,7 +85,7 @@ ResizeBox::ResizeBox(Skin& skin, const CaveModel& cave, EditTiles& tiles, QWidge
   how->setWordWrap(true);
   QWidget* const sides = MakeSides(skin);
   auto* const buttons = new QDialogButtonBox(this);
-  auto* const ok = buttons->addButton("OK", QDialogButtonBox::AcceptRole);
+  auto* const ok = buttons->addButton(InMenu(kOkWords.In(skin)), QDialogButtonBox::AcceptRole);
   auto* const no = buttons->addButton(InMenu(skin.Text(TextId::CancelButton)), QDialogButtonBox::RejectRole);
   connect(ok, &QPushButton::clicked, this, &QDialog::accept);
   connect(no, &QPushButton::clicked, this, &QDialog::reject);

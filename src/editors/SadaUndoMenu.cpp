@@ -39,11 +39,16 @@ constexpr std::array<ActRow, 12> kActs{{
     {SadaAct::Open, {"caption.sada.open"}},
 }};
 
+constexpr bool Same(SadaAct act, SadaText text) {
+  return static_cast<int>(act) == static_cast<int>(text);
+}
+
 QString WordsOf(SadaAct act, const Skin& skin) {
   for (const ActRow& row : kActs) {
     if (row.act == act) return row.words.In(skin);
   }
-  static_assert(static_cast<int>(SadaAct::Description) == static_cast<int>(SadaText::Description));
+  static_assert(Same(SadaAct::Name, SadaText::Name) && Same(SadaAct::Author, SadaText::Author) &&
+                Same(SadaAct::Mail, SadaText::Mail) && Same(SadaAct::Description, SadaText::Description));
   return skin.Text(LabelOf(static_cast<SadaText>(act)));
 }
 

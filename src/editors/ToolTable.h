@@ -32,6 +32,10 @@ inline constexpr int kPaletteEnd = kTools.back() + 1;
 inline constexpr int kDogTool = kObjects[kDog].forms[0].palette;
 inline constexpr int kDogs = 9;
 
+// The letters of empty space and of the amoeba.
+inline constexpr char kEmpty = '.';
+inline constexpr char kAmoebaLetter = 'A';
+
 // Which mouse button a tool belongs to.
 enum class ToolButton { Left, Right, Middle };
 inline constexpr int kToolButtons = 3;

@@ -12,6 +12,9 @@ namespace {
 
 constexpr std::string_view kFirstLine = "Zorik recovery 1\n";
 
+// Is there only where there is one, so that most files can be read by older games, too.
+constexpr std::string_view kLeftOut = "congratulation";
+
 std::string NumberLine(std::string_view key, std::int64_t number) {
   return std::string(key) + ' ' + std::to_string(number) + '\n';
 }
@@ -69,6 +72,7 @@ std::string BuildRecovery(const RecoveryFile& file) {
   return std::string(kFirstLine) + NumberLine("time", file.Time) + NumberLine("selected", sada.Selected) +
          NumberLine("faulty", sada.Faulty ? 1 : 0) + TextLines("path", sada.FileName) +
          TextLines("name", sada.Name) + TextLines("author", sada.Author) +
+         (sada.Congratulation.empty() ? "" : TextLines(kLeftOut, sada.Congratulation)) +
          TextLines("collection", sada.Bytes);
 }
 
@@ -80,9 +84,10 @@ Result<RecoveryFile> ReadRecovery(std::string_view bytes) {
   const std::optional<std::int64_t> time = reader.Number("time");
   const std::optional<std::int64_t> selected = time ? reader.Number("selected") : std::nullopt;
   const std::optional<std::int64_t> faulty = selected ? reader.Number("faulty") : std::nullopt;
-  const bool whole = faulty && TakeText(reader, "path", sada.FileName) &&
-                     TakeText(reader, "name", sada.Name) && TakeText(reader, "author", sada.Author) &&
-                     TakeText(reader, "collection", sada.Bytes) && reader.AtEnd();
+  const bool headed = faulty && TakeText(reader, "path", sada.FileName) &&
+                      TakeText(reader, "name", sada.Name) && TakeText(reader, "author", sada.Author);
+  if (headed) TakeText(reader, kLeftOut, sada.Congratulation);
+  const bool whole = headed && TakeText(reader, "collection", sada.Bytes) && reader.AtEnd();
   if (!whole) return Failure{"the collection that is kept here is not whole"};
   file.Time = *time;
   sada.Faulty = *faulty != 0;

@@ -21,7 +21,9 @@ Result<KeptSada> SadaModel::Kept(const std::optional<std::string>& cave) const {
   Chance decoration;  // always the same
   Result<std::string> bytes = BuildCollection(sada, decoration);
   if (!bytes) return Failure{bytes.Message()};
-  return KeptSada{*std::move(bytes), sada_.Name, sada_.Author, file_.Path, file_.Faulty, selected_};
+  KeptSada kept{*std::move(bytes), sada_.Name, sada_.Author, file_.Path, file_.Faulty, selected_};
+  if (EndsWithMarker(sada_.CongratulationText)) kept.Congratulation = sada_.CongratulationText;
+  return kept;
 }
 
 Result<SadaModel::OpenReport> SadaModel::TakeUp(const KeptSada& kept) {
@@ -29,6 +31,7 @@ Result<SadaModel::OpenReport> SadaModel::TakeUp(const KeptSada& kept) {
   if (!report || report->Closed) return report;
   sada_.Name = kept.Name;
   sada_.Author = kept.Author;
+  if (!kept.Congratulation.empty()) sada_.CongratulationText = kept.Congratulation;
   file_ = {kept.FileName, kept.Faulty, {}, nullptr};
   chg_ = true;
   Select(kept.Selected);

@@ -286,21 +286,27 @@ void FrmDialog::ShowText(const QString& title, const QString& text, MsgIcon icon
   PlaceButtons(height() - bottom + kGap);
 }
 
-MsgResult Open(Skin& skin, QWidget* parent, const QString& prompt, MsgButtons buttons, MsgIcon icon,
-               const QString& title, Qt::Key okKey) {
+// What was answered; what stands for it where the program ends is in the result all the same.
+struct Answer {
+  MsgResult result;
+  bool given;
+};
+
+Answer Open(Skin& skin, QWidget* parent, const QString& prompt, MsgButtons buttons, MsgIcon icon,
+            const QString& title, Qt::Key okKey) {
   FrmDialog dialog(skin, parent, buttons);
   dialog.SetOkKey(okKey);
   dialog.ShowText(title.isEmpty() ? QString(kProgramTitle) : title, prompt,
                   icon == MsgIcon::OfSet ? IconOf(buttons) : icon);
-  dialog.exec();
-  return dialog.Result();
+  const bool given = dialog.exec() != QDialog::Rejected;
+  return {dialog.Result(), given};
 }
 
 }  // namespace
 
 MsgResult SkinMsgBox(Skin& skin, QWidget* parent, const QString& prompt, MsgButtons buttons, MsgIcon icon,
                      const QString& title) {
-  return Open(skin, parent, prompt, buttons, icon, title, Qt::Key_unknown);
+  return Open(skin, parent, prompt, buttons, icon, title, Qt::Key_unknown).result;
 }
 
 void Tell(Skin& skin, QWidget* parent, const QString& title, const QString& text, Qt::Key key) {
@@ -313,6 +319,11 @@ bool AskRetry(Skin& skin, QWidget* parent, const QString& title, const QString& 
 
 bool Ask(Skin& skin, QWidget* parent, const QString& title, const QString& text) {
   return SkinMsgBox(skin, parent, text, MsgButtons::YesNo, MsgIcon::OfSet, title) == MsgResult::Yes;
+}
+
+std::optional<bool> AnswerTo(Skin& skin, QWidget* parent, const QString& title, const QString& text) {
+  const Answer answer = Open(skin, parent, text, MsgButtons::YesNo, MsgIcon::OfSet, title, Qt::Key_unknown);
+  return answer.given ? std::optional(answer.result == MsgResult::Yes) : std::nullopt;
 }
 
 void Tell(QWidget* parent, const QString& title, const QString& text) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <optional>
 
 class QWidget;
 
@@ -38,6 +39,9 @@ void Tell(Skin& skin, QWidget* parent, const QString& title, const QString& text
 
 // A question with yes and no; true for yes.
 bool Ask(Skin& skin, QWidget* parent, const QString& title, const QString& text);
+
+// The same; nothing where it went unanswered, as the program ends.
+std::optional<bool> AnswerTo(Skin& skin, QWidget* parent, const QString& title, const QString& text);
 
 // A question whether to try something again, with retry and cancel; true for retry.
 bool AskRetry(Skin& skin, QWidget* parent, const QString& title, const QString& text);

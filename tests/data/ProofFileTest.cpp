@@ -33,7 +33,9 @@ TEST(ProofFile, KeepsWhatItHeldBeside) {
 
 TEST(ProofFile, TellsWhenItCannotBeWritten) {
   const TempFolder folder("ProofFile");
-  EXPECT_FALSE(StoreProof(folder.Path() + "/nowhere/moje - Kost.zkr", "one"));
+  const auto stored = StoreProof(folder.Path() + "/nowhere/moje - Kost.zkr", "one");
+  ASSERT_FALSE(stored);
+  EXPECT_EQ(stored.Why().Trouble, FileTrouble::NoFolder);
 }
 
 }  // namespace

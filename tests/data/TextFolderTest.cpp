@@ -50,6 +50,15 @@ TEST_F(TextFolderTest, ChangesNothingWhenOneOfThemCannotBeWritten) {
   EXPECT_EQ(std::distance(std::filesystem::directory_iterator(temp_.Path()), {}), 1);
 }
 
+TEST_F(TextFolderTest, LeavesNoEmptyFolderWhereItMadeOneInVain) {
+  const TextFiles files{{std::string(300, 'x'), "no disk has this name"}};
+  EXPECT_FALSE(WriteTexts(files, Path("new")));
+  EXPECT_FALSE(std::filesystem::exists(Path("new")));
+  std::filesystem::create_directory(Path("mine"));
+  EXPECT_FALSE(WriteTexts(files, Path("mine")));
+  EXPECT_TRUE(std::filesystem::exists(Path("mine")));
+}
+
 TEST_F(TextFolderTest, SaysWhyItCannotBeMade) {
   Write("file", "no folder");
   const auto written = WriteTexts({{"one.txt", "new"}}, Path("file/folder"));

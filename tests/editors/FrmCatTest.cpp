@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <filesystem>
 
 #include "editors/FrmCatScreen.h"
 
@@ -373,6 +374,21 @@ TEST_F(FrmCatTest, AsksAgainForAFileThatIsInNoSkin) {
   });
   EXPECT_EQ(program, "*A-A/Z");
   EXPECT_TRUE(dialogs_.said[0].contains("catdata")) << dialogs_.said[0].toStdString();
+}
+
+TEST_F(FrmCatTest, TellsOfAFileThatCannotBeRead) {
+  test::TestSkin skin;
+  skin.Data("");
+  // It opens, but nothing can be read at its beginning.
+  std::filesystem::create_symlink("/proc/self/mem", skin.Places().SkinsPath + "/Default/Menu/catdata.txt");
+  skin.Apply();
+  dialogs_.Press("ok");
+  EditIn(skin.Skin(), "*A/Z", [this] {
+    EXPECT_EQ(List("lstCmds").count(), 0);
+    Press("Command4");
+  });
+  EXPECT_TRUE(dialogs_.said[0].startsWith("Soubor nelze otevřít:")) << dialogs_.said[0].toStdString();
+  EXPECT_TRUE(dialogs_.said[0].contains("catdata.txt")) << dialogs_.said[0].toStdString();
 }
 
 // The window

@@ -382,5 +382,43 @@ TEST_F(FrmMainProofTest, LosesNoWaitingProofThatCannotBeStored) {
   EXPECT_EQ(*ReadWhole(Path()), RecordOf(kProvenCave, kWay));
 }
 
+// Whatever the system's own words are, they are no Czech ones.
+TEST_F(FrmMainProofTest, TellsInThePlayersLanguageWhyAProofIsNotStored) {
+  const auto expect = [](const test::Boxes& boxes) {
+    ASSERT_EQ(boxes.said.size(), 1);
+    EXPECT_TRUE(boxes.said[0].startsWith("Důkaz se nepodařilo uložit:")) << boxes.said[0].toStdString();
+    EXPECT_TRUE(boxes.said[0].contains("Test.zkr")) << boxes.said[0].toStdString();
+    EXPECT_TRUE(boxes.said[0].endsWith("Taková složka neexistuje.")) << boxes.said[0].toStdString();
+    EXPECT_FALSE(boxes.said[0].contains("cannot")) << boxes.said[0].toStdString();
+  };
+  OpenCave(kProvenCave, false);
+  window->Proof().Won(RecordOf(kProvenCave, kWay));
+  Press("btnTake");
+  SadaModel sada({}, 1);
+  sada.SetText(SadaText::Name, "sada");
+  ASSERT_TRUE(sada.Save(folder.Path() + "/sada.zk"));
+  fs::remove_all(folder.Path());
+  {
+    const test::Boxes boxes;
+    window->Proof().CollectionSaved(sada);
+    expect(boxes);
+  }
+  OpenCave(kProvenCave);
+  window->Proof().Won(RecordOf(kProvenCave, kLongerWay));
+  const test::Boxes boxes;
+  Press("btnTake");
+  expect(boxes);
+}
+
+TEST(ProofWorkTest, DoesNotCallACaveImpossibleThatCannotBePlayed) {
+  ProofWork work;
+  const QSignalSpy impossible(&work, &ProofWork::Impossible);
+  const QSignalSpy unplayable(&work, &ProofWork::NotPlayable);
+  work.Solve("this is no cave", "sada");
+  EXPECT_TRUE(QTest::qWaitFor([&work] { return work.Doing() == ProofWork::Kind::None; }));
+  EXPECT_EQ(impossible.count(), 0);
+  EXPECT_EQ(unplayable.count(), 1);
+}
+
 }  // namespace
 }  // namespace zorik

@@ -365,6 +365,19 @@ TEST_F(OfferTest, AsksNoMoreOnceOneIsTaken) {
   EXPECT_EQ(Discarded(), Names{"Stara"});
 }
 
+TEST_F(OfferTest, LeavesWhatItGotNoAnswerAboutForTheNextStart) {
+  Leave("Stara", 7200);
+  Leave("Nova", 60);
+  dialogs.Press("no").Then([](QWidget& /*dialog*/) { QCoreApplication::exit(); });
+  EXPECT_FALSE(OfferLeft(skin, nullptr, Keeper().Store()));
+  EXPECT_EQ(Discarded(), Names{"Nova"});
+  ASSERT_EQ(Found().size(), 1U);
+  EXPECT_EQ(Found()[0].Name, "Stara");
+  // The toolkit takes the end for lasting until it is run anew.
+  QTimer::singleShot(0, qApp, [] { QCoreApplication::exit(); });
+  QApplication::exec();
+}
+
 TEST_F(OfferTest, CountsAnAgeInWhatIsEasyToRead) {
   KeptEntry entry;
   entry.Time = 1000000;

@@ -1,8 +1,10 @@
 #include <QDialog>
+#include <QPushButton>
 #include <QSpinBox>
 
 #include "editors/EditorScreen.h"
 #include "editors/ResizeBox.h"
+#include "screens/TestSkin.h"
 
 namespace zorik {
 namespace {
@@ -72,6 +74,15 @@ TEST_F(ResizeBoxTest, ShowsWhatTheCaveWouldLookLike) {
     EXPECT_EQ(picture->grab().toImage(), before);
     box.reject();
   });
+}
+
+TEST_F(ResizeBoxTest, HasTheSkinsWordOnItsButton) {
+  test::TestSkin own;
+  own.Data("caption.dialog.ok=Budiz\n");
+  own.Apply();
+  EditTiles tiles;
+  const ResizeBox box(own.Skin(), test::Opened(kRoom), tiles, nullptr);
+  EXPECT_EQ(box.findChild<QPushButton*>()->text(), "Budiz");
 }
 
 }  // namespace

@@ -7,14 +7,25 @@
 namespace zorik {
 namespace {
 
-const RecoveryFile kFile{1700000000,
-                         {"lines\r\nof the collection\n", "N\xE1zev\nname 3", "Eva", "/a/b\nc.zk", true, 7}};
+const RecoveryFile kFile{
+    1700000000,
+    {"lines\r\nof the collection\n", "N\xE1zev\nname 3", "Eva", "/a/b\nc.zk", true, 7, "Hura---02"}};
 
 TEST(RecoveryFileTest, GivesBackWhatWasPutIn) {
   const Result<RecoveryFile> read = ReadRecovery(BuildRecovery(kFile));
   ASSERT_TRUE(read) << read.Message();
   EXPECT_EQ(read->Time, kFile.Time);
   EXPECT_EQ(read->Sada, kFile.Sada);
+}
+
+TEST(RecoveryFileTest, NeedNotHoldWhatTheFileOfTheCollectionHolds) {
+  RecoveryFile file = kFile;
+  file.Sada.Congratulation.clear();
+  const std::string bytes = BuildRecovery(file);
+  EXPECT_EQ(bytes.find("congratulation"), std::string::npos);
+  const Result<RecoveryFile> read = ReadRecovery(bytes);
+  ASSERT_TRUE(read) << read.Message();
+  EXPECT_EQ(read->Sada, file.Sada);
 }
 
 TEST(RecoveryFileTest, IsNoneWhenAnythingOfItLacks) {

@@ -347,6 +347,13 @@ TEST_F(TakingUpTest, HasTextsThatNoFileHasRoomForWhole) {
   EXPECT_EQ(other_.Text(SadaText::Author), std::string(250, 'A'));
 }
 
+TEST_F(TakingUpTest, HasACongratulationThatWouldReadLikeACave) {
+  sada_.SetCongratulation("Hura---02");
+  ASSERT_TRUE(other_.TakeUp(*sada_.Kept(std::nullopt)));
+  EXPECT_EQ(other_.CongratulationText(), "Hura---02");
+  EXPECT_EQ(other_.ListCount(), 1);
+}
+
 TEST_F(TakingUpTest, KeepsTheDamagedFileBesideItAtTheNextSave) {
   const test::TempFolder temp("faulty");
   const std::string path = temp.Path() + "/a.zk";
