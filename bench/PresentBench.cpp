@@ -27,7 +27,7 @@ class Presented : public Stage {
     QApplication::processEvents();
   }
 
-  void Show() { ram_.ShowChange(painter_, painter_.Look(hra_, kFrame)); }
+  void Show() { ram_.ShowChanges(painter_, painter_.Look(hra_, kFrame)); }
   // The view goes a little to one side or the other.
   void Scroll(bool there) {
     hra_.Dog[1].x = there ? 20 : 60;

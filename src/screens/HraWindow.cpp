@@ -179,11 +179,11 @@ void HraWindow::AfterTick(TickEnd end) {
 
 void HraWindow::PresentView() {
   if (hra_.CaveWidth == 0) return;
-  const PictureChange& change = painter_.Look(hra_, ram_->PixelSize(), motion_.Way());
+  const QRegion& changed = painter_.Look(hra_, ram_->PixelSize(), motion_.Way());
   Overlay overlay = ghost_.Beside(hra_, painter_, motion_.Way());
   controls_->Now().LayOver(overlay, painter_);
   ram_->SetOverlay(painter_.Lay(overlay));
-  ram_->ShowChange(painter_, change);
+  ram_->ShowChanges(painter_, changed);
   if (std::exchange(flash_, false) && !settings_.LessFlashing) pctBlesk_->ShowOnce();
 }
 

@@ -50,24 +50,11 @@ void Ram::Show(PartPainter& picture) {
   repaint();
 }
 
-void Ram::ShowChange(PartPainter& picture, const PictureChange& change) {
+void Ram::ShowChanges(PartPainter& picture, const QRegion& changed) {
   if (&picture != picture_ || picture.Size() != shown_) return Show(picture);
-  const QRegion painted = Move(change);
-  if (!copy_.isNull()) due_ += change.way.isNull() ? painted : QRect(QPoint(), shown_);
-  const QRegion all = painted + std::exchange(overlaid_, {});
+  if (!copy_.isNull()) due_ += changed;
+  const QRegion all = changed + std::exchange(overlaid_, {});
   repaint(OnWidget(all.translated(Place().topLeft())));
-}
-
-// Lets the screen move what shows there already, and answers what is left to be painted. That is quick: the
-// screen's pixels need not come here. What was laid over the picture has gone along.
-QRegion Ram::Move(const PictureChange& change) {
-  if (change.way.isNull()) return change.painted;
-  if (devicePixelRatioF() != 1) return QRect(QPoint(), shown_);
-  const QRegion laid = overlaid_ + overlay_.Touched();
-  overlaid_ = laid + laid.translated(change.way);
-  const QRect from = change.moved.translated(-change.way);
-  scroll(change.way.x(), change.way.y(), (from | change.moved).translated(Place().topLeft()));
-  return change.painted;
 }
 
 void Ram::SetOverlay(LaidOverlay overlay) {

@@ -24,8 +24,8 @@ class Ram : public QWidget {
   // is, and is painted again as it is then whenever the desktop asks for it.
   void Show(PartPainter& picture);
 
-  // The same for a picture that shows already and has changed in this way.
-  void ShowChange(PartPainter& picture, const PictureChange& change);
+  // The same for a picture that shows already, of which this part, in its pixels, has changed.
+  void ShowChanges(PartPainter& picture, const QRegion& changed);
 
   // Lays something over the pictures that are shown from now on, in place of what lay there.
   void SetOverlay(LaidOverlay overlay);
@@ -40,7 +40,6 @@ class Ram : public QWidget {
   // Where the picture stands, in pixels of the screen.
   QRect Place() const;
   QRegion OnWidget(const QRegion& pixels) const;
-  QRegion Move(const PictureChange& change);
   const QImage& Copy();
 
   PartPainter* picture_ = nullptr;

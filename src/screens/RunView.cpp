@@ -32,7 +32,7 @@ void RunView::ShowTick(int tick) {
 
 void RunView::Compose() {
   if (!run_ || ram_->PixelSize().isEmpty()) return;
-  ram_->ShowChange(painter_, painter_.Look(*run_, ram_->PixelSize()));
+  ram_->ShowChanges(painter_, painter_.Look(*run_, ram_->PixelSize()));
 }
 
 // Its cells are as wide as high.

@@ -12,13 +12,13 @@ void CavePainter::CaveOpens(const Hra& hra) {
 }
 
 // Many small parts cost more than all of it.
-const PictureChange& CavePainter::Look(const Hra& hra, QSize frame, double way) {
+const QRegion& CavePainter::Look(const Hra& hra, QSize frame, double way) {
   constexpr int kMostParts = 100;
   const DrawnView& drawn = view_.Look(hra, tiles_.Table(), ToPixels(frame), way);
-  change_ = ChangeOf(drawn);
+  changed_ = ChangedIn(drawn);
   if (!drawn.cells.empty()) tiles_.Prepare(ToQSize(drawn.cell));
-  if (OnTheWay() && change_.painted.rectCount() > kMostParts) change_ = {QRect(QPoint(), Size()), {}, {}};
-  return change_;
+  if (OnTheWay() && changed_.rectCount() > kMostParts) changed_ = QRect(QPoint(), Size());
+  return changed_;
 }
 
 void CavePainter::PaintPart(const QRegion& part, QImage& target, QPoint corner) {

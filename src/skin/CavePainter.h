@@ -48,15 +48,15 @@ class CavePainter final : public PartPainter {
   bool ScrollView() const { return view_.ScrollView(); }
 
   // Looks at the cave as it is now, for a picture as large as fits into a frame of this size in pixels, and
-  // answers how it has changed since the last look. With a way from 0 to 1 it is that far from the end of
+  // answers what has changed in it since the last look. With a way from 0 to 1 it is that far from the end of
   // the tick before to the end of the last one.
-  const PictureChange& Look(const Hra& hra, QSize frame, double way = 1);
+  const QRegion& Look(const Hra& hra, QSize frame, double way = 1);
 
   // Whether the last look saw what moves on its way.
   bool OnTheWay() const { return view_.Way() < 1; }
 
   // What the last look has found changed.
-  const PictureChange& Change() const { return change_; }
+  const QRegion& Changed() const { return changed_; }
 
   // The picture of the last look.
   QSize Size() const override { return ToQSize(view_.Drawn().size); }
@@ -86,7 +86,7 @@ class CavePainter final : public PartPainter {
   TileSets tiles_;
   SeenCave view_;
   Decoration around_;
-  PictureChange change_;
+  QRegion changed_;
 };
 
 }  // namespace zorik

@@ -123,15 +123,11 @@ class ChangedRuns {
 
 }  // namespace
 
-PictureChange ChangeOf(const DrawnView& drawn) {
-  const QRect whole(QPoint(), ToQSize(drawn.size));
-  if (drawn.fresh && !drawn.Keeps()) return {whole, {}, {}};
+QRegion ChangedIn(const DrawnView& drawn) {
+  if (drawn.fresh) return QRect(QPoint(), ToQSize(drawn.size));
   ChangedRuns changed(drawn);
   for (const DrawnView::Place& place : drawn.changed) changed.Add(place.column, place.row);
-  if (!drawn.fresh) return {changed.Region(), {}, {}};
-  const QRect kept(QPoint(drawn.across.from, drawn.down.from),
-                   QPoint(drawn.across.to - 1, drawn.down.to - 1));
-  return {(QRegion(whole) - kept) + changed.Region(), kept, {drawn.across.way, drawn.down.way}};
+  return changed.Region();
 }
 
 void PaintPart(const DrawnView& drawn, TileSets& tiles, const QRegion& part, QImage& target, QPoint corner) {

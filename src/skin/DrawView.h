@@ -4,7 +4,6 @@
 #include <QRegion>
 #include <QSize>
 
-#include "skin/PartPainter.h"
 #include "skin/TileSets.h"
 #include "view/CellPictures.h"
 #include "view/DrawnView.h"
@@ -25,8 +24,8 @@ inline QSize DrawnSize(const ViewArea& view, QSize cell) {
   return ToQSize(DrawnSize(view, cell.width(), cell.height()));
 }
 
-// How a view looks different from the time before its last look.
-PictureChange ChangeOf(const DrawnView& drawn);
+// Where a view looks different from the time before its last look.
+QRegion ChangedIn(const DrawnView& drawn);
 
 // Paints a part of the view: what a PartPainter does.
 void PaintPart(const DrawnView& drawn, TileSets& tiles, const QRegion& part, QImage& target, QPoint corner);

@@ -7,13 +7,6 @@
 
 namespace zorik {
 
-// What makes a picture of what it showed before.
-struct PictureChange {
-  QRegion painted;  // has to be painted
-  QRect moved;      // where the rest of it stands now
-  QPoint way;       // how far that has come, all at once
-};
-
 // A picture that is nowhere kept as a whole: it is painted in parts, straight to where it is seen.
 class PartPainter {
  public:

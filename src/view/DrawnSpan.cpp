@@ -32,24 +32,4 @@ std::vector<DrawnSpan> WithoutOverlaps(std::vector<DrawnSpan> spans) {
   return spans;
 }
 
-// All cells scroll by the same way, but for the first one: where it is cut, rounding goes the other way. So
-// what the first cell was before, or is now, may be a pixel beside where it should have gone.
-KeptSpans KeptIn(const std::vector<DrawnSpan>& spans, const std::vector<DrawnSpan>& before) {
-  KeptSpans kept;
-  for (std::size_t i = spans.size(); i-- > 0;) {
-    const std::size_t place = PlaceBefore(spans, before, i);
-    if (place >= before.size()) continue;
-    const DrawnSpan &now = spans[i], &old = before[place];
-    const int way = (now.start - now.cut) - (old.start - old.cut);
-    const int from = std::max(now.start, old.start + way);
-    const int to = std::min(now.start + now.length, old.start + old.length + way);
-    if (from >= to) continue;
-    if (kept.Empty()) kept = {i + 1, i + 1, to, to, way};
-    if (way != kept.way || to != kept.from) break;
-    kept.first = i;
-    kept.from = from;
-  }
-  return kept;
-}
-
 }  // namespace zorik

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstddef>
 #include <vector>
 
 namespace zorik {
@@ -21,27 +20,5 @@ std::vector<DrawnSpan> SpansOf(int from, int extent, int cellSize);
 
 // Where cells overlap by a pixel the later one is seen, so that the earlier one is drawn without it.
 std::vector<DrawnSpan> WithoutOverlaps(std::vector<DrawnSpan> spans);
-
-// What a view that has scrolled still has of the one before, all of it by the same way further on: these
-// pixels, of the spans from first to before end.
-struct KeptSpans {
-  std::size_t first = 0;
-  std::size_t end = 0;
-  int from = 0;
-  int to = 0;
-  int way = 0;
-
-  bool Empty() const { return first == end; }
-  bool Has(std::size_t i) const { return i >= first && i < end; }
-};
-
-// What a view keeps of the spans that it had before, with cells of the same size.
-KeptSpans KeptIn(const std::vector<DrawnSpan>& spans, const std::vector<DrawnSpan>& before);
-
-// The place that one of the spans, which was kept, had before.
-inline std::size_t PlaceBefore(const std::vector<DrawnSpan>& spans, const std::vector<DrawnSpan>& before,
-                               std::size_t i) {
-  return static_cast<std::size_t>(spans[i].cell - before.front().cell);
-}
 
 }  // namespace zorik

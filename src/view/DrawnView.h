@@ -54,11 +54,7 @@ struct DrawnView {
   CellSet touched;                       // by what was on its way
 
   bool fresh = true;           // the last look found it another view: all of it has changed
-  KeptSpans across, down;      // unless it has only gone further on: these columns in these rows
-  std::vector<Place> changed;  // those of the cells that do not have to be new and have changed, row by row
-
-  // Whether anything was in view before, too.
-  bool Keeps() const { return !across.Empty() && !down.Empty(); }
+  std::vector<Place> changed;  // otherwise those of the cells, row by row
 
   const Shown& At(std::size_t column, std::size_t row) const { return cells[row * columns.size() + column]; }
 };

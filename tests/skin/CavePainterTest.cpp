@@ -83,9 +83,9 @@ TEST_F(CavePainterTest, PaintsOverTheLastPictureWhatItWouldPaintFromNothing) {
       for (int tick = 0; tick < 90; ++tick) {
         test::Pass(hra_, 1, tick < 20 ? "R" : tick < 30 ? "D" : ".");
         painter_->Look(hra_, frame);
-        test::Bring(*painter_, shown);
+        painter_->PaintPart(painter_->Changed(), shown, {});
         ASSERT_EQ(shown, other.Compose(frame)) << "tick " << tick << ", scrolls: " << scrolls;
-        if (painter_->Change().painted != QRegion(shown.rect())) ++partly;
+        if (painter_->Changed() != QRegion(shown.rect())) ++partly;
       }
       EXPECT_GE(partly, 30) << "the view stands still in the end";
       hra_.SetStage(*this);
@@ -96,13 +96,12 @@ TEST_F(CavePainterTest, PaintsOverTheLastPictureWhatItWouldPaintFromNothing) {
 TEST_F(CavePainterTest, ChangesNothingWhereNothingHappens) {
   Start({"1;..;", ".;;.."});
   EXPECT_EQ(painter_->Compose(hra_, {200, 80}).size(), QSize(200, 80));
-  EXPECT_EQ(painter_->Change().painted, QRegion(0, 0, 200, 80)) << "it was drawn from nothing";
+  EXPECT_EQ(painter_->Changed(), QRegion(0, 0, 200, 80)) << "it was drawn from nothing";
   painter_->Compose(hra_, {200, 80});
-  EXPECT_TRUE(painter_->Change().painted.isEmpty());
+  EXPECT_TRUE(painter_->Changed().isEmpty());
   test::Pass(hra_, 1, "R");
   painter_->Compose(hra_, {200, 80});
-  EXPECT_EQ(painter_->Change().painted, QRegion(0, 0, 80, 40))
-      << "the dog has gone from one cell to the next";
+  EXPECT_EQ(painter_->Changed(), QRegion(0, 0, 80, 40)) << "the dog has gone from one cell to the next";
 }
 
 // Any part of any picture: cells in part, the pixels left at the far edges, an image that is smaller.

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QPainter>
 #include <memory>
 
 #include "PictureFolder.h"
@@ -22,17 +21,6 @@ inline Picture Bustle() {
   }
   picture[6][5] = '1';
   return picture;
-}
-
-// Makes of the picture that is shown the one that the painter has looked at since, as it is done on a screen:
-// what has gone further on is moved, the rest is painted.
-inline void Bring(CavePainter& painter, QImage& shown) {
-  const PictureChange& change = painter.Change();
-  if (!change.way.isNull()) {
-    const QImage moved = shown.copy(change.moved.translated(-change.way));
-    QPainter(&shown).drawImage(change.moved.topLeft(), moved);
-  }
-  painter.PaintPart(change.painted, shown, {});
 }
 
 // A run and its painter, in a skin of plain colours.
