@@ -1,7 +1,6 @@
 // The list of caves, by mouse and keys.
 #include <gtest/gtest.h>
 
-
 #include "editors/SadaList.h"
 #include "editors/SadaScreen.h"
 
