@@ -109,6 +109,7 @@ step "a record in a window"
 mkdir -p "$root/home/player/.config/Ortvan" "$root/home/player/.local/share/zorik/Players/Hana"
 printf '[General]\nSkin=English\n' >"$root/home/player/.config/Ortvan/Zorik2.ini"
 inside root chown -R player:player /home/player
+rm -f "$folder/display"  # of an earlier run
 Xvfb -displayfd 3 -screen 0 1280x800x24 3>"$folder/display" 2>/dev/null &
 display_pid=$!
 for ((i = 0; i < 100; ++i)); do
