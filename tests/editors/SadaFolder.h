@@ -34,6 +34,23 @@ class SadaTest : public testing::Test {
     const Result<std::string> bytes = ReadWhole(Path(name));
     return bytes ? PlainLines(*bytes) : std::vector<std::string>();
   }
+  // The file that would be written, with the same decoration each time.
+  std::string Bytes() {
+    EditedCollection sada;
+    sada.Name = sada_.Text(SadaText::Name);
+    sada.Author = sada_.Text(SadaText::Author);
+    sada.Mail = sada_.Text(SadaText::Mail);
+    sada.Description = sada_.Text(SadaText::Description);
+    sada.CongratulationText = sada_.CongratulationText();
+    for (int number = 1; number <= sada_.ListCount(); ++number) {
+      sada.CaveList.push_back(sada_.Cave(number));
+      sada.OpenFlags.set(static_cast<std::size_t>(number), sada_.IsOpen(number));
+    }
+    Chance decoration(1);
+    const Result<std::string> bytes = BuildCollection(sada, decoration);
+    EXPECT_TRUE(bytes);
+    return bytes ? *bytes : std::string();
+  }
   SadaModel::OpenReport Opened(const std::string& bytes) {
     const auto report = sada_.Open(Write("o.zk", bytes));
     EXPECT_TRUE(report) << (report ? "" : report.Message());
