@@ -157,16 +157,5 @@ TEST(ContactSheetTest, FillsItsRowsFromTheLeft) {
   }
 }
 
-TEST(ContactSheetTest, ShowsACaveInTheMiddleOfItsPlace) {
-  const QImage sheet = ContactSheet(kPlaces, "Sada", Caves(1));
-  const QRect place = PlaceOnSheet(0, 1);
-  // Six cells by five, as high as the place.
-  const int aside = (place.width() - place.height() * 6 / 5) / 2;
-  const QSize strip(aside - 2, place.height());
-  EXPECT_EQ(Colours(sheet, QRect(place.topLeft(), strip)), 1U);
-  EXPECT_EQ(Colours(sheet, QRect(place.topRight() - QPoint(aside - 3, 0), strip)), 1U);
-  EXPECT_GT(Colours(sheet, QRect(place.left() + aside, place.center().y(), 20, 5)), 1U);
-}
-
 }  // namespace
 }  // namespace zorik::test
