@@ -9,6 +9,11 @@ namespace zorik {
 
 namespace {
 
+// One of the 128 characters that are the same in both encodings.
+bool IsPlain(char character) {
+  return static_cast<unsigned char>(character) < 0x80U;
+}
+
 // Code points of the bytes from 128 on.
 constexpr std::array<char32_t, 128> kUpperHalf = {
     0x20AC, 0x0081, 0x201A, 0x0083, 0x201E, 0x2026, 0x2020, 0x2021,  // 80
@@ -97,6 +102,7 @@ char LowerCaseOf(char character) {
   const bool plainLetter = byte >= 'A' && byte <= 'Z';
   const bool accentedLetter = byte >= 0xC0 && byte <= 0xDE && byte != kTimesSign;
   if (plainLetter || accentedLetter) return static_cast<char>(byte + 0x20);
+  if (IsPlain(character)) return character;
   const std::size_t place = kScatteredCapitals.find(character);
   return place == std::string_view::npos ? character : kScatteredSmall[place];
 }
@@ -174,7 +180,9 @@ std::string LowerCase(std::string_view text) {
   return lower;
 }
 
+// Of all that are folded at a start nearly each is plain.
 std::string FoldFileName(std::string_view name) {
+  if (std::all_of(name.begin(), name.end(), IsPlain)) return LowerCase(name);
   if (!IsUtf8(name)) return ToUtf8(LowerCase(name));
   std::string folded;
   while (!name.empty()) {

@@ -63,12 +63,6 @@ TheatreBar::TheatreBar(QWidget* parent)
       again_(NewButton("again")),
       takeOver_(NewButton("takeover")) {
   setObjectName("theatre");
-  play_->SetPicture(TransportPicture(Transport::Stop));
-  back_->SetPicture(TransportPicture(Transport::Back));
-  forward_->SetPicture(TransportPicture(Transport::Forward));
-  slower_->SetPicture(TransportPicture(Transport::Slower));
-  faster_->SetPicture(TransportPicture(Transport::Faster));
-  page_->SetPicture(TransportPicture(Transport::Page));
   connect(back_, &BarButton::Clicked, this, [this] { emit Stepped(-1); });
   connect(forward_, &BarButton::Clicked, this, [this] { emit Stepped(1); });
   connect(slower_, &BarButton::Clicked, this, [this] { emit SpeedClicked(-1); });
@@ -94,6 +88,17 @@ void TheatreBar::SetWords(const Skin& skin) {
   PlaceAgain();
 }
 
+// Drawn for the first run, which most starts of the game never come to.
+void TheatreBar::DrawSigns() {
+  if (std::exchange(signsDrawn_, true)) return;
+  play_->SetPicture(TransportPicture(stands_ ? Transport::Play : Transport::Stop));
+  back_->SetPicture(TransportPicture(Transport::Back));
+  forward_->SetPicture(TransportPicture(Transport::Forward));
+  slower_->SetPicture(TransportPicture(Transport::Slower));
+  faster_->SetPicture(TransportPicture(Transport::Faster));
+  page_->SetPicture(TransportPicture(Transport::Page));
+}
+
 void TheatreBar::SetRun(int length, const std::vector<RunEvent>& events) {
   std::vector<SeekLine::Mark> marks;
   for (const MarkLook& look : kMarks) {
@@ -102,6 +107,7 @@ void TheatreBar::SetRun(int length, const std::vector<RunEvent>& events) {
     }
   }
   line_->SetRun(length, std::move(marks));
+  DrawSigns();
 }
 
 void TheatreBar::ShowMoment(int tick, bool stands) {

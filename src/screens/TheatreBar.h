@@ -54,8 +54,10 @@ class TheatreBar : public FloatingBar {
  private:
   void PlaceWide(BarButton& button, int right);
   void DrawWords(QPainter& painter) const;
+  void DrawSigns();
 
   bool stands_ = false;
+  bool signsDrawn_ = false;
   QString speed_;
   QRect moment_;  // where the clock and the tick are written
   QRect number_;  // and the speed
