@@ -164,6 +164,8 @@ bool IsControl(char character) {
 }
 
 std::string WithoutControls(std::string_view utf8) {
+  const auto stays = [](char character) { return IsPlain(character) && !IsControl(character); };
+  if (std::all_of(utf8.begin(), utf8.end(), stays)) return std::string(utf8);
   std::string text;
   while (!utf8.empty()) {
     const std::string_view before = utf8;

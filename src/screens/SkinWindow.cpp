@@ -23,6 +23,7 @@ constexpr int kSeen = 64;
 
 void ClearOutside(QImage& image) {
   const QRgb outside = image.pixel(0, 0);
+  if (outside == 0) return;
   for (int y = 0; y < image.height(); ++y) {
     auto* const line = reinterpret_cast<QRgb*>(image.scanLine(y));
     std::replace(line, line + image.width(), outside, qRgba(0, 0, 0, 0));
@@ -41,6 +42,8 @@ void SkinSurface::SetPicture(const QImage& picture) {
   picture_ = picture.convertToFormat(QImage::Format_ARGB32);
   if (picture_.isNull()) return;
   ClearOutside(picture_);
+  // What is laid over and what is drawn need it in this form, and would each change it anew.
+  picture_.convertTo(QImage::Format_ARGB32_Premultiplied);
   window_->setFixedSize(picture_.size());
   Shape();
   window_->update();

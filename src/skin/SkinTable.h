@@ -2,11 +2,10 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <functional>
-#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 namespace zorik {
@@ -48,7 +47,7 @@ class SkinTable {
   void Index();
 
   std::vector<Entry> entries_;
-  std::map<std::string, std::size_t, std::less<>> last_;  // the last pair of each key
+  std::unordered_map<std::string, std::size_t> last_;  // the last pair of each key
   std::size_t passedOver_ = 0;
   std::string prefix_;
   // Characters in front of the last "=" that was seen; a line without one is divided at the same place.
