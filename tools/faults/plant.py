@@ -70,7 +70,7 @@ class Planter:
 
     def walk(self, cursor, parent=None):
         kind = cursor.kind
-        if kind == K.VAR_DECL and self.constant(cursor) or kind in (K.STATIC_ASSERT, K.CASE_STMT):
+        if kind in (K.DECL_STMT, K.VAR_DECL) and b"constexpr" in self.source(cursor) or kind in (K.STATIC_ASSERT, K.CASE_STMT):
             for child in list(cursor.get_children())[1:] if kind == K.CASE_STMT else []:
                 self.statement(child)
                 self.walk(child, cursor)
@@ -103,9 +103,6 @@ class Planter:
     def source(self, cursor):
         return self.text[cursor.extent.start.offset:cursor.extent.end.offset]
 
-    def constant(self, cursor):
-        return b"constexpr" in self.source(cursor)
-
     def changeable(self, parent):
         """Whether a number below this stands for a value, not for a part of a type."""
         return parent.kind not in (K.DECL_REF_EXPR, K.MEMBER_REF_EXPR, K.TYPE_REF, K.TEMPLATE_REF)
@@ -135,7 +132,7 @@ class Planter:
     def number(self, cursor):
         before = self.text[max(0, cursor.extent.start.offset - 80):cursor.extent.start.offset]
         # Neither an argument of a template nor the length of an array.
-        if re.search(rb"\w<[^<>;(){}]*$|^\s*[\w:<>, ]+ \w+\[$", before.rpartition(b"\n")[2]):
+        if re.search(rb"\w<[^<>;(){}]*$|>, $|^\s*[\w:<>, ]+ \w+\[$", before.rpartition(b"\n")[2]):
             return
         if self.source(cursor)[:1].isdigit() and self.type(cursor) in WHOLE:
             self.add("number", cursor, "(", " + fault::On(#))")
