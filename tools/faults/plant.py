@@ -70,7 +70,8 @@ class Planter:
 
     def walk(self, cursor, parent=None):
         kind = cursor.kind
-        if kind in (K.DECL_STMT, K.VAR_DECL) and b"constexpr" in self.source(cursor) or kind in (K.STATIC_ASSERT, K.CASE_STMT):
+        if kind in (K.DECL_STMT, K.VAR_DECL) and self.is_constant(cursor) or \
+                kind in (K.STATIC_ASSERT, K.CASE_STMT):
             for child in list(cursor.get_children())[1:] if kind == K.CASE_STMT else []:
                 self.statement(child)
                 self.walk(child, cursor)
@@ -102,6 +103,9 @@ class Planter:
 
     def source(self, cursor):
         return self.text[cursor.extent.start.offset:cursor.extent.end.offset]
+
+    def is_constant(self, cursor):
+        return self.source(cursor).startswith((b"constexpr", b"static constexpr"))
 
     def changeable(self, parent):
         """Whether a number below this stands for a value, not for a part of a type."""
