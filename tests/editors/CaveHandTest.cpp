@@ -1,4 +1,6 @@
 // The view under the author's hand: the picture is moved, scrolls under a stroke, has a grid and fits in.
+#include <QSignalSpy>
+
 #include "editors/CaveView.h"
 #include "editors/EditorScreen.h"
 
@@ -184,6 +186,61 @@ TEST_F(CaveHandTest, TakesNoHoldOfThePictureWithinAStroke) {
   EXPECT_EQ(Area().pos(), QPoint(0, 0));
   Send(QEvent::MouseButtonRelease, {200, 100}, Qt::MiddleButton, Qt::LeftButton);
   Send(QEvent::MouseButtonRelease, {200, 100}, Qt::LeftButton, Qt::NoButton);
+}
+
+// Beyond an edge behind which the cave goes on, the pointer marks and draws what is seen beside it.
+TEST_F(CaveHandTest, MarksNoCellBehindTheEdgesOfTheView) {
+  const QSize view = Ram().size();
+  const QPoint middle(view.width() / 2, view.height() / 2);
+  for (const QPoint beyond : {QPoint(-200, middle.y()), QPoint(view.width() + 200, middle.y()),
+                              QPoint(middle.x(), -200), QPoint(middle.x(), view.height() + 200)}) {
+    Across().setValue(40);
+    Down().setValue(30);
+    Send(QEvent::MouseButtonPress, middle, Qt::LeftButton, Qt::LeftButton);
+    Send(QEvent::MouseMove, beyond, Qt::NoButton, Qt::LeftButton);
+    const QRect seen = Area().SeenCells();
+    ASSERT_TRUE(Area().Marked().has_value());
+    EXPECT_TRUE(seen.contains(*Area().Marked())) << beyond.x() << ' ' << beyond.y();
+    EXPECT_FALSE(seen.adjusted(1, 1, -1, -1).contains(*Area().Marked())) << "it stands at the edge";
+    Send(QEvent::MouseButtonRelease, beyond, Qt::LeftButton, Qt::NoButton);
+  }
+}
+
+// One step of the bar at the edge, one more for each cell beyond it, and four at most.
+TEST_F(CaveHandTest, ScrollsTheFasterTheFartherThePointerIsBeyondTheEdge) {
+  const QSize view = Ram().size();
+  const QPoint middle(view.width() / 2, view.height() / 2);
+  constexpr std::pair<int, int> kSteps[] = {{1, 1}, {25, 1}, {26, 2}, {52, 3}, {78, 4}, {300, 4}};
+  for (const auto& [beyond, steps] : kSteps) {
+    for (const bool back : {true, false}) {
+      for (QScrollBar* const bar : {&Across(), &Down()}) {
+        bar->setValue(bar->maximum() / 2);
+        const bool across = bar == &Across();
+        const int end = across ? view.width() : view.height();
+        const int place = back ? -beyond : end - 1 + beyond;
+        const QPoint at = across ? QPoint(place, middle.y()) : QPoint(middle.x(), place);
+        Send(QEvent::MouseButtonPress, middle, Qt::LeftButton, Qt::LeftButton);
+        const int before = bar->value();
+        const QSignalSpy moves(bar, &QScrollBar::valueChanged);
+        Send(QEvent::MouseMove, at, Qt::NoButton, Qt::LeftButton);
+        ASSERT_TRUE(QTest::qWaitFor([&] { return !moves.isEmpty(); })) << beyond;
+        EXPECT_EQ(moves.front().front().toInt() - before, back ? -steps : steps) << beyond << back << across;
+        Send(QEvent::MouseButtonRelease, at, Qt::LeftButton, Qt::NoButton);
+      }
+    }
+  }
+}
+
+TEST_F(CaveHandTest, DoesNotScrollUpToTheEdge) {
+  Across().setValue(40);
+  const QSize view = Ram().size();
+  for (const QPoint at : {QPoint(0, 100), QPoint(view.width() - 1, 100)}) {
+    Send(QEvent::MouseButtonPress, {200, 100}, Qt::LeftButton, Qt::LeftButton);
+    Send(QEvent::MouseMove, at, Qt::NoButton, Qt::LeftButton);
+    const QSignalSpy moves(&Across(), &QScrollBar::valueChanged);
+    EXPECT_FALSE(QTest::qWaitFor([&] { return !moves.isEmpty(); }, 150)) << at.x();
+    Send(QEvent::MouseButtonRelease, at, Qt::LeftButton, Qt::NoButton);
+  }
 }
 
 }  // namespace
