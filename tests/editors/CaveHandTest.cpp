@@ -243,5 +243,52 @@ TEST_F(CaveHandTest, DoesNotScrollUpToTheEdge) {
   }
 }
 
+// Keys begin where the mark was last, unless that is out of sight by now.
+TEST_F(CaveHandTest, BeginsWithKeysOnlyAtACellThatIsSeen) {
+  Move(5, 6, Qt::NoButton);
+  QEvent leave(QEvent::Leave);
+  QApplication::sendEvent(&Area(), &leave);
+  EXPECT_EQ(Area().Cursor(), QPoint(5, 6));
+  Across().setValue(60);
+  Down().setValue(40);
+  EXPECT_EQ(Area().Cursor(), QPoint(30, 20)) << "two steps of a bar are a cell";
+  QTest::keyClick(&Area(), Qt::Key_Right);
+  EXPECT_EQ(Area().Marked(), QPoint(30, 20)) << "the first key only shows where it is";
+  QTest::keyClick(&Area(), Qt::Key_Right);
+  EXPECT_EQ(Area().Marked(), QPoint(31, 20));
+}
+
+// Keys draw all of their way, also where it is longer than what is seen.
+TEST_F(CaveHandTest, DrawsByKeysFromOneEndOfTheCaveToTheOther) {
+  Area().LeadMark({2, 3});
+  QTest::keyPress(&Area(), Qt::Key_Space);
+  QTest::keyPress(&Area(), Qt::Key_End);
+  QTest::keyRelease(&Area(), Qt::Key_Space);
+  EXPECT_EQ(Area().Marked(), QPoint(79, 3));
+  EXPECT_TRUE(Area().SeenCells().contains(QPoint(79, 3)));
+  for (int x = 2; x < 80; ++x) EXPECT_EQ(window->Model().At(x, 3), 'R') << x;
+  EXPECT_EQ(Drawn('R'), 78);
+}
+
+// The bars are as long as there is something to scroll, in steps of half a cell at each size.
+TEST_F(CaveHandTest, ScrollsThroughTheWholeCaveAtEachSize) {
+  for (int size = 0; size < 8; ++size) {
+    const int step = Area().CellSize() / 2;
+    const QSize beyond = Area().size() - Ram().size();
+    EXPECT_EQ(Area().size(), QSize(80, 50) * Area().CellSize());
+    EXPECT_EQ(Across().maximum(), (std::max(0, beyond.width()) + step - 1) / step) << step;
+    EXPECT_EQ(Down().maximum(), (std::max(0, beyond.height()) + step - 1) / step) << step;
+    EXPECT_EQ(Across().pageStep(), Ram().width() / step) << step;
+    EXPECT_EQ(Down().pageStep(), Ram().height() / step) << step;
+    Across().setValue(Across().maximum());
+    Down().setValue(Down().maximum());
+    EXPECT_EQ(Area().pos(), QPoint(-std::max(0, beyond.width()), -std::max(0, beyond.height()))) << step;
+    Across().setValue(0);
+    Down().setValue(0);
+    EXPECT_EQ(Area().pos(), QPoint(0, 0));
+    Action(size < 3 ? "mnuSmaller" : "mnuLarger").trigger();
+  }
+}
+
 }  // namespace
 }  // namespace zorik

@@ -137,6 +137,8 @@ TEST_F(FrmMainLooksTest, OffersWhatIsDoneWithAPartOnlyWhereThereIsOne) {
   expect(true, true, " put down");
   QTest::keyClick(&Area(), Qt::Key_Escape);
   expect(false, false, " given up");
+  Action("mnuPaste").trigger();
+  expect(false, true, " with a part in the hand and no selection");
 }
 
 TEST_F(FrmMainLooksTest, StandsInTheMiddleOfTheScreenWithTheSizeOfItsPartsAtFirst) {
@@ -176,6 +178,28 @@ TEST_F(FrmMainLooksTest, KeepsTheToolOfItsStatusBarAtTheEdgeAndItsWordsBetween) 
   EXPECT_FALSE(cell.isVisible());
   EXPECT_TRUE(size.isVisible()) << "a message leaves it";
   EXPECT_TRUE(hint.isVisible());
+}
+
+TEST_F(FrmMainLooksTest, TellsAsMuchOfTheToolsUseAsThereIsRoomFor) {
+  auto& words = *Child<QLabel>("lblTool").parentWidget();
+  auto& label = Child<QLabel>("lblTool");
+  words.resize(2000, words.height());
+  const QString whole = label.text();
+  EXPECT_FALSE(whole.endsWith(QChar(0x2026)));
+  words.resize(100, words.height());
+  EXPECT_TRUE(label.text().endsWith(QChar(0x2026))) << label.text().toStdString();
+  EXPECT_LE(label.fontMetrics().horizontalAdvance(label.text()), 100);
+  words.resize(2000, words.height());
+  EXPECT_EQ(label.text(), whole);
+  Action("mnuSelectAll").trigger();
+  EXPECT_TRUE(label.text().startsWith("6 × 5   ")) << "the size of what is selected";
+  EXPECT_TRUE(label.text().endsWith(whole));
+}
+
+TEST_F(FrmMainLooksTest, KeepsItsSizeUnderItsName) {
+  window->close();
+  const QSettings store(QSettings::IniFormat, QSettings::UserScope, "Ortvan", "Zorik2");
+  EXPECT_TRUE(store.contains("Editors/frmMain"));
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <QTextDocumentFragment>
 #include <QToolTip>
 
+#include "editors/EditTiles.h"
 #include "editors/EditorScreen.h"
 #include "editors/Palette.h"
 #include "editors/ToolHint.h"
@@ -174,6 +175,32 @@ TEST_F(PaletteTest, IsPaintedAnewWithEachToolDogAndPlace) {
     change();
     EXPECT_TRUE(QTest::qWaitFor([&] { return paints.count > 0; })) << &change - changes;
   }
+}
+
+// By itself, where nothing else has it painted.
+TEST_F(PaletteTest, ShowsAToolThatIsChosenElsewhere) {
+  EditTiles tiles;
+  tiles.Load(skin.Places(), "Classic");
+  zorik::Palette alone(
+      tiles, [](int) { return QString(); }, nullptr);
+  alone.show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&alone));
+  QApplication::processEvents();
+  class Paints : public QObject {
+   public:
+    int count = 0;
+    bool eventFilter(QObject* /*object*/, QEvent* event) override {
+      count += event->type() == QEvent::Paint ? 1 : 0;
+      return false;
+    }
+  } paints;
+  alone.installEventFilter(&paints);
+  alone.SelectTool(ToolButton::Left, 3);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return paints.count > 0; }));
+  QApplication::processEvents();
+  paints.count = 0;
+  alone.SetCurrentDog(4);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return paints.count > 0; }));
 }
 
 TEST_F(PaletteTest, TellsOfAToolOnlyWhenItIsAnotherOne) {
