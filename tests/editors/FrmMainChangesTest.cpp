@@ -248,5 +248,21 @@ TEST_F(FrmMainChangesTest, HoldsEachStepOfTheListApartFromTheBeginning) {
   ExpectToldOf("three steps on");
 }
 
+// The mark stays on its cell as long as there is one, whatever becomes of the picture around it.
+TEST_F(FrmMainChangesTest, KeepsTheMarkWhenThePictureOrTheCaveGetsAnotherSize) {
+  Area().LeadMark({7, 5});
+  for (const char* const change : {"mnuLarger", "mnuSmaller", "mnuSmaller", "mnuWhole", "mnuUsual"}) {
+    Action(change).trigger();
+    EXPECT_EQ(Area().Marked(), QPoint(7, 5)) << change;
+  }
+  Action("mnuInsertColumn").trigger();
+  EXPECT_EQ(Area().Marked(), QPoint(7, 5));
+  Action("mnuUndo").trigger();
+  EXPECT_EQ(Area().Marked(), QPoint(7, 5)) << "it is still inside";
+  Action("mnuDeleteColumn").trigger();
+  EXPECT_EQ(Area().Marked(), std::nullopt) << "its cell is gone";
+  EXPECT_EQ(Child<QLabel>("lblCell").text(), "");
+}
+
 }  // namespace
 }  // namespace zorik

@@ -202,5 +202,15 @@ TEST_F(FrmMainLooksTest, KeepsItsSizeUnderItsName) {
   EXPECT_TRUE(store.contains("Editors/frmMain"));
 }
 
+TEST_F(FrmMainLooksTest, PartsTheToolsFromWhatTheViewShows) {
+  window->resize(window->width(), window->height() + 200);
+  QApplication::processEvents();
+  const auto at = [this](const char* name) { return Child<QToolButton>(name).geometry(); };
+  const int between = at("btnLine").top() - at("btnPencil").bottom();
+  EXPECT_EQ(at("btnSelect").top() - at("btnFill").bottom(), between);
+  EXPECT_EQ(at("btnWhole").top() - at("btnGrid").bottom(), between);
+  EXPECT_GT(at("btnGrid").top() - at("btnSelect").bottom(), between);
+}
+
 }  // namespace
 }  // namespace zorik

@@ -178,6 +178,9 @@ TEST_F(ToolHintTest, DrawsMiceThatAreTheSameOnBothSides) {
     EXPECT_EQ(mouse(part).pixelColor(side, 11), QColor(Qt::white));
   }
   EXPECT_EQ(mouse(1).pixelColor(6, 5), ColourOfTool(ToolButton::Middle));
+  const int left = Pixels(mouse(0), ColourOfTool(ToolButton::Left));
+  EXPECT_NEAR(left, Pixels(mouse(2), ColourOfTool(ToolButton::Right)), 2) << "both buttons are equally large";
+  EXPECT_GT(left, Pixels(mouse(1), ColourOfTool(ToolButton::Middle)));
 }
 
 TEST_F(ToolHintTest, HasAColourOfItsOwnForEachButton) {
