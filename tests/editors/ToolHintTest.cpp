@@ -131,32 +131,34 @@ TEST_F(ToolHintTest, ShowsEachTileBesideItsMouse) {
   }
 }
 
+// All colours of the buttons as one.
+QImage Plain(QImage image) {
+  for (int y = 0; y < image.height(); ++y) {
+    for (int x = 0; x < image.width(); ++x) {
+      for (const ToolButton button : {ToolButton::Left, ToolButton::Middle, ToolButton::Right}) {
+        if (image.pixelColor(x, y) == ColourOfTool(button)) image.setPixelColor(x, y, Qt::red);
+      }
+    }
+  }
+  return image;
+}
+
+int Difference(const QImage& one, const QImage& other) {
+  int count = 0;
+  for (int y = 0; y < one.height(); ++y) {
+    for (int x = 0; x < one.width(); ++x) {
+      count += std::abs(qGray(one.pixel(x, y)) - qGray(other.pixel(x, y))) > 40 ? 1 : 0;
+    }
+  }
+  return count;
+}
+
 TEST_F(ToolHintTest, DrawsMiceThatAreTheSameOnBothSides) {
   const auto parts = Parts();
   const auto mouse = [&](std::size_t part) { return parts[part].copy(0, 0, 13, 20); };
-  // All colours of the buttons as one.
-  const auto plain = [&](QImage image) {
-    for (int y = 0; y < image.height(); ++y) {
-      for (int x = 0; x < image.width(); ++x) {
-        for (const ToolButton button : {ToolButton::Left, ToolButton::Middle, ToolButton::Right}) {
-          if (image.pixelColor(x, y) == ColourOfTool(button)) image.setPixelColor(x, y, Qt::red);
-        }
-      }
-    }
-    return image;
-  };
-  const auto difference = [](const QImage& one, const QImage& other) {
-    int count = 0;
-    for (int y = 0; y < one.height(); ++y) {
-      for (int x = 0; x < one.width(); ++x) {
-        count += std::abs(qGray(one.pixel(x, y)) - qGray(other.pixel(x, y))) > 40 ? 1 : 0;
-      }
-    }
-    return count;
-  };
-  EXPECT_EQ(difference(mouse(1), mouse(1).mirrored(true, false)), 0);
+  EXPECT_EQ(Difference(mouse(1), mouse(1).mirrored(true, false)), 0);
   // The smooth edges of two colours are not alike.
-  EXPECT_LE(difference(plain(mouse(0)), plain(mouse(2)).mirrored(true, false)), 8);
+  EXPECT_LE(Difference(Plain(mouse(0)), Plain(mouse(2)).mirrored(true, false)), 8);
   // The body alone, below the buttons, and its rounded ends.
   const QImage body = mouse(1);
   const QColor ground = body.pixelColor(0, 0);
@@ -168,6 +170,11 @@ TEST_F(ToolHintTest, DrawsMiceThatAreTheSameOnBothSides) {
     EXPECT_EQ(above, below) << x;
   }
   EXPECT_EQ(body.pixelColor(6, 14), QColor(Qt::white));
+}
+
+TEST_F(ToolHintTest, PartsTheButtonsOfAMouseByLines) {
+  const auto parts = Parts();
+  const auto mouse = [&](std::size_t part) { return parts[part].copy(0, 0, 13, 20); };
   // The line between the buttons is that of the outer ones only, and they end at the line below them.
   for (const std::size_t part : {std::size_t{0}, std::size_t{2}}) {
     EXPECT_LT(qGray(mouse(part).pixel(6, 5)), 130) << part;
