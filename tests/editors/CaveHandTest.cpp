@@ -1,4 +1,6 @@
 // The view under the author's hand: the picture is moved, scrolls under a stroke, has a grid and fits in.
+#include <QSignalSpy>
+
 #include "editors/CaveView.h"
 #include "editors/EditorScreen.h"
 
@@ -184,6 +186,108 @@ TEST_F(CaveHandTest, TakesNoHoldOfThePictureWithinAStroke) {
   EXPECT_EQ(Area().pos(), QPoint(0, 0));
   Send(QEvent::MouseButtonRelease, {200, 100}, Qt::MiddleButton, Qt::LeftButton);
   Send(QEvent::MouseButtonRelease, {200, 100}, Qt::LeftButton, Qt::NoButton);
+}
+
+// Beyond an edge behind which the cave goes on, the pointer marks and draws what is seen beside it.
+TEST_F(CaveHandTest, MarksNoCellBehindTheEdgesOfTheView) {
+  const QSize view = Ram().size();
+  const QPoint middle(view.width() / 2, view.height() / 2);
+  for (const QPoint beyond : {QPoint(-200, middle.y()), QPoint(view.width() + 200, middle.y()),
+                              QPoint(middle.x(), -200), QPoint(middle.x(), view.height() + 200)}) {
+    Across().setValue(40);
+    Down().setValue(30);
+    Send(QEvent::MouseButtonPress, middle, Qt::LeftButton, Qt::LeftButton);
+    Send(QEvent::MouseMove, beyond, Qt::NoButton, Qt::LeftButton);
+    const QRect seen = Area().SeenCells();
+    ASSERT_TRUE(Area().Marked().has_value());
+    EXPECT_TRUE(seen.contains(*Area().Marked())) << beyond.x() << ' ' << beyond.y();
+    EXPECT_FALSE(seen.adjusted(1, 1, -1, -1).contains(*Area().Marked())) << "it stands at the edge";
+    Send(QEvent::MouseButtonRelease, beyond, Qt::LeftButton, Qt::NoButton);
+  }
+}
+
+// One step of the bar at the edge, one more for each cell beyond it, and four at most.
+TEST_F(CaveHandTest, ScrollsTheFasterTheFartherThePointerIsBeyondTheEdge) {
+  const QSize view = Ram().size();
+  const QPoint middle(view.width() / 2, view.height() / 2);
+  constexpr std::pair<int, int> kSteps[] = {{1, 1}, {25, 1}, {26, 2}, {52, 3}, {78, 4}, {300, 4}};
+  for (const auto& [beyond, steps] : kSteps) {
+    for (const bool back : {true, false}) {
+      for (QScrollBar* const bar : {&Across(), &Down()}) {
+        bar->setValue(bar->maximum() / 2);
+        const bool across = bar == &Across();
+        const int end = across ? view.width() : view.height();
+        const int place = back ? -beyond : end - 1 + beyond;
+        const QPoint at = across ? QPoint(place, middle.y()) : QPoint(middle.x(), place);
+        Send(QEvent::MouseButtonPress, middle, Qt::LeftButton, Qt::LeftButton);
+        const int before = bar->value();
+        const QSignalSpy moves(bar, &QScrollBar::valueChanged);
+        Send(QEvent::MouseMove, at, Qt::NoButton, Qt::LeftButton);
+        ASSERT_TRUE(QTest::qWaitFor([&] { return !moves.isEmpty(); })) << beyond;
+        EXPECT_EQ(moves.front().front().toInt() - before, back ? -steps : steps) << beyond << back << across;
+        Send(QEvent::MouseButtonRelease, at, Qt::LeftButton, Qt::NoButton);
+      }
+    }
+  }
+}
+
+TEST_F(CaveHandTest, DoesNotScrollUpToTheEdge) {
+  Across().setValue(40);
+  const QSize view = Ram().size();
+  for (const QPoint at : {QPoint(0, 100), QPoint(view.width() - 1, 100)}) {
+    Send(QEvent::MouseButtonPress, {200, 100}, Qt::LeftButton, Qt::LeftButton);
+    Send(QEvent::MouseMove, at, Qt::NoButton, Qt::LeftButton);
+    const QSignalSpy moves(&Across(), &QScrollBar::valueChanged);
+    EXPECT_FALSE(QTest::qWaitFor([&] { return !moves.isEmpty(); }, 150)) << at.x();
+    Send(QEvent::MouseButtonRelease, at, Qt::LeftButton, Qt::NoButton);
+  }
+}
+
+// Keys begin where the mark was last, unless that is out of sight by now.
+TEST_F(CaveHandTest, BeginsWithKeysOnlyAtACellThatIsSeen) {
+  Move(5, 6, Qt::NoButton);
+  QEvent leave(QEvent::Leave);
+  QApplication::sendEvent(&Area(), &leave);
+  EXPECT_EQ(Area().Cursor(), QPoint(5, 6));
+  Across().setValue(60);
+  Down().setValue(40);
+  EXPECT_EQ(Area().Cursor(), QPoint(30, 20)) << "two steps of a bar are a cell";
+  QTest::keyClick(&Area(), Qt::Key_Right);
+  EXPECT_EQ(Area().Marked(), QPoint(30, 20)) << "the first key only shows where it is";
+  QTest::keyClick(&Area(), Qt::Key_Right);
+  EXPECT_EQ(Area().Marked(), QPoint(31, 20));
+}
+
+// Keys draw all of their way, also where it is longer than what is seen.
+TEST_F(CaveHandTest, DrawsByKeysFromOneEndOfTheCaveToTheOther) {
+  Area().LeadMark({2, 3});
+  QTest::keyPress(&Area(), Qt::Key_Space);
+  QTest::keyPress(&Area(), Qt::Key_End);
+  QTest::keyRelease(&Area(), Qt::Key_Space);
+  EXPECT_EQ(Area().Marked(), QPoint(79, 3));
+  EXPECT_TRUE(Area().SeenCells().contains(QPoint(79, 3)));
+  for (int x = 2; x < 80; ++x) EXPECT_EQ(window->Model().At(x, 3), 'R') << x;
+  EXPECT_EQ(Drawn('R'), 78);
+}
+
+// The bars are as long as there is something to scroll, in steps of half a cell at each size.
+TEST_F(CaveHandTest, ScrollsThroughTheWholeCaveAtEachSize) {
+  for (int size = 0; size < 8; ++size) {
+    const int step = Area().CellSize() / 2;
+    const QSize beyond = Area().size() - Ram().size();
+    EXPECT_EQ(Area().size(), QSize(80, 50) * Area().CellSize());
+    EXPECT_EQ(Across().maximum(), (std::max(0, beyond.width()) + step - 1) / step) << step;
+    EXPECT_EQ(Down().maximum(), (std::max(0, beyond.height()) + step - 1) / step) << step;
+    EXPECT_EQ(Across().pageStep(), Ram().width() / step) << step;
+    EXPECT_EQ(Down().pageStep(), Ram().height() / step) << step;
+    Across().setValue(Across().maximum());
+    Down().setValue(Down().maximum());
+    EXPECT_EQ(Area().pos(), QPoint(-std::max(0, beyond.width()), -std::max(0, beyond.height()))) << step;
+    Across().setValue(0);
+    Down().setValue(0);
+    EXPECT_EQ(Area().pos(), QPoint(0, 0));
+    Action(size < 3 ? "mnuSmaller" : "mnuLarger").trigger();
+  }
 }
 
 }  // namespace

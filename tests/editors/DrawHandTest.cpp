@@ -351,5 +351,32 @@ TEST_F(DrawHandTest, EndsAStrokeWithAnotherTool) {
   EXPECT_EQ(Letters(), before);
 }
 
+// Nothing of a shape stays to be seen, however its stroke ends.
+TEST_F(DrawHandTest, HidesTheShapeWithItsStroke) {
+  for (const char* const tool : {"mnuLine", "mnuRectangle", "mnuBox"}) {
+    Action(tool).trigger();
+    const std::function<void()> ends[] = {
+        [this] { QTest::keyClick(&Area(), Qt::Key_Escape); },
+        [this] { Tiles().setFocus(); },
+        [this] { Action("mnuPencil").trigger(); },
+        [this] { Release(3, 2); },
+    };
+    for (const auto& end : ends) {
+      Action(tool).trigger();
+      Area().setFocus();
+      Press(1, 1);
+      Move(3, 2, Qt::LeftButton);
+      EXPECT_FALSE(Area().Marks().shape.empty()) << tool;
+      const std::size_t steps = window->Model().UndoSteps().size();
+      end();
+      EXPECT_TRUE(Area().Marks().shape.empty()) << tool << (&end - ends);
+      EXPECT_EQ(window->Model().UndoSteps().size(), steps + (&end == &ends[3] ? 1 : 0)) << tool;
+      if (&end != &ends[3]) Release(3, 2);
+      EXPECT_EQ(window->Model().UndoSteps().size(), steps + (&end == &ends[3] ? 1 : 0)) << tool;
+      while (window->Model().CanUndo()) Action("mnuUndo").trigger();
+    }
+  }
+}
+
 }  // namespace
 }  // namespace zorik

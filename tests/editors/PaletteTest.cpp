@@ -3,8 +3,10 @@
 #include <QTextDocumentFragment>
 #include <QToolTip>
 
+#include "editors/EditTiles.h"
 #include "editors/EditorScreen.h"
 #include "editors/Palette.h"
+#include "editors/ToolHint.h"
 
 namespace zorik {
 namespace {
@@ -71,6 +73,144 @@ TEST_F(PaletteTest, MarksTheToolsWithThreeFrames) {
   const QRect middle = Tiles().FrameRect(ToolButton::Middle);
   EXPECT_EQ(middle.left() - tile.left(), tile.right() - middle.right());
   EXPECT_EQ(middle.top() - tile.top(), tile.bottom() - middle.bottom());
+}
+
+// As much room between two tiles as between the outer ones and the edge.
+TEST_F(PaletteTest, KeepsTheTilesApartEvenly) {
+  Tiles().resize(Tiles().sizeHint());
+  QRect all;
+  for (const int palette : kTools) all |= Tiles().TileRect(palette);
+  const QRect first = Tiles().TileRect(0);
+  const int gap = Tiles().TileRect(1).left() - first.right() - 1;
+  EXPECT_GT(gap, 0);
+  EXPECT_EQ(all, Tiles().rect().adjusted(gap, gap, -gap, -gap));
+  EXPECT_EQ(Tiles().TileRect(17).topLeft(), first.bottomLeft() + QPoint(0, gap + 1)) << "17 in a row";
+  for (const auto& [place, chosen] : {std::pair(QPoint(1, 0), 2), std::pair(QPoint(), 0)}) {
+    QTest::mouseClick(&Tiles(), Qt::LeftButton, {}, first.bottomRight() + place);
+    EXPECT_EQ(Tool(ToolButton::Left), chosen) << "a tile is chosen as far as it goes";
+  }
+}
+
+// A frame is a line in the colour of its button between two black ones; nothing else of the tile is covered.
+TEST_F(PaletteTest, DrawsEachFrameInTheColourOfItsButton) {
+  Area().setFocus();
+  for (const auto button : {ToolButton::Left, ToolButton::Right, ToolButton::Middle}) {
+    for (const auto other : {ToolButton::Left, ToolButton::Right, ToolButton::Middle}) {
+      Tiles().SelectTool(other, 8);
+    }
+    QApplication::processEvents();
+    const QRect tile = Tiles().TileRect(9);
+    const QImage bare = Tiles().grab().toImage();
+    Tiles().SelectTool(button, 9);
+    const QImage now = Tiles().grab().toImage();
+    const QRect frame = Tiles().FrameRect(button);
+    EXPECT_TRUE(tile.contains(frame));
+    EXPECT_EQ(frame.size(), QSize(20, 20)) << "smaller than the tile, so that three can be seen on it";
+    for (int y = tile.top(); y <= tile.bottom(); ++y) {
+      for (int x = tile.left(); x <= tile.right(); ++x) {
+        const int inside =
+            std::min({x - frame.left(), frame.right() - x, y - frame.top(), frame.bottom() - y});
+        QColor expected = bare.pixelColor(x, y);
+        if (inside == 0 || inside == 3) expected = Qt::black;
+        // The lines' own corners may be round.
+        if (inside == 1 && frame.adjusted(2, 2, -2, -2).contains(x, frame.center().y()) ==
+                               frame.adjusted(2, 2, -2, -2).contains(frame.center().x(), y)) {
+          continue;
+        }
+        if (inside == 1 || inside == 2) expected = ColourOfTool(button);
+        ASSERT_EQ(now.pixelColor(x, y), expected) << x << ' ' << y << ' ' << inside;
+      }
+    }
+  }
+}
+
+// The keys' place is framed outside of its tile, and only while the keys go to the palette.
+TEST_F(PaletteTest, FramesTheTileOfTheKeys) {
+  window->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+  Area().setFocus();
+  QApplication::processEvents();
+  const QImage bare = Tiles().grab().toImage();
+  Tiles().setFocus();
+  QTest::keyClick(&Tiles(), Qt::Key_Home);
+  for (int i = 0; i < 4; ++i) QTest::keyClick(&Tiles(), Qt::Key_Right);
+  const QImage now = Tiles().grab().toImage();
+  const QRect tile = Tiles().TileRect(4);
+  const QColor colour = Tiles().palette().color(QPalette::Highlight);
+  const QRect outer = tile.adjusted(-2, -2, 2, 2);
+  for (int y = 0; y < now.height(); ++y) {
+    for (int x = 0; x < now.width(); ++x) {
+      const bool round =
+          (x == outer.left() || x == outer.right()) && (y == outer.top() || y == outer.bottom());
+      if (round) continue;
+      const bool around = outer.contains(x, y) && !tile.contains(x, y);
+      ASSERT_EQ(now.pixelColor(x, y), around ? colour : bare.pixelColor(x, y)) << x << ' ' << y;
+    }
+  }
+}
+
+TEST_F(PaletteTest, IsPaintedAnewWithEachToolDogAndPlace) {
+  class Paints : public QObject {
+   public:
+    int count = 0;
+    bool eventFilter(QObject* /*object*/, QEvent* event) override {
+      count += event->type() == QEvent::Paint ? 1 : 0;
+      return false;
+    }
+  } paints;
+  window->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+  Tiles().setFocus();
+  QTest::keyClick(&Tiles(), Qt::Key_Home);
+  QApplication::processEvents();
+  Tiles().installEventFilter(&paints);
+  const std::function<void()> changes[] = {
+      [this] { Tiles().SelectTool(ToolButton::Left, 12); },
+      [this] { Tiles().SetCurrentDog(5); },
+      [this] { QTest::keyClick(&Tiles(), Qt::Key_Right); },
+      [this] { Pick(12); },
+  };
+  for (const auto& change : changes) {
+    paints.count = 0;
+    change();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return paints.count > 0; })) << &change - changes;
+  }
+}
+
+// By itself, where nothing else has it painted.
+TEST_F(PaletteTest, ShowsAToolThatIsChosenElsewhere) {
+  EditTiles tiles;
+  tiles.Load(skin.Places(), "Classic");
+  zorik::Palette alone(
+      tiles, [](int) { return QString(); }, nullptr);
+  alone.show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&alone));
+  QApplication::processEvents();
+  class Paints : public QObject {
+   public:
+    int count = 0;
+    bool eventFilter(QObject* /*object*/, QEvent* event) override {
+      count += event->type() == QEvent::Paint ? 1 : 0;
+      return false;
+    }
+  } paints;
+  alone.installEventFilter(&paints);
+  alone.SelectTool(ToolButton::Left, 3);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return paints.count > 0; }));
+  QApplication::processEvents();
+  paints.count = 0;
+  alone.SetCurrentDog(4);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return paints.count > 0; }));
+}
+
+TEST_F(PaletteTest, TellsOfAToolOnlyWhenItIsAnotherOne) {
+  const QSignalSpy told(&Tiles(), &zorik::Palette::ToolSelected);
+  Tiles().SelectTool(ToolButton::Left, 12);
+  EXPECT_EQ(told.count(), 1);
+  Tiles().SelectTool(ToolButton::Left, 12);
+  EXPECT_EQ(told.count(), 1);
+  Tiles().SelectTool(ToolButton::Right, 12);
+  EXPECT_EQ(told.count(), 2);
 }
 
 TEST_F(PaletteTest, DrawsAFrameWhereTheToolIs) {

@@ -269,5 +269,39 @@ TEST_F(SelectHandTest, TakesTheKeysForWhatHangs) {
   EXPECT_EQ(window->focusWidget(), &Area());
 }
 
+TEST_F(SelectHandTest, MovesNothingByAClickIntoTheSelection) {
+  Select({1, 1}, {2, 1});
+  Drag({1, 1}, {3, 2});
+  const Picture moved = Letters();
+  Drag({1, 1}, {2, 1});
+  ASSERT_EQ(Selected(), QRect(1, 1, 2, 1));
+  const std::size_t steps = window->Model().UndoSteps().size();
+  Click(2, 1);
+  EXPECT_EQ(Letters(), moved);
+  EXPECT_EQ(Selected(), QRect(1, 1, 2, 1));
+  EXPECT_EQ(window->Model().UndoSteps().size(), steps);
+  EXPECT_TRUE(Area().Marks().block.IsEmpty());
+  EXPECT_EQ(Area().Marks().left, std::nullopt);
+}
+
+// While it is dragged, the part is seen at its new place and its old one is empty; the cave changes at the
+// end.
+TEST_F(SelectHandTest, ShowsWhatIsDraggedWhereItWillBe) {
+  Select({1, 1}, {2, 1});
+  const Picture before = Letters();
+  Press(2, 1);
+  EXPECT_TRUE(Area().Marks().block.IsEmpty()) << "nothing is held yet";
+  Move(4, 2, Qt::LeftButton);
+  EXPECT_EQ(Area().Marks().block, window->Model().Copy({1, 1, 2, 1}));
+  EXPECT_EQ(Area().Marks().blockPlace, QPoint(3, 2)) << "by the cell that it was taken at";
+  EXPECT_EQ(Area().Marks().left, QRect(1, 1, 2, 1));
+  EXPECT_EQ(Letters(), before);
+  Release(4, 2);
+  EXPECT_TRUE(Area().Marks().block.IsEmpty());
+  EXPECT_EQ(Area().Marks().left, std::nullopt);
+  EXPECT_EQ(Selected(), QRect(3, 2, 2, 1));
+  EXPECT_NE(Letters(), before);
+}
+
 }  // namespace
 }  // namespace zorik

@@ -141,6 +141,9 @@ TEST(Shapes, KnowsTheAreaBetweenTwoCorners) {
   EXPECT_EQ(AreaOf({2, 2}, {2, 2}), (CaveArea{2, 2, 1, 1}));
   EXPECT_EQ(SharedArea({-2, -1, 5, 3}, kCave), (CaveArea{0, 0, 3, 2}));
   EXPECT_EQ(SharedArea({7, 0, 3, 3}, kCave), CaveArea{});
+  // Areas side by side share nothing, not even a width.
+  EXPECT_EQ(SharedArea({0, 0, 3, 2}, {0, 2, 3, 2}), CaveArea{});
+  EXPECT_EQ(SharedArea({0, 0, 3, 2}, {3, 0, 3, 2}), CaveArea{});
   EXPECT_EQ(SharedArea({2, 2, 0, 4}, kCave), CaveArea{});
 }
 

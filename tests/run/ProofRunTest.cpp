@@ -8,32 +8,13 @@
 #include "data/RecordFile.h"
 #include "data/Result.h"
 #include "run/ProofRun.h"
+#include "run/Proofs.h"
 #include "solve/Walks.h"
 
 namespace zorik::test {
 namespace {
 
 const Walk kPlain{{"WWWWWWWWW", "W1;D;;;;T", "W;;;;;;;W", "WWWWWWWWW"}, {.needed = 1}, "RRRRRRR"};
-
-std::shared_ptr<const Proof> ProofOf(const Walk& walk) {
-  auto proof = Proof::Read(RecordOf(walk));
-  if (proof) return *proof;
-  ADD_FAILURE() << proof.Message();
-  return nullptr;
-}
-
-ProofVerdict Judged(const std::shared_ptr<const Proof>& proof, const std::string& caveText) {
-  ProofRun run(proof, caveText);
-  while (!run.Go(1)) continue;
-  return run.Verdict();
-}
-
-ProofVerdict JudgedIn(const Walk& walk, const Picture& picture, const Numbers& numbers) {
-  return Judged(ProofOf(walk), CaveTextOf(picture, numbers));
-}
-ProofVerdict JudgedIn(const Walk& walk, const Picture& picture) {
-  return JudgedIn(walk, picture, walk.numbers);
-}
 
 // The tick and the cell at which it breaks, and why.
 ProofFlaw FlawOf(const ProofVerdict& verdict) {

@@ -15,6 +15,10 @@ class Seen : public Stage {
     numbers.fill(1);
     frames_ = FrameTable(numbers, numbers);
     hra.SetStage(*this);
+    Open();
+  }
+
+  void Open() {
     EXPECT_TRUE(PaintCave(hra, test::CaveTextOf({"WWWWWW", "W1;..W", "W....W", "WWWWWW"}), RunKind::Play));
   }
 
@@ -76,6 +80,31 @@ TEST(SeenCave, KnowsWhereWhatMovesIsOnItsWay) {
   EXPECT_EQ(dog.PlaceOn(drawn, 0.5).y, 10);
   EXPECT_EQ(dog.under ? dog.under->picture.Pic : -1, int{kSetDirt}) << "it has not dug that yet";
   EXPECT_EQ(drawn.At(2, 1).picture.Pic, kSetSpace);
+}
+
+TEST(SeenCave, SeesAllAnewWhenTheCaveOpensAgain) {
+  Seen seen;
+  seen.Look();
+  seen.Open();
+  const DrawnView& drawn = seen.Look();
+  EXPECT_TRUE(drawn.fresh) << "its colours may be others";
+  EXPECT_TRUE(drawn.changed.empty());
+}
+
+TEST(SeenCave, HasNothingOnItsWayWhereTheViewHasJumped) {
+  Seen seen;
+  seen.Look();
+  seen.Pass(kKeyRight);
+  ASSERT_TRUE(seen.view.Moves(seen.hra));
+  seen.view.MoveView(seen.hra, true);
+  EXPECT_FALSE(seen.view.Moves(seen.hra));
+}
+
+TEST(SeenCave, HasNoSizeOfCellsInAViewOfNoSize) {
+  EXPECT_EQ(DrawnCell({.left = 0, .top = 0, .width = 0, .height = 2 * kTileSize}, 60, 40), PixelSize());
+  EXPECT_EQ(DrawnCell({.left = 0, .top = 0, .width = 2 * kTileSize, .height = 0}, 60, 40), PixelSize());
+  EXPECT_EQ(DrawnCell({.left = 0, .top = 0, .width = 2 * kTileSize, .height = kTileSize}, 60, 40),
+            (PixelSize{30, 40}));
 }
 
 TEST(SeenCave, HasNoCellsInAFrameOfNoSize) {
