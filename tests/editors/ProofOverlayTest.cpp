@@ -146,6 +146,22 @@ TEST(ProofOverlayTest, VeilsAllOfACaveOfWhoseCellsNothingIsKnown) {
   EXPECT_FALSE(White(canvas.Of(3, 3)));
 }
 
+TEST(ProofOverlayTest, VeilsNothingOutsideOfTheCave) {
+  const CaveModel cave = test::Opened(test::Full(7, 5, ';'));
+  ProofVerdict verdict;
+  verdict.touched.assign(Cell::kPlaces, false);
+  ProofOverlay overlay(cave);
+  overlay.SetVerdict(&verdict);
+  overlay.ShowUntouched(true);
+  QImage picture(9 * kCell, 7 * kCell, QImage::Format_RGB32);
+  picture.fill(Qt::white);
+  QPainter painter(&picture);
+  overlay.Paint(painter, QRect(0, 0, 9, 7), kCell);
+  EXPECT_FALSE(White(Cell26(picture, 6, 4)));
+  EXPECT_TRUE(White(picture.copy(7 * kCell, 0, 2 * kCell, 7 * kCell)));
+  EXPECT_TRUE(White(picture.copy(0, 5 * kCell, 9 * kCell, 2 * kCell)));
+}
+
 TEST(ProofOverlayTest, DrawsNothingOfAWayThatIsFarFromWhatIsPainted) {
   ProofVerdict verdict;
   verdict.way = {{{1, 1}, 1, 0}, {{2, 1}, 1, 1}};
@@ -221,8 +237,9 @@ TEST(ProofOverlayTest, RingsADogAroundTheMiddleOfItsCell) {
       EXPECT_EQ(cell.pixelColor(i, size / 2) == Qt::white,
                 cell.pixelColor(size - 1 - i, size / 2) == Qt::white)
           << size << ", " << i;
-    canvas.picture.fill(Qt::white);
-    EXPECT_TRUE(White(canvas.Of(3, 1)));
+    for (int x = 0; x < 7; ++x) {
+      for (int y = 0; y < 5; ++y) EXPECT_EQ(White(canvas.Of(x, y)), x != 3 || y != 2) << x << ", " << y;
+    }
   }
 }
 
