@@ -1,6 +1,8 @@
 // The words of the page about the proof: of caves that cannot be played, of work that is done, and of what is
 // asked; and what becomes of a proof whose cave gets another name.
 #include <QCheckBox>
+#include <QSignalSpy>
+#include <QSpinBox>
 #include <filesystem>
 
 #include "data/Files.h"
@@ -183,9 +185,13 @@ TEST_F(FrmMainProofWordsTest, OfferTheDogOnceThePointerWasInTheCave) {
 }
 
 TEST_F(FrmMainProofWordsTest, LeadNowhereWhereTheProofWins) {
+  const QSignalSpy led(&Area(), &EditKom::LedByKeys);
   Press("btnGo");
   OpenProven();
+  Child<QSpinBox>("numTick").setValue(3);
   Press("btnGo");
+  EXPECT_EQ(led.count(), 0);
+  EXPECT_EQ(Child<QSpinBox>("numTick").value(), 3);
   EXPECT_EQ(Verdict(), "Důkaz stále vyhrává: tiků 7, sekund 0,7.");
 }
 
