@@ -7,6 +7,7 @@
 
 #include "data/Files.h"
 #include "editors/FormalityScreen.h"
+#include "editors/Paints.h"
 #include "editors/ProofScreen.h"
 #include "flow/SadaModel.h"
 #include "screens/Marks.h"
@@ -21,20 +22,6 @@ using test::TextOf;
 
 const test::Picture kHard{"WWWWWWWWW", "W1;DRRRRT", "W;;;RRRRW", "W;;;RRRRW", "WWWWWWWWW"};
 const test::Picture kHopeless{"WWWWWWWWW", "W1;D;;W;T", "W;;;;;W;W", "W;;;;;W;W", "WWWWWWWWW"};
-
-// Counts how often a widget is painted.
-class Paints : public QObject {
- public:
-  explicit Paints(QWidget& widget) { widget.installEventFilter(this); }
-
-  int count = 0;
-
- protected:
-  bool eventFilter(QObject* /*object*/, QEvent* event) override {
-    if (event->type() == QEvent::Paint) ++count;
-    return false;
-  }
-};
 
 class FrmMainProofWordsTest : public test::ProofScreen {
  protected:
@@ -198,7 +185,7 @@ TEST_F(FrmMainProofWordsTest, LeadNowhereWhereTheProofWins) {
 TEST_F(FrmMainProofWordsTest, ArePaintedOnThePictureAtOnce) {
   OpenProven();
   QCoreApplication::processEvents();
-  Paints paints(Area());
+  test::Paints paints(Area());
   auto& way = Child<QCheckBox>("chkWay");
   way.setChecked(!way.isChecked());
   EXPECT_TRUE(QTest::qWaitFor([&paints] { return paints.count > 0; }));

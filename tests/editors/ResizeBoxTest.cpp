@@ -6,6 +6,7 @@
 #include "editors/CaveModel.h"
 #include "editors/EditTiles.h"
 #include "editors/EditorScreen.h"
+#include "editors/Paints.h"
 #include "editors/ResizeBox.h"
 #include "editors/ToolTable.h"
 #include "screens/TestSkin.h"
@@ -77,6 +78,15 @@ TEST_F(ResizeBoxTest, ShowsWhatTheCaveWouldLookLike) {
     Side(box, "spnRight").setValue(0);
     EXPECT_EQ(picture->grab().toImage(), before);
     box.reject();
+  });
+}
+
+TEST_F(ResizeBoxTest, PaintsWhatTheCaveWouldLookLikeAtOnce) {
+  InBox([](QDialog& box) {
+    QCoreApplication::processEvents();
+    test::Paints paints(*box.findChild<QWidget*>("imgResized"));
+    Side(box, "spnRight").setValue(1);
+    EXPECT_TRUE(QTest::qWaitFor([&paints] { return paints.count > 0; }));
   });
 }
 
@@ -163,6 +173,12 @@ class ResizePictureTest : public ResizeBoxTest {
     const QImage& tile = tiles.Tile(ToolOfLetter(letter), ValueOf(letter), kCell);
     return Middle(tile.convertToFormat(QImage::Format_RGB32), {});
   }
+  // Whether nothing is drawn there.
+  static bool Bare(const QImage& picture, const QRect& part) {
+    QImage bare(part.size(), picture.format());
+    bare.fill(picture.pixelColor(0, 0));
+    return picture.copy(part) == bare;
+  }
   static bool Highlit(const QImage& picture, int x, int y) {
     return picture.pixelColor(x, y) == QApplication::palette().color(QPalette::Highlight);
   }
@@ -182,6 +198,15 @@ TEST_F(ResizePictureTest, ShowsEachCellInTheMiddleOfItsRoom) {
       }
     }
   }
+}
+
+TEST_F(ResizePictureTest, ShowsNothingBesideTheCave) {
+  const QImage wide = Shown({}, {200, 100});
+  EXPECT_TRUE(Bare(wide, {0, 0, 48, 100}));
+  EXPECT_TRUE(Bare(wide, {153, 0, 47, 100}));
+  const QImage high = Shown({.left = 1, .top = 0, .right = 2, .bottom = 0}, {160, 150});
+  EXPECT_TRUE(Bare(high, {0, 0, 160, 23}));
+  EXPECT_TRUE(Bare(high, {0, 127, 160, 23}));
 }
 
 TEST_F(ResizePictureTest, FramesWhatIsThereAlready) {
