@@ -36,6 +36,12 @@ class FrmMainProofWordsTest : public test::ProofScreen {
   QString Word(const char* key, const QString& a = {}, const QString& b = {}) const {
     return FillMarks(skin.Caption(key), a, b);
   }
+  // The words in front of the first number, which may have grown by the time it is read.
+  std::string BeginningOf(const char* key) const {
+    const QString words = Word(key, "|", "|");
+    EXPECT_GT(words.indexOf('|'), 0) << key;
+    return words.left(words.indexOf('|')).toStdString();
+  }
   void SaveCollection() const {
     SadaModel sada({}, 1);
     sada.SetText(SadaText::Name, "sada");
@@ -67,9 +73,9 @@ TEST_F(FrmMainProofWordsTest, LeadToNoPlaceInACaveThatCannotBePlayed) {
 TEST_F(FrmMainProofWordsTest, TellThatItSearchesAndStopTellingIt) {
   OpenCave(kHard);
   Press("btnSolve");
-  const QString begin = Word("caption.proof.solving", "0", "0");
-  EXPECT_EQ(Told(), begin.toStdString());
-  EXPECT_TRUE(QTest::qWaitFor([&] { return Told() != begin.toStdString(); }, 20'000)) << "as it goes on";
+  const std::string first = Told();
+  EXPECT_TRUE(first.starts_with(BeginningOf("caption.proof.solving"))) << first;
+  EXPECT_TRUE(QTest::qWaitFor([&] { return Told() != first; }, 20'000)) << "as it goes on";
   EXPECT_NE(Told(), "");
   Press("btnStop");
   EXPECT_EQ(Told(), "");
@@ -78,7 +84,7 @@ TEST_F(FrmMainProofWordsTest, TellThatItSearchesAndStopTellingIt) {
 TEST_F(FrmMainProofWordsTest, TellThatItRates) {
   OpenProven();
   Press("btnRate");
-  EXPECT_EQ(Told(), Word("caption.proof.rating", "0", "20").toStdString());
+  EXPECT_TRUE(Told().starts_with(BeginningOf("caption.proof.rating"))) << Told();
   Press("btnStop");
   EXPECT_EQ(Told(), "");
 }

@@ -40,6 +40,7 @@ class ProofShelfTest : public testing::Test {
     const auto put = shelf.Keep(Origin(number, saved), "Kost", record);
     ASSERT_TRUE(put);
     EXPECT_EQ(put->keptAs, "");
+    EXPECT_EQ(put->waits, !saved);
   }
 
   const std::string one = Cave(2), two = Cave(3), three = Cave(4);
