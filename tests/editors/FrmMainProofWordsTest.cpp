@@ -177,6 +177,14 @@ TEST_F(FrmMainProofWordsTest, OfferTheDogOnceThePointerWasInTheCave) {
   EXPECT_FALSE(Enabled("btnTryDog"));
 }
 
+TEST_F(FrmMainProofWordsTest, OfferToRateAProofThatWinsAndNoOther) {
+  OpenProven();
+  EXPECT_TRUE(Enabled("btnRate"));
+  Wall(5, 1);
+  Answer();
+  EXPECT_FALSE(Enabled("btnRate"));
+}
+
 TEST_F(FrmMainProofWordsTest, LeadNowhereWhereTheProofWins) {
   const QSignalSpy led(&Area(), &EditKom::LedByKeys);
   Press("btnGo");
