@@ -30,6 +30,16 @@ TEST_F(GameEditors, OpenThePageOnEditingByF1) {
   EXPECT_TRUE(desktop.Opened().endsWith("/editovat.html")) << desktop.Opened().toStdString();
 }
 
+TEST_F(GameEditors, TellBeforeTheirOwnWindowThatThePageDoesNotOpen) {
+  folder.File("Help/editovat.html", "<p>");
+  const DesktopStandIn desktop(1);
+  const BoxReader reader;
+  Command(Screen<FrmMain>(), Qt::Key_F1);
+  ASSERT_TRUE(Wait([&reader] { return !reader.owners.isEmpty(); }));
+  EXPECT_EQ(reader.owners, QWidgetList({Screen<FrmMain>()}));
+  EXPECT_TRUE(reader.said[0].contains("editovat.html")) << reader.said[0].toStdString();
+}
+
 TEST_F(GameEditors, LeadBackToTheStartByTheWayThatTheyCame) {
   Leave();
 }

@@ -224,6 +224,32 @@ TEST_F(GameFromOutside, AnotherStartBringsAMinimisedGameBack) {
   EXPECT_TRUE(Shows<HraWindow>() && !Shows<FrmStart2>());
 }
 
+TEST_F(GameFromOutside, ACollectionBringsAMinimisedRunBackToAskAboutIt) {
+  PlayCave();
+  Beta();
+  Screen<HraWindow>()->showMinimized();
+  const DialogScript script = {[](QWidget& box) {
+    EXPECT_FALSE(Screen<HraWindow>()->isMinimized());
+    QTest::keyClick(&box, Qt::Key_N);
+  }};
+  ASSERT_TRUE(HandOverMeanwhile("Caves/b.zk"));
+  ASSERT_TRUE(Wait([&] { return script.Done(); }));
+  EXPECT_FALSE(Screen<HraWindow>()->isMinimized());
+}
+
+TEST_F(GameFromOutside, AnotherStartBringsAMinimisedBoxBack) {
+  PlayCave();
+  Beta();
+  const DialogScript script = {[this](QWidget& box) {
+    box.showMinimized();
+    auto done = HandOverLater(QString());
+    EXPECT_TRUE(Wait([&box] { return !box.isMinimized(); }));
+    QTest::keyClick(&box, Qt::Key_N);
+  }};
+  ASSERT_TRUE(HandOverMeanwhile("Caves/b.zk"));
+  ASSERT_TRUE(Wait([&] { return script.Done(); }));
+}
+
 TEST_F(GameFromOutside, ACollectionWaitsUntilTheScoreIsRead) {
   PlayCave();
   Press(Screen<HraWindow>(), Qt::Key_Right);

@@ -50,5 +50,15 @@ TEST_F(FrmFormalityTextsTest, TellsAShortTextAsAWholeHoweverLateItDiffers) {
       << said.toStdString();
 }
 
+TEST_F(FrmFormalityTextsTest, NamesATextOnceWhateverIsWrongWithIt) {
+  const test::Boxes boxes;
+  Dialog([](QWidget& it) {
+    Box(it, "Text3").setText("zorik Ω");  // a small letter at the beginning, and one that no cave holds
+    Description(it).setPlainText("hmiz Ω");
+    Press(it, "Command1");
+  });
+  EXPECT_EQ(boxes.said, QStringList("Tyto údaje byly opraveny: Název Popis"));
+}
+
 }  // namespace
 }  // namespace zorik

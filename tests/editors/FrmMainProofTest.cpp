@@ -410,15 +410,5 @@ TEST_F(FrmMainProofTest, TellsInThePlayersLanguageWhyAProofIsNotStored) {
   expect(boxes);
 }
 
-TEST(ProofWorkTest, DoesNotCallACaveImpossibleThatCannotBePlayed) {
-  ProofWork work;
-  const QSignalSpy impossible(&work, &ProofWork::Impossible);
-  const QSignalSpy unplayable(&work, &ProofWork::NotPlayable);
-  work.Solve("this is no cave", "sada");
-  EXPECT_TRUE(QTest::qWaitFor([&work] { return work.Doing() == ProofWork::Kind::None; }));
-  EXPECT_EQ(impossible.count(), 0);
-  EXPECT_EQ(unplayable.count(), 1);
-}
-
 }  // namespace
 }  // namespace zorik

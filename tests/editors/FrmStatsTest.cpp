@@ -1,8 +1,12 @@
 #include <QMap>
 #include <QTableWidget>
+#include <set>
 
+#include "editors/EditTiles.h"
 #include "editors/EditorScreen.h"
 #include "editors/FrmStats.h"
+#include "editors/ToolNames.h"
+#include "editors/ToolTable.h"
 
 namespace zorik {
 namespace {
@@ -106,6 +110,31 @@ TEST_F(FrmStatsTest, ShowsEachDogWithItsNumber) {
     EXPECT_NE(picture(1), picture(2));
   });
   Action("mnuStats").trigger();
+}
+
+TEST_F(FrmStatsTest, ShowsEachObjectByItsTileOfThePalette) {
+  const std::string letters = ".RD12WF";  // in the order of the palette
+  Open({"WWWWWW", "W12..W", "WRF.DW", "WR..;W", "WWWWWW"});
+  EditTiles tiles;
+  tiles.Load(SkinPlaces{ZORIK_SKINS, "Default"}, "Classic");
+  const InDialogNamed dialog("frmStats", [&](QWidget& it) {
+    const auto& table = *it.findChild<QTableWidget*>("lstStats");
+    std::set<std::string> seen;
+    for (int row = 0; row < table.rowCount(); ++row) {
+      const QImage shown =
+          table.item(row, 0)->icon().pixmap(26).toImage().convertToFormat(QImage::Format_RGB32);
+      for (const char letter : letters + ';') {
+        const QImage& tile = tiles.Tile(ToolOfLetter(letter), ValueOf(letter), 26);
+        if (shown == tile.convertToFormat(QImage::Format_RGB32) &&
+            table.item(row, 1)->text() == NameOfLetter(skin, letter))
+          seen.insert(std::string(1, letter));
+      }
+    }
+    EXPECT_EQ(seen.size(), letters.size() + 1);
+    EXPECT_EQ(table.rowCount(), static_cast<int>(letters.size()) + 1);
+  });
+  Action("mnuStats").trigger();
+  EXPECT_TRUE(dialog.opened);
 }
 
 }  // namespace

@@ -20,10 +20,12 @@ class ProofShelfTest : public testing::Test {
   static std::string Cave(int gem) {
     test::Picture picture{"WWWWWWWWW", "W1;;;;;;T", "WWWWWWWWW", "W;;;;;;;W", "WWWWWWWWW"};
     picture[3][static_cast<std::size_t>(gem)] = 'D';
-    return test::CaveTextOf(picture);
+    return test::CaveTextOf(picture, {.needed = 0});
   }
   static std::string RecordOf(const std::string& cave) {
-    return RecordOfPlan({cave, "sada", 0, {}}, test::PlanOf("RRRRRRR"));
+    std::string record = RecordOfPlan({cave, "sada", 0, {}}, test::PlanOf("RRRRRRR"));
+    EXPECT_FALSE(record.empty()) << "the dog comes to the finish";
+    return record;
   }
   CaveOrigin Origin(int number, bool saved = true) const {
     return {saved ? File() : std::string(), "sada", number,
@@ -38,6 +40,7 @@ class ProofShelfTest : public testing::Test {
     const auto put = shelf.Keep(Origin(number, saved), "Kost", record);
     ASSERT_TRUE(put);
     EXPECT_EQ(put->keptAs, "");
+    EXPECT_EQ(put->waits, !saved);
   }
 
   const std::string one = Cave(2), two = Cave(3), three = Cave(4);

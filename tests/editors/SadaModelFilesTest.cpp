@@ -2,7 +2,9 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "data/Result.h"
@@ -31,6 +33,34 @@ TEST_F(SadaTest, CountsAsChangedAfterAnyTextHasChanged) {
   sada_.New();
   sada_.SetCongratulation("Jinak");
   EXPECT_TRUE(sada_.Chg());
+}
+
+TEST_F(SadaTest, CountsAsChangedAfterAnythingThatIsDoneToItsCaves) {
+  const std::pair<const char*, std::function<void()>> acts[] = {
+      {"added", [this] { sada_.AddCave(CaveText("Nova")); }},
+      {"small", [this] { sada_.AddCave(NewCaveSize::Small); }},
+      {"pasted", [this] { sada_.Paste(); }},
+      {"cut", [this] { sada_.Cut(); }},
+      {"deleted", [this] { sada_.Delete(); }},
+      {"up", [this] { sada_.Up(); }},
+      {"down", [this] { sada_.Down(); }},
+      {"edited", [this] { sada_.SetSelected(CaveText("Jina")); }},
+      {"opened", [this] { sada_.ToggleOpen(2); }},
+      {"congratulated", [this] { sada_.SetCongratulation("Hura"); }},
+  };
+  for (const auto& [name, act] : acts) {
+    OpenCaves({"A", "B", "C"});
+    sada_.Select(2);
+    sada_.Copy();
+    EXPECT_FALSE(sada_.Chg()) << name;
+    const std::string before = Bytes();
+    act();
+    EXPECT_TRUE(sada_.Chg()) << name;
+    EXPECT_NE(Bytes(), before) << name;
+    sada_.Undo();
+    EXPECT_FALSE(sada_.Chg()) << name;
+    EXPECT_EQ(Bytes(), before) << name;
+  }
 }
 
 TEST_F(SadaTest, WritesTextsWhereTheyBelong) {

@@ -2,6 +2,7 @@
 
 #include <QLabel>
 #include <QSettings>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QTest>
 
@@ -99,6 +100,71 @@ TEST_F(SidePanelTest, ThePagesAreAsWideAsTheyWereLeft) {
   AddPage();
   Show(1000);
   EXPECT_EQ(Pages().width(), left);
+}
+
+TEST_F(SidePanelTest, ThePagesAreNeitherTooNarrowNorTooWideHoweverTheyWereLeft) {
+  const auto widthAfter = [this](int stored) {
+    QSettings(QSettings::IniFormat, QSettings::UserScope, "Ortvan", "Zorik2")
+        .setValue("Editors/SidePanelWidth", stored);
+    Make();
+    AddPage();
+    Show(3000);
+    return Pages().width();
+  };
+  const int least = widthAfter(-5), most = widthAfter(99'999);
+  EXPECT_EQ(widthAfter(1), least);
+  EXPECT_EQ(widthAfter(least), least);
+  EXPECT_EQ(widthAfter(least + 1), least + 1);
+  EXPECT_EQ(widthAfter(most - 1), most - 1);
+  EXPECT_GE(least, 100) << "the words can be read";
+  EXPECT_LE(most, 2000) << "the picture is seen";
+  EXPECT_GT(most, 4 * least);
+}
+
+TEST_F(SidePanelTest, ThePagesCannotBePushedAway) {
+  AddPage();
+  Show(1000);
+  panel->setSizes({995, 5});
+  EXPECT_TRUE(page->isVisible());
+  EXPECT_GE(Pages().width(), Pages().minimumSizeHint().width());
+  EXPECT_GE(Pages().width(), 100);
+  panel->setSizes({0, 1000});
+  EXPECT_GE(picture_->width(), 500) << "nor the picture";
+}
+
+TEST_F(SidePanelTest, AWidthIsNotStoredOfPagesThatAreHidden) {
+  AddPage();
+  Show(1000);
+  panel->setSizes({600, 400});
+  const int left = Pages().width();
+  panel->hide();
+  Show(1000);
+  panel->SetWanted(false);
+  panel->hide();
+  Make();
+  AddPage();
+  panel->SetWanted(true);
+  Show(1000);
+  EXPECT_EQ(Pages().width(), left);
+}
+
+TEST_F(SidePanelTest, EachPageHasItsOwnCaptionAndCanBeTurnedTo) {
+  AddPage();
+  auto* const other = new QLabel;
+  panel->AddPage(*other, "caption.proof.page");
+  Skin skin;
+  ASSERT_TRUE(skin.Apply(SkinPlaces{ZORIK_SKINS, "English"}));
+  panel->SetLW(skin);
+  Show(1000);
+  EXPECT_EQ(Pages().tabText(0), skin.Caption("caption.main.stats"));
+  EXPECT_EQ(Pages().tabText(1), skin.Caption("caption.proof.page"));
+  EXPECT_TRUE(page->isVisible());
+  panel->TurnTo(*other);
+  EXPECT_TRUE(other->isVisible());
+  EXPECT_FALSE(page->isVisible());
+  EXPECT_EQ(Pages().tabBar()->focusPolicy(), Qt::TabFocus) << "a click leaves the keys to the picture";
+  EXPECT_TRUE(Pages().documentMode()) << "without a frame";
+  EXPECT_EQ(panel->orientation(), Qt::Horizontal);
 }
 
 }  // namespace

@@ -187,6 +187,16 @@ TEST_F(RecoveryStoreTest, ListsWhatWasDiscardedTheNewestFirst) {
   EXPECT_EQ(Discarded(), (Names{"Treti", "Jedna"}));
 }
 
+TEST_F(RecoveryStoreTest, ListsManyOfOneSecondTheNewestFirst) {
+  RecoveryStore store(folder_);
+  Names newest;
+  for (int i = 0; i < 15; ++i) {
+    newest.insert(newest.begin(), "S" + std::to_string(i));
+    ASSERT_TRUE(store.Discard(Sada(newest.front()), kNow));
+  }
+  EXPECT_EQ(Discarded(), newest);
+}
+
 TEST_F(RecoveryStoreTest, HasWhatIsDiscardedTwiceOnce) {
   RecoveryStore store(folder_);
   for (const char* name : {"Jedna", "Druha", "Jedna"}) ASSERT_TRUE(store.Discard(Sada(name), kNow));
