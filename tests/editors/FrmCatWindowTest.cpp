@@ -144,6 +144,20 @@ TEST_F(FrmCatWindowTest, OffersInItsMenuOnlyWhatCanBeDone) {
   });
 }
 
+TEST_F(FrmCatWindowTest, BeginsEachProgramInItsLines) {
+  FrmCat window(skin_, nullptr);
+  for (int time = 0; time < 2; ++time) {
+    dialogs_.Then([this, time](QWidget& dialog) {
+      dialog_ = &dialog;
+      ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+      EXPECT_EQ(dialog.focusWidget(), &List("lstScript")) << time;
+      List("lstCmds").setFocus();
+      Press("Command4");
+    });
+    window.Edit("");
+  }
+}
+
 TEST_F(FrmCatWindowTest, LetsNoButtonTakeEnter) {
   Edit("*A-A/Z", [this] {
     for (const char* const name : {"Command1", "Command3", "Label1", "Command4"}) {

@@ -161,6 +161,7 @@ TEST_F(FrmDiscardedTest, StandsInLinesWithItsButtonsBelow) {
     const int time = list.fontMetrics().horizontalAdvance(list.item(0, 0)->text());
     EXPECT_GE(list.columnWidth(0), time);
     EXPECT_LT(list.columnWidth(0), list.columnWidth(1));
+    EXPECT_EQ(list.columnWidth(2), list.horizontalHeader()->sectionSizeHint(2)) << "as its head needs";
     EXPECT_LT(list.columnWidth(2), list.columnWidth(1));
     EXPECT_NEAR(list.columnWidth(1), list.columnWidth(3), 1) << "names and files share what is left";
     EXPECT_EQ(list.item(0, 1)->textAlignment(), int(Qt::AlignLeft | Qt::AlignVCenter));
