@@ -172,6 +172,17 @@ TEST_F(DoubtPageTest, SaysNothingBeforeItHasLooked) {
   EXPECT_FALSE(QTest::qWaitFor([&page] { return page.IsUpToDate(); }, 600)) << "there is no cave to look at";
 }
 
+TEST_F(DoubtPageTest, LooksOnceOnlyAtTheSameCave) {
+  Open({"WWWWWWWW", "W1;;;WWW", "W.R;;WDW", "W..;;WWW", "WWWWWWWW"}, {.needed = 1});
+  ASSERT_EQ(Said().size(), 3);
+  const QSignalSpy lines(List().model(), &QAbstractItemModel::rowsInserted);
+  const auto again = [&lines] { return QTest::qWaitFor([&lines] { return !lines.isEmpty(); }, 600); };
+  EXPECT_FALSE(again());
+  for (int key = 0; key < 2; ++key) QTest::keyClick(window.get(), Qt::Key_F9);
+  ASSERT_TRUE(Page().isVisible());
+  EXPECT_FALSE(again()) << "it was out of sight meanwhile";
+}
+
 TEST_F(DoubtPageTest, TellsHowTheGemsStand) {
   Open(fine, {.needed = 1});
   Said();
