@@ -1,6 +1,8 @@
 // How the list of caves is drawn, and what its parts answer to.
 #include <gtest/gtest.h>
 
+#include <QSignalSpy>
+
 #include "editors/SadaList.h"
 #include "editors/SadaScreen.h"
 
