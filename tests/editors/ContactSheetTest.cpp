@@ -149,6 +149,36 @@ TEST(ContactSheetTest, HoldsACollectionAsLargeAsThereIs) {
   EXPECT_LT(sheet.width(), 4000);
 }
 
+TEST(ContactSheetTest, HasTheSameGapOnEachSideAndBetween) {
+  constexpr int kLine = 24;  // for a name, below each cave
+  for (const auto& [count, columns] : {std::pair(1U, 1), std::pair(2U, 2), std::pair(5U, 3)}) {
+    const QImage sheet = ContactSheet(kPlaces, "Sada", Caves(count));
+    const QRect first = PlaceOnSheet(0, count), last = PlaceOnSheet(count - 1, count);
+    const int gap = first.left();
+    EXPECT_GT(gap, 0);
+    EXPECT_EQ(sheet.width(), gap + columns * (first.width() + gap)) << count;
+    EXPECT_EQ(sheet.height(), last.bottom() + 1 + kLine + gap) << count;
+    if (count == 1) continue;
+    EXPECT_EQ(PlaceOnSheet(1, count).left(), first.right() + 1 + gap);
+    EXPECT_EQ(PlaceOnSheet(1, count).top(), first.top());
+    if (count == 2) continue;
+    EXPECT_EQ(last.top(), first.bottom() + 1 + kLine + gap);
+  }
+}
+
+TEST(ContactSheetTest, WritesTheTitleInTheMiddleAndNotToTheEdge) {
+  for (const QString& title : {QString("Moje sada"), QString(500, 'x')}) {
+    const QImage sheet = ContactSheet(kPlaces, title, Caves(4));
+    const int gap = PlaceOnSheet(0, 4).left();
+    const QRect drawn = Drawn(sheet, {0, 0, sheet.width(), PlaceOnSheet(0, 4).top()});
+    EXPECT_NEAR(drawn.center().x(), sheet.rect().center().x(), 12);
+    EXPECT_GE(drawn.left(), gap);
+    EXPECT_LT(drawn.right(), sheet.width() - gap);
+    EXPECT_GE(drawn.top(), gap) << "the title's line is below the gap, too";
+    EXPECT_EQ(drawn.width() > sheet.width() / 2, title.size() == 500);
+  }
+}
+
 TEST(ContactSheetTest, FillsItsRowsFromTheLeft) {
   for (std::size_t i = 0; i < 9; ++i) {
     const QRect place = PlaceOnSheet(i, 9), first = PlaceOnSheet(0, 9);

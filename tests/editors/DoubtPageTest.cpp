@@ -26,6 +26,9 @@ class DoubtPageTest : public testing::Test, public test::EditorScreen {
     return said;
   }
 
+  // Those of one piece are of another letter.
+  static QString WithoutBlanks(QString line) { return line.remove(' ').remove(QChar(QChar::Nbsp)); }
+
   // A cave in which all is well, and which is not its own mirror.
   const Picture fine{"WWWWWWWW", "W1;;;D;W", "W.R;;;;W", "W..;TR;W", "WWWWWWWW"};
 };
@@ -93,6 +96,91 @@ TEST_F(DoubtPageTest, NamesTheFirstOfVeryMany) {
   const QStringList said = Said();
   ASSERT_EQ(said.size(), 21);
   EXPECT_EQ(said[20], "… a ještě 5× totéž");
+}
+
+TEST_F(DoubtPageTest, NamesTwentyAndCountsTheOthers) {
+  struct Row {
+    std::size_t gems;
+    qsizetype lines;
+    QString last;
+  };
+  for (const Row& row : {Row{20, 20, "K drahokamu se žádný Zorík nikdy nedostane. (7, 6)"},
+                         Row{21, 21, "… a ještě 1× totéž"}, Row{22, 21, "… a ještě 2× totéž"}}) {
+    Picture walled = test::Full(12, 9, 'W');
+    walled[1].replace(1, 3, "1;T");
+    for (std::size_t gem = 0; gem < row.gems; ++gem) walled[3 + gem / 7][1 + gem % 7] = 'D';
+    Open(walled, {.needed = 0});
+    const QStringList said = Said();
+    ASSERT_EQ(said.size(), row.lines) << row.gems;
+    EXPECT_EQ(WithoutBlanks(said.last()), WithoutBlanks(row.last));
+    EXPECT_EQ(List().item(List().count() - 1)->toolTip(), "Podezření") << row.gems;
+  }
+}
+
+TEST_F(DoubtPageTest, TellsOfFaultsAndHintsBySignsAndToThoseWhoListen) {
+  Open({"WWWWWWWW", "W1;;;WWW", "W.R;;WDW", "W..;;WWW", "WWWWWWWW"}, {.needed = 1});
+  ASSERT_EQ(Said().size(), 3);
+  const auto sign = [this](int row) { return List().item(row)->icon().pixmap(16).toImage(); };
+  EXPECT_FALSE(sign(0).isNull());
+  EXPECT_EQ(sign(0), sign(1));
+  EXPECT_NE(sign(0), sign(2)) << "a hint";
+  EXPECT_EQ(List().item(0)->data(Qt::AccessibleTextRole), "Chyba Není tu cíl.");
+  EXPECT_EQ(List().item(2)->data(Qt::AccessibleTextRole), "Podezření " + List().item(2)->text());
+  EXPECT_EQ(List().accessibleName(), "Kontrola");
+}
+
+TEST_F(DoubtPageTest, LeadsNowhereByALineWithoutACell) {
+  Open({"WWWWWWWW", "W1;;;WWW", "W.R;;WDW", "W..;;WWW", "WWWWWWWW"}, {.needed = 1});
+  ASSERT_EQ(Said().size(), 3);
+  const QSignalSpy chosen(&Page(), &DoubtPage::Chosen);
+  for (const int row : {0, 2}) {
+    QTest::mouseClick(List().viewport(), Qt::LeftButton, {},
+                      List().visualItemRect(List().item(row)).center());
+    EXPECT_EQ(chosen.size(), row / 2) << row;
+  }
+}
+
+TEST_F(DoubtPageTest, StandsFromEdgeToEdgeWithTheGemsOnTop) {
+  Open({"WWWWWWWW", "W1;;;WWW", "W.R;;WDW", "W..;;WWW", "WWWWWWWW"}, {.needed = 1});
+  ASSERT_EQ(Said().size(), 3);
+  const auto& gems = Child<QLabel>("lblGems");
+  EXPECT_EQ(gems.geometry().topLeft(), QPoint(0, 0));
+  EXPECT_EQ(gems.width(), Page().width());
+  EXPECT_GT(gems.margin(), 0);
+  EXPECT_TRUE(gems.wordWrap() && Fine().wordWrap() && List().wordWrap());
+  EXPECT_EQ(List().x(), 0);
+  EXPECT_EQ(List().width(), Page().width());
+  EXPECT_GT(List().y(), gems.geometry().bottom());
+  EXPECT_EQ(List().geometry().bottom(), Page().height() - 1) << "it takes all that is left";
+  EXPECT_EQ(List().frameShape(), QFrame::NoFrame);
+  EXPECT_EQ(List().iconSize(), QSize(16, 16));
+  EXPECT_EQ(List().focusPolicy(), Qt::TabFocus) << "a click leaves the keys to the cave";
+  EXPECT_EQ(List().horizontalScrollBarPolicy(), Qt::ScrollBarAlwaysOff) << "its lines are wrapped";
+  Open(fine, {.needed = 1});
+  ASSERT_EQ(Said(), QStringList());
+  EXPECT_EQ(Fine().width(), Page().width());
+  EXPECT_GT(Fine().y(), gems.geometry().top());
+  EXPECT_LT(Fine().y(), Page().height() / 2) << "right below the gems";
+}
+
+TEST_F(DoubtPageTest, SaysNothingBeforeItHasLooked) {
+  DoubtPage page(skin, nullptr);
+  page.show();
+  EXPECT_FALSE(page.findChild<QLabel*>("lblFine")->isVisible());
+  EXPECT_FALSE(page.findChild<QListWidget*>("lstDoubts")->isVisible());
+  // More than the pause after which it looks.
+  EXPECT_FALSE(QTest::qWaitFor([&page] { return page.IsUpToDate(); }, 600)) << "there is no cave to look at";
+}
+
+TEST_F(DoubtPageTest, LooksOnceOnlyAtTheSameCave) {
+  Open({"WWWWWWWW", "W1;;;WWW", "W.R;;WDW", "W..;;WWW", "WWWWWWWW"}, {.needed = 1});
+  ASSERT_EQ(Said().size(), 3);
+  const QSignalSpy lines(List().model(), &QAbstractItemModel::rowsInserted);
+  const auto again = [&lines] { return QTest::qWaitFor([&lines] { return !lines.isEmpty(); }, 600); };
+  EXPECT_FALSE(again());
+  for (int key = 0; key < 2; ++key) QTest::keyClick(window.get(), Qt::Key_F9);
+  ASSERT_TRUE(Page().isVisible());
+  EXPECT_FALSE(again()) << "it was out of sight meanwhile";
 }
 
 TEST_F(DoubtPageTest, TellsHowTheGemsStand) {

@@ -28,6 +28,19 @@ TEST_F(FrmCatStepsTest, MovesTheSelectedLineWithAltAndTheArrows) {
   EXPECT_EQ(program, "*A-A-C-B/Z");
 }
 
+TEST_F(FrmCatStepsTest, SelectsNoOtherLineWhereNothingCanBeMoved) {
+  Edit("*A-A-B/Z", [this] {
+    ClickLine("lstScript", 1);
+    Key(Qt::Key_Up, Qt::AltModifier);
+    EXPECT_EQ(Selected(), 1) << "the head is above";
+    ClickLine("lstScript", 2);
+    Key(Qt::Key_Down, Qt::AltModifier);
+    EXPECT_EQ(Selected(), 2) << "the end is below";
+    EXPECT_EQ(Lines(), (QStringList{kStart, "Jdio1Doleva", "Jdio1Doprava", kEnd}));
+    Press("Command4");
+  });
+}
+
 TEST_F(FrmCatStepsTest, TakesBackAndDoesAgainByKeys) {
   const auto program = Edit("*A-A/Z", [this] {
     EXPECT_FALSE(Action("mnuUndo").isEnabled() || Action("mnuRedo").isEnabled());

@@ -77,6 +77,16 @@ TEST_F(NameNoteTest, NamesARecordWhoseNameIsTooLongAsTheCollectionIsCalledSo) {
   EXPECT_EQ(Note(), "");
 }
 
+TEST_F(NameNoteTest, SaysAllThatIsWrongWithOneName) {
+  OpenCaves({"*A", "A"});
+  TypeName(QString(124, QChar(0x159)));
+  const QString tooLong = "Jméno souboru se záznamem by mělo 256 bajtů, disk jich snese 255.";
+  EXPECT_EQ(Hint(List().lblCave(1).center()), tooLong);
+  QString both = Hint(List().lblCave(2).center());
+  EXPECT_TRUE(both.contains(tooLong) && both.contains(kTwice)) << both.toStdString();
+  EXPECT_EQ(both.remove(tooLong).remove(kTwice), " ") << "with a blank between";
+}
+
 TEST_F(NameNoteTest, SpeaksTheLanguageOfTheSkin) {
   OpenCaves({"*A", "A", "A"});
   ASSERT_TRUE(skin.Apply(SkinPlaces{ZORIK_SKINS, "English"}));
