@@ -68,6 +68,9 @@ TEST(Prey, IsNoneWhereTheNearestMonsterLivesOn) {
   picture[5][6] = 'W';
   picture[8][6] = 'F';
   EXPECT_EQ(Drop(picture, Keys(20)).prey, std::optional(Cell(4, 8))) << "farther off";
+  picture[8][6] = 'W';
+  picture[5][8] = 'F';
+  EXPECT_EQ(Drop(picture, Keys(20)).prey, std::optional(Cell(4, 8))) << "farther aside";
 }
 
 TEST(Prey, IsNeverAboveWhatFalls) {

@@ -18,7 +18,7 @@ TEST(Use, OfWallsThatGrowIsToldByTheWayTheyGrow) {
   const Review aside = WalkAbove({"WE.VWWW"});
   EXPECT_TRUE(Uses(aside, "wall that grows aside"));
   EXPECT_FALSE(Uses(aside, "wall that grows upright"));
-  const Review upright = WalkAbove({"WVWWEWW", "W.WWWWW"});
+  const Review upright = WalkAbove({"WVWXEXW", "W.WWWWW"});
   EXPECT_TRUE(Uses(upright, "wall that grows upright"));
   EXPECT_FALSE(Uses(upright, "wall that grows aside"));
 }
@@ -70,8 +70,38 @@ TEST(Use, OfCatAndFleasIsAlsoThatTheyBlowUp) {
   EXPECT_TRUE(Uses(hit('F'), "firefly"));
   EXPECT_FALSE(Uses(hit('F'), "fleas"));
   EXPECT_FALSE(Uses(hit('F'), "cat"));
+  EXPECT_TRUE(Uses(hit('N'), "fleas"));
   EXPECT_TRUE(Uses(hit('J'), "cat"));
   EXPECT_FALSE(Uses(hit('J'), "fleas"));
+}
+
+TEST(Use, OfCatAndFleasIsNotThatSomethingElseBlowsUp) {
+  const Review review =
+      WalkAbove({"WWWRWWW", "WWW.WWW", "WNW.WJW", "WWWFWWW"}, "..RRRRR", {.needed = 1, .script = "*A-M/Z"});
+  EXPECT_TRUE(Uses(review, "firefly"));
+  EXPECT_FALSE(Uses(review, "fleas"));
+  EXPECT_FALSE(Uses(review, "cat"));
+}
+
+TEST(Use, OfTheFleasIsNotThatADogIsChosen) {
+  const Review review =
+      ReviewOf({{"WWWWWWW", "W1D;;;T", "W2;;;;W", "WWWWWWW", "WNWWWWW"}, {.needed = 1}, "2R1RRRRR"});
+  EXPECT_TRUE(Uses(review, "dogs"));
+  EXPECT_FALSE(Uses(review, "fleas"));
+}
+
+TEST(Use, OfTheTeleportIsThatSomebodyRides) {
+  const Picture aside{"WWWWWWWWW", "W1;D;;;;T", "W;;;;;W;W", "W;;S;;S;W", "W;;W;;;;W", "WWWWWWWWW"};
+  ASSERT_TRUE(Play(aside).TeleportActive);
+  EXPECT_FALSE(Uses(ReviewOf({aside, {.needed = 1}, "RRRRRRR"}), "teleport"));
+  const Picture picture{"WWWWWWWWW", "W1;;WWWWW", "WWS;WWS;T", "WWW;W;;DW", "WWWWWWWWW"};
+  const Review rides = ReviewOf({picture, {.needed = 1}, "RD......DRURR"});
+  EXPECT_TRUE(rides.touched[Cell(2, 2).place()]);
+  EXPECT_TRUE(rides.touched[Cell(6, 2).place()]);
+}
+
+TEST(Use, OfASensorIsNotThatSomethingElseStirs) {
+  EXPECT_FALSE(Uses(WalkAbove({"GWWWWQW", "WWWWWWW", "WWWWWWW"}), "sensor"));
 }
 
 // It has flown on along its ring when the dog comes to where it was.
@@ -137,6 +167,14 @@ TEST(Review, KnowsTheLongestRestTheFirstOfSeveral) {
   const Review none = review("RRRRRRRRR");
   EXPECT_EQ(none.idleStretch, 0);
   EXPECT_EQ(none.deeds.size(), 9U);
+}
+
+TEST(Review, TakesARestBeforeTheFirstDeedForADecisionToo) {
+  const auto decisions = [](std::size_t waits) {
+    return ReviewOf({kLong, {.needed = 1}, std::string(waits, '.') + "RRRRRRRRR"}).decisions;
+  };
+  EXPECT_EQ(decisions(10), 2);
+  EXPECT_EQ(decisions(11), 3);
 }
 
 // Steps through space and dirt are on the way to something.
