@@ -92,12 +92,15 @@ TEST(SearchSkill, IsToTakeTurnsOfDogsAndSwarm) {
   Expect({"swarm", {"WWWWWWWWW", "W1;;DN;;T", "WWWWW.WWW", "WWWWW.WWW", "WWWWWWWWW"}, {.needed = 1}, 4000});
 }
 
-TEST(SearchSkill, IsToGoRoundWhatFliesAbout) {
-  Expect({"firefly",
-          {"WWWWWWWWWWWWW", "WWWWWWWW.WWWW", "WWWWWWWW.WWWW", "W1.;;;;;.;D;T", "WWWWWWWW.WWWW",
-           "WWWWWWWW.WWWW", "WWWWWWWWFWWWW", "WWWWWWWWWWWWW"},
-          {.needed = 1},
-          800});
+// A shaft crosses the way, in which it flies up and down.
+TEST(SearchSkill, IsToWaitForWhatFliesAbout) {
+  for (const char monster : {'F', 'U'}) {
+    Picture picture(8, "WWWWWWWW.WWWW");
+    picture[0] = picture[7] = std::string(13, 'W');
+    picture[3] = "W1.;;;;;.;D;T";
+    picture[6][8] = monster;
+    Expect({"monsters", picture, {.needed = 1}, 800});
+  }
 }
 
 // Who stands in the gem's cell is beside the firefly.

@@ -88,5 +88,22 @@ TEST(Solver, WithABoundFindsNoPlanAsLong) {
   EXPECT_EQ(solver.Found()->size(), 4U);
 }
 
+// The most gems that so many turns of a tick each have had. There is one in each of nine nooks, and a turn
+// goes for four things at the most.
+int MostGemsOfTurns(std::size_t mostBytes) {
+  const Picture picture{"WWWWWWWWWWWWWWWWWWWWW", "W;;W;;W;;W;;W;;W;;W;W", "WD;WD;WD;WD;WD;WD;WDW",
+                        "WW;WW;WW;WW;WW;WW;W;W", "W1;;;;;;;;;;;;;;;;;;W", "WW;WWWWW;WWWWWWWWWWWW",
+                        "WW;;DWWW;;DWWWWWWWWWW", "WWWWWWWWWWWWWWWWWWWWW"};
+  Solver solver(Play(picture, {.needed = 99}), 1, mostBytes);
+  for (int turn = 0; turn < 120; ++turn) solver.Go(1);
+  return solver.MostGems();
+}
+
+TEST(Solver, BeginsASearchAnewThatNeedsMoreMemoryThanThereIs) {
+  EXPECT_LE(MostGemsOfTurns(1), 4);
+  EXPECT_GT(MostGemsOfTurns(1), 0);
+  EXPECT_GT(MostGemsOfTurns(std::size_t{64} << 20U), 4);
+}
+
 }  // namespace
 }  // namespace zorik::test
