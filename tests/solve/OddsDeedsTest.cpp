@@ -6,16 +6,16 @@
 namespace zorik::test {
 namespace {
 
+constexpr int kSeeds = 4;
+
 // A flea sits in the way to the finish and has to be led along winding ways, farther than the finish: who has
 // lost the winner's deeds will hardly find that by himself.
-constexpr int kSeeds = 4;
 const std::string kWinding = "RRRDDDLLDDDRRRRUUURRRDDDLLDDRRRRUURR";
 
-// A cave whose first rows begin with these; the dog comes to its right end in the middle one.
+// A cave whose first rows begin with these; the dog comes to its right end in the third of them.
 struct Gate {
   Picture picture;
-  std::string
-      keys;  // that lead the swarm away, and the dog from the right end of the beginning to the finish
+  std::string keys;  // that lead the swarm away, and then the dog to the finish
 };
 Gate GateBehind(const Picture& beginning) {
   Gate gate{beginning, "0" + kWinding + "1"};
@@ -36,8 +36,8 @@ Gate GateBehind(const Picture& beginning) {
   return gate;
 }
 
-// There are so few ticks to spare. Under how many of four other seeds what was done wins: at the beginning
-// with these keys, which end beside the gate.
+// Under how many of four other seeds what was done wins: at the beginning with these keys, which end beside
+// the gate. spare: ticks that the time leaves.
 int Follow(const Picture& beginning, const std::string& keys, Numbers numbers = {.needed = 1},
            int spare = 0) {
   const Gate gate = GateBehind(beginning);
