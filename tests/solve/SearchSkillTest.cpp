@@ -1,0 +1,133 @@
+#include <gtest/gtest.h>
+
+#include "core/Machine.h"
+#include "solve/Search.h"
+#include "support/Scene.h"
+
+namespace zorik::test {
+namespace {
+
+// A cave that asks for one skill, and the ticks within which eight searches together should find their
+// wins: by chance alone it takes several times as long.
+struct Task {
+  const char* skill;
+  Picture picture;
+  Numbers numbers;
+  std::uint64_t ticks;
+};
+
+void Expect(const Task& task) {
+  const Hra begin = Play(task.picture, task.numbers);
+  std::uint64_t ticks = 0;
+  for (std::uint64_t seed = 1; seed < 9; ++seed) {
+    Search search(begin, seed, {});
+    ASSERT_TRUE(search.Go(20 * task.ticks)) << task.skill << seed;
+    Hra run = begin;
+    TickEnd end = TickEnd::Running;
+    for (const Move move : *search.Found()) {
+      EXPECT_EQ(end, TickEnd::Running) << task.skill;
+      end = Tick(run, KeysOf(move));
+    }
+    EXPECT_EQ(end, TickEnd::Won) << task.skill;
+    ticks += search.Ticks();
+  }
+  EXPECT_LT(ticks, task.ticks) << task.skill << ": it looks in the wrong places";
+}
+
+// The wide room in which chance alone goes astray, with this row of things below.
+Picture Room(const std::string& things) {
+  Picture picture(12, "W" + std::string(38, ';') + "W");
+  picture[0] = picture[11] = std::string(40, 'W');
+  picture[1][1] = '1';
+  picture.insert(picture.end() - 1, things);
+  return picture;
+}
+
+TEST(SearchSkill, IsToFetchGemsOneAfterAnotherAndThenToLeave) {
+  Picture picture = Room("W" + std::string(38, ';') + "T");
+  for (const auto& [x, y] : {std::pair(30U, 2U), {4U, 9U}, {37U, 9U}, {20U, 5U}, {35U, 3U}}) picture[y][x] = 'D';
+  Expect({"gems", picture, {.needed = 5}, 5000});
+}
+
+// A room with this in its door, and the finish behind.
+Picture RoomWithDoor(char door) {
+  Picture picture = Room(std::string(40, 'W'));
+  picture[11][19] = door;
+  picture.insert(picture.end() - 1, std::string(19, 'W') + "." + std::string(20, 'W'));
+  picture.insert(picture.end() - 1, std::string(19, 'W') + "..T" + std::string(18, 'W'));
+  picture.insert(picture.end() - 1, std::string(19, 'W') + "." + std::string(20, 'W'));
+  return picture;
+}
+
+TEST(SearchSkill, IsToPushABoxOutOfADoor) {
+  Expect({"box", RoomWithDoor('K'), {.needed = 0}, 800});
+}
+
+// A green lock becomes a box, a blue one opens.
+TEST(SearchSkill, IsToFetchAKeyForADoor) {
+  for (const auto& [key, lock] : {std::pair('@', '^'), {'#', '&'}}) {
+    Picture picture = RoomWithDoor(lock);
+    picture[2][35] = key;
+    Expect({"key", picture, {.needed = 0}, 1400});
+  }
+}
+
+TEST(SearchSkill, IsToWaitForWhatComesInTime) {
+  Expect({"wait",
+          {"WWWWWWWWW", "WWWWDWWWW", "WWWWSWWWW", "W1;;.;;;T", "WWWWWWWWW"},
+          {.needed = 1, .permeability = 3},
+          700});
+}
+
+// It fills its room behind a box, and becomes gems.
+TEST(SearchSkill, IsToWaitUntilTheAmoebaIsShutIn) {
+  Expect({"amoeba",
+          {"WWWWWWWWWW", "W1;KA...WW", "W;WWWWWWWW", "W;;;;;;;;T", "WWWWWWWWWW"},
+          {.time = 400, .needed = 2, .amoebaTime = 1},
+          1400});
+}
+
+TEST(SearchSkill, IsToTakeTurnsOfDogsAndSwarm) {
+  Expect({"dogs", {"1;;DWWWWW", "WWWWWWWWW", "2;;;;D;WW", "WWWWWWWWW", "3;;D;;;;T"}, {.needed = 3}, 4000});
+  Expect({"swarm", {"WWWWWWWWW", "W1;;DN;;T", "WWWWW.WWW", "WWWWW.WWW", "WWWWWWWWW"}, {.needed = 1}, 4000});
+}
+
+// A shaft crosses the way, in which it flies up and down.
+TEST(SearchSkill, IsToWaitForWhatFliesAbout) {
+  for (const char monster : {'F', 'U'}) {
+    Picture picture(8, "WWWWWWWW.WWWW");
+    picture[0] = picture[7] = std::string(13, 'W');
+    picture[3] = "W1.;;;;;.;D;T";
+    picture[6][8] = monster;
+    Expect({"monsters", picture, {.needed = 1}, 800});
+  }
+}
+
+// Who stands in the gem's cell is beside the firefly.
+TEST(SearchSkill, IsToTakeAtArmsLength) {
+  Expect({"arm", {"WWWWWWWWWWWWW", "WFD;;1;;;;;;T", "WWWWWWWWWWWWW"}, {.needed = 1}, 3500});
+}
+
+TEST(SearchSkill, IsToPushTheRightOneOfManyBoxes) {
+  Picture picture = RoomWithDoor('K');
+  for (std::size_t x = 4; x < 36; x += 4) picture[3][x] = picture[7][x] = 'K';
+  Expect({"boxes", picture, {.needed = 0}, 800});
+}
+
+TEST(SearchSkill, IsToPushABoulderAside) {
+  Expect({"boulder",
+          {"WWWWWWWWWWWW", "W1;;;;;;R..W", "WWWWWWWW;WWW", "WWWWWWWW;;TW", "WWWWWWWWWWWW"},
+          {.needed = 0},
+          600});
+}
+
+// The last of them stands where only the finish is, and the others must have fetched the gems before.
+TEST(SearchSkill, IsToSendEachDogForHisGems) {
+  Expect({"three dogs",
+          {"WWWWWWWWWWWW", "W1;;D;;D;;;W", "WWWWWWWWWWWW", "W2D;;;;;;D;W", "WWWWWWWWWWWW", "W3;;;;;;;;;T"},
+          {.needed = 4},
+          2600});
+}
+
+}  // namespace
+}  // namespace zorik::test
