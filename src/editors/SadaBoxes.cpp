@@ -26,6 +26,13 @@ constexpr int kDescriptionLines = 3;  // at least
 constexpr int kNoteGap = 2;
 constexpr int kNameLetters = 26;  // at least to be seen of a text
 
+// Takes all the height that the others leave.
+QSizePolicy Tall(QSizePolicy policy) {
+  policy.setVerticalPolicy(QSizePolicy::Expanding);
+  policy.setVerticalStretch(1);
+  return policy;
+}
+
 }  // namespace
 
 TextId LabelOf(SadaText text) {
@@ -143,12 +150,14 @@ QLineEdit* SadaBoxes::MakeBox(const char* name, SadaText text) {
 }
 
 // A box with its note below.
-QLayout* SadaBoxes::RowOf(QWidget* box, std::size_t place) {
-  auto* const row = new QVBoxLayout;
+QWidget* SadaBoxes::RowOf(QWidget* box, std::size_t place) {
+  auto* const whole = new QWidget(this);
+  auto* const row = new QVBoxLayout(whole);
+  row->setContentsMargins({});
   row->setSpacing(kNoteGap);
   row->addWidget(box);
   if (place < notes_.size()) row->addWidget(notes_[place]);
-  return row;
+  return whole;
 }
 
 void SadaBoxes::LayOut() {
@@ -162,13 +171,12 @@ void SadaBoxes::LayOut() {
   for (std::size_t i = 0; i < boxes.size(); ++i) {
     labels_[i] = NewLabel(this);
     labels_[i]->setBuddy(boxes[i]);
-    form->addRow(labels_[i], RowOf(boxes[i], i));
+    QWidget* const row = RowOf(boxes[i], i);
+    if (boxes[i] == Text4_) row->setSizePolicy(Tall(row->sizePolicy()));
+    form->addRow(labels_[i], row);
     if (i > 0) setTabOrder(boxes[i - 1], boxes[i]);
   }
   Text4_->setMinimumHeight(Text4_->fontMetrics().lineSpacing() * kDescriptionLines);
-  QSizePolicy tall = Text4_->sizePolicy();
-  tall.setVerticalStretch(1);
-  Text4_->setSizePolicy(tall);
   txtBody_->setFixedWidth(txtBody_->fontMetrics().horizontalAdvance(QString(kBodyDigits * 2, '0')));
 }
 

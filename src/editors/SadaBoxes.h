@@ -85,7 +85,7 @@ class SadaBoxes : public QWidget {
 
  private:
   QLineEdit* MakeBox(const char* name, SadaText text);
-  QLayout* RowOf(QWidget* box, std::size_t place);
+  QWidget* RowOf(QWidget* box, std::size_t place);
   void LayOut();
 
   SadaModel& sada_;

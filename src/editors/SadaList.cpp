@@ -120,8 +120,7 @@ class SadaDelegate : public QStyledItemDelegate {
       const QString name = index.data().toString();
       const QFontMetrics letters(FontOf(option.font, option.rect));
       hint = index.data(kDoubtRole).toString();
-      const bool cut =
-          letters.horizontalAdvance(OneLine(name)) > RoomOf(option.rect, option.font, index).width();
+      const bool cut = letters.horizontalAdvance(WordsOf(index)) > WordsIn(option, index).width();
       if (cut) hint = hint.isEmpty() ? name : name + '\n' + hint;
     }
     ShowHint(event->globalPos(), hint, *view->viewport());
@@ -134,6 +133,13 @@ class SadaDelegate : public QStyledItemDelegate {
     QRect room = NameIn(row, letters);
     if (!index.data(kDoubtRole).toString().isEmpty()) room.setRight(DoubtIn(row, letters).left() - 1);
     return room;
+  }
+
+  // The name as it is written there, and where.
+  static QString WordsOf(const QModelIndex& index) { return OneLine(index.data().toString()).simplified(); }
+  static QRect WordsIn(const QStyleOptionViewItem& option, const QModelIndex& index) {
+    const int pad = option.rect.height() / 4;
+    return RoomOf(option.rect, option.font, index).adjusted(pad, 0, -pad, 0);
   }
 
   static void DrawDoubt(QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& index) {
@@ -167,9 +173,9 @@ class SadaDelegate : public QStyledItemDelegate {
     painter.drawText(QRect(row.left(), row.top(), name.left() - row.left() - pad, row.height()),
                      Qt::AlignRight | Qt::AlignVCenter, QString::number(index.row() + 1));
     painter.setPen(text);
-    const QString words = painter.fontMetrics().elidedText(OneLine(index.data().toString()).simplified(),
-                                                           Qt::ElideRight, name.width() - 2 * pad);
-    painter.drawText(name.adjusted(pad, 0, -pad, 0), Qt::AlignLeft | Qt::AlignVCenter, words);
+    const QRect room = WordsIn(option, index);
+    const QString words = painter.fontMetrics().elidedText(WordsOf(index), Qt::ElideRight, room.width());
+    painter.drawText(room, Qt::AlignLeft | Qt::AlignVCenter, words);
   }
 
   void DrawMark(QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {

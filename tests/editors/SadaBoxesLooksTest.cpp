@@ -57,6 +57,15 @@ TEST_F(SadaBoxesLooksTest, HaveALineEachAndTheDescriptionSeveral) {
   EXPECT_GE(Text4().minimumHeight(), 3 * Text4().fontMetrics().lineSpacing());
 }
 
+TEST_F(SadaBoxesLooksTest, LeaveAllTheHeightToTheDescription) {
+  Open();
+  Resize({800, 700});
+  const int low = PlaceOf("Text4").height(), all = Boxes().height();
+  Resize({800, 900});
+  EXPECT_GT(Boxes().height(), all + 100);
+  EXPECT_EQ(PlaceOf("Text4").height() - low, Boxes().height() - all);
+}
+
 TEST_F(SadaBoxesLooksTest, AreAsWideAsWhatTheyHold) {
   Open();
   for (const char* const box : {"Text3", "Text1", "Text2"})

@@ -206,6 +206,24 @@ TEST_F(SadaListLooksTest, TellsTheWholeOfADoubtfulNameThatIsCutAndWhatIsWrong) {
   EXPECT_GT(both.join("").size(), 150 + 20);
 }
 
+// A name whose last letter makes no difference to the picture is not to be seen whole.
+TEST_F(SadaListLooksTest, TellsTheWholeOfEachNameOfWhichTheLastLetterIsNotSeen) {
+  Names names{"A"};
+  for (std::size_t letters = 20; letters < 80; ++letters) {
+    names.push_back(std::string(letters, 'i') + 'i');
+    names.push_back(std::string(letters, 'i') + 'j');
+  }
+  OpenCaves(names);
+  int cut = 0;
+  for (int number = 2; number < static_cast<int>(names.size()); number += 2) {
+    List().ScrollTo(number + 1);
+    if (Image(List().lblCave(number)) != Image(List().lblCave(number + 1))) continue;
+    ++cut;
+    EXPECT_NE(HintAt(List().lblCave(number).center()), "") << names[static_cast<std::size_t>(number) - 1];
+  }
+  EXPECT_GT(cut, 2);
+}
+
 // The mouse
 
 TEST_F(SadaListLooksTest, ChangesAMarkByTheLeftButtonOnly) {
