@@ -84,27 +84,5 @@ TEST(WayFinder, EndsAtOnceWithItsQuestion) {
   EXPECT_LT(clock.elapsed(), kPatience);
 }
 
-// The way of last time goes on from where the run has come to meanwhile, also where a shorter one is to be
-// found.
-TEST(WayFinder, GoesOnAlongTheWayItHasFoundBefore) {
-  WayFinder finder;
-  const auto run = Practise(kCorridor);
-  Pass(*run, 4);
-  constexpr Move kLeft = kStepBase;
-  constexpr Move kRight = kStepBase + 2;
-  Plan detour{kRight, kLeft, kRight, kLeft};
-  detour.insert(detour.end(), 6, kRight);
-  finder.Ask(*run, detour);
-  ASSERT_TRUE(Answers(finder));
-  ASSERT_EQ(finder.Answer(), Prospect::Known);
-  const Plan before = finder.Way();
-  ASSERT_GE(before.size(), 8U) << "the way it was told of";
-  for (int step = 0; step < 3; ++step) Tick(*run, KeysOf(before[static_cast<std::size_t>(step)]));
-  finder.Ask(*run);
-  ASSERT_TRUE(Answers(finder));
-  EXPECT_EQ(finder.Way(), Plan(before.begin() + 3, before.end()));
-  EXPECT_EQ(finder.WayFrom(), 7);
-}
-
 }  // namespace
 }  // namespace zorik::test
