@@ -303,5 +303,21 @@ TEST_F(AShownBarButton, IsBrighterUnderThePointer) {
   EXPECT_EQ(lit.red(), lit.blue());
 }
 
+// Twenty-four steps from one glow to the next, half of them up and half of them down: that is thirteen
+// lights.
+TEST_F(AShownBarButton, GlowsInSmallSteps) {
+  QImage picture(150, 40, QImage::Format_RGB32);
+  picture.fill(Qt::black);
+  button.SetPicture(picture);
+  button.SetPulse(true);
+  QSet<int> lights;
+  EXPECT_TRUE(QTest::qWaitFor(
+      [&] {
+        lights.insert(Face().pixelColor(Inside()).red());
+        return lights.size() >= 11;
+      },
+      20000));
+}
+
 }  // namespace
 }  // namespace zorik

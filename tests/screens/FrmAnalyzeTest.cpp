@@ -183,6 +183,10 @@ TEST(FrmAnalyzeSkin, HasItsPartsWhereOldSkinsNameNoPlace) {
   window.OfferAgain(true);
   window.Open();
   EXPECT_TRUE(window.isModal());
+  EXPECT_EQ(window.windowTitle(), "Zorík");
+  const auto letters = [&](const char* name) { return window.findChild<QLabel*>(name)->font().pixelSize(); };
+  EXPECT_GT(letters("Label3"), letters("Label2")) << "the total is the largest";
+  EXPECT_GT(letters("Label3"), letters("Label4"));
   std::vector<QRect> places;
   for (const char* name : {"Label2", "Label3", "Label4", "again"}) {
     const QRect place = window.findChild<QWidget*>(name)->geometry();

@@ -323,5 +323,14 @@ TEST_F(PairWindowTest, ShowsOnItsButtonWhetherItPlays) {
   EXPECT_FALSE(window->Plays()) << "a key that is held does not start it again and again";
 }
 
+TEST_F(PairWindowTest, GivesALongNameNoMoreRoom) {
+  ASSERT_TRUE(window->Open(RecordOfKeys("RR", std::string(25, 'W')), RecordOfKeys("RR.", "Bob")));
+  window->resize(1101, 480);
+  window->show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(window.get()));
+  const auto views = window->findChildren<RunView*>();
+  EXPECT_LE(std::abs(views[0]->width() - views[1]->width()), 1);
+}
+
 }  // namespace
 }  // namespace zorik::test
