@@ -278,5 +278,39 @@ TEST_F(ControlsTest, ShowOnTheButtonOfPlayWhatItDoes) {
   }
 }
 
+TEST_F(ControlsTest, GiveTheWordsOnTheirPlatesRoomOnBothSides) {
+  PlayRecord(test::RecordOfKeys(LongWay(), std::string(120, 'R')));
+  window->resize(1300, 700);
+  ASSERT_TRUE(Wait([&] { return window->width() == 1300; }));
+  for (const char* name : {"takeover", "again"}) {
+    const BarButton& button = *Button(name);
+    EXPECT_EQ(button.width(), button.CaptionWidth(button.height()) + 20) << name;
+  }
+}
+
+TEST_F(ControlsTest, ShowNoWayAnyMoreWhenNothingHelps) {
+  Practise(kCorridor, {.time = 1, .needed = 1});
+  Press(Qt::Key_H);
+  ASSERT_TRUE(Wait([&] { return Training().Hint().Shown(); }));
+  Press(Qt::Key_Up);
+  window->WithDialog([&] {
+    for (int tick = 0; tick < 30; ++tick) Training().Pass({});
+  });
+  EXPECT_FALSE(Training().Hint().Shown());
+  EXPECT_EQ(Badge().Light(), Prospect::Impossible);
+}
+
+TEST_F(ControlsTest, GoOnFromTheMarkAtTheirPaceAlsoAfterAWin) {
+  Practise({"WWWWW", "W1T.W", "WWWWW"}, {.needed = 0});
+  Press(Qt::Key_F5);
+  Hold(Qt::Key_Right);
+  ASSERT_TRUE(Wait([&] { return window->Machine().Win.has_value(); }));
+  LetGo(Qt::Key_Right);
+  EXPECT_EQ(window->Interval(), window->Paced(40));
+  Press(Qt::Key_F8);
+  EXPECT_FALSE(window->Machine().Win);
+  EXPECT_EQ(window->Interval(), Usual());
+}
+
 }  // namespace
 }  // namespace zorik

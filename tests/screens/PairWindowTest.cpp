@@ -332,5 +332,42 @@ TEST_F(PairWindowTest, GivesALongNameNoMoreRoom) {
   EXPECT_LE(std::abs(views[0]->width() - views[1]->width()), 1);
 }
 
+TEST_F(PairWindowTest, PlaysAtThePaceItWasMadeFor) {
+  PairWindow slow(skin_, 3'600'000);
+  ASSERT_TRUE(slow.Open(RecordOfKeys("RRRRR", "Ada"), RecordOfKeys("RR.RRR", "Bob")));
+  QTest::keyClick(&slow, Qt::Key_Space);
+  QTest::qWait(50);
+  EXPECT_TRUE(slow.Plays());
+  EXPECT_EQ(slow.Tick(), 0);
+}
+
+TEST_F(PairWindowTest, BreaksWhatTheRunsHaveComeToInANarrowWindow) {
+  OpenTwo();
+  window->resize(window->minimumSizeHint());
+  int narrowest = window->width();
+  for (const QLabel* const label : window->findChildren<QLabel*>()) {
+    if (label->text().contains(QChar(0xA0)))
+      narrowest = std::min(narrowest, label->fontMetrics().horizontalAdvance(label->text()));
+  }
+  EXPECT_LT(window->width(), 2 * narrowest);
+}
+
+TEST_F(PairWindowTest, ShowsAllOfACaveHoweverWideItIs) {
+  const std::string wall(64, 'W');
+  const auto record = [&](const std::string& keys) {
+    auto run = std::make_unique<Hra>(1);
+    EXPECT_TRUE(PaintCave(*run, CaveTextOf({wall, "W1" + std::string(61, '.') + "W", wall}), RunKind::Play));
+    for (const char key : keys) Tick(*run, Keys(std::string(1, key)));
+    return SaveRecord(*run, 0);
+  };
+  ASSERT_TRUE(window->Open(record("RRR"), record("RR.")));
+  window->show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(window.get()));
+  for (const RunView* const view : window->findChildren<RunView*>()) {
+    const QRect frame = view->findChild<Ram*>()->geometry();
+    EXPECT_NEAR(frame.width() / 64.0, frame.height() / 3.0, 1);
+  }
+}
+
 }  // namespace
 }  // namespace zorik::test
