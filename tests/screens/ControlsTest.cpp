@@ -1,6 +1,8 @@
 // The pace of what stands between the game window's timer and its machine, and the places of its bars.
 #include <QSignalSpy>
+#include <algorithm>
 #include <set>
+#include <vector>
 
 #include "core/Speed.h"
 #include "screens/FloatingBar.h"

@@ -1,4 +1,8 @@
 // Where the selection screen has its parts by what the skin's table says.
+#include <set>
+#include <utility>
+#include <vector>
+
 #include "screens/PostList.h"
 #include "screens/ScrollButton.h"
 

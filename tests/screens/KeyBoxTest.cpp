@@ -1,9 +1,12 @@
 #include <gtest/gtest.h>
 
 #include <QImage>
+#include <QLineEdit>
 #include <QSignalSpy>
 #include <QTest>
 #include <QVBoxLayout>
+#include <cstdlib>
+#include <vector>
 
 #include "screens/KeyBox.h"
 #include "screens/PaintedParts.h"

@@ -5,6 +5,8 @@
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
+#include <utility>
+#include <vector>
 
 #include "screens/PaintedParts.h"
 #include "screens/StartLists.h"

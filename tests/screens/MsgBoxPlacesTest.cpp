@@ -2,6 +2,9 @@
 #include <gtest/gtest.h>
 
 #include <QLabel>
+#include <algorithm>
+#include <cstdlib>
+#include <functional>
 
 #include "screens/MsgBox.h"
 #include "screens/SkinButton.h"
