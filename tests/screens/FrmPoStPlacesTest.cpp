@@ -1,4 +1,5 @@
 // Where the selection screen has its parts by what the skin's table says.
+#include <QSignalSpy>
 #include <set>
 #include <utility>
 #include <vector>
@@ -129,6 +130,19 @@ TEST_F(FrmPoStPlaces, ShowTheButtonsThatTheChosenCaveHasAUseFor) {
   EXPECT_EQ(seen(), QStringList()) << "closed";
   for (const char* name : {"send", "close", "help", "ghost"}) EXPECT_TRUE(Shown(name)) << name;
   EXPECT_FALSE(Shown("congratulation"));
+}
+
+TEST_F(FrmPoStPlaces, OpenTheMenusOfGhostAndPairAtTheirButtons) {
+  Caves(1);
+  Record(1, 10);
+  Open();
+  QSignalSpy ghost(window.get(), &FrmPoSt::GhostWanted);
+  QSignalSpy pair(window.get(), &FrmPoSt::PairWanted);
+  for (const auto& [name, wanted] : {std::pair{"ghost", &ghost}, std::pair{"pair", &pair}}) {
+    Click(name);
+    ASSERT_EQ(wanted->count(), 1) << name;
+    EXPECT_EQ(wanted->at(0).at(0).toPoint(), Button(name).mapToGlobal(Button(name).rect().center())) << name;
+  }
 }
 
 }  // namespace
