@@ -177,5 +177,18 @@ TEST_F(CavePreviewTest, IsThereOnlyWhereASkinWithItsOwnPictureAsksForIt) {
   EXPECT_FALSE(Preview().isVisible());
 }
 
+// A won record that lies where that of a changed cave would does not count for it.
+TEST_F(CavePreviewTest, TellsNoTimeOfARecordOfAnotherCaveInItsPlace) {
+  Collection({"c1", "c2"});
+  Win(1);
+  const std::string other = *ReadWhole(RecordPath(1));
+  ASSERT_TRUE(WriteWhole(RecordPath(2), other));
+  Open();
+  ClickRow(2);
+  ASSERT_TRUE(WaitUntilDrawn());
+  EXPECT_FALSE(Shown("replay"));
+  EXPECT_FALSE(Facts().contains("nejlépe")) << Facts().toStdString();
+}
+
 }  // namespace
 }  // namespace zorik

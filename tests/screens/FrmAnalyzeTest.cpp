@@ -6,6 +6,7 @@
 
 #include "screens/FrmAnalyze.h"
 #include "screens/PostScreen.h"
+#include "screens/Tones.h"
 
 namespace zorik {
 namespace {
@@ -157,6 +158,48 @@ TEST(FrmAnalyzeSkin, GivesTheWindowItsSizeAndTheButtonItsPlace) {
   window.Open();
   EXPECT_EQ(window.size(), QSize(530, 231));
   EXPECT_EQ(window.findChild<SkinButton*>("ok")->geometry(), QRect(17, 29, 40, 20));
+}
+
+// Dark words on a light picture and light ones on a dark one.
+TEST(FrmAnalyzeSkin, WritesSoThatItReadsWellOnItsPicture) {
+  for (const QColor ground : {QColor(0xF0, 0xE8, 0xD0), QColor(0x18, 0x10, 0x20)}) {
+    test::TestSkin skin;
+    skin.Data("score:\r\nimage=score\r\n");
+    skin.Picture("score", test::Strips({ground}, QSize(530, 231)));
+    skin.Apply();
+    FrmAnalyze window(skin.Skin());
+    window.Open();
+    for (const char* name : {"Label2", "Label3", "Label4"}) {
+      const QColor ink = window.findChild<QLabel*>(name)->palette().color(QPalette::WindowText);
+      EXPECT_GE(Contrast(ink, ground), 4.5) << name << " on " << ground.name().toStdString();
+    }
+  }
+}
+
+TEST(FrmAnalyzeSkin, HasItsPartsWhereOldSkinsNameNoPlace) {
+  test::TestSkin skin;
+  skin.Apply();
+  FrmAnalyze window(skin.Skin());
+  window.OfferAgain(true);
+  window.Open();
+  EXPECT_TRUE(window.isModal());
+  EXPECT_EQ(window.windowTitle(), "Zorík");
+  const auto letters = [&](const char* name) { return window.findChild<QLabel*>(name)->font().pixelSize(); };
+  EXPECT_GT(letters("Label3"), letters("Label2")) << "the total is the largest";
+  EXPECT_GT(letters("Label3"), letters("Label4"));
+  std::vector<QRect> places;
+  for (const char* name : {"Label2", "Label3", "Label4", "again"}) {
+    const QRect place = window.findChild<QWidget*>(name)->geometry();
+    EXPECT_TRUE(window.rect().contains(place)) << name;
+    for (const QRect& other : places) {
+      if (std::string(name) != "again") EXPECT_FALSE(place.intersects(other)) << name;
+    }
+    places.push_back(place);
+  }
+  EXPECT_EQ(places[0].center().x(), places[1].center().x()) << "the sum below its line";
+  EXPECT_NEAR(places[0].center().x(), window.rect().center().x(), 1);
+  window.OfferAgain(false);
+  EXPECT_TRUE(window.findChild<QWidget*>("again")->isHidden());
 }
 
 }  // namespace

@@ -119,5 +119,27 @@ TEST_F(FrmDialog3Test, LiesWhereTheSkinSays) {
   EXPECT_EQ(Part(window, "close").geometry(), QRect(185, 104, 80, 32));
 }
 
+// What is to be typed stands there until something is, paler than what is typed.
+TEST_F(FrmDialog3Test, WritesInTheColoursOfTheSkin) {
+  const FrmDialog3 window(skin_.Skin(), nullptr);
+  const QPalette colours = Text1(window).palette();
+  const QColor paper(0xFF, 0xF8, 0xE0);
+  const QColor ink(0x40, 0x20, 0x00);
+  EXPECT_EQ(colours.color(QPalette::Base), paper);
+  EXPECT_EQ(colours.color(QPalette::Text), ink);
+  EXPECT_EQ(colours.color(QPalette::Highlight), ink) << "what is selected is the other way round";
+  EXPECT_EQ(colours.color(QPalette::HighlightedText), paper);
+  const QColor pale = colours.color(QPalette::PlaceholderText);
+  EXPECT_EQ(pale.rgb(), ink.rgb());
+  EXPECT_GT(pale.alphaF(), 0.4F);
+  EXPECT_LT(pale.alphaF(), 0.7F);
+  EXPECT_EQ(Text1(window).placeholderText(), "Nový hráč");
+  EXPECT_EQ(Text1(window).accessibleName(), "Nový hráč");
+  EXPECT_FALSE(Text1(window).hasFrame());
+  const int letters = Text1(window).font().pixelSize();
+  EXPECT_GT(letters, 24 / 2) << "as large as its box allows";
+  EXPECT_LT(letters, 24);
+}
+
 }  // namespace
 }  // namespace zorik

@@ -293,5 +293,60 @@ TEST_F(FrmKeysTest, FindsRoomAndShowsTheBoxThatHasTheFocus) {
   });
 }
 
+// A box beside its words each, in two columns as far as there is room for them.
+TEST_F(FrmKeysTest, HasABoxBesideEachOfItsWordsInRowsAndColumns) {
+  for (const bool narrow : {false, true}) {
+    room_ = narrow ? QSize(512, 290) : QSize();
+    Edit([narrow](QWidget& window) {
+      const std::vector<KeyUse> order{KeyUse::Left,    KeyUse::Up,         KeyUse::Right,
+                                      KeyUse::Down,    KeyUse::Action,     KeyUse::NextUnit,
+                                      KeyUse::Pause,   KeyUse::Restart,    KeyUse::Rewind,
+                                      KeyUse::SetMark, KeyUse::BackToMark, KeyUse::SlowMotion};
+      const std::size_t rows = narrow ? 12 : 6;
+      for (std::size_t i = 0; i < order.size(); ++i) {
+        const QRect box = Box(window, order[i]).geometry();
+        if (i % rows > 0) {
+          const QRect above = Box(window, order[i - 1]).geometry();
+          EXPECT_EQ(box.left(), above.left()) << i;
+          EXPECT_EQ(box.top() - above.bottom() - 1, 4) << i;
+        } else if (i > 0) {
+          EXPECT_EQ(box.top(), Box(window, order[0]).y());
+          EXPECT_GT(box.left(), Box(window, order[0]).geometry().right() + 24);
+        }
+        EXPECT_EQ(box.size(), QSize(158, 24));
+        EXPECT_FALSE(Box(window, order[i]).text().isEmpty());
+        EXPECT_TRUE(Box(window, order[i]).accessibleName().endsWith(": " + Box(window, order[i]).text()));
+      }
+      const std::size_t inALine = narrow ? 2 : 4;
+      for (std::size_t i = 0; i < kPadUses; ++i) {
+        const KeyBox& box = Box(window, static_cast<PadUse>(i));
+        EXPECT_GT(box.y(), Box(window, KeyUse::SlowMotion).geometry().bottom());
+        EXPECT_EQ(box.y(), Box(window, static_cast<PadUse>(i / inALine * inALine)).y()) << i;
+        if (i % inALine > 0) EXPECT_GT(box.x(), Box(window, static_cast<PadUse>(i - 1)).geometry().right());
+        EXPECT_TRUE(box.accessibleName().endsWith(": " + box.text()));
+      }
+    });
+  }
+}
+
+TEST_F(FrmKeysTest, HasItsButtonsInTheMiddleOfItsLowerEdge) {
+  Edit([](QWidget& window) {
+    int right = -1, first = -1;
+    for (const char* name : {"reset", "ok", "close"}) {
+      const QRect button = window.findChild<SkinButton*>(name)->geometry();
+      if (first < 0) first = button.left();
+      if (right >= 0) EXPECT_EQ(button.left() - right - 1, 12) << name;
+      right = button.right();
+      EXPECT_LT(button.bottom(), window.height() - 8);
+    }
+    EXPECT_LE(std::abs(first - (window.width() - 1 - right)), 2);
+    const QLabel& says = *window.findChild<QLabel*>("lblSays");
+    EXPECT_EQ(says.alignment(), Qt::AlignCenter);
+    EXPECT_TRUE(says.wordWrap());
+    EXPECT_EQ(says.height(), 2 * says.fontMetrics().lineSpacing()) << "room for two lines";
+    EXPECT_NE(says.palette().color(QPalette::WindowText), window.palette().color(QPalette::WindowText));
+  });
+}
+
 }  // namespace
 }  // namespace zorik

@@ -100,5 +100,22 @@ TEST_F(GhostViewTest, ComesOutOfTheCellThatItWasInTogetherWithTheDog) {
   EXPECT_EQ(Places(0.5), Seen{QPointF(1.5, 1)});
 }
 
+TEST_F(GhostViewTest, StandsStillInTheTickAfterAStep) {
+  Hra ghost(1);
+  ASSERT_TRUE(PaintCave(ghost, CaveText(), RunKind::Play));
+  test::Pass(ghost, 1, "R");
+  test::Pass(ghost, 1);
+  ASSERT_EQ(test::Pass(ghost, 3, "R"), TickEnd::Won);
+  view_.SetRecord(SaveRecord(ghost, ghost.Win->Score));
+  Places(1);
+  test::Pass(run_, 1, "D");
+  EXPECT_TRUE(Moves());
+  test::Pass(run_);
+  EXPECT_FALSE(Moves());
+  EXPECT_EQ(Places(0.5), Seen{QPointF(2, 1)});
+  test::Pass(run_);
+  EXPECT_TRUE(Moves());
+}
+
 }  // namespace
 }  // namespace zorik

@@ -143,5 +143,50 @@ TEST_F(MessageStripTest, ShortensARemarkThatHasNoEnd) {
   EXPECT_LE(strip_.width(), 480);
 }
 
+TEST_F(MessageStripTest, IsARoundPlateWithARimThatIsTheSameOnAllItsSides) {
+  strip_.ShowMessage("Haf!", Qt::white);
+  strip_.ShowMessage(" ", Qt::white);
+  QImage seen(strip_.size(), QImage::Format_ARGB32);
+  seen.fill(Qt::transparent);
+  strip_.render(&seen, {}, {}, QWidget::RenderFlags());
+  const int right = seen.width() - 1, bottom = seen.height() - 1;
+  for (int y = 0; y <= bottom; ++y) {
+    for (int x = 0; x <= right; ++x) {
+      EXPECT_NEAR(qAlpha(seen.pixel(x, y)), qAlpha(seen.pixel(right - x, y)), 12) << x << ' ' << y;
+      EXPECT_NEAR(qAlpha(seen.pixel(x, y)), qAlpha(seen.pixel(x, bottom - y)), 12) << x << ' ' << y;
+    }
+  }
+  const int middle = seen.width() / 2;
+  EXPECT_EQ(qAlpha(seen.pixel(0, 0)), 0);
+  EXPECT_EQ(seen.pixel(middle, 0), seen.pixel(middle, 1)) << "a rim of two pixels";
+  EXPECT_NE(seen.pixel(middle, 1), seen.pixel(middle, 2));
+  EXPECT_EQ(qAlpha(seen.pixel(middle, 0)), 255);
+  EXPECT_LT(seen.pixelColor(middle, 20).lightness(), 60) << "a dark ground";
+  EXPECT_GT(qAlpha(seen.pixel(middle, 20)), 200);
+}
+
+TEST_F(MessageStripTest, IsNothingForMouseAndKeysAndLiesOverWhatCameLater) {
+  EXPECT_TRUE(strip_.testAttribute(Qt::WA_TransparentForMouseEvents));
+  EXPECT_EQ(strip_.focusPolicy(), Qt::NoFocus);
+  QWidget later(&parent_);
+  strip_.ShowMessage("Haf!", Qt::white);
+  EXPECT_EQ(parent_.children().last(), &strip_);
+}
+
+TEST_F(MessageStripTest, IsHigherByALineForEachLineMore) {
+  const int line = QFontMetrics(strip_.font()).lineSpacing();
+  strip_.ShowMessage("Haf!", Qt::white);
+  EXPECT_EQ(strip_.height(), 40);
+  EXPECT_EQ(strip_.width(), strip_.Lines().width + 60) << "with thirty at both sides";
+  strip_.ShowMessage("Haf!\nMňau!\nHaf!", Qt::white);
+  EXPECT_EQ(strip_.height(), 40 + 2 * line);
+}
+
+TEST_F(MessageStripTest, TakesAnEmptyNoticeForNone) {
+  strip_.ShowNotice("Konec.", Qt::white);
+  strip_.ShowNotice("", Qt::white);
+  EXPECT_TRUE(strip_.isHidden());
+}
+
 }  // namespace
 }  // namespace zorik

@@ -245,5 +245,129 @@ TEST_F(PairWindowTest, TakesNoNameForMarkup) {
     EXPECT_EQ(label->textFormat(), Qt::PlainText);
 }
 
+TEST_F(PairWindowTest, GivesBothRunsTheSameRoomAndTheirColours) {
+  OpenTwo();
+  const auto views = window->findChildren<RunView*>();
+  ASSERT_EQ(views.size(), 2);
+  for (const QSize size : {QSize(900, 700), QSize(1201, 480)}) {
+    window->resize(size);
+    QCoreApplication::processEvents();
+    EXPECT_LE(std::abs(views[0]->width() - views[1]->width()), 1);
+    EXPECT_EQ(views[0]->height(), views[1]->height());
+    EXPECT_EQ(views[0]->y(), views[1]->y());
+    EXPECT_GT(views[1]->x(), views[0]->geometry().right());
+    EXPECT_GT(views[0]->height(), window->height() / 2) << "what is to be seen has the room";
+  }
+  const auto colourOf = [&](const QString& words) {
+    for (const QLabel* const label : window->findChildren<QLabel*>()) {
+      if (label->text().replace(QChar(0xA0), ' ').startsWith(words))
+        return label->palette().color(QPalette::WindowText);
+    }
+    return QColor();
+  };
+  EXPECT_EQ(colourOf("Ada"), QColor(0xF2, 0xB8, 0x3C));
+  EXPECT_EQ(colourOf("Bob"), QColor(0x5C, 0xB8, 0xF2));
+  EXPECT_EQ(colourOf("Čas: 0:00,5"), colourOf("Ada"));
+  EXPECT_EQ(colourOf("Čas: 0:00,6"), colourOf("Bob"));
+}
+
+TEST_F(PairWindowTest, HasItsButtonsInOneRowEachWithItsHint) {
+  OpenTwo();
+  const std::vector<const char*> names{"start", "back", "play", "forward", "end"};
+  QStringList hints;
+  int right = -1;
+  for (const char* name : names) {
+    const QRect place = Button(name)->geometry();
+    EXPECT_EQ(place.size(), QSize(28, 28)) << name;
+    EXPECT_GT(place.left(), right) << name;
+    EXPECT_EQ(place.top(), Button("start")->y()) << name;
+    EXPECT_NE(Button(name)->toolTip(), "") << name;
+    hints << Button(name)->toolTip();
+    right = place.right();
+  }
+  EXPECT_EQ(hints.removeDuplicates(), 0);
+  EXPECT_NE(window->findChild<SeekLine*>()->toolTip(), "");
+  const BarButton& difference = *Button("difference");
+  EXPECT_NE(difference.Caption(), "");
+  EXPECT_EQ(difference.width(), difference.CaptionWidth(28) + 20) << "room on both sides of its words";
+  EXPECT_EQ(difference.height(), 28);
+  const auto* const line = window->findChild<SeekLine*>();
+  EXPECT_GE(line->height(), SeekLine::kHeightWithCurves);
+  EXPECT_LE(line->height(), 84);
+  EXPECT_GT(Button("start")->y(), line->geometry().bottom());
+}
+
+TEST_F(PairWindowTest, SaysWhereItIsInSecondsAndTicks) {
+  OpenTwo();
+  for (const int tick : {0, 3, 6}) {
+    window->ShowTick(tick);
+    EXPECT_TRUE(Texts().contains(QString("0:00,%1 (%1)").arg(tick))) << tick;
+    EXPECT_EQ(window->findChild<SeekLine*>()->Tick(), tick);
+  }
+  window->ShowTick(-3);
+  EXPECT_EQ(window->Tick(), 0);
+  EXPECT_EQ(window->windowTitle().isEmpty(), false);
+}
+
+TEST_F(PairWindowTest, ShowsOnItsButtonWhetherItPlays) {
+  OpenTwo();
+  const auto face = [&] { return Button("play")->grab().toImage(); };
+  const QImage still = face();
+  Press(Qt::Key_Space);
+  EXPECT_NE(face(), still);
+  Press(Qt::Key_Space);
+  EXPECT_EQ(face(), still);
+  EXPECT_NE(face(), Button("forward")->grab().toImage());
+  QKeyEvent held(QEvent::KeyPress, Qt::Key_Space, {}, " ", true);
+  QApplication::sendEvent(window.get(), &held);
+  EXPECT_FALSE(window->Plays()) << "a key that is held does not start it again and again";
+}
+
+TEST_F(PairWindowTest, GivesALongNameNoMoreRoom) {
+  ASSERT_TRUE(window->Open(RecordOfKeys("RR", std::string(25, 'W')), RecordOfKeys("RR.", "Bob")));
+  window->resize(1101, 480);
+  window->show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(window.get()));
+  const auto views = window->findChildren<RunView*>();
+  EXPECT_LE(std::abs(views[0]->width() - views[1]->width()), 1);
+}
+
+TEST_F(PairWindowTest, PlaysAtThePaceItWasMadeFor) {
+  PairWindow slow(skin_, 3'600'000);
+  ASSERT_TRUE(slow.Open(RecordOfKeys("RRRRR", "Ada"), RecordOfKeys("RR.RRR", "Bob")));
+  QTest::keyClick(&slow, Qt::Key_Space);
+  QTest::qWait(50);
+  EXPECT_TRUE(slow.Plays());
+  EXPECT_EQ(slow.Tick(), 0);
+}
+
+TEST_F(PairWindowTest, BreaksWhatTheRunsHaveComeToInANarrowWindow) {
+  OpenTwo();
+  window->resize(window->minimumSizeHint());
+  int narrowest = window->width();
+  for (const QLabel* const label : window->findChildren<QLabel*>()) {
+    if (label->text().contains(QChar(0xA0)))
+      narrowest = std::min(narrowest, label->fontMetrics().horizontalAdvance(label->text()));
+  }
+  EXPECT_LT(window->width(), 2 * narrowest);
+}
+
+TEST_F(PairWindowTest, ShowsAllOfACaveHoweverWideItIs) {
+  const std::string wall(64, 'W');
+  const auto record = [&](const std::string& keys) {
+    auto run = std::make_unique<Hra>(1);
+    EXPECT_TRUE(PaintCave(*run, CaveTextOf({wall, "W1" + std::string(61, '.') + "W", wall}), RunKind::Play));
+    for (const char key : keys) Tick(*run, Keys(std::string(1, key)));
+    return SaveRecord(*run, 0);
+  };
+  ASSERT_TRUE(window->Open(record("RRR"), record("RR.")));
+  window->show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(window.get()));
+  for (const RunView* const view : window->findChildren<RunView*>()) {
+    const QRect frame = view->findChild<Ram*>()->geometry();
+    EXPECT_NEAR(frame.width() / 64.0, frame.height() / 3.0, 1);
+  }
+}
+
 }  // namespace
 }  // namespace zorik::test

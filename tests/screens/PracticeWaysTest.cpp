@@ -234,6 +234,8 @@ TEST_F(PracticeWays, EndWithTheTickFromWhichNoneWasFound) {
     return Message() == "Od tiku 15 (hodiny: 0) se už cesta k výhře nenašla. H ukáže poslední známou.";
   })) << Message().toStdString();
   EXPECT_EQ(Badge().Light(), Prospect::Impossible);
+  QTest::qWait(3200);  // longer than any message that goes by itself
+  EXPECT_TRUE(window->Message().isVisible());
   Press(Qt::Key_H);
   EXPECT_EQ(Tick(), 14);
   EXPECT_TRUE(Training().Waits());
@@ -246,6 +248,11 @@ TEST_F(PracticeWays, EndWithTheTickFromWhichNoneWasFound) {
 TEST_F(PracticeWays, EndWithTheNewsThatThereNeverWasOne) {
   Practise(kWalled, {.time = 1, .needed = 1});
   EXPECT_TRUE(Wait([&] { return Message() == "Cesta k výhře se nenašla ani ze začátku."; }));
+  QTest::qWait(3200);  // longer than any message that goes by itself
+  EXPECT_TRUE(window->Message().isVisible()) << "it stays until the player goes back";
+  QTest::keyPress(window.get(), Qt::Key_Backspace);
+  EXPECT_FALSE(window->Message().isVisible());
+  QTest::keyRelease(window.get(), Qt::Key_Backspace);
 }
 
 TEST_F(PracticeWays, SayWhatHelpsWhenTheTimeIsUp) {

@@ -213,5 +213,15 @@ TEST_F(StartSkin, AnotherSkinIsPutOnAtOnce) {
   EXPECT_EQ(settings_.Skin, "Jiny");
 }
 
+// Who cannot see them is told what they are.
+TEST_F(StartSkin, FingersAndButtonsAreReadAloudInTheirWords) {
+  for (const char* name : {"fingerPlay", "fingerRePlay", "fingerEditor", "finger4", "close", "help",
+                           "changeskin", "addplayer", "play"}) {
+    const QWidget& part = Find<QWidget>(name);
+    EXPECT_FALSE(part.accessibleName().isEmpty()) << name;
+    EXPECT_EQ(part.accessibleName(), part.toolTip()) << name;
+  }
+}
+
 }  // namespace
 }  // namespace zorik

@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <QHeaderView>
 #include <QLabel>
+#include <QTest>
 #include <QTreeWidget>
 
 #include "data/Cp1250.h"
@@ -131,6 +133,66 @@ TEST(ASparkline, HoldsAnyNumberOfBarsAndNone) {
   EXPECT_EQ(Sparkline(std::vector<int>(300, 1), {180, 16}, Qt::red, Qt::blue).width(), 300);
   EXPECT_EQ(Sparkline({}, {180, 16}, Qt::red, Qt::blue).size(), QSize(180, 16));
   EXPECT_EQ(Sparkline(std::vector<int>{0}, {180, 16}, Qt::red, Qt::blue, 2).size(), QSize(360, 32));
+}
+
+TEST_F(Statistics, HaveACaveWithoutANumberLastAndByItsNameAlone) {
+  Win("Sada", 0, 5);
+  Win("Sada", 2, 5);
+  Open();
+  const QTreeWidgetItem& sada = *Caves().topLevelItem(0);
+  ASSERT_EQ(sada.childCount(), 2);
+  QStringList names{sada.child(0)->text(0), sada.child(1)->text(0)};
+  names.sort();
+  EXPECT_EQ(names, QStringList({"02  c2", "c0"}));
+  // Three places: nothing in the first cave, and the one without a number behind the second.
+  const QImage bars = sada.data(1, Qt::DecorationRole).value<QPixmap>().toImage();
+  const auto tall = [&](int place) {
+    int seen = 0;
+    for (int y = 0; y < bars.height(); ++y) seen += qAlpha(bars.pixel(8 * place + 3, y)) != 0 ? 1 : 0;
+    return seen;
+  };
+  EXPECT_EQ(tall(0), 1);
+  EXPECT_GT(tall(1), 5);
+  EXPECT_GT(tall(2), 5);
+}
+
+TEST_F(Statistics, AreATableOfWhichTheFirstCollectionIsOpen) {
+  Win("Sada", 1, 25);
+  Win("Jina", 2, 1);
+  Open();
+  QTreeWidget& caves = Caves();
+  EXPECT_TRUE(caves.topLevelItem(0)->isExpanded());
+  EXPECT_EQ(caves.currentItem(), caves.topLevelItem(0));
+  EXPECT_FALSE(caves.topLevelItem(1)->isExpanded());
+  EXPECT_EQ(caves.columnCount(), 4);
+  for (int column : {0, 2, 3}) EXPECT_NE(caves.headerItem()->text(column), "");
+  EXPECT_FALSE(caves.header()->sectionsMovable());
+  EXPECT_EQ(caves.header()->length(), caves.viewport()->width()) << "it fills its width";
+  EXPECT_GT(caves.header()->sectionSize(0), caves.header()->sectionSize(2)) << "names have what is left";
+  for (const QTreeWidgetItem* const row : {caves.topLevelItem(0), caves.topLevelItem(0)->child(0)}) {
+    for (const int column : {2, 3})
+      EXPECT_TRUE((row->textAlignment(column) & Qt::AlignRight) != 0) << "figures stand below each other";
+  }
+}
+
+TEST_F(Statistics, StandBelowEachOtherInTheMiddle) {
+  Win("Sada", 1, 25);
+  Open();
+  const auto place = [&](const char* name) { return window->findChild<QWidget*>(name)->geometry(); };
+  int bottom = 0;
+  for (const char* name : {"lblCaption", "lblSums", "lstCaves", "ok"}) {
+    const QRect part = place(name);
+    EXPECT_GT(part.top(), bottom) << name;
+    EXPECT_NEAR(part.center().x(), window->rect().center().x(), 1) << name;
+    bottom = part.bottom();
+  }
+  EXPECT_LT(bottom, window->height());
+  EXPECT_EQ(place("lstCaves").left(), 20);
+  EXPECT_TRUE(window->findChild<QLabel*>("lblRemarks")->isHidden()) << "nothing is to be remarked";
+  EXPECT_EQ(window->findChild<QLabel*>("lblSums")->alignment(), Qt::AlignCenter);
+  EXPECT_GT(window->findChild<QLabel*>("lblCaption")->font().pixelSize(), window->font().pixelSize());
+  QTest::mouseClick(window->findChild<QWidget*>("ok"), Qt::LeftButton);
+  EXPECT_FALSE(window->isVisible());
 }
 
 }  // namespace

@@ -66,5 +66,33 @@ TEST(WayWatch, FindsItsWayAgainFromAnEarlierMoment) {
   EXPECT_EQ(watch.At(3), Prospect::Known);
 }
 
+TEST(WayWatch, ForgetsThatItFoundNoneOnAWayThatIsUndone) {
+  WayWatch watch(300);
+  watch.WentOn(*Practised({"WWWWWWWW", "W1DRRRTW", "WWWWWWWW"}, 5));
+  ASSERT_TRUE(Answers(watch));
+  ASSERT_EQ(watch.At(5), Prospect::NoneYet);
+  watch.WentOn(*Practised(kCorridor, 3));
+  ASSERT_TRUE(Answers(watch));
+  watch.Know(3, Plan(6, static_cast<Move>(kStepBase + 2)));
+  EXPECT_EQ(watch.At(3), Prospect::Known);
+  EXPECT_EQ(watch.At(5), Prospect::Known) << "still, a moment later";
+}
+
+TEST(WayWatch, StaysSureForASecondOfTheGame) {
+  for (const int tick : {0, 7}) {
+    WayWatch watch;
+    watch.Know(tick, Plan(6, static_cast<Move>(kStepBase + 2)));
+    EXPECT_EQ(watch.At(tick), Prospect::Known);
+    EXPECT_EQ(watch.At(tick + 10), Prospect::Known);
+    EXPECT_EQ(watch.At(tick + 11), Prospect::NoneYet);
+    ASSERT_NE(watch.WayFrom(tick), nullptr);
+    EXPECT_EQ(watch.WayFrom(tick)->size(), 6U);
+    EXPECT_EQ(watch.WayFrom(tick + 1), nullptr);
+    watch.Forget();
+    EXPECT_EQ(watch.At(tick), Prospect::NoneYet);
+    EXPECT_EQ(watch.WayFrom(tick), nullptr);
+  }
+}
+
 }  // namespace
 }  // namespace zorik::test
