@@ -41,7 +41,9 @@ TEST_F(SadaBoxesLooksTest, StandOneBelowTheOtherEachBelowItsName) {
     EXPECT_GE(place.top(), label.bottom()) << box;
     EXPECT_EQ(place.left(), 0) << box;
     EXPECT_EQ(label.left(), 0) << box;
-    if (box != std::string("txtBody")) EXPECT_EQ(place.width(), Boxes().width()) << box;
+    if (box != std::string("txtBody")) {
+      EXPECT_EQ(place.width(), Boxes().width()) << box;
+    }
     bottom = place.bottom();
   }
   EXPECT_LE(bottom, Boxes().height());
@@ -51,8 +53,8 @@ TEST_F(SadaBoxesLooksTest, HaveALineEachAndTheDescriptionSeveral) {
   Open();
   Resize({800, 700});
   for (const char* const box : kBoxes) {
-    if (box != std::string("Text4"))
-      EXPECT_EQ(PlaceOf(box).height(), Child<QWidget>(box).sizeHint().height()) << box;
+    if (box == std::string("Text4")) continue;
+    EXPECT_EQ(PlaceOf(box).height(), Child<QWidget>(box).sizeHint().height()) << box;
   }
   EXPECT_GE(Text4().minimumHeight(), 3 * Text4().fontMetrics().lineSpacing());
 }
