@@ -7,6 +7,8 @@ run.py sample TREE FOLDER COUNT SEED  tries so many faults of src/FOLDER (or src
                                       that come by it; TREE/results.json keeps the answers
 run.py try TREE NUMBER...             tries these
 run.py table TREE                     how many were found, by folder, and which were not
+run.py line TREE NUMBER...            the lines that harmless.txt wants of these
+Those that harmless.txt names, with the reason why nobody can notice them, are passed over.
 TREE is what plant.py has filled, built in TREE/build/release.
 """
 import hashlib
@@ -149,14 +151,32 @@ class Trial:
         print(f"{found} of {len(numbers)} found")
 
 
+def keyed(faults):
+    """Each fault's number by what stays the same when others come and go: its text, and the how manieth it is."""
+    seen = defaultdict(int)
+    keys = {}
+    for fault in faults:
+        text = (fault["file"], fault["kind"], fault["was"])
+        seen[text] += 1
+        keys["\t".join((*text, str(seen[text])))] = fault["number"]
+    return keys
+
+
+def harmless(faults):
+    lines = (Path(__file__).parent / "harmless.txt").read_text().splitlines()
+    keys = keyed(faults)
+    return {keys[key] for key in (line.rpartition("\t")[0] for line in lines) if key in keys}
+
+
 def describe(fault):
     return f"{fault['number']} {fault['file']}:{fault['line']} {fault['kind']}: {fault['was']}"
 
 
 def sample(folder, count, seed):
     trial = Trial()
+    passed_over = harmless(trial.faults.values())
     there = [n for n, f in sorted(trial.faults.items())
-             if f["file"].startswith(f"src/{folder}") and not LOOKS.match(f["was"])]
+             if f["file"].startswith(f"src/{folder}") and not LOOKS.match(f["was"]) and n not in passed_over]
     random.Random(seed).shuffle(there)
     trial.tries([n for n in there if str(n) not in trial.results][:int(count)])
 
@@ -178,7 +198,7 @@ def table():
 
 
 if __name__ == "__main__":
-    if TREE is None or sys.argv[1] not in ("reach", "sample", "try", "table"):
+    if TREE is None or sys.argv[1] not in ("reach", "sample", "try", "table", "line"):
         sys.exit(__doc__)
     if sys.argv[1] == "reach":
         reach(*sys.argv[3:4])
@@ -186,5 +206,8 @@ if __name__ == "__main__":
         sample(*sys.argv[3:6])
     elif sys.argv[1] == "try":
         Trial().tries([int(n) for n in sys.argv[3:]])
+    elif sys.argv[1] == "line":
+        numbers = {number: key for key, number in keyed(json.loads((TREE / "faults.json").read_text())).items()}
+        print("\n".join(numbers[int(number)] + "\t" for number in sys.argv[3:]))
     else:
         table()
