@@ -275,6 +275,31 @@ TEST_F(RecoveryStoreTest, WritesOverNothingThatHasTheNameItWouldTake) {
   EXPECT_EQ(FilesIn(folder_ + "/Running", ".recovery").size(), 2U);
 }
 
+// There are a hundred names for each second.
+TEST_F(RecoveryStoreTest, TakesTheOneNameThatIsFreeAndSaysSoWhenNoneIs) {
+  const auto taken = [this](const std::string& part, int number) {
+    return folder_ + '/' + part + "/001700000000-" + std::to_string(getpid()) + (number < 10 ? "-0" : "-") +
+           std::to_string(number) + ".recovery";
+  };
+  for (const int free : {0, 99}) {
+    for (const std::string part : {"Running", "Discarded"}) {
+      fs::create_directories(folder_ + '/' + part);
+      for (int i = 0; i < 100; ++i) EXPECT_TRUE(WriteWhole(taken(part, i), "another one's"));
+      fs::remove(taken(part, free));
+    }
+    RecoveryStore store(folder_);
+    ASSERT_TRUE(store.Keep(Sada("Jedna"), kNow));
+    EXPECT_NE(*ReadWhole(taken("Running", free)), "another one's");
+    EXPECT_FALSE(RecoveryStore(folder_).Keep(Sada("Druha"), kNow));
+    ASSERT_TRUE(store.Discard(Sada("Jedna"), kNow));
+    EXPECT_EQ(Discarded(), Names{"Jedna"});
+    ASSERT_TRUE(store.Keep(Sada("Treti"), kNow));
+    EXPECT_FALSE(store.Discard(Sada("Treti"), kNow));
+    EXPECT_EQ(Discarded(), Names{"Jedna"});
+    EXPECT_NE(*ReadWhole(taken("Running", free)), "another one's") << "it stays where it was kept";
+  }
+}
+
 TEST_F(RecoveryStoreTest, PassesOverPipesFoldersAndGiants) {
   fs::create_directories(folder_ + "/Discarded/b.recovery");
   ASSERT_EQ(mkfifo((folder_ + "/Discarded/a.recovery").c_str(), 0600), 0);
@@ -386,6 +411,19 @@ TEST_F(TakingUpTest, OfWhatIsNoCollectionChangesNothing) {
   sada_.SetText(SadaText::Name, "Moje");
   EXPECT_FALSE(sada_.TakeUp(KeptSada{"", "Jina", "", "", false, 1}));
   EXPECT_EQ(sada_.Text(SadaText::Name), "Moje");
+}
+
+TEST_F(TakingUpTest, OfACollectionThatIsClosedChangesNothing) {
+  sada_.SetText(SadaText::Name, "Moje");
+  Chance chance(1);
+  const std::string closed =
+      ScrambleLines({"AX", "AX", "a@b.czQ", test::OneStepCave("A") + "---01", "Konec"}, chance);
+  const auto report = sada_.TakeUp(KeptSada{closed, "Jina", "Eva", "/home/eva/a.zk", true, 1});
+  ASSERT_TRUE(report);
+  EXPECT_TRUE(report->Closed);
+  EXPECT_EQ(sada_.Text(SadaText::Name), "Moje");
+  EXPECT_NE(sada_.Text(SadaText::Author), "Eva");
+  EXPECT_EQ(sada_.FileName(), "");
 }
 
 }  // namespace
