@@ -72,6 +72,16 @@ TEST_F(GameEdges, GivesTheKeysToTheGameEachTimeItShows) {
   }
 }
 
+TEST_F(GameEdges, HasTheStartBackWhereARecordCannotBePlayed) {
+  folder.File("x.zkr", "rubbish");
+  Screen<FrmStart2>()->hide();
+  const BoxReader reader;
+  emit Screen<FrmStart2>()->PlayRecord(QString::fromStdString(folder.Root() + "/x.zkr"));
+  EXPECT_EQ(reader.said.size(), 1);
+  EXPECT_TRUE(Shows<FrmStart2>());
+  EXPECT_FALSE(Shows<HraWindow>());
+}
+
 class GameEditorsEdges : public GameEditors {};
 
 TEST_F(GameEditorsEdges, SayThatACaveCannotBeTriedAndAreThereAgain) {

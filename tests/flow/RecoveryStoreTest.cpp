@@ -227,6 +227,19 @@ TEST_F(RecoveryStoreTest, MovesToTheDiscardedOnesWhatTheAuthorDoesNotWantBack) {
   EXPECT_TRUE(Files("Running").empty());
 }
 
+TEST_F(RecoveryStoreTest, MovesWhatWasDamagedWhileItWasOfferedAndLosesNothingElse) {
+  KeepAndDie(Sada("Jedna"));
+  RecoveryStore store(folder_);
+  ASSERT_TRUE(store.Discard(Sada("Druha"), kNow));
+  const std::vector<KeptEntry> left = store.Left();
+  ASSERT_EQ(left.size(), 1U);
+  ASSERT_TRUE(WriteWhole(left[0].Path, "damaged"));
+  EXPECT_TRUE(store.Discard(left[0], kNow + 1));
+  EXPECT_EQ(Files("Discarded").size(), 2U);
+  EXPECT_EQ(Discarded(), Names{"Druha"});
+  EXPECT_FALSE(fs::exists(left[0].Path));
+}
+
 TEST_F(RecoveryStoreTest, PassesOverWhatIsDamagedAndLeavesItThere) {
   KeepAndDie(Sada("Jedna"));
   const std::string path = folder_ + "/Running/" + FilesIn(folder_ + "/Running", ".recovery").at(0);
