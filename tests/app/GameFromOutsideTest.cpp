@@ -250,6 +250,18 @@ TEST_F(GameFromOutside, AnotherStartBringsUpTheScreenAndNeitherAHintNorWhatIsHid
   EXPECT_EQ(raised.windows, QObjectList({Screen<FrmStart2>()}));
 }
 
+TEST_F(GameFromOutside, AnotherStartFindsNothingToBringUpOnceTheGameHasGone) {
+  game.reset();
+  QLabel other("other", nullptr, Qt::Window);
+  other.show();
+  RaiseCounter raised;
+  other.installEventFilter(&raised);
+  auto done = HandOverLater(QString());
+  EXPECT_TRUE(Wait([&] { return done.wait_for(std::chrono::milliseconds(0)) == std::future_status::ready; }));
+  QCoreApplication::processEvents();
+  EXPECT_TRUE(raised.windows.isEmpty());
+}
+
 TEST_F(GameFromOutside, ACollectionBringsAMinimisedRunBackToAskAboutIt) {
   PlayCave();
   Beta();
