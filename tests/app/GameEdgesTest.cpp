@@ -82,6 +82,21 @@ TEST_F(GameEdges, HasTheStartBackWhereARecordCannotBePlayed) {
   EXPECT_FALSE(Shows<HraWindow>());
 }
 
+TEST_F(GameEdges, AsksForTheGhostOfTheNextRunFromTheCaves) {
+  OpenCollection();
+  QStringList opened;
+  QTimer reader;
+  reader.callOnTimeout([&opened] {
+    QWidget* const menu = QApplication::activePopupWidget();
+    if (menu == nullptr) return;
+    opened.append(menu->objectName());
+    menu->close();
+  });
+  reader.start(10);
+  emit Screen<FrmPoSt>()->GhostWanted(QPoint(10, 10));
+  EXPECT_EQ(opened, QStringList{"ghostMenu"});
+}
+
 class GameEditorsEdges : public GameEditors {};
 
 TEST_F(GameEditorsEdges, SayThatACaveCannotBeTriedAndAreThereAgain) {

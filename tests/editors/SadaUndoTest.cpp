@@ -190,8 +190,8 @@ TEST_F(SadaUndoTest, AppendsACaveThatIsNotOpen) {
 }
 
 TEST_F(SadaUndoTest, AppendsACaveThatIsNotOpenAlsoWhereTheFileCallsMoreCavesOpenThanItHas) {
-  Opened(
-      samples::CollectionFile({CaveText("A") + "---01", "Gratuluji"}, std::string(1, kOpenCaveOffset + 2)));
+  Opened(samples::CollectionFile({CaveText("A") + "---01", "Gratuluji"},
+                                 std::string(1, static_cast<char>(kOpenCaveOffset + 2))));
   sada_.AddCave(NewCaveSize::Small, NewCavePlace::End);
   EXPECT_EQ(Rows(), (Names{"*A", "Mala"}));
 }

@@ -294,22 +294,22 @@ TEST_F(RecoveryStoreTest, TakesTheOneNameThatIsFreeAndSaysSoWhenNoneIs) {
     return folder_ + '/' + part + "/001700000000-" + std::to_string(getpid()) + (number < 10 ? "-0" : "-") +
            std::to_string(number) + ".recovery";
   };
-  for (const int free : {0, 99}) {
-    for (const std::string part : {"Running", "Discarded"}) {
+  for (const int gap : {0, 99}) {
+    for (const char* const part : {"Running", "Discarded"}) {
       fs::create_directories(folder_ + '/' + part);
       for (int i = 0; i < 100; ++i) EXPECT_TRUE(WriteWhole(taken(part, i), "another one's"));
-      fs::remove(taken(part, free));
+      fs::remove(taken(part, gap));
     }
     RecoveryStore store(folder_);
     ASSERT_TRUE(store.Keep(Sada("Jedna"), kNow));
-    EXPECT_NE(*ReadWhole(taken("Running", free)), "another one's");
+    EXPECT_NE(*ReadWhole(taken("Running", gap)), "another one's");
     EXPECT_FALSE(RecoveryStore(folder_).Keep(Sada("Druha"), kNow));
     ASSERT_TRUE(store.Discard(Sada("Jedna"), kNow));
     EXPECT_EQ(Discarded(), Names{"Jedna"});
     ASSERT_TRUE(store.Keep(Sada("Treti"), kNow));
     EXPECT_FALSE(store.Discard(Sada("Treti"), kNow));
     EXPECT_EQ(Discarded(), Names{"Jedna"});
-    EXPECT_NE(*ReadWhole(taken("Running", free)), "another one's") << "it stays where it was kept";
+    EXPECT_NE(*ReadWhole(taken("Running", gap)), "another one's") << "it stays where it was kept";
   }
 }
 
