@@ -72,6 +72,31 @@ TEST_F(GameEdges, GivesTheKeysToTheGameEachTimeItShows) {
   }
 }
 
+TEST_F(GameEdges, HasTheStartBackWhereARecordCannotBePlayed) {
+  folder.File("x.zkr", "rubbish");
+  Screen<FrmStart2>()->hide();
+  const BoxReader reader;
+  emit Screen<FrmStart2>()->PlayRecord(QString::fromStdString(folder.Root() + "/x.zkr"));
+  EXPECT_EQ(reader.said.size(), 1);
+  EXPECT_TRUE(Shows<FrmStart2>());
+  EXPECT_FALSE(Shows<HraWindow>());
+}
+
+TEST_F(GameEdges, AsksForTheGhostOfTheNextRunFromTheCaves) {
+  OpenCollection();
+  QStringList opened;
+  QTimer reader;
+  reader.callOnTimeout([&opened] {
+    QWidget* const menu = QApplication::activePopupWidget();
+    if (menu == nullptr) return;
+    opened.append(menu->objectName());
+    menu->close();
+  });
+  reader.start(10);
+  emit Screen<FrmPoSt>()->GhostWanted(QPoint(10, 10));
+  EXPECT_EQ(opened, QStringList{"ghostMenu"});
+}
+
 class GameEditorsEdges : public GameEditors {};
 
 TEST_F(GameEditorsEdges, SayThatACaveCannotBeTriedAndAreThereAgain) {

@@ -4,6 +4,7 @@
 #include "data/Lines.h"
 #include "data/ProofFile.h"
 #include "data/Result.h"
+#include "editors/FrmCat.h"
 #include "editors/ProofDesk.h"
 #include "screens/RunControls.h"
 #include "solve/Win.h"
@@ -28,6 +29,17 @@ TEST_F(GameEditors, OpenThePageOnEditingByF1) {
   const DesktopStandIn desktop(0);
   Command(Screen<FrmMain>(), Qt::Key_F1);
   EXPECT_TRUE(desktop.Opened().endsWith("/editovat.html")) << desktop.Opened().toStdString();
+}
+
+TEST_F(GameEditors, OpenThePageOnTheCatFromItsProgram) {
+  folder.File("Help/kocka.html", "<p>");
+  const DesktopStandIn desktop(0);
+  const DialogScript script = {[](QWidget& dialog) {
+    emit dynamic_cast<FrmCat&>(dialog).HelpWanted("kocka.html");
+    dynamic_cast<QDialog&>(dialog).done(QDialog::Rejected);
+  }};
+  Click(Screen<FrmMain>(), "Command1");
+  EXPECT_TRUE(desktop.Opened().endsWith("/kocka.html")) << desktop.Opened().toStdString();
 }
 
 TEST_F(GameEditors, TellBeforeTheirOwnWindowThatThePageDoesNotOpen) {

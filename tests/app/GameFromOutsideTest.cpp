@@ -6,6 +6,18 @@ namespace zorik::test {
 namespace {
 
 // A file that the desktop hands to the running game.
+// The windows that were raised.
+class RaiseCounter : public QObject {
+ public:
+  QObjectList windows;
+
+ protected:
+  bool eventFilter(QObject* window, QEvent* event) override {
+    if (event->type() == QEvent::ZOrderChange) windows.append(window);
+    return false;
+  }
+};
+
 class GameFromOutside : public GameEditors {
  protected:
   void SetUp() override { GameTest::SetUp(); }
@@ -222,6 +234,32 @@ TEST_F(GameFromOutside, AnotherStartBringsAMinimisedGameBack) {
   ASSERT_TRUE(Wait([] { return Screen<HraWindow>()->Ticking(); }));
   EXPECT_FALSE(Screen<HraWindow>()->isMinimized());
   EXPECT_TRUE(Shows<HraWindow>() && !Shows<FrmStart2>());
+}
+
+TEST_F(GameFromOutside, AnotherStartBringsUpTheScreenAndNeitherAHintNorWhatIsHidden) {
+  QLabel hint("hint", nullptr, Qt::ToolTip);
+  QLabel hidden("hidden", nullptr, Qt::Window);
+  hint.show();
+  RaiseCounter raised;
+  for (QWidget* const window : {static_cast<QWidget*>(&hint), static_cast<QWidget*>(&hidden),
+                                static_cast<QWidget*>(Screen<FrmStart2>())}) {
+    window->installEventFilter(&raised);
+  }
+  auto done = HandOverLater(QString());
+  ASSERT_TRUE(Wait([&] { return raised.windows.contains(Screen<FrmStart2>()); }));
+  EXPECT_EQ(raised.windows, QObjectList({Screen<FrmStart2>()}));
+}
+
+TEST_F(GameFromOutside, AnotherStartFindsNothingToBringUpOnceTheGameHasGone) {
+  game.reset();
+  QLabel other("other", nullptr, Qt::Window);
+  other.show();
+  RaiseCounter raised;
+  other.installEventFilter(&raised);
+  auto done = HandOverLater(QString());
+  EXPECT_TRUE(Wait([&] { return done.wait_for(std::chrono::milliseconds(0)) == std::future_status::ready; }));
+  QCoreApplication::processEvents();
+  EXPECT_TRUE(raised.windows.isEmpty());
 }
 
 TEST_F(GameFromOutside, ACollectionBringsAMinimisedRunBackToAskAboutIt) {

@@ -1,4 +1,6 @@
 // What was being edited when the game was ended is offered by the next one.
+#include <QSessionManager>
+
 #include "app/GameScreens.h"
 #include "data/Folders.h"
 #include "data/Result.h"
@@ -81,6 +83,31 @@ TEST_F(GameRecovery, AsksNothingAfterAnEndWithoutChanges) {
   Begin();
   EXPECT_FALSE(Shows<FrmSada>());
   EXPECT_EQ(Files("Discarded"), discarded);
+}
+
+TEST_F(GameRecovery, KeepsWhatIsEditedWhenTheDesktopsSessionIsAboutToEnd) {
+  Click(Screen<FrmMain>(), "EditKom");
+  const std::string drawn = *Screen<FrmMain>()->Model().Text();
+  auto* const session = qApp->findChild<QSessionManager*>();
+  ASSERT_NE(session, nullptr);
+  emit qApp->commitDataRequest(*session);
+  const std::string running = folder.Root() + "/Recovery/Running/";
+  ASSERT_EQ(Files("Running"), 1U);
+  const auto kept = RecoveryStore::Read({running + FilesIn(running, ".recovery")[0], 0, "", "", 0});
+  ASSERT_TRUE(kept);
+  SadaModel sada({}, 1);
+  ASSERT_TRUE(sada.TakeUp(*kept));
+  EXPECT_EQ(sada.Cave(1), drawn);
+}
+
+class GameWithoutEditors : public GameTest {};
+
+TEST_F(GameWithoutEditors, KeepsNothingWhenTheDesktopsSessionIsAboutToEnd) {
+  auto* const session = qApp->findChild<QSessionManager*>();
+  ASSERT_NE(session, nullptr);
+  emit qApp->commitDataRequest(*session);
+  EXPECT_TRUE(FilesIn(folder.Root() + "/Recovery/Running", ".recovery").empty());
+  EXPECT_TRUE(Shows<FrmStart2>());
 }
 
 }  // namespace

@@ -128,5 +128,36 @@ TEST_F(GameFaultySkin, TellsOfPicturesThatItCannotRead) {
   EXPECT_GT(Start()->width(), 700) << "the default skin's palm";
 }
 
+// It is there when the skin asks for the second time.
+TEST_F(GameFaultySkin, AsksForAPictureThatIsMissingUntilItIsThere) {
+  folder.File("Skins/Vadny/Menu/skindata.txt", "start:\r\npalmPlay.image=nowhere\r\n");
+  const auto asked = [](QWidget& dialog) {
+    EXPECT_TRUE(dialog.findChild<QLabel*>("lblText")->text().contains("nowhere"));
+    QTest::keyClick(&dialog, Qt::Key_R);
+  };
+  const DialogScript script = {asked, [&](QWidget& dialog) {
+                                 QImage picture(640, 400, QImage::Format_RGB32);
+                                 picture.fill(Qt::magenta);
+                                 QByteArray bytes;
+                                 QBuffer buffer(&bytes);
+                                 EXPECT_TRUE(picture.save(&buffer, "BMP"));
+                                 folder.File("Skins/Vadny/Menu/nowhere.bmp", bytes.toStdString());
+                                 asked(dialog);
+                               }};
+  Begin();
+  const QImage start = Start()->grab().toImage();
+  int shown = 0;
+  for (int y = 0; y < start.height(); ++y)
+    shown += start.pixelColor(start.width() / 2, y) == QColor(Qt::magenta);
+  EXPECT_GT(shown, 0) << "beside the lists";
+}
+
+TEST_F(GameFaultySkin, BeginsWithoutAPictureThatThePlayerCannotGive) {
+  folder.File("Skins/Vadny/Menu/skindata.txt", "start:\r\npalmPlay.image=nowhere\r\n");
+  const DialogScript script = {[](QWidget& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); }};
+  Begin();
+  EXPECT_TRUE(Start()->isVisible());
+}
+
 }  // namespace
 }  // namespace zorik

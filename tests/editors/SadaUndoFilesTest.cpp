@@ -100,6 +100,21 @@ TEST_F(SadaUndoFilesTest, LooksAtTheFileThatMayHoldSomethingElseByNow) {
   EXPECT_TRUE(sada_.Chg());
 }
 
+TEST_F(SadaUndoFilesTest, CountsAsChangedWhenTheFileHasBecomeNoCollectionOfItsOwn) {
+  const std::string closed =
+      samples::Scrambled({samples::Measured("Sada") + "A", "A", "a@b.czQ", CaveText("X") + "---01", ""});
+  for (const std::string& meanwhile : {std::string(), std::string("zmatek\r\n"), closed}) {
+    OpenCaves({"A", "B"});
+    sada_.New();
+    Write("o.zk", meanwhile);
+    sada_.Undo();
+    EXPECT_EQ(Rows(), (Names{"*A", "B"}));
+    EXPECT_TRUE(sada_.Chg());
+    EXPECT_TRUE(sada_.Save(Path("o.zk")));
+    EXPECT_FALSE(sada_.Chg());
+  }
+}
+
 TEST_F(SadaUndoFilesTest, CountsAsChangedWhenTheFileHasGone) {
   OpenCaves({"A", "B"});
   sada_.New();

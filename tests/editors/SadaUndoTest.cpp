@@ -98,6 +98,24 @@ TEST_F(SadaUndoTest, BeginsANewStepOfTypingWhereItWasSavedOrWasEnded) {
   EXPECT_EQ(sada_.Text(SadaText::Name), "K");
 }
 
+TEST_F(SadaUndoTest, BeginsANewStepOfTypingAfterOneThatWasTakenBack) {
+  OpenCaves({"A"});
+  const std::string former = sada_.Text(SadaText::Name);
+  sada_.SetText(SadaText::Name, "J");
+  sada_.Undo();
+  sada_.SetText(SadaText::Name, "K");
+  EXPECT_EQ(sada_.UndoSteps(), std::vector<SadaStep>{{SadaAct::Name}});
+  EXPECT_TRUE(sada_.RedoSteps().empty()) << "something else was done";
+  sada_.Undo();
+  sada_.Redo();
+  sada_.SetText(SadaText::Name, "L");
+  sada_.Undo();
+  EXPECT_EQ(sada_.Text(SadaText::Name), "K");
+  sada_.Undo();
+  EXPECT_EQ(sada_.Text(SadaText::Name), former);
+  EXPECT_FALSE(sada_.Chg());
+}
+
 TEST_F(SadaUndoTest, GoesBackSeveralStepsAtOnce) {
   OpenCaves({"A", "B", "C", "D"});
   const std::string before = Bytes();
@@ -169,6 +187,25 @@ TEST_F(SadaUndoTest, AppendsACaveThatIsNotOpen) {
   sada_.Copy();
   sada_.Paste(NewCavePlace::End);
   EXPECT_EQ(Rows(), (Names{"*A", "*B", "Mala", "A"}));
+}
+
+TEST_F(SadaUndoTest, AppendsACaveThatIsNotOpenAlsoWhereTheFileCallsMoreCavesOpenThanItHas) {
+  Opened(samples::CollectionFile({CaveText("A") + "---01", "Gratuluji"},
+                                 std::string(1, static_cast<char>(kOpenCaveOffset + 2))));
+  sada_.AddCave(NewCaveSize::Small, NewCavePlace::End);
+  EXPECT_EQ(Rows(), (Names{"*A", "Mala"}));
+}
+
+TEST_F(SadaUndoTest, CountsAsUnchangedWithoutTheOpenCaveThatCameAndWentAgain) {
+  OpenCaves({"A", "B"});
+  sada_.AddCave(NewCaveSize::Small, NewCavePlace::End);
+  sada_.ToggleOpen(3);
+  EXPECT_EQ(Rows(), (Names{"*A", "B", "*Mala"}));
+  sada_.Delete();
+  sada_.SetText(SadaText::Name, "Jine");
+  sada_.Undo();
+  EXPECT_EQ(Rows(), (Names{"*A", "B"}));
+  EXPECT_FALSE(sada_.Chg()) << "it is as the file has it";
 }
 
 TEST_F(SadaUndoTest, CutsACaveIntoTheClipboardButNeverTheLastOne) {

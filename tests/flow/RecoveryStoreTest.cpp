@@ -227,6 +227,19 @@ TEST_F(RecoveryStoreTest, MovesToTheDiscardedOnesWhatTheAuthorDoesNotWantBack) {
   EXPECT_TRUE(Files("Running").empty());
 }
 
+TEST_F(RecoveryStoreTest, MovesWhatWasDamagedWhileItWasOfferedAndLosesNothingElse) {
+  KeepAndDie(Sada("Jedna"));
+  RecoveryStore store(folder_);
+  ASSERT_TRUE(store.Discard(Sada("Druha"), kNow));
+  const std::vector<KeptEntry> left = store.Left();
+  ASSERT_EQ(left.size(), 1U);
+  ASSERT_TRUE(WriteWhole(left[0].Path, "damaged"));
+  EXPECT_TRUE(store.Discard(left[0], kNow + 1));
+  EXPECT_EQ(Files("Discarded").size(), 2U);
+  EXPECT_EQ(Discarded(), Names{"Druha"});
+  EXPECT_FALSE(fs::exists(left[0].Path));
+}
+
 TEST_F(RecoveryStoreTest, PassesOverWhatIsDamagedAndLeavesItThere) {
   KeepAndDie(Sada("Jedna"));
   const std::string path = folder_ + "/Running/" + FilesIn(folder_ + "/Running", ".recovery").at(0);
@@ -273,6 +286,31 @@ TEST_F(RecoveryStoreTest, WritesOverNothingThatHasTheNameItWouldTake) {
   ASSERT_TRUE(store.Keep(Sada("Jedna"), kNow));
   EXPECT_EQ(*ReadWhole(taken), "another one's");
   EXPECT_EQ(FilesIn(folder_ + "/Running", ".recovery").size(), 2U);
+}
+
+// There are a hundred names for each second.
+TEST_F(RecoveryStoreTest, TakesTheOneNameThatIsFreeAndSaysSoWhenNoneIs) {
+  const auto taken = [this](const std::string& part, int number) {
+    return folder_ + '/' + part + "/001700000000-" + std::to_string(getpid()) + (number < 10 ? "-0" : "-") +
+           std::to_string(number) + ".recovery";
+  };
+  for (const int gap : {0, 99}) {
+    for (const char* const part : {"Running", "Discarded"}) {
+      fs::create_directories(folder_ + '/' + part);
+      for (int i = 0; i < 100; ++i) EXPECT_TRUE(WriteWhole(taken(part, i), "another one's"));
+      fs::remove(taken(part, gap));
+    }
+    RecoveryStore store(folder_);
+    ASSERT_TRUE(store.Keep(Sada("Jedna"), kNow));
+    EXPECT_NE(*ReadWhole(taken("Running", gap)), "another one's");
+    EXPECT_FALSE(RecoveryStore(folder_).Keep(Sada("Druha"), kNow));
+    ASSERT_TRUE(store.Discard(Sada("Jedna"), kNow));
+    EXPECT_EQ(Discarded(), Names{"Jedna"});
+    ASSERT_TRUE(store.Keep(Sada("Treti"), kNow));
+    EXPECT_FALSE(store.Discard(Sada("Treti"), kNow));
+    EXPECT_EQ(Discarded(), Names{"Jedna"});
+    EXPECT_NE(*ReadWhole(taken("Running", gap)), "another one's") << "it stays where it was kept";
+  }
 }
 
 TEST_F(RecoveryStoreTest, PassesOverPipesFoldersAndGiants) {
@@ -386,6 +424,19 @@ TEST_F(TakingUpTest, OfWhatIsNoCollectionChangesNothing) {
   sada_.SetText(SadaText::Name, "Moje");
   EXPECT_FALSE(sada_.TakeUp(KeptSada{"", "Jina", "", "", false, 1}));
   EXPECT_EQ(sada_.Text(SadaText::Name), "Moje");
+}
+
+TEST_F(TakingUpTest, OfACollectionThatIsClosedChangesNothing) {
+  sada_.SetText(SadaText::Name, "Moje");
+  Chance chance(1);
+  const std::string closed =
+      ScrambleLines({"AX", "AX", "a@b.czQ", test::OneStepCave("A") + "---01", "Konec"}, chance);
+  const auto report = sada_.TakeUp(KeptSada{closed, "Jina", "Eva", "/home/eva/a.zk", true, 1});
+  ASSERT_TRUE(report);
+  EXPECT_TRUE(report->Closed);
+  EXPECT_EQ(sada_.Text(SadaText::Name), "Moje");
+  EXPECT_NE(sada_.Text(SadaText::Author), "Eva");
+  EXPECT_EQ(sada_.FileName(), "");
 }
 
 }  // namespace
