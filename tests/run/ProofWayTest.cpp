@@ -83,5 +83,14 @@ TEST(AProof, HasAChanceOfItsOwnByItsMoves) {
   EXPECT_NE(ProofOf(kCollector)->Seed(), ProofOf(slower)->Seed());
 }
 
+// The finish is gone, so that what was missing on the way is told.
+TEST(AProof, MissesNothingWhereItsGemsKeysAndLocksAreAllThere) {
+  const Walk opens{{"WWWWWWWWW", "W1D#&;;;T", "WWWWWWWWW"}, {.needed = 1}, "RRRRRRR"};
+  ASSERT_TRUE(JudgedIn(opens, opens.picture).wins);
+  const ProofVerdict verdict = JudgedIn(opens, {"WWWWWWWWW", "W1D#&;;;W", "WWWWWWWWW"});
+  EXPECT_FALSE(verdict.wins);
+  EXPECT_FALSE(verdict.missing);
+}
+
 }  // namespace
 }  // namespace zorik::test

@@ -114,5 +114,14 @@ TEST(SeenCave, HasNoCellsInAFrameOfNoSize) {
   EXPECT_TRUE(drawn.fresh);
 }
 
+TEST(SeenCave, HasNothingOnItsWayWhenACaveOpens) {
+  Seen seen;
+  seen.Look();
+  seen.Pass(kKeyRight);
+  ASSERT_TRUE(seen.view.Moves(seen.hra));
+  seen.CaveOpens();
+  EXPECT_FALSE(seen.view.Moves(seen.hra));
+}
+
 }  // namespace
 }  // namespace zorik
