@@ -180,5 +180,14 @@ TEST_F(RecordsOfAPlayer, AreReadByTheNamesOfTheirFilesHoweverTheFolderHoldsThem)
   EXPECT_EQ(statistics.Collections()[0].Caves[0].Number, 1);
 }
 
+TEST_F(RecordsOfAPlayer, CountAfterOneThatRanDry) {
+  const std::string withoutItsDraw = LineOf({.before = {1}, .direction = kRight});
+  Record("a.zkr", "Sada", WalkedCave("a"), withoutItsDraw + "\r\n" + withoutItsDraw);
+  Record("b.zkr", "Sada", WalkedCave("b"), WalkedLines(0));
+  const PlayerStatistics statistics = Read();
+  EXPECT_EQ(statistics.Faulty(), 1);
+  EXPECT_EQ(statistics.Caves(), 1);
+}
+
 }  // namespace
 }  // namespace zorik

@@ -114,5 +114,13 @@ TEST(AProof, IsOfItsCaveWithoutTheMarker) {
   }
 }
 
+TEST(AProof, EndsWithItsWinWhateverItsRecordHoldsBehindIt) {
+  const std::string record = RecordOf(kCollector);
+  const auto proof =
+      Proof::Read(record + "\r\n" + LineOf({.before = {1}}) + "\r\n" + LineOf({.before = {1}}));
+  ASSERT_TRUE(proof);
+  EXPECT_EQ((*proof)->Ticks().size(), kCollector.keys.size());
+}
+
 }  // namespace
 }  // namespace zorik::test

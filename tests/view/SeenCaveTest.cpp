@@ -123,5 +123,16 @@ TEST(SeenCave, HasNothingOnItsWayWhenACaveOpens) {
   EXPECT_FALSE(seen.view.Moves(seen.hra));
 }
 
+TEST(SeenCave, HasNothingUnderWhatGoesIntoSpace) {
+  Seen seen;
+  seen.Look();
+  seen.Pass(kKeyRight);
+  seen.Look();
+  seen.Pass(kKeyRight);
+  seen.Look(0.5);
+  ASSERT_EQ(seen.view.OnTheWay().Movers().size(), 1U);
+  EXPECT_FALSE(seen.view.OnTheWay().Movers().front().under);
+}
+
 }  // namespace
 }  // namespace zorik
