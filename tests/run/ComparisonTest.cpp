@@ -4,6 +4,7 @@
 
 #include "data/Result.h"
 #include "run/Comparison.h"
+#include "run/Parting.h"
 #include "support/Scene.h"
 
 namespace zorik::test {
@@ -96,6 +97,26 @@ TEST(AComparison, TakesACaveOfACollectionAndTheSameInTheEditorForOne) {
   };
   const std::string text = CaveTextOf(kCave);
   EXPECT_TRUE(Compare(of(text), of(text + "---07")));
+}
+
+TEST(APartingOfGrids, IsInTheFirstCellThatBothHaveAndThatDiffers) {
+  const auto cell = PartingOfGrids("row=0 a b\nrow=1 c d", "row=0 a b e\nrow=1 c f");
+  ASSERT_TRUE(cell);
+  EXPECT_EQ(cell->what, "1,1");
+  EXPECT_EQ(cell->a, "d");
+  EXPECT_EQ(cell->b, "f");
+  const auto turned = PartingOfGrids("row=0 a b e\nrow=1 c f", "row=0 a b\nrow=1 c d");
+  ASSERT_TRUE(turned);
+  EXPECT_EQ(turned->what, "1,1");
+  EXPECT_FALSE(PartingOfGrids("", "row=0 a"));
+}
+
+TEST(APartingOfLines, OfWhichOneEndsBeforeTheOtherIsTheWholeLine) {
+  const auto parting = PartingOfLines("a=1 b=2", "a=1");
+  ASSERT_TRUE(parting);
+  EXPECT_EQ(parting->what, "line");
+  EXPECT_EQ(parting->a, "a=1 b=2");
+  EXPECT_EQ(parting->b, "a=1");
 }
 
 }  // namespace

@@ -217,5 +217,36 @@ TEST(Hindsight, FindsTheMistake) {
   EXPECT_EQ(KnownUntil(timeline), pushed - 1);
 }
 
+TEST(Footsteps, HoldWhatIsDoneInEachDirection) {
+  const auto run = Practise({"WWWWW", "WW;WW", "W;1;W", "WW;WW", "WWWWW"});
+  Plan way;
+  for (int direction = 0; direction < 4; ++direction) way.push_back(static_cast<Move>(kActBase + direction));
+  const std::vector<Footstep> steps = Footsteps(*run, way, 10);
+  ASSERT_EQ(steps.size(), 4U);
+  const std::vector<Cell> around{Cell(1, 2), Cell(2, 1), Cell(3, 2), Cell(2, 3)};
+  for (std::size_t i = 0; i < around.size(); ++i) {
+    EXPECT_TRUE(steps[i].beside) << i;
+    EXPECT_EQ(steps[i].cell, around[i]) << i;
+    EXPECT_EQ(steps[i].tick, static_cast<int>(i) + 1);
+  }
+}
+
+TEST(Outlook, OfAWonRunHasNoWayToGoAnyMore) {
+  const auto run = Practise({"1DT"}, {.needed = 1});
+  Pass(*run, 2, "R");
+  ASSERT_TRUE(run->Win);
+  Outlook outlook(*run, Plan(3, static_cast<Move>(kStepBase + 2)));
+  EXPECT_EQ(outlook.Go(kEnough), Prospect::Known);
+  EXPECT_TRUE(outlook.Way().empty());
+}
+
+TEST(Hindsight, SpendsNoMoreOnAQuestionThanItMay) {
+  const auto run = Practise({"WWWWWWWW", "W1DRRRTW", "WWWWWWWW"}, {.needed = 1});
+  Hindsight hindsight(TimelineOf(*run, {}), 4'000);
+  EXPECT_FALSE(hindsight.Go(2'000));
+  EXPECT_TRUE(hindsight.Go(2'000));
+  EXPECT_EQ(hindsight.KnownUntil(), -1);
+}
+
 }  // namespace
 }  // namespace zorik::test

@@ -155,5 +155,39 @@ TEST_F(RecordsOfAPlayer, CanBeReadInPiecesOfAnySize) {
   EXPECT_EQ(statistics.Ticks(), 1800 + 10 * 2);
 }
 
+TEST_F(RecordsOfAPlayer, TakeTheNumberOfACaveFromTwoDigitsAndFromNothingElse) {
+  struct Case {
+    const char* marker;
+    int number;
+  };
+  for (const Case& one : {Case{"---47", 47}, Case{"---99", 99}, Case{"---00", 0}, Case{"---1A", 0},
+                          Case{"---A1", 0}, Case{"---1:", 0}, Case{"---:1", 0}, Case{"---1/", 0}}) {
+    Record("a.zkr", "Sada", WalkedCave("prvni") + one.marker, WalkedLines(0));
+    const PlayerStatistics statistics = Read();
+    ASSERT_EQ(statistics.Caves(), 1) << one.marker;
+    EXPECT_EQ(statistics.Collections()[0].Caves[0].Number, one.number) << one.marker;
+  }
+}
+
+// The same cave has stood at several places of its collection.
+TEST_F(RecordsOfAPlayer, AreReadByTheNamesOfTheirFilesHoweverTheFolderHoldsThem) {
+  for (const int number : {14, 3, 17, 9, 12, 6, 18, 1, 11, 5, 16, 8, 2, 13, 7, 15, 4, 10}) {
+    const std::string digits{static_cast<char>('0' + number / 10), static_cast<char>('0' + number % 10)};
+    Record(digits + ".zkr", "Sada", WalkedCave("c") + "---" + digits, WalkedLines(0));
+  }
+  const PlayerStatistics statistics = Read();
+  ASSERT_EQ(statistics.Caves(), 1);
+  EXPECT_EQ(statistics.Collections()[0].Caves[0].Number, 1);
+}
+
+TEST_F(RecordsOfAPlayer, CountAfterOneThatRanDry) {
+  const std::string withoutItsDraw = LineOf({.before = {1}, .direction = kRight});
+  Record("a.zkr", "Sada", WalkedCave("a"), withoutItsDraw + "\r\n" + withoutItsDraw);
+  Record("b.zkr", "Sada", WalkedCave("b"), WalkedLines(0));
+  const PlayerStatistics statistics = Read();
+  EXPECT_EQ(statistics.Faulty(), 1);
+  EXPECT_EQ(statistics.Caves(), 1);
+}
+
 }  // namespace
 }  // namespace zorik

@@ -82,5 +82,16 @@ TEST(AReplay, AsksForNoSeeds) {
   EXPECT_EQ(seeds.given, 0U);
 }
 
+TEST(TakingOver, LeavesNothingOfTheRecord) {
+  auto run = std::make_unique<Hra>(PlayBack({"1;;;;"}, {{.before = {9}, .direction = 39}, {.before = {9}}}));
+  Pass(*run, 1);
+  ASSERT_TRUE(run->RanDry) << "the step asks for an outcome that the record does not hold";
+  TakeOver(*run);
+  EXPECT_TRUE(run->Practising());
+  EXPECT_FALSE(run->RanDry);
+  EXPECT_TRUE(run->Record.AtEnd());
+  EXPECT_TRUE(run->RecordText.empty());
+}
+
 }  // namespace
 }  // namespace zorik::test

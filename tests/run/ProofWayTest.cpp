@@ -83,5 +83,44 @@ TEST(AProof, HasAChanceOfItsOwnByItsMoves) {
   EXPECT_NE(ProofOf(kCollector)->Seed(), ProofOf(slower)->Seed());
 }
 
+// The finish is gone, so that what was missing on the way is told.
+TEST(AProof, MissesNothingWhereItsGemsKeysAndLocksAreAllThere) {
+  const Walk opens{{"WWWWWWWWW", "W1D#&;;;T", "WWWWWWWWW"}, {.needed = 1}, "RRRRRRR"};
+  ASSERT_TRUE(JudgedIn(opens, opens.picture).wins);
+  const ProofVerdict verdict = JudgedIn(opens, {"WWWWWWWWW", "W1D#&;;;W", "WWWWWWWWW"});
+  EXPECT_FALSE(verdict.wins);
+  EXPECT_FALSE(verdict.missing);
+}
+
+// Cave texts have no letter of their own for a boulder that falls. This one has just come down the shaft.
+TEST(AProof, NamesWhatIsInItsWayByItsKindThoughItIsOnItsWay) {
+  const Walk walk{{"WWWWWWWWW", "WWWWW.WWW", "WWWWW.WWW", "WWWWW.WWW", "W1;D;.;;T", "WWWWWWWWW"},
+                  {.needed = 1},
+                  "RRRRRRR"};
+  ASSERT_TRUE(JudgedIn(walk, walk.picture).wins);
+  Picture changed = walk.picture;
+  changed[1][5] = 'R';
+  const ProofVerdict verdict = JudgedIn(walk, changed);
+  EXPECT_EQ(verdict.flaw, (ProofFlaw{ProofBreak::NoEffect, 4, Cell(5, 4), 1, 'R'}));
+}
+
+// The marker tells where a cave stands in its collection, and is no part of it.
+TEST(AProof, IsOfItsCaveWithoutTheMarker) {
+  const std::string cave = CaveTextOf(kCollector.picture, kCollector.numbers);
+  for (const char* marker : {"", "---04"}) {
+    const auto proof = Proof::Read(RecordOfPlan({cave + marker, "sada"}, PlanOf(kCollector.keys)));
+    ASSERT_TRUE(proof) << marker;
+    EXPECT_EQ((*proof)->CaveText(), cave) << marker;
+  }
+}
+
+TEST(AProof, EndsWithItsWinWhateverItsRecordHoldsBehindIt) {
+  const std::string record = RecordOf(kCollector);
+  const auto proof =
+      Proof::Read(record + "\r\n" + LineOf({.before = {1}}) + "\r\n" + LineOf({.before = {1}}));
+  ASSERT_TRUE(proof);
+  EXPECT_EQ((*proof)->Ticks().size(), kCollector.keys.size());
+}
+
 }  // namespace
 }  // namespace zorik::test

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <memory>
 
 #include "data/Result.h"
@@ -121,6 +122,18 @@ TEST(Rescue, KeepsAliveInEveryCaveWhomItSaysItWouldHaveKept) {
   }
   EXPECT_GT(deaths, many / 10);
   EXPECT_GT(saved, deaths / 4);
+}
+
+// It runs below a falling boulder out of a wide place, in which it could have spent its time in many ways.
+TEST(Rescue, TellsOneWhoNeedOnlyHaveWaitedToWait) {
+  const Picture picture{"WWWWWWWW", "WWWWWrWW", "WWWWW.WW", "W;;;W.WW", "W;;;1.WW", "W;;;WWWW", "WWWWWWWW"};
+  const Timeline timeline = TimelineOf(Live(picture), {"", "R", "R", "", ""});
+  ASSERT_EQ(LiveDogs(*timeline.At(timeline.Length())), 0);
+  const auto escape = RescueOf(timeline);
+  ASSERT_TRUE(escape);
+  EXPECT_EQ(escape->tick, 1);
+  EXPECT_EQ(std::count(escape->moves.begin(), escape->moves.end(), kWait),
+            static_cast<std::ptrdiff_t>(escape->moves.size()));
 }
 
 }  // namespace

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <memory>
+
 #include "data/Result.h"
 #include "run/Timeline.h"
 #include "solve/Move.h"
@@ -172,6 +174,54 @@ TEST(Timeline, TellsInMovesWhatWasDone) {
             (Plan{step(2), kWait, step(2), step(3), static_cast<Move>(kChooseBase + 2), step(0)}));
   EXPECT_EQ(timeline.Moves(2, 4), (Plan{step(2), step(3)}));
   EXPECT_EQ(timeline.Moves(5, 99).size(), 1U);
+}
+
+// A replay of eight steps to the right, taken over after four, from where the dog goes back to the left.
+class ATakenOverTimeline : public testing::Test {
+ protected:
+  ATakenOverTimeline() {
+    Hra played = Play({"1;;;;;;;;;;;"});
+    for (int i = 0; i < 8; ++i) Tick(played, Keys("R"));
+    hra = BeginReplay(SaveRecord(played, 0));
+    timeline = std::make_unique<Timeline>(hra);
+    Watch(4);
+    TakeOver(hra);
+    for (int i = 0; i < 4; ++i) {
+      Tick(hra, Keys("L"));
+      timeline->Add(hra, Keys("L"));
+    }
+  }
+  void Watch(int ticks) {
+    for (int i = 0; i < ticks; ++i) {
+      Tick(hra, {});
+      timeline->Add(hra, {});
+    }
+  }
+  int PlaceAt(int tick) const { return timeline->At(tick)->Dog[1].x; }
+
+  Hra hra;
+  std::unique_ptr<Timeline> timeline;
+};
+
+TEST_F(ATakenOverTimeline, IsStillTakenOverWhereItIsCutLater) {
+  timeline->Cut(6);
+  EXPECT_EQ(PlaceAt(4), 4);
+  EXPECT_EQ(PlaceAt(5), 3);
+  EXPECT_EQ(PlaceAt(6), 2);
+  EXPECT_TRUE(timeline->At(4)->ReplayPlaying());
+  EXPECT_TRUE(timeline->At(6)->Practising());
+}
+
+TEST_F(ATakenOverTimeline, IsAReplayAgainWhereItIsCutAtTheTakingOverOrBefore) {
+  for (const int tick : {4, 3}) {
+    hra = std::move(*timeline->At(tick));
+    ASSERT_TRUE(hra.ReplayPlaying());
+    timeline->Cut(tick);
+    Watch(8 - tick);
+    EXPECT_TRUE(timeline->At(6)->ReplayPlaying()) << tick;
+    EXPECT_EQ(PlaceAt(6), 6) << tick;
+    EXPECT_EQ(PlaceAt(8), 8) << tick;
+  }
 }
 
 }  // namespace

@@ -250,6 +250,8 @@ TEST(CellPictures, ShowTheCatByItsPose) {
     cave.hra.CatPose = pose;
     EXPECT_EQ(cave.Again(1, 0), Of(kSetCat, pose));
   }
+  cave.hra.SetFieldMark({1, 0}, 3);
+  EXPECT_EQ(cave.Again(1, 0), Of(kSetCat, 3)) << "a mark lights no lamp of a cat";
 }
 
 TEST(CellPictures, ShowTheSteeredDogByItsPose) {
@@ -380,6 +382,18 @@ TEST(CellPictures, ShowWhatHappensWhenTheyAreStill) {
   EXPECT_EQ(cave.Again(3, 0), Of(kSetMagicWall, 0, 3));
   cave.hra.SetObject({1, 0}, kGem, kResting);
   EXPECT_EQ(cave.Again(1, 0), Of(kSetGem));
+}
+
+TEST(CellPictures, ShowTheFrameTooInAnotherMoment) {
+  Pictured cave({"1;;", ";;;"}, {}, 1);
+  for (int y = -1; y <= 2; ++y) {
+    for (int x = -1; x <= 3; ++x) {
+      if (x >= 0 && x < 3 && y >= 0 && y < 2) continue;
+      cave.hra.SetField(Cell(x, y), kFireFly);
+      cave.pictures.ShowMoment(cave.hra);
+      EXPECT_EQ(cave.At(x, y), Of(kFireFly)) << x << ' ' << y;
+    }
+  }
 }
 
 }  // namespace

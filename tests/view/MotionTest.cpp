@@ -75,5 +75,15 @@ TEST(Motion, BeginsAnewWhenItIsCleared) {
   EXPECT_EQ(WaysOf(motion), (std::vector<Way>{{kOne, kB, kC}}));
 }
 
+TEST(Motion, LetsOneGoOnAndAnotherTakeItsPlaceBesideAThird) {
+  constexpr Cell kFar(8, 8), kFarther(9, 8), kD(1, 2);
+  Motion motion;
+  motion.Add(kFar, kFarther, kOther);
+  motion.Add(kA, kB, kOne);
+  motion.Add(kB, kC, kOne);
+  motion.Add(kD, kB, kOther);
+  EXPECT_EQ(WaysOf(motion), (std::vector<Way>{{kOther, kFar, kFarther}, {kOne, kA, kC}, {kOther, kD, kB}}));
+}
+
 }  // namespace
 }  // namespace zorik

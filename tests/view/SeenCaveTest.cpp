@@ -114,5 +114,25 @@ TEST(SeenCave, HasNoCellsInAFrameOfNoSize) {
   EXPECT_TRUE(drawn.fresh);
 }
 
+TEST(SeenCave, HasNothingOnItsWayWhenACaveOpens) {
+  Seen seen;
+  seen.Look();
+  seen.Pass(kKeyRight);
+  ASSERT_TRUE(seen.view.Moves(seen.hra));
+  seen.CaveOpens();
+  EXPECT_FALSE(seen.view.Moves(seen.hra));
+}
+
+TEST(SeenCave, HasNothingUnderWhatGoesIntoSpace) {
+  Seen seen;
+  seen.Look();
+  seen.Pass(kKeyRight);
+  seen.Look();
+  seen.Pass(kKeyRight);
+  seen.Look(0.5);
+  ASSERT_EQ(seen.view.OnTheWay().Movers().size(), 1U);
+  EXPECT_FALSE(seen.view.OnTheWay().Movers().front().under);
+}
+
 }  // namespace
 }  // namespace zorik
