@@ -352,6 +352,17 @@ TEST_F(PairWindowTest, BreaksWhatTheRunsHaveComeToInANarrowWindow) {
   EXPECT_LT(window->width(), 2 * narrowest);
 }
 
+// What one run has come to is longer to write than that of the other.
+TEST_F(PairWindowTest, GivesALongRunNoMoreRoomInANarrowWindow) {
+  const std::string late = std::string(700, '.') + "RRRRR";
+  ASSERT_TRUE(window->Open(RecordOfKeys(late, "Ada"), RecordOfKeys("R", "Bob")));
+  window->resize(window->minimumSizeHint());
+  window->show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(window.get()));
+  const auto views = window->findChildren<RunView*>();
+  EXPECT_LE(std::abs(views[0]->width() - views[1]->width()), 1);
+}
+
 TEST_F(PairWindowTest, ShowsAllOfACaveHoweverWideItIs) {
   const std::string wall(64, 'W');
   const auto record = [&](const std::string& keys) {
