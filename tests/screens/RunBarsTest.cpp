@@ -1,4 +1,7 @@
 // How the bars of practice and of a record look, and where their buttons lie.
+#include <cmath>
+
+#include "core/Speed.h"
 #include "screens/PracticeScreen.h"
 
 namespace zorik {
@@ -132,6 +135,32 @@ TEST_F(RunBars, OfferTheRecordAgainOnlyAtItsEnd) {
   EXPECT_EQ(offers(), std::pair(true, false));
   Press(Qt::Key_Comma);
   EXPECT_EQ(offers(), std::pair(false, true));
+}
+
+TEST_F(RunBars, TellTheMinutesOfALongRecord) {
+  StandAt(RecordOfKeys(LongWay(), std::string(650, '.')), 0);  // ten ticks a second
+  EXPECT_EQ(Bar().MomentText(), "0:00 / 1:05   0 / 650");
+  Press(Qt::Key_End);
+  EXPECT_EQ(Bar().MomentText(), "1:05 / 1:05   650 / 650");
+  for (int back = 0; back < 2; ++back) Press(Qt::Key_Left);
+  EXPECT_EQ(Bar().MomentText(), "0:55 / 1:05   550 / 650");
+}
+
+TEST_F(RunBars, TellASpeedBetweenTwoWholeOnesWithOneDigit) {
+  settings.Speed = 4;
+  settings.SpeedR = 3;
+  PlayRecord(RecordOfKeys(LongWay(), std::string(30, 'R')));
+  const double speed = static_cast<double>(TimerInterval(4)) / TimerInterval(3);
+  ASSERT_GT(std::abs(speed - std::round(speed)), 0.05);
+  EXPECT_EQ(Bar().SpeedText(), QString::number(speed, 'f', 1).replace('.', ',') + QChar(0xD7));
+}
+
+TEST_F(RunBars, HandOverTheLastMomentOfARecordThatIsNotWon) {
+  StandAt(RecordOfKeys(LongWay(), std::string(30, 'R')), 3);
+  Press(Qt::Key_End);
+  ASSERT_EQ(Tick(), 30);
+  Press(Qt::Key_Return);
+  EXPECT_EQ(Tick(), 30);
 }
 
 }  // namespace
