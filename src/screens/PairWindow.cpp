@@ -81,13 +81,14 @@ void PairWindow::LayOut() {
   rows->addLayout(NewButtons());
 }
 
-// What a run has come to may take two lines in a narrow window.
+// What a run has come to may take two lines in a narrow window, and a long name no room from the other run.
 QLayout* PairWindow::NewViews() {
   auto* const pair = new QGridLayout;
   pair->setSpacing(kGap);
   for (std::size_t run = 0; run < views_.size(); ++run) {
     const int column = static_cast<int>(run);
     names_[run] = NewLabel(this);
+    names_[run]->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     totals_[run] = NewLabel(this);
     totals_[run]->setWordWrap(true);
     views_[run] = new RunView(skin_.Places(), this);
@@ -152,8 +153,11 @@ Result<Done> PairWindow::Open(const std::string& recordA, const std::string& rec
   SetTotals(1, found->totalsOfB);
   views_[0]->SetRun(std::move(found->a));
   views_[1]->SetRun(std::move(found->b));
-  for (std::size_t run = 0; run < views_.size(); ++run)
-    names_[run]->setText(OneLine(ToQString(views_[run]->Run().RecordPlayer)));
+  for (std::size_t run = 0; run < views_.size(); ++run) {
+    const QString name = ToQString(views_[run]->Run().RecordPlayer);
+    names_[run]->setText(OneLine(name));
+    SetHint(*names_[run], name);
+  }
   toDifference_->setVisible(difference_.has_value());
   same_->setVisible(!difference_);
   ShowTick(0);

@@ -324,12 +324,17 @@ TEST_F(PairWindowTest, ShowsOnItsButtonWhetherItPlays) {
 }
 
 TEST_F(PairWindowTest, GivesALongNameNoMoreRoom) {
-  ASSERT_TRUE(window->Open(RecordOfKeys("RR", std::string(25, 'W')), RecordOfKeys("RR.", "Bob")));
+  const std::string name(40, 'W');
+  ASSERT_TRUE(window->Open(RecordOfKeys("RR", name), RecordOfKeys("RR.", "Bob")));
   window->resize(1101, 480);
   window->show();
   ASSERT_TRUE(QTest::qWaitForWindowExposed(window.get()));
   const auto views = window->findChildren<RunView*>();
   EXPECT_LE(std::abs(views[0]->width() - views[1]->width()), 1);
+  int hinted = 0;
+  for (const QLabel* const label : window->findChildren<QLabel*>())
+    hinted += label->toolTip() == QString::fromStdString(name) ? 1 : 0;
+  EXPECT_EQ(hinted, 1) << "the whole name is to be read somewhere";
 }
 
 TEST_F(PairWindowTest, PlaysAtThePaceItWasMadeFor) {
@@ -350,6 +355,17 @@ TEST_F(PairWindowTest, BreaksWhatTheRunsHaveComeToInANarrowWindow) {
       narrowest = std::min(narrowest, label->fontMetrics().horizontalAdvance(label->text()));
   }
   EXPECT_LT(window->width(), 2 * narrowest);
+}
+
+// What one run has come to is longer to write than that of the other.
+TEST_F(PairWindowTest, GivesALongRunNoMoreRoomInANarrowWindow) {
+  const std::string late = std::string(700, '.') + "RRRRR";
+  ASSERT_TRUE(window->Open(RecordOfKeys(late, "Ada"), RecordOfKeys("R", "Bob")));
+  window->resize(window->minimumSizeHint());
+  window->show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(window.get()));
+  const auto views = window->findChildren<RunView*>();
+  EXPECT_LE(std::abs(views[0]->width() - views[1]->width()), 1);
 }
 
 TEST_F(PairWindowTest, ShowsAllOfACaveHoweverWideItIs) {
