@@ -191,7 +191,9 @@ TEST_F(ControlsTest, ShareTheRoomOfTheBarAmongItsButtons) {
     for (std::size_t i = 0; i < row.size(); ++i) {
       EXPECT_EQ(row[i]->y(), margin) << "as far from the top as from the side";
       EXPECT_EQ(row[i]->height(), bar.height() - 2 * margin);
-      if (i > 0) EXPECT_EQ(row[i]->x() - row[i - 1]->x() - row[i - 1]->width(), gap);
+      if (i > 0) {
+        EXPECT_EQ(row[i]->x() - row[i - 1]->x() - row[i - 1]->width(), gap);
+      }
     }
     const int rest = bar.width() - row.back()->x() - row.back()->width();
     EXPECT_GE(rest, margin);
@@ -234,7 +236,9 @@ TEST_F(ControlsTest, HaveTheButtonsOfARecordInOneRowBelowItsLine) {
       EXPECT_EQ(button->height(), row[0]->height());
       EXPECT_GE(button->y(), Bar().Line().geometry().bottom()) << "below the line";
       EXPECT_LT(button->geometry().bottom(), Bar().height());
-      if (button != row.back()) EXPECT_EQ(button->width(), button->height()) << "a sign is square";
+      if (button != row.back()) {
+        EXPECT_EQ(button->width(), button->height()) << "a sign is square";
+      }
       right = button->geometry().right();
       hints.insert(button->toolTip());
     }

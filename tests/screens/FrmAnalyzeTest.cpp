@@ -192,7 +192,9 @@ TEST(FrmAnalyzeSkin, HasItsPartsWhereOldSkinsNameNoPlace) {
     const QRect place = window.findChild<QWidget*>(name)->geometry();
     EXPECT_TRUE(window.rect().contains(place)) << name;
     for (const QRect& other : places) {
-      if (std::string(name) != "again") EXPECT_FALSE(place.intersects(other)) << name;
+      if (std::string(name) != "again") {
+        EXPECT_FALSE(place.intersects(other)) << name;
+      }
     }
     places.push_back(place);
   }

@@ -322,7 +322,9 @@ TEST_F(FrmKeysTest, HasABoxBesideEachOfItsWordsInRowsAndColumns) {
         const KeyBox& box = Box(window, static_cast<PadUse>(i));
         EXPECT_GT(box.y(), Box(window, KeyUse::SlowMotion).geometry().bottom());
         EXPECT_EQ(box.y(), Box(window, static_cast<PadUse>(i / inALine * inALine)).y()) << i;
-        if (i % inALine > 0) EXPECT_GT(box.x(), Box(window, static_cast<PadUse>(i - 1)).geometry().right());
+        if (i % inALine > 0) {
+          EXPECT_GT(box.x(), Box(window, static_cast<PadUse>(i - 1)).geometry().right());
+        }
         EXPECT_TRUE(box.accessibleName().endsWith(": " + box.text()));
       }
     });
@@ -335,7 +337,9 @@ TEST_F(FrmKeysTest, HasItsButtonsInTheMiddleOfItsLowerEdge) {
     for (const char* name : {"reset", "ok", "close"}) {
       const QRect button = window.findChild<SkinButton*>(name)->geometry();
       if (first < 0) first = button.left();
-      if (right >= 0) EXPECT_EQ(button.left() - right - 1, 12) << name;
+      if (right >= 0) {
+        EXPECT_EQ(button.left() - right - 1, 12) << name;
+      }
       right = button.right();
       EXPECT_LT(button.bottom(), window.height() - 8);
     }

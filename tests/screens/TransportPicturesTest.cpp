@@ -171,7 +171,9 @@ TEST(TransportPictures, MirrorEachOtherWhereTheyGoTheOtherWay) {
 TEST(TransportPictures, StandInTheMiddle) {
   for (const Transport what : kAll) {
     const Cover sign = SignOf(what);
-    if (what != Transport::Page) EXPECT_LT(Difference(sign, UpsideDown(sign)), kSame);
+    if (what != Transport::Page) {
+      EXPECT_LT(Difference(sign, UpsideDown(sign)), kSame);
+    }
     EXPECT_EQ(AreaOf(sign), AreaOf(Part(sign, 14, 14, 82, 82))) << "away from the rim";
   }
   for (const Transport what : {Transport::Stop, Transport::Slower, Transport::Faster}) {
