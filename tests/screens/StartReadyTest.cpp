@@ -163,10 +163,14 @@ TEST_F(StartReady, OnlyFourDigitsChooseAndAKeyWithoutAUseIsLeftToOthers) {
 TEST_F(StartReady, AKeyThatStaysDownGoesThroughThePlayers) {
   for (const char* const name : {"Adam", "Eva", "Ota"}) Player(name);
   Load();
-  for (int i = 0; i < 2; ++i) Takes(Qt::Key_Right, {}, true);
-  EXPECT_EQ(start_->Player(), "Ota");
-  Takes(Qt::Key_Left, {}, true);
-  EXPECT_EQ(start_->Player(), "Eva");
+  for (const char* const name : {"Eva", "Ota", "Ota"}) {
+    EXPECT_TRUE(Takes(Qt::Key_Right, {}, true));
+    EXPECT_EQ(start_->Player(), name);
+  }
+  for (const char* const name : {"Eva", "Adam", "Adam"}) {
+    EXPECT_TRUE(Takes(Qt::Key_Left, {}, true));
+    EXPECT_EQ(start_->Player(), name);
+  }
   Takes(Qt::Key_2, "2", true);
   EXPECT_EQ(ChosenFingers(), QStringList{"fingerPlay"}) << "but chooses nothing else";
 }
