@@ -97,6 +97,16 @@ TEST_F(StartReady, TheScrollButtonsAreSeenWhileAListIsLongerThanItsPlaceInTheSki
   EXPECT_EQ(seen(), std::pair(false, false));
 }
 
+TEST_F(StartReady, PlayersWhoFindNoRoomBringTheirScrollButton) {
+  Player("Adam");
+  Load();
+  EXPECT_FALSE(Find<QWidget>("hscroll").isVisible());
+  for (int i = 0; i < 9; ++i) Player("Hrac " + std::to_string(i));
+  start_->FindPlrs();
+  EXPECT_TRUE(Find<QWidget>("hscroll").isVisible());
+  EXPECT_FALSE(Find<QWidget>("vscroll").isVisible()) << "there are three collections still";
+}
+
 TEST_F(StartReady, APlayerWhoComesFirstInTheListIsSelectedWhenAdded) {
   Player("Bára");
   Player("Cyril");
