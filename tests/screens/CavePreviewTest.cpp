@@ -4,6 +4,7 @@
 #include <QSignalSpy>
 
 #include "screens/CavePreview.h"
+#include "screens/PaintedParts.h"
 #include "screens/PostList.h"
 
 namespace zorik {
@@ -188,6 +189,26 @@ TEST_F(CavePreviewTest, TellsNoTimeOfARecordOfAnotherCaveInItsPlace) {
   ASSERT_TRUE(WaitUntilDrawn());
   EXPECT_FALSE(Shown("replay"));
   EXPECT_FALSE(Facts().contains("nejlépe")) << Facts().toStdString();
+}
+
+// Nothing else has to happen for it to be seen.
+TEST_F(CavePreviewTest, IsPaintedAsSoonAsItIsDrawnAndWhenAnotherCaveIsChosen) {
+  Caves(2);
+  Open();
+  QCoreApplication::processEvents();
+  ASSERT_FALSE(Preview().IsDrawn());
+  test::PaintedParts parts;
+  parts.Watch(Preview());
+  const QPoint middle = Preview().rect().center();
+  const auto painted = [&] {
+    return QTest::qWaitFor([&] { return parts.Take().contains(middle); }, kPatience);
+  };
+  ASSERT_TRUE(WaitUntilDrawn());
+  EXPECT_TRUE(painted());
+  ClickRow(2);
+  EXPECT_TRUE(painted()) << "the lock";
+  ClickRow(1);
+  EXPECT_TRUE(painted()) << "the cave again, which is known";
 }
 
 }  // namespace

@@ -5,6 +5,8 @@
 #include <QPlainTextEdit>
 #include <QScrollBar>
 #include <QSignalSpy>
+#include <QTextBlock>
+#include <QTextDocument>
 #include <QTextEdit>
 
 #include "screens/FrmDialog2.h"
@@ -193,6 +195,19 @@ TEST_F(FrmDialog2Test, LeavesTheKeysOfItsParentAloneOnceItIsRead) {
   QSignalSpy entered(&parent, &QLineEdit::returnPressed);
   QTest::keyClick(&parent, Qt::Key_Return);
   EXPECT_EQ(entered.size(), 1);
+}
+
+TEST_F(FrmDialog2Test, HasTheLinesOfACongratulationInTheMiddle) {
+  const InDialog dialog([](QWidget& box) {
+    const QTextEdit& text = Reading(box);
+    for (QTextBlock line = text.document()->firstBlock(); line.isValid(); line = line.next())
+      EXPECT_TRUE(line.blockFormat().alignment().testFlag(Qt::AlignHCenter)) << line.text().toStdString();
+    EXPECT_NEAR(text.cursorRect().x(), text.viewport()->width() / 2, text.viewport()->width() / 4)
+        << "where its first short line begins";
+    Click(box, "ok");
+  });
+  FrmDialog2(skin, nullptr).ShowG("Skvělé!\r\nBody: 00042");
+  EXPECT_TRUE(dialog.Opened());
 }
 
 }  // namespace

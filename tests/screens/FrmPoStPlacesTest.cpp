@@ -62,6 +62,34 @@ TEST_F(FrmPoStPlaces, LeaveTheTotalBesideTheNameItsRoom) {
   EXPECT_EQ(Place("Label4").right() + 1, window->width() - kMargin);
 }
 
+// A total a line lower than the name, or no further to the right, is not beside it.
+TEST_F(FrmPoStPlaces, TakeTheTotalForOneBesideTheNameWhileItIsInItsLine) {
+  const std::string name = "collname.left=30\r\ncollname.top=60\r\ncollname.alignment=left\r\n";
+  const auto end = [&](int left, int top) {
+    OpenWith(name + "score.left=" + std::to_string(left) + "\r\nscore.top=" + std::to_string(top) + "\r\n");
+    return Place("Label4").right() + 1;
+  };
+  OpenWith(name);
+  const int letters = QFontInfo(Label("lblTotal").font()).pixelSize();
+  const int margin = window->width() - kMargin;
+  EXPECT_EQ(end(500, 60 + letters - 1), 500 - 44);
+  EXPECT_EQ(end(500, 60 - letters + 1), 500 - 44);
+  EXPECT_EQ(end(500, 60 + letters), margin);
+  EXPECT_EQ(end(500, 60 - letters), margin);
+  EXPECT_EQ(end(30, 60), margin) << "at the same place, which no name could end before";
+}
+
+TEST_F(FrmPoStPlaces, HaveRoomForALineOfTheirLetters) {
+  Caves(2);
+  Open();
+  for (const char* const name : {"Label4", "Label3", "lblCaveName", "lblTotal"}) {
+    const SkinLabel& label = Label(name);
+    EXPECT_GE(label.height(), QFontInfo(label.font()).pixelSize()) << name;
+  }
+  EXPECT_GT(QFontInfo(Label("Label4").font()).pixelSize(), QFontInfo(Label("Label3").font()).pixelSize())
+      << "the name of a collection is larger than its author's";
+}
+
 TEST_F(FrmPoStPlaces, LetADescriptionReachDownToWhatIsNextBelowIt) {
   const std::string text =
       "colldescription.left=40\r\ncolldescription.top=60\r\ncolldescription.width=300\r\n"

@@ -14,6 +14,7 @@
 #include "screens/SkinButton.h"
 #include "screens/SkinScale.h"
 #include "screens/TestSkin.h"
+#include "screens/Tones.h"
 
 namespace zorik {
 namespace {
@@ -298,6 +299,10 @@ TEST_F(FrmSettingsTest, TakesTheWordsAndColoursOfAnotherSkin) {
     EXPECT_EQ(Check(open, 1).text(), "Sounds");
     const QImage grabbed = open.grab().toImage();
     EXPECT_EQ(grabbed.pixelColor(grabbed.width() / 2, 6), QColor("#FFF8E0"));
+    const Tones tones = TonesOf("#FFF8E0");
+    EXPECT_NE(tones.line, tones.quiet);
+    for (int i = 0; i < 3; ++i)
+      EXPECT_EQ(Scale(open, i).palette().color(QPalette::Mid), tones.line) << "the groove of scale " << i;
   });
   window.Edit(settings_);
   EXPECT_TRUE(first.Opened() && second.Opened());

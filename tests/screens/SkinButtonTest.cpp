@@ -4,6 +4,7 @@
 #include <QSignalSpy>
 #include <QTest>
 #include <cmath>
+#include <cstdlib>
 
 #include "screens/SkinButton.h"
 #include "screens/TestSkin.h"
@@ -297,6 +298,69 @@ TEST(PlainCheck, HasARingAroundItsCaptionWhileKeysTurnIt) {
   EXPECT_EQ(edge(), ring);
   stage.button->clearFocus();
   EXPECT_EQ(edge(), without);
+}
+
+// Colours that are told apart even where letters are smoothed.
+const QColor kGround(0x20, 0x40, 0x60), kInk(0xFF, 0x00, 0xFF), kCaption(0xFF, 0xFF, 0x00);
+
+QPalette PlainColours() {
+  QPalette colours;
+  colours.setColor(QPalette::Window, Qt::black);
+  colours.setColor(QPalette::Button, kGround);
+  colours.setColor(QPalette::ButtonText, kInk);
+  colours.setColor(QPalette::Mid, Qt::green);
+  colours.setColor(QPalette::WindowText, kCaption);
+  return colours;
+}
+
+// Where a colour, or nearly that, is to be seen.
+QRect Where(QWidget& part, QColor colour) {
+  const QImage image = part.grab().toImage();
+  QRect seen;
+  for (int x = 0; x < image.width(); ++x) {
+    for (int y = 0; y < image.height(); ++y) {
+      const QColor pixel = image.pixelColor(x, y);
+      const int away = std::abs(pixel.red() - colour.red()) + std::abs(pixel.green() - colour.green()) +
+                       std::abs(pixel.blue() - colour.blue());
+      if (away < 150) seen |= QRect(x, y, 1, 1);
+    }
+  }
+  return seen;
+}
+
+TEST(PlainButton, HasItsWordsInTheMiddleOfAPlateInTheColoursOfTheWindow) {
+  SkinButton button(nullptr);
+  button.setPalette(PlainColours());
+  button.SetWords(" ");
+  EXPECT_EQ(Where(button, kInk), QRect()) << "nothing is written";
+  EXPECT_TRUE(Where(button, Qt::green).contains(button.rect().adjusted(3, 3, -3, -3))) << "the rim";
+  EXPECT_EQ(button.grab().toImage().pixelColor(button.rect().center()), kGround);
+  button.SetWords("Nahrát");
+  const QRect words = Where(button, kInk);
+  EXPECT_GT(words.width(), button.fontMetrics().horizontalAdvance("Nahrát") / 2);
+  EXPECT_LE((words.center() - button.rect().center()).manhattanLength(), 6);
+}
+
+TEST(PlainCheck, HasItsMarkInABoxBeforeItsCaption) {
+  OneButton<SkinCheck> stage;
+  SkinCheck& check = *stage.button;
+  check.setPalette(PlainColours());
+  check.setText("Zvuky");
+  check.resize(check.sizeHint());
+  stage.Show();
+  check.clearFocus();
+  EXPECT_EQ(Where(check, kInk), QRect()) << "it is off";
+  const QRect box = Where(check, Qt::green);
+  const QRect caption = Where(check, kCaption);
+  EXPECT_EQ(check.grab().toImage().pixelColor(box.center()), kGround);
+  EXPECT_NEAR(box.center().y(), check.rect().center().y(), 1);
+  EXPECT_GT(caption.left(), box.right());
+  EXPECT_LT(caption.right(), check.width());
+  check.setChecked(true);
+  const QRect mark = Where(check, kInk);
+  EXPECT_FALSE(mark.isEmpty());
+  EXPECT_TRUE(box.contains(mark));
+  EXPECT_EQ(Where(check, kCaption), caption);
 }
 
 }  // namespace

@@ -6,7 +6,11 @@
 #include <QTest>
 #include <QTextDocumentFragment>
 #include <QToolTip>
+#include <functional>
+#include <utility>
+#include <vector>
 
+#include "screens/PaintedParts.h"
 #include "screens/SkinLabel.h"
 
 namespace zorik {
@@ -165,6 +169,55 @@ TEST_F(SkinLabelTest, ActsAsALinkWhenItIsLetGoInside) {
   QTest::mousePress(&label_, Qt::LeftButton, {}, QPoint(5, 5));
   QTest::mouseRelease(&label_, Qt::LeftButton, {}, QPoint(5, 60));
   EXPECT_EQ(clicked.size(), 1);
+}
+
+TEST_F(SkinLabelTest, FitsItsTextAnewToLettersOfAnotherSize) {
+  const QString text = "Text na dva řádky, ne více";
+  label_.SetText(text);
+  ASSERT_EQ(label_.toolTip(), "");
+  label_.SetLook(Qt::yellow, Qt::AlignLeft, 34);
+  EXPECT_EQ(label_.toolTip(), text) << "it finds no room";
+  label_.SetLook(Qt::yellow, Qt::AlignLeft, 8);
+  EXPECT_EQ(label_.toolTip(), "");
+  label_.resize(20, 12);
+  EXPECT_EQ(label_.toolTip(), text);
+}
+
+TEST_F(SkinLabelTest, IsPaintedAnewWheneverItLooksDifferent) {
+  test::PaintedParts parts;
+  const auto painted = [&parts] { return QTest::qWaitFor([&parts] { return !parts.Take().isEmpty(); }); };
+  label_.SetLink(Qt::white, "napiš");
+  QCoreApplication::processEvents();
+  parts.Watch(label_);
+  const std::vector<std::pair<const char*, std::function<void()>>> changes{
+      {"the pointer comes", [this] { Enter(); }},
+      {"the pointer goes", [this] { Leave(); }},
+      {"another text", [this] { label_.SetText("Jára"); }},
+      {"another look", [this] { label_.SetLook(Qt::red, Qt::AlignRight, 14); }}};
+  for (const auto& [name, change] : changes) {
+    change();
+    EXPECT_TRUE(painted()) << name;
+  }
+}
+
+// A picture of the same size takes the place of another one at once.
+TEST(SkinPictures, ArePaintedAnewWhenTheyChange) {
+  SkinPicture part(nullptr);
+  QImage image({30, 20}, QImage::Format_RGB32);
+  image.fill(Qt::red);
+  part.SetPicture(image);
+  part.show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&part));
+  EXPECT_EQ(part.size(), image.size());
+  QCoreApplication::processEvents();
+  test::PaintedParts parts;
+  parts.Watch(part);
+  image.fill(Qt::blue);
+  part.SetPicture(image);
+  EXPECT_TRUE(QTest::qWaitFor([&parts] { return !parts.Take().isEmpty(); }));
+  const QImage seen = part.grab().toImage();
+  for (const QPoint corner : {QPoint(0, 0), QPoint(29, 0), QPoint(0, 19), QPoint(29, 19)})
+    EXPECT_EQ(seen.pixelColor(corner), QColor(Qt::blue));
 }
 
 }  // namespace
