@@ -45,7 +45,8 @@ Picture Room(const std::string& things) {
 
 TEST(SearchSkill, IsToFetchGemsOneAfterAnotherAndThenToLeave) {
   Picture picture = Room("W" + std::string(38, ';') + "T");
-  for (const auto& [x, y] : {std::pair(30U, 2U), {4U, 9U}, {37U, 9U}, {20U, 5U}, {35U, 3U}}) picture[y][x] = 'D';
+  for (const auto& [x, y] : {std::pair(30U, 2U), {4U, 9U}, {37U, 9U}, {20U, 5U}, {35U, 3U}})
+    picture[y][x] = 'D';
   Expect({"gems", picture, {.needed = 5}, 5000});
 }
 

@@ -7,8 +7,8 @@
 
 #include <cstdlib>
 
-// What planted sources ask: whether their fault is the one that FAULT names. Where FAULT_HITS names a file, the byte of
-// each fault that was asked for is set in there, by all processes of a test.
+// What planted sources ask: whether their fault is the one that FAULT names. Where FAULT_HITS names a file,
+// the byte of each fault that was asked for is set in there, by all processes of a test.
 namespace fault {
 
 inline const int kChosen = std::getenv("FAULT") ? std::atoi(std::getenv("FAULT")) : 0;
@@ -30,7 +30,9 @@ inline int On(int number) {
   if (kHits) kHits[number] = 1;
   return number == kChosen;
 }
-inline bool Flip(int number, bool value) { return On(number) ? !value : value; }
+inline bool Flip(int number, bool value) {
+  return On(number) ? !value : value;
+}
 template <class Number>
 Number Neg(int number, Number value) {
   return On(number) ? static_cast<Number>(-value) : value;
