@@ -5,6 +5,7 @@
 
 #include "editors/EditTiles.h"
 #include "editors/EditorScreen.h"
+#include "editors/Paints.h"
 #include "editors/Palette.h"
 #include "editors/ToolHint.h"
 
@@ -150,20 +151,12 @@ TEST_F(PaletteTest, FramesTheTileOfTheKeys) {
 }
 
 TEST_F(PaletteTest, IsPaintedAnewWithEachToolDogAndPlace) {
-  class Paints : public QObject {
-   public:
-    int count = 0;
-    bool eventFilter(QObject* /*object*/, QEvent* event) override {
-      count += event->type() == QEvent::Paint ? 1 : 0;
-      return false;
-    }
-  } paints;
   window->activateWindow();
   ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
   Tiles().setFocus();
   QTest::keyClick(&Tiles(), Qt::Key_Home);
   QApplication::processEvents();
-  Tiles().installEventFilter(&paints);
+  test::Paints paints(Tiles());
   const std::function<void()> changes[] = {
       [this] { Tiles().SelectTool(ToolButton::Left, 12); },
       [this] { Tiles().SetCurrentDog(5); },
@@ -186,15 +179,7 @@ TEST_F(PaletteTest, ShowsAToolThatIsChosenElsewhere) {
   alone.show();
   ASSERT_TRUE(QTest::qWaitForWindowExposed(&alone));
   QApplication::processEvents();
-  class Paints : public QObject {
-   public:
-    int count = 0;
-    bool eventFilter(QObject* /*object*/, QEvent* event) override {
-      count += event->type() == QEvent::Paint ? 1 : 0;
-      return false;
-    }
-  } paints;
-  alone.installEventFilter(&paints);
+  test::Paints paints(alone);
   alone.SelectTool(ToolButton::Left, 3);
   EXPECT_TRUE(QTest::qWaitFor([&] { return paints.count > 0; }));
   QApplication::processEvents();

@@ -2,6 +2,7 @@
 #include "editors/EditTiles.h"
 #include "editors/EditorScreen.h"
 #include "editors/Formality.h"
+#include "editors/Paints.h"
 #include "editors/ToolHint.h"
 
 namespace zorik {
@@ -58,16 +59,8 @@ TEST_F(ToolHintTest, ShowsTheCurrentDog) {
 }
 
 TEST_F(ToolHintTest, IsPaintedAnewWhenADogOrAToolIsChosen) {
-  class Paints : public QObject {
-   public:
-    int count = 0;
-    bool eventFilter(QObject* /*object*/, QEvent* event) override {
-      count += event->type() == QEvent::Paint ? 1 : 0;
-      return false;
-    }
-  } paints;
   QCoreApplication::processEvents();
-  Child<ToolHint>("ToolHint").installEventFilter(&paints);
+  test::Paints paints(Child<ToolHint>("ToolHint"));
   Pick(kDogTool, Qt::LeftButton);
   EXPECT_TRUE(QTest::qWaitFor([&] { return paints.count > 0; }));
   paints.count = 0;

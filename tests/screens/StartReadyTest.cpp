@@ -17,18 +17,6 @@ class StartReady : public test::StartScreen {
     for (const char* const name : {"a", "b", "c"}) Coll(std::string(name) + ".zk", name);
   }
 
-  void With(const std::map<std::string, std::string>& changed) {
-    auto keys = test::StartKeys();
-    for (const auto& [key, value] : changed) {
-      if (value.empty()) {
-        keys.erase(key);
-      } else {
-        keys[key] = value;
-      }
-    }
-    WearKeys(keys);
-  }
-
   QStringList ChosenFingers() const {
     QStringList names;
     for (const auto* const finger : start_->findChildren<QAbstractButton*>()) {
@@ -67,13 +55,13 @@ TEST_F(StartReady, ASkinThatTellsNoPlacesHasItsListsWhereTheGamesOwnSkinHasThem)
     for (const char* const part : {".left", ".top", ".width", ".height"}) away[std::string(list) + part] = "";
   }
   away["start.caves.lines"] = "14";
-  With(away);
+  WearChanged(away);
   Load();
   EXPECT_EQ(Colls().geometry(), QRect(220, 200, 246, 14 * kRowHeight + 2 * 2));
   EXPECT_EQ(Plrs().geometry(), QRect(220, 412, 198, 20));
   away["start.caves.lines"] = "";
   away["start.caves.border.size"] = "";
-  With(away);
+  WearChanged(away);
   start_->SkinIt();
   EXPECT_EQ(Colls().height(), kRowHeight) << "one row without a frame";
 }
@@ -86,13 +74,13 @@ TEST_F(StartReady, TheScrollButtonsAreSeenWhileAListIsLongerThanItsPlaceInTheSki
     return std::pair(Find<QWidget>("vscroll").isVisible(), Find<QWidget>("hscroll").isVisible());
   };
   EXPECT_EQ(seen(), std::pair(false, false));
-  With({{"start.caves.height", "30"}});
+  WearChanged({{"start.caves.height", "30"}});
   start_->SkinIt();
   EXPECT_EQ(seen(), std::pair(true, false));
-  With({{"start.players.width", "40"}});
+  WearChanged({{"start.players.width", "40"}});
   start_->SkinIt();
   EXPECT_EQ(seen(), std::pair(false, true));
-  With({});
+  WearChanged({});
   start_->SkinIt();
   EXPECT_EQ(seen(), std::pair(false, false));
 }

@@ -121,6 +121,18 @@ class StartScreen : public testing::Test {
     WearKeys(StartKeys());
   }
 
+  // The usual keys with these ones changed; empty ones are left out.
+  void WearChanged(const std::map<std::string, std::string>& changed) {
+    auto keys = StartKeys();
+    for (const auto& [key, value] : changed) {
+      if (value.empty()) {
+        keys.erase(key);
+      } else {
+        keys[key] = value;
+      }
+    }
+    WearKeys(keys);
+  }
   void WearKeys(const std::map<std::string, std::string>& keys) {
     std::string lines;
     for (const auto& [key, value] : keys) lines += key + "=" + value + "\n";

@@ -21,15 +21,7 @@ class StartSkin : public test::StartScreen {
 
   // Wears the usual keys with these ones changed; empty ones are left out.
   void With(const std::map<std::string, std::string>& changed) {
-    auto keys = test::StartKeys();
-    for (const auto& [key, value] : changed) {
-      if (value.empty()) {
-        keys.erase(key);
-      } else {
-        keys[key] = value;
-      }
-    }
-    WearKeys(keys);
+    WearChanged(changed);
     start_->SkinIt();
   }
 
