@@ -32,9 +32,9 @@ CaveRecord AnyCave(Chance& chance) {
     *number = static_cast<std::uint8_t>(below(below(2) == 0 ? 9 : 191));
   }
   cave.Colouring = static_cast<std::uint8_t>(below(16));
-  constexpr std::string_view kLetters = ".;RD1239XW!TAMK#%SLFH$C\0?";
+  constexpr std::string_view kLetters(".;RD1239XW!TAMK#%SLFH$C\0?", 25);
   for (auto& column : cave.Cells) {
-    for (char& cell : column) cell = kLetters[static_cast<std::size_t>(below(24))];
+    for (char& cell : column) cell = kLetters[static_cast<std::size_t>(below(25))];
   }
   if (below(2) == 0) cave.Script = bytes(300);
   return cave;
