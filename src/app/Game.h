@@ -13,6 +13,7 @@
 #include "platform/Inbox.h"
 #include "platform/Paths.h"
 #include "platform/Settings.h"
+#include "screens/CaretRest.h"
 #include "screens/FrmAnalyze.h"
 #include "screens/FrmLoading.h"
 #include "screens/FrmPoSt.h"
@@ -95,6 +96,7 @@ class Game : public QObject {
   void EndProgram();
 
   HeldKeys heldKeys_;
+  CaretRest caretRest_;
   Paths paths_;
   Settings settings_;
   Skin skin_;

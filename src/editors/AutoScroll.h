@@ -2,6 +2,7 @@
 
 #include <QBasicTimer>
 #include <QObject>
+#include <QPoint>
 
 class QScrollBar;
 
