@@ -91,16 +91,6 @@ class AShownBarButton : public testing::Test {
   }
   QPoint Inside() const { return button.rect().center(); }
 
-  // Whether the window shows the button anew by itself.
-  bool IsPainted() {
-    return QTest::qWaitFor([&] { return !painted.Take().isEmpty(); });
-  }
-
-  void Settle() {
-    QCoreApplication::processEvents();
-    painted.Take();
-  }
-
   QWidget window;
   BarButton button{&window};
   test::PaintedParts painted;
@@ -167,9 +157,9 @@ TEST_F(AShownBarButton, SinksAndDarkensWhileItIsHeldWithThePointerInside) {
   };
   drag(Inside(), Qt::NoButton);
   EXPECT_EQ(Face(), free) << "the pointer alone does not press it";
-  Settle();
+  painted.Settle();
   QTest::mousePress(&button, Qt::LeftButton, {}, Inside());
-  EXPECT_TRUE(IsPainted());
+  EXPECT_TRUE(painted.Come());
   const QImage held = Face();
   EXPECT_EQ(held.pixelColor(75, 0).alpha(), 0) << "it goes down by one pixel";
   EXPECT_EQ(held.pixelColor(75, 1).alpha(), free.pixelColor(75, 0).alpha());
@@ -177,26 +167,26 @@ TEST_F(AShownBarButton, SinksAndDarkensWhileItIsHeldWithThePointerInside) {
   for (int x = 10; x < 140; ++x)
     EXPECT_LT(held.pixelColor(x, 21).lightness(), free.pixelColor(x, 20).lightness() - 20) << x;
   drag(QPoint(-5, 10), Qt::LeftButton);
-  EXPECT_TRUE(IsPainted());
+  EXPECT_TRUE(painted.Come());
   EXPECT_EQ(Face(), free);
   drag(Inside(), Qt::LeftButton);
   EXPECT_EQ(Face(), held);
-  Settle();
+  painted.Settle();
   QTest::mouseRelease(&button, Qt::LeftButton, {}, Inside());
-  EXPECT_TRUE(IsPainted());
+  EXPECT_TRUE(painted.Come());
   EXPECT_EQ(Face(), free);
 }
 
 TEST_F(AShownBarButton, ShowsWhatItIsGivenAtOnce) {
-  Settle();
+  painted.Settle();
   button.SetCaption("M");
-  EXPECT_TRUE(IsPainted());
+  EXPECT_TRUE(painted.Come());
   button.SetKey("F2");
-  EXPECT_TRUE(IsPainted());
+  EXPECT_TRUE(painted.Come());
   QImage picture(15, 4, QImage::Format_RGB32);
   picture.fill(Qt::green);
   button.SetPicture(picture);
-  EXPECT_TRUE(IsPainted());
+  EXPECT_TRUE(painted.Come());
   for (const QPoint corner : {QPoint(0, 0), QPoint(149, 0), QPoint(0, 39), QPoint(149, 39)})
     EXPECT_EQ(Face().pixelColor(corner), QColor(Qt::green)) << "a picture covers all of it";
   EXPECT_EQ(Face().pixelColor(Inside()), QColor(Qt::green)) << "and its words";
@@ -277,13 +267,13 @@ TEST_F(AShownBarButton, GlowsOverItsPictureFromNothingUpToTwoThirds) {
   }));
   EXPECT_NEAR(brightest, 170, 9) << "two thirds of full light";
   EXPECT_TRUE(QTest::qWaitFor([&] { return red() > 60; })) << "and it glows again";
-  Settle();
-  EXPECT_TRUE(IsPainted()) << "by itself";
+  painted.Settle();
+  EXPECT_TRUE(painted.Come()) << "by itself";
   button.SetPulse(true);
   EXPECT_GT(red(), 20) << "it does not begin anew for being told twice";
-  Settle();
+  painted.Settle();
   button.SetPulse(false);
-  EXPECT_TRUE(IsPainted());
+  EXPECT_TRUE(painted.Come());
   EXPECT_FALSE(button.Pulses());
   EXPECT_EQ(Face().pixelColor(Inside()), QColor(Qt::black));
   button.SetPulse(true);

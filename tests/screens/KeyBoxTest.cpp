@@ -64,15 +64,6 @@ class AKeyBox : public testing::Test {
     return letters.boundingRect();
   }
 
-  bool IsPainted() {
-    return QTest::qWaitFor([&] { return !painted.Take().isEmpty(); });
-  }
-
-  void Settle() {
-    QCoreApplication::processEvents();
-    painted.Take();
-  }
-
   QWidget window;
   QLineEdit* other = new QLineEdit(&window);
   KeyBox* box = new KeyBox(&window, 120);
@@ -109,16 +100,16 @@ TEST_F(AKeyBox, IsLitAndDarkAndSaysSoWhileItAsks) {
   EXPECT_LT(rim.red(), 120);
   const QColor ground = Seen().pixelColor(10, 12);
   const int short_ = LettersOf(Qt::white).width();
-  Settle();
+  painted.Settle();
   Ask();
-  EXPECT_TRUE(IsPainted());
+  EXPECT_TRUE(painted.Come());
   EXPECT_EQ(asked.count(), 1);
   EXPECT_LT(Seen().pixelColor(10, 12).lightness(), ground.lightness() - 15);
   EXPECT_GT(Seen().pixelColor(60, 1).red(), 150) << "its rim is lit";
   EXPECT_GT(LettersOf(Qt::yellow).width(), short_ * 3 / 2) << "it shows other words";
-  Settle();
+  painted.Settle();
   box->StopAsking();
-  EXPECT_TRUE(IsPainted());
+  EXPECT_TRUE(painted.Come());
   EXPECT_FALSE(box->Asks());
   EXPECT_NEAR(LettersOf(Qt::white).width(), short_, 1);
   EXPECT_GT(Seen().pixelColor(60, 1).red(), 150) << "it still has the focus";
