@@ -23,7 +23,10 @@ class Pages : public QTabWidget {
   Pages(int width, QWidget* parent) : QTabWidget(parent), width_(width) {}
 
   QSize sizeHint() const override { return {width_, minimumHeight()}; }
-  QSize minimumSizeHint() const override { return {kLeastWidth, 0}; }
+  // So that no page loses a word at its edge.
+  QSize minimumSizeHint() const override {
+    return {std::max(kLeastWidth, QTabWidget::minimumSizeHint().width()), 0};
+  }
 
  private:
   int width_;

@@ -132,6 +132,14 @@ TEST_F(SidePanelTest, ThePagesCannotBePushedAway) {
   EXPECT_GE(picture_->width(), 500) << "nor the picture";
 }
 
+TEST_F(SidePanelTest, APageKeepsRoomForItsWidestWord) {
+  AddPage();
+  page->setMinimumWidth(191);
+  Show(1000);
+  panel->setSizes({999, 1});
+  EXPECT_GE(page->width(), 191);
+}
+
 TEST_F(SidePanelTest, AWidthIsNotStoredOfPagesThatAreHidden) {
   AddPage();
   Show(1000);
