@@ -293,6 +293,13 @@ TEST_F(PaletteTest, LeavesOutTheNumberWithoutATileUnderKeys) {
   EXPECT_EQ(Tool(ToolButton::Left), 30);
 }
 
+TEST_F(PaletteTest, NamesTheNewDogAtOnceWhenThePointerIsOnTheOldOne) {
+  for (const int tile : {2, kDogTool}) QTest::mouseMove(&Tiles(), Tiles().TileRect(tile).center());
+  EXPECT_EQ(Status(), "Zorík č. 1");
+  Action("Dog(7)").trigger();
+  EXPECT_EQ(Status(), "Zorík č. 7");
+}
+
 TEST_F(PaletteTest, NamesNothingOnceThePointerHasLeftIt) {
   QTest::mouseMove(&Tiles(), Tiles().TileRect(2).center());
   EXPECT_EQ(Status(), "Balvan");
