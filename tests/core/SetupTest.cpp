@@ -37,6 +37,13 @@ TEST(ARunInPlay, RecordsAndAReplayKeepsTheFlagOfTheRunBeforeIt) {
   EXPECT_FALSE(hra.EditorRun());
 }
 
+TEST(ARunInPractice, RecordsNothing) {
+  Hra hra;
+  Paint(hra, {"1"}, {}, RunKind::Practice);
+  EXPECT_FALSE(hra.Recording);
+  EXPECT_EQ(hra.RecordText, "");
+}
+
 TEST(TheRecord, StartsWithTheScrambledCaveAndALineEnd) {
   const std::string text = CaveTextOf({"1.D"});
   Hra hra;

@@ -1,3 +1,4 @@
+#include <QElapsedTimer>
 #include <QListWidget>
 #include <QSignalSpy>
 #include <QTabWidget>
@@ -51,6 +52,19 @@ TEST_F(DoubtPageTest, TellsWhatAStrokeHasSpoilt) {
   EXPECT_FALSE(Fine().isVisible());
   Action("mnuUndo").trigger();
   EXPECT_EQ(Said(), QStringList());
+}
+
+TEST_F(DoubtPageTest, LooksOnlyWhenTheAuthorPauses) {
+  constexpr int kPause = 200;  // milliseconds, a little less than the page waits
+  Open(fine, {.needed = 1});
+  ASSERT_EQ(Said(), QStringList());
+  Click(4, 3);
+  QTest::qWait(kPause / 2);
+  Click(3, 3);
+  QElapsedTimer since;
+  since.start();
+  EXPECT_EQ(Said(), QStringList{"Není tu cíl."});
+  EXPECT_GE(since.elapsed(), kPause) << "since the last stroke";
 }
 
 TEST_F(DoubtPageTest, TellsFaultsBeforeHints) {

@@ -293,6 +293,13 @@ TEST_F(PaletteTest, LeavesOutTheNumberWithoutATileUnderKeys) {
   EXPECT_EQ(Tool(ToolButton::Left), 30);
 }
 
+TEST_F(PaletteTest, NamesTheNewDogAtOnceWhenThePointerIsOnTheOldOne) {
+  for (const int tile : {2, kDogTool}) QTest::mouseMove(&Tiles(), Tiles().TileRect(tile).center());
+  EXPECT_EQ(Status(), "Zorík č. 1");
+  Action("Dog(7)").trigger();
+  EXPECT_EQ(Status(), "Zorík č. 7");
+}
+
 TEST_F(PaletteTest, NamesNothingOnceThePointerHasLeftIt) {
   for (const int tile : {3, 2}) QTest::mouseMove(&Tiles(), Tiles().TileRect(tile).center());
   EXPECT_EQ(Status(), "Balvan");

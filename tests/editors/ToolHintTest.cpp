@@ -163,6 +163,9 @@ TEST_F(ToolHintTest, DrawsMiceThatAreTheSameOnBothSides) {
     EXPECT_EQ(above, below) << x;
   }
   EXPECT_EQ(body.pixelColor(6, 14), QColor(Qt::white));
+  const QColor line = Child<ToolHint>("ToolHint").palette().color(QPalette::WindowText);
+  for (const int edge : {0, 12})
+    EXPECT_EQ(body.pixelColor(edge, 11), line) << "the line is a whole pixel wide";
 }
 
 TEST_F(ToolHintTest, PartsTheButtonsOfAMouseByLines) {

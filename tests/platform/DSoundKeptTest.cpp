@@ -59,6 +59,20 @@ TEST_F(DSoundKept, IsAFileThatNoBufferHasWhileOthersAreRead) {
   EXPECT_NE(sound_.DSLoad(path, false), DSound::kNoBuffer) << "it was read again";
 }
 
+// Three hundred seconds take 26 million bytes once they are read. One such may lie there unused, two may not.
+TEST_F(DSoundKept, IsNotMuchThatNoBufferHas) {
+  const std::string silence = WaveFileOf(std::string(300 * 8000, 'a'), {8000, 1, 8});
+  const std::string path = folder_.Write("a.wav", silence);
+  for (const char* name : {"a.wav", "b.wav"})
+    ASSERT_NE(sound_.DSLoad(folder_.Write(name, silence), true), DSound::kNoBuffer);
+  sound_.DSFreeAll();
+  ASSERT_NE(sound_.DSLoad(Wave("c.wav", Tone(50, 500, 20000)), false), DSound::kNoBuffer);
+  const auto time = fs::last_write_time(path);
+  folder_.Write("a.wav", std::string(fs::file_size(path), 'x'));
+  fs::last_write_time(path, time);
+  EXPECT_EQ(sound_.DSLoad(path, true), DSound::kNoBuffer) << "it was kept";
+}
+
 // The driver makes its file when the way to the card is opened.
 TEST(DSoundResting, IsNotWokenByWhatMakesNoSound) {
   const SoundFolder folder;

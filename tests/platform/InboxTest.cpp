@@ -236,6 +236,17 @@ TEST_F(InboxTest, WaitsForAMessageThatComesInPieces) {
   EXPECT_EQ(arrived_, QStringList{"/a/b.zk"});
 }
 
+TEST_F(InboxTest, SeesOffWhoHasBeenHeard) {
+  Open();
+  QLocalSocket guest;
+  guest.connectToServer(Place());
+  ASSERT_TRUE(guest.waitForConnected(kPatience));
+  guest.write("/a.zk", 6);
+  const auto seenOff = [&] { return guest.state() == QLocalSocket::UnconnectedState; };
+  EXPECT_TRUE(QTest::qWaitFor(seenOff, kPatience));
+  EXPECT_TRUE(Arrived(1));
+}
+
 TEST_F(InboxTest, TurnsAwayWhoSaysNothingOrTooMuch) {
   Open();
   {

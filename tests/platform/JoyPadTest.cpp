@@ -228,6 +228,18 @@ TEST_F(JoyPadTest, TellsWhichButtonWentDownWhateverItDoes) {
   EXPECT_EQ(pad_.PressedButton(), std::nullopt) << "it is held";
 }
 
+TEST_F(JoyPadTest, DoesNotTellOfAButtonOfAPadThatIsGone) {
+  {
+    VirtualPad pad;
+    EXPECT_EQ(Sample(), Heard(0, 0));
+    pad.Button(2, true);
+    Sample();
+  }
+  EXPECT_FALSE(pad_.IsThere());
+  const VirtualPad another;
+  EXPECT_EQ(pad_.PressedButton(), std::nullopt);
+}
+
 TEST_F(JoyPadTest, ForgetsWhatWasPushedForAnotherWindow) {
   VirtualPad pad;
   EXPECT_EQ(Sample(), Heard(0, 0));

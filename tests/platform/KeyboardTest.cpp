@@ -82,6 +82,17 @@ TEST(Keyboard, GivesACommandOnceForEachPressAndEachRepeat) {
   }
 }
 
+TEST(Keyboard, LosesNoCommandThatComesAgainAfterAnother) {
+  Keyboard keyboard;
+  for (const int key : {Qt::Key_Tab, Qt::Key_Right, Qt::Key_Tab}) {
+    keyboard.Press(Pressed(key));
+    keyboard.Release(Released(key));
+  }
+  int tabs = 0;
+  for (int tick = 0; tick < 4; ++tick) tabs += keyboard.Take().Down(kKeyTab) ? 1 : 0;
+  EXPECT_EQ(tabs, 2);
+}
+
 TEST(Keyboard, KnowsRWithCtrlForARestart) {
   Keyboard keyboard;
   keyboard.Press(Pressed(Qt::Key_Control, Qt::ControlModifier));
@@ -416,6 +427,22 @@ TEST(Keyboard, WalksWithAnArrowThatIsHeldAMomentAfterShiftWasLetGo) {
   EXPECT_EQ(Down(keyboard.Take()), (Codes{kKeyShift, kKeyRight}));
   now = 1150;
   EXPECT_EQ(Down(keyboard.Take()), Codes{kKeyRight});
+}
+
+TEST(Keyboard, ActsAMomentLongerAfterEachTimeThatShiftIsLetGo) {
+  std::int64_t now = 0;
+  Keyboard keyboard([&now] { return now; });
+  keyboard.Press(Pressed(Qt::Key_Shift));
+  keyboard.Press(Pressed(Qt::Key_Right, Qt::ShiftModifier));
+  keyboard.Take();
+  keyboard.Release(Released(Qt::Key_Shift, Qt::ShiftModifier));
+  now = 100;
+  keyboard.Press(Pressed(Qt::Key_Shift, Qt::ShiftModifier));
+  EXPECT_EQ(Down(keyboard.Take()), (Codes{kKeyShift, kKeyRight}));
+  now = 2000;
+  keyboard.Release(Released(Qt::Key_Shift, Qt::ShiftModifier));
+  now = 2149;
+  EXPECT_EQ(Down(keyboard.Take()), (Codes{kKeyShift, kKeyRight}));
 }
 
 TEST(Keyboard, WalksAtOnceWithAnotherArrowAfterShiftWasLetGo) {

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "PictureFolder.h"
+#include "skin/LooseFrame.h"
 #include "skin/TileSets.h"
 
 namespace zorik {
@@ -97,6 +98,27 @@ TEST_F(TileCacheTest, FramesOfTheLastTwoSizesAreKept) {
   tiles_.Frame({kGem, 0, 0}, other);
   tiles_.Frame({kGem, 0, 0}, small);
   EXPECT_NE(FrameKey(), large) << "the third size took its place";
+}
+
+TEST_F(TileCacheTest, FramesOfMuchMemoryAreNotKeptBesideOthers) {
+  static constexpr QSize kHuge(4200, 4200);  // 67 megabytes, where those of both sizes may take 64
+  Load();
+  const auto keyAfter = [this](auto frame) {
+    frame();
+    return FrameKey();
+  };
+  const qint64 first = FrameKey();
+  EXPECT_EQ(keyAfter([this] { tiles_.Frame({kGem, 0, 0}, kHuge / 2); }), first) << "a quarter is well";
+  const qint64 second = keyAfter([this] { tiles_.Frame({kGem, 0, 0}, kHuge); });
+  EXPECT_NE(second, first);
+  EXPECT_NE(keyAfter([this] { tiles_.Loose({kGem, 0, 0}, kHuge); }), second) << "nor a loose one";
+}
+
+TEST(TileSets, AreBlackBeforeAnyIsLoaded) {
+  TileSets tiles;
+  QImage black(kSize, QImage::Format_RGB32);
+  black.fill(Qt::black);
+  for (const int code : {kGem, kBoulder}) EXPECT_EQ(tiles.Frame({code, 0, 0}, kSize), black);
 }
 
 }  // namespace
