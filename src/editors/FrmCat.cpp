@@ -93,7 +93,6 @@ FrmCat::FrmCat(Skin& skin, QWidget* parent)
     UpdateButtons();
   });
   connect(lstCmds_, &QListWidget::itemDoubleClicked, this, &FrmCat::Insert);
-  connect(lstCmds_, &QListWidget::currentRowChanged, this, &FrmCat::UpdateButtons);
   connect(delete_, &QPushButton::clicked, mnuDelete_, &QAction::trigger);
   connect(insert_, &QPushButton::clicked, this, &FrmCat::Insert);
   connect(swap_, &QPushButton::clicked, this, [this] { Do(&CatEditing::Swap); });
