@@ -229,5 +229,29 @@ TEST(ARunWithAGhost, HasTheSameRecordAsOneWithout) {
   EXPECT_GE(caves, 15) << "that many of these records win";
 }
 
+// The entrance is above steel, the exit under it.
+TEST(AGhost, IsNowhereWhileItIsInTheTeleport) {
+  test::Numbers numbers;
+  numbers.needed = 0;
+  const std::string text = test::CaveTextOf({"WW.WWWWWW", "W1SWWS.TW", "WWWWW.WWW"}, numbers);
+  Hra recorded(1);
+  ASSERT_TRUE(PaintCave(recorded, text, RunKind::Play));
+  for (int tick = 0; tick < 20 && !recorded.Win; ++tick) test::Pass(recorded, 1, "R");
+  ASSERT_TRUE(recorded.Win);
+  auto ghost = Ghost::Of(SaveRecord(recorded, 0), text);
+  ASSERT_TRUE(ghost);
+  Hra run(2);
+  ASSERT_TRUE(PaintCave(run, text, RunKind::Play));
+  int riding = 0;
+  while (!ghost->Run().Win) {
+    test::Pass(run);
+    ghost->Follow(run);
+    const bool rides = ghost->Run().TeleportDogBusy;
+    riding += rides ? 1 : 0;
+    EXPECT_EQ(Seen(*ghost, run).empty(), rides) << run.Ticks;
+  }
+  EXPECT_GE(riding, 3);
+}
+
 }  // namespace
 }  // namespace zorik

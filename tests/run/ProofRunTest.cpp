@@ -174,5 +174,17 @@ TEST(AProof, MakesARecordOfItsWinThatWinsInTheChangedCave) {
   EXPECT_GT(head.Score, 0);
 }
 
+// A boulder comes down on the second dog while the first one waits.
+TEST(AProof, MayLoseADogThatItHasLostItself) {
+  const Walk walk{
+      {"WRWWWWWWW", "W.WWWWWWW", "W.WWWWWWW", "W2W1;D;;T", "WWWWWWWWW"}, {.needed = 1}, "......RRRRR"};
+  const auto proof = ProofOf(walk);
+  ASSERT_TRUE(proof);
+  EXPECT_FALSE(proof->Ticks()[5].dogs[2].Alive);
+  const ProofVerdict verdict =
+      JudgedIn(walk, {walk.picture[0], walk.picture[1], walk.picture[2], "W2W1;DX;T", walk.picture[4]});
+  EXPECT_EQ(FlawOf(verdict), (ProofFlaw{ProofBreak::NoEffect, 9, Cell(6, 3), 1, 'X'}));
+}
+
 }  // namespace
 }  // namespace zorik::test

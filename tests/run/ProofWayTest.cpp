@@ -122,5 +122,51 @@ TEST(AProof, EndsWithItsWinWhateverItsRecordHoldsBehindIt) {
   EXPECT_EQ((*proof)->Ticks().size(), kCollector.keys.size());
 }
 
+// The second dog is chosen, the first digs at arm's length and goes on, and the second one wins.
+TEST(AProof, SteersTheSameDogsWhereChanceIsAnother) {
+  const Walk walk{{"WWWWWWWWWW", "WA;;W..L.W", "W;;;W....W", "WWWWWWWWWW", "W1;;W2;D;T", "WWWWWWWWWW"},
+                  {.needed = 1, .amoebaTime = 1},
+                  "R2RR1r.R2lRR"};
+  Picture luckier = walk.picture;
+  luckier[2][5] = 'L';
+  ASSERT_TRUE(JudgedIn(walk, walk.picture).wins);
+  const ProofVerdict verdict = JudgedIn(walk, luckier);
+  EXPECT_TRUE(verdict.wins);
+  EXPECT_GE(verdict.otherChance, 8);
+  const std::vector<Footstep> expected{{Cell(1, 4), 1, 0},  {Cell(5, 4), 2, 0}, {Cell(2, 4), 1, 1},
+                                       {Cell(6, 4), 2, 3},  {Cell(7, 4), 2, 4}, {Cell(3, 4), 1, 8},
+                                       {Cell(8, 4), 2, 11}, {Cell(9, 4), 2, 12}};
+  ASSERT_EQ(verdict.way.size(), expected.size());
+  for (std::size_t i = 0; i < expected.size(); ++i) {
+    EXPECT_EQ(verdict.way[i].cell, expected[i].cell) << i;
+    EXPECT_EQ(verdict.way[i].unit, expected[i].unit) << i;
+    EXPECT_EQ(verdict.way[i].tick, expected[i].tick) << i;
+  }
+}
+
+// Each tick asks for chance before its keys, and one line holds nothing else.
+TEST(AProof, KnowsWhatWasHeldInEachOfItsTicks) {
+  const Picture picture{"WWWWWW", "W1D.TW", "WWWWWW"};
+  const std::vector<std::string> lines{LineOf({.before = {1}, .direction = 39, .action = 1, .after = {1}}),
+                                       LineOf({.before = {1}}).substr(0, 1),
+                                       LineOf({.before = {1}, .direction = 39, .after = {1}}),
+                                       LineOf({.before = {1}, .direction = 39, .after = {1}}),
+                                       LineOf({.before = {1}, .direction = 39, .after = {1}})};
+  const auto proof = Proof::Read(RecordOfLines(picture, lines, {.needed = 1}));
+  ASSERT_TRUE(proof) << proof.Message();
+  const std::vector<ProofTick>& ticks = (*proof)->Ticks();
+  ASSERT_EQ(ticks.size(), lines.size());
+  for (std::size_t i = 0; i < ticks.size(); ++i) {
+    EXPECT_EQ(ticks[i].line, lines[i]) << i;
+    EXPECT_EQ(ticks[i].keys, i != 1) << i;
+    EXPECT_EQ(ticks[i].direction, i != 1 ? 39 : 0) << i;
+    EXPECT_EQ(ticks[i].action, i == 0 ? 1 : 0) << i;
+    EXPECT_EQ(ticks[i].unit, 1) << i;
+    EXPECT_EQ(ticks[i].steered, 1) << i;
+    EXPECT_EQ(ticks[i].gems, 1) << i;
+    EXPECT_EQ(ticks[i].won, i == 4) << i;
+  }
+}
+
 }  // namespace
 }  // namespace zorik::test
