@@ -298,5 +298,22 @@ TEST(Hindsight, AsksInEachOfItsQuestionsWhetherTheWayIsShortEnough) {
   }
 }
 
+TEST(Footsteps, TellWhoTakesThem) {
+  const auto run = Practise({"WWWWWWWW", "W1;W2;;W", "WWWWWWWW"});
+  const auto step = [](int direction) { return static_cast<Move>(kStepBase + direction); };
+  const Plan way{step(2), static_cast<Move>(kChooseBase + 2), step(2), kWait, step(2),
+                 step(2), static_cast<Move>(kChooseBase + 1), step(0)};
+  const std::vector<Footstep> steps = Footsteps(*run, way, 10);
+  ASSERT_EQ(steps.size(), 4U) << "to choose is no step, nor is to bump into a wall";
+  const std::vector<Footstep> expected{
+      {Cell(2, 1), 1, 1}, {Cell(5, 1), 2, 3}, {Cell(6, 1), 2, 5}, {Cell(1, 1), 1, 8}};
+  for (std::size_t i = 0; i < expected.size(); ++i) {
+    EXPECT_EQ(steps[i].cell, expected[i].cell) << i;
+    EXPECT_EQ(steps[i].unit, expected[i].unit) << i;
+    EXPECT_EQ(steps[i].tick, expected[i].tick) << i;
+    EXPECT_FALSE(steps[i].beside) << i;
+  }
+}
+
 }  // namespace
 }  // namespace zorik::test

@@ -105,13 +105,15 @@ TEST_F(RecordsOfAPlayer, AreGatheredByCollectionAndByTheNumbersOfTheirCaves) {
 TEST_F(RecordsOfAPlayer, OfTheSameCaveKeepTheQuickestWinAndTheMostPoints) {
   Record("a.zkr", "Sada", WalkedCave("c") + "---01", WalkedLines(30));
   Record("b.zkr", "Sada", WalkedCave("c") + "---01", WalkedLines(0));
+  Record("c.zkr", "Sada", WalkedCave("c") + "---01", WalkedLines(0));
+  Record("d.zkr", "Sada", WalkedCave("c") + "---01", WalkedLines(20));
   const PlayerStatistics statistics = Read();
   EXPECT_EQ(statistics.Caves(), 1);
   const CollectionStatistics& sada = statistics.Collections()[0];
   EXPECT_EQ(sada.Caves[0].BestTicks, 2);
   EXPECT_EQ(sada.Caves[0].BestScore, 7 + 49);
   EXPECT_EQ(sada.Points, 7 + 49) << "the cave counts once";
-  EXPECT_EQ(sada.Ticks, 2 + 32) << "both have been played";
+  EXPECT_EQ(sada.Ticks, 32 + 2 + 2 + 22) << "all have been played";
 }
 
 TEST_F(RecordsOfAPlayer, AreHisUnderAnyLetterCaseAndTheOthersAreCounted) {

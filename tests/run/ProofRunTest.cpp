@@ -89,6 +89,11 @@ TEST(AProof, BreaksAtOnceInACaveThatCannotBePlayed) {
   EXPECT_EQ(FlawOf(Judged(ProofOf(kPlain), "")).why, ProofBreak::NoCave);
   EXPECT_EQ(FlawOf(JudgedIn(kPlain, {"WWWWWWWWW", "W;;D;;;;T", "W;;;;;;;W", "WWWWWWWWW"})).tick, 1)
       << "there is no dog";
+  // What is nowhere counts as if it were in the first corner.
+  const Walk waits{kPlain.picture, {.needed = 1}, ".RRRRRRR"};
+  const Picture nobody{"WWWWWWWWW", "W;;D;;;;T", "W;;;;;;;W", "WWWWWWWWW"};
+  EXPECT_EQ(FlawOf(JudgedIn(kPlain, nobody)).cell, Cell(1, 0)) << "a step to the right of it";
+  EXPECT_EQ(FlawOf(JudgedIn(waits, nobody)).cell, Cell(0, 0));
 }
 
 TEST(AProof, TellsTheWayOfItsDogsAndWhatItTouches) {

@@ -168,5 +168,65 @@ TEST(AProof, KnowsWhatWasHeldInEachOfItsTicks) {
   }
 }
 
+TEST(AProof, SteersTheFleasWhereChanceIsAnother) {
+  const Walk walk{{"WWWWWWWWWW", "WA;;W..L.W", "W;;;W....W", "WWWWWWWWWW", "W1;;D;;;;T", "WWWWWWWWWW",
+                   "WN.......W", "WWWWWWWWWW"},
+                  {.needed = 1, .amoebaTime = 1},
+                  "R0RR1.RRRRRRR"};
+  Picture luckier = walk.picture;
+  luckier[2][5] = 'L';
+  ASSERT_TRUE(JudgedIn(walk, walk.picture).wins);
+  const ProofVerdict verdict = JudgedIn(walk, luckier);
+  EXPECT_TRUE(verdict.wins);
+  EXPECT_GE(verdict.otherChance, 9);
+  ASSERT_EQ(verdict.way.size(), 9U);
+  for (int step = 1; step <= 8; ++step) {
+    const Footstep& footstep = verdict.way[static_cast<std::size_t>(step)];
+    EXPECT_EQ(footstep.cell, Cell(1 + step, 4));
+    EXPECT_EQ(footstep.tick, step == 1 ? 1 : step + 5) << "six ticks are those of the fleas";
+  }
+}
+
+// Records that were written by hand may hold directions beside the four, and units beyond the last.
+TEST(AProof, PressesNoKeysThatNobodyHasWhereChanceIsAnother) {
+  const Numbers numbers{.needed = 1, .permeability = 1};
+  Picture picture{"WWWWWWWWW", "WRRWWWWWW", "W;;WWWWWW", "W..WWWWWW", "W1;DTWWWW", "WWWWWWWWW"};
+  const RecordTick wait{.before = {1}}, step{.before = {1}, .direction = 39, .after = {1}};
+  const auto proof = Proof::Read(RecordOf(picture,
+                                          {wait,
+                                           {.before = {1}, .direction = 36},
+                                           {.before = {1}, .direction = 41},
+                                           {.before = {1}, .unit = 10},
+                                           step,
+                                           step,
+                                           step},
+                                          numbers));
+  ASSERT_TRUE(proof) << proof.Message();
+  picture[2] = "WSSWWWWWW";
+  const ProofVerdict verdict = Judged(*proof, CaveTextOf(picture, numbers));
+  ASSERT_TRUE(verdict.wins);
+  EXPECT_GE(verdict.otherChance, 6) << "the slime below the boulders asks for chance";
+  const auto again = Proof::Read(verdict.record);
+  ASSERT_TRUE(again) << again.Message();
+  const std::vector<ProofTick>& ticks = (*again)->Ticks();
+  ASSERT_EQ(ticks.size(), 7U);
+  for (std::size_t i = 0; i < ticks.size(); ++i) {
+    EXPECT_EQ(ticks[i].direction, i < 4 ? 0 : 39) << i;
+    EXPECT_EQ(ticks[i].action, 0) << i;
+    EXPECT_EQ(ticks[i].unit, 1) << i;
+  }
+}
+
+TEST(AProof, TouchesNothingWhereMonstersComeAndGo) {
+  const Walk walk{{"WWWWWWWWW", "W.F..W.UW", "W....W..W", "WWWWWWWWW", "W1;D;;;;T", "WWWWWWWWW"},
+                  {.needed = 1},
+                  "RRRRRRR"};
+  const ProofVerdict verdict = JudgedIn(walk, walk.picture);
+  ASSERT_TRUE(verdict.wins);
+  for (int y = 0; y <= 3; ++y) {
+    for (int x = 0; x <= 8; ++x) EXPECT_FALSE(verdict.touched[Cell(x, y).place()]) << x << ',' << y;
+  }
+}
+
 }  // namespace
 }  // namespace zorik::test

@@ -162,5 +162,20 @@ TEST(Rescue, ChoosesTheUnitThatCanStillBeSaved) {
   }
 }
 
+TEST(Rescue, LooksBackAsFarAsItIsAskedToAndTwoSecondsBeyondTheDeath) {
+  const Picture picture{"WWWWWW", "WWRWWW", "WW;WWW", "WW;;;W", "WW1WWW", "WWWWWW"};
+  const Timeline timeline = TimelineOf(Play(picture), {"U", "U", "D", "D", "", "", "", ""});
+  const auto escape = RescueOf(timeline);
+  ASSERT_TRUE(escape);
+  const int death = timeline.Events().back().tick;
+  EXPECT_EQ(escape->tick + static_cast<int>(escape->moves.size()), death + 2 * kTicksPerSecond);
+  const int back = death - escape->tick;
+  for (const int far : {back, back - 1}) {
+    Rescue rescue(timeline, far);
+    EXPECT_TRUE(rescue.Go(kEnough));
+    EXPECT_EQ(rescue.Found().has_value(), far == back) << far;
+  }
+}
+
 }  // namespace
 }  // namespace zorik::test

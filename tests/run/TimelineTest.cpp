@@ -224,5 +224,21 @@ TEST_F(ATakenOverTimeline, IsAReplayAgainWhereItIsCutAtTheTakingOverOrBefore) {
   }
 }
 
+TEST_F(ATakenOverTimeline, HoldsTheRecordBeforeTheTakingOverAndNoneBehindIt) {
+  for (int i = 0; i < 50; ++i) {
+    Tick(hra, {});
+    timeline->Add(hra, {});
+  }
+  for (int tick = 0; tick <= 58; ++tick) {
+    const auto run = timeline->At(tick);
+    EXPECT_EQ(run->Ticks, tick);
+    EXPECT_EQ(run->ReplayPlaying(), tick <= 4) << tick;
+    EXPECT_EQ(run->Practising(), tick > 4) << tick;
+    EXPECT_EQ(run->WholeRecord.AtEnd(), tick > 4) << tick;
+    EXPECT_EQ(run->Record.AtEnd(), tick > 4) << tick;
+    EXPECT_EQ(run->RecordText, "") << tick;
+  }
+}
+
 }  // namespace
 }  // namespace zorik::test
