@@ -121,21 +121,23 @@ TEST(AGhost, StaysInTheFinishAndFades) {
 TEST(AGhost, ShowsEveryFleaThatIsElsewhere) {
   test::Numbers numbers;
   numbers.needed = 0;
-  const Picture swarm = {"WWWWWWW", "W1T...W", "WNN...W", "WWWWWWW"};
-  const std::string text = test::CaveTextOf(swarm, numbers);
-  Hra recorded(1);
-  ASSERT_TRUE(PaintCave(recorded, text, RunKind::Play));
-  test::Pass(recorded, 1, "0");
-  test::Pass(recorded, 1, "R");
-  test::Pass(recorded, 1, "1");
-  ASSERT_EQ(test::Pass(recorded, 1, "R"), TickEnd::Won);
-  auto ghost = Ghost::Of(SaveRecord(recorded, 0), text);
-  ASSERT_TRUE(ghost);
-  Hra run(2);
-  ASSERT_TRUE(PaintCave(run, text, RunKind::Play));
-  test::Pass(run, 2);
-  ghost->Follow(run);
-  EXPECT_EQ(Seen(*ghost, run), "0 at 3,2") << "the other flea is where one of the run is";
+  for (const std::string dog : {"1", "2"}) {
+    const Picture swarm = {"WWWWWWW", "W" + dog + "T...W", "WNN...W", "WWWWWWW"};
+    const std::string text = test::CaveTextOf(swarm, numbers);
+    Hra recorded(1);
+    ASSERT_TRUE(PaintCave(recorded, text, RunKind::Play));
+    test::Pass(recorded, 1, "0");
+    test::Pass(recorded, 1, "R");
+    test::Pass(recorded, 1, dog);
+    ASSERT_EQ(test::Pass(recorded, 1, "R"), TickEnd::Won);
+    auto ghost = Ghost::Of(SaveRecord(recorded, 0), text);
+    ASSERT_TRUE(ghost);
+    Hra run(2);
+    ASSERT_TRUE(PaintCave(run, text, RunKind::Play));
+    test::Pass(run, 2);
+    ghost->Follow(run);
+    EXPECT_EQ(Seen(*ghost, run), "0 at 3,2") << "the other flea is where one of the run is";
+  }
 }
 
 TEST(AGhost, IsOfTheSameCaveWithAnyMarker) {
@@ -251,6 +253,29 @@ TEST(AGhost, IsNowhereWhileItIsInTheTeleport) {
     EXPECT_EQ(Seen(*ghost, run).empty(), rides) << run.Ticks;
   }
   EXPECT_GE(riding, 3);
+}
+
+// The firefly blows up beside the second dog, and the first one goes its way over that place.
+TEST(AGhost, OfADogThatHasDiedIsSeenNoMore) {
+  test::Numbers numbers;
+  numbers.needed = 0;
+  const std::string text =
+      test::CaveTextOf({"WWWWWWWWWWW", "W1;;;;;2;TW", "WWWWWWWFWWW", "WWWWWWWWWWW", "WWWWWWWWWWW"}, numbers);
+  Hra recorded(1);
+  ASSERT_TRUE(PaintCave(recorded, text, RunKind::Play));
+  test::Pass(recorded, 12);
+  ASSERT_FALSE(recorded.Dog[2].Alive);
+  ASSERT_EQ(test::Pass(recorded, 8, "R"), TickEnd::Won);
+  auto ghost = Ghost::Of(SaveRecord(recorded, 0), text);
+  ASSERT_TRUE(ghost);
+  Hra run(2);
+  ASSERT_TRUE(PaintCave(run, text, RunKind::Play));
+  for (int tick = 1; tick <= 20; ++tick) {
+    test::Pass(run);
+    ghost->Follow(run);
+    const std::string there = "1 at " + std::to_string(tick - 11) + ",1";
+    EXPECT_EQ(Seen(*ghost, run), tick <= 12 ? "" : there) << tick;
+  }
 }
 
 }  // namespace

@@ -129,12 +129,15 @@ TEST_F(RecordsOfAPlayer, CountOnlyWhereTheyWin) {
   Record("begins-again.zkr", "Sada", WalkedCave("a"), "\r\n" + WalkedLines(0));
   Record("ends-early.zkr", "Sada", WalkedCave("b"), LineOf({.before = {1}}) + "\r\n");
   const std::string withoutItsDraw = LineOf({.before = {1}, .direction = kRight});
+  const std::string whole = LineOf({.before = {1}, .direction = kRight, .after = {1}});
   Record("runs-dry.zkr", "Sada", WalkedCave("c"), withoutItsDraw + "\r\n" + withoutItsDraw);
+  Record("runs-dry-first.zkr", "Sada", WalkedCave("d"), withoutItsDraw + "\r\n" + whole);
+  Record("runs-dry-last.zkr", "Sada", WalkedCave("e"), whole + "\r\n" + withoutItsDraw);
   ASSERT_TRUE(WriteWhole(temp_.Path() + "/no-record.zkr", "\x01\x02 nothing"));
   std::filesystem::create_directory(temp_.Path() + "/folder.zkr");
   const PlayerStatistics statistics = Read();
-  EXPECT_EQ(statistics.Faulty(), 5);
-  EXPECT_EQ(statistics.FilesRead(), 5U);
+  EXPECT_EQ(statistics.Faulty(), 7);
+  EXPECT_EQ(statistics.FilesRead(), 7U);
   EXPECT_EQ(statistics.Caves(), 0);
   EXPECT_TRUE(statistics.Collections().empty());
 }

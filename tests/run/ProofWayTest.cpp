@@ -194,7 +194,7 @@ TEST(AProof, PressesNoKeysThatNobodyHasWhereChanceIsAnother) {
   const RecordTick wait{.before = {1}}, step{.before = {1}, .direction = 39, .after = {1}};
   const auto proof = Proof::Read(RecordOf(picture,
                                           {wait,
-                                           {.before = {1}, .direction = 36},
+                                           {.before = {1}, .direction = 35},
                                            {.before = {1}, .direction = 41},
                                            {.before = {1}, .unit = 10},
                                            step,
@@ -225,6 +225,17 @@ TEST(AProof, TouchesNothingWhereMonstersComeAndGo) {
   ASSERT_TRUE(verdict.wins);
   for (int y = 0; y <= 3; ++y) {
     for (int x = 0; x <= 8; ++x) EXPECT_FALSE(verdict.touched[Cell(x, y).place()]) << x << ',' << y;
+  }
+}
+
+TEST(AProof, TouchesNoSlimeOnWhichSomethingOnlyLies) {
+  const Walk beside{{"WWWWWWWWW", "WRDW;;;;W", "WSSW;;;;W", "W;;W;;;;W", "W..W1;D;T", "WWWWWWWWW"},
+                    {.needed = 1, .permeability = 8},
+                    "......RRRR"};
+  const ProofVerdict verdict = JudgedIn(beside, beside.picture);
+  ASSERT_TRUE(verdict.wins);
+  for (int y = 1; y <= 4; ++y) {
+    for (int x = 1; x <= 2; ++x) EXPECT_FALSE(verdict.touched[Cell(x, y).place()]) << x << ',' << y;
   }
 }
 
