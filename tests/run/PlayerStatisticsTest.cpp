@@ -194,5 +194,19 @@ TEST_F(RecordsOfAPlayer, CountAfterOneThatRanDry) {
   EXPECT_EQ(statistics.Caves(), 1);
 }
 
+// To open a file takes its time, too, though nothing is played.
+TEST_F(RecordsOfAPlayer, AreReadInPiecesWhereTheyAreThoseOfOthers) {
+  for (int i = 0; i < 10; ++i)
+    Record(std::string(1, static_cast<char>('a' + i)) + ".zkr", "Sada", WalkedCave("c"), WalkedLines(0),
+           "Bara");
+  PlayerStatistics statistics(temp_.Path(), kPlayer);
+  for (std::size_t piece = 1; piece <= 5; ++piece) {
+    statistics.ReadOn(100);
+    EXPECT_EQ(statistics.FilesRead(), 2 * piece);
+    EXPECT_EQ(statistics.AtEnd(), piece == 5);
+  }
+  EXPECT_EQ(statistics.OfOthers(), 10);
+}
+
 }  // namespace
 }  // namespace zorik
