@@ -240,5 +240,20 @@ TEST_F(ATakenOverTimeline, HoldsTheRecordBeforeTheTakingOverAndNoneBehindIt) {
   }
 }
 
+// A record that was written by hand may hold other directions than the four, by which nobody goes anywhere.
+TEST(Timeline, TellsInMovesWhatARecordHolds) {
+  const Hra replay =
+      PlayBack({"WWWWWW", "W1;;;W", "WWWWWW"}, {{.before = {1}, .direction = 36},
+                                                {.before = {1}, .direction = 41},
+                                                {.before = {1}, .direction = 41, .action = 1},
+                                                {.before = {1}, .direction = 39, .action = 1, .after = {1}},
+                                                {.before = {1}, .direction = 39, .after = {1}},
+                                                {.before = {1}, .direction = 37, .after = {1}}});
+  const Timeline timeline = WholeReplay(replay);
+  ASSERT_EQ(timeline.Length(), 6);
+  EXPECT_EQ(timeline.Moves(0, 6), (Plan{kWait, kWait, kWait, static_cast<Move>(kActBase + 2),
+                                        static_cast<Move>(kStepBase + 2), static_cast<Move>(kStepBase + 0)}));
+}
+
 }  // namespace
 }  // namespace zorik::test
