@@ -55,8 +55,11 @@ TEST(AProof, BreaksInTheTickAndTheCellWhereItsWayIsWalledUp) {
 
 TEST(AProof, BreaksWhereItsDogDies) {
   const Walk walk{{"WWWWWWWWW", "W;;;;;;;W", "W1;D;;;;T", "WWWWWWWWW"}, {.needed = 1}, "RR....RRRRR"};
-  const ProofFlaw flaw = FlawOf(JudgedIn(walk, {"WWWFWWWWW", "W;;.W;;;W", "W1;D;;;;T", "WWWWWWWWW"}));
+  const ProofVerdict verdict = JudgedIn(walk, {"WWWFWWWWW", "W;;.W;;;W", "W1;D;;;;T", "WWWWWWWWW"});
+  const ProofFlaw flaw = FlawOf(verdict);
   EXPECT_EQ(flaw.why, ProofBreak::DogDies);
+  EXPECT_LT(flaw.tick, static_cast<int>(walk.keys.size()));
+  EXPECT_EQ(verdict.ticks, flaw.tick) << "nobody is left who could go on";
   EXPECT_EQ(flaw.cell, Cell(3, 2));
 }
 

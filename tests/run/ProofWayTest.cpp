@@ -90,6 +90,9 @@ TEST(AProof, MissesNothingWhereItsGemsKeysAndLocksAreAllThere) {
   const ProofVerdict verdict = JudgedIn(opens, {"WWWWWWWWW", "W1D#&;;;W", "WWWWWWWWW"});
   EXPECT_FALSE(verdict.wins);
   EXPECT_FALSE(verdict.missing);
+  // The key is there, and opens nothing.
+  EXPECT_EQ(JudgedIn(opens, {"WWWWWWWWW", "W1D#;;;;W", "WWWWWWWWW"}).missing,
+            (ProofFlaw{ProofBreak::Missing, 2, Cell(3, 1), 1, '#'}));
 }
 
 // Cave texts have no letter of their own for a boulder that falls. This one has just come down the shaft.
