@@ -53,6 +53,18 @@ TEST(AProof, BreaksInTheTickAndTheCellWhereItsWayIsWalledUp) {
   EXPECT_EQ(flaw, (ProofFlaw{ProofBreak::NoEffect, 4, Cell(5, 1), 1, 'X'}));
 }
 
+TEST(AProof, BreaksBeforeTheWallInEachDirection) {
+  const Walk left{{"WWWWWWWWW", "T;;;;D;1W", "WWWWWWWWW"}, {.needed = 1}, "LLLLLLL"};
+  EXPECT_EQ(FlawOf(JudgedIn(left, {"WWWWWWWWW", "T;;X;D;1W", "WWWWWWWWW"})),
+            (ProofFlaw{ProofBreak::NoEffect, 4, Cell(3, 1), 1, 'X'}));
+  const Walk down{{"W1W", "WDW", "W;W", "WTW"}, {.needed = 1}, "DDD"};
+  EXPECT_EQ(FlawOf(JudgedIn(down, {"W1W", "WDW", "WXW", "WTW"})),
+            (ProofFlaw{ProofBreak::NoEffect, 2, Cell(1, 2), 1, 'X'}));
+  const Walk up{{"WTW", "W;W", "WDW", "W1W"}, {.needed = 1}, "UUU"};
+  EXPECT_EQ(FlawOf(JudgedIn(up, {"WTW", "WXW", "WDW", "W1W"})),
+            (ProofFlaw{ProofBreak::NoEffect, 2, Cell(1, 1), 1, 'X'}));
+}
+
 TEST(AProof, BreaksWhereItsDogDies) {
   const Walk walk{{"WWWWWWWWW", "W;;;;;;;W", "W1;D;;;;T", "WWWWWWWWW"}, {.needed = 1}, "RR....RRRRR"};
   const ProofVerdict verdict = JudgedIn(walk, {"WWWFWWWWW", "W;;.W;;;W", "W1;D;;;;T", "WWWWWWWWW"});

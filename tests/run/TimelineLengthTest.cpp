@@ -52,6 +52,7 @@ TEST(ATimeline, DoesNotGrowWithTheRunButForItsKeys) {
       Tick(*run, {});
       timeline.Add(*run, {});
     }
+    for (const int tick : {0, 1, 100, ticks / 2}) EXPECT_EQ(timeline.At(tick)->Ticks, tick);
     EXPECT_EQ(timeline.At(ticks - 1)->Ticks, ticks - 1);
     EXPECT_EQ(timeline.At(ticks / 3)->Ticks, ticks / 3);
     return timeline.Bytes();
