@@ -369,6 +369,14 @@ TEST_F(SadaTest, RefusesAClosedCollectionAndChangesNothing) {
     EXPECT_EQ(Rows(), Names{"*A"});
     EXPECT_EQ(sada_.Text(SadaText::Author), "Eva");
     EXPECT_TRUE(sada_.Chg());
+    OpenCaves({"*A"});
+    const auto report =
+        sada_.Import(Scrambled({Measured("Sada") + "A", "A", mail, CaveText("X") + "---01", ""}));
+    ASSERT_TRUE(report);
+    EXPECT_TRUE(report->Closed);
+    EXPECT_EQ(Rows(), Names{"*A"});
+    EXPECT_FALSE(sada_.Chg());
+    EXPECT_EQ(sada_.FileName(), Path("o.zk"));
   }
 }
 

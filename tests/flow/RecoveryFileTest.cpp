@@ -36,6 +36,20 @@ TEST(RecoveryFileTest, IsNoneWhenAnythingOfItLacks) {
   EXPECT_FALSE(ReadRecovery(bytes + "x"));
 }
 
+// Whatever lacks in its head, the collection behind that is whole. The texts stand in lines of their own.
+TEST(RecoveryFileTest, IsNoneWhereItsHeadEndsEarly) {
+  RecoveryFile file = kFile;
+  file.Sada.Congratulation.clear();
+  const std::string bytes = BuildRecovery(file);
+  const std::size_t collection = bytes.find("\ncollection ");
+  ASSERT_NE(collection, std::string::npos);
+  for (const char* const key : {"time ", "selected ", "faulty ", "path ", "name ", "author "}) {
+    const std::size_t at = bytes.find('\n' + std::string(key));
+    ASSERT_LT(at, collection) << key;
+    EXPECT_FALSE(ReadRecovery(bytes.substr(0, at) + bytes.substr(collection))) << key;
+  }
+}
+
 TEST(RecoveryFileTest, SelectsTheFirstCaveWhereTheNumberIsNone) {
   std::string bytes = BuildRecovery(kFile);
   const std::string selected = "selected 7";

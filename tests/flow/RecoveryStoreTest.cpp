@@ -268,6 +268,7 @@ TEST_F(RecoveryStoreTest, PassesOverWhatTheEditorWouldNotOpen) {
   EXPECT_EQ(listed({"AX", "AX", "a@b.cz0", cave, "Konec"}), Names{"Jedna"});
   EXPECT_EQ(listed({"AX", "AX", "a@b.czQ", cave, "Konec"}), Names{}) << "closed";
   EXPECT_EQ(listed({"AX", "AX", "a@b.cz0", "Konec"}), Names{}) << "without a cave";
+  EXPECT_EQ(listed({}), Names{}) << "without anything";
 }
 
 TEST_F(RecoveryStoreTest, LeavesNoLockOfWhatWasDiscarded) {
@@ -437,6 +438,21 @@ TEST_F(TakingUpTest, OfACollectionThatIsClosedChangesNothing) {
   EXPECT_EQ(sada_.Text(SadaText::Name), "Moje");
   EXPECT_NE(sada_.Text(SadaText::Author), "Eva");
   EXPECT_EQ(sada_.FileName(), "");
+}
+
+// The collection was read from a file with faults, and is saved over another one.
+TEST_F(TakingUpTest, KeepsNothingBesideAFileThatItHasNotRead) {
+  const test::TempFolder temp("other");
+  const std::string path = temp.Path() + "/b.zk";
+  ASSERT_TRUE(sada_.Save(path));
+  KeptSada kept = *sada_.Kept(std::nullopt);
+  kept.FileName = temp.Path() + "/a.zk";
+  kept.Faulty = true;
+  ASSERT_TRUE(other_.TakeUp(kept));
+  const auto saved = other_.Save(path);
+  ASSERT_TRUE(saved);
+  EXPECT_EQ(saved->KeptAs, "");
+  EXPECT_EQ(std::distance(fs::directory_iterator(temp.Path()), {}), 1);
 }
 
 }  // namespace

@@ -62,6 +62,10 @@ TEST(AComparison, OfARunWithItsBeginningFindsTheTickThatOnlyOneHas) {
   EXPECT_EQ(found->firstDifference, 4);
   EXPECT_FALSE(found->parting);
   EXPECT_EQ(found->Length(), 5);
+  EXPECT_EQ(found->totalsOfB.ticks, 3);
+  EXPECT_EQ(found->totalsOfB.gems, 1);
+  EXPECT_FALSE(found->totalsOfB.won);
+  EXPECT_EQ(found->totalsOfB.score, 0);
 }
 
 // A hundred seconds, 10 points for the gem that is needed and 20 for the one that is not, one dog: after five

@@ -121,21 +121,23 @@ TEST(AGhost, StaysInTheFinishAndFades) {
 TEST(AGhost, ShowsEveryFleaThatIsElsewhere) {
   test::Numbers numbers;
   numbers.needed = 0;
-  const Picture swarm = {"WWWWWWW", "W1T...W", "WNN...W", "WWWWWWW"};
-  const std::string text = test::CaveTextOf(swarm, numbers);
-  Hra recorded(1);
-  ASSERT_TRUE(PaintCave(recorded, text, RunKind::Play));
-  test::Pass(recorded, 1, "0");
-  test::Pass(recorded, 1, "R");
-  test::Pass(recorded, 1, "1");
-  ASSERT_EQ(test::Pass(recorded, 1, "R"), TickEnd::Won);
-  auto ghost = Ghost::Of(SaveRecord(recorded, 0), text);
-  ASSERT_TRUE(ghost);
-  Hra run(2);
-  ASSERT_TRUE(PaintCave(run, text, RunKind::Play));
-  test::Pass(run, 2);
-  ghost->Follow(run);
-  EXPECT_EQ(Seen(*ghost, run), "0 at 3,2") << "the other flea is where one of the run is";
+  for (const std::string dog : {"1", "2"}) {
+    const Picture swarm = {"WWWWWWW", "W" + dog + "T...W", "WNN...W", "WWWWWWW"};
+    const std::string text = test::CaveTextOf(swarm, numbers);
+    Hra recorded(1);
+    ASSERT_TRUE(PaintCave(recorded, text, RunKind::Play));
+    test::Pass(recorded, 1, "0");
+    test::Pass(recorded, 1, "R");
+    test::Pass(recorded, 1, dog);
+    ASSERT_EQ(test::Pass(recorded, 1, "R"), TickEnd::Won);
+    auto ghost = Ghost::Of(SaveRecord(recorded, 0), text);
+    ASSERT_TRUE(ghost);
+    Hra run(2);
+    ASSERT_TRUE(PaintCave(run, text, RunKind::Play));
+    test::Pass(run, 2);
+    ghost->Follow(run);
+    EXPECT_EQ(Seen(*ghost, run), "0 at 3,2") << "the other flea is where one of the run is";
+  }
 }
 
 TEST(AGhost, IsOfTheSameCaveWithAnyMarker) {
@@ -227,6 +229,61 @@ TEST(ARunWithAGhost, HasTheSameRecordAsOneWithout) {
     }
   }
   EXPECT_GE(caves, 15) << "that many of these records win";
+}
+
+// The entrance is above steel, the exit under it.
+TEST(AGhost, IsNowhereWhileItIsInTheTeleport) {
+  test::Numbers numbers;
+  numbers.needed = 0;
+  const std::string text = test::CaveTextOf({"WW.WWWWWW", "W1SWWS.TW", "WWWWW.WWW"}, numbers);
+  Hra recorded(1);
+  ASSERT_TRUE(PaintCave(recorded, text, RunKind::Play));
+  for (int tick = 0; tick < 20 && !recorded.Win; ++tick) test::Pass(recorded, 1, "R");
+  ASSERT_TRUE(recorded.Win);
+  auto ghost = Ghost::Of(SaveRecord(recorded, 0), text);
+  ASSERT_TRUE(ghost);
+  Hra run(2);
+  ASSERT_TRUE(PaintCave(run, text, RunKind::Play));
+  int riding = 0;
+  while (!ghost->Run().Win) {
+    test::Pass(run);
+    ghost->Follow(run);
+    const bool rides = ghost->Run().TeleportDogBusy;
+    riding += rides ? 1 : 0;
+    EXPECT_EQ(Seen(*ghost, run).empty(), rides) << run.Ticks;
+  }
+  EXPECT_GE(riding, 3);
+}
+
+// The second dog goes to the firefly, which blows up, and the first one goes its way over that place. In the
+// run nobody has moved.
+TEST(AGhost, OfADogThatHasDiedIsSeenNoMore) {
+  test::Numbers numbers;
+  numbers.needed = 0;
+  const std::string text =
+      test::CaveTextOf({"WWWWWWWWWWW", "W1;;;2;;;TW", "WWWWWWWFWWW", "WWWWWWWWWWW", "WWWWWWWWWWW"}, numbers);
+  Hra recorded(1);
+  ASSERT_TRUE(PaintCave(recorded, text, RunKind::Play));
+  test::Pass(recorded, 1, "2");
+  test::Pass(recorded, 2, "R");
+  test::Pass(recorded, 10);
+  ASSERT_FALSE(recorded.Dog[2].Alive);
+  test::Pass(recorded, 1, "1");
+  ASSERT_EQ(test::Pass(recorded, 8, "R"), TickEnd::Won);
+  auto ghost = Ghost::Of(SaveRecord(recorded, 0), text);
+  ASSERT_TRUE(ghost);
+  Hra run(2);
+  ASSERT_TRUE(PaintCave(run, text, RunKind::Play));
+  for (int tick = 1; tick <= 22; ++tick) {
+    test::Pass(run);
+    ghost->Follow(run);
+    if (tick == 2) {
+      EXPECT_EQ(Seen(*ghost, run), "2 at 6,1");
+    }
+    if (tick > 14) {
+      EXPECT_EQ(Seen(*ghost, run), "1 at " + std::to_string(tick - 13) + ",1");
+    }
+  }
 }
 
 }  // namespace

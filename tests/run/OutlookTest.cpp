@@ -248,5 +248,72 @@ TEST(Hindsight, SpendsNoMoreOnAQuestionThanItMay) {
   EXPECT_EQ(hindsight.KnownUntil(), -1);
 }
 
+// Only who has waited for no more than four of the twenty ticks comes to the finish within a second.
+TEST(Outlook, TriesOneBeginningOfAnOldWayAfterTheOtherAndNoMoreThanItWasAskedFor) {
+  const auto run = Practise(kCorridor, {.time = 1, .needed = 1});
+  Plan old(20, kWait);
+  old.insert(old.end(), 6, static_cast<Move>(kStepBase + 2));
+  Outlook outlook(*run, old);
+  for (int late = 0; late < 16; ++late) {
+    EXPECT_EQ(outlook.Go(1), Prospect::NoneYet) << late;
+    EXPECT_TRUE(outlook.Way().empty()) << late;
+  }
+  EXPECT_EQ(outlook.Go(1), Prospect::Known);
+  EXPECT_EQ(outlook.Way(), Plan(6, static_cast<Move>(kStepBase + 2)));
+}
+
+// There is one tick left, and one step to go.
+TEST(Outlook, TriesOfAnOldWayItsLastMoveToo) {
+  const auto run = Practise({"WWWW", "W1TW", "WWWW"}, {.time = 1, .needed = 0});
+  Pass(*run, 9);
+  Plan old(6, kWait);
+  old.push_back(static_cast<Move>(kStepBase + 2));
+  Outlook outlook(*run, old);
+  for (int late = 0; late < 6; ++late) EXPECT_EQ(outlook.Go(1), Prospect::NoneYet) << late;
+  EXPECT_EQ(outlook.Go(1), Prospect::Known);
+  EXPECT_EQ(outlook.Way(), Plan(1, static_cast<Move>(kStepBase + 2)));
+}
+
+TEST(Hindsight, SpendsAsMuchOnEachOfItsQuestions) {
+  const auto run = Practise({"WWWWWWWW", "W1DRRRTW", "WWWWWWWW"}, {.needed = 1});
+  Hindsight hindsight(TimelineOf(*run, {"", "", ""}), 4'000);
+  for (const int tick : {3, 1, 0}) {
+    EXPECT_EQ(hindsight.Asked(), tick);
+    EXPECT_FALSE(hindsight.Go(2'000));
+    EXPECT_EQ(hindsight.Asked(), tick) << "half of the time is left";
+    EXPECT_EQ(hindsight.Go(2'000), tick == 0);
+    EXPECT_EQ(hindsight.NoneFrom(), tick);
+  }
+}
+
+TEST(Hindsight, AsksInEachOfItsQuestionsWhetherTheWayIsShortEnough) {
+  const auto run = Practise(kCorridor, {.time = 2, .needed = 1});
+  for (const std::size_t idle : {std::size_t{0}, std::size_t{20}}) {
+    Hindsight hindsight(TimelineOf(*run, std::vector<std::string>(idle)), 20'000);
+    int asked = 0;
+    hindsight.Heed([&asked] { return ++asked > 0; });
+    while (!hindsight.Go(10'000)) continue;
+    EXPECT_GT(asked, 0) << idle;
+    EXPECT_GE(hindsight.KnownUntil(), 0) << idle;
+  }
+}
+
+TEST(Footsteps, TellWhoTakesThem) {
+  const auto run = Practise({"WWWWWWWW", "W1;W2;;W", "WWWWWWWW"});
+  const auto step = [](int direction) { return static_cast<Move>(kStepBase + direction); };
+  const Plan way{step(2), static_cast<Move>(kChooseBase + 2), step(2), kWait, step(2),
+                 step(2), static_cast<Move>(kChooseBase + 1), step(0)};
+  const std::vector<Footstep> steps = Footsteps(*run, way, 10);
+  ASSERT_EQ(steps.size(), 4U) << "to choose is no step, nor is to bump into a wall";
+  const std::vector<Footstep> expected{
+      {Cell(2, 1), 1, 1}, {Cell(5, 1), 2, 3}, {Cell(6, 1), 2, 5}, {Cell(1, 1), 1, 8}};
+  for (std::size_t i = 0; i < expected.size(); ++i) {
+    EXPECT_EQ(steps[i].cell, expected[i].cell) << i;
+    EXPECT_EQ(steps[i].unit, expected[i].unit) << i;
+    EXPECT_EQ(steps[i].tick, expected[i].tick) << i;
+    EXPECT_FALSE(steps[i].beside) << i;
+  }
+}
+
 }  // namespace
 }  // namespace zorik::test

@@ -105,13 +105,15 @@ TEST_F(RecordsOfAPlayer, AreGatheredByCollectionAndByTheNumbersOfTheirCaves) {
 TEST_F(RecordsOfAPlayer, OfTheSameCaveKeepTheQuickestWinAndTheMostPoints) {
   Record("a.zkr", "Sada", WalkedCave("c") + "---01", WalkedLines(30));
   Record("b.zkr", "Sada", WalkedCave("c") + "---01", WalkedLines(0));
+  Record("c.zkr", "Sada", WalkedCave("c") + "---01", WalkedLines(0));
+  Record("d.zkr", "Sada", WalkedCave("c") + "---01", WalkedLines(20));
   const PlayerStatistics statistics = Read();
   EXPECT_EQ(statistics.Caves(), 1);
   const CollectionStatistics& sada = statistics.Collections()[0];
   EXPECT_EQ(sada.Caves[0].BestTicks, 2);
   EXPECT_EQ(sada.Caves[0].BestScore, 7 + 49);
   EXPECT_EQ(sada.Points, 7 + 49) << "the cave counts once";
-  EXPECT_EQ(sada.Ticks, 2 + 32) << "both have been played";
+  EXPECT_EQ(sada.Ticks, 32 + 2 + 2 + 22) << "all have been played";
 }
 
 TEST_F(RecordsOfAPlayer, AreHisUnderAnyLetterCaseAndTheOthersAreCounted) {
@@ -127,12 +129,15 @@ TEST_F(RecordsOfAPlayer, CountOnlyWhereTheyWin) {
   Record("begins-again.zkr", "Sada", WalkedCave("a"), "\r\n" + WalkedLines(0));
   Record("ends-early.zkr", "Sada", WalkedCave("b"), LineOf({.before = {1}}) + "\r\n");
   const std::string withoutItsDraw = LineOf({.before = {1}, .direction = kRight});
+  const std::string whole = LineOf({.before = {1}, .direction = kRight, .after = {1}});
   Record("runs-dry.zkr", "Sada", WalkedCave("c"), withoutItsDraw + "\r\n" + withoutItsDraw);
+  Record("runs-dry-first.zkr", "Sada", WalkedCave("d"), withoutItsDraw + "\r\n" + whole);
+  Record("runs-dry-last.zkr", "Sada", WalkedCave("e"), whole + "\r\n" + withoutItsDraw);
   ASSERT_TRUE(WriteWhole(temp_.Path() + "/no-record.zkr", "\x01\x02 nothing"));
   std::filesystem::create_directory(temp_.Path() + "/folder.zkr");
   const PlayerStatistics statistics = Read();
-  EXPECT_EQ(statistics.Faulty(), 5);
-  EXPECT_EQ(statistics.FilesRead(), 5U);
+  EXPECT_EQ(statistics.Faulty(), 7);
+  EXPECT_EQ(statistics.FilesRead(), 7U);
   EXPECT_EQ(statistics.Caves(), 0);
   EXPECT_TRUE(statistics.Collections().empty());
 }
@@ -187,6 +192,20 @@ TEST_F(RecordsOfAPlayer, CountAfterOneThatRanDry) {
   const PlayerStatistics statistics = Read();
   EXPECT_EQ(statistics.Faulty(), 1);
   EXPECT_EQ(statistics.Caves(), 1);
+}
+
+// To open a file takes its time, too, though nothing is played.
+TEST_F(RecordsOfAPlayer, AreReadInPiecesWhereTheyAreThoseOfOthers) {
+  for (int i = 0; i < 10; ++i)
+    Record(std::string(1, static_cast<char>('a' + i)) + ".zkr", "Sada", WalkedCave("c"), WalkedLines(0),
+           "Bara");
+  PlayerStatistics statistics(temp_.Path(), kPlayer);
+  for (std::size_t piece = 1; piece <= 5; ++piece) {
+    statistics.ReadOn(100);
+    EXPECT_EQ(statistics.FilesRead(), 2 * piece);
+    EXPECT_EQ(statistics.AtEnd(), piece == 5);
+  }
+  EXPECT_EQ(statistics.OfOthers(), 10);
 }
 
 }  // namespace

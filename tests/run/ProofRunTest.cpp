@@ -53,10 +53,25 @@ TEST(AProof, BreaksInTheTickAndTheCellWhereItsWayIsWalledUp) {
   EXPECT_EQ(flaw, (ProofFlaw{ProofBreak::NoEffect, 4, Cell(5, 1), 1, 'X'}));
 }
 
+TEST(AProof, BreaksBeforeTheWallInEachDirection) {
+  const Walk left{{"WWWWWWWWW", "T;;;;D;1W", "WWWWWWWWW"}, {.needed = 1}, "LLLLLLL"};
+  EXPECT_EQ(FlawOf(JudgedIn(left, {"WWWWWWWWW", "T;;X;D;1W", "WWWWWWWWW"})),
+            (ProofFlaw{ProofBreak::NoEffect, 4, Cell(3, 1), 1, 'X'}));
+  const Walk down{{"W1W", "WDW", "W;W", "WTW"}, {.needed = 1}, "DDD"};
+  EXPECT_EQ(FlawOf(JudgedIn(down, {"W1W", "WDW", "WXW", "WTW"})),
+            (ProofFlaw{ProofBreak::NoEffect, 2, Cell(1, 2), 1, 'X'}));
+  const Walk up{{"WTW", "W;W", "WDW", "W1W"}, {.needed = 1}, "UUU"};
+  EXPECT_EQ(FlawOf(JudgedIn(up, {"WTW", "WXW", "WDW", "W1W"})),
+            (ProofFlaw{ProofBreak::NoEffect, 2, Cell(1, 1), 1, 'X'}));
+}
+
 TEST(AProof, BreaksWhereItsDogDies) {
   const Walk walk{{"WWWWWWWWW", "W;;;;;;;W", "W1;D;;;;T", "WWWWWWWWW"}, {.needed = 1}, "RR....RRRRR"};
-  const ProofFlaw flaw = FlawOf(JudgedIn(walk, {"WWWFWWWWW", "W;;.W;;;W", "W1;D;;;;T", "WWWWWWWWW"}));
+  const ProofVerdict verdict = JudgedIn(walk, {"WWWFWWWWW", "W;;.W;;;W", "W1;D;;;;T", "WWWWWWWWW"});
+  const ProofFlaw flaw = FlawOf(verdict);
   EXPECT_EQ(flaw.why, ProofBreak::DogDies);
+  EXPECT_LT(flaw.tick, static_cast<int>(walk.keys.size()));
+  EXPECT_EQ(verdict.ticks, flaw.tick) << "nobody is left who could go on";
   EXPECT_EQ(flaw.cell, Cell(3, 2));
 }
 
@@ -89,6 +104,11 @@ TEST(AProof, BreaksAtOnceInACaveThatCannotBePlayed) {
   EXPECT_EQ(FlawOf(Judged(ProofOf(kPlain), "")).why, ProofBreak::NoCave);
   EXPECT_EQ(FlawOf(JudgedIn(kPlain, {"WWWWWWWWW", "W;;D;;;;T", "W;;;;;;;W", "WWWWWWWWW"})).tick, 1)
       << "there is no dog";
+  // What is nowhere counts as if it were in the first corner.
+  const Walk waits{kPlain.picture, {.needed = 1}, ".RRRRRRR"};
+  const Picture nobody{"WWWWWWWWW", "W;;D;;;;T", "W;;;;;;;W", "WWWWWWWWW"};
+  EXPECT_EQ(FlawOf(JudgedIn(kPlain, nobody)).cell, Cell(1, 0)) << "a step to the right of it";
+  EXPECT_EQ(FlawOf(JudgedIn(waits, nobody)).cell, Cell(0, 0));
 }
 
 TEST(AProof, TellsTheWayOfItsDogsAndWhatItTouches) {
@@ -172,6 +192,18 @@ TEST(AProof, MakesARecordOfItsWinThatWinsInTheChangedCave) {
   EXPECT_EQ(head.Player, "");
   EXPECT_EQ(head.CollectionName, "sada");
   EXPECT_GT(head.Score, 0);
+}
+
+// A boulder comes down on the second dog while the first one waits.
+TEST(AProof, MayLoseADogThatItHasLostItself) {
+  const Walk walk{
+      {"WRWWWWWWW", "W.WWWWWWW", "W.WWWWWWW", "W2W1;D;;T", "WWWWWWWWW"}, {.needed = 1}, "......RRRRR"};
+  const auto proof = ProofOf(walk);
+  ASSERT_TRUE(proof);
+  EXPECT_FALSE(proof->Ticks()[5].dogs[2].Alive);
+  const ProofVerdict verdict =
+      JudgedIn(walk, {walk.picture[0], walk.picture[1], walk.picture[2], "W2W1;DX;T", walk.picture[4]});
+  EXPECT_EQ(FlawOf(verdict), (ProofFlaw{ProofBreak::NoEffect, 9, Cell(6, 3), 1, 'X'}));
 }
 
 }  // namespace

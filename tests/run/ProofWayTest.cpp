@@ -90,6 +90,9 @@ TEST(AProof, MissesNothingWhereItsGemsKeysAndLocksAreAllThere) {
   const ProofVerdict verdict = JudgedIn(opens, {"WWWWWWWWW", "W1D#&;;;W", "WWWWWWWWW"});
   EXPECT_FALSE(verdict.wins);
   EXPECT_FALSE(verdict.missing);
+  // The key is there, and opens nothing.
+  EXPECT_EQ(JudgedIn(opens, {"WWWWWWWWW", "W1D#;;;;W", "WWWWWWWWW"}).missing,
+            (ProofFlaw{ProofBreak::Missing, 2, Cell(3, 1), 1, '#'}));
 }
 
 // Cave texts have no letter of their own for a boulder that falls. This one has just come down the shaft.
@@ -120,6 +123,123 @@ TEST(AProof, EndsWithItsWinWhateverItsRecordHoldsBehindIt) {
       Proof::Read(record + "\r\n" + LineOf({.before = {1}}) + "\r\n" + LineOf({.before = {1}}));
   ASSERT_TRUE(proof);
   EXPECT_EQ((*proof)->Ticks().size(), kCollector.keys.size());
+}
+
+// The second dog is chosen, the first digs at arm's length and goes on, and the second one wins.
+TEST(AProof, SteersTheSameDogsWhereChanceIsAnother) {
+  const Walk walk{{"WWWWWWWWWW", "WA;;W..L.W", "W;;;W....W", "WWWWWWWWWW", "W1;;W2;D;T", "WWWWWWWWWW"},
+                  {.needed = 1, .amoebaTime = 1},
+                  "R2RR1r.R2lRR"};
+  Picture luckier = walk.picture;
+  luckier[2][5] = 'L';
+  ASSERT_TRUE(JudgedIn(walk, walk.picture).wins);
+  const ProofVerdict verdict = JudgedIn(walk, luckier);
+  EXPECT_TRUE(verdict.wins);
+  EXPECT_GE(verdict.otherChance, 8);
+  const std::vector<Footstep> expected{{Cell(1, 4), 1, 0},  {Cell(5, 4), 2, 0}, {Cell(2, 4), 1, 1},
+                                       {Cell(6, 4), 2, 3},  {Cell(7, 4), 2, 4}, {Cell(3, 4), 1, 8},
+                                       {Cell(8, 4), 2, 11}, {Cell(9, 4), 2, 12}};
+  ASSERT_EQ(verdict.way.size(), expected.size());
+  for (std::size_t i = 0; i < expected.size(); ++i) {
+    EXPECT_EQ(verdict.way[i].cell, expected[i].cell) << i;
+    EXPECT_EQ(verdict.way[i].unit, expected[i].unit) << i;
+    EXPECT_EQ(verdict.way[i].tick, expected[i].tick) << i;
+  }
+}
+
+// Each tick asks for chance before its keys, and one line holds nothing else.
+TEST(AProof, KnowsWhatWasHeldInEachOfItsTicks) {
+  const Picture picture{"WWWWWW", "W1D.TW", "WWWWWW"};
+  const std::vector<std::string> lines{LineOf({.before = {1}, .direction = 39, .action = 1, .after = {1}}),
+                                       LineOf({.before = {1}}).substr(0, 1),
+                                       LineOf({.before = {1}, .direction = 39, .after = {1}}),
+                                       LineOf({.before = {1}, .direction = 39, .after = {1}}),
+                                       LineOf({.before = {1}, .direction = 39, .after = {1}})};
+  const auto proof = Proof::Read(RecordOfLines(picture, lines, {.needed = 1}));
+  ASSERT_TRUE(proof) << proof.Message();
+  const std::vector<ProofTick>& ticks = (*proof)->Ticks();
+  ASSERT_EQ(ticks.size(), lines.size());
+  for (std::size_t i = 0; i < ticks.size(); ++i) {
+    EXPECT_EQ(ticks[i].line, lines[i]) << i;
+    EXPECT_EQ(ticks[i].keys, i != 1) << i;
+    EXPECT_EQ(ticks[i].direction, i != 1 ? 39 : 0) << i;
+    EXPECT_EQ(ticks[i].action, i == 0 ? 1 : 0) << i;
+    EXPECT_EQ(ticks[i].unit, 1) << i;
+    EXPECT_EQ(ticks[i].steered, 1) << i;
+    EXPECT_EQ(ticks[i].gems, 1) << i;
+    EXPECT_EQ(ticks[i].won, i == 4) << i;
+  }
+}
+
+TEST(AProof, SteersTheFleasWhereChanceIsAnother) {
+  const Walk walk{{"WWWWWWWWWW", "WA;;W..L.W", "W;;;W....W", "WWWWWWWWWW", "W1;;D;;;;T", "WWWWWWWWWW",
+                   "WN.......W", "WWWWWWWWWW"},
+                  {.needed = 1, .amoebaTime = 1},
+                  "R0RR1.RRRRRRR"};
+  Picture luckier = walk.picture;
+  luckier[2][5] = 'L';
+  ASSERT_TRUE(JudgedIn(walk, walk.picture).wins);
+  const ProofVerdict verdict = JudgedIn(walk, luckier);
+  EXPECT_TRUE(verdict.wins);
+  EXPECT_GE(verdict.otherChance, 9);
+  ASSERT_EQ(verdict.way.size(), 9U);
+  for (int step = 1; step <= 8; ++step) {
+    const Footstep& footstep = verdict.way[static_cast<std::size_t>(step)];
+    EXPECT_EQ(footstep.cell, Cell(1 + step, 4));
+    EXPECT_EQ(footstep.tick, step == 1 ? 1 : step + 5) << "six ticks are those of the fleas";
+  }
+}
+
+// Records that were written by hand may hold directions beside the four, and units beyond the last.
+TEST(AProof, PressesNoKeysThatNobodyHasWhereChanceIsAnother) {
+  const Numbers numbers{.needed = 1, .permeability = 1};
+  Picture picture{"WWWWWWWWW", "WRRWWWWWW", "W;;WWWWWW", "W..WWWWWW", "W1;DTWWWW", "WWWWWWWWW"};
+  const RecordTick wait{.before = {1}}, step{.before = {1}, .direction = 39, .after = {1}};
+  const auto proof = Proof::Read(RecordOf(picture,
+                                          {wait,
+                                           {.before = {1}, .direction = 35},
+                                           {.before = {1}, .direction = 41},
+                                           {.before = {1}, .unit = 10},
+                                           step,
+                                           step,
+                                           step},
+                                          numbers));
+  ASSERT_TRUE(proof) << proof.Message();
+  picture[2] = "WSSWWWWWW";
+  const ProofVerdict verdict = Judged(*proof, CaveTextOf(picture, numbers));
+  ASSERT_TRUE(verdict.wins);
+  EXPECT_GE(verdict.otherChance, 6) << "the slime below the boulders asks for chance";
+  const auto again = Proof::Read(verdict.record);
+  ASSERT_TRUE(again) << again.Message();
+  const std::vector<ProofTick>& ticks = (*again)->Ticks();
+  ASSERT_EQ(ticks.size(), 7U);
+  for (std::size_t i = 0; i < ticks.size(); ++i) {
+    EXPECT_EQ(ticks[i].direction, i < 4 ? 0 : 39) << i;
+    EXPECT_EQ(ticks[i].action, 0) << i;
+    EXPECT_EQ(ticks[i].unit, 1) << i;
+  }
+}
+
+TEST(AProof, TouchesNothingWhereMonstersComeAndGo) {
+  const Walk walk{{"WWWWWWWWW", "W.F..W.UW", "W....W..W", "WWWWWWWWW", "W1;D;;;;T", "WWWWWWWWW"},
+                  {.needed = 1},
+                  "RRRRRRR"};
+  const ProofVerdict verdict = JudgedIn(walk, walk.picture);
+  ASSERT_TRUE(verdict.wins);
+  for (int y = 0; y <= 3; ++y) {
+    for (int x = 0; x <= 8; ++x) EXPECT_FALSE(verdict.touched[Cell(x, y).place()]) << x << ',' << y;
+  }
+}
+
+TEST(AProof, TouchesNoSlimeOnWhichSomethingOnlyLies) {
+  const Walk beside{{"WWWWWWWWW", "WRDW;;;;W", "WSSW;;;;W", "W;;W;;;;W", "W..W1;D;T", "WWWWWWWWW"},
+                    {.needed = 1, .permeability = 8},
+                    "......RRRR"};
+  const ProofVerdict verdict = JudgedIn(beside, beside.picture);
+  ASSERT_TRUE(verdict.wins);
+  for (int y = 1; y <= 4; ++y) {
+    for (int x = 1; x <= 2; ++x) EXPECT_FALSE(verdict.touched[Cell(x, y).place()]) << x << ',' << y;
+  }
 }
 
 }  // namespace

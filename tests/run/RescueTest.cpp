@@ -88,7 +88,9 @@ TEST(Rescue, ComesToTheSameInSlices) {
   const Picture picture{"WWWWWW", "WWRWWW", "WW;WWW", "WW;;;W", "WW1WWW", "WWWWWW"};
   const Timeline timeline = TimelineOf(Play(picture), {"U", "U", "D", "D", "", "", "", ""});
   Rescue rescue(timeline);
-  while (!rescue.Go(1)) continue;
+  int slices = 1;
+  while (!rescue.Go(1)) ++slices;
+  EXPECT_GT(slices, 8) << "from one tick each of the moves of a dog is tried";
   const auto escape = RescueOf(timeline);
   ASSERT_TRUE(rescue.Found() && escape);
   EXPECT_EQ(rescue.Found()->tick, escape->tick);
@@ -134,6 +136,45 @@ TEST(Rescue, TellsOneWhoNeedOnlyHaveWaitedToWait) {
   EXPECT_EQ(escape->tick, 1);
   EXPECT_EQ(std::count(escape->moves.begin(), escape->moves.end(), kWait),
             static_cast<std::ptrdiff_t>(escape->moves.size()));
+}
+
+// Two dogs below falling boulders, of which only that one can step aside that nobody steered.
+TEST(Rescue, ChoosesTheUnitThatCanStillBeSaved) {
+  struct Case {
+    Picture picture;
+    const char* steered;
+    int saved;
+  };
+  const std::vector<Case> cases{
+      {{"WrWrWWW", "W.W.WWW", "W.W.WWW", "W.W.WWW", "W.W.WWW", "W1W2;;W", "WWWWWWW"}, "", 2},
+      {{"WrWrWWW", "W.W.WWW", "W.W.WWW", "W.W.WWW", "W.W.WWW", "W2W1;;W", "WWWWWWW"}, "2", 1},
+  };
+  for (const Case& one : cases) {
+    SCOPED_TRACE(one.saved);
+    const Timeline timeline = TimelineOf(Live(one.picture), {one.steered, "", "", "", "", "", "", "", ""});
+    ASSERT_EQ(LiveDogs(*timeline.At(timeline.Length())), 0);
+    const auto escape = RescueOf(timeline);
+    ASSERT_TRUE(escape);
+    EXPECT_EQ(std::count(escape->moves.begin(), escape->moves.end(), kChooseBase + one.saved), 1);
+    const auto after = Followed(timeline, *escape);
+    EXPECT_EQ(LiveDogs(*after), 1);
+    EXPECT_TRUE(after->Dog[static_cast<std::size_t>(one.saved)].Alive);
+  }
+}
+
+TEST(Rescue, LooksBackAsFarAsItIsAskedToAndTwoSecondsBeyondTheDeath) {
+  const Picture picture{"WWWWWW", "WWRWWW", "WW;WWW", "WW;;;W", "WW1WWW", "WWWWWW"};
+  const Timeline timeline = TimelineOf(Play(picture), {"U", "U", "D", "D", "", "", "", ""});
+  const auto escape = RescueOf(timeline);
+  ASSERT_TRUE(escape);
+  const int death = timeline.Events().back().tick;
+  EXPECT_EQ(escape->tick + static_cast<int>(escape->moves.size()), death + 2 * kTicksPerSecond);
+  const int back = death - escape->tick;
+  for (const int far : {back, back - 1}) {
+    Rescue rescue(timeline, far);
+    EXPECT_TRUE(rescue.Go(kEnough));
+    EXPECT_EQ(rescue.Found().has_value(), far == back) << far;
+  }
 }
 
 }  // namespace

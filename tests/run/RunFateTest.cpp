@@ -39,5 +39,24 @@ TEST(NothingHelps, WhenTheTimeIsUp) {
   EXPECT_TRUE(NothingHelps(run));
 }
 
+// Who rides in the teleport is in no cell, but comes out of it alive.
+TEST(NothingHelps, NotWhileADogIsInTheTeleport) {
+  Hra run = Play({"WWWWWW", "W1..TW", "WWWWWW"}, {.time = 2});
+  KillTheDog(run, 1, 1);
+  ASSERT_TRUE(NothingHelps(run));
+  run.TeleportDogBusy = true;
+  EXPECT_FALSE(NothingHelps(run));
+  Pass(run, 2 * kTicksPerSecond);
+  run.TeleportDogBusy = true;
+  EXPECT_TRUE(NothingHelps(run)) << "the time is up";
+}
+
+TEST(AUnit, IsLostThatWasThereAndIsDead) {
+  Hra run = Play({"WWWWWW", "W1..3W", "WWWWWW"});
+  EXPECT_FALSE(UnitIsLost(run)) << "there is no second dog";
+  KillTheDog(run, 4, 1);
+  EXPECT_TRUE(UnitIsLost(run)) << "the last of them";
+}
+
 }  // namespace
 }  // namespace zorik::test

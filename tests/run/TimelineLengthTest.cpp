@@ -52,6 +52,7 @@ TEST(ATimeline, DoesNotGrowWithTheRunButForItsKeys) {
       Tick(*run, {});
       timeline.Add(*run, {});
     }
+    for (const int tick : {0, 1, 100, ticks / 2}) EXPECT_EQ(timeline.At(tick)->Ticks, tick);
     EXPECT_EQ(timeline.At(ticks - 1)->Ticks, ticks - 1);
     EXPECT_EQ(timeline.At(ticks / 3)->Ticks, ticks / 3);
     return timeline.Bytes();
@@ -106,6 +107,27 @@ TEST(AWholeReplay, EndsWhereTheRecordBeginsAnewOrWhereItIsLongEnough) {
   EXPECT_EQ(length({step, step, step}, 100), 3);
   EXPECT_EQ(length({step, step, step}, 2), 2);
   EXPECT_EQ(length({}, 100), 0);
+}
+
+// What a run takes that was played for 64 ticks with these keys by turns.
+std::size_t BytesOf(const Picture& picture, const std::vector<std::string>& keys, RunKind kind) {
+  auto run = std::make_unique<Hra>(Play(picture, {.needed = 99}));
+  run->Kind = kind;
+  Timeline timeline(*run);
+  for (std::size_t tick = 0; tick < 64; ++tick) {
+    const KeySnapshot held = Keys(keys[tick % keys.size()]);
+    Tick(*run, held);
+    timeline.Add(*run, held);
+  }
+  return timeline.Bytes();
+}
+
+TEST(ATimeline, TakesMemoryForItsKeysItsEventsAndItsRecord) {
+  const auto row = [](char of) { return Picture{"1" + std::string(70, of)}; };
+  const std::size_t plain = BytesOf(row(';'), {"R"}, RunKind::Practice);
+  EXPECT_GE(BytesOf(row(';'), {"R", "RL"}, RunKind::Practice), plain + 63 * sizeof(KeySnapshot));
+  EXPECT_GE(BytesOf(row('D'), {"R"}, RunKind::Practice), plain + 64 * sizeof(RunEvent));
+  EXPECT_GE(BytesOf(row(';'), {"R"}, RunKind::Play), plain + 64 * std::string_view("ABC\r\n").size());
 }
 
 }  // namespace

@@ -224,5 +224,36 @@ TEST_F(ATakenOverTimeline, IsAReplayAgainWhereItIsCutAtTheTakingOverOrBefore) {
   }
 }
 
+TEST_F(ATakenOverTimeline, HoldsTheRecordBeforeTheTakingOverAndNoneBehindIt) {
+  for (int i = 0; i < 50; ++i) {
+    Tick(hra, {});
+    timeline->Add(hra, {});
+  }
+  for (int tick = 0; tick <= 58; ++tick) {
+    const auto run = timeline->At(tick);
+    EXPECT_EQ(run->Ticks, tick);
+    EXPECT_EQ(run->ReplayPlaying(), tick <= 4) << tick;
+    EXPECT_EQ(run->Practising(), tick > 4) << tick;
+    EXPECT_EQ(run->WholeRecord.AtEnd(), tick > 4) << tick;
+    EXPECT_EQ(run->Record.AtEnd(), tick > 4) << tick;
+    EXPECT_EQ(run->RecordText, "") << tick;
+  }
+}
+
+// A record that was written by hand may hold other directions than the four, by which nobody goes anywhere.
+TEST(Timeline, TellsInMovesWhatARecordHolds) {
+  const Hra replay =
+      PlayBack({"WWWWWW", "W1;;;W", "WWWWWW"}, {{.before = {1}, .direction = 36},
+                                                {.before = {1}, .direction = 41},
+                                                {.before = {1}, .direction = 41, .action = 1},
+                                                {.before = {1}, .direction = 39, .action = 1, .after = {1}},
+                                                {.before = {1}, .direction = 39, .after = {1}},
+                                                {.before = {1}, .direction = 37, .after = {1}}});
+  const Timeline timeline = WholeReplay(replay);
+  ASSERT_EQ(timeline.Length(), 6);
+  EXPECT_EQ(timeline.Moves(0, 6), (Plan{kWait, kWait, kWait, static_cast<Move>(kActBase + 2),
+                                        static_cast<Move>(kStepBase + 2), static_cast<Move>(kStepBase + 0)}));
+}
+
 }  // namespace
 }  // namespace zorik::test
