@@ -175,5 +175,13 @@ TEST(ARun, IsNotAtRestWhileAWallMayFall) {
   }
 }
 
+TEST(ARun, IsLostWithTheOnlyDogThatCouldComeToTheFinish) {
+  Hra run = Play({"WWWWWWW", "W1;WWWW", "WWWW2;T", "WWWWWWW"}, {.needed = 0});
+  EXPECT_FALSE(IsLost(run));
+  run.Dog[2].Alive = false;
+  run.SetObject({4, 2}, kSpace, kFlat);
+  EXPECT_TRUE(IsLost(run));
+}
+
 }  // namespace
 }  // namespace zorik::test

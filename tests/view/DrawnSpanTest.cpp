@@ -24,6 +24,10 @@ TEST(DrawnSpan, IsCutAtBothEndsOfTheView) {
             (Spans{{0, 0, 30, 10}, {1, 30, 40, 0}, {2, 70, 10, 0}}));
 }
 
+TEST(DrawnSpan, IsPartOfACellInAViewThatHasNoRoomForAWholeOne) {
+  EXPECT_EQ(SpansOf(0, kTileSize / 2, 10), (Spans{{0, 0, 5, 0}}));
+}
+
 TEST(DrawnSpan, IsNoneOfNoSize) {
   EXPECT_EQ(SpansOf(0, kTileSize + 1, 4), (Spans{{0, 0, 4, 0}})) << "a pixel of so many is none of four";
   EXPECT_EQ(SpansOf(0, 0, 4), Spans());
