@@ -174,6 +174,23 @@ TEST_F(GameFromOutside, ACollectionSaysBehindABoxThatItWaits) {
   EXPECT_TRUE(Wait(BetaIsOpen));
 }
 
+// A menu is as good as a box: what it was opened for is not to go away below it.
+TEST_F(GameFromOutside, ACollectionWaitsBehindAMenu) {
+  OpenCollection();
+  Beta();
+  bool stays = false;
+  QTimer::singleShot(0, qApp, [&] {
+    ASSERT_TRUE(Wait([] { return QApplication::activePopupWidget() != nullptr; }));
+    EXPECT_TRUE(HandOverMeanwhile("Caves/b.zk"));
+    EXPECT_TRUE(Wait([] { return SignNames("b.zk"); }));
+    stays = IsOpen("Alfa") && QApplication::activePopupWidget() != nullptr;
+    if (QWidget* const menu = QApplication::activePopupWidget()) menu->close();
+  });
+  emit Screen<FrmPoSt>()->GhostWanted(QPoint(10, 10));
+  EXPECT_TRUE(stays);
+  EXPECT_TRUE(Wait(BetaIsOpen));
+}
+
 TEST_F(GameFromOutside, ACollectionDoesNotGiveTheHiddenGameAway) {
   PlayCave();
   Press(Screen<HraWindow>(), Qt::Key_F12);

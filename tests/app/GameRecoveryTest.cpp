@@ -42,6 +42,32 @@ TEST_F(GameRecovery, OpensTheCollectionWithTheCaveThatWasBeingDrawn) {
   EXPECT_EQ(Files("Discarded"), 1U);
 }
 
+TEST_F(GameRecovery, KeepsACaveThatWasLeftInNoPlaceButItsOwn) {
+  Click(Screen<FrmMain>(), "EditKom");
+  Command(Screen<FrmMain>(), Qt::Key_Escape);
+  ASSERT_TRUE(Wait(Shows<FrmSada>));
+  QTest::keyClick(Screen<FrmSada>()->findChild<QWidget*>("CaveList"), Qt::Key_Down);
+  ASSERT_EQ(Screen<FrmSada>()->Sada().ListSelected(), 2);
+  EndAndStart(Qt::Key_Y);
+  ASSERT_TRUE(Wait(Shows<FrmSada>));
+  EXPECT_EQ(Screen<FrmSada>()->Sada().Cave(2), OneStepCave("Druha"));
+  const DialogScript script = {test::Press(Qt::Key_N)};
+  Close(Screen<FrmSada>());
+}
+
+TEST_F(GameRecovery, TriesTheCavesForThePlayerOfTheStart) {
+  Click(Screen<FrmMain>(), "EditKom");
+  EndAndStart(Qt::Key_Y);
+  ASSERT_TRUE(Wait(Shows<FrmSada>));
+  Command(Screen<FrmSada>(), Qt::Key_F4);
+  ASSERT_TRUE(Wait(Shows<FrmMain>));
+  TestRun();
+  EXPECT_TRUE(Screen<HraWindow>()->windowTitle().endsWith("Ada"));
+  Close(Screen<HraWindow>());
+  ASSERT_TRUE(Wait(Shows<FrmMain>));
+  Leave();
+}
+
 // The start screen goes before anybody has seen it.
 TEST_F(GameRecovery, HasTheWordsOfTheSkinInTheToolkitsBoxes) {
   EndAndStart(Qt::Key_Y);

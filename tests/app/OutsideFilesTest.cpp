@@ -21,6 +21,11 @@ class OutsideFilesTest : public testing::Test {
     return sign != nullptr && sign->isVisible() ? sign : nullptr;
   }
 
+  OnScreen Looked() {
+    ++looks_;
+    return shows_;
+  }
+
   bool Asked(const QString& question, const QString& path) {
     done_ << question + " " + path;
     const auto meanwhile = std::exchange(whileAsked_, [] {});
@@ -29,19 +34,21 @@ class OutsideFilesTest : public testing::Test {
   }
 
   OnScreen shows_;
+  int looks_ = 0;
   QStringList done_;
   QStringList yes_;  // the questions that are answered so
   std::function<void()> whileAsked_ = [] {};
   std::function<void(const QString& path)> meanwhile_ = [](const QString&) {};
   Skin skin_;
-  OutsideFiles files_{skin_,
-                      {[this] { return shows_; }, [this](const QString& path) { return Asked("end?", path); },
-                       [this](const QString& path) { return Asked("open?", path); },
-                       [this](const QString& path) {
-                         done_ << "open " + path;
-                         meanwhile_(path);
-                         done_ << "opened " + path;
-                       }}};
+  OutsideFiles files_{
+      skin_,
+      {[this] { return Looked(); }, [this](const QString& path) { return Asked("end?", path); },
+       [this](const QString& path) { return Asked("open?", path); },
+       [this](const QString& path) {
+         done_ << "open " + path;
+         meanwhile_(path);
+         done_ << "opened " + path;
+       }}};
 };
 
 TEST_F(OutsideFilesTest, AreOpenedOneAfterTheOtherThoughNothingShowsOfTheFirst) {
@@ -67,6 +74,21 @@ TEST_F(OutsideFilesTest, AreOpenedAtOnceWhereNothingIsInTheirWay) {
   files_.Add("a");
   EXPECT_EQ(done_, QStringList({"open a", "opened a"}));
   EXPECT_EQ(Sign(), nullptr);
+}
+
+// Who waits looks about five times a second, and not at all when there is nothing to wait for.
+TEST_F(OutsideFilesTest, CostNoMoreThanALookNowAndThen) {
+  shows_.Editors = true;
+  files_.Add("a");
+  QElapsedTimer clock;
+  clock.start();
+  EXPECT_TRUE(Wait([this] { return looks_ >= 4; }));
+  EXPECT_GE(clock.elapsed(), 450) << "three times a fifth of a second, as the toolkit's timers keep it";
+  shows_.Editors = false;
+  EXPECT_TRUE(Wait([this] { return done_.size() == 2; }));
+  const int looks = looks_;
+  QTest::qWait(700);
+  EXPECT_EQ(looks_, looks);
 }
 
 TEST_F(OutsideFilesTest, AreNamedOnTheSign) {

@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <array>
+#include <functional>
+
 #include "solve/Archive.h"
 #include "solve/Walks.h"
 
@@ -107,6 +110,55 @@ TEST(Archive, ReturnsInHasteToTheShorterOfTwoWays) {
   int returned = 0;
   for (int i = 0; i < 100; ++i) returned += archive.Pick(chance) == early ? 1 : 0;
   EXPECT_GT(returned, 70);
+}
+
+TEST(Archive, KnowsTheBeginningAsTheBestWhereNothingIsBetter) {
+  Archive archive({}, 100);
+  const auto start = archive.Add(1, 0, NodeOf(-1, "", 0, 0));
+  EXPECT_EQ(archive.Best(), start);
+  archive.Add(2, 0, NodeOf(start, "R", -1, 1));
+  EXPECT_EQ(archive.Best(), start);
+  archive.Add(3, 0, NodeOf(start, "R", 0, 1));
+  EXPECT_EQ(archive.Best(), start) << "the earlier of two that are as good";
+}
+
+// How often of 400 times it returns to the second of two moments that are alike but for this.
+int ReturnsOf400(Temper temper,
+                 const std::function<void(Archive::Node& first, Archive::Node& second)>& differ) {
+  Archive archive(temper, 100);
+  const auto first = archive.Add(1, 0, NodeOf(-1, "", 0, 10));
+  const auto second = archive.Add(2, 0, NodeOf(-1, "", 0, 10));
+  differ(archive[first], archive[second]);
+  Chance chance(3);
+  int returned = 0;
+  for (int i = 0; i < 400; ++i) returned += archive.Pick(chance) == second ? 1 : 0;
+  return returned;
+}
+
+// It takes the best of three by lot: the better one of two in seven of eight times.
+TEST(Archive, ReturnsToWhatPromisesMoreAndWasVisitedLess) {
+  for (const Temper temper : {Temper{0, 3}, Temper{0, 3, Grain::Things, 2}}) {
+    const int promise = ReturnsOf400(temper, [](auto& /*first*/, auto& second) { ++second.promise; });
+    const int visits = ReturnsOf400(temper, [](auto& first, auto& /*second*/) { ++first.visits; });
+    const int length = ReturnsOf400({100, 3}, [](auto& first, auto& /*second*/) { ++first.length; });
+    for (const int often : {promise, visits, length}) {
+      EXPECT_GT(often, 325);
+      EXPECT_LT(often, 375);
+    }
+  }
+}
+
+// One time of five any level by lot; otherwise it stays with the best with a chance of one in three.
+TEST(Archive, ReturnsMostlyToTheLevelsThatAreHigh) {
+  Archive archive({0, 3}, 100);
+  for (int level = 0; level < 3; ++level)
+    archive.Add(static_cast<std::uint64_t>(level), 0, NodeOf(-1, "", level, 1));
+  Chance chance(5);
+  std::array<int, 3> returned{};
+  for (int i = 0; i < 9000; ++i) ++returned[static_cast<std::size_t>(archive.Pick(chance))];
+  EXPECT_NEAR(returned[2], 9000 * (1.0 / 15 + 4.0 / 15), 200);
+  EXPECT_NEAR(returned[1], 9000 * (1.0 / 15 + 4.0 / 5 * 2 / 9), 200);
+  EXPECT_NEAR(returned[0], 9000 * (1.0 / 15 + 4.0 / 5 * 4 / 9), 200);
 }
 
 }  // namespace

@@ -157,5 +157,31 @@ TEST(ARun, IsNotAtRestWhileAnythingBurns) {
   EXPECT_FALSE(IsAtRest(Live({"WWWWW", "W1.xW", "WWWWW"})));
 }
 
+// What stands has the state of things that lie only where it has grown into a cell over a magic wall, and
+// falls then.
+TEST(ARun, IsNotAtRestWhileAWallMayFall) {
+  for (const std::uint16_t code : {+kSteel, +kBrick, +kBiomass, +kWallH, +kWallV, +kSlime, +kFinish,
+                                   +kLockRed, +kLockGreen, +kLockBlue}) {
+    Hra run = Live({"WWWWW", "W1..W", "WWWWW"});
+    run.SetObject({3, 1}, code, kResting);
+    EXPECT_FALSE(IsAtRest(run)) << code;
+    run.SetObject({3, 1}, code, kFlat);
+    EXPECT_TRUE(IsAtRest(run)) << code;
+  }
+  for (const std::uint16_t code : {+kBoulder, +kGem, +kBox}) {
+    Hra run = Live({"WWWWW", "W1..W", "WWWWW"});
+    run.SetObject({3, 1}, code, kResting);
+    EXPECT_TRUE(IsAtRest(run)) << code;
+  }
+}
+
+TEST(ARun, IsLostWithTheOnlyDogThatCouldComeToTheFinish) {
+  Hra run = Play({"WWWWWWW", "W1;WWWW", "WWWW2;T", "WWWWWWW"}, {.needed = 0});
+  EXPECT_FALSE(IsLost(run));
+  run.Dog[2].Alive = false;
+  run.SetObject({4, 2}, kSpace, kFlat);
+  EXPECT_TRUE(IsLost(run));
+}
+
 }  // namespace
 }  // namespace zorik::test

@@ -41,6 +41,18 @@ TEST(LintForms, TellTheFaultsOfACatsCommandsApart) {
   EXPECT_EQ(never.values, std::vector<std::string>{"4"});
 }
 
+TEST(LintForms, TellOfEachTokenThatMeansNothing) {
+  const Picture picture{"WWWWWWWW", "W1;D;J;T", "W;;;;;;W"};
+  for (const auto& [script, place] : {std::pair("*A?A/Z", "2"), {"*A-A?A/Z", "3"}}) {
+    std::vector<std::string> told;
+    for (const Doubt& doubt :
+         DoubtsAboutCave(*ParseCaveText(CaveTextOf(picture, {.needed = 1, .script = script})))) {
+      if (doubt.kind == DoubtKind::CatToken && doubt.form == 1) told = doubt.values;
+    }
+    EXPECT_EQ(told, std::vector<std::string>{place}) << script;
+  }
+}
+
 TEST(LintForms, NameWhatTheSentencesName) {
   EXPECT_EQ(DoubtOf(DoubtKind::Mirror, {"WWWWWWWW", "W1;;;;DT", "W;;;;;;W", "WWWWWWWW"}).values,
             std::vector<std::string>{"88"})

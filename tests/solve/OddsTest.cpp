@@ -136,5 +136,19 @@ TEST(Odds, CrossTheWayOfAMonsterWhereNothingWasDone) {
   }
 }
 
+// Behind the wall is a gem that nobody comes to. Six searches in a row bring nothing new: each is longer by
+// as much as the first was long, sixteen pieces, and after each a second is waited.
+TEST(Odds, AreGivenUpWhenSearchesBringNothingNew) {
+  const std::string text = CaveTextOf({"WWWWWWWW", "W1;;;WDW", "W;;;;WWT", "WWWWWWWW"}, {.needed = 1});
+  int asked = 0;
+  const auto count = [&asked] {
+    ++asked;
+    return false;
+  };
+  EXPECT_FALSE(FollowPlan(text, {}, 1, count));
+  EXPECT_GT(asked, 16 * (2 + 3 + 4 + 5 + 6 + 7) - 20);
+  EXPECT_LT(asked, 16 * (2 + 3 + 4 + 5 + 6 + 7) + 6 * 30);
+}
+
 }  // namespace
 }  // namespace zorik::test

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "core/Machine.h"
 #include "solve/Search.h"
 #include "support/Scene.h"
@@ -128,6 +130,29 @@ TEST(SearchSkill, IsToSendEachDogForHisGems) {
           {"WWWWWWWWWWWW", "W1;;D;;D;;;W", "WWWWWWWWWWWW", "W2D;;;;;;D;W", "WWWWWWWWWWWW", "W3;;;;;;;;;T"},
           {.needed = 4},
           2600});
+}
+
+// A boulder at the end of the room, over the edge of a shaft with a bomb in it: the blast opens the way to
+// the finish. No way leads by the boulder's cell, so only who wants to push it comes upon that. All the
+// others lie under holes, where they cannot be pushed from below.
+TEST(SearchSkill, IsToPushABoulderOverAnEdge) {
+  for (const bool left : {false, true}) {
+    Picture picture = Room(std::string(40, 'W'));
+    for (std::string& row : picture) row += "WWW";
+    picture[4][38] = 'R';
+    for (std::size_t y = 4; y < 9; ++y) picture[y][39] = '.';
+    for (std::size_t y = 8; y < 11; ++y) picture[y][40] = 'X';
+    picture[9][39] = 'I';
+    picture[9][41] = 'T';
+    for (std::size_t x = 3; x < 36; x += 2) {
+      picture[7][x] = 'R';
+      picture[6][x] = '.';
+    }
+    for (std::string& row : picture) {
+      if (left) std::reverse(row.begin(), row.end());
+    }
+    Expect({"edge", picture, {.needed = 0}, 5000});
+  }
 }
 
 }  // namespace

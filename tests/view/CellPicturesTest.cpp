@@ -396,5 +396,33 @@ TEST(CellPictures, ShowTheFrameTooInAnotherMoment) {
   }
 }
 
+TEST(CellPictures, LeaveAVacatedCellAsItWasInAnotherMoment) {
+  Pictured cave({"1F;"}, {}, 1);
+  cave.hra.SetField({1, 0}, kVacated);
+  cave.hra.SetField({2, 0}, kFleaInTransit);
+  cave.pictures.ShowMoment(cave.hra);
+  EXPECT_EQ(cave.At(1, 0), Of(kFireFly));
+  EXPECT_EQ(cave.At(2, 0), Of(kSetDirt));
+}
+
+// Whatever was there before.
+TEST(CellPictures, ShowWhatIsThereInAnotherMoment) {
+  Pictured cave({"1;"}, {}, 4);
+  const auto show = [&cave](std::uint16_t code) {
+    cave.hra.SetObject({1, 0}, code, kFlat);
+    cave.pictures.ShowMoment(cave.hra);
+    return cave.At(1, 0);
+  };
+  for (std::uint16_t before = 0; before < kObjects.size(); ++before) {
+    for (std::uint16_t now = 0; now < kObjects.size(); ++now) {
+      if (!IsObject(before) || !IsObject(now) || before == kDog || now == kDog) continue;
+      show(before);
+      const CellPicture shown = show(now), wanted = cave.Again(1, 0);
+      EXPECT_EQ(shown.Pic, wanted.Pic) << before << ' ' << now;
+      EXPECT_EQ(shown.Col, wanted.Col) << before << ' ' << now;
+    }
+  }
+}
+
 }  // namespace
 }  // namespace zorik

@@ -134,5 +134,70 @@ TEST(SeenCave, HasNothingUnderWhatGoesIntoSpace) {
   EXPECT_FALSE(seen.view.OnTheWay().Movers().front().under);
 }
 
+TEST(SeenCave, ReachesAsFarAsTheScreenHasRoomAndFollowsAtOnce) {
+  Seen seen;
+  seen.Look();
+  seen.Pass(kKeyRight);
+  ASSERT_TRUE(seen.view.Moves(seen.hra));
+  seen.view.SetReach(seen.hra, 2, 1);
+  EXPECT_FALSE(seen.view.Moves(seen.hra));
+  const DrawnView& drawn = seen.Look();
+  EXPECT_TRUE(drawn.fresh);
+  // The dog's middle is 2.5 cells from the left and 1.5 from the top, half of the view 1 and a half.
+  EXPECT_EQ(drawn.view.left, kTileSize * 3 / 2);
+  EXPECT_EQ(drawn.view.top, kTileSize);
+  EXPECT_EQ(drawn.view.width, 2 * kTileSize);
+  EXPECT_EQ(drawn.view.height, kTileSize);
+}
+
+TEST(SeenCave, HoldsTheWholeCaveWhereItDoesNotFollow) {
+  Seen seen;
+  seen.view.SetReach(seen.hra, 2, 1);
+  seen.view.SetScrollView(false);
+  EXPECT_EQ(seen.Look().columns.size(), 6U);
+  EXPECT_EQ(seen.Look().rows.size(), 4U);
+  seen.view.SetScrollView(true);
+  EXPECT_EQ(seen.Look().rows.size(), 1U);
+}
+
+TEST(SeenCave, IsAnotherViewInAFrameOfAnotherSize) {
+  Seen seen;
+  seen.Look();
+  EXPECT_TRUE(seen.view.Look(seen.hra, FrameTable(), {120, 80}).fresh);
+  EXPECT_EQ(seen.view.Drawn().cell, (PixelSize{20, 20}));
+  EXPECT_EQ(seen.view.Drawn().size, (PixelSize{120, 80}));
+  EXPECT_FALSE(seen.view.Look(seen.hra, FrameTable(), {120, 80}).fresh);
+}
+
+// While something is on its way its cells are drawn anew in each picture, and once more when it is there.
+TEST(SeenCave, TellsOfCellsThatAreTouchedUntilAllIsThere) {
+  Seen seen;
+  seen.Look();
+  seen.Pass(kKeyRight);
+  for (const double way : {0.2, 0.6}) {
+    EXPECT_EQ(seen.Look(way).changed.size(), 2U) << way;
+    EXPECT_EQ(seen.view.Way(), way);
+    EXPECT_EQ(seen.view.Drawn().At(2, 1).picture.Pic, kSetSpace);
+  }
+  EXPECT_EQ(seen.Look().changed.size(), 2U);
+  EXPECT_EQ(seen.view.Drawn().At(2, 1).picture.Pic, kSetDog);
+  EXPECT_TRUE(seen.Look().changed.empty());
+}
+
+TEST(SeenCave, HasNothingOnItsWayWithoutSmoothMotionOrInAnotherMoment) {
+  Seen seen;
+  seen.Look();
+  seen.Pass(kKeyRight);
+  ASSERT_TRUE(seen.view.Moves(seen.hra));
+  seen.view.TickBegins(false);
+  EXPECT_FALSE(seen.view.Moves(seen.hra));
+  seen.Pass(kKeyRight);
+  ASSERT_TRUE(seen.view.Moves(seen.hra));
+  seen.hra.SetObject({4, 2}, kBoulder, kResting);
+  seen.view.ShowMoment(seen.hra, false);
+  EXPECT_FALSE(seen.view.Moves(seen.hra));
+  EXPECT_EQ(seen.Look().At(4, 2).picture.Pic, kSetBoulder);
+}
+
 }  // namespace
 }  // namespace zorik
