@@ -115,9 +115,7 @@ void Game::AskLanguage() {
 
 ApplyOutcome Game::ApplyBehindNotice(const SkinPlaces& places) {
   const BusyNotice notice(frmLoading_);
-  ApplyOutcome outcome = skin_.Apply(places);
-  if (outcome.applied) ReSkin();
-  return outcome;
+  return skin_.Apply(places);
 }
 
 void Game::ConnectScreens() {
