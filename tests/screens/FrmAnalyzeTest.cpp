@@ -77,6 +77,15 @@ TEST_F(FrmAnalyzeTest, StaysWhenItsSecondsAreClicked) {
   EXPECT_EQ(closed_.size(), 1);
 }
 
+TEST_F(FrmAnalyzeTest, HasTheHandOverItsSecondsWhileThereAreAny) {
+  Open(3);
+  EXPECT_EQ(Label("Label4").cursor().shape(), Qt::PointingHandCursor);
+  window_.ClearCountdown();
+  EXPECT_EQ(Label("Label4").cursor().shape(), Qt::ArrowCursor) << "there is nothing to be stopped";
+  Open(3);
+  EXPECT_EQ(Label("Label4").cursor().shape(), Qt::PointingHandCursor);
+}
+
 TEST_F(FrmAnalyzeTest, GoesOnCountingWhenAnythingElseIsClicked) {
   Open(3);
   for (const char* name : {"Label2", "Label3"}) QTest::mouseClick(&Label(name), Qt::LeftButton);

@@ -204,6 +204,18 @@ TEST_F(FrmSLangTest, ListsTheSkinsOfThePlayerAndOfTheInstallation) {
   EXPECT_EQ(names, (QStringList{"Default", "english", "Moje", "Prazdny"}));
 }
 
+TEST_F(FrmSLangTest, HasItsButtonsAtTheTwoEndsBelowTheSkins) {
+  const QRect author = Button("Command1").geometry();
+  const QRect end = Button("Command2").geometry();
+  EXPECT_EQ(author.left(), Combo1().geometry().left());
+  EXPECT_EQ(end.right(), Combo1().geometry().right());
+  EXPECT_EQ(author.top(), end.top());
+  EXPECT_GT(author.top(), Combo1().geometry().bottom());
+  EXPECT_EQ(author.width(), Button("Command1").sizeHint().width()) << "they are as wide as their words";
+  EXPECT_EQ(end.width(), Button("Command2").sizeHint().width());
+  EXPECT_GT(end.left(), author.right() + 1);
+}
+
 TEST_F(FrmSLangTest, TheTabKeyGoesFromTheSkinsToTheAuthorAndToTheEnd) {
   ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
   const std::vector<QWidget*> order = {&Combo1(), &Button("Command1"), &Button("Command2"), &Combo1()};
