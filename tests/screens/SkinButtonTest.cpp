@@ -363,5 +363,66 @@ TEST(PlainCheck, HasItsMarkInABoxBeforeItsCaption) {
   EXPECT_EQ(Where(check, kCaption), caption);
 }
 
+// Round corners are as wide as they are high, and all four are the same.
+TEST(PlainButton, HasRoundCornersAllAlike) {
+  SkinButton button(nullptr);
+  button.setPalette(PlainColours());
+  button.SetWords(" ");
+  const QImage seen = button.grab().toImage();
+  for (int x = 0; x < 12; ++x) {
+    for (int y = 0; y < 12; ++y) {
+      const QColor here = seen.pixelColor(x, y);
+      for (const QPoint other :
+           {QPoint(y, x), QPoint(seen.width() - 1 - x, y), QPoint(x, seen.height() - 1 - y)}) {
+        EXPECT_NEAR(here.green(), seen.pixelColor(other).green(), 10) << x << ' ' << y;
+        EXPECT_NEAR(here.blue(), seen.pixelColor(other).blue(), 10) << x << ' ' << y;
+      }
+    }
+  }
+  EXPECT_LT(seen.pixelColor(0, 0).green(), 30);
+}
+
+TEST(PlainCheck, KeepsItsCaptionWithinTheRing) {
+  OneButton<SkinCheck> stage;
+  SkinCheck& check = *stage.button;
+  QPalette colours = PlainColours();
+  colours.setColor(QPalette::Highlight, Qt::red);
+  check.setPalette(colours);
+  check.setText("Zvuky");
+  check.resize(check.sizeHint());
+  stage.Show();
+  check.window()->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(check.window()));
+  check.clearFocus();
+  const QRect caption = Where(check, kCaption);
+  ASSERT_FALSE(caption.isEmpty());
+  EXPECT_EQ(Where(check, Qt::red), QRect());
+  check.setFocus();
+  EXPECT_EQ(Where(check, kCaption), caption);
+  const QRect ring = Where(check, Qt::red);
+  EXPECT_TRUE(ring.contains(caption, true));
+  EXPECT_EQ(ring.right(), check.width() - 1);
+  EXPECT_EQ(ring.top(), 0);
+  EXPECT_EQ(ring.bottom(), check.height() - 1);
+  EXPECT_GT(ring.left(), Where(check, Qt::green).right());
+}
+
+// A look is narrower than the words, which stand on all of the plate.
+TEST(SkinButtonWithAPlate, WritesItsWordsFromItsOneEndToTheOther) {
+  SkinButton button(nullptr);
+  button.SetPlate(Strips({Qt::red, Qt::green, Qt::blue}, {60, 30}));
+  button.SetWords("HHHHHHHHHHHHHHHH");
+  ASSERT_GT(button.width(), 150);
+  const QImage seen = button.grab().toImage();
+  const auto letters = [&seen](int from, int to) {
+    int found = 0;
+    for (int x = from; x < to; ++x) found += seen.pixelColor(x, seen.height() / 2 - 1).green() > 0xC0 ? 1 : 0;
+    return found;
+  };
+  EXPECT_GT(letters(14, 60), 5);
+  EXPECT_GT(letters(60, button.width() - 60), 5);
+  EXPECT_GT(letters(button.width() - 60, button.width() - 14), 5);
+}
+
 }  // namespace
 }  // namespace zorik
