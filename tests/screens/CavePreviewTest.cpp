@@ -262,5 +262,22 @@ TEST_F(CavePreviewTest, HasItsLockInTheMiddleWithAHoleInTheShackle) {
   for (int tenth = 5; tenth < 10; ++tenth) EXPECT_EQ(at(tenth), ink) << tenth;
 }
 
+// It needs a place in the window, and room for a picture above its line of facts.
+TEST_F(CavePreviewTest, IsThereWhereASkinGivesItAnyRoom) {
+  Caves(1);
+  Open();
+  const std::vector<std::pair<std::string, bool>> rooms{{"left=0", true},
+                                                        {"left=20\npreview.top=0", true},
+                                                        {"left=20\npreview.width=1", true},
+                                                        {"left=20\npreview.height=19", true},
+                                                        {"left=20\npreview.height=18", false}};
+  for (const auto& [room, there] : rooms) {
+    folder.File("Skins/Own/Menu/skindata.txt", "select:\npreview." + room + "\n");
+    EXPECT_TRUE(skin.Apply({folder.Root() + "/Skins", "Own"})) << room;
+    window->SkinIt();
+    EXPECT_EQ(Preview().isVisible(), there) << room;
+  }
+}
+
 }  // namespace
 }  // namespace zorik

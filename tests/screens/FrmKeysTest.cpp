@@ -338,6 +338,8 @@ TEST_F(FrmKeysTest, HasABoxBesideEachOfItsWordsInRowsAndColumns) {
         EXPECT_TRUE(Box(window, order[i]).accessibleName().endsWith(": " + Box(window, order[i]).text()));
       }
       const std::size_t inALine = narrow ? 2 : 4;
+      const QWidget& part = *Box(window, KeyUse::Left).parentWidget();
+      EXPECT_EQ(Box(window, order.back()).geometry().right(), part.width() - 1) << "nothing stands beside it";
       for (std::size_t i = 0; i < kPadUses; ++i) {
         const KeyBox& box = Box(window, static_cast<PadUse>(i));
         EXPECT_GT(box.y(), Box(window, KeyUse::SlowMotion).geometry().bottom());

@@ -10,6 +10,7 @@
 #include "screens/DialogScript.h"
 #include "screens/FrmSLang.h"
 #include "screens/TestSkin.h"
+#include "skin/GameFont.h"
 
 namespace zorik {
 namespace {
@@ -214,6 +215,10 @@ TEST_F(FrmSLangTest, HasItsButtonsAtTheTwoEndsBelowTheSkins) {
   EXPECT_EQ(author.width(), Button("Command1").sizeHint().width()) << "they are as wide as their words";
   EXPECT_EQ(end.width(), Button("Command2").sizeHint().width());
   EXPECT_GT(end.left(), author.right() + 1);
+  for (const QWidget* const part :
+       {static_cast<QWidget*>(&Combo1()), static_cast<QWidget*>(&Button("Command1"))})
+    EXPECT_EQ(part->font().family(), GameFont(14).family()) << "in the letters of the game";
+  EXPECT_EQ(Button("Command2").font().pixelSize(), 14);
 }
 
 TEST_F(FrmSLangTest, TheTabKeyGoesFromTheSkinsToTheAuthorAndToTheEnd) {

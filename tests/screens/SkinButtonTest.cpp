@@ -63,6 +63,18 @@ TEST(SkinButtonWithAPlate, IsAPlainButtonWithoutThePicture) {
   EXPECT_EQ(plate.grab().toImage(), plain.grab().toImage());
 }
 
+TEST(SkinButtonWithAPlate, LosesItForAPictureOfItsOwn) {
+  SkinButton button(nullptr);
+  button.SetPlate(Strips(kLooks, {30, 24}));
+  button.SetWords("Uložit někam docela jinam");
+  ASSERT_GT(button.width(), 30);
+  button.SetPicture(Strips({Qt::cyan, Qt::green, Qt::blue}, {40, 20}));
+  EXPECT_EQ(button.size(), QSize(40, 20));
+  const QImage image = button.grab().toImage();
+  for (int x = 0; x < 40; ++x)
+    EXPECT_EQ(image.pixelColor(x, 10), QColor(Qt::cyan)) << "nothing is written on it";
+}
+
 const std::vector<QColor> kCheckLooks = {Qt::red, Qt::green, Qt::blue, Qt::cyan, Qt::magenta, Qt::yellow};
 
 // Places in the window below.
