@@ -67,9 +67,9 @@ TEST_F(CaveListTest, DrawsFrameGroundAndSelection) {
 }
 
 // What a row shows is drawn once more beside it, by the letters of the list.
-TEST_F(CaveListTest, WritesTwoDigitsOfTheNumberAndFiveOfTheScore) {
+TEST_F(CaveListTest, WritesTwoDigitsOfTheNumberTheNameAndFiveOfTheScore) {
   Show(3);
-  list_.SetRows({{"", 0, CaveState::Open}, {"", 7, CaveState::Open}, {"", 54321, CaveState::Open}});
+  list_.SetRows({{"", 0, CaveState::Open}, {"Jg", 7, CaveState::Open}, {"Jg", 54321, CaveState::Open}});
   const QImage image = list_.grab().toImage().convertToFormat(QImage::Format_RGB32);
   const std::vector<std::pair<QString, QString>> expected = {{"02", "00007"}, {"03", "54321"}};
   int number = 2;
@@ -83,6 +83,7 @@ TEST_F(CaveListTest, WritesTwoDigitsOfTheNumberAndFiveOfTheScore) {
     painter.setPen(Qt::white);
     painter.drawText(row.adjusted(6, 0, -6, 0), Qt::AlignLeft | Qt::AlignVCenter, digits);
     painter.drawText(row.adjusted(6, 0, -6, 0), Qt::AlignRight | Qt::AlignVCenter, score);
+    painter.drawText(row.adjusted(6 + 24, 0, -6 - 42, 0), Qt::AlignLeft | Qt::AlignVCenter, "Jg");
     painter.end();
     EXPECT_EQ(image.copy(row), drawn.copy(row)) << score.toStdString();
   }

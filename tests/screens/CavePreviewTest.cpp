@@ -64,6 +64,13 @@ TEST_F(CavePreviewTest, ShowsTheChosenCaveAsItBegins) {
   EXPECT_EQ(seen.pixelColor(155 - 40, 60), kDog);
   EXPECT_EQ(seen.pixelColor(155 - 2 * 40, 60), kSteel);
   EXPECT_EQ(seen.pixelColor(20, 60), skin.Colour("select.preview.color"));
+  EXPECT_EQ(seen.pixelColor(54, 60), skin.Colour("select.preview.color"));
+  EXPECT_EQ(seen.pixelColor(55, 60), kSteel);
+  EXPECT_EQ(seen.pixelColor(254, 60), kSteel);
+  EXPECT_EQ(seen.pixelColor(255, 60), skin.Colour("select.preview.color"));
+  EXPECT_EQ(seen.pixelColor(155, 0), kSteel);
+  EXPECT_EQ(seen.pixelColor(155, 119), kSteel);
+  EXPECT_EQ(seen.pixelColor(60, 120), skin.Colour("select.preview.color")) << "beside the facts";
 }
 
 TEST_F(CavePreviewTest, ShowsALockForAClosedCaveAndNothingOfIt) {

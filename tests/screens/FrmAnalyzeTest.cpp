@@ -106,6 +106,25 @@ TEST_F(FrmAnalyzeTest, DoesNotCloseByAKeyThatIsHeldSinceBefore) {
   EXPECT_EQ(closed_.size(), 0);
 }
 
+TEST_F(FrmAnalyzeTest, CountsNoFurtherOnceTheCaveIsPlayedAgain) {
+  window_.OfferAgain(true);
+  for (const Qt::Key key : {Qt::Key_R, Qt::Key_Z}) {
+    Open(3);
+    QSignalSpy again(&window_, &FrmAnalyze::AgainWanted);
+    QTest::keyClick(&window_, key);
+    EXPECT_EQ(again.size(), 1);
+    EXPECT_FALSE(window_.isVisible());
+    EXPECT_FALSE(Timer().isActive());
+    QTest::keyClick(&window_, key);
+    EXPECT_EQ(again.size(), 1) << "it is gone";
+  }
+  EXPECT_EQ(closed_.size(), 0);
+  window_.OfferAgain(false);
+  Open(3);
+  QTest::keyClick(&window_, Qt::Key_R);
+  EXPECT_TRUE(window_.isVisible());
+}
+
 TEST_F(FrmAnalyzeTest, ClosesOnceOnly) {
   Open(1);
   QTest::keyClick(&window_, Qt::Key_Return);

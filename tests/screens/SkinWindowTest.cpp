@@ -87,6 +87,9 @@ TEST_F(SkinWindowTest, TakesTheShapeOfItsNextPicture) {
   EXPECT_EQ(window_.size(), QSize(100, 40));
   EXPECT_FALSE(window_.mask().contains(QPoint(49, 20)));
   EXPECT_TRUE(window_.mask().contains(QPoint(50, 20)));
+  window_.Surface().SetPicture(test::Strips({Qt::red, Qt::black, Qt::black, Qt::black}, {25, 40}));
+  EXPECT_FALSE(window_.mask().contains(QPoint(20, 20))) << "of the same size, too";
+  EXPECT_TRUE(window_.mask().contains(QPoint(30, 20)));
 }
 
 TEST_F(SkinWindowTest, ShowsAPictureThatIsLaidOverItsOwnWithinItsShape) {
