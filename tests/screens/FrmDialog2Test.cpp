@@ -84,6 +84,8 @@ TEST_F(FrmDialog2Test, ShowsMarkupAsItIsWritten) {
 TEST_F(FrmDialog2Test, ScrollsALongTextFromItsStartByKeys) {
   const InDialog dialog([](QWidget& box) {
     EXPECT_EQ(Reading(box).verticalScrollBar()->value(), 0);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&box));
+    EXPECT_EQ(QApplication::focusWidget(), &Reading(box));
     QTest::keyClick(&Reading(box), Qt::Key_PageDown);
     EXPECT_GT(Reading(box).verticalScrollBar()->value(), 0);
   });
@@ -95,6 +97,8 @@ TEST_F(FrmDialog2Test, ShowsThreeButtonsForEditing) {
   Edit("a", [](QWidget& box) {
     EXPECT_TRUE(Editing(box).isVisible());
     EXPECT_FALSE(Reading(box).isVisible());
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&box));
+    EXPECT_EQ(QApplication::focusWidget(), &Editing(box)) << "it can be written into at once";
     for (const char* name : {"ok", "close", "help"}) EXPECT_TRUE(Shown(box, name)) << name;
   });
 }

@@ -129,6 +129,8 @@ class SkinButtonTest : public testing::Test {
 
 TEST_F(SkinButtonTest, IsAsLargeAsOneLook) {
   EXPECT_EQ(stage_.button->size(), QSize(40, 30));
+  stage_.button->SetPicture(Strips(kLooks, {1, 30}));
+  EXPECT_EQ(stage_.button->size(), QSize(1, 30)) << "however narrow that is";
 }
 
 TEST_F(SkinButtonTest, ChangesItsLookUnderThePointer) {
