@@ -129,6 +129,9 @@ class SkinButtonTest : public testing::Test {
 
 TEST_F(SkinButtonTest, IsAsLargeAsOneLook) {
   EXPECT_EQ(stage_.button->size(), QSize(40, 30));
+  const QImage seen = stage_.button->grab().toImage();
+  for (const QPoint corner : {QPoint(0, 0), QPoint(39, 0), QPoint(0, 29), QPoint(39, 29)})
+    EXPECT_EQ(seen.pixelColor(corner), kLooks[0]) << "from edge to edge";
   stage_.button->SetPicture(Strips(kLooks, {1, 30}));
   EXPECT_EQ(stage_.button->size(), QSize(1, 30)) << "however narrow that is";
 }
