@@ -9,6 +9,7 @@
 #include "screens/BarButton.h"
 #include "screens/PaintedParts.h"
 #include "screens/Tones.h"
+#include "skin/GameFont.h"
 
 namespace zorik {
 namespace {
@@ -209,6 +210,10 @@ TEST_F(AShownBarButton, HasItsKeyInSmallerPalerLettersBelowItsCaption) {
   const QRect alone = WordsOn(button);
   button.SetKey(" ");
   const QRect caption = WordsOn(button);
+  QFont letters = GameFont(16);
+  letters.setBold(true);
+  EXPECT_EQ(button.CaptionWidth(40), QFontMetrics(letters).horizontalAdvance("HOH"))
+      << "bold as without a key";
   EXPECT_LT(caption.height(), alone.height()) << "there is less room";
   EXPECT_LT(caption.bottom(), button.height() * 11 / 20);
   EXPECT_NEAR(caption.center().x(), button.rect().center().x(), 2);
@@ -243,6 +248,7 @@ TEST_F(AShownBarButton, IsARoundPlateThatIsTheSameOnAllSides) {
   EXPECT_EQ(qAlpha(face.pixel(0, 0)), 0) << "its corners are round";
   EXPECT_EQ(qAlpha(face.pixel(75, 20)), 255);
   EXPECT_EQ(QColor(face.pixel(75, 2)), QColor(0x22, 0x14, 0x3C)) << "and it has a dark rim";
+  EXPECT_NEAR(qAlpha(face.pixel(75, 0)), 128, 4) << "three pixels about a line two from its end";
   for (int x = 12; x < 138; ++x) {
     EXPECT_GE(face.pixelColor(x, 20).lightness(), face.pixelColor(x + 1, 20).lightness()) << x;
     EXPECT_EQ(face.pixel(x, 2), face.pixel(75, 2)) << x;

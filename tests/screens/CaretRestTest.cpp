@@ -101,6 +101,24 @@ TEST_F(CaretRestTest, LeavesOtherKeysAlone) {
   EXPECT_FALSE(Blinks());
 }
 
+TEST_F(CaretRestTest, WakesByNothingElseThatHappensToABox) {
+  const CaretRest rest{std::chrono::milliseconds(kBlink)};
+  line_.setFocus();
+  ASSERT_TRUE(Rests());
+  for (const QEvent::Type type : {QEvent::Enter, QEvent::Leave, QEvent::LayoutRequest, QEvent::PaletteChange,
+                                  QEvent::StatusTip, QEvent::User}) {
+    QEvent event(type);
+    QApplication::sendEvent(&line_, &event);
+    EXPECT_FALSE(Blinks()) << type;
+  }
+  QKeyEvent up(QEvent::KeyRelease, Qt::Key_A, {}, "a");
+  QApplication::sendEvent(&line_, &up);
+  EXPECT_FALSE(Blinks());
+  QKeyEvent down(QEvent::KeyPress, Qt::Key_A, {}, "a");
+  QApplication::sendEvent(&line_, &down);
+  EXPECT_TRUE(Blinks());
+}
+
 TEST_F(CaretRestTest, WaitsAnewFromEachKeyOn) {
   const std::chrono::milliseconds patience(1500);
   const CaretRest rest(patience);

@@ -67,9 +67,9 @@ TEST_F(CaveListTest, DrawsFrameGroundAndSelection) {
 }
 
 // What a row shows is drawn once more beside it, by the letters of the list.
-TEST_F(CaveListTest, WritesTwoDigitsOfTheNumberAndFiveOfTheScore) {
+TEST_F(CaveListTest, WritesTwoDigitsOfTheNumberTheNameAndFiveOfTheScore) {
   Show(3);
-  list_.SetRows({{"", 0, CaveState::Open}, {"", 7, CaveState::Open}, {"", 54321, CaveState::Open}});
+  list_.SetRows({{"", 0, CaveState::Open}, {"Jg", 7, CaveState::Open}, {"Jg", 54321, CaveState::Open}});
   const QImage image = list_.grab().toImage().convertToFormat(QImage::Format_RGB32);
   const std::vector<std::pair<QString, QString>> expected = {{"02", "00007"}, {"03", "54321"}};
   int number = 2;
@@ -83,6 +83,7 @@ TEST_F(CaveListTest, WritesTwoDigitsOfTheNumberAndFiveOfTheScore) {
     painter.setPen(Qt::white);
     painter.drawText(row.adjusted(6, 0, -6, 0), Qt::AlignLeft | Qt::AlignVCenter, digits);
     painter.drawText(row.adjusted(6, 0, -6, 0), Qt::AlignRight | Qt::AlignVCenter, score);
+    painter.drawText(row.adjusted(6 + 24, 0, -6 - 42, 0), Qt::AlignLeft | Qt::AlignVCenter, "Jg");
     painter.end();
     EXPECT_EQ(image.copy(row), drawn.copy(row)) << score.toStdString();
   }
@@ -169,6 +170,35 @@ TEST_F(CaveListTest, TakesNoClickBesideItsRows) {
   QTest::mouseClick(list_.viewport(), Qt::LeftButton, {}, QPoint(50, 0));
   QTest::mouseClick(list_.viewport(), Qt::RightButton, {}, QPoint(50, 8));
   EXPECT_EQ(clicked.size(), 0);
+}
+
+// The mark stands before the score, where the name ends, which keeps the colour of its row.
+TEST_F(CaveListTest, MarksAnUnstoredRowAndWritesItsNameAsInAnyOther) {
+  Show(3);
+  const QString name(40, 'M');
+  list_.SetRows(
+      {{"a", 0, CaveState::Open}, {name, 7, CaveState::Solved, false}, {name, 7, CaveState::Solved}});
+  const QImage image = list_.grab().toImage();
+  const auto count = [&image](int row, int from, int to, auto&& wanted) {
+    int found = 0;
+    for (int y = 1 + 14 * row; y < 1 + 14 * (row + 1); ++y) {
+      for (int x = from; x < to; ++x) found += wanted(image.pixelColor(x, y)) ? 1 : 0;
+    }
+    return found;
+  };
+  const auto green = [](QColor here) { return here.green() > 150 && here.red() < 100; };
+  const auto red = [](QColor here) { return here.red() > 100 && here.green() < 60; };
+  const auto white = [](QColor here) { return here.red() > 150 && here.green() > 150 && here.blue() > 150; };
+  // The frame, the padding, and the number, the mark and the score beside the name.
+  const int nameLeft = 1 + 6 + 24, nameRight = 199 - 6 - 42 - 14, scoreLeft = 199 - 6 - 42;
+  EXPECT_GT(count(1, nameLeft, nameRight, green), 50);
+  EXPECT_EQ(count(1, nameLeft, nameRight - 1, white), 0) << "its name is in its own colour";
+  EXPECT_EQ(count(1, nameLeft, nameRight - 1, red), 0);
+  EXPECT_GT(count(1, nameRight, scoreLeft, red), 50);
+  EXPECT_GT(count(1, nameRight, scoreLeft, white), 0) << "the sign on the plate";
+  EXPECT_GT(count(1, scoreLeft, 193, green), 20);
+  EXPECT_EQ(count(2, 1, 199, red), 0);
+  EXPECT_GT(count(2, nameRight, scoreLeft, green), 0) << "there is more room for the name";
 }
 
 }  // namespace

@@ -64,6 +64,13 @@ TEST_F(CavePreviewTest, ShowsTheChosenCaveAsItBegins) {
   EXPECT_EQ(seen.pixelColor(155 - 40, 60), kDog);
   EXPECT_EQ(seen.pixelColor(155 - 2 * 40, 60), kSteel);
   EXPECT_EQ(seen.pixelColor(20, 60), skin.Colour("select.preview.color"));
+  EXPECT_EQ(seen.pixelColor(54, 60), skin.Colour("select.preview.color"));
+  EXPECT_EQ(seen.pixelColor(55, 60), kSteel);
+  EXPECT_EQ(seen.pixelColor(254, 60), kSteel);
+  EXPECT_EQ(seen.pixelColor(255, 60), skin.Colour("select.preview.color"));
+  EXPECT_EQ(seen.pixelColor(155, 0), kSteel);
+  EXPECT_EQ(seen.pixelColor(155, 119), kSteel);
+  EXPECT_EQ(seen.pixelColor(60, 120), skin.Colour("select.preview.color")) << "beside the facts";
 }
 
 TEST_F(CavePreviewTest, ShowsALockForAClosedCaveAndNothingOfIt) {
@@ -209,6 +216,74 @@ TEST_F(CavePreviewTest, IsPaintedAsSoonAsItIsDrawnAndWhenAnotherCaveIsChosen) {
   EXPECT_TRUE(painted()) << "the lock";
   ClickRow(1);
   EXPECT_TRUE(painted()) << "the cave again, which is known";
+}
+
+// From edge to edge in one colour, with round corners, and with the cave's numbers in the middle of its foot.
+TEST_F(CavePreviewTest, IsARoundPlateWithTheFactsAtItsFoot) {
+  Caves(2);
+  Open();
+  const QRect all = Preview().rect();
+  EXPECT_EQ(Label("previewFacts").geometry(), QRect(0, all.height() - 18, all.width(), 18));
+  ClickRow(2);
+  QImage seen(all.size(), QImage::Format_ARGB32);
+  seen.fill(Qt::transparent);
+  Preview().render(&seen, {}, {}, QWidget::DrawChildren);
+  const QColor ground = skin.Colour("select.preview.color");
+  for (int x = 8; x < all.width() - 8; ++x) {
+    EXPECT_EQ(seen.pixelColor(x, 0), ground) << x;
+    EXPECT_EQ(seen.pixelColor(x, all.bottom()), ground) << x;
+  }
+  for (int y = 8; y < all.height() - 8; ++y) {
+    EXPECT_EQ(seen.pixelColor(0, y), ground) << y;
+    EXPECT_EQ(seen.pixelColor(all.right(), y), ground) << y;
+  }
+  for (const QPoint corner : {all.topLeft(), all.topRight(), all.bottomLeft(), all.bottomRight()})
+    EXPECT_LT(seen.pixelColor(corner).alpha(), 64);
+}
+
+TEST_F(CavePreviewTest, HasItsLockInTheMiddleWithAHoleInTheShackle) {
+  Caves(2);
+  Open();
+  ClickRow(2);
+  const QImage seen = Seen();
+  const QColor ink = skin.Colour("select.preview.textcolor");
+  const QColor ground = skin.Colour("select.preview.color");
+  QRegion lock;
+  for (int y = 0; y < seen.height(); ++y) {
+    for (int x = 8; x < seen.width() - 8; ++x) {
+      EXPECT_NEAR(seen.pixelColor(x, y).green(), seen.pixelColor(seen.width() - 1 - x, y).green(), 12);
+      if (seen.pixelColor(x, y) != ground) lock += QRect(x, y, 1, 1);
+    }
+  }
+  const QRect box = lock.boundingRect();
+  EXPECT_NEAR(box.center().x(), seen.width() / 2, 1);
+  EXPECT_NEAR(box.center().y(), seen.height() / 2, seen.height() / 20);
+  EXPECT_NEAR(box.height(), seen.height() * 6 / 10, seen.height() / 20);
+  EXPECT_LT(box.width(), box.height()) << "it is higher than wide";
+  const auto at = [&](int tenth) {
+    return seen.pixelColor(box.center().x(), box.top() + box.height() * tenth / 10);
+  };
+  EXPECT_EQ(at(1), ink);
+  EXPECT_EQ(at(3), ground);
+  EXPECT_EQ(at(4), ground) << "the hole reaches down to the body";
+  for (int tenth = 5; tenth < 10; ++tenth) EXPECT_EQ(at(tenth), ink) << tenth;
+}
+
+// It needs a place in the window, and room for a picture above its line of facts.
+TEST_F(CavePreviewTest, IsThereWhereASkinGivesItAnyRoom) {
+  Caves(1);
+  Open();
+  const std::vector<std::pair<std::string, bool>> rooms{{"left=0", true},
+                                                        {"left=20\npreview.top=0", true},
+                                                        {"left=20\npreview.width=1", true},
+                                                        {"left=20\npreview.height=19", true},
+                                                        {"left=20\npreview.height=18", false}};
+  for (const auto& [room, there] : rooms) {
+    folder.File("Skins/Own/Menu/skindata.txt", "select:\npreview." + room + "\n");
+    EXPECT_TRUE(skin.Apply({folder.Root() + "/Skins", "Own"})) << room;
+    window->SkinIt();
+    EXPECT_EQ(Preview().isVisible(), there) << room;
+  }
 }
 
 }  // namespace

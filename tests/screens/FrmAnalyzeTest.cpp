@@ -77,6 +77,15 @@ TEST_F(FrmAnalyzeTest, StaysWhenItsSecondsAreClicked) {
   EXPECT_EQ(closed_.size(), 1);
 }
 
+TEST_F(FrmAnalyzeTest, HasTheHandOverItsSecondsWhileThereAreAny) {
+  Open(3);
+  EXPECT_EQ(Label("Label4").cursor().shape(), Qt::PointingHandCursor);
+  window_.ClearCountdown();
+  EXPECT_EQ(Label("Label4").cursor().shape(), Qt::ArrowCursor) << "there is nothing to be stopped";
+  Open(3);
+  EXPECT_EQ(Label("Label4").cursor().shape(), Qt::PointingHandCursor);
+}
+
 TEST_F(FrmAnalyzeTest, GoesOnCountingWhenAnythingElseIsClicked) {
   Open(3);
   for (const char* name : {"Label2", "Label3"}) QTest::mouseClick(&Label(name), Qt::LeftButton);
@@ -95,6 +104,25 @@ TEST_F(FrmAnalyzeTest, DoesNotCloseByAKeyThatIsHeldSinceBefore) {
   }
   EXPECT_TRUE(window_.isVisible());
   EXPECT_EQ(closed_.size(), 0);
+}
+
+TEST_F(FrmAnalyzeTest, CountsNoFurtherOnceTheCaveIsPlayedAgain) {
+  window_.OfferAgain(true);
+  for (const Qt::Key key : {Qt::Key_R, Qt::Key_Z}) {
+    Open(3);
+    QSignalSpy again(&window_, &FrmAnalyze::AgainWanted);
+    QTest::keyClick(&window_, key);
+    EXPECT_EQ(again.size(), 1);
+    EXPECT_FALSE(window_.isVisible());
+    EXPECT_FALSE(Timer().isActive());
+    QTest::keyClick(&window_, key);
+    EXPECT_EQ(again.size(), 1) << "it is gone";
+  }
+  EXPECT_EQ(closed_.size(), 0);
+  window_.OfferAgain(false);
+  Open(3);
+  QTest::keyClick(&window_, Qt::Key_R);
+  EXPECT_TRUE(window_.isVisible());
 }
 
 TEST_F(FrmAnalyzeTest, ClosesOnceOnly) {

@@ -11,6 +11,7 @@
 
 #include "screens/FrmDialog2.h"
 #include "screens/PostScreen.h"
+#include "screens/Tones.h"
 
 namespace zorik {
 namespace {
@@ -55,6 +56,7 @@ TEST_F(FrmDialog2Test, ShowsATextToBeReadWithOneButton) {
     EXPECT_TRUE(Shown(box, "ok"));
     EXPECT_FALSE(Shown(box, "close"));
     EXPECT_FALSE(Shown(box, "help"));
+    EXPECT_FALSE(Reading(box).testAttribute(Qt::WA_InputMethodEnabled)) << "nobody is to write into it";
     QTest::keyClicks(&Reading(box), "x");
     EXPECT_EQ(Reading(box).toPlainText(), "Skvělé!\nBody: 00042");
     Click(box, "ok");
@@ -82,6 +84,8 @@ TEST_F(FrmDialog2Test, ShowsMarkupAsItIsWritten) {
 TEST_F(FrmDialog2Test, ScrollsALongTextFromItsStartByKeys) {
   const InDialog dialog([](QWidget& box) {
     EXPECT_EQ(Reading(box).verticalScrollBar()->value(), 0);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&box));
+    EXPECT_EQ(QApplication::focusWidget(), &Reading(box));
     QTest::keyClick(&Reading(box), Qt::Key_PageDown);
     EXPECT_GT(Reading(box).verticalScrollBar()->value(), 0);
   });
@@ -93,6 +97,8 @@ TEST_F(FrmDialog2Test, ShowsThreeButtonsForEditing) {
   Edit("a", [](QWidget& box) {
     EXPECT_TRUE(Editing(box).isVisible());
     EXPECT_FALSE(Reading(box).isVisible());
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&box));
+    EXPECT_EQ(QApplication::focusWidget(), &Editing(box)) << "it can be written into at once";
     for (const char* name : {"ok", "close", "help"}) EXPECT_TRUE(Shown(box, name)) << name;
   });
 }
@@ -177,6 +183,9 @@ TEST_F(FrmDialog2Test, NamesLettersThatNoFileCanHoldBelowTheBox) {
     const auto& note = *box.findChild<QLabel*>("lblNote.Text1");
     EXPECT_TRUE(note.isVisible());
     EXPECT_EQ(note.text(), "Z těchto znaků budou v souboru otazníky: 猫");
+    const QColor ink = note.palette().color(QPalette::WindowText);
+    EXPECT_GT(ink.red(), 2 * std::max(ink.green(), ink.blue())) << "it is red: something goes wrong";
+    EXPECT_GE(Contrast(ink, note.palette().color(QPalette::Window)), 4.5);
     EXPECT_EQ(note.geometry().top(), Editing(box).geometry().bottom() + 1);
     EXPECT_EQ(note.geometry().united(Editing(box).geometry()), whole);
     QTest::keyClick(&Editing(box), Qt::Key_Backspace);

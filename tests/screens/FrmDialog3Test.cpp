@@ -141,5 +141,16 @@ TEST_F(FrmDialog3Test, WritesInTheColoursOfTheSkin) {
   EXPECT_LT(letters, 24);
 }
 
+// Those of the game's own skin are those of skins that tell no others.
+TEST(FrmDialog3Plain, HasTheSizeAndTheFieldOfTheGamesOwnSkin) {
+  test::TestSkin none;
+  const FrmDialog3 window(none.Skin(), nullptr);
+  EXPECT_EQ(window.size(), QSize(360, 160));
+  const QLineEdit& field = *window.findChild<QLineEdit*>("Text1");
+  EXPECT_EQ(field.geometry(), QRect(40, 60, 280, 24));
+  EXPECT_EQ(field.palette().color(QPalette::Base), QColor("#FFF8E0"));
+  EXPECT_EQ(field.palette().color(QPalette::Text), QColor("#402000"));
+}
+
 }  // namespace
 }  // namespace zorik

@@ -209,12 +209,32 @@ TEST_F(FrmKeysTest, TakesTheButtonThatIsPressedNext) {
   EXPECT_EQ(pad_.Of(PadUse::Pause), 3);
 }
 
+TEST_F(FrmKeysTest, TakesNoButtonForABoxThatDoesNotAskAnyMore) {
+  VirtualPad pad;
+  Confirm([&pad](QWidget& window) {
+    QTest::mouseClick(&Box(window, PadUse::Pause), Qt::LeftButton);
+    ASSERT_TRUE(Box(window, PadUse::Pause).Asks());
+    QTest::mouseClick(window.findChild<SkinButton*>("reset"), Qt::LeftButton);
+    EXPECT_FALSE(Box(window, PadUse::Pause).Asks());
+    pad.Button(3, true);
+    QTest::qWait(100);  // five times as long as it takes to look at the pad
+    pad.Button(3, false);
+    EXPECT_EQ(Box(window, PadUse::Pause).text(), "–");
+    EXPECT_EQ(Said(window), "");
+  });
+  EXPECT_EQ(pad_, PadMap());
+}
+
 TEST_F(FrmKeysTest, SaysThatThereIsNoPad) {
   Edit([](QWidget& window) {
     QTest::mouseClick(&Box(window, PadUse::Pause), Qt::LeftButton);
     EXPECT_EQ(Said(window), "Žádný ovladač tu není. Připoj ho, nebo stiskni Esc.");
+    QTest::qWait(100);  // five looks at the pad
+    EXPECT_TRUE(Box(window, PadUse::Pause).Asks()) << "it waits for a button";
+    EXPECT_EQ(Said(window), "Žádný ovladač tu není. Připoj ho, nebo stiskni Esc.");
     QTest::keyClick(&Box(window, PadUse::Pause), Qt::Key_Escape);
     EXPECT_TRUE(window.isVisible());
+    EXPECT_EQ(Said(window), "") << "nothing is asked any more";
   });
 }
 
@@ -318,6 +338,8 @@ TEST_F(FrmKeysTest, HasABoxBesideEachOfItsWordsInRowsAndColumns) {
         EXPECT_TRUE(Box(window, order[i]).accessibleName().endsWith(": " + Box(window, order[i]).text()));
       }
       const std::size_t inALine = narrow ? 2 : 4;
+      const QWidget& part = *Box(window, KeyUse::Left).parentWidget();
+      EXPECT_EQ(Box(window, order.back()).geometry().right(), part.width() - 1) << "nothing stands beside it";
       for (std::size_t i = 0; i < kPadUses; ++i) {
         const KeyBox& box = Box(window, static_cast<PadUse>(i));
         EXPECT_GT(box.y(), Box(window, KeyUse::SlowMotion).geometry().bottom());

@@ -228,6 +228,18 @@ TEST_F(FrmPoStCommands, MakesNoLinkOfAnAuthorWithoutAnAddress) {
   EXPECT_TRUE(openedLinks.isEmpty());
 }
 
+TEST_F(FrmPoStCommands, MakesNoLinkOfTheNextAuthorBecauseOneHadAnAddress) {
+  Caves(1);
+  Open();
+  ASSERT_EQ(Label("Label3").cursor().shape(), Qt::PointingHandCursor);
+  Collection({"a"}, "");
+  ASSERT_TRUE(window->LoadColl(CollectionPath(), "Žofie"));
+  EXPECT_EQ(Label("Label3").toolTip(), "");
+  EXPECT_EQ(Label("Label3").cursor().shape(), Qt::ArrowCursor);
+  QTest::mouseClick(&Label("Label3"), Qt::LeftButton, {}, QPoint(5, 5));
+  EXPECT_TRUE(openedLinks.isEmpty());
+}
+
 TEST_F(FrmPoStCommands, StepsThroughTheCavesAndStopsAtTheEnds) {
   Caves(3);
   Open();

@@ -10,6 +10,7 @@
 #include "screens/DialogScript.h"
 #include "screens/FrmSLang.h"
 #include "screens/TestSkin.h"
+#include "skin/GameFont.h"
 
 namespace zorik {
 namespace {
@@ -202,6 +203,22 @@ TEST_F(FrmSLangTest, ListsTheSkinsOfThePlayerAndOfTheInstallation) {
   QStringList names;
   for (int i = 0; i < combo.count(); ++i) names.push_back(combo.itemText(i));
   EXPECT_EQ(names, (QStringList{"Default", "english", "Moje", "Prazdny"}));
+}
+
+TEST_F(FrmSLangTest, HasItsButtonsAtTheTwoEndsBelowTheSkins) {
+  const QRect author = Button("Command1").geometry();
+  const QRect end = Button("Command2").geometry();
+  EXPECT_EQ(author.left(), Combo1().geometry().left());
+  EXPECT_EQ(end.right(), Combo1().geometry().right());
+  EXPECT_EQ(author.top(), end.top());
+  EXPECT_GT(author.top(), Combo1().geometry().bottom());
+  EXPECT_EQ(author.width(), Button("Command1").sizeHint().width()) << "they are as wide as their words";
+  EXPECT_EQ(end.width(), Button("Command2").sizeHint().width());
+  EXPECT_GT(end.left(), author.right() + 1);
+  for (const QWidget* const part :
+       {static_cast<QWidget*>(&Combo1()), static_cast<QWidget*>(&Button("Command1"))})
+    EXPECT_EQ(part->font().family(), GameFont(14).family()) << "in the letters of the game";
+  EXPECT_EQ(Button("Command2").font().pixelSize(), 14);
 }
 
 TEST_F(FrmSLangTest, TheTabKeyGoesFromTheSkinsToTheAuthorAndToTheEnd) {

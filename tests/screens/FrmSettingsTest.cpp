@@ -362,5 +362,56 @@ TEST_F(FrmSettingsTest, FindsRoomInOneColumn) {
   });
 }
 
+TEST_F(FrmSettingsTest, HasItsScalesBesideTheirWordsAndItsChecksInColumns) {
+  const std::vector<int> order{0, 1, 3, 2, 4, 5, 6, 7};  // down the columns
+  for (const bool narrow : {false, true}) {
+    room_ = narrow ? QSize(512, 290) : QSize();
+    Edit([&](QWidget& window) {
+      const auto at = [&order, &window](std::size_t place) { return Check(window, order[place]).geometry(); };
+      for (int i = 0; i < 3; ++i) {
+        const QRect words = window.findChildren<QLabel*>().at(1 + i)->geometry();
+        const QRect scale = Scale(window, i).geometry();
+        EXPECT_EQ(words.center().y(), scale.center().y()) << i;
+        EXPECT_GE(scale.left() - words.right() - 1, 12) << i;
+        EXPECT_EQ(scale.left(), Scale(window, 0).x()) << i;
+        EXPECT_EQ(words.left(), at(0).left()) << i;
+        EXPECT_LT(scale.bottom(), i < 2 ? Scale(window, i + 1).y() : at(0).top());
+      }
+      const std::size_t rows = narrow ? 8 : 4;
+      for (std::size_t place = 1; place < order.size(); ++place) {
+        if (place % rows > 0) {
+          EXPECT_EQ(at(place).left(), at(place - 1).left()) << place;
+          EXPECT_EQ(at(place).top() - at(place - 1).bottom() - 1, 8) << place;
+        } else {
+          EXPECT_EQ(at(place).top(), at(0).top());
+        }
+        if (place >= rows) {
+          EXPECT_GE(at(place).left() - at(place - rows).right() - 1, 24) << place;
+        }
+      }
+    });
+  }
+}
+
+TEST_F(FrmSettingsTest, HasTheKeysAtTheLeftAndTheTwoEndsAtTheRightOfItsLowerEdge) {
+  Edit([](QWidget& window) {
+    const QRect keys = window.findChild<SkinButton*>("keys")->geometry();
+    const QRect ok = Ok(window).geometry();
+    const QRect close = Close(window).geometry();
+    const QRect area = window.findChild<FittingArea*>()->geometry();
+    EXPECT_EQ(keys.left(), area.left());
+    EXPECT_EQ(close.right(), area.right());
+    EXPECT_EQ(close.left() - ok.right() - 1, 12);
+    EXPECT_GT(ok.left(), keys.right() + 12);
+    EXPECT_EQ(ok.top(), close.top());
+    EXPECT_GE(std::min(keys.top(), ok.top()) - area.bottom() - 1, 12);
+    EXPECT_EQ(window.height() - 1 - std::max(keys.bottom(), ok.bottom()), 20);
+    const QRect caption = window.findChild<QLabel*>("lblCaption")->geometry();
+    EXPECT_NEAR(caption.center().x(), window.rect().center().x(), 1);
+    EXPECT_EQ(caption.top(), 20);
+    EXPECT_LT(caption.bottom(), area.top());
+  });
+}
+
 }  // namespace
 }  // namespace zorik

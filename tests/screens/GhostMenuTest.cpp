@@ -1,4 +1,8 @@
+#include <QFileInfo>
+#include <QSettings>
+
 #include "platform/Settings.h"
+#include "screens/DialogScript.h"
 #include "screens/GhostMenu.h"
 #include "screens/PostMenu.h"
 
@@ -91,6 +95,18 @@ TEST_F(GhostMenu, OpensByTheRightButtonOfTheMouse) {
                 .size(),
             2);
   EXPECT_TRUE(settings.Ghost);
+}
+
+TEST_F(GhostMenu, SaysSoWhenTheChoiceCannotBeStored) {
+  const QString file = QSettings(QSettings::IniFormat, QSettings::UserScope, "Ortvan", "Zorik2").fileName();
+  const QString place = QFileInfo(QFileInfo(file).path()).path();
+  QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, "/dev/null");
+  {
+    const test::DialogScript script = {test::Box("Zorík", "Soubor se nepodařilo uložit.")};
+    Offered(1);
+  }
+  QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, place);
+  EXPECT_TRUE(settings.Ghost) << "it holds as long as the game runs";
 }
 
 }  // namespace

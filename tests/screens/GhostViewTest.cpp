@@ -117,5 +117,19 @@ TEST_F(GhostViewTest, StandsStillInTheTickAfterAStep) {
   EXPECT_TRUE(Moves());
 }
 
+TEST_F(GhostViewTest, IsThatOfTheLastRecordFromThenOn) {
+  test::Pass(run_, 2, "D");
+  ASSERT_EQ(Places(1), Seen{QPointF(2, 1)});
+  Hra faster(1);
+  ASSERT_TRUE(PaintCave(faster, CaveText(), RunKind::Play));
+  ASSERT_EQ(test::Pass(faster, 4, "R"), TickEnd::Won);
+  view_.SetRecord(SaveRecord(faster, faster.Win->Score));
+  EXPECT_EQ(Places(1), Seen{QPointF(3, 1)}) << "in the same tick";
+  view_.SetRecord({});
+  EXPECT_EQ(Places(1), Seen()) << "there is none any more";
+  view_.SetRecord(Record());
+  EXPECT_EQ(Places(1), Seen{QPointF(2, 1)});
+}
+
 }  // namespace
 }  // namespace zorik

@@ -48,6 +48,8 @@ TEST_F(WrapTextTest, BreaksAWordThatNoLineHolds) {
   const WrappedText wrapped = WrapText("wwwwwwwwww a", metrics_, width);
   EXPECT_EQ(wrapped.lines, (QStringList{"wwww", "wwww", "ww a"}));
   EXPECT_LE(wrapped.width, width);
+  EXPECT_EQ(Lines(" wwwwww", width), (QStringList{"", "wwww", "ww"}))
+      << "its first letter may be the last blank";
 }
 
 TEST_F(WrapTextTest, BreaksAPathBehindItsSeparators) {

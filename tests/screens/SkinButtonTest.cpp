@@ -63,6 +63,18 @@ TEST(SkinButtonWithAPlate, IsAPlainButtonWithoutThePicture) {
   EXPECT_EQ(plate.grab().toImage(), plain.grab().toImage());
 }
 
+TEST(SkinButtonWithAPlate, LosesItForAPictureOfItsOwn) {
+  SkinButton button(nullptr);
+  button.SetPlate(Strips(kLooks, {30, 24}));
+  button.SetWords("Uložit někam docela jinam");
+  ASSERT_GT(button.width(), 30);
+  button.SetPicture(Strips({Qt::cyan, Qt::green, Qt::blue}, {40, 20}));
+  EXPECT_EQ(button.size(), QSize(40, 20));
+  const QImage image = button.grab().toImage();
+  for (int x = 0; x < 40; ++x)
+    EXPECT_EQ(image.pixelColor(x, 10), QColor(Qt::cyan)) << "nothing is written on it";
+}
+
 const std::vector<QColor> kCheckLooks = {Qt::red, Qt::green, Qt::blue, Qt::cyan, Qt::magenta, Qt::yellow};
 
 // Places in the window below.
@@ -117,6 +129,11 @@ class SkinButtonTest : public testing::Test {
 
 TEST_F(SkinButtonTest, IsAsLargeAsOneLook) {
   EXPECT_EQ(stage_.button->size(), QSize(40, 30));
+  const QImage seen = stage_.button->grab().toImage();
+  for (const QPoint corner : {QPoint(0, 0), QPoint(39, 0), QPoint(0, 29), QPoint(39, 29)})
+    EXPECT_EQ(seen.pixelColor(corner), kLooks[0]) << "from edge to edge";
+  stage_.button->SetPicture(Strips(kLooks, {1, 30}));
+  EXPECT_EQ(stage_.button->size(), QSize(1, 30)) << "however narrow that is";
 }
 
 TEST_F(SkinButtonTest, ChangesItsLookUnderThePointer) {
@@ -361,6 +378,69 @@ TEST(PlainCheck, HasItsMarkInABoxBeforeItsCaption) {
   EXPECT_FALSE(mark.isEmpty());
   EXPECT_TRUE(box.contains(mark));
   EXPECT_EQ(Where(check, kCaption), caption);
+}
+
+// Round corners are as wide as they are high, and all four are the same.
+TEST(PlainButton, HasRoundCornersAllAlike) {
+  SkinButton button(nullptr);
+  button.setPalette(PlainColours());
+  button.SetWords(" ");
+  const QImage seen = button.grab().toImage();
+  for (int x = 0; x < 12; ++x) {
+    for (int y = 0; y < 12; ++y) {
+      const QColor here = seen.pixelColor(x, y);
+      for (const QPoint other :
+           {QPoint(y, x), QPoint(seen.width() - 1 - x, y), QPoint(x, seen.height() - 1 - y)}) {
+        EXPECT_NEAR(here.green(), seen.pixelColor(other).green(), 10) << x << ' ' << y;
+        EXPECT_NEAR(here.blue(), seen.pixelColor(other).blue(), 10) << x << ' ' << y;
+      }
+    }
+  }
+  EXPECT_LT(seen.pixelColor(0, 0).green(), 30);
+}
+
+TEST(PlainCheck, KeepsItsCaptionWithinTheRing) {
+  OneButton<SkinCheck> stage;
+  SkinCheck& check = *stage.button;
+  QPalette colours = PlainColours();
+  colours.setColor(QPalette::Highlight, Qt::red);
+  check.setPalette(colours);
+  check.setText("Zvuky");
+  check.resize(check.sizeHint());
+  stage.Show();
+  check.window()->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(check.window()));
+  check.clearFocus();
+  const QRect caption = Where(check, kCaption);
+  ASSERT_FALSE(caption.isEmpty());
+  EXPECT_EQ(Where(check, Qt::red), QRect());
+  check.setFocus();
+  EXPECT_EQ(Where(check, kCaption), caption);
+  const QRect ring = Where(check, Qt::red);
+  EXPECT_TRUE(ring.contains(caption, true));
+  EXPECT_EQ(ring.right(), check.width() - 1);
+  EXPECT_EQ(ring.top(), 0);
+  EXPECT_EQ(ring.bottom(), check.height() - 1);
+  EXPECT_GT(ring.left(), Where(check, Qt::green).right());
+}
+
+// A look is narrower than the words, which stand on all of the plate.
+TEST(SkinButtonWithAPlate, WritesItsWordsFromItsOneEndToTheOther) {
+  SkinButton button(nullptr);
+  button.SetPlate(Strips({Qt::red, Qt::green, Qt::blue}, {60, 30}));
+  button.SetWords("HHHHHHHHHHHHHHHH");
+  ASSERT_GT(button.width(), 150);
+  const QImage seen = button.grab().toImage();
+  const auto letters = [&seen](int from, int to) {
+    int found = 0;
+    for (int x = from; x < to; ++x) {
+      for (int y = 0; y < seen.height(); ++y) found += seen.pixelColor(x, y).green() > 0xC0 ? 1 : 0;
+    }
+    return found;
+  };
+  EXPECT_GT(letters(14, 60), 20);
+  EXPECT_GT(letters(60, button.width() - 60), 20);
+  EXPECT_GT(letters(button.width() - 60, button.width() - 14), 20);
 }
 
 }  // namespace

@@ -3,9 +3,11 @@
 #include <QPainter>
 #include <QTest>
 
+#include "screens/PaintedParts.h"
 #include "screens/SkinButton.h"
 #include "screens/SkinWindow.h"
 #include "screens/TestSkin.h"
+#include "screens/Tones.h"
 
 namespace zorik {
 namespace {
@@ -85,6 +87,9 @@ TEST_F(SkinWindowTest, TakesTheShapeOfItsNextPicture) {
   EXPECT_EQ(window_.size(), QSize(100, 40));
   EXPECT_FALSE(window_.mask().contains(QPoint(49, 20)));
   EXPECT_TRUE(window_.mask().contains(QPoint(50, 20)));
+  window_.Surface().SetPicture(test::Strips({Qt::red, Qt::black, Qt::black, Qt::black}, {25, 40}));
+  EXPECT_FALSE(window_.mask().contains(QPoint(20, 20))) << "of the same size, too";
+  EXPECT_TRUE(window_.mask().contains(QPoint(30, 20)));
 }
 
 TEST_F(SkinWindowTest, ShowsAPictureThatIsLaidOverItsOwnWithinItsShape) {
@@ -105,6 +110,83 @@ TEST_F(SkinWindowTest, IsAPlainBoxWithoutAPicture) {
   EXPECT_TRUE(window_.mask().contains(QPoint(40, 30)));
   EXPECT_FALSE(window_.mask().contains(QPoint(0, 0))) << "its corners are round";
   EXPECT_EQ(Grabbed().pixelColor(40, 30), kPlainGround);
+}
+
+// The border is one and a half pixels wide, in a colour that goes with the ground.
+TEST_F(SkinWindowTest, HasAThinBorderRoundAPlainBox) {
+  window_.Surface().SetColour(Qt::darkGreen);
+  window_.resize(80, 60);
+  window_.show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&window_));
+  const QImage seen = Grabbed();
+  const QColor line = TonesOf(Qt::darkGreen).line;
+  for (int x = 12; x < 68; ++x) {
+    for (const int y : {0, 59}) EXPECT_EQ(seen.pixelColor(x, y), line) << x << ' ' << y;
+    for (const int y : {2, 57}) EXPECT_EQ(seen.pixelColor(x, y), QColor(Qt::darkGreen)) << x << ' ' << y;
+  }
+  for (int y = 12; y < 48; ++y) {
+    for (const int x : {0, 79}) EXPECT_EQ(seen.pixelColor(x, y), line) << x << ' ' << y;
+    for (const int x : {2, 77}) EXPECT_EQ(seen.pixelColor(x, y), QColor(Qt::darkGreen)) << x << ' ' << y;
+  }
+  for (int x = 0; x < 12; ++x) {
+    for (int y = 0; y < 12; ++y) {
+      const int alpha = seen.pixelColor(x, y).alpha();
+      EXPECT_NEAR(alpha, seen.pixelColor(y, x).alpha(), 8) << x << ' ' << y;
+      EXPECT_NEAR(alpha, seen.pixelColor(79 - x, y).alpha(), 8) << x << ' ' << y;
+      EXPECT_NEAR(alpha, seen.pixelColor(x, 59 - y).alpha(), 8) << x << ' ' << y;
+      EXPECT_EQ(window_.mask().contains(QPoint(x, y)), alpha >= 64)
+          << "edges that are nearly clear are left out";
+    }
+  }
+}
+
+TEST_F(SkinWindowTest, ShowsEachNewLookAtOnce) {
+  Show(Disc());
+  test::PaintedParts painted;
+  painted.Watch(window_);
+  const std::vector<std::function<void()>> looks{
+      [this] {
+        window_.Surface().SetPicture(test::Strips({Qt::black, Qt::red}, {60, 100}));
+      },
+      [this] {
+        window_.Surface().LayOver(test::Strips({Qt::blue}, {200, 30}));
+      },
+      [this] { window_.Surface().SetColour(Qt::green); }, [this] { window_.Surface().SetColour(Qt::blue); }};
+  for (const auto& look : looks) {
+    QCoreApplication::processEvents();
+    painted.Take();
+    look();
+    EXPECT_TRUE(QTest::qWaitFor([&painted] { return !painted.Take().isEmpty(); }));
+  }
+  EXPECT_EQ(Grabbed().pixelColor(60, 50), QColor(Qt::blue));
+  EXPECT_TRUE(window_.mask().contains(QPoint(20, 50))) << "it has no hole any more";
+  window_.Surface().LayOver(Disc());
+  EXPECT_EQ(Grabbed().pixelColor(30, 50), QColor(Qt::blue)) << "there is no picture to lay another over";
+}
+
+// A press far enough away drags it, and from there on it follows wherever the pointer is.
+TEST_F(SkinWindowTest, FollowsThePointerUntilItIsLetGo) {
+  Show(Disc());
+  const auto send = [this](QEvent::Type type, QPoint pointer, Qt::MouseButton button, Qt::MouseButtons held) {
+    QMouseEvent event(type, pointer - window_.pos(), pointer, button, held, {});
+    QApplication::sendEvent(&window_, &event);
+  };
+  const auto move = [&](QPoint pointer) { send(QEvent::MouseMove, pointer, Qt::NoButton, Qt::LeftButton); };
+  const int least = QApplication::startDragDistance();
+  move({150, 150});
+  EXPECT_EQ(window_.pos(), QPoint(100, 100)) << "nobody holds it";
+  send(QEvent::MouseButtonPress, {130, 150}, Qt::LeftButton, Qt::LeftButton);
+  move({130 + least - 1, 150});
+  EXPECT_EQ(window_.pos(), QPoint(100, 100));
+  send(QEvent::MouseMove, {300, 300}, Qt::NoButton, Qt::NoButton);
+  EXPECT_EQ(window_.pos(), QPoint(100, 100)) << "it was let go elsewhere";
+  move({130 + least, 150});
+  EXPECT_EQ(window_.pos(), QPoint(100 + least, 100));
+  move({131, 152});
+  EXPECT_EQ(window_.pos(), QPoint(101, 102)) << "also back";
+  send(QEvent::MouseButtonRelease, {131, 152}, Qt::LeftButton, Qt::NoButton);
+  move({200, 200});
+  EXPECT_EQ(window_.pos(), QPoint(101, 102));
 }
 
 TEST_F(SkinWindowTest, KeepsItsShapeWhenItGrows) {
@@ -204,6 +286,72 @@ TEST_F(SkinDialogTest, IsAnsweredOnceByAKeyThatStaysDown) {
   }
   EXPECT_EQ(dialog_.escapes, 1);
   EXPECT_EQ(dialog_.enters, 2) << "of either key";
+}
+
+// Wherever its parent is, a dialog opens within the screen; of one too large its beginning is seen.
+TEST(SkinDialogPlace, IsWithinTheScreen) {
+  const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+  QWidget parent;
+  for (const QPoint place : {screen.topLeft() - QPoint(80, 80), screen.bottomRight() - QPoint(20, 20),
+                             QPoint(screen.left() - 80, screen.bottom() - 20)}) {
+    parent.setGeometry(QRect(place, QSize(100, 100)));
+    parent.show();
+    Dialog dialog(&parent);
+    dialog.resize(200, 160);
+    dialog.show();
+    EXPECT_TRUE(screen.contains(dialog.geometry())) << place.x() << ' ' << place.y();
+    const QRect wanted(parent.geometry().center() - QPoint(99, 79), QSize(200, 160));
+    if (screen.left() > wanted.left()) {
+      EXPECT_EQ(dialog.x(), screen.left());
+    }
+    if (screen.right() < wanted.right()) {
+      EXPECT_EQ(dialog.geometry().right(), screen.right());
+    }
+    if (screen.bottom() < wanted.bottom()) {
+      EXPECT_EQ(dialog.geometry().bottom(), screen.bottom());
+    }
+  }
+  Dialog large(&parent);
+  large.resize(screen.size() + QSize(100, 100));
+  large.show();
+  EXPECT_EQ(large.pos(), screen.topLeft());
+}
+
+TEST(SkinDialogPlace, IsTheMiddleOfTheScreenWithoutAParentThatIsSeen) {
+  const QPoint middle = QGuiApplication::primaryScreen()->availableGeometry().center();
+  QWidget parent;
+  parent.setGeometry(10, 10, 100, 100);
+  for (QWidget* const above : {static_cast<QWidget*>(nullptr), &parent}) {
+    Dialog dialog(above);
+    dialog.resize(101, 61);
+    dialog.show();
+    EXPECT_LE((dialog.geometry().center() - middle).manhattanLength(), 2);
+  }
+}
+
+TEST_F(SkinDialogTest, ComesBackToTheMiddleWhenItOpensAgain) {
+  dialog_.move(10, 20);
+  dialog_.hide();
+  parent_.setGeometry(140, 160, 300, 200);
+  EXPECT_EQ(dialog_.pos(), QPoint(10, 20)) << "nobody sees it";
+  dialog_.show();
+  EXPECT_EQ(dialog_.geometry().center(), parent_.geometry().center());
+  dialog_.setVisible(true);
+  dialog_.move(10, 20);
+  dialog_.setVisible(true);
+  EXPECT_EQ(dialog_.pos(), QPoint(10, 20)) << "it is there already";
+}
+
+TEST_F(SkinDialogTest, LeavesKeysThatItHasNoUseForToOthers) {
+  for (const Qt::Key key : {Qt::Key_A, Qt::Key_F1, Qt::Key_Space}) {
+    QKeyEvent event(QEvent::KeyPress, key, {});
+    event.accept();
+    QApplication::sendEvent(&dialog_, &event);
+    EXPECT_FALSE(event.isAccepted()) << key;
+  }
+  EXPECT_EQ(dialog_.enters + dialog_.escapes, 0);
+  dialog_.reject();
+  EXPECT_EQ(dialog_.escapes, 1) << "to close it is to leave it";
 }
 
 }  // namespace

@@ -173,6 +173,22 @@ TEST_F(StartReady, AKeyThatStaysDownGoesThroughThePlayers) {
   EXPECT_EQ(ChosenFingers(), QStringList{"fingerPlay"}) << "but chooses nothing else";
 }
 
+TEST_F(StartReady, StaysAsItWasScrolledWhenItComesBackFromTheTaskBar) {
+  Player("Adam");
+  for (char file = 'a'; file < 'o'; ++file) Coll(std::string(1, file) + ".zk", "Sbirka");
+  Load().show();
+  Colls().Scroll(6);
+  const QRect first = Colls().PlaceOf(0);
+  ASSERT_LT(first.bottom(), 0);
+  QShowEvent back;
+  QSpontaneKeyEvent::setSpontaneous(&back);
+  static_cast<QObject&>(*start_).event(&back);
+  EXPECT_EQ(Colls().PlaceOf(0), first);
+  start_->hide();
+  start_->show();
+  EXPECT_NE(Colls().PlaceOf(0), first) << "what is opened anew shows what is selected";
+}
+
 TEST_F(StartReady, AFileFromOutsideBringsTheScreenToTheFront) {
   Player("Adam");
   folder_.File("jinde/x.zkr", "record");
