@@ -12,7 +12,7 @@ class TwoWays {
 
   std::unique_ptr<Hra> Begin(int waited = kWaited) const {
     return Practise({"WWWWWWWWWWW", "WWWWW;;;WWW", "W1D;;;W;;TW", "WWWWW;;;WWW", "WWWWWWWWWWW"},
-                    {.needed = 1}, kWaited);
+                    {.needed = 1}, waited);
   }
 
   // The way that is not found by itself: its mirror image is.
