@@ -105,8 +105,13 @@ TEST_F(AWayHint, TakesNothingForDoneThatIsToBeDoneBesideTheWay) {
   ASSERT_EQ(laid.trails.size(), 1U);
   EXPECT_EQ(laid.trails[0].cells, (std::vector<QPoint>{{1, 1}, {2, 1}, {3, 1}}))
       << "nobody goes there for it";
+  EXPECT_EQ(laid.marks[1].colour.rgb(), laid.trails[0].colour.rgb())
+      << "steps have the colour of their trail";
   GoOn(1, "");
   EXPECT_EQ(hint.Steps().size(), 3U);
+  GoOn(1, "R");
+  ASSERT_EQ(hint.Steps().size(), 1U) << "who is there has no use for what was to be done there";
+  EXPECT_EQ(hint.Steps()[0].cell, Cell(3, 1));
 }
 
 // All of it

@@ -162,6 +162,9 @@ TEST(WayWatch, AsksNothingMoreAboutALostRun) {
     EXPECT_FALSE(watch.Asking()) << tick;
     EXPECT_EQ(watch.At(tick), Prospect::Impossible);
   }
+  QTest::qWait(2100);  // longer than it rests where it has found none
+  watch.WentOn(*Practised(kWalled, 21));
+  EXPECT_FALSE(watch.Asking());
   const auto same = Practised(kWalled, 5);
   watch.Ask(*same, Timeline(*same));
   EXPECT_FALSE(watch.Asking());
@@ -203,6 +206,10 @@ TEST(WayWatch, DoubtsLaterWhereItKnewOnlyEarlier) {
   EXPECT_EQ(watch.At(2 + 10), Prospect::Known) << "the way leads there over tick 2";
   EXPECT_EQ(watch.At(2 + 11), Prospect::NoneYet);
   EXPECT_EQ(watch.WayFrom(5), nullptr) << "the run goes on in another way";
+  watch.WentOn(*Practised(kCorridor, 6));
+  EXPECT_FALSE(watch.Asking());
+  watch.WentOn(*Practised(kCorridor, 2 + 5));
+  EXPECT_TRUE(watch.Asking());
 }
 
 TEST(WayWatch, DoubtsFromTheTickOnFromWhichNoneWasFound) {
