@@ -55,15 +55,6 @@ TEST_F(RunQuestion, IsForgottenByWhoGoesBackHimself) {
   ExpectNoAnswer();
 }
 
-TEST_F(RunQuestion, IsForgottenWithPracticeThatBeginsAnew) {
-  AskInPractice();
-  QTest::keyPress(window.get(), Qt::Key_Control);
-  QTest::keyClick(window.get(), Qt::Key_R, Qt::ControlModifier);
-  QTest::keyRelease(window.get(), Qt::Key_Control);
-  ExpectNoAnswer();
-  EXPECT_TRUE(window->Machine().Practising());
-}
-
 TEST_F(RunQuestion, IsForgottenWithTheRun) {
   AskInPractice();
   ASSERT_TRUE(window->Start(CaveTextOf(LongWay()), RunKind::Play));
