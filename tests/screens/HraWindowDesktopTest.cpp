@@ -94,6 +94,17 @@ TEST_F(HraWindowDesktopTest, FillsTheScreenNoMoreAfterEscAndHandsOnTheNextEsc) {
   EXPECT_EQ(others[0][0].toInt(), Qt::Key_Escape);
 }
 
+TEST_F(HraWindowDesktopTest, FillsTheScreenOnAfterAnyOtherKey) {
+  Open(Corridor());
+  QSignalSpy others(window.get(), &HraWindow::OtherKey);
+  QTest::keyClick(window.get(), Qt::Key_F11);
+  for (const Qt::Key key : {Qt::Key_Backspace, Qt::Key_F3, Qt::Key_Q}) {
+    QTest::keyClick(window.get(), key);
+    EXPECT_TRUE(FillsTheScreen()) << key;
+  }
+  EXPECT_EQ(others.count(), 3) << "they are handed on";
+}
+
 TEST_F(HraWindowDesktopTest, HasAButtonThatLeavesTheCaveWhileItFillsTheScreen) {
   Open(Corridor());
   EXPECT_FALSE(Shows("leave"));

@@ -211,5 +211,17 @@ TEST_F(HraWindowKeysTest, DoesNotPauseForTheSettingsNorBehindTheTableNorWhenNoth
   EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
 }
 
+TEST_F(HraWindowKeysTest, GoesOnWhileThePlayerIsInAnotherWindowOfTheGame) {
+  settings.PauseOnFocusLoss = true;
+  OpenInFront();
+  QWidget other;
+  other.show();
+  other.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+  QTest::qWait(200);  // longer than a window may take to get the focus
+  EXPECT_TRUE(window->Ticking());
+  EXPECT_NE(window->Message().Text(), "Pauza");
+}
+
 }  // namespace
 }  // namespace zorik

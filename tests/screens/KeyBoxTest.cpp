@@ -191,5 +191,46 @@ TEST_F(AKeyBox, IsNoShortcutWhileItAsks) {
   EXPECT_TRUE(asks.isAccepted());
 }
 
+// Notes which keys come to a widget.
+class HeardKeys : public QObject {
+ public:
+  int keys = 0;
+
+ protected:
+  bool eventFilter(QObject* /*object*/, QEvent* event) override {
+    const QEvent::Type type = event->type();
+    if (type == QEvent::ShortcutOverride || type == QEvent::KeyPress || type == QEvent::KeyRelease) ++keys;
+    return false;
+  }
+};
+
+TEST_F(AKeyBox, KeepsItsKeysFromTheWindowWhileItAsks) {
+  HeardKeys heard;
+  Ask();
+  window.installEventFilter(&heard);
+  const auto send = [&](QEvent::Type type, Qt::Key key) {
+    QKeyEvent event(type, key, {});
+    QApplication::sendEvent(box, &event);
+    EXPECT_TRUE(event.isAccepted()) << key;
+  };
+  send(QEvent::ShortcutOverride, Qt::Key_Shift);
+  send(QEvent::KeyPress, Qt::Key_Shift);
+  send(QEvent::KeyRelease, Qt::Key_Control);
+  send(QEvent::ShortcutOverride, Qt::Key_A);
+  send(QEvent::KeyPress, Qt::Key_A);
+  EXPECT_EQ(heard.keys, 0);
+  EXPECT_EQ(caught.size(), 1U);
+}
+
+TEST_F(AKeyBox, IsLitWhileItAsksAlsoWhereTheFocusIsElsewhere) {
+  const QColor rim = Seen().pixelColor(60, 1);
+  box->click();
+  ASSERT_TRUE(box->Asks());
+  ASSERT_FALSE(box->hasFocus());
+  EXPECT_GT(Seen().pixelColor(60, 1).red(), 150);
+  box->StopAsking();
+  EXPECT_EQ(Seen().pixelColor(60, 1), rim);
+}
+
 }  // namespace
 }  // namespace zorik

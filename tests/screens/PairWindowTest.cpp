@@ -385,5 +385,18 @@ TEST_F(PairWindowTest, ShowsAllOfACaveHoweverWideItIs) {
   }
 }
 
+TEST_F(PairWindowTest, HasItsLineBetweenTheRunsAndTheButtonsFromEdgeToEdge) {
+  OpenTwo();
+  const QRect line = window->findChild<SeekLine*>()->geometry();
+  EXPECT_EQ(line.left(), 10);
+  EXPECT_EQ(window->width() - 1 - line.right(), 10);
+  for (const RunView* const view : window->findChildren<RunView*>())
+    EXPECT_LT(view->mapTo(window.get(), view->rect().bottomLeft()).y(), line.top());
+  for (const char* name : {"start", "play", "end", "difference"}) {
+    EXPECT_GT(Button(name)->y(), line.bottom()) << name;
+    EXPECT_LT(Button(name)->geometry().bottom(), window->height()) << name;
+  }
+}
+
 }  // namespace
 }  // namespace zorik::test

@@ -83,5 +83,35 @@ TEST_F(PracticeEnds, SayThatTheLastWayIsLookedForUntilItIsFound) {
   QTest::keyRelease(window.get(), Qt::Key_Backspace);
 }
 
+// The bar of a run that has just begun stays for ten seconds, and later for three; and as long as it is of
+// use.
+TEST_F(PracticeEnds, KeepTheBarThatHelpsThere) {
+  constexpr int kAtFirst = 10'500;
+  constexpr int kLater = 3'400;
+  settings.Speed = 1;  // nobody is asked meanwhile whether he sleeps
+  Practise({"WWWWWWW", "W1...TW", "WWWWWWW"}, {.time = 2, .needed = 0});
+  auto* const bar = window->findChild<PracticeBar*>();
+  ASSERT_TRUE(TimeIsUp());
+  QTest::qWait(kAtFirst);
+  EXPECT_TRUE(bar->isVisible()) << "there is nothing to be done but with its buttons";
+  QTest::keyPress(window.get(), Qt::Key_Backspace);
+  EXPECT_TRUE(Wait([&] { return !bar->isVisible(); })) << "time is left again";
+  QTest::mouseMove(window.get(), QPoint(50, 200));
+  QTest::mouseMove(window.get(), QPoint(60, 210));
+  ASSERT_TRUE(Wait([&] { return bar->isVisible(); }));
+  bar->setAttribute(Qt::WA_UnderMouse);
+  QTest::qWait(kLater);
+  EXPECT_TRUE(bar->isVisible()) << "the pointer is on it";
+  bar->setAttribute(Qt::WA_UnderMouse, false);
+  EXPECT_TRUE(Wait([&] { return !bar->isVisible(); }));
+  QTest::keyPress(window.get(), Qt::Key_Right);
+  QTest::keyRelease(window.get(), Qt::Key_Backspace);
+  ASSERT_TRUE(Wait([&] { return window->Machine().Win.has_value(); }));
+  QTest::keyRelease(window.get(), Qt::Key_Right);
+  EXPECT_TRUE(bar->isVisible());
+  QTest::qWait(kLater);
+  EXPECT_TRUE(bar->isVisible()) << "it offers the cave in earnest";
+}
+
 }  // namespace
 }  // namespace zorik

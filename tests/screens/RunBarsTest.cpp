@@ -165,5 +165,53 @@ TEST_F(RunBars, HandOverTheLastMomentOfARecordThatIsNotWon) {
   EXPECT_EQ(Tick(), 30);
 }
 
+// A message lies over the cave, but not over what is to be clicked and what always has to be seen.
+TEST_F(RunBars, LieOverTheMessagesOfTheRun) {
+  const auto above = [&](const QWidget& part) {
+    return window->children().indexOf(&part) > window->children().indexOf(&window->Message());
+  };
+  Practise();
+  EXPECT_TRUE(above(Training().Bar()));
+  EXPECT_TRUE(above(Badge()));
+  window->Say("Haf!", false);
+  QTest::mouseMove(window.get(), QPoint(50, 200));
+  QTest::mouseMove(window.get(), QPoint(60, 210));
+  EXPECT_TRUE(Wait([&] { return above(Training().Bar()); }));
+  Click("picRestart");
+  EXPECT_TRUE(above(Badge()));
+  PlayRecord(RecordOfKeys(LongWay(), std::string(30, 'R')));
+  EXPECT_TRUE(above(Bar()));
+  window->Say("Haf!", false);
+  Press(Qt::Key_Left);
+  EXPECT_TRUE(above(Bar()));
+}
+
+TEST_F(RunBars, KnowWhatPracticeSeesAlsoWhileNoTimePasses) {
+  Practise({"WWWWWWWWW", "W1;D;;;TW", "WWWWWWWWW"}, {.needed = 1});
+  ASSERT_EQ(Badge().Light(), Prospect::NoneYet);
+  window->WithDialog([&] {
+    Press(Qt::Key_H);
+    EXPECT_TRUE(Wait([&] { return Training().Hint().Shown(); }));
+    EXPECT_EQ(Badge().Light(), Prospect::Known);
+  });
+}
+
+// Six buttons with six pixels between them, eight around them, and nine at both sides of their words; the
+// bar is four pixels from the edges.
+TEST_F(RunBars, BecomeSmallerWhereTheirButtonsWouldNotFindRoom) {
+  Practise();
+  auto* const bar = window->findChild<PracticeBar*>();
+  int needed = 2 * 8 + 5 * 6;
+  for (const BarButton* const button : bar->findChildren<BarButton*>()) {
+    if (button->objectName() != "earnest") needed += button->CaptionWidth(54 - 2 * 8) + 2 * 9;
+  }
+  ASSERT_LE(needed, 860) << "the bar is no wider";
+  bar->PlaceIn({0, 0, needed + 2 * 4, 300});
+  EXPECT_EQ(bar->width(), needed);
+  EXPECT_EQ(bar->height(), 54);
+  bar->PlaceIn({0, 0, needed + 2 * 4 - 1, 300});
+  EXPECT_LT(bar->height(), 54);
+}
+
 }  // namespace
 }  // namespace zorik

@@ -359,5 +359,35 @@ TEST(TopBar, HasARestartThatGlowsAndFadesWhileItPulses) {
   EXPECT_EQ(button->grab().toImage(), still);
 }
 
+TEST(TopBar, ShowsEachButtonItsOwnPicture) {
+  TopBar bar(nullptr);
+  bar.resize(1000, kTopBar);
+  bar.ShowLeave(true);
+  const std::vector<std::pair<const char*, QColor>> pictures{
+      {"picRestart", Qt::red}, {"Command4", Qt::green}, {"leave", Qt::blue}};
+  const auto filled = [](QColor colour) {
+    QImage picture(40, 40, QImage::Format_ARGB32_Premultiplied);
+    picture.fill(colour);
+    return picture;
+  };
+  bar.SetPictures({}, filled(Qt::red), filled(Qt::green), filled(Qt::blue));
+  for (const auto& [name, colour] : pictures) {
+    const QImage face = Button(bar, name)->grab().toImage();
+    EXPECT_EQ(face.pixelColor(face.rect().center()).hue(), colour.hue()) << name;
+  }
+}
+
+TEST(TopBar, DrawsNothingBeforeThreeFigures) {
+  TopBar bar(nullptr);
+  bar.resize(1000, kTopBar);
+  const auto first = [&](void (TopBar::*set)(int), int before, int after) {
+    (bar.*set)(before);
+    return Changed(bar, [&] { (bar.*set)(after); }).left();
+  };
+  EXPECT_EQ(first(&TopBar::SetNeeded, 111, 811), first(&TopBar::SetNeeded, 1111, 8111));
+  bar.SetNeeded(9999);  // more than there are
+  EXPECT_EQ(first(&TopBar::SetGems, 111, 811), first(&TopBar::SetGems, 1111, 8111));
+}
+
 }  // namespace
 }  // namespace zorik

@@ -3,6 +3,7 @@
 #include <QElapsedTimer>
 #include <QSignalSpy>
 
+#include "screens/TwoWays.h"
 #include "screens/WayFinder.h"
 #include "support/Patience.h"
 #include "support/Practised.h"
@@ -73,11 +74,56 @@ TEST(WayFinder, KnowsNothingOfAnotherRun) {
   EXPECT_TRUE(finder.Way().empty());
 }
 
+TEST(WayFinder, DropsItsQuestionForAnotherRun) {
+  for (const bool forgets : {true, false}) {
+    WayFinder finder;
+    const auto run = Practise(kCorridor);
+    finder.Ask(*run);
+    if (forgets) {
+      finder.Forget();
+    } else {
+      finder.Drop();
+    }
+    EXPECT_FALSE(finder.Asking());
+    QSignalSpy answered(&finder, &WayFinder::Answered);
+    WayFinder other;
+    other.Ask(*run);
+    ASSERT_TRUE(Answers(other));
+    EXPECT_EQ(answered.count(), 0);
+    EXPECT_EQ(finder.Answer(), Prospect::NoneYet);
+  }
+}
+
+// Two ways are as good as each other: whoever goes one of them is not sent to the other.
+TEST(WayFinder, KeepsToTheWayThatIsUnderWay) {
+  const TwoWays ways;
+  const Plan other = ways.Other();
+  const auto run = ways.Begin();
+  WayFinder finder;
+  finder.Ask(*run, other);
+  ASSERT_TRUE(Answers(finder));
+  EXPECT_EQ(finder.Way(), other);
+  EXPECT_EQ(finder.WayFrom(), run->Ticks);
+  finder.Ask(*run);
+  ASSERT_TRUE(Answers(finder));
+  EXPECT_EQ(finder.Way(), other) << "nothing of it is done";
+  for (std::size_t move = 0; move < 2; ++move) Tick(*run, KeysOf(other[move]));
+  finder.Ask(*run);
+  ASSERT_TRUE(Answers(finder));
+  EXPECT_EQ(finder.Way(), Plan(other.begin() + 2, other.end()));
+  EXPECT_EQ(finder.WayFrom(), run->Ticks);
+  finder.Forget();
+  finder.Ask(*ways.Begin());
+  ASSERT_TRUE(Answers(finder));
+  EXPECT_NE(finder.Way(), other) << "of another run nothing is known";
+}
+
 // Who leaves the game does not wait for five seconds.
 TEST(WayFinder, EndsAtOnceWithItsQuestion) {
   const auto run = Practise(kBoulders);
   auto finder = std::make_unique<WayFinder>(nullptr, 1'000'000);
   finder->Ask(*run);
+  QTest::qWait(100);  // it is at it by now
   QElapsedTimer clock;
   clock.start();
   finder.reset();
