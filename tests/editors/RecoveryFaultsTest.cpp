@@ -154,9 +154,9 @@ TEST_F(RecoveryFaultsTest, WhatCanBeReadNoLongerIsNotOpened) {
 TEST_F(RecoveryFaultsTest, AClosedOneIsNotOpened) {
   OpenCaves({"A", "B"});
   const std::string path = Discard(RecoveryPath(), sound_);
-  const std::string closed = Discard(folder.Root() + "/Other", {"ESadaA", "AX", "a@b.czQ", "x---01", ""});
-  OpenDiscarded([&path, &closed] {
-    std::filesystem::copy(closed, path, std::filesystem::copy_options::overwrite_existing);
+  const std::string shut = Discard(folder.Root() + "/Other", {"ESadaA", "AX", "a@b.czQ", "x---01", ""});
+  OpenDiscarded([&path, &shut] {
+    std::filesystem::copy(shut, path, std::filesystem::copy_options::overwrite_existing);
   });
   ExpectNothingOpened(path);
   EXPECT_EQ(Rows(), (Names{"*A", "B"}));

@@ -160,15 +160,15 @@ TEST(ARun, IsNotAtRestWhileAnythingBurns) {
 // What stands has the state of things that lie only where it has grown into a cell over a magic wall, and
 // falls then.
 TEST(ARun, IsNotAtRestWhileAWallMayFall) {
-  for (const std::uint16_t code : {+kSteel, +kBrick, +kBiomass, +kWallH, +kWallV, +kSlime, +kFinish,
-                                   +kLockRed, +kLockGreen, +kLockBlue}) {
+  for (const auto code :
+       {kSteel, kBrick, kBiomass, kWallH, kWallV, kSlime, kFinish, kLockRed, kLockGreen, kLockBlue}) {
     Hra run = Live({"WWWWW", "W1..W", "WWWWW"});
     run.SetObject({3, 1}, code, kResting);
     EXPECT_FALSE(IsAtRest(run)) << code;
     run.SetObject({3, 1}, code, kFlat);
     EXPECT_TRUE(IsAtRest(run)) << code;
   }
-  for (const std::uint16_t code : {+kBoulder, +kGem, +kBox}) {
+  for (const auto code : {kBoulder, kGem, kBox}) {
     Hra run = Live({"WWWWW", "W1..W", "WWWWW"});
     run.SetObject({3, 1}, code, kResting);
     EXPECT_TRUE(IsAtRest(run)) << code;
