@@ -37,13 +37,14 @@ ProofTick TickAhead(const Hra& run) {
   tick.line = line;
   const auto before = BeforeKeys(run, line.size());
   if (!before) return tick;
-  const auto value = [&](std::size_t place) {
-    return *before + place < line.size() ? static_cast<unsigned char>(line[*before + place]) - kFirstCode : 0;
+  const auto value = [&](std::size_t place, int otherwise) {
+    return *before + place < line.size() ? static_cast<unsigned char>(line[*before + place]) - kFirstCode
+                                         : otherwise;
   };
   tick.keys = true;
-  tick.direction = value(0);
-  tick.action = value(1);
-  tick.unit = value(2);
+  tick.direction = value(0, 0);
+  tick.action = value(1, 0);
+  tick.unit = value(2, run.ActiveDog);
   return tick;
 }
 

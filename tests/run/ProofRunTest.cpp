@@ -44,6 +44,18 @@ TEST(AProof, IsNoneWhereTheRecordDoesNotWin) {
   EXPECT_FALSE(Proof::Read(record.substr(0, record.rfind("\r\n"))));
 }
 
+TEST(AProof, LeavesWhoIsSteeredWhereItsRecordNamesNobody) {
+  std::string record = RecordOf(kPlain);
+  const std::string lineEnd = "AB\r\n";  // no action, unit 1
+  for (std::size_t at = record.find(lineEnd); at != std::string::npos; at = record.find(lineEnd, at))
+    record.erase(at + 1, 1);
+  ASSERT_TRUE(Wins(record));
+  const auto proof = Proof::Read(record);
+  ASSERT_TRUE(proof);
+  ASSERT_EQ((*proof)->Ticks().size(), 7U);
+  for (const ProofTick& tick : (*proof)->Ticks()) EXPECT_EQ(tick.unit, 1);
+}
+
 TEST(AProof, StillWinsWhereSomethingWasPutBesideItsWay) {
   EXPECT_TRUE(JudgedIn(kPlain, {"WWWWWWWWW", "W1;D;;;;T", "W;RR;X;;W", "WWWWWWWWW"}).wins);
 }

@@ -112,9 +112,11 @@ TEST(HideAway, IsATableWithHeadsAndLinesOfOneWidth) {
       EXPECT_EQ(seen.pixelColor(x, y), between ? line : QColor(Qt::white)) << x << ' ' << y;
     }
   }
-  for (int y = 1; y < 260; ++y) EXPECT_EQ(seen.pixelColor(1, y), y % 20 == 0 ? line : head) << y;
-  for (int x = 0; x < 420; ++x)
-    EXPECT_EQ(seen.pixelColor(x, 1), x >= 28 && (x - 28) % 84 == 0 ? line : head) << x;
+  for (const int edge : {0, 1}) {
+    for (int y = 1; y < 260; ++y) EXPECT_EQ(seen.pixelColor(edge, y), y % 20 == 0 ? line : head) << y;
+    for (int x = 0; x < 420; ++x)
+      EXPECT_EQ(seen.pixelColor(x, edge), x >= 28 && (x - 28) % 84 == 0 ? line : head) << x;
+  }
 }
 
 TEST(HideAway, HasALetterOverEachColumnAndANumberBesideEachRow) {

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <array>
+
 #include "PictureFolder.h"
 #include "skin/LooseFrame.h"
 #include "skin/TileSets.h"
@@ -118,7 +120,8 @@ TEST(TileSets, AreBlackBeforeAnyIsLoaded) {
   TileSets tiles;
   QImage black(kSize, QImage::Format_RGB32);
   black.fill(Qt::black);
-  for (const std::uint8_t set : {0, 1, 5}) EXPECT_EQ(tiles.Frame({set, 0, 0}, kSize), black);
+  for (const std::uint8_t set : std::array<std::uint8_t, 3>{0, 1, 5})
+    EXPECT_EQ(tiles.Frame({set, 0, 0}, kSize), black);
 }
 
 }  // namespace
