@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <memory>
 
+#include "data/Files.h"
 #include "data/Result.h"
 #include "platform/DSound.h"
 #include "platform/SilentSound.h"
@@ -19,7 +20,15 @@ using test::Tone;
 using test::WaveFileOf;
 
 // What the buffers keep of files and of what was asked before.
-class DSoundKept : public test::SilentSound {};
+class DSoundKept : public test::SilentSound {
+ protected:
+  // Leaves no sound in a file, which looks as before from outside.
+  static void SpoilUnseen(const std::string& path) {
+    const auto time = fs::last_write_time(path);
+    ASSERT_TRUE(WriteWhole(path, std::string(fs::file_size(path), 'x')));
+    fs::last_write_time(path, time);
+  }
+};
 
 TEST_F(DSoundKept, IsNoSoundThatWasStoppedBeforeThePause) {
   const std::string path = Wave("a.wav", Tone(50, 500, 20000));
@@ -53,9 +62,7 @@ TEST_F(DSoundKept, IsAFileThatNoBufferHasWhileOthersAreRead) {
   ASSERT_NE(sound_.DSLoad(path, false), DSound::kNoBuffer);
   sound_.DSFreeAll();
   ASSERT_NE(sound_.DSLoad(Wave("b.wav", Tone(50, 500, 20000)), false), DSound::kNoBuffer);
-  const auto time = fs::last_write_time(path);
-  folder_.Write("a.wav", std::string(fs::file_size(path), 'x'));
-  fs::last_write_time(path, time);
+  SpoilUnseen(path);
   EXPECT_NE(sound_.DSLoad(path, false), DSound::kNoBuffer) << "it was read again";
 }
 
@@ -67,9 +74,7 @@ TEST_F(DSoundKept, IsNotMuchThatNoBufferHas) {
     ASSERT_NE(sound_.DSLoad(folder_.Write(name, silence), true), DSound::kNoBuffer);
   sound_.DSFreeAll();
   ASSERT_NE(sound_.DSLoad(Wave("c.wav", Tone(50, 500, 20000)), false), DSound::kNoBuffer);
-  const auto time = fs::last_write_time(path);
-  folder_.Write("a.wav", std::string(fs::file_size(path), 'x'));
-  fs::last_write_time(path, time);
+  SpoilUnseen(path);
   EXPECT_EQ(sound_.DSLoad(path, true), DSound::kNoBuffer) << "it was kept";
 }
 

@@ -10,6 +10,7 @@
 #include <QVBoxLayout>
 
 #include "screens/CaretRest.h"
+#include "screens/PaintedParts.h"
 
 namespace zorik {
 namespace {
@@ -42,18 +43,6 @@ class CaretRestTest : public testing::Test {
   QPushButton button_;
 };
 
-class PaintCount : public QObject {
- public:
-  explicit PaintCount(QWidget& widget) { widget.installEventFilter(this); }
-  int count = 0;
-
- protected:
-  bool eventFilter(QObject* /*object*/, QEvent* event) override {
-    count += event->type() == QEvent::Paint ? 1 : 0;
-    return false;
-  }
-};
-
 TEST_F(CaretRestTest, LetsTheCaretBlinkUntilNobodyWroteForAWhile) {
   const CaretRest rest{std::chrono::milliseconds(kBlink)};
   line_.setFocus();
@@ -63,13 +52,14 @@ TEST_F(CaretRestTest, LetsTheCaretBlinkUntilNobodyWroteForAWhile) {
 
 TEST_F(CaretRestTest, PaintsNothingOnceTheCaretStandsStill) {
   const CaretRest rest{std::chrono::milliseconds(kBlink)};
-  PaintCount paints(line_);
+  test::PaintedParts painted;
+  painted.Watch(line_);
   line_.setFocus();
   ASSERT_TRUE(Rests());
   QTest::qWait(kBlink);
-  paints.count = 0;
+  painted.Settle();
   QTest::qWait(5 * kBlink);
-  EXPECT_EQ(paints.count, 0);
+  EXPECT_TRUE(painted.Take().isEmpty());
 }
 
 TEST_F(CaretRestTest, BlinksAgainWithEachKeyClickAndBoxThatIsEntered) {
