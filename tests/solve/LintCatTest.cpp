@@ -61,6 +61,10 @@ TEST(LintCat, KnowsWhatIsNoCommand) {
   }
 }
 
+TEST(LintCat, TakesHalfACommandAtTheEndForNeitherALabelNorACommand) {
+  EXPECT_EQ(Said("*A-A*"), Sentences{"\"*\" (command 3) means nothing, the cat stands still there for good"});
+}
+
 TEST(LintCat, WantsALabelInFrontOfAll) {
   EXPECT_EQ(Said("-A-B/Z"),
             Sentences{"the program begins with \"-A\" (command 1), which is passed over, not with "
