@@ -296,6 +296,16 @@ TEST(CellPictures, ShowTheTeleportByTheStageOfItsTransport) {
   EXPECT_EQ(cave.Again(3, 2), Of(kSetTeleport, 0, 4));
 }
 
+TEST(CellPictures, ShowOnlyThePadsThemselvesAsPadsAndOnlyWhileNothingElseIsThere) {
+  Pictured cave({"1...W", ".S.W.", ".W.S."}, {}, 1);
+  ASSERT_TRUE(cave.hra.TeleportActive);
+  EXPECT_EQ(cave.Again(4, 0), Of(kSteel));
+  for (const Cell pad : {Cell(1, 1), Cell(3, 2)}) {
+    cave.hra.SetField(pad, kDirt);
+    EXPECT_EQ(cave.Again(pad.x(), pad.y()), Of(kDirt));
+  }
+}
+
 TEST(CellPictures, ShowThePlatesBesideThePadsFromTheStart) {
   Pictured cave({"1....", ".S.W.", ".W.S."}, {}, 1);
   EXPECT_EQ(cave.At(1, 2), Of(kSetTeleport, 0, 0)) << "under the entrance";
