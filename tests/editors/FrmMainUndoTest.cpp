@@ -203,6 +203,8 @@ TEST_F(FrmMainUndoTest, GoesBackAndForthByTheListOfSteps) {
   Open(kRoom);
   EXPECT_FALSE(Action("mnuSteps").isEnabled());
   EXPECT_EQ(StepsOf(*this), QStringList("> Začátek"));
+  const auto rows = [this] { return Child<QMenu>("mnuSteps").actions(); };
+  EXPECT_EQ(rows().size(), 1);
   const Seen opened = See();
   Click(5, 3);
   const Seen drawn = See();
@@ -211,6 +213,8 @@ TEST_F(FrmMainUndoTest, GoesBackAndForthByTheListOfSteps) {
   Choose("mnuReplEvery(1)");
   const Seen last = See();
   EXPECT_EQ(StepsOf(*this), (QStringList{"> Nahradit", "Vlastnosti", "Udělat okraj", "Tužka", "Začátek"}));
+  ASSERT_EQ(rows().size(), 6);
+  EXPECT_TRUE(rows()[4]->isSeparator()) << "the beginning is no step";
   Action("mnuStep(1)").trigger();
   EXPECT_TRUE(See() == drawn);
   EXPECT_EQ(StepsOf(*this), (QStringList{"Nahradit", "Vlastnosti", "Udělat okraj", "> Tužka", "Začátek"}));

@@ -219,6 +219,17 @@ TEST_F(FrmSadaTest, HandsTheSelectedCaveToTheEditorAndCountsAsChanged) {
   EXPECT_EQ(closed, 0);
 }
 
+TEST_F(FrmSadaTest, TellsTheEditorWhereTheCaveStandsAndWhatStandsBeforeIt) {
+  OpenCaves({"A", "B", "A"});
+  CaveOrigin origin;
+  QObject::connect(window.get(), &FrmSada::EditCave, window.get(),
+                   [&](const std::string& /*text*/, const CaveOrigin& from) { origin = from; });
+  ClickCave(3);
+  Key(Qt::Key_F4);
+  EXPECT_EQ(origin.Number, 3);
+  EXPECT_EQ(origin.NamesBefore, (Names{"A", "B"}));
+}
+
 TEST_F(FrmSadaTest, TakesTheEditedCaveBackIntoItsRow) {
   OpenCaves({"A", "B", "*C"});
   ClickCave(2);
