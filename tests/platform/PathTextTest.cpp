@@ -15,8 +15,9 @@ TEST(PathText, OfUtf8IsThatText) {
 }
 
 TEST(PathText, LeadsBackToTheSameBytes) {
-  std::vector<std::string> paths{"/Hr\xE1\xE8", "\xF0\x9F\x98", "\xED\xB2\x80", "\xF0\x9F\x98\x80\xE1",
-                                 "\xC3\xA1\xE1\xFF"};
+  std::vector<std::string> paths{"/Hr\xE1\xE8",          "\xF0\x9F\x98",     "\xED\xB2\x80",
+                                 "\xF0\x9F\x98\x80\xE1", "\xC3\xA1\xE1\xFF", "\xF0\x90\x92\x80",
+                                 "a\xF0\x90\x92\x80"};
   std::mt19937 chance(1);
   for (int i = 0; i < 2000; ++i) {
     std::string path;

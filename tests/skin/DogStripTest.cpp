@@ -233,5 +233,17 @@ TEST_F(DogStripTest, HasNoSlotBeyondItsLastDog) {
   EXPECT_FALSE(strip_.DrawDogN(kDogs, 1)) << "nothing new";
 }
 
+TEST_F(DogStripTest, KnowsNoOtherUnitsAndNoOtherStates) {
+  ASSERT_TRUE(strip_.DrawDogN(1, 0));
+  for (const int state : {-1, 3, 100}) {
+    EXPECT_FALSE(strip_.DrawDogN(1, state)) << state;
+    EXPECT_EQ(strip_.State(1), 0) << state;
+  }
+  for (const int unit : {-1, kDogs + 1}) {
+    EXPECT_FALSE(strip_.DrawDogN(unit, 0)) << unit;
+    EXPECT_EQ(strip_.State(unit), std::nullopt) << unit;
+  }
+}
+
 }  // namespace
 }  // namespace zorik
