@@ -157,6 +157,12 @@ TEST(ARun, IsNotAtRestWhileAnythingBurns) {
   EXPECT_FALSE(IsAtRest(Live({"WWWWW", "W1.xW", "WWWWW"})));
 }
 
+TEST(ARun, IsNotAtRestWhileABombThatWasStruckIsDueToBurst) {
+  Hra run = Live({"WWWWW", "W1..W", "WWWWW"});
+  run.SetObject({3, 1}, kBoulder, kFlat);
+  EXPECT_FALSE(IsAtRest(run));
+}
+
 // What stands has the state of things that lie only where it has grown into a cell over a magic wall, and
 // falls then.
 TEST(ARun, IsNotAtRestWhileAWallMayFall) {

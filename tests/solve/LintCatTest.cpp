@@ -115,6 +115,7 @@ TEST(LintCat, SaysNothingMoreOfWhatStandsBehindALabelThatNeverComes) {
 
 TEST(LintCat, FollowsTheProgramFromEachLabelThatMayCome) {
   EXPECT_EQ(Said("*A-M*B-A/Z"), Sentences{});
+  EXPECT_EQ(Said("*A*B-A/Z"), Sentences{}) << "the second of two labels";
   EXPECT_EQ(Said("*A-M*C-A/Z"),
             (Sentences{"nothing ever raises the event of the label \"*C\" (command 3)", kStuck}));
 }

@@ -115,18 +115,21 @@ TEST(Odds, PutOffWhatWouldKill) {
   EXPECT_GE(WonOf(20, terms.caveText, *review), 18);
 }
 
+// The first dog's step onto what lies right of a cell.
+Deed StepRight(Cell from, std::uint16_t found) {
+  Deed deed;
+  deed.direction = 2;
+  deed.moved = deed.changed = true;
+  deed.from = from;
+  deed.target = from + kRight;
+  deed.found = found;
+  return deed;
+}
+
 // Nothing was done on the way to the gem, so the dog finds it by himself; a firefly flies up and down a shaft
 // that it crosses.
 TEST(Odds, CrossTheWayOfAMonsterWhereNothingWasDone) {
-  Deed gem, finish;
-  gem.direction = finish.direction = 2;
-  gem.moved = finish.moved = gem.changed = true;
-  gem.from = {9, 4};
-  gem.target = {10, 4};
-  gem.found = kGem;
-  finish.from = {11, 4};
-  finish.target = {12, 4};
-  finish.found = kFinish;
+  const Deed gem = StepRight({9, 4}, kGem), finish = StepRight({11, 4}, kFinish);
   for (const std::size_t row : {1U, 2U, 3U, 5U, 6U, 7U}) {
     Picture picture(9, "WWWWWWWW.WWWW");
     picture[0] = picture[8] = "WWWWWWWWWWWWW";
@@ -134,6 +137,28 @@ TEST(Odds, CrossTheWayOfAMonsterWhereNothingWasDone) {
     picture[row][8] = 'F';
     EXPECT_TRUE(FollowPlan(CaveTextOf(picture, {.needed = 1}), {gem, finish}, 1, Never)) << row;
   }
+}
+
+// Nothing was done in the room, so nothing tells of the way through it, which takes all the time that there
+// is.
+TEST(Odds, WalkTheShortestWayToWhereSomethingIsToBeDone) {
+  Picture picture(11, "W" + std::string(43, '.') + "W");
+  picture.front() = picture.back() = std::string(45, 'W');
+  picture[1][1] = '1';
+  picture[9][40] = 'D';
+  picture[9][43] = 'T';
+  Review review;
+  review.deeds = {StepRight({39, 9}, kGem), StepRight({42, 9}, kFinish)};
+  EXPECT_EQ(WonOf(10, CaveTextOf(picture, {.time = 5, .needed = 1}), review), 10) << "41 + 8 + 1 ticks of 50";
+}
+
+TEST(Odds, EndWithTheTimeThoughTheSwarmShouldStillDoSomething) {
+  const Picture picture{"WWWWWWW", "W1;DWTW", "WWWWWWW", "WN...WW", "WWWWWWW"};
+  Deed late;
+  late.unit = 0;
+  late.tick = 1000;
+  late.direction = 2;
+  EXPECT_FALSE(FollowPlan(CaveTextOf(picture, {.time = 5, .needed = 1}), {late}, 1, Never));
 }
 
 // Behind the wall is a gem that nobody comes to. Six searches in a row bring nothing new: each is longer by

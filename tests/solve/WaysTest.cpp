@@ -125,6 +125,7 @@ TEST(Move, TrespassesWhereItLeadsIntoACellThatIsAvoided) {
     }
   }
   EXPECT_FALSE(enters({2, 1}, kWait));
+  EXPECT_FALSE(enters({1, 1}, kChooseBase));
   EXPECT_FALSE(enters({3, 1}, kChooseBase + 2));
   EXPECT_FALSE(Trespasses(run, kStepBase, nullptr));
 }
