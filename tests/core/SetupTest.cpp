@@ -37,13 +37,6 @@ TEST(ARunInPlay, RecordsAndAReplayKeepsTheFlagOfTheRunBeforeIt) {
   EXPECT_FALSE(hra.EditorRun());
 }
 
-TEST(ARunInPractice, RecordsNothing) {
-  Hra hra;
-  Paint(hra, {"1"}, {}, RunKind::Practice);
-  EXPECT_FALSE(hra.Recording);
-  EXPECT_EQ(hra.RecordText, "");
-}
-
 TEST(TheRecord, StartsWithTheScrambledCaveAndALineEnd) {
   const std::string text = CaveTextOf({"1.D"});
   Hra hra;
@@ -54,9 +47,12 @@ TEST(TheRecord, StartsWithTheScrambledCaveAndALineEnd) {
 }
 
 TEST(TheRecord, StaysEmptyWhenNothingIsRecorded) {
-  Hra hra;
-  Paint(hra, {"1.D"}, {}, RunKind::Replay);
-  EXPECT_EQ(hra.RecordText, "");
+  for (const RunKind kind : {RunKind::Replay, RunKind::Practice}) {
+    Hra hra;
+    Paint(hra, {"1.D"}, {}, kind);
+    EXPECT_FALSE(hra.Recording);
+    EXPECT_EQ(hra.RecordText, "");
+  }
 }
 
 TEST(TheRecord, HoldsTheCaveWithTheMarkerThatItHasInItsCollection) {

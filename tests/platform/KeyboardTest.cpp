@@ -415,12 +415,17 @@ TEST(Keyboard, KeepsTheOrderOfKeysThatATickReadsInAnother) {
   }
 }
 
-TEST(Keyboard, WalksWithAnArrowThatIsHeldAMomentAfterShiftWasLetGo) {
-  std::int64_t now = 0;
-  Keyboard keyboard([&now] { return now; });
+// Shift, and then the arrow to the right, which a tick reads together.
+void HoldChord(Keyboard& keyboard) {
   keyboard.Press(Pressed(Qt::Key_Shift));
   keyboard.Press(Pressed(Qt::Key_Right, Qt::ShiftModifier));
   EXPECT_EQ(Down(keyboard.Take()), (Codes{kKeyShift, kKeyRight}));
+}
+
+TEST(Keyboard, WalksWithAnArrowThatIsHeldAMomentAfterShiftWasLetGo) {
+  std::int64_t now = 0;
+  Keyboard keyboard([&now] { return now; });
+  HoldChord(keyboard);
   now = 1000;
   keyboard.Release(Released(Qt::Key_Shift, Qt::ShiftModifier));
   now = 1149;
@@ -433,9 +438,7 @@ TEST(Keyboard, WalksWithAnArrowThatIsHeldAMomentAfterShiftWasLetGo) {
 TEST(Keyboard, ActsAMomentLongerAfterEachTimeThatShiftIsLetGo) {
   std::int64_t now = 0;
   Keyboard keyboard([&now] { return now; });
-  keyboard.Press(Pressed(Qt::Key_Shift));
-  keyboard.Press(Pressed(Qt::Key_Right, Qt::ShiftModifier));
-  keyboard.Take();
+  HoldChord(keyboard);
   keyboard.Release(Released(Qt::Key_Shift, Qt::ShiftModifier));
   now = 100;
   keyboard.Press(Pressed(Qt::Key_Shift, Qt::ShiftModifier));
@@ -449,9 +452,7 @@ TEST(Keyboard, ActsAMomentLongerAfterEachTimeThatShiftIsLetGo) {
 TEST(Keyboard, WalksAtOnceWithAnotherArrowAfterShiftWasLetGo) {
   std::int64_t now = 0;
   Keyboard keyboard([&now] { return now; });
-  keyboard.Press(Pressed(Qt::Key_Shift));
-  keyboard.Press(Pressed(Qt::Key_Right, Qt::ShiftModifier));
-  keyboard.Take();
+  HoldChord(keyboard);
   keyboard.Release(Released(Qt::Key_Shift, Qt::ShiftModifier));
   keyboard.Press(Pressed(Qt::Key_Up));
   EXPECT_EQ(Down(keyboard.Take()), (Codes{kKeyUp, kKeyRight}));

@@ -139,19 +139,6 @@ TEST(Odds, CrossTheWayOfAMonsterWhereNothingWasDone) {
   }
 }
 
-// Nothing was done in the room, so nothing tells of the way through it, which takes all the time that there
-// is.
-TEST(Odds, WalkTheShortestWayToWhereSomethingIsToBeDone) {
-  Picture picture(11, "W" + std::string(43, '.') + "W");
-  picture.front() = picture.back() = std::string(45, 'W');
-  picture[1][1] = '1';
-  picture[9][40] = 'D';
-  picture[9][43] = 'T';
-  Review review;
-  review.deeds = {StepRight({39, 9}, kGem), StepRight({42, 9}, kFinish)};
-  EXPECT_EQ(WonOf(10, CaveTextOf(picture, {.time = 5, .needed = 1}), review), 10) << "41 + 8 + 1 ticks of 50";
-}
-
 TEST(Odds, EndWithTheTimeThoughTheSwarmShouldStillDoSomething) {
   const Picture picture{"WWWWWWW", "W1;DWTW", "WWWWWWW", "WN...WW", "WWWWWWW"};
   Deed late;
