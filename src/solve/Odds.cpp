@@ -22,8 +22,7 @@ constexpr int kDodges = 20;               // ticks of a walk that may be spent w
 constexpr int kGettingOff = 3;            // ticks from a ride until a dog is found missing
 constexpr int kHorizon = 8;               // ticks that a step aside should be good for
 constexpr int kPushes = 60;               // tries
-constexpr int kRescues = 60;              // searches for a lost way
-constexpr int kVainRescues = 6;           // of them in a row that bring nothing new
+constexpr int kVainRescues = 6;           // searches for a lost way in a row that bring nothing new
 constexpr std::uint64_t kRescue = 8'000;  // ticks of one of them
 
 bool IsPushed(std::uint16_t code) {
@@ -37,8 +36,8 @@ bool IsTaken(std::uint16_t code) {
 class Follower {
  public:
   Follower(const std::string& caveText, const std::vector<Deed>& deeds, std::uint64_t seed,
-           const std::function<bool()>& enough)
-      : run_(seed), ahead_(0), other_(~seed), enough_(enough) {
+           const std::function<bool()>& enough, int rescues)
+      : run_(seed), ahead_(0), other_(~seed), enough_(enough), mostRescues_(rescues) {
     // What was tried in vain is tried anew, as often as chance wants it here.
     std::copy_if(deeds.begin(), deeds.end(), std::back_inserter(deeds_),
                  [](const Deed& deed) { return deed.moved || deed.changed || deed.unit == 0; });
@@ -222,7 +221,7 @@ class Follower {
   // Lets a search look for something better than this moment, goes there as far as chance lets it, and finds
   // the next deed that is still to be done.
   bool Rescue() {
-    if (over_ || ++rescues_ > kRescues || ++vain_ > kVainRescues) return false;
+    if (over_ || ++rescues_ > mostRescues_ || ++vain_ > kVainRescues) return false;
     const auto before = std::pair(run_.GemsCollected, run_.ExitOpen);
     Hra moment = run_;
     moment.Luck = Chance(other_.Below(1U << 30U));
@@ -277,6 +276,7 @@ class Follower {
   Chance other_;
   std::vector<Deed> deeds_;
   const std::function<bool()>& enough_;
+  int mostRescues_;
   Ways ways_;
   std::size_t next_ = 0;
   int rescues_ = 0, vain_ = 0;
@@ -286,8 +286,8 @@ class Follower {
 }  // namespace
 
 bool FollowPlan(const std::string& caveText, const std::vector<Deed>& deeds, std::uint64_t seed,
-                const std::function<bool()>& enough) {
-  return std::make_unique<Follower>(caveText, deeds, seed, enough)->Run();
+                const std::function<bool()>& enough, int rescues) {
+  return std::make_unique<Follower>(caveText, deeds, seed, enough, rescues)->Run();
 }
 
 }  // namespace zorik
