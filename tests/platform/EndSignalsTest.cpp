@@ -6,6 +6,8 @@
 #include <QCoreApplication>
 #include <QTest>
 #include <csignal>
+#include <filesystem>
+#include <iterator>
 
 #include "platform/EndSignals.h"
 
@@ -61,6 +63,22 @@ TEST(EndSignalsTest, LeaveTheSignalsAsTheyWere) {
   }
   sigaction(SIGTERM, nullptr, &after);
   EXPECT_EQ(before.sa_handler, after.sa_handler);
+}
+
+std::ptrdiff_t OpenFiles() {
+  return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {});
+}
+
+TEST(EndSignalsTest, LeaveNoPipeOpen) {
+  {
+    const EndSignals first([] {});
+  }
+  const std::ptrdiff_t open = OpenFiles();
+  {
+    const EndSignals ending([] {});
+    EXPECT_EQ(OpenFiles(), open + 2) << "the two ends of its pipe";
+  }
+  EXPECT_EQ(OpenFiles(), open);
 }
 
 }  // namespace

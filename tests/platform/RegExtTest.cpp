@@ -30,7 +30,8 @@ class RegExtTest : public testing::Test {
 
   void DesktopHas(const std::string& program) const {
     const fs::path path = root_ / "bin" / program;
-    ASSERT_TRUE(WriteWhole(path.string(), "#!/bin/sh\necho \"${0##*/} $*\" >>'" + Asked() + "'\n"));
+    ASSERT_TRUE(WriteWhole(
+        path.string(), "#!/bin/sh\necho said\necho warned >&2\necho \"${0##*/} $*\" >>'" + Asked() + "'\n"));
     fs::permissions(path, fs::perms::owner_all);
   }
 
@@ -42,6 +43,8 @@ class RegExtTest : public testing::Test {
     around.insert("XDG_CONFIG_HOME", At("config"));
     QProcess game;
     game.setProcessEnvironment(around);
+    game.setStandardOutputFile(At("said"));
+    game.setStandardErrorFile(At("warned"));
     game.start(At("game/zorik"), {collectionWords, "Záznam hry"});
     ASSERT_TRUE(game.waitForFinished(kPatience));
     ASSERT_EQ(game.exitCode(), 0);
@@ -78,6 +81,15 @@ TEST_F(RegExtTest, HasTheDesktopLookThroughTheFoldersThatItHasWrittenInto) {
   EXPECT_TRUE(fs::exists(root_ / "home/applications/zorik-open.desktop"));
   EXPECT_EQ(Calls(2), (QStringList{"update-desktop-database " + At("home/applications"),
                                    "update-mime-database " + At("home/mime")}));
+}
+
+// A player who starts the game in a terminal reads there what the game says, not what its helpers do.
+TEST_F(RegExtTest, KeepsTheWordsOfTheDesktopsProgramsToThem) {
+  for (const char* const program : {"update-mime-database", "update-desktop-database"}) DesktopHas(program);
+  Register("Sada komnat");
+  ASSERT_EQ(Calls(2).size(), 2);
+  for (const char* const words : {"said", "warned"})
+    EXPECT_EQ(*ReadWhole(At(words).toStdString()), "") << words;
 }
 
 TEST_F(RegExtTest, NamesItsEntryForItsTypesWhereNothingLooksThroughAllEntries) {

@@ -72,6 +72,22 @@ TEST_F(ShellTest, TellsThatTheDesktopHasNoProgramForIt) {
   EXPECT_TRUE(QTest::qWaitFor([this] { return failures_ == 2; }, 5000));
 }
 
+// The opener is a script of a language that nobody has installed.
+TEST_F(ShellTest, TellsThatTheDesktopsOpenerDoesNotStart) {
+  QFile opener(folder_.filePath("xdg-open"));
+  ASSERT_TRUE(opener.open(QIODevice::WriteOnly));
+  opener.write("#!/neni/jazyk\n");
+  opener.setPermissions(QFile::ReadOwner | QFile::ExeOwner | QFile::WriteOwner);
+  opener.close();
+  const QByteArray path = qgetenv("PATH");
+  qputenv("PATH", QFile::encodeName(folder_.path()));
+  OpenFile(NewFile("dopis.eml"), Counting());
+  const bool failed = Failed();
+  qputenv("PATH", path);
+  EXPECT_TRUE(failed);
+  EXPECT_EQ(failures_, 1);
+}
+
 TEST_F(ShellTest, OpensAPageWithItsPercentSigns) {
   const DesktopStandIn desktop(0);
   OpenLink(QUrl("https://example.org/a%20b?c=d#e"), Counting());

@@ -1,6 +1,7 @@
 #include <SDL.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <utility>
 #include <vector>
 
@@ -89,6 +90,41 @@ TEST(SteeringEdges, APressAfterTheFocusWasLostIsNew) {
   release.setTimestamp(610);
   keyboard.Release(release);
   EXPECT_EQ(Down(keyboard.Take()), std::vector<int>{kKeyRight});
+}
+
+// Ctrl went down while another window had the keys, so that the game hears of it with the R; Shift went down
+// just before. The three are one chord, which the next tick reads whole.
+TEST(SteeringEdges, AChordTakesWhatItsLastKeyTells) {
+  Keyboard keyboard;
+  keyboard.Press(QKeyEvent(QEvent::KeyPress, Qt::Key_Shift, Qt::NoModifier));
+  keyboard.Press(QKeyEvent(QEvent::KeyPress, Qt::Key_R, Qt::ShiftModifier | Qt::ControlModifier));
+  const std::vector<int> down = Down(keyboard.Take());
+  for (const int key : {kKeyShift, kKeyCtrl, kKeyR})
+    EXPECT_TRUE(std::count(down.begin(), down.end(), key)) << key;
+  EXPECT_EQ(down.size(), 3U);
+}
+
+// The same with a Tab in between: that one has been pressed with Shift alone.
+TEST(SteeringEdges, AChordLeavesAloneWhatWasPressedWithLess) {
+  Keyboard keyboard;
+  keyboard.Press(QKeyEvent(QEvent::KeyPress, Qt::Key_Shift, Qt::NoModifier));
+  keyboard.Press(QKeyEvent(QEvent::KeyPress, Qt::Key_Tab, Qt::ShiftModifier));
+  keyboard.Press(QKeyEvent(QEvent::KeyPress, Qt::Key_Left, Qt::ShiftModifier | Qt::ControlModifier));
+  const KeySnapshot first = keyboard.Take();
+  EXPECT_TRUE(first.Down(kKeyTab));
+  EXPECT_FALSE(first.Down(kKeyCtrl));
+  const KeySnapshot second = keyboard.Take();
+  EXPECT_TRUE(second.Down(kKeyLeft));
+  EXPECT_TRUE(second.Down(kKeyCtrl));
+}
+
+TEST(SteeringEdges, ATapOfActionBeforeAnArrowIsNoChord) {
+  Keyboard keyboard;
+  keyboard.Press(QKeyEvent(QEvent::KeyPress, Qt::Key_Shift, Qt::NoModifier));
+  keyboard.Release(QKeyEvent(QEvent::KeyRelease, Qt::Key_Shift, Qt::ShiftModifier));
+  keyboard.Press(QKeyEvent(QEvent::KeyPress, Qt::Key_Left, Qt::NoModifier));
+  EXPECT_EQ(Down(keyboard.Take()), std::vector<int>{kKeyShift});
+  EXPECT_EQ(Down(keyboard.Take()), std::vector<int>{kKeyLeft});
 }
 
 }  // namespace

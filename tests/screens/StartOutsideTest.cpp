@@ -10,6 +10,7 @@
 #include "screens/StartScreen.h"
 #include "support/AsNobody.h"
 #include "support/DesktopStandIn.h"
+#include "support/TrashFolder.h"
 
 namespace zorik {
 namespace {
@@ -17,6 +18,7 @@ namespace {
 using test::Box;
 using test::DialogScript;
 using test::InDialog;
+using test::TrashFolder;
 
 // What comes from outside of the start screen.
 class StartOutside : public test::StartScreen {
@@ -93,25 +95,6 @@ TEST_F(StartOutside, BothQuestionsNameTheCollectionAndItsFile) {
   start_->AnotherColl(path);
   EXPECT_EQ(opened_->count(), 1);
 }
-
-// The trash of the desktop lies in the user's data folder.
-class TrashFolder {
- public:
-  explicit TrashFolder(const QString& home) {
-    qputenv("HOME", home.toUtf8());
-    qputenv("XDG_DATA_HOME", (home + "/data").toUtf8());
-  }
-  ~TrashFolder() {
-    qputenv("HOME", home_);
-    data_.isEmpty() ? qunsetenv("XDG_DATA_HOME") : qputenv("XDG_DATA_HOME", data_);
-  }
-  TrashFolder(const TrashFolder&) = delete;
-  TrashFolder& operator=(const TrashFolder&) = delete;
-
- private:
-  QByteArray home_ = qgetenv("HOME");
-  QByteArray data_ = qgetenv("XDG_DATA_HOME");
-};
 
 TEST_F(StartOutside, TheSourceGoesToTheTrashWhenThePlayerLikes) {
   const TrashFolder trash(QString::fromStdString(folder_.Root()));
