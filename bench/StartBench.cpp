@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <chrono>
 #include <cstddef>
 #include <cstdlib>
@@ -53,7 +54,8 @@ class Home {
   fs::path running_;
 };
 
-// What each of the starts took, in seconds; of the processor with what its own children took.
+// What each of the starts took, in seconds: until its picture was there; of the processor until it was gone,
+// with what its own children took.
 struct Starts {
   std::vector<double> wall, processor;
 };
@@ -68,19 +70,28 @@ double Seconds(const timeval& time) {
   return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) * 1e-6;
 }
 
-// Starts a program, which ends with the first picture of its window. Fails if it comes to another end.
+// Starts a program, which tells of the first picture of its window and ends. Fails if it comes to another
+// end.
 bool Run(const char* program, const char* window, Starts& starts) {
+  std::array<int, 2> ends{};
+  if (pipe(ends.data()) != 0) return false;
   setenv("ZORIK_FIRST_PAINT", window, 1);
+  setenv("ZORIK_FIRST_PAINT_TO", std::to_string(ends[1]).c_str(), 1);
   const auto begin = std::chrono::steady_clock::now();
   const pid_t child = fork();
   if (child == 0) {
     execl(program, program, nullptr);
     _exit(127);
   }
+  close(ends[1]);
+  char word = 0;
+  const bool painted = read(ends[0], &word, 1) == 1;
+  const auto end = std::chrono::steady_clock::now();
+  close(ends[0]);
   int status = 0;
   rusage usage{};
-  if (child < 0 || wait4(child, &status, 0, &usage) != child || status != 0) return false;
-  starts.wall.push_back(std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count());
+  if (child < 0 || wait4(child, &status, 0, &usage) != child || status != 0 || !painted) return false;
+  starts.wall.push_back(std::chrono::duration<double>(end - begin).count());
   starts.processor.push_back(Seconds(usage.ru_utime) + Seconds(usage.ru_stime));
   return true;
 }
