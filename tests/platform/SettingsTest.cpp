@@ -100,6 +100,18 @@ TEST_F(SettingsTest, AVolumeOutOfRangeIsLimited) {
   }
 }
 
+TEST_F(SettingsTest, ASpeedOutOfRangeIsLimited) {
+  for (const auto& [name, speed] :
+       {std::pair("Speed", &Settings::Speed), std::pair("SpeedR", &Settings::SpeedR)}) {
+    EXPECT_TRUE(StoreSett(Settings()));
+    for (const auto& [value, read] :
+         {std::pair("-3", 1), std::pair("1", 1), std::pair("10", 10), std::pair("11", 10)}) {
+      IniStore("Zorik2").setValue(name, value);
+      EXPECT_EQ(FindSett().*speed, read) << name << ' ' << value;
+    }
+  }
+}
+
 TEST_F(SettingsTest, OfAnOlderGameAreFullyLoudAndHaveNoneOfTheLaterOptions) {
   EXPECT_TRUE(StoreSett(Settings()));
   for (const char* name : {"Volume", "Loops", "Ghost", "SmoothMotion", "LessFlashing", "PauseOnFocusLoss"})
