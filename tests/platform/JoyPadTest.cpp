@@ -228,6 +228,18 @@ TEST_F(JoyPadTest, TellsWhichButtonWentDownWhateverItDoes) {
   EXPECT_EQ(pad_.PressedButton(), std::nullopt) << "it is held";
 }
 
+TEST_F(JoyPadTest, DoesNotTellOfAButtonThatWasDownWhenThePadCame) {
+  VirtualPad pad;
+  pad.Button(2, true);
+  pad.Button(3, true);
+  pad.Button(3, false);
+  EXPECT_EQ(pad_.PressedButton(), std::nullopt);
+  pad.Button(2, false);
+  EXPECT_EQ(pad_.PressedButton(), std::nullopt);
+  pad.Button(2, true);
+  EXPECT_EQ(pad_.PressedButton(), 2);
+}
+
 TEST_F(JoyPadTest, DoesNotTellOfAButtonOfAPadThatIsGone) {
   {
     VirtualPad pad;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <span>
 #include <vector>
 
 #include "data/Result.h"
@@ -147,6 +148,20 @@ TEST(MixBus, LetsABrokenSoundSinkInFiveMilliseconds) {
   for (std::size_t i = kFrames; i < kFrames + MixBus::kSink; ++i)
     ASSERT_LT(std::abs(player.At(i) - player.At(i - 1)), 80) << "frame " << i;
   for (std::size_t i = kFrames + MixBus::kSink; i < 2 * kFrames; ++i) ASSERT_EQ(player.At(i), 0);
+}
+
+// Another sound lies behind it in memory.
+TEST(MixBus, LetsASoundThatIsBrokenJustBeforeItsEndSinkNoFartherThanToThat) {
+  constexpr std::size_t kRest = 10;
+  Player player;
+  const Samples sounds(2 * (kFrames + kRest + MixBus::kSink), 8000);
+  player.bus.Start(0, std::span(sounds).first(2 * (kFrames + kRest)), false);
+  player.Mix();
+  player.bus.Stop(0);
+  player.Mix();
+  EXPECT_GT(player.At(kFrames + kRest - 1), 0);
+  for (std::size_t i = kFrames + kRest; i < kFrames + MixBus::kSink; ++i)
+    ASSERT_EQ(player.At(i), 0) << "frame " << i;
 }
 
 TEST(MixBus, GoesOnWithTheSoundItselfWhileItSinksAlsoInSmallBuffers) {
