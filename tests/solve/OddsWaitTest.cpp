@@ -37,6 +37,23 @@ TEST(OddsPatience, EndsWhereNothingHasEverBeenDone) {
   ExpectLost({"WWWW", "W1TW", "WWWW"}, {}, 0);
 }
 
+// Fifty ticks of time, and a deed of the dog or of the swarm that is to come much later.
+TEST(OddsPatience, EndsWithTheTime) {
+  Deed swarm;
+  swarm.unit = 0;
+  swarm.tick = 1000;
+  const Picture picture{"WWWWWWWW", "W1.TWN.W", "WWWWWWWW"};
+  for (const Deed& late : {swarm, Did('R', {1, 1}, kSpace, 1000)}) {
+    for (const int rescues : {0, 60}) {
+      const Followed followed =
+          Follow(picture, {late, Did('R', {2, 1}, kFinish)}, {.time = 5, .needed = 0}, rescues);
+      EXPECT_FALSE(followed.won);
+      EXPECT_GE(followed.asked, 48);
+      EXPECT_LE(followed.asked, 50 + kFew);
+    }
+  }
+}
+
 // A firefly that turns in its pen: whoever comes by is killed.
 TEST(OddsPatience, EndsWhereTheWayIsDeadlyAllTheTime) {
   ExpectLost({"WWWWWWWW", "W1.;..TW", "WWWFWWWW", "WWWWWWWW"}, {Did('R', {5, 1}, kFinish)}, 20);
@@ -113,10 +130,8 @@ TEST(OddsDodge, GoesRoundTheCorner) {
     for (std::size_t y = 4; y < 24; ++y) {
       Picture picture(24, "WWWWWWW.WWWWWWW");
       picture[y][7] = 'R';
-      picture.insert(picture.end(), {"WWWWWWW1WWWWWWW", left ? "WT.......WWWWWWW" : "WWWWWWW.......TW",
+      picture.insert(picture.end(), {"WWWWWWW1WWWWWWW", left ? "WT......WWWWWWW" : "WWWWWWW......TW",
                                      "WWWWWWW.WWWWWWW", "WWWWWWW.WWWWWWW", "WWWWWWWWWWWWWWW"});
-      picture[25].resize(15);
-      if (left) picture[25][8] = 'W';
       EXPECT_TRUE(Follow(picture, {Did('R', {7, 24}, kSpace)}, {.needed = 0}, 60).won) << left << " " << y;
     }
   }
@@ -192,6 +207,24 @@ TEST(OddsRide, IsWaitedFor) {
   const std::vector<Deed> deeds{Did('R', {1, 1}, kSpace), Did('R', {2, 1}, kSpace), Did('R', {5, 3}, kSpace),
                                 Did('R', {6, 3}, kSpace), Did('R', {7, 3}, kFinish)};
   EXPECT_TRUE(Alone(picture, deeds, {.time = 1, .needed = 0}));
+}
+
+// The dog stepped off the pad again when the other one was taken. It is free now, and the dog is carried
+// away: that is as good.
+TEST(OddsRide, StandsForTheStepThatItPrevents) {
+  const Picture picture{"WWW.WWWWWW", "W1.S.WWWWW", "WWWWWWWTWW", "WWWWWS...W", "WWWWW.WWWW", "WWWWWWWWWW"};
+  const std::vector<Deed> deeds{Did('R', {2, 1}, kSpace), Did('R', {3, 1}, kSpace),
+                                Did('U', {7, 3}, kFinish)};
+  EXPECT_TRUE(Alone(picture, deeds));
+}
+
+// The second dog rides, and the first one, who is walled in, gets off in his place and goes on.
+TEST(OddsRide, IsWaitedForByWhoGetsOff) {
+  const Picture picture{"WWWWWWWWWWWW", "W1WWWWWWWWWW", "WWW.WWWWWWWW",
+                        "W2;SWWS;D;TW", "WWWWWW.WWWWW", "WWWWWWWWWWWW"};
+  const std::vector<Deed> deeds{By(2, Did('R', {1, 3}, kDirt)), By(2, Did('R', {2, 3}, kSpace)),
+                                Did('R', {6, 3}, kDirt), Did('R', {7, 3}, kGem), Did('R', {9, 3}, kFinish)};
+  EXPECT_TRUE(Alone(picture, deeds, {.needed = 1}));
 }
 
 }  // namespace
