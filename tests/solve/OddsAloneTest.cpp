@@ -41,6 +41,26 @@ TEST(OddsAlone, AreCertainWhereWhatFallsMeetsNobody) {
   EXPECT_GT(tried, 90);
 }
 
+// The dog digs away what bears a column of boulders, and rests until they have come down. Without that rest
+// they would hit it, so it must be reckoned with, however long it is.
+TEST(OddsAlone, RestAsLongAsWasRested) {
+  int tried = 0;
+  for (const std::size_t boulders : {1U, 2U, 3U, 4U}) {
+    for (std::size_t rest = 0; rest < 12; ++rest) {
+      Picture picture(16, "WWW.WWW");
+      picture[0] = picture[15] = "WWWWWWW";
+      picture[6] = "W1.;.TW";
+      for (std::size_t i = 0; i < boulders; ++i) picture[5 - i][3] = 'R';
+      const Walk walk{picture, {.needed = 0}, "Rr" + std::string(rest, '.') + "RRR"};
+      const Result<Review> review = ReviewRecord(RecordOf(walk));
+      if (!review) continue;
+      ++tried;
+      EXPECT_TRUE(Alone(picture, review->deeds)) << boulders << " " << rest;
+    }
+  }
+  EXPECT_GT(tried, 20);
+}
+
 TEST(OddsAlone, DoNothingBeforeItsTick) {
   const Picture picture{"WWWWW", "W1.TW", "WWWWW"};
   for (const int tick : {10, 19, 20}) {

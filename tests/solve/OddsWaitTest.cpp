@@ -20,6 +20,8 @@ TEST(OddsPatience, EndsWhereADeedCannotBeDone) {
   const Deed finish = Did('R', {3, 1}, kFinish);
   // A gem that does not come.
   ExpectLost({"WWWWWW", "W1..TW", "WWWWWW"}, {Did('R', {1, 1}, kGem), finish}, kPatience);
+  // A boulder in its place.
+  ExpectLost({"WWWWWW", "W1R.TW", "WWWWWW"}, {Did('R', {1, 1}, kGem), finish}, kPatience);
   // A boulder, and no room behind it.
   ExpectLost({"WWWWWW", "W1R;TW", "WWWWWW"}, {Did('R', {1, 1}, kBoulder), finish}, kPatience);
   // A wall.
@@ -160,6 +162,21 @@ TEST(OddsDodge, LosesWithTheDogOfTheDeed) {
   EXPECT_TRUE(Alone(picture, {dirt, By(2, finish)}));
 }
 
+// A boulder is in the way of a dog on which another one falls: it moves at one try of four, so some get out.
+// For those who do not nothing is tried any more.
+TEST(OddsDodge, EndsOnTheWayWithTheDog) {
+  int died = 0;
+  for (std::uint64_t seed = 1; seed < 13; ++seed) {
+    Picture picture(6, "WW.WWWWWWW");
+    picture[1][2] = 'R';
+    picture.insert(picture.end(), {"WW1R...TW2", "WWWW.WWWWW", "WWWWWWWWWW"});
+    const Followed followed = Follow(picture, {Did('R', {6, 6}, kFinish)}, {.needed = 0}, 0, seed);
+    EXPECT_LE(followed.asked, 20) << seed;
+    died += followed.won ? 0 : 1;
+  }
+  EXPECT_GT(died, 0);
+}
+
 // A firefly flies up and down the shaft in the eighth column, wherever it is at the start. Two ways cross it.
 TEST(OddsDodge, CrossesTheWayOfAMonster) {
   std::vector<Deed> steps;
@@ -222,9 +239,22 @@ TEST(OddsRide, StandsForTheStepThatItPrevents) {
 TEST(OddsRide, IsWaitedForByWhoGetsOff) {
   const Picture picture{"WWWWWWWWWWWW", "W1WWWWWWWWWW", "WWW.WWWWWWWW",
                         "W2;SWWS;D;TW", "WWWWWW.WWWWW", "WWWWWWWWWWWW"};
+  const Review review = ReviewOf({picture, {.needed = 1}, "2RR....RRRR"});
+  ASSERT_EQ(review.deeds.size(), 6U);
+  EXPECT_TRUE(Alone(picture, review.deeds, {.time = 2, .needed = 1}));
   const std::vector<Deed> deeds{By(2, Did('R', {1, 3}, kDirt)), By(2, Did('R', {2, 3}, kSpace)),
                                 Did('R', {6, 3}, kDirt), Did('R', {7, 3}, kGem), Did('R', {9, 3}, kFinish)};
-  EXPECT_TRUE(Alone(picture, deeds, {.needed = 1}));
+  EXPECT_TRUE(Alone(picture, deeds, {.time = 2, .needed = 1}));
+}
+
+// The third dog is walled in; whoever comes from the ride does not do it for him.
+TEST(OddsRide, MakesNobodyDoTheDeedOfAnother) {
+  const Picture picture{"WWW.WWWWWW", "W2.SWWW3WW", "WWWWWWWWWW", "WWWWWS..TW", "WWWWW.WWWW", "WWWWWWWWWW"};
+  for (const int unit : {2, 3}) {
+    std::vector<Deed> deeds{By(2, Did('R', {1, 1}, kSpace)), By(2, Did('R', {2, 1}, kSpace))};
+    for (int x = 5; x < 8; ++x) deeds.push_back(By(unit, Did('R', {x, 3}, x < 7 ? kSpace : kFinish)));
+    EXPECT_EQ(Alone(picture, deeds), unit == 2);
+  }
 }
 
 }  // namespace
