@@ -169,8 +169,9 @@ TEST(OddsDodge, EndsOnTheWayWithTheDog) {
   for (std::uint64_t seed = 1; seed < 13; ++seed) {
     Picture picture(6, "WW.WWWWWWW");
     picture[1][2] = 'R';
-    picture.insert(picture.end(), {"WW1R...TW2", "WWWW.WWWWW", "WWWWWWWWWW"});
-    const Followed followed = Follow(picture, {Did('R', {6, 6}, kFinish)}, {.needed = 0}, 0, seed);
+    picture.insert(picture.end(), {"WW1R...T2W", "WWWW.WWWWW", "WWWWWWWWWW"});
+    const std::vector<Deed> deeds{Did('R', {5, 6}, kSpace), By(2, Did('L', {8, 6}, kFinish))};
+    const Followed followed = Follow(picture, deeds, {.needed = 0}, 0, seed);
     EXPECT_LE(followed.asked, 20) << seed;
     died += followed.won ? 0 : 1;
   }
@@ -251,8 +252,8 @@ TEST(OddsRide, IsWaitedForByWhoGetsOff) {
 TEST(OddsRide, MakesNobodyDoTheDeedOfAnother) {
   const Picture picture{"WWW.WWWWWW", "W2.SWWW3WW", "WWWWWWWWWW", "WWWWWS..TW", "WWWWW.WWWW", "WWWWWWWWWW"};
   for (const int unit : {2, 3}) {
-    std::vector<Deed> deeds{By(2, Did('R', {1, 1}, kSpace)), By(2, Did('R', {2, 1}, kSpace))};
-    for (int x = 5; x < 8; ++x) deeds.push_back(By(unit, Did('R', {x, 3}, x < 7 ? kSpace : kFinish)));
+    const std::vector<Deed> deeds{By(2, Did('R', {1, 1}, kSpace)), By(2, Did('R', {2, 1}, kSpace)),
+                                  By(unit, Did('R', {7, 3}, kFinish))};
     EXPECT_EQ(Alone(picture, deeds), unit == 2);
   }
 }
