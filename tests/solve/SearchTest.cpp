@@ -39,6 +39,13 @@ TEST(Search, GoesOnForAboutSoManyTicks) {
   EXPECT_LT(search.Ticks(), before + 1500);
 }
 
+TEST(Search, DoesNothingInNoTime) {
+  Search search(Play(kNoFinish, {.needed = 9}), 1, {});
+  EXPECT_FALSE(search.Go(0));
+  EXPECT_EQ(search.Ticks(), 0U);
+  EXPECT_EQ(search.BestPlan(), Plan());
+}
+
 TEST(Search, RemembersTheMostGemsThatItEverHad) {
   Search search(Play(kNoFinish, {.needed = 9}), 1, {});
   int most = 0;
