@@ -58,9 +58,19 @@ TEST(SearchSkill, IsToWaitForWhatFliesAbout) {
   }
 }
 
-// Who stands in the gem's cell is beside the firefly.
+// Who stands in the gem's cell is beside the firefly, from whatever side he comes.
 TEST(SearchSkill, IsToTakeAtArmsLength) {
-  Expect({"arm", {"WWWWWWWWWWWWW", "WFD;;1;;;;;;T", "WWWWWWWWWWWWW"}, {.needed = 1}, 3500});
+  const std::string row = "WFD;;1;;;;;;T", rock(row.size(), 'W');
+  const std::string back(row.rbegin(), row.rend());
+  Expect({"arm", {rock, row, rock}, {.needed = 1}, 3500});
+  Expect({"arm to the right", {rock, back, rock}, {.needed = 1}, 2400});
+  Picture down, up;
+  for (std::size_t i = 0; i < row.size(); ++i) {
+    up.push_back(std::string{'W', row[i], 'W'});
+    down.push_back(std::string{'W', back[i], 'W'});
+  }
+  Expect({"arm upwards", up, {.needed = 1}, 2900});
+  Expect({"arm downwards", down, {.needed = 1}, 2800});
 }
 
 TEST(SearchSkill, IsToPushTheRightOneOfManyBoxes) {

@@ -25,6 +25,18 @@ TEST(SearchSkill, IsToWaitLongForTheGemsOfTheAmoeba) {
           9000});
 }
 
+// As soon as there are enough of them the time is nearly up.
+TEST(SearchSkill, IsToWaitNoLongerThanForAGem) {
+  Picture picture(10, std::string(16, 'W'));
+  picture[1] = "WWA.......WWWWWW";
+  picture[2] = "WWSSSSSSSSWWWWWW";
+  picture[3] = "W1;;;;;;;;;;;;;T";
+  Expect({"two gems of the amoeba",
+          picture,
+          {.time = 20, .needed = 2, .amoebaTime = 180, .permeability = 8},
+          6200});
+}
+
 // A boulder lies on a box, over a shaft with a bomb in it that opens the way to the finish. From below nobody
 // comes to the box, and nothing is to be had in its cell.
 TEST(SearchSkill, IsToPushABoxAwayFromUnderABoulder) {
@@ -37,6 +49,12 @@ TEST(SearchSkill, IsToPushABoxAwayFromUnderABoulder) {
   for (std::size_t y = 7; y < 10; ++y) picture[y][39] = 'X';
   picture[8].replace(38, 3, "IXT");
   Expect({"box under a boulder", picture, {.needed = 0}, 4000});
+  // Though there are bombs as well, which are mostly worth more.
+  for (std::size_t x = 4; x < 20; x += 4) {
+    picture[3].replace(x, 2, "I.");
+    picture[4][x] = '.';
+  }
+  Expect({"box, not bombs", picture, {.needed = 0}, 5000});
 }
 
 // Boulders drip through the slime, down a shaft beside the room. The bomb must come into the shaft, so that
@@ -91,6 +109,71 @@ TEST(SearchSkill, IsToLetPassWhatCirclesBesideTheWay) {
            "WWWWWWWWWWWWWWWWWWWW"},
           {.needed = 1},
           800});
+}
+
+// Fireflies in nooks on both sides: by some of them only he comes who dares.
+TEST(SearchSkill, IsToDareToGoByAtTimes) {
+  Picture picture(7, std::string(30, 'W'));
+  picture[3] = "W1" + std::string(26, ';') + "DT";
+  for (const std::size_t x : {6U, 16U}) picture[4][x] = '.', picture[5][x] = 'F';
+  for (const std::size_t x : {11U, 21U}) picture[2][x] = '.', picture[1][x] = 'F';
+  Expect({"nooks", picture, {.needed = 1}, 24000});
+}
+
+// Death is at the nearest gem, unless it is taken at arm's length; but one of those farther off will do.
+TEST(SearchSkill, IsToFetchAnotherGemThanTheNearest) {
+  const std::string rock(40, 'W');
+  Expect({"another gem", {rock, "WFD;;1" + std::string(31, ';') + "DTW", rock}, {.needed = 1}, 2000});
+}
+
+// There is time for thousands of ticks, but it leads nowhere to stand about for so long: neither in a room of
+// gems nor beside an amoeba that has all the room that it wants.
+TEST(SearchSkill, IsToWaitNoLongerThanItHelps) {
+  Picture picture = Room("W" + std::string(38, ';') + "T");
+  for (const auto& [x, y] : {std::pair(30U, 2U), {4U, 9U}, {37U, 9U}, {20U, 5U}, {35U, 3U}})
+    picture[y][x] = 'D';
+  Expect({"gems", picture, {.time = 1900, .needed = 5}, 6600});
+  picture.push_back(std::string(40, 'W'));
+  picture.insert(picture.end(), 6, "W" + std::string(38, '.') + "W");
+  picture[picture.size() - 6][1] = 'A';
+  picture.push_back(std::string(40, 'W'));
+  Expect({"beside an amoeba", picture, {.time = 1900, .needed = 5, .amoebaTime = 180}, 9600});
+}
+
+// He is walled in until a firefly has come all the way to the cat, and nothing that he does meanwhile changes
+// anything.
+TEST(SearchSkill, IsToWaitWhereNothingElseCanBeDone) {
+  for (const auto& [length, ticks] : {std::pair(30U, 5000U), {40U, 8000U}}) {
+    Picture picture(7, std::string(length + 6, 'W'));
+    picture[1] = "WP" + std::string(length, '.') + "J.TW";
+    picture[2].replace(length, 3, "XXX");
+    picture[3][length + 1] = '1';
+    Expect({"walled in", picture, {.needed = 0, .script = "*A-M/Z"}, ticks});
+  }
+}
+
+// The boulder lies on earth in the roof, over a shaft with a bomb in it: who digs from below must be gone
+// before it comes.
+TEST(SearchSkill, IsToDigAwayTheEarthUnderABoulderFromBelow) {
+  Expect({"earth in the roof",
+          {"WWWWWWWWWWWW", "WWWWRWWWWWWW", "WWWW;WWWWWWW", "W1;;;;;;;;;W", "WWWW.WWWWWWW", "WWWW.WWWWWWW",
+           "WWWWIWWWWWWW", "WWWXXXWWWWWW", "WWWWTWWWWWWW", "WWWWWWWWWWWW"},
+          {.needed = 0},
+          2700});
+}
+
+// Over the way, which is high enough to go by under it.
+TEST(SearchSkill, IsToTakeTheEarthAwayThatHoldsABoulder) {
+  Picture picture(15, std::string(40, 'W'));
+  for (std::size_t y = 5; y < 9; ++y) picture[y] = "W" + std::string(38, ';') + "W";
+  picture[5][1] = '1';
+  picture[3][30] = 'R';
+  picture[4][30] = ';';
+  for (std::size_t y = 5; y < 11; ++y) picture[y][30] = '.';
+  picture[11][30] = 'I';
+  picture[12].replace(29, 3, "XXX");
+  picture[13][30] = 'T';
+  Expect({"boulder in the roof", picture, {.needed = 0}, 4900});
 }
 
 }  // namespace
