@@ -98,6 +98,37 @@ TEST(Search, FindsNoPlanAsLongAsItsBound) {
   EXPECT_EQ(search.Found()->size(), 4U);
 }
 
+// Nobody is quick in a wide room, and what was done before it came to the moments that it goes on from
+// counts.
+TEST(Search, CountsAllOfAPlanToItsBound) {
+  Picture picture(10, "W" + std::string(28, ';') + "W");
+  picture[0] = picture[9] = std::string(30, 'W');
+  picture[1][1] = '1';
+  picture[8][29] = 'T';
+  for (const auto& [x, y] : {std::pair(27U, 1U), {2U, 8U}, {15U, 4U}}) picture[y][x] = 'D';
+  const Hra begin = Play(picture, {.needed = 3});
+  std::size_t most = 0;
+  for (std::uint64_t seed = 1; seed <= 20; ++seed) {
+    Search search(begin, seed, {});
+    search.SetBound(90);
+    ASSERT_TRUE(search.Go(kPatience)) << seed;
+    EXPECT_LT(search.Found()->size(), 90U) << seed;
+    EXPECT_TRUE(After(begin, *search.Found()).Win) << seed;
+    most = std::max(most, search.Found()->size());
+  }
+  EXPECT_GT(most, 75U) << "it gives up sooner than it must";
+}
+
+TEST(Search, CountsEachTickThatItTries) {
+  const Hra begin = Play({"1" + std::string(67, ';') + "DT"}, {.needed = 1});
+  for (std::uint64_t seed = 1; seed <= 10; ++seed) {
+    Search search(begin, seed, {});
+    ASSERT_TRUE(search.Go(kPatience));
+    ASSERT_GE(search.Found()->size(), 69U);
+    EXPECT_GE(search.Ticks(), search.Found()->size()) << seed;
+  }
+}
+
 TEST(Search, LeadsNoDogThroughCellsThatItShallAvoid) {
   const Hra begin = Play({"WWWWWWW", "W1;D;;T", "W;;;;;W", "WWWWWWW"}, {.needed = 1});
   Search search(begin, 1, {});
@@ -217,6 +248,23 @@ TEST(Search, ChoosesNoDogThatIsSteeredAlready) {
     for (const Move move : *search.Found()) {
       const bool chosen = move >= kChooseBase && run.ActiveDog == move - kChooseBase;
       EXPECT_FALSE(chosen) << seed;
+      Tick(run, KeysOf(move));
+    }
+  }
+}
+
+// The second dies at once, beside a firefly, so that there is nobody to change to.
+TEST(Search, ChoosesOnlyUnitsThatLive) {
+  const Hra begin = Play(
+      {"1;D;;;;;D;;;T", "WWWWWWWWWWWWW", "WWWWWWWWWWWWW", "W2FWWWWWWWWWW", "WWWWWWWWWWWWW"}, {.needed = 2});
+  for (std::uint64_t seed = 1; seed <= 20; ++seed) {
+    Search search(begin, seed, {});
+    ASSERT_TRUE(search.Go(kPatience));
+    Hra run = begin;
+    for (const Move move : *search.Found()) {
+      if (move >= kChooseBase) {
+        EXPECT_TRUE(run.Dog[static_cast<std::size_t>(move - kChooseBase)].Alive) << seed;
+      }
       Tick(run, KeysOf(move));
     }
   }
