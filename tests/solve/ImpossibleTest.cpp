@@ -145,6 +145,19 @@ TEST(ARun, IsNotCalledLostWhileAnythingFalls) {
   EXPECT_TRUE(IsLost(run));
 }
 
+// The boulder falls on for a while, but nobody goes any further.
+TEST(ARun, IsLostWhenTheTimeIsUpWhateverStillFalls) {
+  Picture picture(20, "WWWWW.W");
+  picture[0] = picture[19] = "WWWWWWW";
+  picture[1] = "W1;;TrW";
+  Hra run = Live(picture, {.time = 1, .needed = 0});
+  Pass(run, 9);
+  EXPECT_FALSE(IsLost(run));
+  Pass(run, 1);
+  ASSERT_FALSE(IsAtRest(run));
+  EXPECT_TRUE(IsLost(run));
+}
+
 TEST(ARun, ThatIsWonIsNotLost) {
   Hra run = Play({"WWWWW", "W1DTW", "WWWWW"}, {.needed = 1});
   Pass(run, 2, "R");

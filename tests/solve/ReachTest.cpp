@@ -122,6 +122,7 @@ TEST(Reach, TakesForASplitterWhatAGrowingWallMayEnterBetweenSteels) {
     const Reach reach(run);
     EXPECT_FALSE(reach.MaybeSplits({1, 1}));
     EXPECT_FALSE(reach.MaybeSplits({4, 2}));
+    EXPECT_FALSE(reach.MaybeSplits({5, 2}));
     return reach.MaybeSplits({2, 2});
   };
   EXPECT_TRUE(splits('E'));

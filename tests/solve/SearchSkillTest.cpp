@@ -2,64 +2,16 @@
 
 #include <algorithm>
 
-#include "core/Machine.h"
-#include "solve/Search.h"
-#include "support/Scene.h"
+#include "solve/Skills.h"
 
 namespace zorik::test {
 namespace {
-
-// A cave that asks for one skill, and the ticks within which eight searches together should find their
-// wins: by chance alone it takes several times as long.
-struct Task {
-  const char* skill;
-  Picture picture;
-  Numbers numbers;
-  std::uint64_t ticks;
-};
-
-void Expect(const Task& task) {
-  const Hra begin = Play(task.picture, task.numbers);
-  std::uint64_t ticks = 0;
-  for (std::uint64_t seed = 1; seed < 9; ++seed) {
-    Search search(begin, seed, {});
-    ASSERT_TRUE(search.Go(20 * task.ticks)) << task.skill << seed;
-    Hra run = begin;
-    TickEnd end = TickEnd::Running;
-    for (const Move move : *search.Found()) {
-      EXPECT_EQ(end, TickEnd::Running) << task.skill;
-      end = Tick(run, KeysOf(move));
-    }
-    EXPECT_EQ(end, TickEnd::Won) << task.skill;
-    ticks += search.Ticks();
-  }
-  EXPECT_LT(ticks, task.ticks) << task.skill << ": it looks in the wrong places";
-}
-
-// The wide room in which chance alone goes astray, with this row of things below.
-Picture Room(const std::string& things) {
-  Picture picture(12, "W" + std::string(38, ';') + "W");
-  picture[0] = picture[11] = std::string(40, 'W');
-  picture[1][1] = '1';
-  picture.insert(picture.end() - 1, things);
-  return picture;
-}
 
 TEST(SearchSkill, IsToFetchGemsOneAfterAnotherAndThenToLeave) {
   Picture picture = Room("W" + std::string(38, ';') + "T");
   for (const auto& [x, y] : {std::pair(30U, 2U), {4U, 9U}, {37U, 9U}, {20U, 5U}, {35U, 3U}})
     picture[y][x] = 'D';
   Expect({"gems", picture, {.needed = 5}, 5000});
-}
-
-// A room with this in its door, and the finish behind.
-Picture RoomWithDoor(char door) {
-  Picture picture = Room(std::string(40, 'W'));
-  picture[11][19] = door;
-  picture.insert(picture.end() - 1, std::string(19, 'W') + "." + std::string(20, 'W'));
-  picture.insert(picture.end() - 1, std::string(19, 'W') + "..T" + std::string(18, 'W'));
-  picture.insert(picture.end() - 1, std::string(19, 'W') + "." + std::string(20, 'W'));
-  return picture;
 }
 
 TEST(SearchSkill, IsToPushABoxOutOfADoor) {
@@ -106,9 +58,19 @@ TEST(SearchSkill, IsToWaitForWhatFliesAbout) {
   }
 }
 
-// Who stands in the gem's cell is beside the firefly.
+// Who stands in the gem's cell is beside the firefly, from whatever side he comes.
 TEST(SearchSkill, IsToTakeAtArmsLength) {
-  Expect({"arm", {"WWWWWWWWWWWWW", "WFD;;1;;;;;;T", "WWWWWWWWWWWWW"}, {.needed = 1}, 3500});
+  const std::string row = "WFD;;1;;;;;;T", rock(row.size(), 'W');
+  const std::string back(row.rbegin(), row.rend());
+  Expect({"arm", {rock, row, rock}, {.needed = 1}, 3500});
+  Expect({"arm to the right", {rock, back, rock}, {.needed = 1}, 2400});
+  Picture down, up;
+  for (std::size_t i = 0; i < row.size(); ++i) {
+    up.push_back(std::string{'W', row[i], 'W'});
+    down.push_back(std::string{'W', back[i], 'W'});
+  }
+  Expect({"arm upwards", up, {.needed = 1}, 2900});
+  Expect({"arm downwards", down, {.needed = 1}, 2800});
 }
 
 TEST(SearchSkill, IsToPushTheRightOneOfManyBoxes) {

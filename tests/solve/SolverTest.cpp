@@ -104,5 +104,14 @@ TEST(Move, IsHeldAsTheKeysThatItsTextNames) {
   EXPECT_TRUE(KeysOf(kWait).down.none());
 }
 
+TEST(Move, NamesTheArrowsThatAreHeldAndTheAction) {
+  for (Move move = kStepBase; move < kChooseBase; ++move) {
+    std::string line = KeyText({move});
+    ASSERT_EQ(line.back(), '\n');
+    line.pop_back();
+    EXPECT_EQ(Keys(line).down, KeysOf(move).down) << line;
+  }
+}
+
 }  // namespace
 }  // namespace zorik::test
