@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -70,6 +71,15 @@ TEST_F(ShellTest, TellsThatTheDesktopHasNoProgramForIt) {
   EXPECT_TRUE(Failed());
   OpenLink(QUrl("https://example.org/"), Counting());
   EXPECT_TRUE(QTest::qWaitFor([this] { return failures_ == 2; }, 5000));
+}
+
+// Whoever ends the game in its terminal does not end what it has opened.
+TEST_F(ShellTest, OpensInASessionOfItsOwn) {
+  const DesktopStandIn desktop(0);
+  OpenFile(NewFile("dopis.eml"), Counting());
+  ASSERT_FALSE(desktop.Opened().isEmpty());
+  EXPECT_GT(desktop.Session(), 1);
+  EXPECT_NE(desktop.Session(), getsid(0));
 }
 
 // The opener is a script of a language that nobody has installed.

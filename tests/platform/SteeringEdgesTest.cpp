@@ -69,6 +69,7 @@ TEST(SteeringEdges, TheKeypadHasTenDigits) {
     EXPECT_EQ(GameKey(press), kKeyPad0 + digit);
     keyboard.Press(press);
     EXPECT_EQ(Down(keyboard.Take()), std::vector<int>{kKeyPad0 + digit});
+    EXPECT_EQ(Down(keyboard.Take()), std::vector<int>{}) << "it acts once, however long it is held";
   }
   for (const Qt::Key key : {Qt::Key_Slash, Qt::Key_Colon}) {
     EXPECT_EQ(GameKey(QKeyEvent(QEvent::KeyPress, key, Qt::KeypadModifier)), -1) << "beside the digits";
@@ -116,6 +117,20 @@ TEST(SteeringEdges, AChordLeavesAloneWhatWasPressedWithLess) {
   const KeySnapshot second = keyboard.Take();
   EXPECT_TRUE(second.Down(kKeyLeft));
   EXPECT_TRUE(second.Down(kKeyCtrl));
+}
+
+// To change the dog while an arrow is held with Ctrl leaves that chord alone: when Ctrl is let go of a little
+// sooner than the arrow, the dog does not step to where it has only reached.
+TEST(SteeringEdges, AChordOutlivesAnotherKeyThatIsTapped) {
+  Keyboard keyboard([] { return 0; });
+  keyboard.Press(QKeyEvent(QEvent::KeyPress, Qt::Key_Control, Qt::NoModifier));
+  keyboard.Press(QKeyEvent(QEvent::KeyPress, Qt::Key_Left, Qt::ControlModifier));
+  EXPECT_EQ(Down(keyboard.Take()), (std::vector<int>{kKeyCtrl, kKeyLeft}));
+  keyboard.Press(QKeyEvent(QEvent::KeyPress, Qt::Key_Tab, Qt::ControlModifier));
+  keyboard.Release(QKeyEvent(QEvent::KeyRelease, Qt::Key_Tab, Qt::ControlModifier));
+  EXPECT_TRUE(keyboard.Take().Down(kKeyTab));
+  keyboard.Release(QKeyEvent(QEvent::KeyRelease, Qt::Key_Control, Qt::ControlModifier));
+  EXPECT_EQ(Down(keyboard.Take()), (std::vector<int>{kKeyCtrl, kKeyLeft}));
 }
 
 TEST(SteeringEdges, ATapOfActionBeforeAnArrowIsNoChord) {

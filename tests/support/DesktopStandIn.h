@@ -13,8 +13,9 @@ namespace zorik::test {
 class DesktopStandIn {
  public:
   explicit DesktopStandIn(int exitCode) : path_(qgetenv("PATH")) {
-    Script("xdg-open",
-           "#!/bin/sh\nprintf '%s' \"$1\" >'" + Asked() + "'\nexit " + QString::number(exitCode) + '\n');
+    Script("xdg-open", "#!/bin/sh\nread -r process </proc/$$/stat\necho \"$process\" >'" + folder_.path() +
+                           "/process'\nprintf '%s' \"$1\" >'" + Asked() + "'\nexit " +
+                           QString::number(exitCode) + '\n');
     qputenv("PATH", QFile::encodeName(folder_.path()));
   }
   ~DesktopStandIn() {
@@ -37,6 +38,15 @@ class DesktopStandIn {
     };
     static_cast<void>(QTest::qWaitFor(read, 5000));
     return asked;
+  }
+
+  // The session in which the opener ran; 0 if none did.
+  int Session() const {
+    QFile file(folder_.path() + "/process");
+    if (!file.open(QIODevice::ReadOnly)) return 0;
+    // Behind the name: the state, and the numbers of the parent, the group and the session.
+    const QByteArray about = file.readAll();
+    return about.mid(about.lastIndexOf(')') + 2).split(' ').value(3).toInt();
   }
 
   bool Called() const { return QFile::exists(Asked()); }
