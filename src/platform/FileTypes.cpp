@@ -132,12 +132,12 @@ void TellDesktop(const QString& dataHome) {
   Disregard(Run("xdg-mime", arguments));
 }
 
-// The toolkit tells another folder where the name is no UTF-8.
-std::string DataHomeOr(const QString& told) {
+// The toolkit tells another folder where the name is no UTF-8, and takes one for the user's that depends on
+// where he stands.
+std::string UsersDataFolder() {
   const char* const variable = std::getenv("XDG_DATA_HOME");
-  const std::string own = variable != nullptr && *variable == '/' ? std::string(variable)
-                                                                  : PathBytes(HomeText()) + "/.local/share";
-  return IsUtf8(own) ? told.toStdString() : own;
+  if (variable != nullptr && *variable == '/') return variable;
+  return PathBytes(HomeText()) + "/.local/share";
 }
 
 }  // namespace
@@ -145,7 +145,8 @@ std::string DataHomeOr(const QString& told) {
 FileTypes FileTypesHere(const std::string& collectionWords, const std::string& recordWords) {
   FileTypes types;
   QStringList folders = QStandardPaths::standardLocations(QStandardPaths::GenericDataLocation);
-  if (!folders.isEmpty()) types.DataHome = DataHomeOr(folders.takeFirst());
+  if (!folders.isEmpty()) folders.removeFirst();  // the user's own
+  types.DataHome = UsersDataFolder();
   for (const QString& folder : folders) types.DataFolders.push_back(folder.toStdString());
   types.ProgramFolder = QCoreApplication::applicationDirPath().toStdString();
   types.CollectionWords = collectionWords;

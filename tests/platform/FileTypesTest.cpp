@@ -214,5 +214,16 @@ TEST_F(FileTypesTest, TheUsersFolderIsTheDesktopsOwn) {
   EXPECT_EQ(std::count(here.DataFolders.begin(), here.DataFolders.end(), here.DataHome), 0);
 }
 
+TEST_F(FileTypesTest, TheUsersFolderIsBelowHomeWhereTheDesktopNamesNone) {
+  const QByteArray home = qgetenv("HOME"), named = qgetenv("XDG_DATA_HOME");
+  qputenv("HOME", QByteArray::fromStdString(At("home")));
+  for (const char* none : {"", "relative", static_cast<const char*>(nullptr)}) {
+    none == nullptr ? qunsetenv("XDG_DATA_HOME") : qputenv("XDG_DATA_HOME", none);
+    EXPECT_EQ(FileTypesHere("Sada", "Záznam").DataHome, At("home/.local/share")) << (none ? none : "unset");
+  }
+  qputenv("HOME", home);
+  qputenv("XDG_DATA_HOME", named);
+}
+
 }  // namespace
 }  // namespace zorik

@@ -43,6 +43,19 @@ TEST(SteeringEdges, NothingIsHeardOfASecondPad) {
   EXPECT_EQ(Sample(joyPad), Heard(1, 0));
 }
 
+// A second stick, and shoulder keys that can be pushed half.
+TEST(SteeringEdges, NothingIsHeardOfAThirdAxis) {
+  JoyPad joyPad;
+  VirtualPad pad(6);
+  EXPECT_EQ(Sample(joyPad), Heard(0, 0));
+  for (int axis = 2; axis < 6; ++axis) {
+    pad.Axis(axis, kLeast);
+    EXPECT_EQ(Sample(joyPad), Heard(0, 0)) << axis;
+  }
+  pad.Axis(1, kLeast);
+  EXPECT_EQ(Sample(joyPad), Heard(2, 0));
+}
+
 // A counter goes up by one a tick and stops at 999, where nobody knows any more which push was later.
 TEST(SteeringEdges, TheLaterPushWinsForNineHundredTicksAndMore) {
   JoyStick stick;
@@ -91,6 +104,15 @@ TEST(SteeringEdges, APressAfterTheFocusWasLostIsNew) {
   release.setTimestamp(610);
   keyboard.Release(release);
   EXPECT_EQ(Down(keyboard.Take()), std::vector<int>{kKeyRight});
+}
+
+TEST(SteeringEdges, NoKeyIsHeldWhenThePlayerHasChosenOthers) {
+  Keyboard keyboard;
+  keyboard.Press(QKeyEvent(QEvent::KeyPress, Qt::Key_Left, Qt::NoModifier));
+  KeyMap keys;
+  keys.Choose(KeyUse::Right, {Qt::Key_Left});
+  keyboard.SetKeys(keys);
+  EXPECT_EQ(Down(keyboard.Take()), std::vector<int>{});
 }
 
 // Ctrl went down while another window had the keys, so that the game hears of it with the R; Shift went down

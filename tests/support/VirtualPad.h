@@ -5,10 +5,11 @@
 
 namespace zorik::test {
 
-// A pad with two axes, four buttons and a hat that is made of nothing.
+// A pad with two axes or more, four buttons and a hat that is made of nothing.
 class VirtualPad {
  public:
-  VirtualPad() : index_(SDL_JoystickAttachVirtual(SDL_JOYSTICK_TYPE_GAMECONTROLLER, 2, 4, 1)) {
+  explicit VirtualPad(int axes = 2)
+      : index_(SDL_JoystickAttachVirtual(SDL_JOYSTICK_TYPE_GAMECONTROLLER, axes, 4, 1)) {
     EXPECT_GE(index_, 0) << SDL_GetError();
     joystick_ = SDL_JoystickOpen(index_);
     Axes(0, 0);
@@ -21,8 +22,11 @@ class VirtualPad {
   VirtualPad& operator=(const VirtualPad&) = delete;
 
   void Axes(Sint16 x, Sint16 y) {
-    SDL_JoystickSetVirtualAxis(joystick_, 0, x);
-    SDL_JoystickSetVirtualAxis(joystick_, 1, y);
+    Axis(0, x);
+    Axis(1, y);
+  }
+  void Axis(int axis, Sint16 value) {
+    SDL_JoystickSetVirtualAxis(joystick_, axis, value);
     SDL_JoystickUpdate();
   }
   void Hat(Uint8 value) {
