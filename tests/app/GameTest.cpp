@@ -3,6 +3,7 @@
 #include "data/Result.h"
 #include "support/DesktopStandIn.h"
 #include "support/Scene.h"
+#include "support/TempFolder.h"
 
 namespace zorik::test {
 namespace {
@@ -321,7 +322,8 @@ int main(int argc, char** argv) {
   const QTemporaryDir place;
   qputenv("QT_QPA_PLATFORM", "offscreen");
   qputenv("SDL_AUDIODRIVER", "dummy");
-  qputenv("XDG_RUNTIME_DIR", place.path().toLocal8Bit());
+  const zorik::test::TempFolder sockets("run", zorik::test::TempFolder::kShort);
+  qputenv("XDG_RUNTIME_DIR", sockets.Path().c_str());
   qunsetenv(zorik::kOpenVariable);
   QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, place.path());
   QStandardPaths::setTestModeEnabled(true);

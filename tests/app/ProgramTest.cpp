@@ -31,14 +31,12 @@ class ProgramTest : public testing::Test {
     Set("XDG_CONFIG_HOME", At("config"));
     Set("XDG_DATA_HOME", At("data"));
     Set("XDG_CACHE_HOME", At("cache"));
-    Set("XDG_RUNTIME_DIR", At("run"));
-    fs::create_directory(root_ / "run");
-    fs::permissions(root_ / "run", fs::perms::owner_all);
+    Set("XDG_RUNTIME_DIR", QString::fromStdString(sockets_.Path()));
     Set("LC_ALL", "en_US.UTF-8");
     Set("SDL_AUDIODRIVER", "dummy");
     Set("QT_QPA_PLATFORM", "offscreen");
     runtime_ = qgetenv("XDG_RUNTIME_DIR");
-    qputenv("XDG_RUNTIME_DIR", At("run").toUtf8());
+    qputenv("XDG_RUNTIME_DIR", sockets_.Path().c_str());
   }
   ~ProgramTest() override {
     program_.kill();
@@ -99,6 +97,7 @@ class ProgramTest : public testing::Test {
   }
 
   TempFolder temp_{"program"};
+  const TempFolder sockets_{"run", TempFolder::kShort};
   const fs::path root_ = temp_.Path();
   QProcessEnvironment around_ = QProcessEnvironment::systemEnvironment();
   QProcess program_;

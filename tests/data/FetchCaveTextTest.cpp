@@ -9,6 +9,7 @@
 #include "data/Files.h"
 #include "data/Result.h"
 #include "data/Samples.h"
+#include "support/TempFolder.h"
 
 namespace zorik {
 namespace {
@@ -16,6 +17,7 @@ namespace {
 using samples::CaveText;
 using samples::CollectionFile;
 using samples::Scrambled;
+using test::TempFolder;
 using Lines = std::vector<std::string>;
 
 TEST(FindCaveText, SearchesForTheMarkersValue) {
@@ -163,14 +165,16 @@ TEST(FetchCaveText, GivesNewCavesTheTextsOfTheLanguage) {
 }
 
 TEST(FetchCaveText, ReadsACollectionFile) {
-  const std::string path = testing::TempDir() + "zorik-fetch.zk";
+  const TempFolder folder("fetch");
+  const std::string path = folder.Path() + "/a.zk";
   ASSERT_TRUE(WriteWhole(path, CollectionFile({CaveText("a") + "---01", "Konec"})));
   EXPECT_EQ(*FetchCaveText(path, 1), CaveText("a") + "---01");
   EXPECT_EQ(*FetchCaveText(path, 2), "");
 }
 
 TEST(FetchCaveText, FailsAtAFileThatCannotBeRead) {
-  const std::string path = testing::TempDir() + "zorik-no-such-file.zk";
+  const TempFolder folder("fetch");
+  const std::string path = folder.Path() + "/neni.zk";
   const auto text = FetchCaveText(path, 1);
   ASSERT_FALSE(text);
   EXPECT_NE(text.Message().find(path), std::string::npos);

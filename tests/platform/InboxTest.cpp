@@ -22,6 +22,7 @@
 #include "data/Result.h"
 #include "platform/Inbox.h"
 #include "platform/PathText.h"
+#include "support/TempFolder.h"
 
 namespace zorik {
 namespace {
@@ -35,7 +36,7 @@ class InboxTest : public testing::Test {
     inbox_->Deliver([this](const QString& path) { arrived_.push_back(path); });
   }
 
-  QString Place() const { return folder_.filePath("socket"); }
+  QString Place() const { return QString::fromStdString(sockets_.Path()) + "/socket"; }
 
   // From another thread, as the game must be free to answer.
   bool HandOverMeanwhile(const QString& path) const {
@@ -49,6 +50,7 @@ class InboxTest : public testing::Test {
   }
 
   QTemporaryDir folder_;
+  const test::TempFolder sockets_{"inbox", test::TempFolder::kShort};
   std::unique_ptr<Inbox> inbox_;
   QStringList arrived_;
 };
@@ -297,7 +299,7 @@ class DownloaderTest : public InboxTest {
     game.write("#!/bin/sh\nprintf '%s' \"$ZORIK_OPEN\" >'" + folder_.filePath("started").toUtf8() + "'\n");
     game.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     runtime_ = qgetenv("XDG_RUNTIME_DIR");
-    qputenv("XDG_RUNTIME_DIR", folder_.path().toUtf8());
+    qputenv("XDG_RUNTIME_DIR", sockets_.Path().c_str());
     qputenv("ZORIK_HOME", folder_.filePath("domov").toUtf8());
   }
   ~DownloaderTest() override {

@@ -9,10 +9,15 @@
 namespace zorik::test {
 
 // An empty folder for one test, gone when the test is over. Its name tells whose it was, should one be left.
+// One for sockets lies below kShort: the way to a socket may have 107 bytes and no more, however long the
+// name of the folder is in which the tests are to leave their files.
 class TempFolder {
  public:
-  explicit TempFolder(const std::string& owner)
-      : path_((std::filesystem::temp_directory_path() / ("zorik-" + owner + "-XXXXXX")).string()) {
+  static constexpr const char* kShort = "/tmp";
+
+  explicit TempFolder(const std::string& owner,
+                      const std::filesystem::path& below = std::filesystem::temp_directory_path())
+      : path_((below / ("zorik-" + owner + "-XXXXXX")).string()) {
     if (mkdtemp(path_.data()) == nullptr) throw std::runtime_error("no folder for the test");
   }
   ~TempFolder() {
