@@ -1,7 +1,7 @@
 // A plugin that ends the program in which it is, as soon as a window of the class that $ZORIK_FIRST_PAINT
 // names has been painted, and tells of the picture by a byte to the open file $ZORIK_FIRST_PAINT_TO, if there
-// is one. Thus any program's way to its first window can be timed as it is, without its end: the system may
-// take its time with that, ten milliseconds for a program that has watched a folder.
+// is one. Thus any program's way to its first window can be timed as it is, without its end: the system
+// takes milliseconds for that where a program has watched a folder.
 #include <unistd.h>
 
 #include <QCoreApplication>

@@ -5,7 +5,6 @@
 #include <QProcess>
 #include <QStandardPaths>
 #include <array>
-#include <cstdlib>
 #include <filesystem>
 #include <system_error>
 
@@ -13,7 +12,6 @@
 #include "data/Files.h"
 #include "data/Result.h"
 #include "platform/FolderAlias.h"
-#include "platform/PathText.h"
 #include "platform/Settings.h"
 #include "platform/UserFolders.h"
 
@@ -132,21 +130,13 @@ void TellDesktop(const QString& dataHome) {
   Disregard(Run("xdg-mime", arguments));
 }
 
-// The toolkit tells another folder where the name is no UTF-8, and takes one for the user's that depends on
-// where he stands.
-std::string UsersDataFolder() {
-  const char* const variable = std::getenv("XDG_DATA_HOME");
-  if (variable != nullptr && *variable == '/') return variable;
-  return PathBytes(HomeText()) + "/.local/share";
-}
-
 }  // namespace
 
 FileTypes FileTypesHere(const std::string& collectionWords, const std::string& recordWords) {
   FileTypes types;
   QStringList folders = QStandardPaths::standardLocations(QStandardPaths::GenericDataLocation);
   if (!folders.isEmpty()) folders.removeFirst();  // the user's own
-  types.DataHome = UsersDataFolder();
+  types.DataHome = DataFolder();
   for (const QString& folder : folders) types.DataFolders.push_back(folder.toStdString());
   types.ProgramFolder = QCoreApplication::applicationDirPath().toStdString();
   types.CollectionWords = collectionWords;
