@@ -13,26 +13,27 @@ TEST(SearchSkill, IsToFetchTheCatsKey) {
   Expect({"cat key", picture, {.needed = 0, .script = "*A/Z*I-H/Z"}, 2400});
 }
 
-// The amoeba fills its room over the slime in some three hundred ticks, and only then gems fall out of it.
-TEST(SearchSkill, IsToWaitLongForTheGemsOfTheAmoeba) {
+// An amoeba in a room of so many cells over the way, with slime below.
+Picture UnderAnAmoeba(std::size_t cells) {
   Picture picture(10, std::string(16, 'W'));
-  picture[1] = "WWA..........WWW";
-  picture[2] = "WWSSSSSSSSSSSWWW";
+  picture[1].replace(2, cells, "A" + std::string(cells - 1, '.'));
+  picture[2].replace(2, cells, std::string(cells, 'S'));
   picture[3] = "W1;;;;;;;;;;;;;T";
+  return picture;
+}
+
+// It fills its room in some three hundred ticks, and only then gems fall out of it.
+TEST(SearchSkill, IsToWaitLongForTheGemsOfTheAmoeba) {
   Expect({"gems of the amoeba",
-          picture,
+          UnderAnAmoeba(11),
           {.time = 190, .needed = 5, .amoebaTime = 180, .permeability = 8},
           9000});
 }
 
 // As soon as there are enough of them the time is nearly up.
 TEST(SearchSkill, IsToWaitNoLongerThanForAGem) {
-  Picture picture(10, std::string(16, 'W'));
-  picture[1] = "WWA.......WWWWWW";
-  picture[2] = "WWSSSSSSSSWWWWWW";
-  picture[3] = "W1;;;;;;;;;;;;;T";
   Expect({"two gems of the amoeba",
-          picture,
+          UnderAnAmoeba(8),
           {.time = 20, .needed = 2, .amoebaTime = 180, .permeability = 8},
           6200});
 }
